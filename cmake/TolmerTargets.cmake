@@ -1,0 +1,59 @@
+# One function for each kind of target. A folder is a target: it takes every source in its folder
+# and links only what it names, so an include against the arrows of docs/architecture.md fails.
+
+add_library(tolmer_options INTERFACE)
+target_compile_options(tolmer_options INTERFACE
+  -Wall -Wextra -Wconversion -Werror -ffp-contract=off)
+target_include_directories(tolmer_options INTERFACE "${CMAKE_SOURCE_DIR}/src")
+if(TOLMER_SANITIZE)
+  target_compile_options(tolmer_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(tolmer_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# tolmer_library(NAME LINKS target...)
+function(tolmer_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS")
+  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/*.cpp")
+  if(sources)
+    add_library(tolmer_${name} STATIC ${sources})
+    target_link_libraries(tolmer_${name} PUBLIC tolmer_options ${arg_LINKS})
+  else()
+    add_library(tolmer_${name} INTERFACE)
+    target_link_libraries(tolmer_${name} INTERFACE tolmer_options ${arg_LINKS})
+  endif()
+endfunction()
+
+# tolmer_program(NAME LINKS target...): src/programs/NAME.cpp, put beside the compiled notebook.
+function(tolmer_program name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS")
+  if(NOT EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp")
+    return()
+  endif()
+  add_executable(${name} "${name}.cpp")
+  target_link_libraries(${name} PRIVATE tolmer_options ${arg_LINKS})
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${TOLMER_PROGRAM_FOLDER}")
+endfunction()
+
+# One precompiled header serves all test targets.
+add_library(tolmer_test_headers INTERFACE)
+
+# tolmer_test(NAME LINKS target... [ENVIRONMENT var=value...]): all *.cpp of tests/NAME.
+function(tolmer_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS;ENVIRONMENT")
+  file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp")
+  if(NOT sources)
+    return()
+  endif()
+  add_executable(${name}_test ${sources})
+  target_include_directories(${name}_test PRIVATE "${CMAKE_SOURCE_DIR}/tests")
+  target_link_libraries(${name}_test PRIVATE tolmer_options ${arg_LINKS} GTest::gmock
+    GTest::gtest_main)
+  target_compile_definitions(${name}_test PRIVATE
+    TOLMER_SOURCE_DIR="${CMAKE_SOURCE_DIR}" TOLMER_PROGRAM_FOLDER="${TOLMER_PROGRAM_FOLDER}")
+  if(TARGET tolmer_test_pch)
+    target_precompile_headers(${name}_test REUSE_FROM tolmer_test_pch)
+  endif()
+  gtest_discover_tests(${name}_test DISCOVERY_MODE PRE_TEST
+    PROPERTIES TIMEOUT 300 ENVIRONMENT "${arg_ENVIRONMENT}")
+endfunction()

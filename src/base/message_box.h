@@ -1,0 +1,27 @@
+// What a message box asks, and the one door through which code without windows can ask it.
+#pragma once
+
+#include <string>
+
+namespace tolmer {
+
+enum class MessageIcon { none, critical, question, exclamation, information };
+enum class MessageButtons { ok, okCancel, yesNo };
+enum class Answer { ok, cancel, yes, no };
+
+struct MessageBox {
+  std::string title;  // empty: a window shows the program's name, a report an empty title
+  std::string text;   // UTF-8
+  MessageIcon icon = MessageIcon::none;
+  MessageButtons buttons = MessageButtons::ok;
+};
+
+// Shows one message box and waits for its answer. Closing the box counts as cancel or no, or as ok
+// where ok is the only button.
+class MessagePort {
+ public:
+  virtual ~MessagePort() = default;
+  virtual Answer messageBox(const MessageBox& box) = 0;
+};
+
+}  // namespace tolmer

@@ -1,0 +1,55 @@
+#include "state/analysis_state.h"
+
+#include <algorithm>
+#include <cstddef>
+
+namespace tolmer {
+namespace {
+
+// Elements 0..last, all of them empty.
+template <class Value>
+void redim(std::vector<Value>& array, int last) {
+  array.assign(static_cast<std::size_t>(last) + 1, Value{});
+}
+
+}  // namespace
+
+void RedimDataArrays(AnalysisState& state) {
+  state.sData.resize(state.iNumCases, state.iNumCols);
+  redim(state.tVarName, state.iNumCols);
+  redim(state.tCaseLabel, state.iNumCases);
+  redim(state.iModelCol, state.iNumPredictors + 2);
+  redim(state.tVarDesc, state.iNumCols);
+}
+
+void RedimAnalysisArrays(AnalysisState& state) {
+  const int variables = state.iNumPredictors + 1;
+  redim(state.Fit.sFitted, state.iNumCases);
+  redim(state.Fit.sResid, state.iNumCases);
+  redim(state.iVarType, variables);
+  redim(state.tVarFormat, std::max<int>(state.iNumCases, variables));
+  state.sCorr.resize(variables, variables);
+  state.dDescStat.resize(4, variables);
+  redim(state.sSortedResid, state.iNumCases);
+  redim(state.tSortedResidLabel, state.iNumCases);
+  redim(state.sVIF, state.iNumPredictors);
+}
+
+void RedimFitArrays(AnalysisState& state, int iTerms) {
+  redim(state.iTermCol, iTerms + 1);
+  redim(state.Fit.sCoef, iTerms);
+  redim(state.Fit.sCoefSE, iTerms);
+  redim(state.Fit.sCoefT, iTerms);
+  redim(state.Fit.sCoefP, iTerms);
+  state.Fit.sVarCov.resize(iTerms + 1, iTerms + 1);
+}
+
+void InitDisplayTable(AnalysisState& state) {
+  constexpr std::array<int, 5> lastIndex = {0, 4, 3, 6, 1};
+  for (int category = 1; category <= 4; ++category)
+    for (int index = 1; index <= 6; ++index)
+      state.iDisplayState(category, index) =
+          index <= lastIndex[static_cast<std::size_t>(category)] ? displayHidden : noSuchDisplay;
+}
+
+}  // namespace tolmer
