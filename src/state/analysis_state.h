@@ -15,7 +15,7 @@
 
 namespace tolmer {
 
-class DisplayWindow;
+class Window;
 
 using Int16 = std::int16_t;
 
@@ -31,7 +31,7 @@ enum DisplayState : Int16 { displayHidden = 0, displayShown = 1, noSuchDisplay =
 struct Quadrant {
   Int16 iCategory = 0;  // 0: the control panel, or nothing yet
   Int16 iIndex = 0;
-  DisplayWindow* frmDisplay = nullptr;
+  Window* frmDisplay = nullptr;
 };
 
 struct AnalysisState {
@@ -48,7 +48,7 @@ struct AnalysisState {
   bool bDisplaysReady = false;     // False while a new fit is being written into the displays
   bool bProcessResize = true;      // False while the shell itself moves a child
   bool bAllowUnload = false;       // True while the shell itself hides or closes a display
-  DisplayWindow* frmCurrentDisplay = nullptr;  // the display last right-clicked
+  Window* frmCurrentDisplay = nullptr;  // the display last right-clicked
 
   // --- data; writers: the designer and its loaders
   Int16 iNumCases = 0;

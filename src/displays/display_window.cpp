@@ -1,0 +1,26 @@
+#include "displays/display_window.h"
+
+#include <utility>
+
+namespace tolmer {
+
+DisplayWindow::DisplayWindow(Desktop& desktop, AnalysisState& state, DisplayHost& host,
+                             std::string name, std::string caption)
+    : Window(desktop, std::move(name), WindowStyle::child, std::move(caption)),
+      state_(state),
+      host_(host) {
+  QueryUnload = [this](bool& bCancel) {
+    if (!state_.bAllowUnload) bCancel = true;
+  };
+  Click = [this] { UpdateControls(); };
+  MouseUp = [this](MouseButton button) { Form_MouseUp(button); };
+}
+
+void DisplayWindow::Form_MouseUp(MouseButton button) {
+  setFocusTo(nullptr);
+  if (button != MouseButton::right) return;
+  state_.frmCurrentDisplay = this;
+  host_.openDisplayMenu();
+}
+
+}  // namespace tolmer

@@ -1,0 +1,46 @@
+// What all displays of the quadrants have in common.
+#pragma once
+
+#include <string>
+
+#include "platform/window.h"
+#include "state/analysis_state.h"
+
+namespace tolmer {
+
+class Graph;
+class DisplayWindow;
+
+// What a display asks of the shell around it.
+class DisplayHost {
+ public:
+  virtual ~DisplayHost() = default;
+  virtual void controlsDisabled() = 0;  // of the control panel: no scatter plot has the focus
+  virtual void controlsEnabled() = 0;   // for the scatter plot iCurrentPlot
+  // The right-click menu for frmCurrentDisplay.
+  virtual void openDisplayMenu() = 0;
+};
+
+// A display reads the analysis state and redraws itself wholly from it. Of the state it writes only
+// the guards of its own resizing and the reference frmCurrentDisplay.
+class DisplayWindow : public Window {
+ public:
+  DisplayWindow(Desktop& desktop, AnalysisState& state, DisplayHost& host, std::string name,
+                std::string caption);
+
+  virtual void UpdateDisplay() = 0;
+  virtual void UpdateControls() { host_.controlsDisabled(); }
+  virtual void CopyGraph() = 0;
+  virtual void PositionControls() {}
+
+  Graph* GraphPointer = nullptr;  // the graph of a graph display
+
+ protected:
+  // A release of the mouse over the display or what stands in it.
+  virtual void Form_MouseUp(MouseButton button);
+
+  AnalysisState& state_;
+  DisplayHost& host_;
+};
+
+}  // namespace tolmer

@@ -1,0 +1,66 @@
+// The one door for what models cannot do: screen, modal loops, clipboard, clock, help, other
+// programs, the end of the program. It is handed to the windows; there is no global one.
+#pragma once
+
+#include <string>
+
+#include "base/message_box.h"
+#include "platform/geometry.h"
+#include "platform/timer.h"
+
+namespace tolmer {
+
+class MenuItem;
+class Window;
+
+// One content in several forms; empty forms are left out.
+struct ClipboardContent {
+  std::string text;  // cells divided by tabs, rows by line feeds
+  std::string html;  // the same as a table for word processors
+  std::string svg;   // a picture; a front end adds a bitmap of it
+};
+
+struct HelpRequest {
+  enum class Kind { contents, topic, search, usingHelp, quit };
+  std::string file;  // help file without folder or ending, in lower case
+  Kind kind = Kind::topic;
+  long context = 0;  // for a topic
+};
+
+// What endProgram throws through the models; front ends catch it where they called in.
+struct ProgramEnded {
+  int status = 0;
+};
+
+class Desktop : public MessagePort {
+ public:
+  // Builds the window's mirror where there is none and brings it to the screen.
+  virtual void present(Window& window) = 0;
+  // Handles events until the window is hidden.
+  virtual void modalLoop(Window& window) = 0;
+  // Handles what is pending and returns.
+  virtual void doEvents() = 0;
+
+  virtual Size screenSize() const = 0;  // twips, less what the system keeps for itself
+  virtual Twips scrollBarThickness() const = 0;
+  virtual void popupMenu(MenuItem& menu, Window& window) = 0;  // at the mouse
+  virtual void beep() = 0;
+  virtual void setBusyPointer(bool busy) = 0;
+  virtual void setClipboard(const ClipboardContent& content) = 0;
+  virtual std::string clipboardText() const = 0;
+
+  virtual void showHelp(const HelpRequest& request) = 0;
+  // False where no such window stands or the document cannot be opened.
+  virtual bool activateProgram(const std::string& title) = 0;
+  virtual bool openDocument(const std::string& path) = 0;
+
+  // Throws ProgramEnded.
+  [[noreturn]] virtual void endProgram(int status) = 0;
+
+  TimerQueue& timers() { return timers_; }
+
+ private:
+  TimerQueue timers_;
+};
+
+}  // namespace tolmer

@@ -1,0 +1,26 @@
+// What the user does with mouse and keyboard, as the models see it.
+#pragma once
+
+namespace tolmer {
+
+enum class MouseButton { left, right };
+
+// Key codes as event procedures name them.
+namespace keys {
+inline constexpr int enter = 13;
+inline constexpr int escape = 27;
+inline constexpr int up = 38;
+inline constexpr int down = 40;
+inline constexpr int deleteKey = 46;
+inline constexpr int f1 = 112;
+inline constexpr int f2 = 113;
+}  // namespace keys
+
+struct KeyPress {
+  int code = 0;
+  bool shift = false;
+  bool control = false;
+  bool alt = false;
+};
+
+}  // namespace tolmer

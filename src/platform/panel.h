@@ -1,0 +1,38 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "platform/control.h"
+
+namespace tolmer {
+
+// A plain surface for other controls, with a caption in its middle, or none.
+class Panel : public Container {
+ public:
+  Panel(Container* parent, std::string name, std::string caption = {})
+      : Container(parent, std::move(name)), caption_(std::move(caption)) {}
+  ControlKind kind() const override { return ControlKind::panel; }
+
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string caption) { assign(caption_, std::move(caption), Change::text); }
+  bool border() const { return border_; }
+  void setBorder(bool on) { assign(border_, on, Change::look); }
+  // Children beyond the panel's edges are cut off; it is scrolled by moving a child.
+  void click() { raise(Click); }
+  // Above the other controls of its container.
+  void bringToFront() {
+    ++raised_;
+    notify(Change::look);
+  }
+  int raised() const { return raised_; }  // counts the calls of bringToFront
+
+  Event<> Click;
+
+ private:
+  std::string caption_;
+  int raised_ = 0;
+  bool border_ = false;
+};
+
+}  // namespace tolmer

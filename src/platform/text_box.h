@@ -1,0 +1,37 @@
+#pragma once
+
+#include <string>
+#include <utility>
+
+#include "platform/control.h"
+
+namespace tolmer {
+
+class TextBox : public Control {
+ public:
+  TextBox(Container* parent, std::string name) : Control(parent, std::move(name)) {
+    setBackColour(colours::window);
+    setForeColour(colours::windowText);
+  }
+  ControlKind kind() const override { return ControlKind::textBox; }
+  bool takesFocus() const override { return true; }
+
+  const std::string& text() const { return text_; }
+  // By the program or the user; Change follows either way, unless the text is the same.
+  void setText(std::string text) {
+    if (assign(text_, std::move(text), Change::text)) raise(Changed);
+  }
+  bool multiLine() const { return multiLine_; }
+  void setMultiLine(bool on) { assign(multiLine_, on, Change::look); }
+  bool readOnly() const { return readOnly_; }
+  void setReadOnly(bool on) { assign(readOnly_, on, Change::enabled); }
+
+  Event<> Changed;
+
+ private:
+  std::string text_;
+  bool multiLine_ = false;
+  bool readOnly_ = false;
+};
+
+}  // namespace tolmer

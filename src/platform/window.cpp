@@ -1,0 +1,160 @@
+#include "platform/window.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/button.h"
+#include "platform/desktop.h"
+
+namespace tolmer {
+namespace {
+
+// The first button, in the order of construction, that passes the test.
+template <class Test>
+Button* findButton(Container& container, Test test) {
+  for (Control* child : container.children()) {
+    if (child->kind() == ControlKind::button && test(static_cast<Button&>(*child)))
+      return static_cast<Button*>(child);
+    if (auto* inner = dynamic_cast<Container*>(child))
+      if (Button* found = findButton(*inner, test)) return found;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+Window::Window(Desktop& desktop, std::string name, WindowStyle style, std::string caption)
+    : Container(nullptr, std::move(name)),
+      desktop_(desktop),
+      style_(style),
+      caption_(std::move(caption)) {
+  setVisible(false);
+}
+
+Window::~Window() {
+  setPeer(nullptr);
+  if (!frame_) return;
+  std::erase(frame_->childWindows_, this);
+  if (frame_->activeChild_ == this) frame_->activeChild_ = nullptr;
+}
+
+void Window::setState(WindowState state) {
+  if (state_ == state) return;
+  state_ = state;
+  notify(Change::place);
+  placeChanged();
+}
+
+void Window::reportState(WindowState state) { setState(state); }
+
+void Window::show() {
+  setVisible(true);
+  desktop_.present(*this);
+  if (frame_)
+    frame_->activate(*this);
+  else
+    raise(Activate);
+}
+
+void Window::showModal() {
+  modal_ = true;
+  show();
+  if (visible()) desktop_.modalLoop(*this);
+  modal_ = false;
+}
+
+void Window::hide() { setVisible(false); }
+
+void Window::centreOnScreen() {
+  const Size screen = desktop_.screenSize();
+  setPlace({(screen.width - width()) / 2, (screen.height - height()) / 2, width(), height()});
+}
+
+bool Window::requestClose() {
+  bool cancel = false;
+  raise(QueryUnload, cancel);
+  if (cancel) return false;
+  raise(Unload);
+  hide();
+  return true;
+}
+
+void Window::setFocusTo(Control* control) {
+  if (focus_ == control) return;
+  Control* before = focus_;
+  focus_ = control;
+  notify(Change::focus);
+  if (before) raise(before->LostFocus);
+  if (focus_) raise(focus_->GotFocus);
+}
+
+Button* Window::defaultButton() {
+  return findButton(*this, [](const Button& button) { return button.isDefault(); });
+}
+
+Button* Window::cancelButton() {
+  return findButton(*this, [](const Button& button) { return button.isCancel(); });
+}
+
+void Window::forget(const Control& control) {
+  if (focus_ == &control) focus_ = nullptr;
+}
+
+void Window::lockUpdates(int step) {
+  updateLocks_ += step;
+  notify(Change::updates);
+}
+
+void Window::setInner(Size inner) {
+  if (inner_ == inner) return;
+  inner_ = inner;
+  innerChanged();
+  raise(Resize);
+}
+
+void Window::reportInnerSize(Size inner) { setInner(inner); }
+
+void Window::reportPosition(Twips left, Twips top) { setPlace({left, top, width(), height()}); }
+
+void Window::placeChanged() {
+  if (state_ == WindowState::minimised) return;
+  if (!frame_) {
+    if (style_ != WindowStyle::frame) setInner({width(), height()});
+    return;
+  }
+  const Size room{frame_->innerWidth(), frame_->innerHeight()};
+  const Size outer = state_ == WindowState::maximised ? room : Size{width(), height()};
+  const bool framed = state_ != WindowState::maximised;
+  const Twips sides = framed ? 2 * FrameWindow::childSide : 0;
+  const Twips bars = framed ? FrameWindow::childTop + FrameWindow::childSide : 0;
+  setInner({std::max(outer.width - sides, 0.0F), std::max(outer.height - bars, 0.0F)});
+}
+
+FrameWindow::FrameWindow(Desktop& desktop, std::string name, std::string caption)
+    : Window(desktop, std::move(name), WindowStyle::frame, std::move(caption)) {
+  setSizable(true);
+}
+
+FrameWindow::~FrameWindow() {
+  for (Window* child : childWindows_) child->frame_ = nullptr;
+}
+
+void FrameWindow::adopt(Window& child) {
+  child.frame_ = this;
+  childWindows_.push_back(&child);
+  notify(Change::children);
+  child.placeChanged();
+}
+
+void FrameWindow::activate(Window& child) {
+  if (activeChild_ == &child) return;
+  activeChild_ = &child;
+  notify(Change::focus);
+  raise(child.Activate);
+}
+
+void FrameWindow::innerChanged() {
+  for (Window* child : childWindows_) child->placeChanged();
+}
+
+}  // namespace tolmer

@@ -1,0 +1,147 @@
+// Windows: dialogs, the frame and its children.
+#pragma once
+
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/control.h"
+#include "platform/menu.h"
+
+namespace tolmer {
+
+class Button;
+class Desktop;
+class FrameWindow;
+
+enum class WindowStyle {
+  dialog,  // title bar and close box, of fixed size unless sizable
+  bare,    // no title bar: cover, hider
+  frame,   // the main window, with child windows in it
+  child    // inside the frame: can be maximised and restored, not dragged or closed by the user
+};
+enum class WindowState { normal, minimised, maximised };
+
+// Construction is the loading of a window, destruction its unloading. The place of a dialog is its
+// position on the screen and its inner size; the place of a child is its outer place in the frame.
+class Window : public Container {
+ public:
+  Window(Desktop& desktop, std::string name, WindowStyle style, std::string caption = {});
+  ~Window() override;
+  ControlKind kind() const override { return ControlKind::window; }
+
+  Desktop& desktop() const { return desktop_; }
+  WindowStyle style() const { return style_; }
+  const std::string& caption() const { return caption_; }
+  void setCaption(std::string caption) { assign(caption_, std::move(caption), Change::text); }
+
+  Twips innerWidth() const { return inner_.width; }
+  Twips innerHeight() const { return inner_.height; }
+  WindowState state() const { return state_; }
+  // Resize follows when the inner size changes by it.
+  void setState(WindowState state);
+  bool sizable() const { return sizable_; }
+  void setSizable(bool on) { assign(sizable_, on, Change::look); }
+
+  // Shows and goes on; the first showing builds the mirror.
+  void show();
+  // Shows and returns when the window has been hidden.
+  void showModal();
+  void hide();
+  bool isModal() const { return modal_; }
+  void centreOnScreen();
+
+  // The close box, or code that asks politely. QueryUnload may refuse; otherwise Unload runs and
+  // the window is hidden. Returns whether it was closed.
+  bool requestClose();
+
+  // Drawing of the window stands still while the count is above zero; see UpdateLock.
+  int updateLocks() const { return updateLocks_; }
+
+  Control* focus() const { return focus_; }
+  void setFocusTo(Control* control);
+  Button* defaultButton();
+  Button* cancelButton();
+
+  MenuItem* menuBar() const { return menuBar_; }
+  void setMenuBar(MenuItem* bar) { assign(menuBar_, bar, Change::items); }
+
+  // A front end tells what the user or the window manager did.
+  void reportInnerSize(Size inner);
+  void reportState(WindowState state);
+  void reportActivated() { raise(Activate); }
+  void reportPosition(Twips left, Twips top);
+
+  Event<> Activate;
+  Event<> Resize;            // the inner size has changed
+  Event<bool&> QueryUnload;  // its argument set True cancels the close
+  Event<> Unload;
+  Event<> Click;  // on the ground
+
+ protected:
+  void placeChanged() override;
+
+  virtual void innerChanged() {}
+
+ private:
+  friend class Control;
+  friend class UpdateLock;
+  friend class FrameWindow;
+  void forget(const Control& control);
+  void setInner(Size inner);
+  void lockUpdates(int step);
+
+  Desktop& desktop_;
+  WindowStyle style_;
+  std::string caption_;
+  MenuItem* menuBar_ = nullptr;
+  Control* focus_ = nullptr;
+  FrameWindow* frame_ = nullptr;
+  Size inner_;
+  int updateLocks_ = 0;
+  WindowState state_ = WindowState::normal;
+  bool modal_ = false;
+  bool sizable_ = false;
+};
+
+// The main window: its children stand inside it.
+class FrameWindow : public Window {
+ public:
+  FrameWindow(Desktop& desktop, std::string name, std::string caption);
+  ~FrameWindow() override;
+
+  // From then on the window is a child of this frame. It stays the owner's.
+  void adopt(Window& child);
+  const std::vector<Window*>& childWindows() const { return childWindows_; }
+  // The child that was active last, whether the frame is active or not; null without a child.
+  Window* activeChild() const { return activeChild_; }
+  // Comes to the front, and Activate is raised, unless it is the active one.
+  void activate(Window& child);
+
+  // What a child's frame and title bar take of its outer size (measured of the Fusion style).
+  static constexpr Twips childSide = pixels(4);
+  static constexpr Twips childTop = pixels(24);
+
+ protected:
+  void placeChanged() override {}
+  void innerChanged() override;
+
+ private:
+  friend class Window;
+  std::vector<Window*> childWindows_;
+  Window* activeChild_ = nullptr;
+};
+
+// Holds a window's drawing back while it lives, so that a rebuilt page appears at once.
+class UpdateLock {
+ public:
+  explicit UpdateLock(Window& window) : window_(window) { window_.lockUpdates(1); }
+  ~UpdateLock() { window_.lockUpdates(-1); }
+  UpdateLock(const UpdateLock&) = delete;
+  UpdateLock& operator=(const UpdateLock&) = delete;
+
+ private:
+  Window& window_;
+};
+
+}  // namespace tolmer
