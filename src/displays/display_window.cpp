@@ -17,7 +17,7 @@ DisplayWindow::DisplayWindow(Desktop& desktop, AnalysisState& state, DisplayHost
 }
 
 void DisplayWindow::Form_MouseUp(MouseButton button) {
-  setFocusTo(nullptr);
+  activate();
   if (button != MouseButton::right) return;
   state_.frmCurrentDisplay = this;
   host_.openDisplayMenu();

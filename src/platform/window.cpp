@@ -50,6 +50,10 @@ void Window::reportState(WindowState state) { setState(state); }
 void Window::show() {
   setVisible(true);
   desktop_.present(*this);
+  activate();
+}
+
+void Window::activate() {
   if (frame_)
     frame_->activate(*this);
   else

@@ -48,6 +48,8 @@ class Window : public Container {
   // Shows and returns when the window has been hidden.
   void showModal();
   void hide();
+  // Comes to the front; Activate is raised, for a child only where another one was active.
+  void activate();
   bool isModal() const { return modal_; }
   void centreOnScreen();
 
@@ -69,7 +71,7 @@ class Window : public Container {
   // A front end tells what the user or the window manager did.
   void reportInnerSize(Size inner);
   void reportState(WindowState state);
-  void reportActivated() { raise(Activate); }
+  void reportActivated() { activate(); }
   void reportPosition(Twips left, Twips top);
 
   Event<> Activate;
