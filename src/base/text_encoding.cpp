@@ -1,0 +1,102 @@
+#include "base/text_encoding.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tolmer {
+namespace {
+
+using Byte = unsigned char;
+
+// Bytes 0x80 to 0x9F; the others are the code points of the same number (Unicode consortium,
+// mapping table CP1252.TXT).
+constexpr std::array<char16_t, 32> windows1252 = {
+    0x20AC, 0x0081, 0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
+
+void appendCodePoint(std::string& text, char16_t code) {
+  if (code < 0x80) {
+    text += static_cast<char>(code);
+  } else if (code < 0x800) {
+    text += static_cast<char>(0xC0 | (code >> 6));
+    text += static_cast<char>(0x80 | (code & 0x3F));
+  } else {
+    text += static_cast<char>(0xE0 | (code >> 12));
+    text += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
+    text += static_cast<char>(0x80 | (code & 0x3F));
+  }
+}
+
+bool isContinuation(char c) { return (static_cast<Byte>(c) & 0xC0) == 0x80; }
+
+// What may follow a lead byte: how many bytes, and the range of the first of them, which is where
+// overlong forms, surrogates and too large code points show.
+struct Lead {
+  std::size_t following;
+  Byte lowest, highest;
+};
+
+constexpr Lead notALead{0, 1, 0};
+
+Lead leadOf(Byte lead) {
+  if (lead >= 0xC2 && lead <= 0xDF) return {1, 0x80, 0xBF};
+  if (lead == 0xE0) return {2, 0xA0, 0xBF};
+  if (lead == 0xED) return {2, 0x80, 0x9F};
+  if (lead >= 0xE1 && lead <= 0xEF) return {2, 0x80, 0xBF};
+  if (lead == 0xF0) return {3, 0x90, 0xBF};
+  if (lead >= 0xF1 && lead <= 0xF3) return {3, 0x80, 0xBF};
+  if (lead == 0xF4) return {3, 0x80, 0x8F};
+  return notALead;
+}
+
+// The length of the character that begins at `start`, 0 where it is not well formed.
+std::size_t characterLength(std::string_view bytes, std::size_t start) {
+  const Byte first = static_cast<Byte>(bytes[start]);
+  if (first < 0x80) return 1;
+  const Lead lead = leadOf(first);
+  if (lead.following == 0 || bytes.size() - start <= lead.following) return 0;
+  const Byte second = static_cast<Byte>(bytes[start + 1]);
+  if (second < lead.lowest || second > lead.highest) return 0;
+  for (std::size_t i = 2; i <= lead.following; ++i)
+    if (!isContinuation(bytes[start + i])) return 0;
+  return lead.following + 1;
+}
+
+}  // namespace
+
+bool isUtf8(std::string_view bytes) {
+  for (std::size_t at = 0; at < bytes.size();) {
+    const std::size_t length = characterLength(bytes, at);
+    if (length == 0) return false;
+    at += length;
+  }
+  return true;
+}
+
+std::string utf8FromWindows1252(std::string_view bytes) {
+  std::string text;
+  text.reserve(bytes.size() + bytes.size() / 8);
+  for (const char c : bytes) {
+    const Byte byte = static_cast<Byte>(c);
+    const bool mapped = byte >= 0x80 && byte <= 0x9F;
+    appendCodePoint(text, mapped ? windows1252[byte - 0x80u] : static_cast<char16_t>(byte));
+  }
+  return text;
+}
+
+std::string utf8FromFile(std::string bytes) {
+  if (bytes.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
+  return isUtf8(bytes) ? bytes : utf8FromWindows1252(bytes);
+}
+
+std::size_t utf8Prefix(std::string_view text, std::size_t characters) {
+  std::size_t at = 0;
+  for (; characters > 0 && at < text.size(); --characters) {
+    ++at;
+    while (at < text.size() && isContinuation(text[at])) ++at;
+  }
+  return at;
+}
+
+}  // namespace tolmer

@@ -1,0 +1,25 @@
+// Text inside the program is UTF-8; files may be older than that.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace tolmer {
+
+// True for well-formed UTF-8 as The Unicode Standard defines it (chapter 3, table 3-7): no overlong
+// forms, no surrogates, nothing above U+10FFFF.
+bool isUtf8(std::string_view bytes);
+
+// Every byte as the character that Windows-1252 gives it. The five bytes without a character
+// (0x81, 0x8D, 0x8F, 0x90, 0x9D) become the C1 control codes of the same number.
+std::string utf8FromWindows1252(std::string_view bytes);
+
+// The content of a text file: without a leading byte-order mark, taken as UTF-8 where it is valid
+// UTF-8 and as Windows-1252 where it is not.
+std::string utf8FromFile(std::string bytes);
+
+// The number of bytes that the first `characters` characters of `text` take, at most all of them.
+std::size_t utf8Prefix(std::string_view text, std::size_t characters);
+
+}  // namespace tolmer

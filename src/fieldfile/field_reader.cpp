@@ -1,0 +1,159 @@
+#include "fieldfile/field_reader.h"
+
+#include <algorithm>
+
+#include "base/file_io.h"
+#include "base/paths.h"
+#include "base/text_encoding.h"
+#include "fieldfile/number_text.h"
+
+namespace tolmer {
+namespace {
+
+constexpr std::string_view blanks = " \t";
+constexpr std::string_view lineEnds = "\r\n";
+constexpr std::string_view fieldEnds = ",\r\n";
+constexpr std::string_view numberEnds = ", \t\r\n";
+
+std::string_view withoutTrailingBlanks(std::string_view text) {
+  const auto last = text.find_last_not_of(blanks);
+  return last == std::string_view::npos ? std::string_view() : text.substr(0, last + 1);
+}
+
+bool equalsInAnyCase(std::string_view text, std::string_view upperCase) {
+  return std::equal(
+      text.begin(), text.end(), upperCase.begin(), upperCase.end(),
+      [](char a, char b) { return a == b || (a >= 'a' && a <= 'z' && a - 'a' + 'A' == b); });
+}
+
+// Enough of a wrong field to know it again.
+std::string quotation(std::string_view text) {
+  constexpr std::size_t longest = 30;
+  const std::size_t cut = utf8Prefix(text, longest);
+  return "\"" + std::string(text.substr(0, cut)) + (cut < text.size() ? "...\"" : "\"");
+}
+
+}  // namespace
+
+Result<FieldReader> FieldReader::open(const std::string& fileName) {
+  auto bytes = readWholeFile(hostPath(fileName));
+  if (!bytes) return Error{fileName, bytes.error().text};
+  return FieldReader(fileName, std::move(*bytes));
+}
+
+FieldReader::FieldReader(std::string fileName, std::string bytes)
+    : fileName_(std::move(fileName)), text_(utf8FromFile(std::move(bytes))) {}
+
+Error FieldReader::errorHere(std::string_view text) const {
+  return {fileName_ + ":" + std::to_string(line_),
+          "field " + std::to_string(field_) + ": " + std::string(text)};
+}
+
+Error FieldReader::errorFound(std::string_view expected, std::string_view found) const {
+  return errorHere(std::string(expected) + " was expected, not " + quotation(found));
+}
+
+void FieldReader::skipBlanks() {
+  at_ = std::min(text_.find_first_not_of(blanks, at_), text_.size());
+}
+
+void FieldReader::skipLineEnd() {
+  if (atEnd() || lineEnds.find(text_[at_]) == std::string_view::npos) return;
+  at_ += std::string_view(text_).substr(at_).starts_with("\r\n") ? 2 : 1;
+  ++line_;
+}
+
+// Goes on behind a field that ends at `end`: the blanks behind it and one delimiter belong to it.
+void FieldReader::finishField(std::size_t end) {
+  at_ = end;
+  skipBlanks();
+  if (!atEnd() && text_[at_] == ',')
+    ++at_;
+  else
+    skipLineEnd();
+  ++field_;
+}
+
+std::size_t FieldReader::bareEnd() const {
+  return std::min(text_.find_first_of(fieldEnds, at_), text_.size());
+}
+
+Result<std::string> FieldReader::readText() {
+  skipBlanks();
+  if (atEnd()) return errorHere("a text was expected, but the file ends here");
+  if (text_[at_] == '"') return readQuoted();
+  const std::size_t end = bareEnd();
+  std::string text(withoutTrailingBlanks(std::string_view(text_).substr(at_, end - at_)));
+  finishField(end);
+  return text;
+}
+
+Result<std::string> FieldReader::readQuoted() {
+  const std::size_t start = at_ + 1;
+  const std::size_t end = text_.find('"', start);
+  if (end == std::string::npos) return errorHere("the closing quote of a text is missing");
+  const std::size_t next = std::min(text_.find_first_not_of(blanks, end + 1), text_.size());
+  if (next < text_.size() && fieldEnds.find(text_[next]) == std::string_view::npos)
+    return errorHere("a text goes on behind its closing quote");
+  std::string text = text_.substr(start, end - start);
+  for (std::size_t i = 0; i < text.size(); ++i)
+    if (text[i] == '\n' || (text[i] == '\r' && text.compare(i, 2, "\r\n") != 0)) ++line_;
+  finishField(end + 1);
+  return text;
+}
+
+// The text of the number that comes next, empty for an empty field. The field is not taken yet.
+Result<std::string_view> FieldReader::numberAhead(std::string_view expected) {
+  skipBlanks();
+  if (atEnd()) return errorHere(std::string(expected) + " was expected, but the file ends here");
+  const std::size_t end = std::min(text_.find_first_of(numberEnds, at_), text_.size());
+  return std::string_view(text_).substr(at_, end - at_);
+}
+
+Result<std::int16_t> FieldReader::readInteger() {
+  constexpr std::string_view expected = "a whole number from -32768 to 32767";
+  const auto digits = numberAhead(expected);
+  if (!digits) return digits.error();
+  const auto number = digits->empty() ? std::int16_t{0} : integerFromText(*digits);
+  if (!number) return errorFound(expected, *digits);
+  finishField(at_ + digits->size());
+  return *number;
+}
+
+Result<float> FieldReader::readSingle() {
+  constexpr std::string_view expected = "a number";
+  const auto digits = numberAhead(expected);
+  if (!digits) return digits.error();
+  const auto number = digits->empty() ? 0.0f : singleFromText(*digits);
+  if (!number) return errorFound(expected, *digits);
+  finishField(at_ + digits->size());
+  return *number;
+}
+
+Result<bool> FieldReader::readBoolean() {
+  constexpr std::string_view expected = "#TRUE# or #FALSE#";
+  const auto word = numberAhead(expected);
+  if (!word) return word.error();
+  const bool isTrue = equalsInAnyCase(*word, "#TRUE#");
+  const bool isWord = isTrue || equalsInAnyCase(*word, "#FALSE#");
+  const auto number = isWord || word->empty() ? 0.0f : singleFromText(*word);
+  if (!number) return errorFound(expected, *word);
+  finishField(at_ + word->size());
+  return isTrue || *number != 0;
+}
+
+Result<std::string> FieldReader::readLine() {
+  if (atEnd()) return errorHere("a line was expected, but the file ends here");
+  const std::size_t end = std::min(text_.find_first_of(lineEnds, at_), text_.size());
+  std::string line = text_.substr(at_, end - at_);
+  at_ = end;
+  skipLineEnd();
+  ++field_;
+  return line;
+}
+
+bool FieldReader::onlyBlanksLeft() const {
+  return text_.find_first_not_of(" \t\r\n", at_) == std::string::npos;
+}
+
+}  // namespace tolmer

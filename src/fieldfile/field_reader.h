@@ -1,0 +1,66 @@
+// Sequential input of delimited fields and of whole lines.
+//
+// Fields end at a comma or a line end (CR, LF or CR LF); blanks around them do not count.
+//   text     in double quotes, without escapes (it may then hold commas, blanks and line ends), or
+//            bare up to the next comma or line end
+//   number   decimal text with an optional sign and exponent; a blank ends it too; empty means 0
+//   boolean  #TRUE#, #FALSE# in any case, or a number of which 0 means false
+// Nothing in the file tells a field's kind: the caller asks for the kind that must come next.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "base/error.h"
+
+namespace tolmer {
+
+class FieldReader {
+ public:
+  // The whole file, its name in course or host spelling. UTF-8, or Windows-1252 where it is not.
+  static Result<FieldReader> open(const std::string& fileName);
+
+  // Reads `bytes`; `fileName` is what errors name.
+  FieldReader(std::string fileName, std::string bytes);
+
+  // Each takes the next field, or leaves the reader where it was and returns an error that names
+  // file, line and field. At the end of the file there is no next field.
+  Result<std::string> readText();
+  Result<std::int16_t> readInteger();  // a whole number within 16 signed bits
+  Result<float> readSingle();          // rounded once to single; too small becomes 0, too large
+                                       // is an error
+  Result<bool> readBoolean();
+
+  // The rest of the present line as it stands, without its line end.
+  Result<std::string> readLine();
+
+  // True when only blanks and line ends are left.
+  bool onlyBlanksLeft() const;
+
+  // Where the next field begins; both count from 1.
+  int lineNumber() const { return line_; }
+  int fieldNumber() const { return field_; }
+
+  // An error at the next field.
+  Error errorHere(std::string_view text) const;
+
+ private:
+  Error errorFound(std::string_view expected, std::string_view found) const;
+  bool atEnd() const { return at_ >= text_.size(); }
+  void skipBlanks();
+  void skipLineEnd();
+  void finishField(std::size_t end);
+  std::size_t bareEnd() const;
+  Result<std::string> readQuoted();
+  Result<std::string_view> numberAhead(std::string_view expected);
+
+  std::string fileName_;
+  std::string text_;
+  std::size_t at_ = 0;
+  int line_ = 1;
+  int field_ = 1;
+};
+
+}  // namespace tolmer

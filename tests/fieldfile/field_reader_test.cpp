@@ -1,0 +1,159 @@
+#include "fieldfile/field_reader.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <limits>
+
+namespace tolmer {
+namespace {
+
+FieldReader reading(std::string bytes) { return FieldReader("f.txt", std::move(bytes)); }
+
+std::vector<std::string> texts(std::string bytes) {
+  FieldReader reader = reading(std::move(bytes));
+  std::vector<std::string> found;
+  while (auto text = reader.readText()) found.push_back(*text);
+  return found;
+}
+
+using testing::ElementsAre;
+
+TEST(TextFields, endAtCommaAndLineEndWithBlanksAroundThemDropped) {
+  EXPECT_THAT(texts("a,b\nc\r\nd\re"), ElementsAre("a", "b", "c", "d", "e"));
+  EXPECT_THAT(texts("  a b \t, c\t\n"), ElementsAre("a b", "c"));
+  EXPECT_THAT(texts(",\n\n,x"), ElementsAre("", "", "", "", "x"));
+}
+
+TEST(TextFields, mayBeQuoted) {
+  EXPECT_THAT(texts("\"a, b\" ,\" c \"\n\"\",d"), ElementsAre("a, b", " c ", "", "d"));
+  EXPECT_THAT(texts("5\" pipe,x"), ElementsAre("5\" pipe", "x"));
+  EXPECT_THAT(texts("\"two\r\nlines\",x"), ElementsAre("two\r\nlines", "x"));
+}
+
+TEST(TextFields, withBadQuotesAreRefused) {
+  EXPECT_EQ(reading("\"abc").readText().error().message(),
+            "f.txt:1: field 1: the closing quote of a text is missing");
+  EXPECT_EQ(reading("\"a \"\"b\"\"\"").readText().error().text,
+            "field 1: a text goes on behind its closing quote");
+}
+
+TEST(NumberFields, alsoEndAtABlank) {
+  FieldReader reader = reading(" 1 2\t3 , 4 \r\n5\n");
+  for (const float expected : {1.f, 2.f, 3.f, 4.f, 5.f}) EXPECT_EQ(*reader.readSingle(), expected);
+  EXPECT_TRUE(reader.onlyBlanksLeft());
+  EXPECT_FALSE(reader.readSingle());
+}
+
+TEST(NumberFields, emptyMeansZero) {
+  FieldReader reader = reading("1,,\n3,\"t\"\n,#TRUE#");
+  EXPECT_EQ(*reader.readInteger(), 1);
+  EXPECT_EQ(*reader.readInteger(), 0);
+  EXPECT_EQ(*reader.readSingle(), 0);
+  EXPECT_EQ(*reader.readSingle(), 3);
+  EXPECT_EQ(*reader.readText(), "t");
+  EXPECT_FALSE(*reader.readBoolean());
+  EXPECT_TRUE(*reader.readBoolean());
+}
+
+TEST(NumberFields, singlesAreRoundedOnceFromTheText) {
+  const struct {
+    const char* text;
+    float value;
+  } cases[] = {{"+1.5", 1.5f},
+               {"-.5", -.5f},
+               {"5.", 5.f},
+               {"1e-3", 1e-3f},
+               {"2.5E+2", 250.f},
+               {"1e-50", 0.f},
+               {"-1e-999", 0.f},
+               {"3.4028235e38", std::numeric_limits<float>::max()},
+               {"1.401298464324817e-45", std::numeric_limits<float>::denorm_min()},
+               // half-way in double, above it in decimal: rounding twice would give 1
+               {"1.00000005960464477539062500001", 1.00000011920928955f}};
+  for (const auto& one : cases) {
+    const auto value = reading(one.text).readSingle();
+    ASSERT_TRUE(value) << one.text;
+    EXPECT_EQ(*value, one.value) << one.text;
+  }
+}
+
+TEST(NumberFields, whatIsNoNumberIsRefused) {
+  for (const char* text : {"abc", "1.2.3", "+", "-", "+-1", "++1", "1e", "1e5x", "0x10", "inf",
+                           "nan", "NA", "1e39", "-1e39", "1e999", "\"12\"", "1;2", "."})
+    EXPECT_FALSE(reading(text).readSingle()) << text;
+  for (const char* text : {"32768", "-32769", "1.5", "1e2", "99999999999999999999", "#TRUE#"})
+    EXPECT_FALSE(reading(text).readInteger()) << text;
+  EXPECT_EQ(*reading("-32768").readInteger(), -32768);
+  EXPECT_EQ(*reading("+32767").readInteger(), 32767);
+}
+
+TEST(Booleans, areWordsInAnyCaseOrNumbers) {
+  for (const char* text : {"#TRUE#", "#true#", "-1", "1", "0.5"})
+    EXPECT_TRUE(*reading(text).readBoolean()) << text;
+  for (const char* text : {"#FALSE#", "#False#", "0", "0.0"})
+    EXPECT_FALSE(*reading(text).readBoolean()) << text;
+  for (const char* text : {"True", "#TRUE", "##", "yes"})
+    EXPECT_FALSE(reading(text).readBoolean()) << text;
+}
+
+TEST(Errors, nameFileLineAndField) {
+  FieldReader reader = reading("\"x\ny\",2\n3,four");
+  ASSERT_TRUE(reader.readText() && reader.readInteger() && reader.readInteger());
+  EXPECT_EQ(reader.readInteger().error().message(),
+            "f.txt:3: field 4: a whole number from -32768 to 32767 was expected, not \"four\"");
+  // the field was not taken: another kind may still fit
+  EXPECT_EQ(*reader.readText(), "four");
+  EXPECT_EQ(reader.readText().error().message(),
+            "f.txt:3: field 5: a text was expected, but the file ends here");
+}
+
+TEST(Errors, quoteOnlyTheBeginningOfALongField) {
+  const std::string text = reading(std::string(500, 'x')).readSingle().error().text;
+  EXPECT_LT(text.size(), 100u);
+}
+
+TEST(Lines, areTakenAsTheyStand) {
+  FieldReader reader = reading(" a, \"b\" \r\n\nc\rlast");
+  for (const char* expected : {" a, \"b\" ", "", "c", "last"})
+    EXPECT_EQ(*reader.readLine(), expected);
+  EXPECT_EQ(reader.readLine().error().message(),
+            "f.txt:4: field 5: a line was expected, but the file ends here");
+}
+
+TEST(Files, inOldEncodingOrWithAMarkAreRead) {
+  EXPECT_EQ(*reading("\xEF\xBB\xBF"
+                     "12")
+                 .readInteger(),
+            12);
+  EXPECT_EQ(*reading("caf\xE9").readText(), "café");
+  EXPECT_EQ(FieldReader::open("no\\such.csv").error().where, "no\\such.csv");
+}
+
+// Every kind of read, at every place of every cut of a file with everything in it, ends: it takes
+// a field, or it stays and gives an error.
+TEST(Robustness, everyCutAndEveryKindOfReadEnds) {
+  const std::string whole = "\"a,\r\n\",1.5 ,#TRUE#\r\n\"caf\xE9\" ,-3e-2,,\r+7 8\n\xE2\x82,\"";
+  for (std::size_t length = 0; length <= whole.size(); ++length) {
+    for (int firstKind = 0; firstKind < 5; ++firstKind) {
+      FieldReader reader = reading(whole.substr(0, length));
+      int kind = firstKind, refusals = 0;
+      for (int step = 0; refusals < 5; ++step, kind = (kind + 1) % 5) {
+        const int before = reader.fieldNumber();
+        const bool taken = kind == 0   ? bool(reader.readText())
+                           : kind == 1 ? bool(reader.readInteger())
+                           : kind == 2 ? bool(reader.readSingle())
+                           : kind == 3 ? bool(reader.readBoolean())
+                                       : bool(reader.readLine());
+        ASSERT_EQ(reader.fieldNumber(), before + (taken ? 1 : 0));
+        ASSERT_LE(static_cast<std::size_t>(step), 5 * (length + 2));
+        refusals = taken ? 0 : refusals + 1;
+      }
+      EXPECT_TRUE(reader.onlyBlanksLeft()) << length;
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tolmer
