@@ -7,6 +7,7 @@ enum class MouseButton { left, right };
 
 // Key codes as event procedures name them.
 namespace keys {
+inline constexpr int tab = 9;
 inline constexpr int enter = 13;
 inline constexpr int escape = 27;
 inline constexpr int up = 38;

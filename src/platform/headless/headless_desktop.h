@@ -1,0 +1,74 @@
+// A desktop without a screen: for the report and for tests.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/desktop.h"
+
+namespace tolmer {
+
+// A message box that was shown, and the answer it got.
+struct AnsweredBox {
+  MessageBox box;
+  Answer answer = Answer::ok;
+};
+
+// Its clock is virtual: time passes in modal loops, where nothing else is left to do, and when
+// advance is called. Nothing ever hangs: a modal window that nobody closes is an exception that
+// names it.
+class HeadlessDesktop : public Desktop {
+ public:
+  explicit HeadlessDesktop(Size screen = {pixels(1280), pixels(800)}) : screen_(screen) {}
+
+  // What stands in for the user. Without onMessageBox every box gets its first button; a modal
+  // window without onModal waits for its timers alone.
+  std::function<Answer(const MessageBox&)> onMessageBox;
+  std::function<void(Window&)> onModal;
+  std::function<void(MenuItem&, Window&)> onPopupMenu;
+
+  // Windows that have been shown and are still loaded, the oldest first.
+  const std::vector<Window*>& windows() const { return windows_; }
+  // The window that takes input: the innermost modal one; null outside modal loops.
+  Window* modalWindow() const { return modal_.empty() ? nullptr : modal_.back(); }
+  void advance(int milliseconds) { timers().advanceTo(timers().now() + milliseconds); }
+
+  // What happened, in order.
+  const std::vector<AnsweredBox>& boxes() const { return boxes_; }
+  const std::vector<HelpRequest>& helpRequests() const { return helpRequests_; }
+  const ClipboardContent& clipboard() const { return clipboard_; }
+  int beeps() const { return beeps_; }
+  bool ended() const { return ended_; }
+
+  Answer messageBox(const MessageBox& box) override;
+  void present(Window& window) override;
+  void modalLoop(Window& window) override;
+  void doEvents() override {}
+  Size screenSize() const override { return screen_; }
+  Twips scrollBarThickness() const override { return pixels(14); }
+  void popupMenu(MenuItem& menu, Window& window) override;
+  void beep() override { ++beeps_; }
+  void setBusyPointer(bool) override {}
+  void setClipboard(const ClipboardContent& content) override { clipboard_ = content; }
+  std::string clipboardText() const override { return clipboard_.text; }
+  void showHelp(const HelpRequest& request) override { helpRequests_.push_back(request); }
+  bool activateProgram(const std::string&) override { return false; }
+  bool openDocument(const std::string&) override { return false; }
+  [[noreturn]] void endProgram(int status) override;
+
+ private:
+  friend class HeadlessPeer;
+  void waitForTimers(Window& window);
+
+  Size screen_;
+  std::vector<Window*> windows_;
+  std::vector<Window*> modal_;
+  std::vector<AnsweredBox> boxes_;
+  std::vector<HelpRequest> helpRequests_;
+  ClipboardContent clipboard_;
+  int beeps_ = 0;
+  bool ended_ = false;
+};
+
+}  // namespace tolmer

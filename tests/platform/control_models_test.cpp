@@ -1,0 +1,278 @@
+// The rules that hold for every kind of control: an event without a handler does nothing, setting
+// what is there already changes nothing, and a control may be destroyed in its own event.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "platform/button.h"
+#include "platform/check_box.h"
+#include "platform/combo_box.h"
+#include "platform/headless/headless_desktop.h"
+#include "platform/image.h"
+#include "platform/label.h"
+#include "platform/number_box.h"
+#include "platform/option_button.h"
+#include "platform/outline.h"
+#include "platform/panel.h"
+#include "platform/scroll_bar.h"
+#include "platform/tab_book.h"
+#include "platform/text_box.h"
+#include "platform/window.h"
+
+namespace tolmer {
+namespace {
+
+class CountingPeer : public Peer {
+ public:
+  explicit CountingPeer(int& count) : count_(count) {}
+  void changed(Change) override { ++count_; }
+
+ private:
+  int& count_;
+};
+
+// How each kind is changed by its user, and which event says so.
+template <class Kind>
+struct Traits;
+
+template <>
+struct Traits<Button> {
+  static void prepare(Button&) {}
+  static void use(Button& control) { control.click(); }
+  static Event<>& event(Button& control) { return control.Click; }
+  static constexpr bool hasValue = false;
+};
+template <>
+struct Traits<Label> {
+  static void prepare(Label&) {}
+  static void use(Label& control) { control.click(); }
+  static Event<>& event(Label& control) { return control.Click; }
+  static constexpr bool hasValue = false;
+};
+template <>
+struct Traits<Panel> {
+  static void prepare(Panel&) {}
+  static void use(Panel& control) { control.click(); }
+  static Event<>& event(Panel& control) { return control.Click; }
+  static constexpr bool hasValue = false;
+};
+template <>
+struct Traits<Image> {
+  static void prepare(Image&) {}
+  static void use(Image& control) { control.click(); }
+  static Event<>& event(Image& control) { return control.Click; }
+  static constexpr bool hasValue = false;
+};
+template <>
+struct Traits<CheckBox> {
+  static void prepare(CheckBox&) {}
+  static void use(CheckBox& control) { control.setValue(1); }
+  static Event<>& event(CheckBox& control) { return control.Click; }
+  static constexpr bool hasValue = true;
+};
+template <>
+struct Traits<OptionButton> {
+  static void prepare(OptionButton&) {}
+  static void use(OptionButton& control) { control.setValue(true); }
+  static Event<>& event(OptionButton& control) { return control.Click; }
+  static constexpr bool hasValue = true;
+};
+template <>
+struct Traits<ComboBox> {
+  static void prepare(ComboBox& control) {
+    control.addItem("one");
+    control.addItem("two");
+  }
+  static void use(ComboBox& control) { control.setListIndex(1); }
+  static Event<>& event(ComboBox& control) { return control.Click; }
+  static constexpr bool hasValue = true;
+};
+template <>
+struct Traits<TextBox> {
+  static void prepare(TextBox&) {}
+  static void use(TextBox& control) { control.setText("typed"); }
+  static Event<>& event(TextBox& control) { return control.Changed; }
+  static constexpr bool hasValue = true;
+};
+template <>
+struct Traits<NumberBox> {
+  static void prepare(NumberBox&) {}
+  static void use(NumberBox& control) { control.setValue(7); }
+  static Event<>& event(NumberBox& control) { return control.Changed; }
+  static constexpr bool hasValue = true;
+};
+template <>
+struct Traits<ScrollBar> {
+  static void prepare(ScrollBar& control) { control.setRange(100, 1, 10); }
+  static void use(ScrollBar& control) { control.setValue(40); }
+  static Event<>& event(ScrollBar& control) { return control.Changed; }
+  static constexpr bool hasValue = true;
+};
+template <>
+struct Traits<Outline> {
+  static void prepare(Outline& control) { control.addItem("only", 1, 1); }
+  static void use(Outline& control) { control.setListIndex(0); }
+  static Event<>& event(Outline& control) { return control.Click; }
+  static constexpr bool hasValue = true;
+};
+
+template <class Kind>
+class ControlRules : public testing::Test {
+ protected:
+  HeadlessDesktop desktop;
+  Window window{desktop, "frmTest", WindowStyle::dialog};
+};
+
+using Kinds = testing::Types<Button, Label, Panel, Image, CheckBox, OptionButton, ComboBox, TextBox,
+                             NumberBox, ScrollBar, Outline>;
+TYPED_TEST_SUITE(ControlRules, Kinds);
+
+TYPED_TEST(ControlRules, WorksWithoutHandlerAndRaisesItsEventOnce) {
+  TypeParam control(&this->window, "ctl");
+  Traits<TypeParam>::prepare(control);
+  Traits<TypeParam>::use(control);
+
+  TypeParam other(&this->window, "ctlOther");
+  Traits<TypeParam>::prepare(other);
+  int events = 0;
+  Traits<TypeParam>::event(other) = [&] { ++events; };
+  Traits<TypeParam>::use(other);
+  EXPECT_EQ(events, 1);
+  Traits<TypeParam>::use(other);
+  EXPECT_EQ(events, Traits<TypeParam>::hasValue ? 1 : 2);
+}
+
+TYPED_TEST(ControlRules, TellsItsObserverOfRealChangesOnly) {
+  TypeParam control(&this->window, "ctl");
+  Traits<TypeParam>::prepare(control);
+  int changes = 0;
+  control.setPeer(std::make_unique<CountingPeer>(changes));
+  control.setPlace({15, 15, 300, 300});
+  control.setEnabled(false);
+  control.setTip("tip");
+  const int before = changes;
+  EXPECT_EQ(before, 3);
+  control.setPlace({15, 15, 300, 300});
+  control.setEnabled(false);
+  control.setTip("tip");
+  EXPECT_EQ(changes, before);
+}
+
+TYPED_TEST(ControlRules, MayBeDestroyedInItsOwnEvent) {
+  auto control = std::make_unique<TypeParam>(&this->window, "ctl");
+  Traits<TypeParam>::prepare(*control);
+  const std::string seen = "captured text that is long enough to lie on the heap";
+  std::string result;
+  Traits<TypeParam>::event(*control) = [&control, &result, seen] {
+    control.reset();
+    result = seen;
+  };
+  Traits<TypeParam>::use(*control);
+  EXPECT_EQ(result, seen);
+  EXPECT_TRUE(this->window.children().empty());
+}
+
+class WindowTest : public testing::Test {
+ protected:
+  HeadlessDesktop desktop;
+};
+
+TEST_F(WindowTest, OptionsOfOneContainerExcludeEachOther) {
+  Window window(desktop, "frm", WindowStyle::dialog);
+  Panel left(&window, "left");
+  Panel right(&window, "right");
+  OptionButton a(&left, "a");
+  OptionButton b(&left, "b");
+  OptionButton c(&right, "c");
+  c.setValue(true);
+  a.setValue(true);
+  b.setValue(true);
+  EXPECT_FALSE(a.value());
+  EXPECT_TRUE(b.value());
+  EXPECT_TRUE(c.value());
+}
+
+TEST_F(WindowTest, CloseIsRefusedOrUnloadsAndHides) {
+  Window window(desktop, "frm", WindowStyle::dialog);
+  bool refuse = true;
+  int unloads = 0;
+  window.QueryUnload = [&](bool& cancel) { cancel = refuse; };
+  window.Unload = [&] { ++unloads; };
+  window.show();
+  EXPECT_FALSE(window.requestClose());
+  EXPECT_TRUE(window.visible());
+  refuse = false;
+  EXPECT_TRUE(window.requestClose());
+  EXPECT_FALSE(window.visible());
+  EXPECT_EQ(unloads, 1);
+}
+
+TEST_F(WindowTest, ModalWindowThatNothingClosesIsNamed) {
+  Window window(desktop, "frmForgotten", WindowStyle::dialog);
+  try {
+    window.showModal();
+    FAIL() << "the loop ended by itself";
+  } catch (const std::logic_error& error) {
+    EXPECT_THAT(error.what(), testing::HasSubstr("frmForgotten"));
+  }
+  EXPECT_EQ(desktop.modalWindow(), nullptr);
+}
+
+TEST_F(WindowTest, TimerClosesAModalWindowInVirtualTime) {
+  Window window(desktop, "frm", WindowStyle::dialog);
+  Timer timer(desktop.timers(), "tmrClose", 1000, true);
+  timer.Tick = [&] {
+    timer.setEnabled(false);
+    window.hide();
+  };
+  window.showModal();
+  EXPECT_EQ(desktop.timers().now(), 1000);
+}
+
+TEST_F(WindowTest, TimersKeepTheirOwnTime) {
+  std::string ticks;
+  Timer fast(desktop.timers(), "fast", 400, true);
+  Timer slow(desktop.timers(), "slow", 1000, true);
+  fast.Tick = [&] { ticks += 'f'; };
+  slow.Tick = [&] {
+    ticks += 's';
+    fast.setEnabled(false);
+  };
+  desktop.advance(2100);
+  EXPECT_EQ(ticks, "ffss");
+}
+
+TEST_F(WindowTest, MaximisedChildTakesTheFrameAndGoesBackToItsPlace) {
+  FrameWindow frame(desktop, "mdi", "Frame");
+  frame.show();
+  Window child(desktop, "frmChild", WindowStyle::child);
+  Window sibling(desktop, "frmSibling", WindowStyle::child);
+  frame.adopt(child);
+  frame.adopt(sibling);
+  int resizes = 0;
+  child.Resize = [&] { ++resizes; };
+  child.setPlace({0, 0, pixels(400), pixels(300)});
+  EXPECT_EQ(child.innerWidth(), pixels(392));
+  EXPECT_EQ(child.innerHeight(), pixels(272));
+  child.show();
+  EXPECT_EQ(frame.activeChild(), &child);
+
+  child.setState(WindowState::maximised);
+  EXPECT_EQ(child.innerWidth(), frame.innerWidth());
+  EXPECT_EQ(child.innerHeight(), frame.innerHeight());
+  child.setState(WindowState::normal);
+  EXPECT_EQ(child.innerWidth(), pixels(392));
+  EXPECT_EQ(resizes, 3);
+  sibling.show();
+  EXPECT_EQ(frame.activeChild(), &sibling);
+}
+
+TEST_F(WindowTest, FocusLeavesADestroyedControl) {
+  Window window(desktop, "frm", WindowStyle::dialog);
+  auto button = std::make_unique<Button>(&window, "cmdGone");
+  button->setFocus();
+  button.reset();
+  EXPECT_EQ(window.focus(), nullptr);
+}
+
+}  // namespace
+}  // namespace tolmer

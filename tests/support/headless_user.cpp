@@ -1,0 +1,127 @@
+#include "support/headless_user.h"
+
+#include <algorithm>
+#include <stdexcept>
+
+#include "platform/button.h"
+#include "platform/check_box.h"
+#include "platform/combo_box.h"
+#include "platform/image.h"
+#include "platform/label.h"
+#include "platform/number_box.h"
+#include "platform/option_button.h"
+#include "platform/panel.h"
+#include "platform/text_box.h"
+
+namespace tolmer::test {
+namespace {
+
+void press(Control& control) {
+  switch (control.kind()) {
+    case ControlKind::button:
+      return static_cast<Button&>(control).click();
+    case ControlKind::label:
+      return static_cast<Label&>(control).click();
+    case ControlKind::panel:
+      return static_cast<Panel&>(control).click();
+    case ControlKind::image:
+      return static_cast<Image&>(control).click();
+    case ControlKind::optionButton:
+      return static_cast<OptionButton&>(control).setValue(true);
+    case ControlKind::checkBox: {
+      auto& box = static_cast<CheckBox&>(control);
+      return box.setValue(box.value() == 1 ? 0 : 1);
+    }
+    case ControlKind::window:
+      return raise(static_cast<Window&>(control).Click);
+    default:
+      return;
+  }
+}
+
+// The nearest control around that one which listens to the release of a mouse button.
+void release(Control& control, MouseButton button) {
+  for (Control* target = &control; target; target = target->parent())
+    if (target->MouseUp) return raise(target->MouseUp, button);
+}
+
+// Controls of a window in the order of the Tab key that can take the focus now.
+void collectStops(Container& container, std::vector<Control*>& stops) {
+  for (Control* child : container.children()) {
+    if (!child->enabled() || !child->visible()) continue;
+    if (child->takesFocus()) stops.push_back(child);
+    if (auto* inner = dynamic_cast<Container*>(child)) collectStops(*inner, stops);
+  }
+}
+
+void pressEnter(Window& window) {
+  Control* focus = window.focus();
+  Control* target = focus && focus->kind() == ControlKind::button ? focus : window.defaultButton();
+  if (target && target->canBeUsed()) press(*target);
+}
+
+}  // namespace
+
+void HeadlessUser::doClick(Control& control) {
+  if (control.takesFocus()) control.setFocus();
+  raise(control.MouseDown, MouseButton::left);
+  if (control.MouseUp) raise(control.MouseUp, MouseButton::left);
+  press(control);
+}
+
+void HeadlessUser::doDoubleClick(Control& control) {
+  if (control.kind() == ControlKind::optionButton) {
+    press(control);
+    static_cast<OptionButton&>(control).doubleClick();
+  } else if (control.kind() == ControlKind::label) {
+    press(control);
+    static_cast<Label&>(control).doubleClick();
+  } else {
+    throw std::runtime_error("a double click on " + control.name() + " means nothing");
+  }
+}
+
+void HeadlessUser::doRightClick(Control& control) { release(control, MouseButton::right); }
+
+void HeadlessUser::doType(Control& control, const std::string& text) {
+  control.setFocus();
+  if (control.kind() == ControlKind::numberBox)
+    static_cast<NumberBox&>(control).setValue(std::stoi(text));
+  else
+    dynamic_cast<TextBox&>(control).setText(text);
+}
+
+void HeadlessUser::doChoose(Control& control, int index) {
+  control.setFocus();
+  static_cast<ComboBox&>(control).setListIndex(index);
+}
+
+void HeadlessUser::doMenu(Window&, const std::vector<MenuItem*>& path) {
+  for (MenuItem* item : path) {
+    if (!item->enabled())
+      throw std::runtime_error("the menu entry " + item->name() + " is disabled");
+    item->click();
+  }
+}
+
+void HeadlessUser::doKey(Window& window, const KeyPress& key) {
+  bool taken = false;
+  if (Control* focus = window.focus()) raise(focus->KeyDown, key, taken);
+  if (!taken) raise(window.KeyDown, key, taken);
+  if (taken) return;
+  if (key.code == keys::enter) return pressEnter(window);
+  if (key.code == keys::escape) {
+    if (Control* cancel = window.cancelButton(); cancel && cancel->canBeUsed()) press(*cancel);
+    return;
+  }
+  if (key.code != keys::tab) return;
+  std::vector<Control*> stops;
+  collectStops(window, stops);
+  if (stops.empty()) return;
+  const auto at = std::find(stops.begin(), stops.end(), window.focus());
+  if (at == stops.end()) return stops.front()->setFocus();
+  const auto step = key.shift ? stops.size() - 1 : 1;
+  stops[(static_cast<std::size_t>(at - stops.begin()) + step) % stops.size()]->setFocus();
+}
+
+}  // namespace tolmer::test

@@ -1,0 +1,42 @@
+// What a test expects to come up, in order: a modal window or message box that is not announced
+// fails the test by name, and so does one that was announced and never came.
+#pragma once
+
+#include <deque>
+#include <functional>
+#include <string>
+
+#include "platform/headless/headless_desktop.h"
+#include "platform/window.h"
+
+namespace tolmer::test {
+
+class Script {
+ public:
+  explicit Script(HeadlessDesktop& desktop);
+  ~Script();
+  Script(const Script&) = delete;
+  Script& operator=(const Script&) = delete;
+
+  // The next thing to come up is this modal window; the user then does these actions.
+  void window(std::string name, std::function<void()> actions = {});
+  // The next thing to come up is a box of this title and text, and is answered so.
+  void box(std::string title, std::string text, Answer answer = Answer::ok);
+  // Fails the test for what was announced and has not come.
+  void finish();
+
+ private:
+  struct Step {
+    bool isBox;
+    std::string name;  // of the window, or the box's title
+    std::string text;
+    Answer answer;
+    std::function<void()> actions;
+  };
+  Step take(bool isBox, const std::string& name, const std::string& text);
+
+  HeadlessDesktop& desktop_;
+  std::deque<Step> steps_;
+};
+
+}  // namespace tolmer::test
