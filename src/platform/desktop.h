@@ -15,9 +15,9 @@ class Window;
 
 // One content in several forms; empty forms are left out.
 struct ClipboardContent {
-  std::string text;  // cells divided by tabs, rows by line feeds
-  std::string html;  // the same as a table for word processors
-  std::string svg;   // a picture; a front end adds a bitmap of it
+  std::string text{};  // cells divided by tabs, rows by line feeds
+  std::string html{};  // the same as a table for word processors
+  std::string svg{};   // a picture; a front end adds a bitmap of it
 };
 
 struct HelpRequest {

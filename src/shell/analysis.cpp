@@ -1,0 +1,35 @@
+#include "shell/analysis.h"
+
+#include "engine/fitted_equation.h"
+#include "engine/pipeline.h"
+
+namespace tolmer {
+
+Analysis::Analysis(AnalysisState& state, Desktop& desktop, DisplaySet& displays,
+                   frmControlPanel& panel)
+    : state_(state), desktop_(desktop), displays_(displays), panel_(panel) {}
+
+void Analysis::RunAnalysis() {
+  RedimAnalysisArrays(state_);
+  ComputeStatistics(state_, desktop_);
+  FitRegression(state_, desktop_);
+  BuildFittedModelText();
+  state_.bDisplaysReady = true;
+  if (!state_.bStartingAnalysis && RestoreInitialDisplays) RestoreInitialDisplays();
+  UpdateAllDisplays();
+  desktop_.doEvents();
+}
+
+void Analysis::BuildFittedModelText() {
+  state_.bDisplaysReady = false;
+  panel_.showModel(fittedEquation(state_));
+  state_.bDisplaysReady = true;
+}
+
+void Analysis::UpdateAllDisplays() {
+  displays_.updateShown();
+  panel_.SaveControlState();
+  panel_.stopFlash();
+}
+
+}  // namespace tolmer

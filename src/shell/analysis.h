@@ -1,0 +1,35 @@
+// From the data and the model in the state to the displays on the screen.
+#pragma once
+
+#include <functional>
+
+#include "platform/desktop.h"
+#include "shell/control_panel.h"
+#include "shell/display_set.h"
+#include "state/analysis_state.h"
+
+namespace tolmer {
+
+class Analysis {
+ public:
+  Analysis(AnalysisState& state, Desktop& desktop, DisplaySet& displays, frmControlPanel& panel);
+
+  // The whole pipeline. Messages of the fit do not stop it: what follows runs on what the arrays
+  // hold.
+  void RunAnalysis();
+  // UpdateDisplay of every display that is shown; nothing is then pending in the panel.
+  void UpdateAllDisplays();
+  // The equation's text and the scatter plots' start selection, into the panel.
+  void BuildFittedModelText();
+
+  // Arranges the start layout again; not called during the first analysis.
+  std::function<void()> RestoreInitialDisplays;
+
+ private:
+  AnalysisState& state_;
+  Desktop& desktop_;
+  DisplaySet& displays_;
+  frmControlPanel& panel_;
+};
+
+}  // namespace tolmer

@@ -1,0 +1,241 @@
+#include "shell/control_panel.h"
+
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "platform/desktop.h"
+
+namespace tolmer {
+
+frmControlPanel::frmControlPanel(Desktop& desktop, AnalysisState& state)
+    : Window(desktop, "frmControlPanel", WindowStyle::child, "Control Panel"),
+      tmrFlashUpdate(desktop.timers(), "tmrFlashUpdate", 500),
+      state_(state) {
+  designSizes();
+  designTexts();
+  wireEvents();
+}
+
+void frmControlPanel::designSizes() {
+  for (Label* label : {&lblYAxisVar, &lblXAxisVar})
+    label->setPlace({0, 0, pixels(210), pixels(18)});
+  for (ComboBox* list : {&cboYAxisVar, &cboXAxisVar})
+    list->setPlace({0, 0, pixels(210), pixels(26)});
+  txtFittedModel.setTop(pixels(22));
+  for (Button* button : {&cmdUpdateGraphs, &cmdChangeModel, &cmdShowNotebook, &cmdChangeDataSource})
+    button->setPlace({0, 0, pixels(126), pixels(30)});
+}
+
+void frmControlPanel::designTexts() {
+  cboYAxisVar.setTip("Name of theoretical model you want to fit.");
+  cmdUpdateGraphs.setTip("Update scatter plots or order plots.");
+  cmdChangeModel.setTip("Change the variables included in your model");
+  cmdShowNotebook.setTip("Return to the Notebook");
+  txtFittedModel.setMultiLine(true);
+  txtFittedModel.setReadOnly(true);
+  txtFittedModel.setAccessibleName("Fitted Model");
+  txtFittedModel.setFont({FontFamily::interface, 14, false});
+}
+
+void frmControlPanel::wireEvents() {
+  QueryUnload = [this](bool& bCancel) {
+    if (!state_.bAllowUnload) bCancel = true;
+  };
+  Resize = [this] {
+    if (!state_.bStartingUp) PositionControls();
+  };
+  cboXAxisVar.Click = [this] { cboXAxisVar_Click(); };
+  cboYAxisVar.Click = [this] { cboYAxisVar_Click(); };
+  cmdUpdateGraphs.Click = [this] { cmdUpdateGraphs_Click(); };
+  cmdChangeModel.Click = [this] {
+    if (changeModel) changeModel();
+  };
+  cmdShowNotebook.Click = [this] {
+    if (showNotebook) showNotebook();
+  };
+  cmdChangeDataSource.Click = [this] {
+    if (changeDataSource) changeDataSource();
+  };
+  tmrFlashUpdate.Tick = [this] { tmrFlashUpdate_Timer(); };
+}
+
+void frmControlPanel::PositionControls() {
+  placeFrames();
+  placeScatterControls();
+  spreadButtons();
+}
+
+void frmControlPanel::placeFrames() {
+  const Twips W = innerWidth();
+  const Twips H = innerHeight();
+  for (Frame* frame : {&fraScatterControls, &fraCurrentModel}) {
+    frame->setWidth(std::max(W - 50, 0.0F));
+    frame->setHeight(std::max(H / 3 - 25, 0.0F));
+    frame->setLeft((W - frame->width()) / 2);
+  }
+  txtFittedModel.setWidth(std::max(fraCurrentModel.width() - 300, 0.0F));
+  txtFittedModel.setHeight(std::max(fraCurrentModel.height() - txtFittedModel.top() - 50, 0.0F));
+  txtFittedModel.setLeft((fraCurrentModel.width() - txtFittedModel.width()) / 2);
+
+  const Twips gap =
+      (H - fraScatterControls.height() - fraCurrentModel.height() - cmdUpdateGraphs.height()) / 4;
+  fraScatterControls.setTop(gap);
+  fraCurrentModel.setTop(fraScatterControls.bottom() + gap);
+}
+
+void frmControlPanel::placeScatterControls() {
+  const Twips gap =
+      (fraScatterControls.height() - lblYAxisVar.height() - cboYAxisVar.height() - 20) / 2;
+  const Twips across = (fraScatterControls.width() - cboYAxisVar.width() - cboXAxisVar.width()) / 3;
+  lblYAxisVar.setLeft(across);
+  cboYAxisVar.setLeft(across);
+  lblXAxisVar.setLeft(cboYAxisVar.right() + across);
+  cboXAxisVar.setLeft(cboYAxisVar.right() + across);
+  for (Label* label : {&lblYAxisVar, &lblXAxisVar}) label->setTop(gap);
+  for (ComboBox* list : {&cboYAxisVar, &cboXAxisVar}) list->setTop(lblYAxisVar.bottom() + 20);
+}
+
+void frmControlPanel::spreadButtons() {
+  const std::array buttons = {&cmdUpdateGraphs, &cmdChangeModel, &cmdShowNotebook,
+                              &cmdChangeDataSource};
+  Twips widths = 0;
+  for (const Button* button : buttons) widths += button->width();
+  const Twips between = (innerWidth() - widths) / 5;
+  const Twips gap = fraScatterControls.top();
+  Twips left = between;
+  for (Button* button : buttons) {
+    button->setLeft(left);
+    button->setTop(fraCurrentModel.bottom() + gap);
+    left = button->right() + between;
+  }
+}
+
+void frmControlPanel::InitializeComboBoxes() {
+  fillList(cboYAxisVar, "Residuals");
+  fillList(cboXAxisVar, "Entry Order");
+  ControlsDisabled();
+}
+
+// The lists differ in their last entry: residuals stand on the Y axis only, the entry order on the
+// X axis only.
+void frmControlPanel::fillList(ComboBox& list, const char* last) {
+  list.clear();
+  for (int i = 0; i <= state_.iNumPredictors; ++i) {
+    const auto column = static_cast<std::size_t>(state_.iModelCol[static_cast<std::size_t>(i) + 1]);
+    list.addItem(state_.tVarName[column]);
+  }
+  list.addItem("Fitted Y");
+  list.addItem(last);
+}
+
+void frmControlPanel::ControlsEnabled() {
+  fraScatterControls.setEnabled(true);
+  fraScatterControls.setCaption("Scatter Plot " + std::to_string(state_.iCurrentPlot));
+  for (Label* label : {&lblYAxisVar, &lblXAxisVar}) label->setEnabled(true);
+  for (ComboBox* list : {&cboYAxisVar, &cboXAxisVar}) list->setEnabled(true);
+  cboXAxisVar.setListIndex(state_.iPlotXVar[plot()]);
+  cboYAxisVar.setListIndex(state_.iPlotYVar[plot()]);
+  cmdUpdateGraphs.setEnabled(true);
+}
+
+void frmControlPanel::ControlsDisabled() {
+  fraScatterControls.setEnabled(false);
+  for (Label* label : {&lblYAxisVar, &lblXAxisVar}) label->setEnabled(false);
+  for (ComboBox* list : {&cboYAxisVar, &cboXAxisVar}) list->setEnabled(false);
+  cmdUpdateGraphs.setEnabled(false);
+}
+
+void frmControlPanel::SaveControlState() {
+  state_.iSavedPlotXVar[plot()] = static_cast<Int16>(cboXAxisVar.listIndex());
+  state_.iSavedPlotYVar[plot()] = static_cast<Int16>(cboYAxisVar.listIndex());
+  state_.bSavedRegressionLine = state_.bShowRegressionLine;
+  state_.bSavedCorrelation = state_.bShowCorrelation;
+  state_.bSavedUseIntercept = state_.bUseIntercept;
+}
+
+void frmControlPanel::CheckUpdateFlash() {
+  const bool bUpToDate = miXChoice[plot()] == state_.iSavedPlotXVar[plot()] &&
+                         miYChoice[plot()] == state_.iSavedPlotYVar[plot()] &&
+                         state_.bShowRegressionLine == state_.bSavedRegressionLine &&
+                         state_.bShowCorrelation == state_.bSavedCorrelation;
+  if (bUpToDate)
+    stopFlash();
+  else
+    FlashUpdate();
+}
+
+void frmControlPanel::FlashUpdate() { tmrFlashUpdate.setEnabled(true); }
+
+void frmControlPanel::stopFlash() {
+  tmrFlashUpdate.setEnabled(false);
+  cmdUpdateGraphs.setBackColour(colours::buttonFace);
+  cmdUpdateGraphs.setForeColour(colours::buttonText);
+}
+
+void frmControlPanel::SetupChangeDataSourceButton() {
+  switch (state_.iDataSource) {
+    case databasePage:
+      cmdChangeDataSource.setCaption("Select &Database");
+      cmdChangeDataSource.setTip("Choose a new database");
+      break;
+    case dataEditor:
+      cmdChangeDataSource.setCaption("&Edit Data");
+      cmdChangeDataSource.setTip("Activate the Data Editor");
+      break;
+    case scenarioExample:
+      cmdChangeDataSource.setCaption("Select &Example");
+      cmdChangeDataSource.setTip("Choose a new example");
+      break;
+    default:
+      // The number follows the colon as the text functions of numbers give it: with a blank for
+      // its sign only where a number is shown alone, so directly here.
+      desktop().messageBox({.title = {},
+                            .text = "Error in SetupChangeDataSourceButton - bad source:" +
+                                    std::to_string(state_.iDataSource)});
+  }
+}
+
+void frmControlPanel::showModel(std::string tEquation) {
+  txtFittedModel.setText(std::move(tEquation));
+  txtFittedModel.setVisible(true);
+  txtFittedModel.setEnabled(true);
+  const Int16 K = state_.iNumPredictors;
+  state_.iCurrentPlot = 1;
+  state_.iPlotXVar = {0, static_cast<Int16>(K + 1), 0, 1};
+  state_.iPlotYVar = {0, static_cast<Int16>(K + 2), static_cast<Int16>(K + 1), 0};
+  state_.iSavedPlotXVar = state_.iPlotXVar;
+  state_.iSavedPlotYVar = state_.iPlotYVar;
+  InitializeComboBoxes();
+  cboXAxisVar.setListIndex(state_.iPlotXVar[1]);
+  cboYAxisVar.setListIndex(state_.iPlotYVar[1]);
+  miXChoice = state_.iPlotXVar;
+  miYChoice = state_.iPlotYVar;
+  SetupChangeDataSourceButton();
+}
+
+void frmControlPanel::cboXAxisVar_Click() {
+  miXChoice[plot()] = static_cast<Int16>(cboXAxisVar.listIndex());
+  if (state_.bDisplaysReady) CheckUpdateFlash();
+}
+
+void frmControlPanel::cboYAxisVar_Click() {
+  miYChoice[plot()] = static_cast<Int16>(cboYAxisVar.listIndex());
+  if (state_.bDisplaysReady) CheckUpdateFlash();
+}
+
+void frmControlPanel::cmdUpdateGraphs_Click() {
+  state_.iPlotXVar[plot()] = static_cast<Int16>(cboXAxisVar.listIndex());
+  state_.iPlotYVar[plot()] = static_cast<Int16>(cboYAxisVar.listIndex());
+  if (updateScatterPlot) updateScatterPlot(state_.iCurrentPlot);
+  SaveControlState();
+  stopFlash();
+}
+
+void frmControlPanel::tmrFlashUpdate_Timer() {
+  const bool bAtRest = cmdUpdateGraphs.backColour() == colours::buttonFace;
+  cmdUpdateGraphs.setBackColour(bAtRest ? colours::red : colours::buttonFace);
+  cmdUpdateGraphs.setForeColour(bAtRest ? colours::white : colours::buttonText);
+}
+
+}  // namespace tolmer

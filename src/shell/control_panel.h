@@ -1,0 +1,79 @@
+// The top right quadrant: the fitted model, the axes of the scatter plot at hand, and the commands.
+#pragma once
+
+#include <array>
+#include <functional>
+
+#include "platform/button.h"
+#include "platform/combo_box.h"
+#include "platform/frame.h"
+#include "platform/label.h"
+#include "platform/text_box.h"
+#include "platform/timer.h"
+#include "platform/window.h"
+#include "state/analysis_state.h"
+
+namespace tolmer {
+
+class frmControlPanel : public Window {
+ public:
+  frmControlPanel(Desktop& desktop, AnalysisState& state);
+
+  // Lays the panel out in its inner size.
+  void PositionControls();
+  // What the plots show now is what they were last updated to.
+  void SaveControlState();
+  // Starts the flashing if a choice is not yet on the plots, and stops it otherwise.
+  void CheckUpdateFlash();
+  // For the scatter plot iCurrentPlot, which has taken the focus.
+  void ControlsEnabled();
+  void ControlsDisabled();
+  void FlashUpdate();
+  // Caption and tool tip by iDataSource; a source that does not exist is told in a message box.
+  void SetupChangeDataSourceButton();
+  // Fills both lists for the model in force and disables them.
+  void InitializeComboBoxes();
+
+  // The fitted equation and the start selection of the scatter plots.
+  void showModel(std::string tEquation);
+  void stopFlash();
+
+  // The panel's commands, carried out by the main flow.
+  std::function<void()> changeModel;
+  std::function<void()> showNotebook;
+  std::function<void()> changeDataSource;
+  std::function<void(int)> updateScatterPlot;  // 1 to 3
+
+  Frame fraScatterControls{this, "fraScatterControls", "Scatter Plot Controls"};
+  Label lblYAxisVar{&fraScatterControls, "lblYAxisVar", "Y Axis Variable"};
+  ComboBox cboYAxisVar{&fraScatterControls, "cboYAxisVar"};
+  Label lblXAxisVar{&fraScatterControls, "lblXAxisVar", "X Axis Variable"};
+  ComboBox cboXAxisVar{&fraScatterControls, "cboXAxisVar"};
+  Frame fraCurrentModel{this, "fraCurrentModel", "Fitted Model"};
+  TextBox txtFittedModel{&fraCurrentModel, "txtFittedModel"};
+  Button cmdUpdateGraphs{this, "cmdUpdateGraphs", "&Update Displays"};
+  Button cmdChangeModel{this, "cmdChangeModel", "&Change Model"};
+  Button cmdShowNotebook{this, "cmdShowNotebook", "Show &Notebook"};
+  Button cmdChangeDataSource{this, "cmdChangeDataSource"};
+  Timer tmrFlashUpdate;
+
+ private:
+  void designSizes();
+  void designTexts();
+  void wireEvents();
+  void fillList(ComboBox& list, const char* last);
+  void placeFrames();
+  void placeScatterControls();
+  void spreadButtons();
+  void cboXAxisVar_Click();
+  void cboYAxisVar_Click();
+  void cmdUpdateGraphs_Click();
+  void tmrFlashUpdate_Timer();
+  std::size_t plot() const { return static_cast<std::size_t>(state_.iCurrentPlot); }
+
+  AnalysisState& state_;
+  std::array<Int16, 4> miXChoice{};
+  std::array<Int16, 4> miYChoice{};
+};
+
+}  // namespace tolmer

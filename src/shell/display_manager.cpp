@@ -1,0 +1,140 @@
+#include "shell/display_manager.h"
+
+#include <array>
+#include <cmath>
+#include <string>
+
+#include "displays/graph_display.h"
+
+namespace tolmer {
+namespace {
+
+struct Place {
+  int iRow;
+  int iCol;
+  int iCategory;
+  int iIndex;
+};
+
+constexpr std::array startLayout = {Place{1, 1, tableDisplays, 1}, Place{2, 1, tableDisplays, 2},
+                                    Place{2, 2, graphDisplays, 1}};
+
+}  // namespace
+
+DisplayManager::DisplayManager(AnalysisState& state, MessagePort& messages, DisplaySet& displays,
+                               mdiReg& frame, frmMenus& menus, frmControlPanel& panel)
+    : state_(state),
+      messages_(messages),
+      displays_(displays),
+      frame_(frame),
+      menus_(menus),
+      panel_(panel) {
+  displays_.created = [this](DisplayWindow& display) { frame_.adopt(display); };
+  frame_.adopt(panel_);
+  for (int iCategory = 1; iCategory <= DisplaySet::lastCategory; ++iCategory)
+    for (int iIndex = 1; iIndex <= DisplaySet::lastIndex; ++iIndex)
+      SetDisplayMenuEnabled(iCategory, iIndex, true);
+}
+
+void DisplayManager::ShowInitialChildren() {
+  InitDisplayTable(state_);
+  state_.sQuadrantWidth = std::floor(frame_.innerWidth() / 2);
+  state_.sQuadrantHeight = std::floor(frame_.innerHeight() / 2);
+  for (const Place& place : startLayout)
+    showInQuadrant(place.iRow, place.iCol, place.iCategory, place.iIndex);
+  PlaceDisplayInQuadrant(panel_, 1, 2);
+  panel_.tmrFlashUpdate.setEnabled(false);
+}
+
+// All quadrants are emptied before the first is filled: a display of the start layout may stand in
+// the place of another.
+void DisplayManager::RestoreInitialDisplays() {
+  const UpdateLock lock(frame_);
+  state_.bAllowUnload = true;
+  for (const Place& place : startLayout) hideOccupant(place.iRow, place.iCol);
+  for (const Place& place : startLayout)
+    showInQuadrant(place.iRow, place.iCol, place.iCategory, place.iIndex);
+  state_.bAllowUnload = false;
+}
+
+void DisplayManager::ShowNewWindow(int iCategory, int iIndex) {
+  if (!DisplaySet::exists(iCategory, iIndex)) {
+    messages_.messageBox({.title = {}, .text = "Error in ShowNewWindow"});
+    return;
+  }
+  Window* current = state_.frmCurrentDisplay;
+  if (!current || current == &panel_ || current->tag().size() != 2 || !current->visible()) return;
+  if (state_.iDisplayState(iCategory, iIndex) == displayShown) return;
+
+  const UpdateLock lock(frame_);
+  if (current->state() == WindowState::maximised) current->setState(WindowState::normal);
+  const int iRow = current->tag()[0] - '0';
+  const int iCol = current->tag()[1] - '0';
+  state_.bAllowUnload = true;
+  hideOccupant(iRow, iCol);
+  showInQuadrant(iRow, iCol, iCategory, iIndex);
+  displays_.display(iCategory, iIndex)->UpdateDisplay();
+  DisableScatterControlsIfNone();
+  state_.bAllowUnload = false;
+}
+
+void DisplayManager::PlaceDisplayInQuadrant(Window& frmDisplay, int iRow, int iCol) {
+  state_.bProcessResize = false;
+  {
+    const UpdateLock lock(frame_);
+    const Twips top = iRow == 1 ? 0 : state_.sQuadrantHeight;
+    const Twips left = iCol == 1 ? 0 : state_.sQuadrantWidth;
+    quadrant(iRow, iCol).frmDisplay = &frmDisplay;
+    frmDisplay.setPlace({left, top, state_.sQuadrantWidth, state_.sQuadrantHeight});
+    frmDisplay.setTag(std::to_string(iRow) + std::to_string(iCol));
+    if (auto* graph = dynamic_cast<GraphDisplay*>(&frmDisplay))
+      graph->FitGraphToForm();
+    else if (auto* display = dynamic_cast<DisplayWindow*>(&frmDisplay))
+      display->PositionControls();
+    else if (&frmDisplay == &panel_)
+      panel_.PositionControls();
+    frmDisplay.show();
+  }
+  state_.bProcessResize = true;
+}
+
+void DisplayManager::SetQuadrantEntry(int iRow, int iCol, int iCategory, int iIndex) {
+  quadrant(iRow, iCol).iCategory = static_cast<Int16>(iCategory);
+  quadrant(iRow, iCol).iIndex = static_cast<Int16>(iIndex);
+}
+
+void DisplayManager::SetDisplayMenuEnabled(int iCategory, int iIndex, bool bEnabled) {
+  const bool enabled = bEnabled && DisplaySet::exists(iCategory, iIndex);
+  for (DisplayMenu* menu : {&frame_.displays, &menus_.displays})
+    if (MenuItem* entry = menu->entry(iCategory, iIndex)) entry->setEnabled(enabled);
+}
+
+void DisplayManager::DisableScatterControlsIfNone() {
+  for (int iIndex = 1; iIndex <= 3; ++iIndex)
+    if (state_.iDisplayState(scatterDisplays, iIndex) == displayShown) return;
+  panel_.ControlsDisabled();
+}
+
+void DisplayManager::showInQuadrant(int iRow, int iCol, int iCategory, int iIndex) {
+  state_.iDisplayState(iCategory, iIndex) = displayShown;
+  PlaceDisplayInQuadrant(*displays_.display(iCategory, iIndex), iRow, iCol);
+  SetQuadrantEntry(iRow, iCol, iCategory, iIndex);
+  SetDisplayMenuEnabled(iCategory, iIndex, false);
+}
+
+void DisplayManager::hideOccupant(int iRow, int iCol) {
+  const Quadrant& place = quadrant(iRow, iCol);
+  if (place.frmDisplay) {
+    if (place.frmDisplay->state() == WindowState::maximised)
+      place.frmDisplay->setState(WindowState::normal);
+    place.frmDisplay->hide();
+  }
+  state_.iDisplayState(place.iCategory, place.iIndex) = displayHidden;
+  SetDisplayMenuEnabled(place.iCategory, place.iIndex, true);
+}
+
+Quadrant& DisplayManager::quadrant(int iRow, int iCol) {
+  return state_.uQuadrant.at(static_cast<std::size_t>(iRow)).at(static_cast<std::size_t>(iCol));
+}
+
+}  // namespace tolmer

@@ -1,0 +1,46 @@
+// What stands in the four quadrants of the frame, and how the menus change it.
+#pragma once
+
+#include "displays/display_window.h"
+#include "shell/control_panel.h"
+#include "shell/display_set.h"
+#include "shell/main_frame.h"
+#include "shell/popup_menu.h"
+
+namespace tolmer {
+
+class DisplayManager {
+ public:
+  DisplayManager(AnalysisState& state, MessagePort& messages, DisplaySet& displays, mdiReg& frame,
+                 frmMenus& menus, frmControlPanel& panel);
+
+  // The start layout: coefficients, ANOVA, residual histogram and the control panel.
+  void ShowInitialChildren();
+  // The start layout again, after the data have changed.
+  void RestoreInitialDisplays();
+  // Replaces the display in the quadrant of frmCurrentDisplay. The control panel cannot be
+  // replaced, and a display that stands in a quadrant cannot stand in a second one: either
+  // changes nothing.
+  void ShowNewWindow(int iCategory, int iIndex);
+
+  // Sizes and places one child of the frame in quadrant row iRow, column iCol (1 or 2).
+  void PlaceDisplayInQuadrant(Window& frmDisplay, int iRow, int iCol);
+  void SetQuadrantEntry(int iRow, int iCol, int iCategory, int iIndex);
+  // In both menus. The entry of a display that this release does not have stays disabled.
+  void SetDisplayMenuEnabled(int iCategory, int iIndex, bool bEnabled);
+  void DisableScatterControlsIfNone();
+
+ private:
+  void showInQuadrant(int iRow, int iCol, int iCategory, int iIndex);
+  void hideOccupant(int iRow, int iCol);
+  Quadrant& quadrant(int iRow, int iCol);
+
+  AnalysisState& state_;
+  MessagePort& messages_;
+  DisplaySet& displays_;
+  mdiReg& frame_;
+  frmMenus& menus_;
+  frmControlPanel& panel_;
+};
+
+}  // namespace tolmer

@@ -1,0 +1,18 @@
+#pragma once
+
+#include "platform/panel.h"
+#include "platform/window.h"
+
+namespace tolmer {
+
+// The curtain over the whole screen while the notebook is at work before the first analysis.
+class frmHider : public Window {
+ public:
+  explicit frmHider(Desktop& desktop);
+  // Over the whole screen, and shown.
+  void cover();
+
+  Panel pnlHider{this, "pnlHider"};
+};
+
+}  // namespace tolmer

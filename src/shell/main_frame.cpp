@@ -1,0 +1,42 @@
+#include "shell/main_frame.h"
+
+namespace tolmer {
+namespace {
+
+constexpr DisplayMenuCaptions captions = {
+    {"&Residual Histogram", "Residual &Standardized Histogram", "Residual &Normality Plot",
+     "&VIF Chart"},
+    {"&Estimated Coefficients", "&ANOVA Calculations", "&Residual List", "&Data List",
+     "&Correlation Matrix", "Descriptive &Statistics"},
+    "mnuScatterList"};
+
+}  // namespace
+
+mdiReg::mdiReg(Desktop& desktop)
+    : FrameWindow(desktop, "mdiReg", "Tolmer Analysis"),
+      displays(mnuWindow, captions),
+      mnuOptions(&menu, "mnuOptions", "&Options"),
+      mnuShowRegression(&mnuOptions, "mnuShowRegression",
+                        "Display &Regression Line on Scatterplots"),
+      mnuShowCorrelation(&mnuOptions, "mnuShowCorrelation", "Display &Correlation on Scatterplots"),
+      mnuHelp(&menu, "mnuHelp", "&Help"),
+      mnuHelpContents(&mnuHelp, "mnuHelpContents", "&Contents"),
+      mnuHelpHint(&mnuHelp, "mnuHelpHint", "Show &Hint..."),
+      mnuHelpSearch(&mnuHelp, "mnuHelpSearch", "&Search for Help on..."),
+      mnuHelpUsingHelp(&mnuHelp, "mnuHelpUsingHelp", "&Using Help"),
+      mnuHelpBar1(&mnuHelp, "mnuHelpBar1", "-"),
+      mnuHelpAbout(&mnuHelp, "mnuHelpAbout", "&About...") {
+  mnuShowRegression.setCheckable(true);
+  mnuShowCorrelation.setCheckable(true);
+  setMenuBar(&menu);
+  setState(WindowState::maximised);
+  Resize = [this] { MDIForm_Resize(); };
+}
+
+// The frame can be minimised and maximised and never stays in a normal size: the sizes of the
+// quadrants are computed once.
+void mdiReg::MDIForm_Resize() {
+  if (mbProcessMainResize && state() == WindowState::normal) setState(WindowState::maximised);
+}
+
+}  // namespace tolmer

@@ -1,0 +1,46 @@
+// The main window: a maximised frame around the quadrants, with the program's menu.
+#pragma once
+
+#include "platform/window.h"
+#include "shell/display_menu.h"
+
+namespace tolmer {
+
+// The handlers of its menu are set by those who carry the commands out.
+class mdiReg : public FrameWindow {
+ public:
+  explicit mdiReg(Desktop& desktop);
+
+  // False while the frame is first being shown: its size is no command to anybody then.
+  bool mbProcessMainResize = false;
+
+  MenuItem menu{nullptr, "menu"};
+
+  MenuItem mnuFile{&menu, "mnuFile", "&File"};
+  MenuItem mnuFileZM{&mnuFile, "mnuFileZM", "Return to Z&M Menu"};
+  MenuItem mnuFileWorktext{&mnuFile, "mnuFileWorktext", "View &Worktext"};
+  MenuItem mnuFileExit{&mnuFile, "mnuFileExit", "E&xit"};
+
+  MenuItem mnuEdit{&menu, "mnuEdit", "&Edit"};
+  MenuItem mnuEditCopy{&mnuEdit, "mnuEditCopy", "&Copy"};
+
+  MenuItem mnuWindow{&menu, "mnuWindow", "&Displays"};
+  DisplayMenu displays;
+
+  MenuItem mnuOptions;
+  MenuItem mnuShowRegression;
+  MenuItem mnuShowCorrelation;
+
+  MenuItem mnuHelp;
+  MenuItem mnuHelpContents;
+  MenuItem mnuHelpHint;
+  MenuItem mnuHelpSearch;
+  MenuItem mnuHelpUsingHelp;
+  MenuItem mnuHelpBar1;
+  MenuItem mnuHelpAbout;
+
+ private:
+  void MDIForm_Resize();
+};
+
+}  // namespace tolmer
