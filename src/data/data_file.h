@@ -1,0 +1,20 @@
+// The two text files of a data set.
+#pragma once
+
+#include "base/message_box.h"
+#include "data/working_copy.h"
+
+namespace tolmer {
+
+// Reads mtDataFileName: where mbLabeledData the heading of the label column, then miNumCols names,
+// then miNumCases records of a label (where mbLabeledData) and miNumCols numbers. The reader counts
+// fields, lines mean nothing to it, and what follows the last field is not read. The arrays must
+// have been dimensioned. A file that cannot be read, ends early or has text in a number's place is
+// reported in a message box; what was read before that stays.
+void ReadNewData(WorkingCopy& copy, MessagePort& messages);
+
+// Reads mtDataFileInfoName: line 1 into otVarInfo(0), line i+1 into otVarInfo(i), as they stand.
+// Failures as above. Only for a data set with mbInfoAvailable.
+void ReadVarInfo(WorkingCopy& copy, MessagePort& messages);
+
+}  // namespace tolmer

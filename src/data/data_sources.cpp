@@ -1,0 +1,127 @@
+#include "data/data_sources.h"
+
+#include <functional>
+#include <utility>
+
+#include "base/paths.h"
+#include "data/data_file.h"
+#include "data/scenario_parameters.h"
+
+namespace tolmer {
+namespace {
+
+using Parameter = std::function<std::string(int)>;
+
+void reportFaults(const std::string& faults, MessagePort& messages) {
+  if (faults.empty()) return;
+  messages.messageBox({"Error", "The course's entry for this data set is faulty. " + faults,
+                       MessageIcon::exclamation, MessageButtons::ok});
+}
+
+void clearModel(WorkingCopy& copy) {
+  copy.miDepVarCol = 0;
+  copy.mbDepVarSpecified = false;
+  copy.miNumPredictors = 0;
+}
+
+// Files and sizes of a scenario's data set, and its dependent variable where it is an example.
+void takeParameters(WorkingCopy& copy, const Parameter& parameter, bool isExample,
+                    const std::string& programFolder, MessagePort& messages) {
+  const ScenarioParameters parameters = scenarioParameters(parameter, isExample);
+  reportFaults(parameters.faults, messages);
+  copy.mtDataFileName = dataFileName(programFolder, parameters.dataFile);
+  copy.mtDataFileInfoName = dataFileName(programFolder, parameters.infoFile);
+  copy.mbInfoAvailable = parameters.infoAvailable;
+  copy.mbLabeledData = parameters.labeledData;
+  copy.miNumCases = parameters.numCases;
+  copy.miNumCols = parameters.numCols;
+  copy.miDepVarCol = parameters.depVarCol;
+}
+
+void loadExample(WorkingCopy& copy, const Parameter& parameter, const std::string& programFolder,
+                 MessagePort& messages) {
+  takeParameters(copy, parameter, true, programFolder, messages);
+  copy.mbDepVarSpecified = copy.miDepVarCol > 0;
+  copy.miNumPredictors = static_cast<Int16>(copy.miNumCols - 1);
+  DimensionModelDesignerArrays(copy);
+  ReadNewData(copy, messages);
+  for (int col = 1; col <= copy.miNumCols; ++col) copy.obIsIndepVar(col) = col != copy.miDepVarCol;
+  // miNumPredictors stays as told above even where the dependent variable is at fault.
+  listIndepVars(copy);
+}
+
+bool copyVariable(WorkingCopy& copy, const EditorData& editor, int iVar, int col) {
+  bool hasValues = false;
+  for (int i = 1; i <= copy.miNumCases; ++i) {
+    const float value = static_cast<float>(editor.DataValue(iVar, i));
+    copy.osData(i, col) = value;
+    hasValues = hasValues || value != 0.0F;
+  }
+  return hasValues;
+}
+
+// Cuts the data down to the columns in use, keeping them, and makes the other arrays anew.
+void shrinkColumns(WorkingCopy& copy) {
+  Matrix<float> used(copy.miNumCases, copy.miNumCols);
+  for (int i = 0; i <= copy.miNumCases; ++i)
+    for (int j = 0; j <= copy.miNumCols; ++j) used(i, j) = copy.osData(i, j);
+  copy.osData = std::move(used);
+  copy.otColName.redimPreserve(copy.miNumCols);
+  copy.otVarInfo.redim(copy.miNumCols);
+  copy.oiVarCol.redim(copy.miNumCols + 1);
+  copy.obIsIndepVar.redim(copy.miNumCols);
+  copy.oiIndepVarCol.redim(copy.miNumCols);
+}
+
+}  // namespace
+
+std::string dataFileName(const std::string& programFolder, const std::string& tParameter) {
+  return hostPath(tRemoveBackSlash(tParentFolder(tRemoveBackSlash(coursePath(programFolder)))) +
+                  tParameter);
+}
+
+void LoadDefaultExample(WorkingCopy& copy, const ScenarioSource& scenarios,
+                        const std::string& programFolder, MessagePort& messages) {
+  loadExample(
+      copy, [&](int iIndex) { return scenarios.DefaultScenarioParameter(iIndex); }, programFolder,
+      messages);
+}
+
+void LoadNewExample(WorkingCopy& copy, const ScenarioSource& scenarios,
+                    const std::string& programFolder, MessagePort& messages) {
+  loadExample(
+      copy, [&](int iIndex) { return scenarios.LastScenarioParameter(iIndex); }, programFolder,
+      messages);
+}
+
+void LoadNewDatabase(WorkingCopy& copy, const ScenarioSource& scenarios,
+                     const std::string& programFolder, MessagePort& messages) {
+  takeParameters(
+      copy, [&](int iIndex) { return scenarios.LastScenarioParameter(iIndex); }, false,
+      programFolder, messages);
+  clearModel(copy);
+  DimensionModelDesignerArrays(copy);
+  ReadNewData(copy, messages);
+}
+
+void LoadFromDataEditor(WorkingCopy& copy, const EditorData& editor) {
+  copy.mtDataFileName = "None";
+  copy.mtDataFileInfoName = "None";
+  copy.mbInfoAvailable = false;
+  copy.mbLabeledData = editor.DataLabelsEntered();
+  copy.miNumCases = editor.CompleteObservations();
+  copy.miNumCols = EditorData::numberVariables;
+  clearModel(copy);
+  DimensionModelDesignerArrays(copy);
+  setInterceptColumn(copy);
+  for (int i = 1; i <= copy.miNumCases; ++i)
+    copy.otCaseLabel(i) = copy.mbLabeledData ? editor.DataLabel(i) : std::to_string(i);
+
+  Int16 used = 0;
+  for (int v = 1; v <= EditorData::numberVariables; ++v)
+    if (copyVariable(copy, editor, v, used + 1)) copy.otColName(++used) = editor.VarHeader(v);
+  copy.miNumCols = used;
+  shrinkColumns(copy);
+}
+
+}  // namespace tolmer

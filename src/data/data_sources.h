@@ -1,0 +1,61 @@
+// Where a data set comes from: a scenario of the notebook (example or database) or the data editor.
+// Each loader fills the working copy anew and leaves it complete.
+#pragma once
+
+#include <string>
+
+#include "base/message_box.h"
+#include "data/working_copy.h"
+
+namespace tolmer {
+
+// The notebook as the loaders see it. Parameters count from 1:
+//   1 data text file         2 variable-information file  (below the parent of the program's
+//   folder) 3 information file exists           4 cases have labels 5 number of cases   6 number of
+//   variables   7 column of the dependent variable
+class ScenarioSource {
+ public:
+  virtual ~ScenarioSource() = default;
+  virtual std::string LastScenarioParameter(int iIndex) const = 0;
+  virtual std::string DefaultScenarioParameter(int iIndex) const = 0;
+};
+
+// The data editor as the loaders and the designer see it. Variables and observations count from 1;
+// only complete observations are counted and handed out.
+class EditorData {
+ public:
+  static constexpr Int16 numberVariables = 50;
+
+  virtual ~EditorData() = default;
+  virtual Int16 CompleteObservations() const = 0;
+  virtual bool DataLabelsEntered() const = 0;
+  virtual std::string DataLabel(int iOb) const = 0;
+  virtual double DataValue(int iVar, int iOb) const = 0;
+  virtual std::string VarHeader(int iVarNum) const = 0;
+  virtual bool UserCancel() const = 0;
+  // Shows the editor and returns when the student has left it.
+  virtual void ShowDataEditor() = 0;
+};
+
+// A scenario's file name: the parent of the program's folder, the parameter as it stands behind it,
+// both in the host's spelling.
+std::string dataFileName(const std::string& programFolder, const std::string& tParameter);
+
+// An example comes with a complete model: the dependent variable is told, all other columns are
+// predictors. A parameter that is no number, or lies outside what a data set can have, is reported
+// in a message box that names it and counts as 0 or False.
+void LoadDefaultExample(WorkingCopy& copy, const ScenarioSource& scenarios,
+                        const std::string& programFolder, MessagePort& messages);
+void LoadNewExample(WorkingCopy& copy, const ScenarioSource& scenarios,
+                    const std::string& programFolder, MessagePort& messages);
+
+// A database comes without a model.
+void LoadNewDatabase(WorkingCopy& copy, const ScenarioSource& scenarios,
+                     const std::string& programFolder, MessagePort& messages);
+
+// The editor's complete observations, without a model. A variable whose values are all zero is left
+// out and the next ones move left. Labels not typed are the case numbers. mtLabelColName keeps
+// what it held.
+void LoadFromDataEditor(WorkingCopy& copy, const EditorData& editor);
+
+}  // namespace tolmer

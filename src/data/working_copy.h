@@ -1,0 +1,49 @@
+// The data set and the model as the model designer holds them while it is open. Nothing here is
+// shared: the analysis state changes only when a model is accepted.
+#pragma once
+
+#include <string>
+
+#include "data/indexed_array.h"
+#include "state/analysis_state.h"
+#include "state/matrix.h"
+
+namespace tolmer {
+
+// Cases and columns count from 1. Element 0 of an array is empty unless its line says otherwise.
+struct WorkingCopy {
+  Int16 miNumCases = 0;
+  Int16 miNumCols = 0;             // variables; the intercept column is not counted
+  std::string mtDataFileName;      // the host's full name; "None" for data of the editor
+  std::string mtDataFileInfoName;  // likewise
+  bool mbLabeledData = false;      // every case has a label
+  bool mbInfoAvailable = false;    // there is a variable-information file
+  std::string mtLabelColName;      // heading of the label column
+  Int16 miNumPredictors = 0;
+  Int16 miDepVarCol = 0;                // 0 for none
+  bool mbModelHasChanged = false;       // result of CheckForChanges
+  bool mbModelOK = false;               // result of CheckModelSpec
+  bool mbDepVarSpecified = false;       // a dependent variable is shown and counts
+  std::string mtErrorMessage;           // result of CheckModelSpec
+  bool mbUseIntercept = false;          // as the check box stood when OK was pressed
+  bool mbNewDepVarOK = false;           // result of the last SpecifyDepVar
+  Matrix<float> osData;                 // (0..miNumCases, 0..miNumCols); column 0 is the constant 1
+  IndexedArray<std::string> otColName;  // (0..miNumCols); element 0 is "Intercept"
+  IndexedArray<std::string> otCaseLabel;  // (0..miNumCases)
+  IndexedArray<std::string> otVarInfo;    // (0..miNumCols); element 0 is the data set's comment
+  IndexedArray<Int16> oiVarCol;           // (0..miNumCols+1); dimensioned with the others, unused
+  IndexedArray<bool> obIsIndepVar;        // (0..miNumCols)
+  IndexedArray<Int16> oiIndepVarCol;      // (0..miNumCols); 1..miNumPredictors, ascending
+};
+
+// Gives all arrays the bounds of miNumCases and miNumCols; their contents are lost.
+void DimensionModelDesignerArrays(WorkingCopy& copy);
+
+// The name of the intercept and its column of ones, in the cases from 1.
+void setInterceptColumn(WorkingCopy& copy);
+
+// Numbers the columns marked in obIsIndepVar into oiIndepVarCol, ascending, and returns how many
+// there are. The marks are the master; miNumPredictors is left to the caller.
+Int16 listIndepVars(WorkingCopy& copy);
+
+}  // namespace tolmer

@@ -1,0 +1,139 @@
+#include "data/data_file.h"
+
+#include "course_folder.h"
+#include "platform/headless/headless_desktop.h"
+
+namespace tolmer {
+namespace {
+
+using test::CourseFolder;
+using ::testing::ElementsAre;
+
+class DataFile : public testing::Test {
+ protected:
+  WorkingCopy sized(Int16 cases, Int16 cols, bool labeled) const {
+    WorkingCopy copy;
+    copy.miNumCases = cases;
+    copy.miNumCols = cols;
+    copy.mbLabeledData = labeled;
+    DimensionModelDesignerArrays(copy);
+    return copy;
+  }
+  WorkingCopy readData(std::string_view bytes, Int16 cases, Int16 cols, bool labeled) {
+    WorkingCopy copy = sized(cases, cols, labeled);
+    copy.mtDataFileName = folder.write("set.csv", bytes);
+    ReadNewData(copy, desktop);
+    return copy;
+  }
+  WorkingCopy readInfo(std::string_view bytes, Int16 cols) {
+    WorkingCopy copy = sized(1, cols, false);
+    copy.mtDataFileInfoName = folder.write("set.inf", bytes);
+    ReadVarInfo(copy, desktop);
+    return copy;
+  }
+  // One box that names the file, and nothing else.
+  void expectProblemWith(const std::string& name) {
+    ASSERT_EQ(desktop.boxes().size(), 1U);
+    const MessageBox& box = desktop.boxes()[0].box;
+    EXPECT_EQ(box.title, "Error");
+    EXPECT_EQ(box.text, "Problem with file " + folder.file(name) + ". Check file and path.");
+    EXPECT_EQ(box.icon, MessageIcon::exclamation);
+    EXPECT_EQ(box.buttons, MessageButtons::ok);
+  }
+
+  CourseFolder folder;
+  HeadlessDesktop desktop;
+};
+
+TEST_F(DataFile, LabelledSetWithQuotesAndWindowsLineEnds) {
+  const auto copy = readData(
+      "\"Town, county\",Rent,\"Room size\"\r\n\"Aarau, AG\",1.5,-2\r\nBern (old town),+3e2,\r\n", 2,
+      2, true);
+  EXPECT_TRUE(desktop.boxes().empty());
+  EXPECT_EQ(copy.mtLabelColName, "Town, county");
+  EXPECT_THAT(copy.otColName.values(), ElementsAre("Intercept", "Rent", "Room size"));
+  EXPECT_THAT(copy.otCaseLabel.values(), ElementsAre("", "Aarau, AG", "Bern (old town)"));
+  EXPECT_EQ(copy.osData(1, 1), 1.5F);
+  EXPECT_EQ(copy.osData(1, 2), -2.0F);
+  EXPECT_EQ(copy.osData(2, 1), 300.0F);
+  EXPECT_EQ(copy.osData(2, 2), 0.0F);  // an empty field
+  EXPECT_EQ(copy.osData(2, 0), 1.0F);  // the intercept's column
+  EXPECT_EQ(copy.osData(0, 0), 0.0F);  // row 0 is never filled
+}
+
+TEST_F(DataFile, FieldsAreCountedWhateverTheLines) {
+  const auto split = readData("A\nB\n1,2 3\n4 and more that is not read", 2, 2, false);
+  EXPECT_TRUE(desktop.boxes().empty());
+  EXPECT_EQ(split.osData(1, 2), 2.0F);
+  EXPECT_EQ(split.osData(2, 2), 4.0F);
+  EXPECT_THAT(split.otCaseLabel.values(), ElementsAre("", "", ""));
+}
+
+TEST_F(DataFile, ValuesAreRoundedOnceToSingle) {
+  // Halfway between two singles but for its last digit; through a double it would round down.
+  const auto copy = readData("A\n1.00000005960464477540000001\n", 1, 1, false);
+  EXPECT_EQ(copy.osData(1, 1), 1.00000012F);
+}
+
+TEST_F(DataFile, MissingFileLeavesTheEmptySetWithItsIntercept) {
+  WorkingCopy copy = sized(2, 1, false);
+  copy.mtDataFileName = folder.file("nowhere.csv");
+  ReadNewData(copy, desktop);
+  expectProblemWith("nowhere.csv");
+  EXPECT_EQ(copy.otColName(0), "Intercept");
+  EXPECT_EQ(copy.osData(2, 0), 1.0F);
+}
+
+TEST_F(DataFile, FaultInTheMiddleKeepsWhatWasReadBefore) {
+  const auto copy = readData("A,B\n1,2\n3,x\n5,6\n", 3, 2, false);
+  expectProblemWith("set.csv");
+  EXPECT_EQ(copy.osData(2, 1), 3.0F);
+  EXPECT_EQ(copy.osData(2, 2), 0.0F);
+  EXPECT_EQ(copy.osData(3, 1), 0.0F);
+}
+
+TEST_F(DataFile, CountsThatLieInEitherDirection) {
+  const auto shorter = readData("A,B\n1,2\n3,4\n5,6\n", 2, 2, false);
+  EXPECT_TRUE(desktop.boxes().empty());
+  EXPECT_EQ(shorter.osData(2, 2), 4.0F);
+  readData("A,B\n1,2\n3,4\n", 3, 2, false);
+  expectProblemWith("set.csv");
+}
+
+TEST_F(DataFile, OneNameTooFewShiftsTheFieldsUnnoticed) {
+  const auto copy = readData("A\n1,2\n3,4\n5\n", 2, 2, false);
+  EXPECT_TRUE(desktop.boxes().empty());
+  EXPECT_EQ(copy.otColName(2), "1");
+  EXPECT_EQ(copy.osData(1, 1), 2.0F);
+}
+
+TEST_F(DataFile, EveryTruncationIsEitherWholeOrReported) {
+  const std::string whole = "\"L a\",A,B\n\"x\",1,2\ny,3,4\n";
+  for (std::size_t length = 0; length <= whole.size(); ++length) {
+    const auto before = desktop.boxes().size();
+    const auto copy = readData(whole.substr(0, length), 2, 2, true);
+    if (desktop.boxes().size() == before) {
+      EXPECT_GE(length, whole.size() - 2) << length;  // at most "4" and the line end are missing
+    }
+    EXPECT_EQ(copy.otColName(0), "Intercept");
+  }
+}
+
+TEST_F(DataFile, InformationIsTakenLineByLineAsItStands) {
+  const auto copy = readInfo(" Rents, 1990\n\"net\" rent, in francs\r\n\nnot read\n", 2);
+  EXPECT_TRUE(desktop.boxes().empty());
+  EXPECT_THAT(copy.otVarInfo.values(), ElementsAre(" Rents, 1990", "\"net\" rent, in francs", ""));
+}
+
+TEST_F(DataFile, InformationOfAnOlderEncoding) {
+  EXPECT_EQ(readInfo("caf\xE9 \x80\n", 0).otVarInfo(0), "café €");
+}
+
+TEST_F(DataFile, ShortInformationKeepsTheDefinitionsReadSoFar) {
+  const auto copy = readInfo("comment\nfirst", 2);
+  expectProblemWith("set.inf");
+  EXPECT_THAT(copy.otVarInfo.values(), ElementsAre("comment", "first", ""));
+}
+
+}  // namespace
+}  // namespace tolmer

@@ -1,0 +1,138 @@
+#include "data/model_check.h"
+
+#include <functional>
+
+#include "data/model_transfer.h"
+
+namespace tolmer {
+namespace {
+
+// Four labelled cases of three variables; the second on the other two.
+WorkingCopy rents() {
+  WorkingCopy copy;
+  copy.miNumCases = 4;
+  copy.miNumCols = 3;
+  copy.mtDataFileName = "rent.csv";
+  copy.mtDataFileInfoName = "rent.inf";
+  copy.mbLabeledData = copy.mbInfoAvailable = copy.mbUseIntercept = true;
+  copy.mtLabelColName = "Town";
+  DimensionModelDesignerArrays(copy);
+  setInterceptColumn(copy);
+  copy.otColName.setValues({"Intercept", "Size", "Rent", "Age"});
+  copy.otCaseLabel.setValues({"", "Aarau", "Bern", "Chur", "Davos"});
+  copy.otVarInfo.setValues({"Rents of flats", "rooms", "francs", "years"});
+  for (int i = 1; i <= 4; ++i)
+    for (int j = 1; j <= 3; ++j) copy.osData(i, j) = static_cast<float>(i * j);
+  copy.miDepVarCol = 2;
+  copy.mbDepVarSpecified = true;
+  copy.obIsIndepVar(1) = copy.obIsIndepVar(3) = true;
+  copy.miNumPredictors = listIndepVars(copy);
+  return copy;
+}
+
+bool changed(const WorkingCopy& accepted, WorkingCopy now) {
+  AnalysisState state;
+  CopyModuleVarsToGlobal(accepted, state);
+  CheckForChanges(now, state);
+  return now.mbModelHasChanged;
+}
+
+TEST(ModelCheck, WhatCountsAsAChange) {
+  const std::vector<std::function<void(WorkingCopy&)>> changes = {
+      [](WorkingCopy& copy) { copy.mbUseIntercept = false; },
+      [](WorkingCopy& copy) { copy.miNumCases = 3; },
+      [](WorkingCopy& copy) { copy.miNumCols = 2; },
+      [](WorkingCopy& copy) { copy.mtDataFileName = "other.csv"; },
+      [](WorkingCopy& copy) { copy.mtDataFileInfoName = "other.inf"; },
+      [](WorkingCopy& copy) { copy.mbLabeledData = false; },
+      [](WorkingCopy& copy) { copy.mbInfoAvailable = false; },
+      [](WorkingCopy& copy) { copy.mtLabelColName = "City"; },
+      [](WorkingCopy& copy) { copy.miNumPredictors = 1; },
+      [](WorkingCopy& copy) { copy.miDepVarCol = 0; },
+      [](WorkingCopy& copy) { copy.oiIndepVarCol(2) = 2; },
+      [](WorkingCopy& copy) { copy.otCaseLabel(4) = "Dornach"; },
+      [](WorkingCopy& copy) { copy.osData(4, 3) += 1e-6F; }};
+  const WorkingCopy accepted = rents();
+  EXPECT_FALSE(changed(accepted, accepted));
+  for (std::size_t i = 0; i < changes.size(); ++i) {
+    WorkingCopy now = accepted;
+    changes[i](now);
+    EXPECT_TRUE(changed(accepted, now)) << "change " << i;
+  }
+}
+
+TEST(ModelCheck, NamesAndDefinitionsAreNoChange) {
+  WorkingCopy accepted = rents();
+  WorkingCopy now = accepted;
+  now.otColName(1) = "Rooms";
+  now.otVarInfo(1) = "number of rooms";
+  EXPECT_FALSE(changed(accepted, now));
+  // Labels count only while the data set has any of its own.
+  accepted.mbLabeledData = now.mbLabeledData = false;
+  now.otCaseLabel(1) = "1";
+  EXPECT_FALSE(changed(accepted, now));
+}
+
+TEST(ModelCheck, NothingAgainstNothingIsNoChange) {
+  WorkingCopy copy;
+  CheckForChanges(copy, AnalysisState());
+  EXPECT_FALSE(copy.mbModelHasChanged);
+}
+
+TEST(ModelCheck, EverySentenceInItsOrder) {
+  const std::string noDependent = "No dependent variable was named. ";
+  const std::string noPredictor = "You need at least one independent variable. ";
+  const std::string fewCases = "Sample size is too small for meaningful analysis. ";
+  const std::string manyVariables = "Too many variables for this sample size. ";
+  struct Case {
+    bool dependent;
+    Int16 predictors;
+    Int16 cases;
+    std::string text;
+  };
+  for (const Case& test :
+       {Case{true, 1, 3, ""}, Case{true, 2, 3, manyVariables},
+        Case{true, 1, 2, fewCases + manyVariables}, Case{false, 1, 9, noDependent},
+        Case{true, 0, 9, noPredictor}, Case{true, -1, 9, noPredictor},
+        Case{false, 0, 2, noDependent + noPredictor + fewCases},
+        Case{false, 0, 1, noDependent + noPredictor + fewCases + manyVariables}}) {
+    WorkingCopy copy;
+    copy.mbDepVarSpecified = test.dependent;
+    copy.miNumPredictors = test.predictors;
+    copy.miNumCases = test.cases;
+    CheckModelSpec(copy);
+    EXPECT_EQ(copy.mtErrorMessage, test.text);
+    EXPECT_EQ(copy.mbModelOK, test.text.empty());
+    EXPECT_FALSE(copy.mbUseIntercept);  // degrees of freedom count it all the same
+  }
+}
+
+TEST(ModelTransfer, ThereAndBackIsTheSameModel) {
+  const WorkingCopy copy = rents();
+  AnalysisState state;
+  CopyModuleVarsToGlobal(copy, state);
+  EXPECT_TRUE(state.bModelHasChanged);
+  EXPECT_THAT(state.iModelCol, testing::ElementsAre(0, 2, 1, 3, 0));
+  EXPECT_THAT(state.tVarName, testing::ElementsAre("Intercept", "Size", "Rent", "Age"));
+  EXPECT_THAT(state.tVarDesc, testing::ElementsAre("Rents of flats", "rooms", "francs", "years"));
+  EXPECT_EQ(state.sData, copy.osData);
+
+  WorkingCopy back;
+  CopyGlobalVarsToModule(back, state);
+  EXPECT_TRUE(back.mbDepVarSpecified);
+  EXPECT_EQ(back.otCaseLabel.values(), copy.otCaseLabel.values());
+  EXPECT_EQ(back.obIsIndepVar.values(), copy.obIsIndepVar.values());
+  EXPECT_EQ(back.otVarInfo.values(), copy.otVarInfo.values());
+  EXPECT_FALSE(changed(copy, back));
+}
+
+TEST(ModelTransfer, DefinitionsGoAlongOnlyWhereThereAreAny) {
+  WorkingCopy copy = rents();
+  copy.mbInfoAvailable = false;
+  AnalysisState state;
+  CopyModuleVarsToGlobal(copy, state);
+  EXPECT_THAT(state.tVarDesc, testing::ElementsAre("", "", "", ""));
+}
+
+}  // namespace
+}  // namespace tolmer
