@@ -16,6 +16,10 @@ class TabBook : public Container {
   ControlKind kind() const override { return ControlKind::tabBook; }
   bool takesFocus() const override { return true; }
 
+  // The tabs stand along the upper edge and take this much of the height; the page is the rest, and
+  // children that belong on it start below.
+  static constexpr Twips tabHeight = pixels(34);
+
   struct Tab {
     std::string caption;
     int pageMax = 0;  // index of the last page

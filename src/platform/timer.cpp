@@ -27,7 +27,8 @@ void TimerQueue::advanceTo(std::int64_t time) {
 }
 
 void TimerQueue::start(Timer& timer) {
-  entries_.push_back({&timer, now_ + std::max(timer.interval(), 1)});
+  const std::int64_t from = clock ? std::max(now_, clock()) : now_;
+  entries_.push_back({&timer, from + std::max(timer.interval(), 1)});
   if (rescheduled) rescheduled();
 }
 

@@ -25,6 +25,9 @@ class TimerQueue {
 
   // Called whenever nextDue may have become earlier, so that the desktop can set its alarm.
   std::function<void()> rescheduled;
+  // A running clock, on the scale of advanceTo: where there is one, a started timer counts from its
+  // time, since the last advance may be long past. Unset, it counts from the last advance.
+  std::function<std::int64_t()> clock;
 
  private:
   friend class Timer;
