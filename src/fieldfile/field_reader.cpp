@@ -44,9 +44,9 @@ Result<FieldReader> FieldReader::open(const std::string& fileName) {
 FieldReader::FieldReader(std::string fileName, std::string bytes)
     : fileName_(std::move(fileName)), text_(utf8FromFile(std::move(bytes))) {}
 
-Error FieldReader::errorHere(std::string_view text) const {
-  return {fileName_ + ":" + std::to_string(line_),
-          "field " + std::to_string(field_) + ": " + std::string(text)};
+Error FieldReader::errorAt(FieldPlace place, std::string_view text) const {
+  return {fileName_ + ":" + std::to_string(place.line),
+          "field " + std::to_string(place.field) + ": " + std::string(text)};
 }
 
 Error FieldReader::errorFound(std::string_view expected, std::string_view found) const {
@@ -60,7 +60,7 @@ void FieldReader::skipBlanks() {
 void FieldReader::skipLineEnd() {
   if (atEnd() || lineEnds.find(text_[at_]) == std::string_view::npos) return;
   at_ += std::string_view(text_).substr(at_).starts_with("\r\n") ? 2 : 1;
-  ++line_;
+  ++place_.line;
 }
 
 // Goes on behind a field that ends at `end`: the blanks behind it and one delimiter belong to it.
@@ -71,7 +71,7 @@ void FieldReader::finishField(std::size_t end) {
     ++at_;
   else
     skipLineEnd();
-  ++field_;
+  ++place_.field;
 }
 
 std::size_t FieldReader::bareEnd() const {
@@ -97,7 +97,7 @@ Result<std::string> FieldReader::readQuoted() {
     return errorHere("a text goes on behind its closing quote");
   std::string text = text_.substr(start, end - start);
   for (std::size_t i = 0; i < text.size(); ++i)
-    if (text[i] == '\n' || (text[i] == '\r' && text.compare(i, 2, "\r\n") != 0)) ++line_;
+    if (text[i] == '\n' || (text[i] == '\r' && text.compare(i, 2, "\r\n") != 0)) ++place_.line;
   finishField(end + 1);
   return text;
 }
@@ -148,7 +148,7 @@ Result<std::string> FieldReader::readLine() {
   std::string line = text_.substr(at_, end - at_);
   at_ = end;
   skipLineEnd();
-  ++field_;
+  ++place_.field;
   return line;
 }
 

@@ -17,6 +17,12 @@
 
 namespace tolmer {
 
+// Where a field begins; both numbers count from 1.
+struct FieldPlace {
+  int line = 1;
+  int field = 1;
+};
+
 class FieldReader {
  public:
   // The whole file, its name in course or host spelling. UTF-8, or Windows-1252 where it is not.
@@ -39,14 +45,14 @@ class FieldReader {
   // True when only blanks and line ends are left.
   bool onlyBlanksLeft() const;
 
-  // Where the next field begins; both count from 1.
-  int lineNumber() const { return line_; }
-  int fieldNumber() const { return field_; }
+  // Where the next field begins.
+  FieldPlace place() const { return place_; }
 
-  // An error at the next field.
-  Error errorHere(std::string_view text) const;
+  // What is wrong with the field at `place`.
+  Error errorAt(FieldPlace place, std::string_view text) const;
 
  private:
+  Error errorHere(std::string_view text) const { return errorAt(place_, text); }
   Error errorFound(std::string_view expected, std::string_view found) const;
   bool atEnd() const { return at_ >= text_.size(); }
   void skipBlanks();
@@ -59,8 +65,7 @@ class FieldReader {
   std::string fileName_;
   std::string text_;
   std::size_t at_ = 0;
-  int line_ = 1;
-  int field_ = 1;
+  FieldPlace place_;
 };
 
 }  // namespace tolmer

@@ -140,13 +140,13 @@ TEST(Robustness, everyCutAndEveryKindOfReadEnds) {
       FieldReader reader = reading(whole.substr(0, length));
       int kind = firstKind, refusals = 0;
       for (int step = 0; refusals < 5; ++step, kind = (kind + 1) % 5) {
-        const int before = reader.fieldNumber();
+        const int before = reader.place().field;
         const bool taken = kind == 0   ? bool(reader.readText())
                            : kind == 1 ? bool(reader.readInteger())
                            : kind == 2 ? bool(reader.readSingle())
                            : kind == 3 ? bool(reader.readBoolean())
                                        : bool(reader.readLine());
-        ASSERT_EQ(reader.fieldNumber(), before + (taken ? 1 : 0));
+        ASSERT_EQ(reader.place().field, before + (taken ? 1 : 0));
         ASSERT_LE(static_cast<std::size_t>(step), 5 * (length + 2));
         refusals = taken ? 0 : refusals + 1;
       }

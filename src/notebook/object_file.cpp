@@ -1,0 +1,127 @@
+#include "notebook/object_file.h"
+
+#include <map>
+#include <optional>
+#include <string_view>
+#include <utility>
+
+#include "notebook/book_check.h"
+#include "notebook/book_part.h"
+#include "notebook/object_layout.h"
+
+namespace tolmer {
+namespace {
+
+// Fills a book field by field. After the first error the fields keep what they hold and the tables
+// stay short, so that the rest of the layout runs through without effect.
+class BookReader {
+ public:
+  explicit BookReader(FieldReader& fields) : fields_(fields) {}
+
+  void operator()(std::string& field) { take(field, &FieldReader::readText); }
+  void operator()(Int16& field) { take(field, &FieldReader::readInteger); }
+  void operator()(bool& field) { take(field, &FieldReader::readBoolean); }
+  void endRecord() {}
+
+  void count(Int16& field, int bound, const char* noun) { bounded(field, 1, bound, noun); }
+
+  template <class Rows, class Fields>
+  void table(Rows& rows, BookPart part, Fields recordFields) {
+    Int16 count = 0;
+    bounded(count, 0, Rows::bound, nounOf(part));
+    rows.resize(count);
+    for (int i = 1; i <= count && !error_; ++i) {
+      starts_.emplace(std::pair(part, i), fields_.place());
+      recordFields(*this, rows[i]);
+    }
+  }
+
+  // The first error of reading, or of what was read.
+  std::optional<Error> finish(const Book& book) const {
+    if (error_) return error_;
+    const auto faults = checkBook(book);
+    if (faults.empty()) return std::nullopt;
+    const BookFault& fault = faults.front();
+    const auto start = starts_.find(std::pair(fault.part, fault.row));
+    if (start == starts_.end()) return fields_.errorAt(fields_.place(), fault.text);
+    return fields_.errorAt(start->second, std::string(nounOf(fault.part)) + " " +
+                                              std::to_string(fault.row) + ": " + fault.text);
+  }
+
+ private:
+  template <class Field>
+  void take(Field& field, Result<Field> (FieldReader::*read)()) {
+    if (error_) return;
+    auto value = (fields_.*read)();
+    if (value)
+      field = std::move(*value);
+    else
+      error_ = value.error();
+  }
+
+  void bounded(Int16& field, int lowest, int highest, const char* noun) {
+    const FieldPlace place = fields_.place();
+    (*this)(field);
+    if (error_ || (field >= lowest && field <= highest)) return;
+    error_ = fields_.errorAt(place, std::to_string(field) + " " + noun + "s, from " +
+                                        std::to_string(lowest) + " to " + std::to_string(highest) +
+                                        " are possible");
+    field = 0;
+  }
+
+  FieldReader& fields_;
+  std::optional<Error> error_;
+  std::map<std::pair<BookPart, int>, FieldPlace> starts_;  // where each record begins
+};
+
+class BookWriter {
+ public:
+  void operator()(const std::string& field) { append("\"" + field + "\""); }
+  void operator()(const Int16& field) { append(std::to_string(field)); }
+  void operator()(const bool& field) { append(field ? "#TRUE#" : "#FALSE#"); }
+  void count(const Int16& field, int, const char*) { (*this)(field); }
+  void endRecord() {
+    text_ += "\r\n";
+    atLineStart_ = true;
+  }
+
+  template <class Rows, class Fields>
+  void table(const Rows& rows, BookPart, Fields recordFields) {
+    append(std::to_string(rows.count()));
+    endRecord();
+    for (int i = 1; i <= rows.count(); ++i) {
+      recordFields(*this, rows[i]);
+      endRecord();
+    }
+  }
+
+  std::string text() && { return std::move(text_); }
+
+ private:
+  void append(std::string_view field) {
+    if (!atLineStart_) text_ += ',';
+    text_ += field;
+    atLineStart_ = false;
+  }
+
+  std::string text_;
+  bool atLineStart_ = true;
+};
+
+}  // namespace
+
+Result<Book> readBook(FieldReader& fields) {
+  Book book;
+  BookReader reader(fields);
+  object_layout::wholeBook(reader, book);
+  if (auto error = reader.finish(book)) return *std::move(error);
+  return book;
+}
+
+std::string objectFileText(const Book& book) {
+  BookWriter writer;
+  object_layout::wholeBook(writer, book);
+  return std::move(writer).text();
+}
+
+}  // namespace tolmer
