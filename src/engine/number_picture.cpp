@@ -1,0 +1,181 @@
+#include "engine/number_picture.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstdlib>
+
+namespace tolmer {
+namespace {
+
+constexpr int singleDigits = 7;
+constexpr int doubleDigits = 15;
+
+std::string zeros(int count) {
+  return std::string(static_cast<std::size_t>(std::max(count, 0)), '0');
+}
+
+// The value is 0.digits times ten to the power of point; no digits at all stand for zero.
+struct Decimal {
+  bool negative = false;
+  std::string digits;
+  int point = 0;
+
+  int count() const { return static_cast<int>(digits.size()); }
+  void roundTo(int keep);
+};
+
+// Half away from zero; keep may be zero or less.
+void Decimal::roundTo(int keep) {
+  if (keep >= count()) return;
+  const bool up = keep >= 0 && digits[static_cast<std::size_t>(keep)] >= '5';
+  digits.resize(static_cast<std::size_t>(std::max(keep, 0)));
+  if (up) {
+    const std::size_t lastBelowNine = digits.find_last_not_of('9');
+    if (lastBelowNine == std::string::npos) {
+      digits = "1";
+      ++point;
+    } else {
+      digits.resize(lastBelowNine + 1);
+      ++digits.back();
+    }
+  }
+  digits.resize(digits.find_last_not_of('0') + 1);
+  if (digits.empty()) point = 0;
+}
+
+// From the exact binary value: the longest expansion of a single has 112 significant digits, that
+// of a double 767.
+template <int longest, class Value>
+Decimal decimalOf(Value value, int significant) {
+  std::array<char, longest + 16> text;
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), std::fabs(value),
+                                 std::chars_format::scientific, longest - 1)
+                       .ptr;
+  const char* const exponent = std::find<const char*>(text.data(), end, 'e');
+  Decimal decimal;
+  decimal.negative = value < 0;
+  decimal.digits.push_back(text[0]);
+  decimal.digits.append<const char*>(&text[2], exponent);
+  const char* digits = exponent + (exponent[1] == '+' ? 2 : 1);
+  std::from_chars(digits, end, decimal.point);
+  ++decimal.point;
+  decimal.digits.resize(decimal.digits.find_last_not_of('0') + 1);
+  if (decimal.digits.empty()) decimal.point = 0;
+  decimal.roundTo(significant);
+  return decimal;
+}
+
+Decimal decimalOf(float value) { return decimalOf<112>(value, singleDigits); }
+Decimal decimalOf(double value) { return decimalOf<767>(value, doubleDigits); }
+
+struct Picture {
+  int leftZeros = 0;      // digits that always show left of the point
+  int decimals = 0;       // most digits right of the point
+  int fixedDecimals = 0;  // those of them that always show
+  int exponentDigits = 0;
+  bool point = false;
+  bool grouped = false;
+  bool scientific = false;
+};
+
+Picture readPicture(std::string_view text) {
+  Picture picture;
+  for (const char c : text) {
+    if (c == '.') picture.point = true;
+    if (c == ',') picture.grouped = true;
+    if (c == 'E') picture.scientific = true;
+    if (c != '0' && c != '#') continue;
+    const int shown = c == '0' ? 1 : 0;
+    if (picture.scientific) {
+      ++picture.exponentDigits;
+    } else if (picture.point) {
+      ++picture.decimals;
+      if (shown == 1) picture.fixedDecimals = picture.decimals;
+    } else {
+      picture.leftZeros += shown;
+    }
+  }
+  return picture;
+}
+
+std::string leftOfPoint(const Decimal& value, const Picture& picture) {
+  std::string left = value.digits.substr(0, static_cast<std::size_t>(std::max(value.point, 0)));
+  left += zeros(value.point - static_cast<int>(left.size()));
+  left.insert(0, zeros(picture.leftZeros - static_cast<int>(left.size())));
+  if (picture.grouped)
+    for (int at = static_cast<int>(left.size()) - 3; at > 0; at -= 3)
+      left.insert(static_cast<std::size_t>(at), 1, ',');
+  return left;
+}
+
+std::string rightOfPoint(const Decimal& value, const Picture& picture) {
+  std::string right;
+  if (!value.digits.empty()) right = zeros(-value.point);
+  if (value.count() > value.point)
+    right += value.digits.substr(static_cast<std::size_t>(std::max(value.point, 0)));
+  return right + zeros(picture.fixedDecimals - static_cast<int>(right.size()));
+}
+
+std::string fixedText(Decimal value, const Picture& picture) {
+  value.roundTo(value.point + picture.decimals);
+  std::string text = value.negative && !value.digits.empty() ? "-" : "";
+  text += leftOfPoint(value, picture);
+  if (picture.point) text += '.';
+  return text + rightOfPoint(value, picture);
+}
+
+std::string exponentText(int exponent, int leastDigits) {
+  const std::string digits = std::to_string(std::abs(exponent));
+  return std::string(exponent < 0 ? "E-" : "E+") +
+         zeros(leastDigits - static_cast<int>(digits.size())) + digits;
+}
+
+std::string scientificText(Decimal value, Picture picture) {
+  const int left = std::max(picture.leftZeros, 1);
+  value.roundTo(left + picture.decimals);
+  const int exponent = value.digits.empty() ? 0 : value.point - left;
+  value.point -= exponent;
+  return fixedText(value, picture) + exponentText(exponent, picture.exponentDigits);
+}
+
+template <class Value>
+std::string byPicture(Value value, std::string_view picture) {
+  if (picture.empty()) return generalText(value);
+  if (picture.find_first_not_of('*') == std::string_view::npos) return std::string(picture);
+  if (!std::isfinite(value)) return "NA";
+  const Picture parts = readPicture(picture);
+  const Decimal decimal = decimalOf(value);
+  return parts.scientific ? scientificText(decimal, parts) : fixedText(decimal, parts);
+}
+
+template <class Value>
+std::string general(Value value, int significant) {
+  if (!std::isfinite(value)) return "NA";
+  const Decimal decimal = decimalOf(value);
+  Picture picture;
+  picture.leftZeros = 1;
+  const bool fixed = decimal.point <= significant && decimal.count() - decimal.point <= significant;
+  picture.decimals = fixed ? significant : decimal.count() - 1;
+  picture.point = decimal.count() > (fixed ? decimal.point : 1);
+  picture.exponentDigits = 2;
+  return fixed ? fixedText(decimal, picture) : scientificText(decimal, picture);
+}
+
+}  // namespace
+
+std::string formatNumber(float value, std::string_view picture) {
+  return byPicture(value, picture);
+}
+std::string formatNumber(double value, std::string_view picture) {
+  return byPicture(value, picture);
+}
+std::string formatNumber(int value, std::string_view picture) {
+  return byPicture(static_cast<double>(value), picture);
+}
+
+std::string generalText(float value) { return general(value, singleDigits); }
+std::string generalText(double value) { return general(value, doubleDigits); }
+
+}  // namespace tolmer

@@ -1,0 +1,28 @@
+// Numbers as text: by a picture such as "###,##0.00", or in the general form.
+//
+// Both start from the decimal text of the stored value: its exact binary value rounded half away
+// from zero to 7 significant digits for a single, to 15 for a double. A picture rounds that text
+// once more, half away from zero. So 2.675 as a single shows as 2.68, and a single that came out of
+// arithmetic as 0.4999999701976776 shows as 0.5.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace tolmer {
+
+// The value by the picture. In a picture "0" is a digit that always shows, "#" one that shows if
+// there is one, "," groups thousands, "." is the point, "E+" with zeros behind it the exponent with
+// at least that many digits. A picture of asterisks shows as it is; an empty one stands for the
+// general form. A value that rounds to zero has no minus sign; one that is not finite is "NA".
+std::string formatNumber(float value, std::string_view picture);
+std::string formatNumber(double value, std::string_view picture);
+std::string formatNumber(int value, std::string_view picture);
+
+// The shortest text with up to 7 (15) significant digits: a zero before a bare point, no zeros at
+// the end, and scientific notation with at least two exponent digits ("1.5E-08", "1E+07") where
+// more than 7 (15) digits would stand on one side of the point. Not finite: "NA".
+std::string generalText(float value);
+std::string generalText(double value);
+
+}  // namespace tolmer

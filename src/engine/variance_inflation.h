@@ -1,0 +1,17 @@
+// Variance inflation factors: how well each predictor follows from the others.
+#pragma once
+
+#include "base/message_box.h"
+#include "state/analysis_state.h"
+
+namespace tolmer {
+
+// Regresses each predictor on an intercept and the other predictors, also where the model itself
+// has no intercept, and fills sVIF(1..iNumPredictors) with 1 / (1 - R-squared), or 999.999 where
+// R-squared is not below 1. With fewer than two predictors nothing happens.
+//
+// iTermCol and Fit hold the auxiliary regressions afterwards. One that is singular shows its
+// message and takes the R-squared that Fit happens to hold.
+void ComputeVIFs(AnalysisState& state, MessagePort& messages);
+
+}  // namespace tolmer
