@@ -1,0 +1,180 @@
+#include "report/csv_table.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "base/file_io.h"
+#include "base/text_encoding.h"
+
+namespace tolmer {
+namespace {
+
+// Cases and variables are counted with 16 signed bits.
+constexpr int mostRows = 32767;
+constexpr int mostColumns = 32767;
+
+std::string_view trimmed(std::string_view text) {
+  const auto begin = text.find_first_not_of(" \t");
+  if (begin == std::string_view::npos) return {};
+  return text.substr(begin, text.find_last_not_of(" \t") - begin + 1);
+}
+
+Error errorAtLine(const std::string& fileName, int line, std::string_view text) {
+  return {fileName + ":" + std::to_string(line), std::string(text)};
+}
+
+}  // namespace
+
+// Cuts the content into records.
+class CsvTable::Parser {
+ public:
+  Parser(const std::string& fileName, std::string& content)
+      : fileName_(fileName), content_(content) {}
+
+  bool atEnd() const { return at_ >= content_.size(); }
+
+  Result<Record> nextRecord() {
+    Record record{line_, {}};
+    for (bool more = true; more;) {
+      auto field = here() == '"' ? quotedField() : Result<Field>(bareField());
+      if (!field) return field.error();
+      record.fields.push_back(*field);
+      more = here() == ',';
+      if (more) ++at_;
+    }
+    skipLineEnd();
+    return record;
+  }
+
+ private:
+  char here() const { return atEnd() ? '\n' : content_[at_]; }
+
+  Field bareField() {
+    const std::size_t begin = at_;
+    at_ = std::min(content_.find_first_of(",\r\n", at_), content_.size());
+    return {begin, at_ - begin};
+  }
+
+  // The unquoted text is shorter than the quoted one, so it is put over it.
+  Result<Field> quotedField() {
+    const int firstLine = line_;
+    const std::size_t begin = ++at_;
+    std::size_t end = begin;
+    for (;; ++at_) {
+      if (atEnd()) return errorAtLine(fileName_, firstLine, "a double quote is not closed");
+      if (content_[at_] == '"') {
+        ++at_;
+        if (here() != '"') break;
+      }
+      if (here() == '\n') ++line_;
+      content_[end++] = content_[at_];
+    }
+    if (here() != ',' && here() != '\r' && here() != '\n')
+      return errorAtLine(fileName_, line_, "text follows a closing double quote");
+    return Field{begin, end - begin};
+  }
+
+  void skipLineEnd() {
+    if (atEnd()) return;
+    at_ += std::string_view(content_).substr(at_).starts_with("\r\n") ? 2 : 1;
+    ++line_;
+  }
+
+  const std::string& fileName_;
+  std::string& content_;
+  std::size_t at_ = 0;
+  int line_ = 1;
+};
+
+Result<CsvTable> CsvTable::open(const std::string& fileName) {
+  auto bytes = readWholeFile(fileName);
+  if (!bytes) return bytes.error();
+  return parse(fileName, std::move(*bytes));
+}
+
+Result<CsvTable> CsvTable::parse(std::string fileName, std::string bytes) {
+  CsvTable table;
+  table.fileName_ = std::move(fileName);
+  table.content_ = utf8FromFile(std::move(bytes));
+  Parser parser(table.fileName_, table.content_);
+  while (!parser.atEnd()) {
+    auto record = parser.nextRecord();
+    if (!record) return record.error();
+    if (record->fields.size() == 1 && trimmed(table.text(record->fields[0])).empty()) continue;
+    if (table.names_.empty()) {
+      if (auto taken = table.takeHeading(*record); !taken) return taken.error();
+      continue;
+    }
+    if (record->fields.size() != table.names_.size())
+      return errorAtLine(table.fileName_, record->line,
+                         std::to_string(record->fields.size()) +
+                             (record->fields.size() == 1 ? " field" : " fields") +
+                             ", the heading has " + std::to_string(table.names_.size()));
+    if (table.rows() == mostRows)
+      return errorAtLine(table.fileName_, record->line,
+                         "more than " + std::to_string(mostRows) + " cases");
+    table.cells_.insert(table.cells_.end(), record->fields.begin(), record->fields.end());
+    table.lines_.push_back(record->line);
+  }
+  if (table.names_.empty()) return Error{table.fileName_, "the file is empty"};
+  if (table.lines_.empty()) return Error{table.fileName_, "there is no case below the heading"};
+  return table;
+}
+
+Result<bool> CsvTable::takeHeading(const Record& heading) {
+  const auto count = static_cast<int>(heading.fields.size());
+  if (count < 2)
+    return errorAtLine(fileName_, heading.line,
+                       "the heading has one field only; fields are divided by commas");
+  if (count > mostColumns)
+    return errorAtLine(fileName_, heading.line,
+                       "more than " + std::to_string(mostColumns) + " columns");
+  for (int column = 0; column < count; ++column) {
+    std::string name(trimmed(text(heading.fields[static_cast<std::size_t>(column)])));
+    if (name.empty()) name = "Col " + std::to_string(column + 1);
+    if (find(name) >= 0)
+      return Error{
+          fileName_ + ":" + std::to_string(heading.line) + ":" + std::to_string(column + 1),
+          "a second column is named \"" + name + "\""};
+    names_.push_back(std::move(name));
+  }
+  return true;
+}
+
+std::string_view CsvTable::cell(int row, int column) const {
+  return trimmed(text(
+      cells_[static_cast<std::size_t>(row) * names_.size() + static_cast<std::size_t>(column)]));
+}
+
+int CsvTable::find(std::string_view name) const {
+  const auto found = std::find(names_.begin(), names_.end(), name);
+  return found == names_.end() ? -1 : static_cast<int>(found - names_.begin());
+}
+
+Error CsvTable::errorAt(int row, int column, std::string_view text) const {
+  return {fileName_ + ":" + std::to_string(lines_[static_cast<std::size_t>(row)]) + ":" +
+              std::to_string(column + 1),
+          "column " + name(column) + ": " + std::string(text)};
+}
+
+std::vector<std::string> fieldsOfList(std::string_view list) {
+  std::vector<std::string> fields;
+  for (bool more = true; more;) {
+    std::string field;
+    bool quoted = false;
+    std::size_t at = 0;
+    for (; at < list.size() && (quoted || list[at] != ','); ++at) {
+      if (list[at] == '"')
+        quoted = !quoted;
+      else
+        field += list[at];
+    }
+    more = at < list.size();
+    list.remove_prefix(more ? at + 1 : at);
+    fields.emplace_back(trimmed(field));
+  }
+  return fields;
+}
+
+}  // namespace tolmer

@@ -1,0 +1,124 @@
+#include "report/json_writer.h"
+
+#include <array>
+#include <charconv>
+#include <cmath>
+
+namespace tolmer {
+namespace {
+
+template <class Number>
+std::string_view digits(std::array<char, 32>& buffer, Number number, int significant) {
+  const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number,
+                                     std::chars_format::general, significant);
+  return {buffer.data(), static_cast<std::size_t>(written.ptr - buffer.data())};
+}
+
+template <class Number>
+std::string_view notFinite(Number number) {
+  if (std::isnan(number)) return "nan";
+  return number > 0 ? "inf" : "-inf";
+}
+
+}  // namespace
+
+void JsonWriter::open(char bracket, bool lines) {
+  beforeElement();
+  text_ += bracket;
+  // What stands in an array stays on the array's line.
+  levels_.push_back({lines && (levels_.empty() || levels_.back().lines)});
+}
+
+void JsonWriter::close(char bracket) {
+  const Level level = levels_.back();
+  levels_.pop_back();
+  if (level.lines && !level.empty) newLine();
+  text_ += bracket;
+  if (levels_.empty()) text_ += '\n';
+}
+
+void JsonWriter::newLine() {
+  text_ += '\n';
+  text_.append(2 * levels_.size(), ' ');
+}
+
+void JsonWriter::beforeElement() {
+  if (afterKey_) {
+    afterKey_ = false;
+    return;
+  }
+  if (levels_.empty()) return;
+  Level& level = levels_.back();
+  if (!level.empty) text_ += ',';
+  if (level.lines)
+    newLine();
+  else if (!level.empty)
+    text_ += ' ';
+  level.empty = false;
+}
+
+void JsonWriter::key(std::string_view name) {
+  beforeElement();
+  quote(name);
+  text_ += ": ";
+  afterKey_ = true;
+}
+
+void JsonWriter::raw(std::string_view token) {
+  beforeElement();
+  text_ += token;
+}
+
+void JsonWriter::value(std::string_view text) {
+  beforeElement();
+  quote(text);
+}
+
+void JsonWriter::integer(long long number) {
+  std::array<char, 32> buffer;
+  const auto written = std::to_chars(buffer.data(), buffer.data() + buffer.size(), number);
+  raw({buffer.data(), static_cast<std::size_t>(written.ptr - buffer.data())});
+}
+
+void JsonWriter::value(float number) {
+  std::array<char, 32> buffer;
+  if (std::isfinite(number))
+    raw(digits(buffer, number, 9));
+  else
+    value(notFinite(number));
+}
+
+void JsonWriter::value(double number) {
+  std::array<char, 32> buffer;
+  if (std::isfinite(number))
+    raw(digits(buffer, number, 17));
+  else
+    value(notFinite(number));
+}
+
+void JsonWriter::quote(std::string_view text) {
+  constexpr std::string_view hex = "0123456789abcdef";
+  text_ += '"';
+  for (const char c : text) {
+    const auto code = static_cast<unsigned char>(c);
+    if (c == '"' || c == '\\') {
+      text_ += '\\';
+      text_ += c;
+    } else if (c == '\n') {
+      text_ += "\\n";
+    } else if (c == '\r') {
+      text_ += "\\r";
+    } else if (c == '\t') {
+      text_ += "\\t";
+    } else if (code < 0x20) {
+      text_ += "\\u00";
+      text_ += hex[code >> 4U];
+      text_ += hex[code & 15U];
+    } else {
+      text_ += c;
+    }
+  }
+  text_ += '"';
+}
+
+}  // namespace tolmer

@@ -1,0 +1,161 @@
+#include "report/options.h"
+
+#include <charconv>
+#include <functional>
+#include <map>
+#include <optional>
+#include <string_view>
+
+#include "report/csv_table.h"
+
+namespace tolmer {
+namespace {
+
+using Problem = std::optional<std::string>;
+
+Problem takeFormat(ReportOptions& options, const std::string& value) {
+  if (value == "text")
+    options.format = ReportFormat::text;
+  else if (value == "json")
+    options.format = ReportFormat::json;
+  else if (value == "html")
+    options.format = ReportFormat::html;
+  else
+    return "--format is text, json or html, not \"" + value + "\"";
+  return std::nullopt;
+}
+
+Problem takeExample(ReportOptions& options, const std::string& value) {
+  const char* end = value.data() + value.size();
+  const auto read = std::from_chars(value.data(), end, options.example);
+  if (read.ec == std::errc() && read.ptr == end && options.example >= 1) return std::nullopt;
+  return "--example takes a number from 1, not \"" + value + "\"";
+}
+
+Problem takeNames(ReportOptions& options, const std::string& value) {
+  for (std::string& name : fieldsOfList(value)) {
+    if (name.empty()) return "--x has an empty name in \"" + value + "\"";
+    options.x.push_back(std::move(name));
+  }
+  return std::nullopt;
+}
+
+// A text that must not be empty: a name, a folder.
+auto takeInto(std::string ReportOptions::*member) {
+  return [member](ReportOptions& options, const std::string& value) -> Problem {
+    if (value.empty()) return "an option's value is empty";
+    options.*member = value;
+    return std::nullopt;
+  };
+}
+
+using Take = std::function<Problem(ReportOptions&, const std::string&)>;
+
+const std::map<std::string_view, Take>& optionsWithValue() {
+  static const std::map<std::string_view, Take> table = {
+      {"--y", takeInto(&ReportOptions::y)},
+      {"--x", takeNames},
+      {"--labels", takeInto(&ReportOptions::labels)},
+      {"--format", takeFormat},
+      {"--example", takeExample},
+      {"--program-folder", takeInto(&ReportOptions::programFolder)}};
+  return table;
+}
+
+bool takeFlag(ReportOptions& options, std::string_view word) {
+  if (word == "--no-intercept")
+    options.intercept = false;
+  else if (word == "--default")
+    options.defaultExample = true;
+  else if (word == "--help" || word == "-h")
+    options.help = true;
+  else
+    return false;
+  return true;
+}
+
+// One source of data, and what belongs to it.
+Problem contradiction(const ReportOptions& options) {
+  const int sources = (options.file.empty() ? 0 : 1) + (options.example > 0 ? 1 : 0) +
+                      (options.defaultExample ? 1 : 0);
+  if (sources == 0) return "name a file, or take --example N or --default";
+  if (sources > 1) return "a file, --example and --default exclude one another";
+  if (options.file.empty() && !options.labels.empty())
+    return "--labels goes with a file; the course's data sets have their own";
+  return std::nullopt;
+}
+
+class Words {
+ public:
+  explicit Words(const std::vector<std::string>& words) : words_(words) {}
+
+  Problem parse(ReportOptions& options) {
+    for (; at_ < words_.size(); ++at_)
+      if (auto problem = takeWord(options, words_[at_])) return problem;
+    return std::nullopt;
+  }
+
+ private:
+  Problem takeWord(ReportOptions& options, const std::string& word) {
+    if (onlyFiles_ || !word.starts_with('-')) return takeFile(options, word);
+    if (word == "--") {
+      onlyFiles_ = true;
+      return std::nullopt;
+    }
+    if (takeFlag(options, word)) return std::nullopt;
+    const auto equals = word.find('=');
+    const auto option = optionsWithValue().find(std::string_view(word).substr(0, equals));
+    if (option == optionsWithValue().end()) return "there is no option " + word;
+    if (equals != std::string::npos) return option->second(options, word.substr(equals + 1));
+    if (++at_ == words_.size()) return word + " wants a value";
+    return option->second(options, words_[at_]);
+  }
+
+  static Problem takeFile(ReportOptions& options, const std::string& word) {
+    if (word.empty()) return "the file's name is empty";
+    if (!options.file.empty()) return "one file only, not also \"" + word + "\"";
+    options.file = word;
+    return std::nullopt;
+  }
+
+  const std::vector<std::string>& words_;
+  std::size_t at_ = 0;
+  bool onlyFiles_ = false;
+};
+
+}  // namespace
+
+Result<ReportOptions> parseOptions(const std::vector<std::string>& words) {
+  ReportOptions options;
+  if (auto problem = Words(words).parse(options)) return Error{"", *problem};
+  if (options.help) return options;
+  if (auto problem = contradiction(options)) return Error{"", *problem};
+  return options;
+}
+
+const char* const reportUsage =
+    R"(Usage: tolreport FILE --y NAME [--x NAME,NAME...] [options]
+       tolreport --example N [options]
+       tolreport --default [options]
+
+Fits a multiple regression and reports it.
+
+FILE is a table of comma-separated values with a heading.
+  --y NAME             dependent variable
+  --x NAME,NAME...     independent variables; without it all other numeric columns.
+                       A name with a comma stands in double quotes.
+  --labels COLUMN      column with the names of the cases
+Instead of a file:
+  --example N          the N-th example of the course, from 1
+  --default            the course's default example
+  --program-folder DIR where the course's notebook lies, if not beside this program
+For both:
+  --no-intercept       a model without an intercept
+  --format FORMAT      text (as without this option), json or html
+  --help               this text
+
+The report goes to standard output. Exit status: 0 done, 1 something is wrong with
+the data, 2 something is wrong with the command line.
+)";
+
+}  // namespace tolmer

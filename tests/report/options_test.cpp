@@ -1,0 +1,49 @@
+#include "report/options.h"
+
+namespace tolmer {
+namespace {
+
+using ::testing::ElementsAre;
+
+std::string faultOf(const std::vector<std::string>& words) {
+  const auto options = parseOptions(words);
+  return options ? "no fault" : options.error().message();
+}
+
+TEST(ReportOptions, FileWithEverything) {
+  const auto options =
+      parseOptions({"--y=Rent", "--x", "Size,\"Age, years\"", "data.csv", "--x", "Floor",
+                    "--labels", "Town", "--no-intercept", "--format", "json"});
+  ASSERT_TRUE(options) << options.error().message();
+  EXPECT_EQ(options->file, "data.csv");
+  EXPECT_EQ(options->y, "Rent");
+  EXPECT_THAT(options->x, ElementsAre("Size", "Age, years", "Floor"));
+  EXPECT_EQ(options->labels, "Town");
+  EXPECT_FALSE(options->intercept);
+  EXPECT_EQ(options->format, ReportFormat::json);
+}
+
+TEST(ReportOptions, CourseDataSets) {
+  EXPECT_EQ(parseOptions({"--example", "3"})->example, 3);
+  EXPECT_TRUE(parseOptions({"--default", "--program-folder=/opt/x"})->defaultExample);
+  EXPECT_TRUE(parseOptions({"--help"})->help);
+  EXPECT_EQ(parseOptions({"--y", "Rent", "--", "--odd name.csv"})->file, "--odd name.csv");
+}
+
+TEST(ReportOptions, FaultsSayWhatWouldBeRight) {
+  EXPECT_EQ(faultOf({}), "name a file, or take --example N or --default");
+  EXPECT_EQ(faultOf({"a.csv", "--default"}), "a file, --example and --default exclude one another");
+  EXPECT_EQ(faultOf({"a.csv", "b.csv"}), "one file only, not also \"b.csv\"");
+  EXPECT_EQ(faultOf({"a.csv", "--z"}), "there is no option --z");
+  EXPECT_EQ(faultOf({"a.csv", "--y"}), "--y wants a value");
+  EXPECT_EQ(faultOf({"a.csv", "--x", "A,,B"}), "--x has an empty name in \"A,,B\"");
+  EXPECT_EQ(faultOf({"a.csv", "--format", "pdf"}), "--format is text, json or html, not \"pdf\"");
+  for (const char* number : {"0", "-1", "1.5", "99999999999", ""})
+    EXPECT_EQ(faultOf({"--example", number}),
+              std::string("--example takes a number from 1, not \"") + number + "\"");
+  EXPECT_EQ(faultOf({"--default", "--labels", "Town"}),
+            "--labels goes with a file; the course's data sets have their own");
+}
+
+}  // namespace
+}  // namespace tolmer
