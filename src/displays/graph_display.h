@@ -1,0 +1,33 @@
+// What all graph displays have in common: one graph that fills the window.
+#pragma once
+
+#include <string>
+
+#include "displays/display_window.h"
+
+namespace tolmer {
+
+class GraphDisplay : public DisplayWindow {
+ public:
+  using DisplayWindow::DisplayWindow;
+
+  // The picture as SVG; the desktop adds a bitmap of it.
+  void CopyGraph() override;
+  // The graph fills the window; no redraw follows.
+  void FitGraphToForm();
+
+ protected:
+  // To be called by the constructor of a display, with its graph.
+  void Form_Load(Graph& graph);
+  // A maximised graph has no right-click menu.
+  void Form_MouseUp(MouseButton button) override;
+  // What a screen reader says of the graph as it is drawn now.
+  void describe(std::string text);
+  // Is there a fit whose residuals can be drawn?
+  bool hasResiduals() const;
+
+ private:
+  void Form_Resize();
+};
+
+}  // namespace tolmer

@@ -1,0 +1,69 @@
+#include "graphs/histogram_drawing.h"
+
+#include <algorithm>
+#include <cstddef>
+
+#include "engine/axis_scale.h"
+#include "engine/normal_distribution.h"
+#include "graphs/axis_labels.h"
+#include "platform/graph/palette.h"
+
+namespace tolmer {
+namespace {
+
+constexpr int curveMode = 5;
+constexpr int curveStyle = 2;
+
+}  // namespace
+
+void beginHistogram(Graph& graph, std::span<const Int16> iClassCount, int iNumClasses) {
+  graph.settings.graphType = GraphType::symbols;
+  graph.resetData(graphData::all);
+  const auto first = iClassCount.begin() + 1;
+  const Int16 iLargest = *std::max_element(first, first + iNumClasses);
+  setScaledAxis(graph.settings.y, ComputeScale(0, iLargest), 0);
+}
+
+void drawHistogramAxes(Graph& graph) {
+  const float sBeyond = graph.settings.x.minimum - 2 * graph.settings.x.maximum;
+  graph.setNumPoints(2);
+  graph.setPoint(1, sBeyond, 0);
+  graph.setPoint(2, sBeyond, 0);
+  graph.setDrawMode(Graph::draw);
+}
+
+void drawHistogramBars(Graph& graph, PlotBar& objPlotBar, const Matrix<float>& sBars) {
+  objPlotBar.setTargetGraph(graph);
+  objPlotBar.GapFraction = 0.0001F;
+  objPlotBar.MinGap = 2;
+  objPlotBar.NumBarsToPlot = static_cast<Int16>(sBars.lastRow());
+  objPlotBar.MinX = graph.settings.x.minimum;
+  objPlotBar.MaxX = graph.settings.x.maximum;
+  objPlotBar.MinY = graph.settings.y.minimum;
+  objPlotBar.MaxY = graph.settings.y.maximum;
+  objPlotBar.BarColor = palette::brightBlue;
+  objPlotBar.PlotBarData(sBars);
+}
+
+void overlayNormalCurve(Graph& graph, const NormalCurve& curve) {
+  DrawingView& view = graph.GSUseView();
+  const double top = graph.SDKInfo(3);
+  const double left = graph.SDKInfo(7);
+  const double bottom = graph.SDKInfo(8);
+  const double width = graph.SDKInfo(5);
+  const double height = graph.SDKInfo(6);
+  const float sStep = (curve.sHigh - curve.sLow) / 99;
+  ViewPoint previous;
+  for (int i = 1; i <= 101; ++i) {
+    const float x = static_cast<float>(i - 1) * sStep + curve.sLow;
+    const float sDensity = NormalDensity(curve.sMean, curve.sStdDev, x);
+    const ViewPoint point{(x - curve.sAxisMin) / curve.sAxisLength * width + left,
+                          sDensity * curve.sFrequency / top * height + bottom};
+    if (i > 1)
+      view.GSLineAbs(previous.x, previous.y, point.x, point.y, curveMode, curveStyle,
+                     palette::brightRed);
+    previous = point;
+  }
+}
+
+}  // namespace tolmer

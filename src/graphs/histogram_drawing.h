@@ -1,0 +1,37 @@
+// The steps that both residual histograms share.
+#pragma once
+
+#include <span>
+
+#include "graphs/plot_bar.h"
+#include "platform/graph/graph.h"
+
+namespace tolmer {
+
+// Clears the graph and scales its vertical axis from 0 to the largest of the classes' counts
+// (classes from 1).
+void beginHistogram(Graph& graph, std::span<const Int16> iClassCount, int iNumClasses);
+
+// The graph draws its frame and axes alone, for two points far off its scale.
+void drawHistogramAxes(Graph& graph);
+
+// Rows from 1: lower limit of a class, shifted as the axis is, and count; the last row closes the
+// last class and has the count 0.
+void drawHistogramBars(Graph& graph, PlotBar& objPlotBar, const Matrix<float>& sBars);
+
+// The normal curve that the classes should follow, all lengths in the shifted units of the
+// horizontal axis.
+struct NormalCurve {
+  float sLow;         // where the curve begins
+  float sHigh;        // and ends, but for one step
+  float sMean;        // of the normal distribution
+  float sStdDev;      //
+  float sAxisMin;     // the horizontal axis
+  float sAxisLength;  //
+  float sFrequency;   // cases times class width: turns a density into an expected count
+};
+
+// 100 segments over 99ths of the range, so the last one ends a step beyond sHigh.
+void overlayNormalCurve(Graph& graph, const NormalCurve& curve);
+
+}  // namespace tolmer

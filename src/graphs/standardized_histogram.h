@@ -1,0 +1,27 @@
+// "Histogram of Standardized Residuals": eight classes, each one standard error wide, under the
+// standard normal curve.
+#pragma once
+
+#include "displays/graph_display.h"
+#include "graphs/plot_bar.h"
+#include "platform/graph/graph.h"
+
+namespace tolmer {
+
+class frmStdResidHist : public GraphDisplay {
+ public:
+  frmStdResidHist(Desktop& desktop, AnalysisState& state, DisplayHost& host);
+
+  void UpdateDisplay() override;
+
+  Graph gphStdResidHist{this, "gphStdResidHist", GraphDesign{{200, 100, 100, 100}, false, {}}};
+
+ private:
+  void DrawHistogram();
+  void OverlayNormalDist();
+  std::string description() const;
+
+  PlotBar mobjPlotBar;
+};
+
+}  // namespace tolmer

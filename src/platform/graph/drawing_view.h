@@ -1,0 +1,75 @@
+// Drawing on top of a graph that has drawn itself, in view units.
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "platform/graph/graph_settings.h"
+#include "platform/graph/picture.h"
+
+namespace tolmer {
+
+// The calls as they were made.
+struct BoxCall {
+  double x, y, width, height;
+  int pattern, colour;
+};
+struct LineCall {
+  double x1, y1, x2, y2;
+  int mode, style, colour;
+};
+struct TextCall {
+  double x, y;
+  int flags;
+  std::string text;
+};
+using OverlayCall = std::variant<BoxCall, LineCall, TextCall>;
+
+namespace textFlags {
+inline constexpr int centred = 0x002;  // x is the middle of the text, else its left end
+inline constexpr int hanging = 0x010;  // y is the top of the text, else the middle of its capitals
+}  // namespace textFlags
+
+// Boxes and lines are clipped to the plot area; a text that would leave the view or lie on an
+// earlier one is left out. Consecutive lines of equal look that meet become one.
+//
+// The drawing calls bear the names of the library that graph windows were written for. What its
+// attributes meant was closed; they mean here:
+// - pattern: every pattern is a light tint with an outline in the full colour;
+// - mode, style: mode 1 is a line one unit wide, dashed in style 2; other modes are solid and two
+//   wide.
+class DrawingView {
+ public:
+  // A new drawing begins with what the graph itself has drawn.
+  void begin(Picture picture, double textPixels);
+
+  // Lower left corner and size.
+  void GSBox2D(double x, double y, double width, double height, int pattern, int colour);
+  void GSLineAbs(double x1, double y1, double x2, double y2, int mode, int style, int colour);
+  // Sets the pen position, which no call of this surface uses.
+  void GSFixPos(double, double) {}
+  // Size of the texts that follow, in percent of the usual one.
+  void GSLoadRFont(int percent);
+  void GSRText(double x, double y, int flags, const std::string& text);
+  double GSGetRTextWid(const std::string& text) const;
+
+  // Extent of the view in view units, and of its window in pixels: always the same here.
+  double GSGetVXExt() const { return picture_.size.width; }
+  double GSGetVYExt() const { return picture_.size.height; }
+  double GSGetWXExt() const { return picture_.size.width; }
+  double GSGetWYExt() const { return picture_.size.height; }
+
+  const Picture& picture() const { return picture_; }
+  const std::vector<OverlayCall>& overlay() const { return overlay_; }
+
+ private:
+  void addLine(LinePrimitive line);
+
+  Picture picture_;
+  std::vector<OverlayCall> overlay_;
+  double usualPixels_ = 0;
+  double pixels_ = 0;
+};
+
+}  // namespace tolmer

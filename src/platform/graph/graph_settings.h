@@ -1,0 +1,58 @@
+// What a graph shows: settings that its window writes before it has it drawn.
+#pragma once
+
+#include <array>
+#include <cstddef>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tolmer {
+
+enum class GraphType : int { lineWithSymbols = 6, symbols = 9 };
+enum class ScaleMode : int { automatic = 0, userLimits = 2 };
+
+struct Axis {
+  ScaleMode scaleMode = ScaleMode::automatic;
+  float minimum = 0;
+  float maximum = 0;
+  int ticks = 0;                    // steps from minimum to maximum: one less than tick marks
+  std::vector<std::string> labels;  // text of each tick mark, the first at the minimum
+  std::string labelFormat;          // the number picture that the labels were made with
+  std::string title;
+
+  // Tick marks count from 1.
+  void setLabel(int tick, std::string text) {
+    if (labels.size() < static_cast<std::size_t>(tick))
+      labels.resize(static_cast<std::size_t>(tick));
+    labels[static_cast<std::size_t>(tick) - 1] = std::move(text);
+  }
+};
+
+struct GraphPoint {
+  float x = 0;
+  float value = 0;
+};
+
+struct GraphSettings {
+  GraphType graphType = GraphType::symbols;
+  Axis x;
+  Axis y;
+  std::vector<GraphPoint> points;
+  int pointColour = 0;     // index of the palette; all points are alike
+  int pointSymbol = 0;     // 12 open circle, 13 filled circle, 0 none
+  int symbolSize = 0;      // percent; 0 follows the number of points
+  int lineStatistics = 0;  // 8: with the least-squares line
+  int labelEvery = 1;      // a label at every so many points
+  int tickEvery = 1;
+};
+
+// What is settled when the window is designed.
+struct GraphDesign {
+  // Sizes of the text classes in percent: graph title, axis titles, tick labels, the rest.
+  std::array<int, 4> textPercent{100, 100, 100, 100};
+  bool roomForCaption = false;  // one line above the plot area, drawn as an overlay
+  std::string textAtRight;      // the widest text drawn at the right of the plot area
+};
+
+}  // namespace tolmer

@@ -1,0 +1,84 @@
+// A drawn graph as a list of primitives: what painters, the report and tests read.
+//
+// All lengths are view units: logical pixels, with the origin at the lower left, y upward.
+#pragma once
+
+#include <string>
+#include <variant>
+#include <vector>
+
+#include "platform/look.h"
+
+namespace tolmer {
+
+struct ViewPoint {
+  double x = 0;
+  double y = 0;
+  friend bool operator==(const ViewPoint&, const ViewPoint&) = default;
+};
+
+struct ViewSize {
+  double width = 0;
+  double height = 0;
+};
+
+struct ViewRect {
+  double left = 0;
+  double bottom = 0;
+  double width = 0;
+  double height = 0;
+
+  double right() const { return left + width; }
+  double top() const { return bottom + height; }
+  friend bool operator==(const ViewRect&, const ViewRect&) = default;
+};
+
+struct BoxPrimitive {
+  ViewRect place;  // outline included
+  Colour fill;
+  Colour outline;  // one unit wide
+};
+
+struct LinePrimitive {
+  std::vector<ViewPoint> points;  // at least two; closed where the last is the first
+  Colour colour;
+  double width = 1;
+  bool dashed = false;  // dashOn and dashOff in turn
+  static constexpr double dashOn = 5;
+  static constexpr double dashOff = 3;
+};
+
+struct SymbolPrimitive {
+  ViewPoint centre;
+  double diameter = 0;
+  Colour colour;
+  bool filled = false;  // else an outline one unit wide around a light ground
+};
+
+struct TextPrimitive {
+  ViewPoint anchor;  // on the base line
+  std::string text;
+  double pixels = 0;  // size of the serif font
+  Align align = Align::left;
+  bool turned = false;  // reads upward
+};
+
+using Primitive = std::variant<BoxPrimitive, LinePrimitive, SymbolPrimitive, TextPrimitive>;
+
+struct Picture {
+  ViewSize size;
+  ViewRect plot;  // the plot area
+  std::vector<Primitive> primitives;
+
+  // Appends the primitive, unless a coordinate is not finite.
+  void add(Primitive primitive);
+  // Appends the text, unless it is blank, would leave the picture or lie on an earlier one.
+  void addText(TextPrimitive text);
+};
+
+// What the letters of a text cover.
+ViewRect textBounds(const TextPrimitive& text);
+
+Font graphFont(double pixels);
+
+}  // namespace tolmer

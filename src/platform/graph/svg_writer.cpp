@@ -1,0 +1,145 @@
+#include "platform/graph/svg_writer.h"
+
+#include <array>
+#include <charconv>
+
+#include "platform/graph/palette.h"
+#include "platform/graph/screen_geometry.h"
+
+namespace tolmer {
+namespace {
+
+// Liberation Serif has the widths of Times New Roman.
+constexpr std::string_view fontFamilies = "Liberation Serif, Times New Roman, Times, serif";
+
+// Share of the full colour inside open circles, translucent so that dense points show.
+constexpr double symbolFill = 0.25;
+
+// Two decimals are finer than any screen; no trailing zeros.
+std::string number(double value) {
+  std::array<char, 64> digits{};
+  const auto end = std::to_chars(digits.data(), digits.data() + digits.size(), value,
+                                 std::chars_format::fixed, 2)
+                       .ptr;
+  std::string text(digits.data(), end);
+  text.erase(text.find_last_not_of('0') + 1);
+  if (text.ends_with('.')) text.pop_back();
+  return text == "-0" ? "0" : text;
+}
+
+std::string hex(Colour colour) {
+  constexpr std::string_view digits = "0123456789abcdef";
+  std::string text = "#";
+  for (const unsigned channel : {colour.red, colour.green, colour.blue}) {
+    text += digits[channel / 16];
+    text += digits[channel % 16];
+  }
+  return text;
+}
+
+std::string escaped(std::string_view text) {
+  std::string result;
+  for (const char c : text) {
+    switch (c) {
+      case '&':
+        result += "&amp;";
+        break;
+      case '<':
+        result += "&lt;";
+        break;
+      case '>':
+        result += "&gt;";
+        break;
+      case '"':
+        result += "&quot;";
+        break;
+      default:
+        // Control characters are no part of XML.
+        if (static_cast<unsigned char>(c) >= 0x20) result += c;
+    }
+  }
+  return result;
+}
+
+std::string attribute(std::string_view name, std::string_view value) {
+  std::string text = " ";
+  text += name;
+  text += "=\"";
+  text += value;
+  text += '"';
+  return text;
+}
+
+std::string attribute(std::string_view name, double value) {
+  return attribute(name, number(value));
+}
+
+struct SvgElement {
+  const ViewSize& view;
+
+  std::string operator()(const BoxPrimitive& box) const {
+    const ViewRect place = screenBox(box, view);
+    return "<rect" + attribute("x", place.left) + attribute("y", place.bottom) +
+           attribute("width", place.width) + attribute("height", place.height) +
+           attribute("fill", hex(box.fill)) + attribute("stroke", hex(box.outline)) + "/>\n";
+  }
+
+  std::string operator()(const LinePrimitive& line) const {
+    std::string points;
+    for (const ViewPoint& point : screenLine(line, view)) {
+      if (!points.empty()) points += ' ';
+      points += number(point.x) + ',' + number(point.y);
+    }
+    std::string element = isClosed(line) ? "<polygon" : "<polyline";
+    element += attribute("points", points) + attribute("fill", "none") +
+               attribute("stroke", hex(line.colour));
+    if (line.width != 1) element += attribute("stroke-width", line.width);
+    if (line.dashed)
+      element += attribute("stroke-dasharray",
+                           number(LinePrimitive::dashOn) + ' ' + number(LinePrimitive::dashOff));
+    return element + "/>\n";
+  }
+
+  std::string operator()(const SymbolPrimitive& symbol) const {
+    const ViewPoint centre = screenPoint(symbol.centre, view);
+    const double radius = symbol.diameter / 2 - (symbol.filled ? 0 : 0.5);
+    std::string element = "<circle" + attribute("cx", centre.x) + attribute("cy", centre.y) +
+                          attribute("r", radius) + attribute("fill", hex(symbol.colour));
+    if (!symbol.filled)
+      element += attribute("fill-opacity", symbolFill) + attribute("stroke", hex(symbol.colour));
+    return element + "/>\n";
+  }
+
+  std::string operator()(const TextPrimitive& text) const {
+    const ViewPoint anchor = screenAnchor(text, view);
+    std::string element = "<text" + attribute("x", anchor.x) + attribute("y", anchor.y) +
+                          attribute("font-size", text.pixels);
+    if (text.align == Align::centre) element += attribute("text-anchor", "middle");
+    if (text.align == Align::right) element += attribute("text-anchor", "end");
+    if (text.turned)
+      element +=
+          attribute("transform", "rotate(-90 " + number(anchor.x) + ' ' + number(anchor.y) + ')');
+    return element + '>' + escaped(text.text) + "</text>\n";
+  }
+};
+
+std::string opening(const ViewSize& size) {
+  const std::string width = number(size.width);
+  const std::string height = number(size.height);
+  return "<svg" + attribute("xmlns", "http://www.w3.org/2000/svg") + attribute("width", width) +
+         attribute("height", height) + attribute("viewBox", "0 0 " + width + ' ' + height) +
+         attribute("role", "img") + attribute("font-family", fontFamilies) + ">\n";
+}
+
+}  // namespace
+
+std::string writeSvg(const Picture& picture, std::string_view title, std::string_view description) {
+  std::string svg = opening(picture.size);
+  svg += "<title>" + escaped(title) + "</title>\n<desc>" + escaped(description) + "</desc>\n";
+  svg += "<rect width=\"100%\" height=\"100%\" fill=\"#ffffff\"/>\n";
+  for (const Primitive& primitive : picture.primitives)
+    svg += std::visit(SvgElement{picture.size}, primitive);
+  return svg + "</svg>\n";
+}
+
+}  // namespace tolmer

@@ -1,0 +1,177 @@
+#include "platform/qt/graph_view.h"
+
+#include <QAccessible>
+#include <QAccessibleWidget>
+#include <QContextMenuEvent>
+#include <QFont>
+#include <QFontMetricsF>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QPointer>
+#include <QPolygonF>
+
+#include "platform/graph/screen_geometry.h"
+
+namespace tolmer {
+namespace {
+
+// Share of the full colour inside open circles, translucent so that dense points show.
+constexpr float symbolFill = 0.25F;
+
+constexpr double pixelsPerMetre = 96 / 0.0254;
+
+QColor screenColour(Colour colour) { return {colour.red, colour.green, colour.blue}; }
+
+// Without kerning and hinting the widths are those of the tables that the layout was made with.
+QFont screenFont(double pixels) {
+  QFont font;
+  font.setFamilies({"Liberation Serif", "Times New Roman", "Times"});
+  font.setStyleHint(QFont::Serif);
+  font.setPixelSize(static_cast<int>(pixels));
+  font.setKerning(false);
+  font.setHintingPreference(QFont::PreferNoHinting);
+  return font;
+}
+
+QPen linePen(const LinePrimitive& line) {
+  QPen pen(screenColour(line.colour), line.width, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin);
+  // Dash lengths count in widths of the pen.
+  if (line.dashed)
+    pen.setDashPattern({LinePrimitive::dashOn / line.width, LinePrimitive::dashOff / line.width});
+  return pen;
+}
+
+struct PrimitivePainter {
+  QPainter& painter;
+  const ViewSize& view;
+
+  void operator()(const BoxPrimitive& box) const {
+    const ViewRect place = screenBox(box, view);
+    painter.setPen(QPen(screenColour(box.outline), 1, Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
+    painter.setBrush(screenColour(box.fill));
+    painter.drawRect(QRectF(place.left, place.bottom, place.width, place.height));
+  }
+
+  void operator()(const LinePrimitive& line) const {
+    QPolygonF points;
+    for (const ViewPoint& point : screenLine(line, view)) points << QPointF(point.x, point.y);
+    painter.setPen(linePen(line));
+    painter.setBrush(Qt::NoBrush);
+    if (isClosed(line))
+      painter.drawPolygon(points);
+    else
+      painter.drawPolyline(points);
+  }
+
+  void operator()(const SymbolPrimitive& symbol) const {
+    const ViewPoint centre = screenPoint(symbol.centre, view);
+    const double radius = symbol.diameter / 2 - (symbol.filled ? 0 : 0.5);
+    QColor fill = screenColour(symbol.colour);
+    if (!symbol.filled) fill.setAlphaF(symbolFill);
+    painter.setPen(symbol.filled ? QPen(Qt::NoPen) : QPen(screenColour(symbol.colour), 1));
+    painter.setBrush(fill);
+    painter.drawEllipse(QPointF(centre.x, centre.y), radius, radius);
+  }
+
+  void operator()(const TextPrimitive& text) const {
+    const ViewPoint anchor = screenAnchor(text, view);
+    const QString letters = QString::fromStdString(text.text);
+    const QFont font = screenFont(text.pixels);
+    const double length = QFontMetricsF(font).horizontalAdvance(letters);
+    const double before = text.align == Align::left     ? 0
+                          : text.align == Align::centre ? length / 2
+                                                        : length;
+    painter.save();
+    painter.setFont(font);
+    painter.setPen(Qt::black);
+    painter.translate(anchor.x, anchor.y);
+    if (text.turned) painter.rotate(-90);
+    painter.drawText(QPointF(-before, 0), letters);
+    painter.restore();
+  }
+};
+
+MouseButton modelButton(Qt::MouseButton button) {
+  return button == Qt::RightButton ? MouseButton::right : MouseButton::left;
+}
+
+bool isModelButton(Qt::MouseButton button) {
+  return button == Qt::LeftButton || button == Qt::RightButton;
+}
+
+// Tells assistive programs that this is a chart; a plain widget would be skipped as a filler.
+QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
+  auto* view = dynamic_cast<GraphView*>(object);
+  return view ? new QAccessibleWidget(view, QAccessible::Chart) : nullptr;
+}
+
+void installAccessibility() {
+  [[maybe_unused]] static const bool installed =
+      (QAccessible::installFactory(makeAccessible), true);
+}
+
+}  // namespace
+
+GraphView::GraphView(Graph& graph, QWidget* parent) : QWidget(parent), graph_(graph) {
+  installAccessibility();
+  setAttribute(Qt::WA_OpaquePaintEvent);
+  setFocusPolicy(Qt::StrongFocus);
+  refresh(Change::all);
+}
+
+void GraphView::refresh(Change what) {
+  if (has(what, Change::tip)) {
+    setAccessibleName(QString::fromStdString(graph_.accessibleName()));
+    setAccessibleDescription(QString::fromStdString(graph_.accessibleDescription()));
+    setToolTip(QString::fromStdString(graph_.tip()));
+  }
+  if (has(what, Change::content)) update();
+}
+
+void GraphView::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  painter.fillRect(rect(), Qt::white);
+  paintPicture(painter, graph_.picture());
+}
+
+void GraphView::mousePressEvent(QMouseEvent* event) {
+  if (isModelButton(event->button())) tolmer::raise(graph_.MouseDown, modelButton(event->button()));
+}
+
+void GraphView::mouseReleaseEvent(QMouseEvent* event) {
+  if (!isModelButton(event->button())) return;
+  const bool clicked =
+      event->button() == Qt::LeftButton && rect().contains(event->position().toPoint());
+  // The handler may take the graph away, and this widget with it.
+  const QPointer<GraphView> alive(this);
+  tolmer::raise(graph_.MouseUp, modelButton(event->button()));
+  if (alive && clicked) graph_.click();
+}
+
+// The key for context menus does what the right button does; the mouse's own request comes with the
+// press already.
+void GraphView::contextMenuEvent(QContextMenuEvent* event) {
+  event->accept();
+  if (event->reason() == QContextMenuEvent::Keyboard)
+    tolmer::raise(graph_.MouseUp, MouseButton::right);
+}
+
+void paintPicture(QPainter& painter, const Picture& picture) {
+  painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
+  for (const Primitive& primitive : picture.primitives)
+    std::visit(PrimitivePainter{painter, picture.size}, primitive);
+}
+
+QImage paintGraph(const Graph& graph, double scale) {
+  const ViewSize& size = graph.picture().size;
+  QImage image(qCeil(size.width * scale), qCeil(size.height * scale), QImage::Format_RGB32);
+  image.setDevicePixelRatio(scale);
+  image.setDotsPerMeterX(qRound(pixelsPerMetre * scale));
+  image.setDotsPerMeterY(qRound(pixelsPerMetre * scale));
+  image.fill(Qt::white);
+  QPainter painter(&image);
+  paintPicture(painter, graph.picture());
+  return image;
+}
+
+}  // namespace tolmer

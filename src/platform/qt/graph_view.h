@@ -1,0 +1,40 @@
+// A graph on the screen.
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+
+#include "platform/graph/graph.h"
+
+class QPainter;
+
+namespace tolmer {
+
+// Shows the graph's picture and hands the mouse to its events. The graph must outlive it.
+class GraphView : public QWidget {
+ public:
+  explicit GraphView(Graph& graph, QWidget* parent = nullptr);
+
+  // After the graph has told that it changed.
+  void refresh(Change what);
+
+  QSize sizeHint() const override { return {480, 280}; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
+
+ private:
+  Graph& graph_;
+};
+
+// Draws the list on a painter whose unit is the logical pixel.
+void paintPicture(QPainter& painter, const Picture& picture);
+
+// The picture on white, `scale` device pixels to the logical one, its resolution stated so that it
+// is pasted at its size on the screen.
+QImage paintGraph(const Graph& graph, double scale);
+
+}  // namespace tolmer
