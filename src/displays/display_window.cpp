@@ -23,4 +23,8 @@ void DisplayWindow::Form_MouseUp(MouseButton button) {
   host_.openDisplayMenu();
 }
 
+void DisplayWindow::setTitle(const std::string& title) {
+  setCaption(state_.Fit.bSingular ? title + " (no valid fit)" : title);
+}
+
 }  // namespace tolmer

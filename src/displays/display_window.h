@@ -38,6 +38,9 @@ class DisplayWindow : public Window {
  protected:
   // A release of the mouse over the display or what stands in it.
   virtual void Form_MouseUp(MouseButton button);
+  // Called by every UpdateDisplay: the title bar says so when the last fit failed, since the old
+  // numbers in the record must not pass for new ones.
+  void setTitle(const std::string& title);
 
   AnalysisState& state_;
   DisplayHost& host_;

@@ -10,7 +10,13 @@ namespace keys {
 inline constexpr int tab = 9;
 inline constexpr int enter = 13;
 inline constexpr int escape = 27;
+inline constexpr int pageUp = 33;
+inline constexpr int pageDown = 34;
+inline constexpr int end = 35;
+inline constexpr int home = 36;
+inline constexpr int left = 37;
 inline constexpr int up = 38;
+inline constexpr int right = 39;
 inline constexpr int down = 40;
 inline constexpr int deleteKey = 46;
 inline constexpr int f1 = 112;
