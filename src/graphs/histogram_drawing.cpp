@@ -1,6 +1,7 @@
 #include "graphs/histogram_drawing.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
 
 #include "engine/axis_scale.h"
@@ -43,6 +44,13 @@ void drawHistogramBars(Graph& graph, PlotBar& objPlotBar, const Matrix<float>& s
   objPlotBar.MaxY = graph.settings.y.maximum;
   objPlotBar.BarColor = palette::brightBlue;
   objPlotBar.PlotBarData(sBars);
+}
+
+void leaveRoomForCurve(Graph& graph, const NormalCurve& curve) {
+  const float sPeak = NormalDensity(curve.sMean, curve.sStdDev, curve.sMean) * curve.sFrequency;
+  const float sExcess = sPeak / graph.settings.y.maximum - 1;
+  // Not for a standard error of zero, whose peak is infinite.
+  graph.settings.headroom = sExcess > 0 && std::isfinite(sExcess) ? sExcess : 0;
 }
 
 void overlayNormalCurve(Graph& graph, const NormalCurve& curve) {

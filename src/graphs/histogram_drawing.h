@@ -31,6 +31,11 @@ struct NormalCurve {
   float sFrequency;   // cases times class width: turns a density into an expected count
 };
 
+// Keeps free what the curve needs above the axes, whose top is that of the fullest class: in a
+// normal sample the curve is a sixth higher than classes one standard deviation wide. To be called
+// between the scaling of the vertical axis and the drawing of the axes.
+void leaveRoomForCurve(Graph& graph, const NormalCurve& curve);
+
 // 100 segments over 99ths of the range, so the last one ends a step beyond sHigh.
 void overlayNormalCurve(Graph& graph, const NormalCurve& curve);
 

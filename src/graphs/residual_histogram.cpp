@@ -47,6 +47,7 @@ void frmResidHist::DrawHistogram() {
   beginHistogram(gphResidHist, state_.iResidClassCount, iNumClasses);
   setScaledAxis(gphResidHist.settings.x, {msXMin, msXStep, miXTicks}, sShift);
   gphResidHist.settings.x.title = "Residual";
+  leaveRoomForCurve(gphResidHist, normalCurve());
   drawHistogramAxes(gphResidHist);
 
   Matrix<float> sBars(iNumClasses + 1, 2);
@@ -58,7 +59,9 @@ void frmResidHist::DrawHistogram() {
   drawHistogramBars(gphResidHist, mobjPlotBar, sBars);
 }
 
-void frmResidHist::OverlayNormalDist() {
+void frmResidHist::OverlayNormalDist() { overlayNormalCurve(gphResidHist, normalCurve()); }
+
+NormalCurve frmResidHist::normalCurve() const {
   const int iNumClasses = state_.iNumResidClasses;
   const float sShift = axisShift(msXMin);
   const float s = state_.Fit.sStdErr;
@@ -73,7 +76,7 @@ void frmResidHist::OverlayNormalDist() {
   curve.sAxisMin = sShift + msXMin;
   curve.sAxisLength = miXTicks * msXStep;
   curve.sFrequency = sSpan / static_cast<float>(iNumClasses) * state_.iNumCases;
-  overlayNormalCurve(gphResidHist, curve);
+  return curve;
 }
 
 std::string frmResidHist::description() const {

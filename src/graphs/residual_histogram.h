@@ -2,6 +2,7 @@
 #pragma once
 
 #include "displays/graph_display.h"
+#include "graphs/histogram_drawing.h"
 #include "graphs/plot_bar.h"
 #include "platform/graph/graph.h"
 
@@ -20,6 +21,7 @@ class frmResidHist : public GraphDisplay {
   void ScaleResids();
   void DrawHistogram();
   void OverlayNormalDist();
+  NormalCurve normalCurve() const;
   std::string description() const;
 
   PlotBar mobjPlotBar;

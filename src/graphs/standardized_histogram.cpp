@@ -35,6 +35,7 @@ void frmStdResidHist::DrawHistogram() {
   beginHistogram(gphStdResidHist, state_.iStdResidClassCount, classes);
   setScaledAxis(gphStdResidHist.settings.x, {axisMin, 1, classes}, sShift);
   gphStdResidHist.settings.x.title = "Standardized Residual";
+  leaveRoomForCurve(gphStdResidHist, normalCurve());
   drawHistogramAxes(gphStdResidHist);
 
   Matrix<float> sBars(classes + 1, 2);
@@ -45,7 +46,9 @@ void frmStdResidHist::DrawHistogram() {
   drawHistogramBars(gphStdResidHist, mobjPlotBar, sBars);
 }
 
-void frmStdResidHist::OverlayNormalDist() {
+void frmStdResidHist::OverlayNormalDist() { overlayNormalCurve(gphStdResidHist, normalCurve()); }
+
+NormalCurve frmStdResidHist::normalCurve() const {
   const float sShift = axisShift(axisMin);
   NormalCurve curve{};
   curve.sLow = sShift - 3;
@@ -55,7 +58,7 @@ void frmStdResidHist::OverlayNormalDist() {
   curve.sAxisMin = sShift + axisMin;
   curve.sAxisLength = classes;
   curve.sFrequency = state_.iNumCases;
-  overlayNormalCurve(gphStdResidHist, curve);
+  return curve;
 }
 
 std::string frmStdResidHist::description() const {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "displays/graph_display.h"
+#include "graphs/histogram_drawing.h"
 #include "graphs/plot_bar.h"
 #include "platform/graph/graph.h"
 
@@ -19,6 +20,7 @@ class frmStdResidHist : public GraphDisplay {
  private:
   void DrawHistogram();
   void OverlayNormalDist();
+  NormalCurve normalCurve() const;
   std::string description() const;
 
   PlotBar mobjPlotBar;

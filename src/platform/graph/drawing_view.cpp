@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <optional>
 #include <utility>
 
 #include "platform/graph/palette.h"
@@ -29,34 +28,34 @@ LinePrimitive lineOf(const LineCall& call) {
 }
 
 // One unit more than the plot area, for the width of lines along its edges.
-ViewRect clipArea(const ViewRect& plot) {
-  return {plot.left - 1, plot.bottom - 1, plot.width + 2, plot.height + 2};
+ViewRect clipArea(const Picture& picture) {
+  const ViewRect& plot = picture.plot;
+  return {plot.left - 1, plot.bottom - 1, plot.width + 2, plot.height + picture.headroom + 2};
 }
 
-// Narrows the part [from, to] of a segment to where start + part * step lies within low .. high.
-bool narrow(double start, double step, double low, double high, double& from, double& to) {
-  if (step == 0) return start >= low && start <= high;
-  const double a = (low - start) / step;
-  const double b = (high - start) / step;
-  from = std::max(from, std::min(a, b));
-  to = std::min(to, std::max(a, b));
-  return from <= to;
+// Cuts off what lies below a level of one coordinate, or above it for side -1. False if nothing is
+// left. The cut end gets the level itself, which keeps ends far away from rounding errors.
+bool cutAt(double level, double side, double ViewPoint::*along, double ViewPoint::*across,
+           ViewPoint& a, ViewPoint& b) {
+  const bool aIsOut = (a.*along - level) * side < 0;
+  const bool bIsOut = (b.*along - level) * side < 0;
+  if (aIsOut && bIsOut) return false;
+  if (!aIsOut && !bIsOut) return true;
+  const double share = (level - a.*along) / (b.*along - a.*along);
+  const double other = a.*across + share * (b.*across - a.*across);
+  ViewPoint& outer = aIsOut ? a : b;
+  outer.*along = level;
+  outer.*across = other;
+  return true;
 }
 
-// The part of a segment inside the area (Liang and Barsky, ACM Trans. Graphics 3, 1984).
-std::optional<std::pair<ViewPoint, ViewPoint>> clipped(ViewPoint a, ViewPoint b,
-                                                       const ViewRect& area) {
-  const double dx = b.x - a.x;
-  const double dy = b.y - a.y;
-  if (!std::isfinite(dx) || !std::isfinite(dy)) return std::nullopt;
-  double from = 0;
-  double to = 1;
-  if (!narrow(a.x, dx, area.left, area.right(), from, to) ||
-      !narrow(a.y, dy, area.bottom, area.top(), from, to))
-    return std::nullopt;
-  const ViewPoint start = from > 0 ? ViewPoint{a.x + from * dx, a.y + from * dy} : a;
-  const ViewPoint end = to < 1 ? ViewPoint{a.x + to * dx, a.y + to * dy} : b;
-  return std::pair{start, end};
+// Leaves the part of a segment inside the area; False if there is none.
+bool clip(ViewPoint& a, ViewPoint& b, const ViewRect& area) {
+  if (!std::isfinite(b.x - a.x) || !std::isfinite(b.y - a.y)) return false;
+  return cutAt(area.left, 1, &ViewPoint::x, &ViewPoint::y, a, b) &&
+         cutAt(area.right(), -1, &ViewPoint::x, &ViewPoint::y, a, b) &&
+         cutAt(area.bottom, 1, &ViewPoint::y, &ViewPoint::x, a, b) &&
+         cutAt(area.top(), -1, &ViewPoint::y, &ViewPoint::x, a, b);
 }
 
 ViewRect intersection(const ViewRect& a, const ViewRect& b) {
@@ -99,9 +98,7 @@ void DrawingView::GSLineAbs(double x1, double y1, double x2, double y2, int mode
   const LineCall call{x1, y1, x2, y2, mode, style, colour};
   overlay_.push_back(call);
   LinePrimitive line = lineOf(call);
-  const auto part = clipped(line.points[0], line.points[1], clipArea(picture_.plot));
-  if (!part) return;
-  line.points = {part->first, part->second};
+  if (!clip(line.points[0], line.points[1], clipArea(picture_))) return;
   // A dashed line over the frame would make the frame look dashed.
   if (line.width > 1 || !liesOnFrame(line, picture_.plot)) addLine(std::move(line));
 }

@@ -31,8 +31,8 @@ inline constexpr int centred = 0x002;  // x is the middle of the text, else its 
 inline constexpr int hanging = 0x010;  // y is the top of the text, else the middle of its capitals
 }  // namespace textFlags
 
-// Boxes and lines are clipped to the plot area; a text that would leave the view or lie on an
-// earlier one is left out. Consecutive lines of equal look that meet become one.
+// Boxes are clipped to the plot area, lines to it and its headroom; a text that would leave the
+// view or lie on an earlier one is left out. Consecutive lines of equal look that meet become one.
 //
 // The drawing calls bear the names of the library that graph windows were written for. What its
 // attributes meant was closed; they mean here:

@@ -45,6 +45,7 @@ struct GraphSettings {
   int lineStatistics = 0;  // 8: with the least-squares line
   int labelEvery = 1;      // a label at every so many points
   int tickEvery = 1;
+  double headroom = 0;  // free space above the plot area for an overlay, in parts of its height
 };
 
 // What is settled when the window is designed.

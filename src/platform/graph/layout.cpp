@@ -76,13 +76,19 @@ double rightMargin(const GraphLayout& layout, const GraphSettings& settings,
   return std::max({12.0, label, text});
 }
 
+// At least two thirds of the height stay for the plot.
+double headroomShare(const GraphSettings& settings) {
+  return settings.headroom > 0 ? std::min(settings.headroom, 0.5) : 0;
+}
+
 ViewRect plotArea(const GraphLayout& layout, const GraphSettings& settings,
                   const GraphDesign& design) {
   const double left = std::round(leftMargin(layout, settings));
   const double bottom = std::round(bottomMargin(layout, settings));
+  const double height = layout.view.height - bottom - topMargin(layout, design);
   return {left, bottom,
           std::round(layout.view.width - left - rightMargin(layout, settings, design)),
-          std::round(layout.view.height - bottom - topMargin(layout, design))};
+          std::round(height / (1 + headroomShare(settings)))};
 }
 
 ViewRect areaWithoutText(ViewSize view) {
@@ -131,6 +137,7 @@ GraphLayout layOut(const GraphSettings& settings, const GraphDesign& design, Vie
     layout.plot = areaWithoutText(view);
     return layout;
   }
+  layout.headroom = std::floor(headroomShare(settings) * layout.plot.height);
   layout.everyXLabel = everyXLabel(settings.x, layout.plot, layout.tickLabelPixels());
   layout.everyYLabel = everyYLabel(settings.y, layout.plot, layout.tickLabelPixels());
   return layout;

@@ -13,6 +13,7 @@ namespace tolmer {
 struct GraphLayout {
   ViewSize view;
   ViewRect plot;                        // whole units
+  double headroom = 0;                  // above the plot area, open to lines drawn on top
   bool hasText = false;                 // False where the plot would be too small to read anyway
   double textPixels = 0;                // text at 100 percent
   std::array<double, 4> classPixels{};  // sizes of the text classes

@@ -67,7 +67,8 @@ using Primitive = std::variant<BoxPrimitive, LinePrimitive, SymbolPrimitive, Tex
 
 struct Picture {
   ViewSize size;
-  ViewRect plot;  // the plot area
+  ViewRect plot;        // the plot area
+  double headroom = 0;  // above it, open to lines drawn on top
   std::vector<Primitive> primitives;
 
   // Appends the primitive, unless a coordinate is not finite.

@@ -131,6 +131,7 @@ Picture drawPlot(const GraphSettings& settings, const GraphLayout& layout) {
   Picture picture;
   picture.size = layout.view;
   picture.plot = layout.plot;
+  picture.headroom = layout.headroom;
   const Drawing drawing{settings, layout, picture};
   drawFrame(drawing);
   if (layout.hasText) {

@@ -54,8 +54,8 @@ std::string escaped(std::string_view text) {
         result += "&quot;";
         break;
       default:
-        // Control characters are no part of XML.
-        if (static_cast<unsigned char>(c) >= 0x20) result += c;
+        // Control characters are no part of XML, but for line ends and tabs.
+        result += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
     }
   }
   return result;
