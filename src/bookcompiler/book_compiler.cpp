@@ -1,0 +1,85 @@
+#include "bookcompiler/book_compiler.h"
+
+#include <filesystem>
+#include <optional>
+
+#include "base/file_io.h"
+#include "bookcompiler/book_builder.h"
+#include "bookcompiler/source_text.h"
+#include "notebook/object_file.h"
+
+namespace tolmer {
+namespace {
+
+struct CompileArguments {
+  std::string source;
+  std::string output;
+  std::string root;
+};
+
+// nullopt unless there are exactly a source, an output and a root.
+std::optional<CompileArguments> parseArguments(const std::vector<std::string>& arguments) {
+  CompileArguments parsed;
+  for (std::size_t i = 0; i < arguments.size(); ++i) {
+    const std::string& word = arguments[i];
+    const bool isOption = word.starts_with("--");
+    if (isOption && (word != "--root" || i + 1 == arguments.size())) return std::nullopt;
+    std::string& target = isOption                ? parsed.root
+                          : parsed.source.empty() ? parsed.source
+                                                  : parsed.output;
+    if (!target.empty()) return std::nullopt;
+    target = isOption ? arguments[++i] : word;
+  }
+  const bool complete = !parsed.source.empty() && !parsed.output.empty() && !parsed.root.empty();
+  return complete ? std::optional(parsed) : std::nullopt;
+}
+
+std::string folderOf(const std::string& file) {
+  const std::string folder = std::filesystem::path(file).parent_path().string();
+  return folder.empty() ? "." : folder;
+}
+
+void checkFiles(const SourcedBook& sourced, const CourseFolders& folders, Complaints& complaints) {
+  for (const DataSetClaim& claim : sourced.dataSets) checkDataSet(claim, folders, complaints);
+  for (const FileClaim& file : sourced.courseFiles)
+    checkCourseFile(file.line, file.name, folders, complaints);
+  for (const FileClaim& file : sourced.pictures)
+    checkPicture(file.line, file.name, folders, complaints);
+}
+
+}  // namespace
+
+CompiledBook compileBook(std::string_view source, const CourseFolders& folders) {
+  Complaints complaints;
+  const auto entries = parseSource(source, complaints);
+  const SourcedBook sourced = buildBook(entries, complaints);
+  checkFiles(sourced, folders, complaints);
+  CompiledBook compiled{{}, complaints.sorted(), complaints.hasErrors()};
+  if (!compiled.hasErrors) compiled.objectText = objectFileText(sourced.book);
+  return compiled;
+}
+
+int compileNotebook(const std::vector<std::string>& arguments, std::string& report) {
+  const auto parsed = parseArguments(arguments);
+  if (!parsed) {
+    report += "usage: nbocompile SOURCE OUTPUT --root FOLDER\n";
+    return 2;
+  }
+  const auto source = readWholeFile(parsed->source);
+  if (!source) {
+    report += source.error().message() + "\n";
+    return 1;
+  }
+  const auto compiled = compileBook(*source, {parsed->root, folderOf(parsed->output)});
+  for (const Complaint& complaint : compiled.complaints)
+    report += parsed->source + ":" + std::to_string(complaint.line) + ": " +
+              (complaint.isWarning ? "warning: " : "") + complaint.text + "\n";
+  if (compiled.hasErrors) return 1;
+  if (const auto error = writeFileAtomically(parsed->output, compiled.objectText)) {
+    report += error->message() + "\n";
+    return 1;
+  }
+  return 0;
+}
+
+}  // namespace tolmer

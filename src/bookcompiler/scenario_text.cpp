@@ -1,0 +1,79 @@
+#include "bookcompiler/scenario_text.h"
+
+#include "fieldfile/number_text.h"
+
+namespace tolmer {
+namespace {
+
+std::vector<std::string> cutAtCommas(std::string_view text) {
+  std::vector<std::string> parts;
+  for (;;) {
+    const auto comma = text.find(',');
+    const std::string_view part = text.substr(0, comma);
+    const auto first = part.find_first_not_of(' ');
+    const auto last = part.find_last_not_of(' ');
+    parts.emplace_back(first == std::string_view::npos ? std::string_view()
+                                                       : part.substr(first, last - first + 1));
+    if (comma == std::string_view::npos) return parts;
+    text.remove_prefix(comma + 1);
+  }
+}
+
+// Reads one line's parameters; every complaint names the parameter.
+class ParameterReader {
+ public:
+  ParameterReader(int line, Complaints& complaints) : line_(line), complaints_(complaints) {}
+
+  bool flag(const std::string& text, const char* what) {
+    if (text != "True" && text != "False") fail(std::string(what) + " must be True or False");
+    return text == "True";
+  }
+  Int16 number(const std::string& text, const char* what, int lowest, int highest) {
+    const auto value = integerFromText(text);
+    if (value && *value >= lowest && *value <= highest) return *value;
+    fail(std::string(what) + " must be a whole number from " + std::to_string(lowest) + " to " +
+         std::to_string(highest) + ", not \"" + text + "\"");
+    return 0;
+  }
+  std::string path(const std::string& text, const char* what) {
+    if (!text.starts_with('\\')) fail(std::string(what) + " must begin with a backslash");
+    return text;
+  }
+  void fail(std::string text) {
+    complaints_.error(line_, std::move(text));
+    failed_ = true;
+  }
+  bool failed() const { return failed_; }
+
+ private:
+  int line_;
+  Complaints& complaints_;
+  bool failed_ = false;
+};
+
+}  // namespace
+
+std::optional<DataSetClaim> parseParameters(int line, const std::string& text, bool needsDependent,
+                                            Scenario& scenario, Complaints& complaints) {
+  constexpr int highest = 32767;
+  ParameterReader read(line, complaints);
+  const auto parts = cutAtCommas(text);
+  if (parts.size() != scenarioParameterCount) {
+    read.fail("a scenario has 7 parameters, here are " + std::to_string(parts.size()));
+    return std::nullopt;
+  }
+  for (std::size_t i = 0; i < parts.size(); ++i) scenario.tParameter[i + 1] = parts[i];
+  DataSetClaim claim;
+  claim.line = line;
+  claim.dataFile = read.path(parts[0], "parameter 1, the data file,");
+  if (read.flag(parts[2], "parameter 3, is there an information file,"))
+    claim.infoFile = read.path(parts[1], "parameter 2, the information file,");
+  claim.labeled = read.flag(parts[3], "parameter 4, are there labels,");
+  claim.cases = read.number(parts[4], "parameter 5, the number of cases,", 1, highest);
+  claim.columns = read.number(parts[5], "parameter 6, the number of columns,", 1, highest);
+  const int last = claim.columns > 0 ? claim.columns : highest;
+  read.number(parts[6], "parameter 7, the dependent column,", needsDependent ? 1 : 0, last);
+  return read.failed() ? std::nullopt : std::optional(claim);
+}
+
+}  // namespace tolmer

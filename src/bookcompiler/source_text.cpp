@@ -1,0 +1,95 @@
+#include "bookcompiler/source_text.h"
+
+#include <algorithm>
+
+#include "base/text_encoding.h"
+
+namespace tolmer {
+namespace {
+
+constexpr std::string_view blanks = " \t";
+
+std::string_view trimmed(std::string_view text) {
+  const auto first = text.find_first_not_of(blanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+// The first line of `rest`, which loses it; line ends are LF, CR LF or CR.
+std::string_view takeLine(std::string_view& rest) {
+  const auto end = std::min(rest.find_first_of("\r\n"), rest.size());
+  const std::string_view line = rest.substr(0, end);
+  const bool two = rest.substr(end).starts_with("\r\n");
+  rest.remove_prefix(std::min(end + (two ? 2 : 1), rest.size()));
+  return line;
+}
+
+std::vector<std::string> words(std::string_view head) {
+  std::vector<std::string> found;
+  while (!(head = trimmed(head)).empty()) {
+    const auto end = std::min(head.find_first_of(blanks), head.size());
+    found.emplace_back(head.substr(0, end));
+    head.remove_prefix(end);
+  }
+  return found;
+}
+
+bool isTwoWordKeyword(const std::string& first, const std::string& second) {
+  return (first == "default" && (second == "scenario" || second == "database")) ||
+         (first == "column" && second == "heading");
+}
+
+void checkCharacters(int line, std::string_view text, Complaints& complaints) {
+  if (!isUtf8(text)) return complaints.error(line, "this line is not UTF-8 text");
+  if (text.find('"') != std::string_view::npos)
+    complaints.error(line, "a double quote cannot be written to the notebook; use ' or “ ”");
+  const bool hasControl = std::any_of(text.begin(), text.end(), [](char c) {
+    return (static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == 0x7F;
+  });
+  if (hasControl) complaints.error(line, "a control character stands in this line");
+}
+
+SourceEntry entryOf(int line, std::string_view content, std::size_t colon) {
+  SourceEntry entry;
+  entry.line = line;
+  entry.modifiers = words(content.substr(0, colon));
+  entry.text = trimmed(content.substr(colon + 1));
+  auto& parts = entry.modifiers;
+  if (parts.size() > 1 && isTwoWordKeyword(parts[0], parts[1])) {
+    parts[0] += " " + parts[1];
+    parts.erase(parts.begin() + 1);
+  }
+  if (!parts.empty()) {
+    entry.keyword = parts.front();
+    parts.erase(parts.begin());
+  }
+  return entry;
+}
+
+}  // namespace
+
+std::vector<SourceEntry> parseSource(std::string_view bytes, Complaints& complaints) {
+  if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
+  std::vector<SourceEntry> entries;
+  for (int line = 1; !bytes.empty(); ++line) {
+    const std::string_view content = takeLine(bytes);
+    const std::string_view text = trimmed(content);
+    if (text.empty() || content.front() == '#') continue;
+    checkCharacters(line, content, complaints);
+    const bool goesOn = blanks.find(content.front()) != std::string_view::npos;
+    const auto colon = content.find(':');
+    if (goesOn && entries.empty())
+      complaints.error(line, "this line goes on with a text, but there is none before it");
+    else if (goesOn)
+      entries.back().text += (entries.back().text.empty() ? "" : " ") + std::string(text);
+    else if (colon == std::string_view::npos)
+      complaints.error(line,
+                       "a keyword and a colon were expected, or a blank before a text that "
+                       "goes on");
+    else
+      entries.push_back(entryOf(line, content, colon));
+  }
+  return entries;
+}
+
+}  // namespace tolmer

@@ -1,0 +1,25 @@
+// The lines of a notebook source, put together and cut into keyword and text.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "bookcompiler/complaints.h"
+
+namespace tolmer {
+
+// "jump indent bold 3.2: Text" is the keyword "jump" with the modifiers "indent", "bold", "3.2".
+struct SourceEntry {
+  int line = 0;
+  std::string keyword;  // of two words where that is a keyword: "default scenario"
+  std::vector<std::string> modifiers;
+  std::string text;  // continuation lines joined by one blank
+};
+
+// Empty lines and lines that begin with "#" are left out; a line that begins with a blank goes on
+// with the text before it. Complains of lines that are neither, of bytes that are no UTF-8, and of
+// characters that an object file cannot hold (double quotes, control characters).
+std::vector<SourceEntry> parseSource(std::string_view bytes, Complaints& complaints);
+
+}  // namespace tolmer

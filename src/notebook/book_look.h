@@ -1,0 +1,35 @@
+// Colours, fonts and sizes that the windows of the book share.
+#pragma once
+
+#include <cmath>
+#include <string_view>
+
+#include "platform/geometry.h"
+#include "platform/look.h"
+#include "platform/text_metrics.h"
+
+namespace tolmer::book_look {
+
+inline constexpr Colour paper = Colour::rgb(255, 253, 248);
+inline constexpr Colour ink = Colour::rgb(33, 37, 41);
+inline constexpr Colour headingInk = Colour::rgb(38, 62, 92);  // the blue of the program's icon
+inline constexpr Colour quietInk = Colour::rgb(106, 115, 125);
+
+inline constexpr Font textFont{FontFamily::interface, 12, false};
+inline constexpr Font boldFont{FontFamily::interface, 12, true};
+inline constexpr Font headingFont{FontFamily::serif, 20, true};
+inline constexpr Font coverHeadingFont{FontFamily::serif, 24, true};
+inline constexpr Font pageHeaderFont{FontFamily::serif, 15, false};
+
+// Height of a text at that width, both in twips, on whole pixels.
+inline Twips heightOf(const Font& font, std::string_view text, Twips width) {
+  return pixels(static_cast<float>(
+      std::ceil(wrappedHeight(font, text, static_cast<double>(width / twipsPerPixel)))));
+}
+
+// Width of a text on one line, on whole pixels.
+inline Twips widthOf(const Font& font, std::string_view text) {
+  return pixels(static_cast<float>(std::ceil(textWidth(font, text))));
+}
+
+}  // namespace tolmer::book_look

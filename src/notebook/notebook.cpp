@@ -1,0 +1,203 @@
+#include "notebook/notebook.h"
+
+#include <stdexcept>
+#include <utility>
+
+#include "notebook/note_splash.h"
+#include "notebook/notebook_window.h"
+
+namespace tolmer {
+namespace {
+
+template <class Array>
+auto& element(Array& array, int index) {
+  if (index < 0) throw std::out_of_range("negative index");
+  return array.at(static_cast<std::size_t>(index));
+}
+
+template <class Outline>
+auto& entryOf(Outline& outline, int j) {
+  if (j < 1 || j > outline.iNumOutlines)
+    throw std::out_of_range("the page has no outline " + std::to_string(j));
+  return outline.uEntry[static_cast<std::size_t>(j)];
+}
+
+}  // namespace
+
+NoteBook::NoteBook(Desktop& desktop) : desktop_(desktop) {}
+
+NoteBook::~NoteBook() = default;
+
+void NoteBook::setBook(Book book) {
+  window_.reset();
+  book_ = std::move(book);
+  iLastScenarioNumber = 0;
+  iSelectedDatabase_ = {};
+}
+
+int NoteBook::pageRow(int iSection, int iPage) const {
+  const SectionRecord& section = book_.uSection[iSection];
+  if (iSection < 1 || iPage < 1 || iPage > section.iNumPages)
+    throw std::out_of_range("the notebook has no page " + std::to_string(iPage) + " of section " +
+                            std::to_string(iSection));
+  return section.iFirstPage + iPage - 1;
+}
+
+// The page's element of that kind, counted from 1; null where there are fewer.
+const PageElement* NoteBook::nthOfKind(int iSection, int iPage, Int16 iKind, int number) const {
+  const PageRecord& record = page(iSection, iPage);
+  for (int i = record.iFirstElement; i < record.iFirstElement + record.iNumElements; ++i)
+    if (book_.uPageElement[i].iKind == iKind && --number == 0) return &book_.uPageElement[i];
+  return nullptr;
+}
+
+Int16 NoteBook::GetSelectedScenario(int iSection, int iPage) const {
+  return book_.uScenarioElement[page(iSection, iPage).iScenarioElement].iSelected;
+}
+
+void NoteBook::SetSelectedScenario(int iSection, int iPage, Int16 iSelectedItem) {
+  ScenarioElement& list = book_.uScenarioElement[page(iSection, iPage).iScenarioElement];
+  if (iSelectedItem < 0 || iSelectedItem >= list.iNumScenarios)
+    throw std::out_of_range("the page has no scenario option " + std::to_string(iSelectedItem));
+  list.iSelected = iSelectedItem;
+}
+
+void NoteBook::SetCheck(int iSection, int iPage, int iCheckNumber, Int16 iNewValue) {
+  const PageElement* found = nthOfKind(iSection, iPage, ElementKind::check, iCheckNumber);
+  if (found && iNewValue >= 0 && iNewValue <= 2) book_.uCheck[found->iIndex].iValue = iNewValue;
+}
+
+Int16 NoteBook::GetCheck(int iSection, int iPage, int iCheckNumber) const {
+  const PageElement* found = nthOfKind(iSection, iPage, ElementKind::check, iCheckNumber);
+  return found ? book_.uCheck[found->iIndex].iValue : Int16{0};
+}
+
+void NoteBook::SetVersion(int iSection, int iPage, int iVersionNumber, Int16 iNewValue) {
+  const PageElement* found = nthOfKind(iSection, iPage, ElementKind::version, iVersionNumber);
+  if (found) book_.uVersion[found->iIndex].iValue = iNewValue;
+}
+
+Int16 NoteBook::GetVersion(int iSection, int iPage) const {
+  const PageElement* found = nthOfKind(iSection, iPage, ElementKind::version, 1);
+  return found ? book_.uVersion[found->iIndex].iValue : Int16{0};
+}
+
+void NoteBook::SetSelectedDatabase(int iSection, int iPage, int iOutlineNumber,
+                                   Int16 iSelectedItem) {
+  OutlineElement& outline = book_.uOutline[page(iSection, iPage).iOutlineElement];
+  OutlineEntry& entry = entryOf(outline, iOutlineNumber);
+  if (iSelectedItem < 0 || iSelectedItem >= outline.uEntry[1].iNumDatabases)
+    throw std::out_of_range("the outline has no item " + std::to_string(iSelectedItem));
+  entry.iSelectedItem = iSelectedItem;
+  if (window_) window_->selectOutlineItem(entry.iControlIndex, iSelectedItem);
+}
+
+Int16 NoteBook::GetSelectedDatabase(int iSection, int iPage, int iOutlineNumber) const {
+  return entryOf(book_.uOutline[page(iSection, iPage).iOutlineElement], iOutlineNumber)
+      .iSelectedItem;
+}
+
+void NoteBook::recordDatabase(int iOutline, int j, Int16 iSelectedItem) {
+  OutlineEntry& entry = entryOf(book_.uOutline[iOutline], j);
+  entry.iSelectedItem = iSelectedItem;
+  element(iSelectedDatabase_, j) = static_cast<Int16>(entry.iFirstDatabase + iSelectedItem);
+}
+
+Int16 NoteBook::StartDatabase(int iIndex) const { return element(iStartDatabase_, iIndex); }
+
+const std::string& NoteBook::DefaultScenarioName() const { return book_.uDefaultScenario.tName; }
+
+const std::string& NoteBook::DefaultScenarioDesc() const { return book_.uDefaultScenario.tDesc; }
+
+const std::string& NoteBook::DefaultScenarioParameter(int iParam) const {
+  return element(book_.uDefaultScenario.tParameter, iParam);
+}
+
+const std::string& NoteBook::LastScenarioName() const {
+  return book_.uScenario[iLastScenarioNumber].tName;
+}
+
+const std::string& NoteBook::LastScenarioDesc() const {
+  return book_.uScenario[iLastScenarioNumber].tDesc;
+}
+
+const std::string& NoteBook::LastScenarioParameter(int iParam) const {
+  return element(book_.uScenario[iLastScenarioNumber].tParameter, iParam);
+}
+
+const Database& NoteBook::defaultDatabase(int iIndex) const {
+  return element(book_.uDefaultDatabase, iIndex);
+}
+
+const Database& NoteBook::lastDatabase(int iIndex) const {
+  return book_.uDatabase[element(iSelectedDatabase_, iIndex)];
+}
+
+const std::string& NoteBook::DefaultDatabaseName(int iIndex) const {
+  return defaultDatabase(iIndex).tName;
+}
+
+const std::string& NoteBook::DefaultDatabaseShortName(int iIndex) const {
+  return defaultDatabase(iIndex).tShortName;
+}
+
+const std::string& NoteBook::DefaultDatabaseDesc(int iIndex) const {
+  return defaultDatabase(iIndex).tDesc;
+}
+
+const std::string& NoteBook::DefaultDatabaseDataFileName(int iIndex) const {
+  return defaultDatabase(iIndex).tDataFileName;
+}
+
+const std::string& NoteBook::DefaultDatabaseLabelFileName(int iIndex) const {
+  return defaultDatabase(iIndex).tLabelFileName;
+}
+
+const std::string& NoteBook::DefaultDatabaseHeading(int iIndex) const {
+  return defaultDatabase(iIndex).tHeading;
+}
+
+const std::string& NoteBook::LastDatabaseName(int iIndex) const {
+  return lastDatabase(iIndex).tName;
+}
+
+const std::string& NoteBook::LastDatabaseShortName(int iIndex) const {
+  return lastDatabase(iIndex).tShortName;
+}
+
+const std::string& NoteBook::LastDatabaseDesc(int iIndex) const {
+  return lastDatabase(iIndex).tDesc;
+}
+
+const std::string& NoteBook::LastDatabaseDataFileName(int iIndex) const {
+  return lastDatabase(iIndex).tDataFileName;
+}
+
+const std::string& NoteBook::LastDatabaseLabelFileName(int iIndex) const {
+  return lastDatabase(iIndex).tLabelFileName;
+}
+
+const std::string& NoteBook::LastDatabaseHeading(int iIndex) const {
+  return lastDatabase(iIndex).tHeading;
+}
+
+void NoteBook::CheckStringFormatCodes(std::string& tStringToCheck, bool& bIndent, bool& bEmphasis,
+                                      Int16& iEmphasisStyle) {
+  bIndent = bEmphasis = false;
+  iEmphasisStyle = 0;
+  for (bool found = true; found;) {
+    found = false;
+    if (tStringToCheck.starts_with("\\I")) {
+      bIndent = found = true;
+      tStringToCheck.erase(0, 2);
+    }
+    if (tStringToCheck.starts_with("\\E")) {
+      bEmphasis = found = true;
+      const char digit = tStringToCheck.size() > 2 ? tStringToCheck[2] : '0';
+      iEmphasisStyle = digit >= '0' && digit <= '9' ? static_cast<Int16>(digit - '0') : Int16{0};
+      tStringToCheck.erase(0, 3);
+    }
+  }
+}
+
+}  // namespace tolmer

@@ -1,0 +1,225 @@
+#include "notebook/notebook_window.h"
+
+#include <algorithm>
+
+#include "base/paths.h"
+#include "base/text_encoding.h"
+#include "notebook/book_look.h"
+#include "notebook/sample_only.h"
+#include "platform/desktop.h"
+
+namespace tolmer {
+namespace {
+
+using namespace book_look;
+
+constexpr Twips margin = pixels(12);
+constexpr Size container{pixels(620), pixels(440)};
+constexpr Twips pageMargin = pixels(20);
+constexpr Twips turnerHeight = pixels(26);
+constexpr Twips turnerWidth = pixels(150);
+constexpr Twips logoSide = pixels(26);
+constexpr Size buttonSize{pixels(96), pixels(28)};
+
+constexpr Size book{container.width + 2 * pageMargin,
+                    TabBook::tabHeight + pixels(10) + container.height + turnerHeight + pixels(16)};
+constexpr Size windowSize{book.width + 2 * margin, book.height + buttonSize.height + 3 * margin};
+
+}  // namespace
+
+frmNotebook::frmNotebook(Desktop& desktop, NoteBook& noteBook)
+    : Window(desktop, "frmNotebook", WindowStyle::dialog, "Notebook"),
+      nbNoteBook(noteBook),
+      scenarios(picPageContainer, noteBook.book().uScenario),
+      tmrFlashOK(desktop.timers(), "tmrFlashOK", 500) {
+  for (int i = 0; i < 2; ++i) {
+    lblPageHeader.load();
+    ZMLogo.load();
+  }
+  placeControls();
+  dressControls();
+  connectEvents();
+  centreOnScreen();
+}
+
+void frmNotebook::placeControls() {
+  setPlace({0, 0, windowSize.width, windowSize.height});
+  tbNoteBook.setPlace({margin, margin, book.width, book.height});
+  picPageContainer.setPlace(
+      {pageMargin, TabBook::tabHeight + pixels(10), container.width, container.height});
+  lblIntroChapterHeading.setPlace({300, 0, container.width - 600, 500});
+  const Twips turnerTop = picPageContainer.bottom() + pixels(4);
+  const Twips rightEdge = book.width - pageMargin;
+  lblPreviousPage.setPlace({pageMargin, turnerTop, turnerWidth, turnerHeight});
+  lblNextPage.setPlace({rightEdge - turnerWidth, turnerTop, turnerWidth, turnerHeight});
+  // the second place of the logo is beside the product's name, in the middle
+  const Twips nameWidth = pixels(80);
+  lblProductName.setPlace({(book.width - nameWidth) / 2, turnerTop, nameWidth, turnerHeight});
+  ZMLogo(0).setPlace({pageMargin, turnerTop, logoSide, logoSide});
+  ZMLogo(1).setPlace({lblProductName.left() - logoSide, turnerTop, logoSide, logoSide});
+
+  Twips right = innerWidth() - margin;
+  const Twips buttonTop = innerHeight() - margin - buttonSize.height;
+  for (Button* button : {&cmdHelp, &cmdCancel, &cmdOK}) {
+    button->setPlace({right - buttonSize.width, buttonTop, buttonSize.width, buttonSize.height});
+    right -= buttonSize.width + pixels(8);
+  }
+}
+
+void frmNotebook::dressControls() {
+  tbNoteBook.setBackColour(paper);
+  picPageContainer.setBackColour(paper);
+  const auto dress = [](Label& label, const Font& font, Colour colour, Align align) {
+    label.setFont(font);
+    label.setForeColour(colour);
+    label.setBackColour(paper);
+    label.setAlign(align);
+  };
+  dress(lblIntroChapterHeading, coverHeadingFont, headingInk, Align::left);
+  dress(lblPageHeader(0), pageHeaderFont, quietInk, Align::left);
+  dress(lblPageHeader(1), pageHeaderFont, quietInk, Align::left);
+  dress(lblProductName, {FontFamily::serif, 14, true}, quietInk, Align::centre);
+  dress(lblPreviousPage, textFont, headingInk, Align::left);
+  dress(lblNextPage, textFont, headingInk, Align::right);
+  lblPreviousPage.setIsLink(true);
+  lblNextPage.setIsLink(true);
+  for (int i = 0; i < 2; ++i)
+    ZMLogo(i).setFile(hostPath(nbNoteBook.tProgramFolder + "\\tolmer.svg"));
+  cmdOK.setDefault(true);
+  cmdCancel.setCancel(true);
+}
+
+void frmNotebook::connectEvents() {
+  tbNoteBook.TabPageActivate = [this](int tab, int page) { tbNoteBook_TabPageActivate(tab, page); };
+  lblNextPage.Click = [this] { turnPage(1); };
+  lblPreviousPage.Click = [this] { turnPage(-1); };
+  elements.jumped = [this](int index) { lblContentsEntry_Click(index); };
+  elements.checked = [this](int index, int value) {
+    nbNoteBook.SetCheck(section(), pageNumber(), index, static_cast<Int16>(value));
+  };
+  elements.versionChanged = [this](int index, int value) {
+    nbNoteBook.SetVersion(section(), pageNumber(), index, static_cast<Int16>(value));
+  };
+  elements.pictureClicked = [this] { imgPicture_Click(); };
+  elements.outlineClicked = [this](int index) { outOutline_Click(index); };
+  elements.outlineDoubleClicked = [this](int index) { outOutline_DblClick(index); };
+  scenarios.selected = [this](int index) {
+    RecordSelectedScenario(section(), pageNumber(), index);
+  };
+  scenarios.doubleClicked = [this] { cmdOK_Click(); };
+  cmdOK.Click = [this] { cmdOK_Click(); };
+  cmdCancel.Click = [this] { cmdCancel_Click(); };
+  cmdHelp.Click = [this] { cmdHelp_Click(); };
+  tmrFlashOK.Tick = [this] { tmrFlashOK_Timer(); };
+  Activate = [this] { Form_Activate(); };
+  KeyDown = [this](const KeyPress& press, bool& consumed) {
+    if (press.code != keys::f1) return;
+    consumed = true;
+    cmdHelp_Click();
+  };
+  // the close box leaves the book as the button does
+  QueryUnload = [this](bool& cancel) {
+    cancel = true;
+    cmdCancel_Click();
+  };
+}
+
+void frmNotebook::tbNoteBook_TabPageActivate(int TabToActivate, int PageToActivate) {
+  if (TabToActivate < 0) return;
+  UpdateLock still(*this);
+  HideControlsOnPage();
+  SetupPage(TabToActivate + 1, PageToActivate + 1);
+}
+
+void frmNotebook::goTo(int iSection, int iPage) {
+  UpdateLock still(*this);
+  HideControlsOnPage();
+  SetupPage(iSection, iPage);
+  tbNoteBook.setActive(iSection - 1, iPage - 1);
+}
+
+void frmNotebook::turnPage(int step) { goTo(section(), pageNumber() + step); }
+
+void frmNotebook::lblContentsEntry_Click(int Index) {
+  const JumpElement& jump = elements.jumpOf(Index);
+  goTo(jump.iSection == 0 ? section() : jump.iSection, jump.iPage);
+}
+
+void frmNotebook::outOutline_Click(int Index) {
+  Outline& outline = elements.outOutline(Index);
+  const int item = outline.listIndex();
+  if (!mbProcessControlEvents_ || item < 0) return;
+  ShowRightDatafileDesc(Index);
+  RecordSelectedDatabase(Index);
+  CheckOKEnabled();
+  if (!outline.items().at(static_cast<std::size_t>(item)).isLeaf)
+    outline.setExpanded(item, !outline.expanded(item));
+}
+
+void frmNotebook::outOutline_DblClick(int Index) {
+  outOutline_Click(Index);
+  if (cmdOK.enabled()) cmdOK_Click();
+}
+
+void frmNotebook::imgPicture_Click() {
+  tmrFlashOK.setEnabled(true);
+  desktop().beep();
+  desktop().doEvents();
+  frmSampleOnly(desktop(), hostPath(nbNoteBook.tProgramFolder + "\\tolmer.svg")).showModal();
+  tmrFlashOK.setEnabled(false);
+  cmdOK.setBackColour(colours::buttonFace);
+  cmdOK.setForeColour(colours::buttonText);
+}
+
+void frmNotebook::tmrFlashOK_Timer() {
+  const bool quiet = cmdOK.backColour() == colours::buttonFace;
+  cmdOK.setBackColour(quiet ? colours::red : colours::buttonFace);
+  cmdOK.setForeColour(quiet ? colours::white : colours::buttonText);
+}
+
+void frmNotebook::Form_Activate() {
+  recordPage(section(), pageNumber());
+  desktop().doEvents();
+}
+
+void frmNotebook::cmdOK_Click() {
+  nbNoteBook.iLastAction = NoteBook::closedByOK;
+  recordPage(section(), pageNumber());
+  hide();
+}
+
+// Gives the book back as it was when it was shown; checks and versions stay as they are.
+void frmNotebook::cmdCancel_Click() {
+  nbNoteBook.iLastAction = NoteBook::closedByCancel;
+  UpdateLock still(*this);
+  HideControlsOnPage();
+  const int startSection = nbNoteBook.miStartSection, startPage = nbNoteBook.miStartPage;
+  if (startSection >= 1 && startPage >= 1) {
+    SetupPage(startSection, startPage);
+    tbNoteBook.setActive(startSection - 1, startPage - 1);
+    giveBackSelection(nbNoteBook.page(startSection, startPage));
+  } else {
+    nbNoteBook.iLastSectionNumber = nbNoteBook.iLastPageNumber = 1;
+    nbNoteBook.iLastPageType = PageType::picture;
+  }
+  hide();
+}
+
+void frmNotebook::giveBackSelection(const PageRecord& page) {
+  if (page.iPageType == PageType::scenario && scenarios.offers(nbNoteBook.miStartScenario)) {
+    scenarios.turnOn(nbNoteBook.miStartScenario);
+    RecordSelectedScenario(section(), pageNumber(), nbNoteBook.miStartScenario);
+  }
+  if (page.iPageType != PageType::database) return;
+  const OutlineElement& outline = nbNoteBook.book().uOutline[page.iOutlineElement];
+  for (int j = 1; j <= outline.iNumOutlines; ++j) {
+    nbNoteBook.SetSelectedDatabase(section(), pageNumber(), j, nbNoteBook.StartDatabase(j));
+    RecordSelectedDatabase(outline.uEntry[static_cast<std::size_t>(j)].iControlIndex);
+  }
+}
+
+void frmNotebook::cmdHelp_Click() {
+  desktop().showHelp({"notebook", HelpRequest::Kind::contents, 0});
+}
+
+}  // namespace tolmer
