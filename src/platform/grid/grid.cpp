@@ -1,0 +1,228 @@
+#include "platform/grid/grid.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "platform/grid/grid_keys.h"
+#include "platform/text_metrics.h"
+
+namespace tolmer {
+namespace {
+
+constexpr Twips standardWidth = pixels(64);
+constexpr Twips standardHeight = pixels(23);
+
+Twips upToWholePixels(double length) { return pixels(static_cast<float>(std::ceil(length))); }
+
+Font cellFont(Font font, const Cell& cell) {
+  font.bold = cell.style.heading;
+  return font;
+}
+
+}  // namespace
+
+Grid::Grid(Container* parent, std::string name)
+    : Control(parent, std::move(name)),
+      colWidths_(1, standardWidth),
+      rowHeights_(1, standardHeight) {
+  setBackColour(colours::buttonFace);
+}
+
+void Grid::tell(Change what) {
+  if (redrawLocks_ > 0)
+    pending_ = pending_ | what;
+  else
+    notify(what);
+}
+
+void Grid::tellLayout() {
+  axesAreStale_ = true;
+  tell(Change::items);
+}
+
+void Grid::lockRedraw(int step) {
+  redrawLocks_ += step;
+  if (redrawLocks_ > 0 || pending_ == Change{}) return;
+  notify(std::exchange(pending_, Change{}));
+}
+
+void Grid::setSheet(Sheet sheet) {
+  RedrawLock lock(*this);
+  selection_.clear();
+  setSize(sheet.rows(), sheet.cols());
+  sheet_ = std::move(sheet);
+  tell(Change::content | Change::value);
+}
+
+void Grid::setSize(int maxRows, int maxCols) {
+  if (maxRows == sheet_.rows() && maxCols == sheet_.cols()) return;
+  sheet_.resize(maxRows, maxCols);
+  rowHeights_.resize(static_cast<std::size_t>(sheet_.rows()) + 1, standardHeight);
+  colWidths_.resize(static_cast<std::size_t>(sheet_.cols()) + 1, standardWidth);
+  selection_.setShape(selectionMode_, sheet_.rows(), sheet_.cols());
+  tellLayout();
+  tell(Change::content | Change::value);
+}
+
+void Grid::setText(int row, int col, std::string text) {
+  Cell& cell = sheet_.at(row, col);
+  cell.number.reset();
+  cell.text = std::move(text);
+  tell(Change::content);
+}
+
+void Grid::setNumber(int row, int col, double number) {
+  putNumber(sheet_.at(row, col), number);
+  tell(Change::content);
+}
+
+void Grid::setStyle(const CellBlock& block, const CellStyle& style) {
+  sheet_.change(block, [&style](Cell& cell) {
+    cell.style = style;
+    if (cell.number) putNumber(cell, *cell.number);
+  });
+  tell(Change::content);
+}
+
+void Grid::clear(const CellBlock& block) {
+  sheet_.change(block, [](Cell& cell) { cell = Cell{}; });
+  tell(Change::content);
+}
+
+void Grid::setColWidth(int col, Twips width) {
+  Twips& place = colWidths_[static_cast<std::size_t>(col)];
+  if (std::exchange(place, width) != width) tellLayout();
+}
+
+void Grid::setRowHeight(int row, Twips height) {
+  Twips& place = rowHeights_[static_cast<std::size_t>(row)];
+  if (std::exchange(place, height) != height) tellLayout();
+}
+
+void Grid::showHeadings(bool row, bool col) {
+  showsHeadingRow_ = row;
+  showsHeadingCol_ = col;
+  tellLayout();
+}
+
+void Grid::freeze(int rows, int cols) {
+  frozenRows_ = rows;
+  frozenCols_ = cols;
+  tellLayout();
+}
+
+void Grid::setScrollBars(ScrollBars bars) {
+  if (std::exchange(scrollBars_, bars) != bars) tell(Change::items);
+}
+
+const GridAxis& Grid::rowAxis() const {
+  if (std::exchange(axesAreStale_, false)) {
+    rowAxis_ = GridAxis(rowHeights_, showsHeadingRow_, frozenRows_);
+    colAxis_ = GridAxis(colWidths_, showsHeadingCol_, frozenCols_);
+  }
+  return rowAxis_;
+}
+
+const GridAxis& Grid::colAxis() const {
+  rowAxis();
+  return colAxis_;
+}
+
+Size Grid::contentSize() const {
+  return {pixels(static_cast<float>(colAxis().total())),
+          pixels(static_cast<float>(rowAxis().total()))};
+}
+
+Twips Grid::widestText(int col) const {
+  double widest = 0;
+  for (int row = showsHeadingRow_ ? 0 : 1; row <= sheet_.rows(); ++row) {
+    const Cell& cell = sheet_.at(row, col);
+    if (!cell.text.empty()) widest = std::max(widest, textWidth(cellFont(font(), cell), cell.text));
+  }
+  return widest > 0 ? upToWholePixels(widest) + 2 * sideMargin : 0;
+}
+
+Twips Grid::tallestText(int row) const {
+  double tallest = 0;
+  for (int col = showsHeadingCol_ ? 0 : 1; col <= sheet_.cols(); ++col) {
+    const Cell& cell = sheet_.at(row, col);
+    if (!cell.text.empty()) tallest = std::max(tallest, lineHeight(cellFont(font(), cell)));
+  }
+  return tallest > 0 ? upToWholePixels(tallest) + 2 * upperMargin : 0;
+}
+
+template <class Work>
+void Grid::changeSelection(Work work) {
+  const GridSelection before = selection_;
+  work();
+  if (before == selection_) return;
+  tell(Change::value);
+  raise(SelectionChange);
+}
+
+void Grid::setSelectionMode(SelectionMode mode) {
+  if (mode == selectionMode_) return;
+  selectionMode_ = mode;
+  selection_.setShape(mode, sheet_.rows(), sheet_.cols());
+  tell(Change::value);
+}
+
+bool Grid::hasCell(CellPosition cell) const {
+  return sheet_.contains(cell) && cell.row > 0 && cell.col > 0;
+}
+
+void Grid::setActiveCell(CellPosition cell) {
+  if (hasCell(cell)) changeSelection([&] { selection_.moveTo(cell); });
+}
+
+void Grid::select(const CellBlock& block) {
+  const CellBlock inside = {std::max(block.row, 1), std::max(block.col, 1),
+                            std::min(block.row2, maxRows()), std::min(block.col2, maxCols())};
+  if (selectionMode_ == SelectionMode::none || inside.row > inside.row2 || inside.col > inside.col2)
+    return;
+  changeSelection([&] { selection_.take(inside); });
+}
+
+void Grid::unmarkBlocks() {
+  changeSelection([&] { selection_.clear(); });
+}
+
+void Grid::press(CellPosition cell, ClickKeys held) {
+  if (selectionMode_ == SelectionMode::none || !sheet_.contains(cell)) return;
+  if (cell.row == 0 || cell.col == 0)
+    return select({cell.row, cell.col, cell.row == 0 ? maxRows() : cell.row,
+                   cell.col == 0 ? maxCols() : cell.col});
+  changeSelection([&] {
+    if (held.shift)
+      selection_.extendTo(cell);
+    else if (held.control)
+      selection_.toggle(cell);
+    else
+      selection_.moveTo(cell);
+  });
+}
+
+void Grid::dragTo(CellPosition cell) {
+  if (selectionMode_ == SelectionMode::none || !hasCell(cell) || cell == selection_.head()) return;
+  changeSelection([&] { selection_.extendTo(cell); });
+}
+
+bool Grid::pressKey(const KeyPress& key) {
+  if (selectionMode_ == SelectionMode::none || maxRows() == 0 || maxCols() == 0) return false;
+  if (key.control && key.code == 'A') {
+    select(sheet_.body());
+    return true;
+  }
+  const std::optional<CellPosition> target = cellByKey(*this, key);
+  if (!target) return false;
+  changeSelection([&] {
+    if (key.shift)
+      selection_.extendTo(*target);
+    else
+      selection_.moveTo(*target);
+  });
+  return true;
+}
+
+}  // namespace tolmer

@@ -1,0 +1,132 @@
+// The grid control.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/control.h"
+#include "platform/grid/grid_axis.h"
+#include "platform/grid/grid_selection.h"
+#include "platform/grid/sheet.h"
+
+namespace tolmer {
+
+enum class ScrollBars { none, horizontal, vertical, both };
+
+// The keys held during a click.
+struct ClickKeys {
+  bool shift = false;
+  bool control = false;
+};
+
+// A sheet on the screen. Rows and columns count from 1, row 0 and column 0 are headings that are
+// hidden at first; sizes are twips, shown in whole pixels. Cells outside the sheet are a fault of
+// the caller where one is asked for, and left aside where a block reaches beyond.
+class Grid : public Control {
+ public:
+  Grid(Container* parent, std::string name);
+  ~Grid() override { setPeer(nullptr); }
+  ControlKind kind() const override { return ControlKind::grid; }
+  bool takesFocus() const override { return true; }
+
+  // --- content
+  const Sheet& sheet() const { return sheet_; }
+  int maxRows() const { return sheet_.rows(); }
+  int maxCols() const { return sheet_.cols(); }
+  const std::string& text(int row, int col) const { return sheet_.at(row, col).text; }
+  // All cells at once. Rows and columns that stay keep their sizes. Blocks are unmarked, without an
+  // event.
+  void setSheet(Sheet sheet);
+  void setSize(int maxRows, int maxCols);
+  void setText(int row, int col, std::string text);
+  void setNumber(int row, int col, double number);
+  void setStyle(const CellBlock& block, const CellStyle& style);
+  // Content and style.
+  void clear(const CellBlock& block);
+
+  // --- layout
+  Twips colWidth(int col) const { return colWidths_[static_cast<std::size_t>(col)]; }
+  Twips rowHeight(int row) const { return rowHeights_[static_cast<std::size_t>(row)]; }
+  void setColWidth(int col, Twips width);
+  void setRowHeight(int row, Twips height);
+  void showHeadings(bool row, bool col);
+  // So many rows and columns stay in place when the others are scrolled.
+  void freeze(int rows, int cols);
+  ScrollBars scrollBars() const { return scrollBars_; }
+  void setScrollBars(ScrollBars bars);
+  const GridAxis& rowAxis() const;
+  const GridAxis& colAxis() const;
+  // What all cells and shown headings take, lines included.
+  Size contentSize() const;
+
+  // What the widest text of a column and the tallest of a row need, with the margin that keeps text
+  // off the lines; 0 where there is no text.
+  Twips widestText(int col) const;
+  Twips tallestText(int row) const;
+  static constexpr Twips sideMargin = pixels(6);   // left and right of a text, each
+  static constexpr Twips upperMargin = pixels(3);  // above and below
+
+  // --- selection
+  const GridSelection& selection() const { return selection_; }
+  SelectionMode selectionMode() const { return selectionMode_; }
+  void setSelectionMode(SelectionMode mode);
+  CellPosition activeCell() const { return selection_.active(); }
+  void setActiveCell(CellPosition cell);
+  void select(const CellBlock& block);
+  void unmarkBlocks();
+
+  // --- the user, told by the front end; each raises SelectionChange where something changed
+  // A press of the left button: with Shift up to this cell, with Control this one too. On a heading
+  // it takes the whole row or column.
+  void press(CellPosition cell, ClickKeys held = {});
+  void dragTo(CellPosition cell);
+  // The release over a cell, or a second click on it.
+  void click(CellPosition cell) { raise(Click, cell); }
+  void doubleClick(CellPosition cell) { raise(DblClick, cell); }
+  // Arrows, Home, End and Page keys, with Shift to mark and with Control to the ends; Control+A.
+  // Whether the key meant anything here.
+  bool pressKey(const KeyPress& key);
+
+  Event<CellPosition> Click;
+  Event<CellPosition> DblClick;
+  Event<> SelectionChange;
+
+ private:
+  friend class RedrawLock;
+  void tell(Change what);
+  void tellLayout();
+  void lockRedraw(int step);
+  bool hasCell(CellPosition cell) const;
+  template <class Work>
+  void changeSelection(Work work);
+
+  Sheet sheet_;
+  std::vector<Twips> colWidths_;
+  std::vector<Twips> rowHeights_;
+  mutable GridAxis rowAxis_;
+  mutable GridAxis colAxis_;
+  mutable bool axesAreStale_ = true;
+  GridSelection selection_;
+  SelectionMode selectionMode_ = SelectionMode::cells;
+  ScrollBars scrollBars_ = ScrollBars::none;
+  int frozenRows_ = 0;
+  int frozenCols_ = 0;
+  bool showsHeadingRow_ = false;
+  bool showsHeadingCol_ = false;
+  int redrawLocks_ = 0;
+  Change pending_{};
+};
+
+// While it lives the peer is told nothing; at its end, all at once.
+class RedrawLock {
+ public:
+  explicit RedrawLock(Grid& grid) : grid_(grid) { grid_.lockRedraw(1); }
+  ~RedrawLock() { grid_.lockRedraw(-1); }
+  RedrawLock(const RedrawLock&) = delete;
+  RedrawLock& operator=(const RedrawLock&) = delete;
+
+ private:
+  Grid& grid_;
+};
+
+}  // namespace tolmer

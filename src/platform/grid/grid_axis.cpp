@@ -1,0 +1,39 @@
+#include "platform/grid/grid_axis.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace tolmer {
+namespace {
+
+int wholePixels(Twips size) {
+  return std::max(static_cast<int>(std::lround(size / twipsPerPixel)), 0);
+}
+
+}  // namespace
+
+GridAxis::GridAxis(const std::vector<Twips>& sizes, bool showsHeading, int frozen)
+    : frozen_(std::clamp(frozen, 0, static_cast<int>(sizes.size()) - 1)) {
+  starts_.assign(1, 1);
+  for (std::size_t i = 0; i < sizes.size(); ++i) {
+    const int size = i > 0 || showsHeading ? wholePixels(sizes[i]) : 0;
+    starts_.push_back(starts_.back() + (size > 0 ? size + 1 : 0));
+  }
+}
+
+int GridAxis::size(int index) const { return std::max(start(index + 1) - start(index) - 1, 0); }
+
+int GridAxis::at(int pixel) const {
+  const auto next = std::upper_bound(starts_.begin(), starts_.end(), pixel);
+  const int index = static_cast<int>(next - starts_.begin()) - 1;
+  const int first = size(0) > 0 ? 0 : std::min(1, count());
+  return std::clamp(index, first, count());
+}
+
+int GridAxis::lastWithin(int first, int room) const {
+  int last = first;
+  while (last < count() && start(last + 2) - start(first) <= room) ++last;
+  return last;
+}
+
+}  // namespace tolmer

@@ -1,0 +1,85 @@
+#include "platform/grid/grid_copy.h"
+
+#include <string_view>
+
+namespace tolmer {
+namespace {
+
+std::string quoted(std::string_view text) {
+  std::string result = "\"";
+  for (const char c : text) result.append(c == '"' ? 2 : 1, c);
+  return result + '"';
+}
+
+bool needsQuotes(std::string_view text) {
+  return text.starts_with('"') || text.find_first_of("\t\n\r") != std::string_view::npos;
+}
+
+std::string escaped(std::string_view text) {
+  std::string result;
+  for (const char c : text) switch (c) {
+      case '&':
+        result += "&amp;";
+        break;
+      case '<':
+        result += "&lt;";
+        break;
+      case '>':
+        result += "&gt;";
+        break;
+      case '\n':
+        result += "<br>";
+        break;
+      default:
+        result += c;
+    }
+  return result;
+}
+
+// "#00ffff"; nothing for white and for colours of the system's theme, which paper does not have.
+std::string paperColour(Colour colour) {
+  if (colour.kind != Colour::Kind::rgb || colour == colours::white) return {};
+  std::string code = "#";
+  for (const int part : {colour.red, colour.green, colour.blue}) {
+    code += "0123456789abcdef"[part / 16];
+    code += "0123456789abcdef"[part % 16];
+  }
+  return code;
+}
+
+std::string_view alignName(Align align) {
+  return align == Align::left ? "left" : align == Align::centre ? "center" : "right";
+}
+
+std::string htmlCell(const Cell& cell) {
+  const std::string tag = cell.style.heading ? "th" : "td";
+  std::string html = '<' + tag + " align=\"" + std::string(alignName(cell.style.align)) + '"';
+  if (const std::string back = paperColour(cell.style.back); !back.empty())
+    html += " bgcolor=\"" + back + '"';
+  return html + '>' + escaped(cell.text) + "</" + tag + '>';
+}
+
+}  // namespace
+
+std::string copyText(const Sheet& sheet, const CellBlock& block) {
+  std::string text;
+  for (int row = block.row; row <= block.row2; ++row)
+    for (int col = block.col; col <= block.col2; ++col) {
+      const std::string& cell = sheet.at(row, col).text;
+      text += needsQuotes(cell) ? quoted(cell) : cell;
+      text += col < block.col2 ? '\t' : '\n';
+    }
+  return text;
+}
+
+std::string copyHtml(const Sheet& sheet, const CellBlock& block) {
+  std::string html = "<table border=\"1\" cellspacing=\"0\" cellpadding=\"3\">\n";
+  for (int row = block.row; row <= block.row2; ++row) {
+    html += "<tr>";
+    for (int col = block.col; col <= block.col2; ++col) html += htmlCell(sheet.at(row, col));
+    html += "</tr>\n";
+  }
+  return html + "</table>\n";
+}
+
+}  // namespace tolmer

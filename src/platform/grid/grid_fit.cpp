@@ -1,0 +1,52 @@
+#include "platform/grid/grid_fit.h"
+
+#include <cmath>
+
+namespace tolmer {
+namespace {
+
+bool isUpright(ScrollBars bars) { return bars == ScrollBars::vertical || bars == ScrollBars::both; }
+bool isFlat(ScrollBars bars) { return bars == ScrollBars::horizontal || bars == ScrollBars::both; }
+
+struct Share {
+  Twips each = 0;
+  Twips last = 0;  // instead of `each`, for the last one
+};
+
+// Of the spare room for each of the rows or columns from the second to `count`.
+Share shareOf(Twips spare, int count) {
+  if (count < 2 || spare < twipsPerPixel) return {};
+  const int whole = static_cast<int>(std::floor(spare / twipsPerPixel));
+  const int each = whole / (count - 1);
+  const int rest = whole % (count - 1);
+  return {pixels(static_cast<float>(each)), pixels(static_cast<float>(each + rest))};
+}
+
+}  // namespace
+
+ScrollBars neededScrollBars(Size content, Size room, Twips thickness) {
+  bool flat = content.width > room.width;
+  bool upright = content.height > room.height;
+  if (flat) upright = content.height + thickness > room.height;
+  if (upright) flat = content.width + thickness > room.width;
+  if (flat && upright) return ScrollBars::both;
+  if (flat) return ScrollBars::horizontal;
+  return upright ? ScrollBars::vertical : ScrollBars::none;
+}
+
+void fillRoom(Grid& grid, Size room, Twips barThickness) {
+  RedrawLock lock(grid);
+  const Size content = grid.contentSize();
+  const ScrollBars bars = neededScrollBars(content, room, barThickness);
+  grid.setScrollBars(bars);
+  if (isUpright(bars)) room.width -= barThickness;
+  if (isFlat(bars)) room.height -= barThickness;
+  const Share cols = shareOf(room.width - content.width, grid.maxCols());
+  const Share rows = shareOf(room.height - content.height, grid.maxRows());
+  for (int col = 2; col <= grid.maxCols(); ++col)
+    grid.setColWidth(col, grid.colWidth(col) + (col < grid.maxCols() ? cols.each : cols.last));
+  for (int row = 2; row <= grid.maxRows(); ++row)
+    grid.setRowHeight(row, grid.rowHeight(row) + (row < grid.maxRows() ? rows.each : rows.last));
+}
+
+}  // namespace tolmer

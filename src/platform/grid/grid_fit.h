@@ -1,0 +1,17 @@
+// Fitting a grid to the window that it fills.
+#pragma once
+
+#include "platform/grid/grid.h"
+
+namespace tolmer {
+
+// The bars that a content of that size needs in that room. A bar takes room of its thickness from
+// the other direction, which can bring in the second bar. All lengths are twips.
+ScrollBars neededScrollBars(Size content, Size room, Twips thickness);
+
+// Sets the scroll bars; where room is left in a direction, spreads it evenly over all columns from
+// the second (rows from the second) in whole pixels, the remainder on the last one. So a small
+// table fills its window.
+void fillRoom(Grid& grid, Size room, Twips barThickness);
+
+}  // namespace tolmer

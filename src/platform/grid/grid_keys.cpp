@@ -1,0 +1,79 @@
+#include "platform/grid/grid_keys.h"
+
+#include <algorithm>
+
+namespace tolmer {
+namespace {
+
+// The next visible one in that direction; the same one where there is none.
+int neighbour(const GridAxis& axis, int from, int step) {
+  for (int index = from + step; index >= 1 && index <= axis.count(); index += step)
+    if (axis.size(index) > 0) return index;
+  return from;
+}
+
+int firstVisible(const GridAxis& axis) { return neighbour(axis, 0, 1); }
+int lastVisible(const GridAxis& axis) { return neighbour(axis, axis.count() + 1, -1); }
+
+int pageRoom(const Grid& grid) {
+  const int height = static_cast<int>(grid.height() / twipsPerPixel);
+  return height - grid.rowAxis().frozenEnd();
+}
+
+int pageDown(const Grid& grid, int row) {
+  const GridAxis& axis = grid.rowAxis();
+  const int last = std::max(axis.lastWithin(row, pageRoom(grid)), neighbour(axis, row, 1));
+  return axis.size(last) > 0 ? last : neighbour(axis, last, -1);
+}
+
+int pageUp(const Grid& grid, int row) {
+  const GridAxis& axis = grid.rowAxis();
+  int first = neighbour(axis, row, -1);
+  while (neighbour(axis, first, -1) < first && axis.lastWithin(first - 1, pageRoom(grid)) >= row)
+    first = neighbour(axis, first, -1);
+  return first;
+}
+
+int byArrow(const GridAxis& axis, int from, int step, bool toEnd) {
+  if (!toEnd) return neighbour(axis, from, step);
+  return step < 0 ? firstVisible(axis) : lastVisible(axis);
+}
+
+// Home and End stay in the row, unless the rows are what is listed.
+CellPosition byHomeOrEnd(const Grid& grid, CellPosition from, bool end, bool toCorner) {
+  const auto limit = [end](const GridAxis& axis) {
+    return end ? lastVisible(axis) : firstVisible(axis);
+  };
+  const bool isList = grid.selectionMode() == SelectionMode::rows;
+  return {toCorner || isList ? limit(grid.rowAxis()) : from.row,
+          isList ? from.col : limit(grid.colAxis())};
+}
+
+}  // namespace
+
+std::optional<CellPosition> cellByKey(const Grid& grid, const KeyPress& key) {
+  if (key.alt) return std::nullopt;
+  const CellPosition from = key.shift ? grid.selection().head() : grid.activeCell();
+  switch (key.code) {
+    case keys::up:
+      return CellPosition{byArrow(grid.rowAxis(), from.row, -1, key.control), from.col};
+    case keys::down:
+      return CellPosition{byArrow(grid.rowAxis(), from.row, 1, key.control), from.col};
+    case keys::left:
+      return CellPosition{from.row, byArrow(grid.colAxis(), from.col, -1, key.control)};
+    case keys::right:
+      return CellPosition{from.row, byArrow(grid.colAxis(), from.col, 1, key.control)};
+    case keys::pageUp:
+      return CellPosition{pageUp(grid, from.row), from.col};
+    case keys::pageDown:
+      return CellPosition{pageDown(grid, from.row), from.col};
+    case keys::home:
+      return byHomeOrEnd(grid, from, false, key.control);
+    case keys::end:
+      return byHomeOrEnd(grid, from, true, key.control);
+    default:
+      return std::nullopt;
+  }
+}
+
+}  // namespace tolmer
