@@ -1,0 +1,50 @@
+// The analysis of variance with the overall F test and the summary figures of the fit.
+#pragma once
+
+#include <optional>
+
+#include "displays/table_display.h"
+
+namespace tolmer {
+
+// What only a model with an intercept has: without one, variation about the mean is not what is
+// explained.
+struct FitQuality {
+  float sRSquared = 0;
+  float sR = 0;  // multiple correlation
+  float sAdjRSquared = 0;
+  float sDurbinWatson = 0;
+};
+
+struct AnovaNumbers {
+  float sSSR = 0;  // sums of squares, in squared units of the dependent variable
+  float sSSE = 0;
+  float sSST = 0;
+  int iRegressionDf = 0;
+  int iErrorDf = 0;
+  int iTotalDf = 0;
+  float sMSR = 0;  // mean squares; not a number where the degrees of freedom are 0
+  float sMSE = 0;
+  float sF = 0;
+  float sFProb = 0;
+  std::optional<FitQuality> quality;
+  float sStdErr = 0;
+  int iNumCases = 0;
+};
+
+AnovaNumbers anovaNumbers(const AnalysisState& state);
+
+// Heads, three sources of variation, a separator and three rows of summary figures.
+Sheet anovaSheet(const AnovaNumbers& numbers);
+
+class frmANOVA : public TableDisplay {
+ public:
+  frmANOVA(Desktop& desktop, AnalysisState& state, DisplayHost& host);
+
+ protected:
+  Sheet content() const override { return anovaSheet(anovaNumbers(state_)); }
+  // The separator has a fifth of the height of the heads.
+  void lowerRows() override;
+};
+
+}  // namespace tolmer

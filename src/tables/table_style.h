@@ -1,0 +1,24 @@
+// How the cells of all tables look.
+#pragma once
+
+#include <string>
+
+#include "platform/grid/sheet.h"
+
+namespace tolmer {
+
+// Black on white.
+CellStyle bodyStyle(Align align);
+// In the system's button colours, for cells that frame the table.
+CellStyle faceStyle(Align align);
+// The same, as the heading of a row or column.
+CellStyle headingStyle(Align align);
+// Black on that colour: a cell that is marked, or a legend that explains the mark.
+CellStyle markedStyle(Align align, Colour back);
+
+// 1 <= row <= rows, 1 <= col <= cols.
+void put(Sheet& sheet, int row, int col, std::string text, const CellStyle& style);
+// The whole row takes the style; its texts stay.
+void styleRow(Sheet& sheet, int row, const CellStyle& style);
+
+}  // namespace tolmer
