@@ -15,6 +15,7 @@ void labelTicks(Axis& axis, const AxisScale& scale) {
   for (int i = 1; i <= count; ++i)
     sTicks[static_cast<std::size_t>(i)] = static_cast<float>(i - 1) * scale.sStep + scale.sAxisMin;
   axis.labelFormat = FindFormatString(sTicks, count, 3, 7, false, true, false, true);
+  axis.labels.clear();
   for (int i = 1; i <= count; ++i)
     axis.setLabel(i, formatNumber(sTicks[static_cast<std::size_t>(i)], axis.labelFormat));
 }

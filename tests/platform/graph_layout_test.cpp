@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include "platform/graph/screen_geometry.h"
-#include "platform/graph_support.h"
 #include "platform/text_metrics.h"
+#include "support/graph_pictures.h"
 
 namespace tolmer {
 namespace {

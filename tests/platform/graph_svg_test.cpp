@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/graph_support.h"
+#include "support/graph_pictures.h"
 
 namespace tolmer {
 namespace {

@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "platform/graph/palette.h"
-#include "platform/graph_support.h"
+#include "support/graph_pictures.h"
 
 namespace tolmer {
 namespace {
