@@ -41,6 +41,7 @@ class Window : public Container {
   // Resize follows when the inner size changes by it.
   void setState(WindowState state);
   bool sizable() const { return sizable_; }
+  FrameWindow* frame() const { return frame_; }  // that adopted it; null for any other window
   void setSizable(bool on) { assign(sizable_, on, Change::look); }
 
   // Shows and goes on; the first showing builds the mirror.

@@ -1,0 +1,113 @@
+#include "platform/qt/book_widget.h"
+
+#include <QPainter>
+#include <QShortcut>
+#include <QStyleOptionTab>
+
+#include "platform/qt/convert.h"
+#include "platform/qt/theme.h"
+#include "platform/tab_book.h"
+
+namespace tolmer {
+namespace {
+
+constexpr int corner = 5;
+
+class BookTabs : public QTabBar {
+ public:
+  explicit BookTabs(QWidget* parent) : QTabBar(parent) {
+    setDrawBase(false);
+    setUsesScrollButtons(false);
+    setElideMode(Qt::ElideRight);
+    setExpanding(false);
+    setMouseTracking(true);
+  }
+
+ protected:
+  QSize tabSizeHint(int index) const override {
+    constexpr int sides = 32;
+    const int text = fontMetrics().size(Qt::TextShowMnemonic, tabText(index)).width();
+    const int room = count() > 0 ? width() / count() : 0;
+    const int wanted = text + sides;
+    return {room > 0 && neededWidth() > width() ? std::min(wanted, room) : wanted, height()};
+  }
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    for (int i = 0; i < count(); ++i)
+      if (i != currentIndex()) paintTab(painter, i);
+    if (currentIndex() >= 0) paintTab(painter, currentIndex());
+  }
+
+ private:
+  int neededWidth() const {
+    int sum = 0;
+    for (int i = 0; i < count(); ++i)
+      sum += fontMetrics().size(Qt::TextShowMnemonic, tabText(i)).width() + 32;
+    return sum;
+  }
+  void paintTab(QPainter& painter, int index) {
+    const bool chosen = index == currentIndex();
+    // The chosen tab runs into the page; the others end above its edge.
+    QRectF place = QRectF(tabRect(index)).adjusted(0.5, chosen ? 2.5 : 5.5, -2.5, corner + 2);
+    if (!chosen) painter.setClipRect(rect().adjusted(0, 0, 0, -1));
+    painter.setPen(QColor(theme::line));
+    const bool hovered = !chosen && tabRect(index).contains(mapFromGlobal(QCursor::pos()));
+    painter.setBrush(chosen    ? QColor(theme::window)
+                     : hovered ? QColor(theme::paleAccent)
+                               : QColor(theme::face).darker(104));
+    painter.drawRoundedRect(place, corner, corner);
+    painter.setClipping(false);
+    if (chosen) paintAccent(painter, place);
+    paintText(painter, index, chosen);
+  }
+  void paintAccent(QPainter& painter, const QRectF& place) {
+    painter.fillRect(QRectF(place.left() + corner, place.top(), place.width() - 2 * corner, 2.5),
+                     QColor(theme::accent));
+  }
+  void paintText(QPainter& painter, int index, bool chosen) {
+    const QRect place = tabRect(index).adjusted(6, 4, -8, 0);
+    const QString text = fontMetrics().elidedText(tabText(index), Qt::ElideRight, place.width(),
+                                                  Qt::TextShowMnemonic);
+    painter.setPen(QColor(chosen ? theme::text : theme::quietText));
+    painter.drawText(place, Qt::AlignCenter | Qt::TextShowMnemonic, text);
+    if (!chosen || !hasFocus()) return;
+    QStyleOptionFocusRect option;
+    option.initFrom(this);
+    option.rect = place.adjusted(0, 3, 0, -4);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+  }
+};
+
+}  // namespace
+
+BookWidget::BookWidget(QWidget* parent) : QWidget(parent), tabs_(new BookTabs(this)) {
+  setFocusProxy(tabs_);
+  const auto key = [this](QKeySequence keys, int step) {
+    auto* shortcut = new QShortcut(keys, this);
+    connect(shortcut, &QShortcut::activated, this, [this, step] { stepBy(step); });
+  };
+  key(QKeySequence(Qt::CTRL | Qt::Key_PageDown), 1);
+  key(QKeySequence(Qt::CTRL | Qt::Key_Tab), 1);
+  key(QKeySequence(Qt::CTRL | Qt::Key_PageUp), -1);
+  key(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), -1);
+}
+
+void BookWidget::stepBy(int step) {
+  const int count = tabs_->count();
+  if (count > 0) tabs_->setCurrentIndex((tabs_->currentIndex() + step + count) % count);
+}
+
+void BookWidget::resizeEvent(QResizeEvent*) {
+  tabs_->setGeometry(0, 0, width(), toPixel(TabBook::tabHeight));
+}
+
+void BookWidget::paintEvent(QPaintEvent*) {
+  QPainter painter(this);
+  const int top = toPixel(TabBook::tabHeight) - 1;
+  painter.setPen(QColor(theme::line));
+  painter.setBrush(QColor(theme::window));
+  painter.drawRect(0, top, width() - 1, height() - top - 1);
+}
+
+}  // namespace tolmer

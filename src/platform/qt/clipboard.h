@@ -1,0 +1,14 @@
+#pragma once
+
+#include <string>
+
+#include "platform/desktop.h"
+
+namespace tolmer {
+
+// Every form at once; another program takes the one it understands. A picture is there as SVG and
+// as a bitmap of twice its size.
+void putOnClipboard(const ClipboardContent& content);
+std::string textOnClipboard();
+
+}  // namespace tolmer

@@ -1,0 +1,89 @@
+// The base of all mirrors: what every control on the screen has, whatever its kind.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+#include <utility>
+
+#include "platform/control.h"
+#include "platform/qt/mirror.h"
+
+namespace tolmer {
+
+// Follows one model. The widget is made when the model is first visible: what nobody has seen yet
+// costs nothing.
+//
+// While the model is being pushed into the widget, the widget's signals are echoes and dropped. Any
+// other signal hands its value to the model with `tell` and touches neither peer nor widget
+// afterwards: the model's handler may have destroyed both.
+class ControlPeer : public Peer {
+ public:
+  // The widget will stand in `ground`.
+  ControlPeer(Mirror& mirror, Control& control, QWidget* ground);
+  ~ControlPeer() override;
+  ControlPeer(const ControlPeer&) = delete;
+  ControlPeer& operator=(const ControlPeer&) = delete;
+
+  void changed(Change what) override;
+  QWidget* widget() const { return widget_; }
+  // The widget of that control; null while it has none.
+  static QWidget* widgetOf(const Control& control);
+
+ protected:
+  virtual QWidget* create(QWidget* ground) = 0;
+  // Pushes into the widget what is of this kind alone.
+  virtual void update(Change what) = 0;
+  virtual void watch();
+  virtual void place();
+  virtual void show(bool visible);
+  // Font and colours. They are inherited by the widgets inside, so containers paint theirs.
+  virtual void applyLook();
+  virtual std::string accessibleName() const { return control_.accessibleName(); }
+
+  void build();
+  // For properties that take another kind of widget.
+  void remake();
+  template <class Work>
+  void tell(Work&& work) {
+    if (busy_ == 0) mirror_.gate.enter(std::forward<Work>(work));
+  }
+  // Connects for as long as the peer lives.
+  template <class Sender, class Signal, class Slot>
+  void on(Sender* sender, Signal signal, Slot slot) {
+    QObject::connect(sender, signal, &connections_, std::move(slot));
+  }
+
+  Mirror& mirror_;
+
+ private:
+  void push(Change what);
+  void applyColours();
+  void describe();
+  void drop();
+
+  Control& control_;
+  QPointer<QWidget> ground_;
+  QPointer<QWidget> widget_;
+  QObject connections_;
+  int busy_ = 0;
+  bool hasOwnLook_ = false;
+};
+
+// A control with others in it.
+class ContainerPeer : public ControlPeer {
+ public:
+  ContainerPeer(Mirror& mirror, Container& container, QWidget* ground)
+      : ControlPeer(mirror, container, ground), container_(container) {}
+
+ protected:
+  void update(Change what) override;
+  void applyLook() override;
+  // What the children stand on.
+  virtual QWidget* childrenGround() { return widget(); }
+
+ private:
+  Container& container_;
+};
+
+}  // namespace tolmer

@@ -1,0 +1,127 @@
+#include <QGuiApplication>
+#include <QMdiSubWindow>
+#include <QMenuBar>
+#include <QScreen>
+
+#include "platform/qt/convert.h"
+#include "platform/qt/main_widget.h"
+#include "platform/qt/menu_peer.h"
+#include "platform/qt/theme.h"
+#include "platform/qt/window_peer.h"
+
+namespace tolmer {
+
+MainWidget::MainWidget() : area_(new QMdiArea(this)) {
+  setContextMenuPolicy(Qt::NoContextMenu);
+  area_->setFrameShape(QFrame::NoFrame);
+  area_->setBackground(QColor(theme::ground));
+  // Otherwise activating another child would maximise it in the place of a maximised one.
+  area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
+  setCentralWidget(area_);
+}
+
+namespace {
+
+class FrameWindowPeer : public WindowPeer {
+ public:
+  FrameWindowPeer(Mirror& mirror, FrameWindow& frame)
+      : WindowPeer(mirror, frame, nullptr), frame_(frame), areaHook_([this](QEvent& event) {
+          if (event.type() == QEvent::Resize) reportInner();
+          return false;
+        }) {}
+
+  void bringUp() override {
+    if (!frame_.visible() || !main_) return;
+    mirror_.windows.shown(frame_, *main_);
+    main_->raise();
+    main_->activateWindow();
+    mirror_.gate.enter([this] { frame_.reportState(stateOf(*main_)); });
+    reportInner();
+    for (Window* child : frame_.childWindows())
+      if (child->visible() && !child->peer()) presentWindow(mirror_, *child);
+  }
+
+ private:
+  QWidget* create(QWidget*) override {
+    main_ = new MainWidget;
+    main_->area().viewport()->installEventFilter(&areaHook_);
+    on(&main_->area(), &QMdiArea::subWindowActivated,
+       [this](QMdiSubWindow* active) { reportActive(active); });
+    return main_;
+  }
+  QWidget* childrenGround() override { return main_->area().viewport(); }
+
+  void update(Change what) override {
+    if (has(what, Change::items) && frame_.menuBar())
+      fillMenuBar(mirror_, *main_->menuBar(), *frame_.menuBar());
+    WindowPeer::update(what);
+    if (has(what, Change::focus)) followActive();
+  }
+
+  // The window opens maximised whatever its model says: a main window of any other size would cut
+  // its quadrants.
+  void show(bool visible) override {
+    if (!visible) {
+      main_->hide();
+      mirror_.windows.hidden(frame_);
+      return;
+    }
+    mirror_.windows.shown(frame_, *main_);
+    if (main_->isVisible()) return;
+    // For the time until a window manager has really maximised it.
+    main_->setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
+    main_->showMaximized();
+  }
+
+  void place() override {
+    if (!main_->isVisible()) return;
+    const Qt::WindowStates wanted = frame_.state() == WindowState::maximised   ? Qt::WindowMaximized
+                                    : frame_.state() == WindowState::minimised ? Qt::WindowMinimized
+                                                                               : Qt::WindowNoState;
+    constexpr Qt::WindowStates mask = Qt::WindowMaximized | Qt::WindowMinimized;
+    if ((main_->windowState() & mask) != wanted) main_->setWindowState(wanted);
+  }
+
+  bool seen(QEvent& event) override {
+    if (event.type() == QEvent::WindowStateChange)
+      tell([this] { frame_.reportState(stateOf(*main_)); });
+    return WindowPeer::seen(event);
+  }
+
+  static WindowState stateOf(const QWidget& widget) {
+    if (widget.isMinimized()) return WindowState::minimised;
+    return widget.isMaximized() ? WindowState::maximised : WindowState::normal;
+  }
+
+  void reportInner() {
+    if (!main_->isVisible() || main_->isMinimized()) return;
+    const QSize inner = main_->area().viewport()->size();
+    mirror_.gate.enter([this, inner] {
+      frame_.reportInnerSize({toTwips(inner.width()), toTwips(inner.height())});
+    });
+  }
+
+  // None is active while another window of the program is: no news for the model.
+  void reportActive(const QMdiSubWindow* active) {
+    for (Window* child : frame_.childWindows())
+      if (active && widgetOf(*child) == active) return tell([child] { child->reportActivated(); });
+  }
+
+  void followActive() {
+    const Window* active = frame_.activeChild();
+    auto* sub = active ? qobject_cast<QMdiSubWindow*>(widgetOf(*active)) : nullptr;
+    if (sub && main_->area().activeSubWindow() != sub) main_->area().setActiveSubWindow(sub);
+  }
+
+  FrameWindow& frame_;
+  EventHook areaHook_;
+  MainWidget* main_ = nullptr;
+};
+
+}  // namespace
+
+std::unique_ptr<WindowPeer> makeFrameWindowPeer(Mirror& mirror, FrameWindow& frame) {
+  return std::make_unique<FrameWindowPeer>(mirror, frame);
+}
+
+}  // namespace tolmer

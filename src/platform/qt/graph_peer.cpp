@@ -1,0 +1,31 @@
+#include "platform/graph/graph.h"
+#include "platform/qt/graph_view.h"
+#include "platform/qt/make_peer.h"
+
+namespace tolmer {
+namespace {
+
+class GraphPeer : public ControlPeer {
+ public:
+  GraphPeer(Mirror& mirror, Graph& graph, QWidget* ground)
+      : ControlPeer(mirror, graph, ground), graph_(graph) {}
+
+ private:
+  QWidget* create(QWidget* ground) override {
+    view_ = new GraphView(graph_, ground);
+    return view_;
+  }
+  void update(Change what) override { view_->refresh(what); }
+  void applyLook() override {}  // the picture has its own fonts and colours
+
+  Graph& graph_;
+  GraphView* view_ = nullptr;
+};
+
+}  // namespace
+
+PeerPointer makeGraphPeer(Mirror& mirror, Graph& graph, QWidget* ground) {
+  return std::make_unique<GraphPeer>(mirror, graph, ground);
+}
+
+}  // namespace tolmer

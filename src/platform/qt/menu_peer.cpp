@@ -1,0 +1,110 @@
+#include "platform/qt/menu_peer.h"
+
+#include <QAction>
+#include <QCursor>
+#include <QMenu>
+#include <QPointer>
+
+#include "platform/qt/convert.h"
+
+namespace tolmer {
+namespace {
+
+// Follows one entry.
+class EntryPeer : public Peer {
+ public:
+  EntryPeer(Mirror& mirror, MenuItem& item, QAction* action)
+      : mirror_(mirror), item_(item), action_(action) {
+    QObject::connect(action, &QAction::triggered, &connections_, [this] { chosen(); });
+    if (QMenu* menu = action->menu())
+      QObject::connect(menu, &QMenu::aboutToShow, &connections_,
+                       [this] { mirror_.gate.enter([&item = item_] { item.click(); }); });
+    changed(Change::all);
+  }
+  ~EntryPeer() override {
+    if (action_) action_->deleteLater();
+  }
+  EntryPeer(const EntryPeer&) = delete;
+  EntryPeer& operator=(const EntryPeer&) = delete;
+
+  void changed(Change) override {
+    if (!action_) return;
+    action_->setEnabled(item_.enabled());
+    action_->setCheckable(item_.checkable() || item_.checked());
+    action_->setChecked(item_.checked());
+  }
+
+ private:
+  void chosen() {
+    if (action_->menu()) return;
+    changed(Change::value);  // the tick is the program's to set
+    mirror_.gate.enter([&item = item_] { item.click(); });
+  }
+
+  Mirror& mirror_;
+  MenuItem& item_;
+  QPointer<QAction> action_;
+  QObject connections_;
+};
+
+// Owns a pop-up menu.
+class PopupPeer : public Peer {
+ public:
+  explicit PopupPeer(QMenu* menu) : menu_(menu) {}
+  ~PopupPeer() override {
+    if (menu_) menu_->deleteLater();
+  }
+  PopupPeer(const PopupPeer&) = delete;
+  PopupPeer& operator=(const PopupPeer&) = delete;
+  void changed(Change) override {}
+  QMenu* menu() const { return menu_; }
+
+ private:
+  QPointer<QMenu> menu_;
+};
+
+void fillMenu(Mirror& mirror, QMenu& widget, const MenuItem& menu);
+
+QAction* makeAction(Mirror& mirror, QWidget& parent, const MenuItem& item) {
+  auto* action = new QAction(toQt(item.caption()), &parent);
+  if (!item.items().empty()) {
+    auto* menu = new QMenu(&parent);
+    fillMenu(mirror, *menu, item);
+    action->setMenu(menu);
+  }
+  return action;
+}
+
+void fillMenu(Mirror& mirror, QMenu& widget, const MenuItem& menu) {
+  for (MenuItem* item : menu.items()) {
+    if (item->isSeparator()) {
+      widget.addSeparator();
+      continue;
+    }
+    QAction* action = makeAction(mirror, widget, *item);
+    widget.addAction(action);
+    item->setPeer(std::make_unique<EntryPeer>(mirror, *item, action));
+  }
+}
+
+}  // namespace
+
+void fillMenuBar(Mirror& mirror, QMenuBar& widget, MenuItem& bar) {
+  if (!widget.actions().isEmpty()) return;
+  for (MenuItem* item : bar.items()) {
+    QAction* action = makeAction(mirror, widget, *item);
+    widget.addAction(action);
+    item->setPeer(std::make_unique<EntryPeer>(mirror, *item, action));
+  }
+}
+
+void popUpMenu(Mirror& mirror, MenuItem& menu) {
+  if (!menu.peer()) {
+    auto peer = std::make_unique<PopupPeer>(new QMenu);
+    fillMenu(mirror, *peer->menu(), menu);
+    menu.setPeer(std::move(peer));
+  }
+  static_cast<PopupPeer*>(menu.peer())->menu()->popup(QCursor::pos());
+}
+
+}  // namespace tolmer

@@ -1,0 +1,17 @@
+// Menu bars and pop-up menus.
+#pragma once
+
+#include <QMenuBar>
+
+#include "platform/menu.h"
+#include "platform/qt/mirror.h"
+
+namespace tolmer {
+
+// Puts the entries of `bar` into the widget, once.
+void fillMenuBar(Mirror& mirror, QMenuBar& widget, MenuItem& bar);
+
+// Opens the menu at the mouse and returns at once; the choice arrives as the entry's Click.
+void popUpMenu(Mirror& mirror, MenuItem& menu);
+
+}  // namespace tolmer

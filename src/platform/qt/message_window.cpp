@@ -1,0 +1,67 @@
+#include "platform/qt/message_window.h"
+
+#include <QMessageBox>
+
+#include "platform/qt/convert.h"
+
+namespace tolmer {
+namespace {
+
+QMessageBox::Icon iconOf(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::critical:
+      return QMessageBox::Critical;
+    case MessageIcon::question:
+      return QMessageBox::Question;
+    case MessageIcon::exclamation:
+      return QMessageBox::Warning;
+    case MessageIcon::information:
+      return QMessageBox::Information;
+    case MessageIcon::none:
+      break;
+  }
+  return QMessageBox::NoIcon;
+}
+
+QMessageBox::StandardButtons buttonsOf(MessageButtons buttons) {
+  switch (buttons) {
+    case MessageButtons::okCancel:
+      return QMessageBox::Ok | QMessageBox::Cancel;
+    case MessageButtons::yesNo:
+      return QMessageBox::Yes | QMessageBox::No;
+    case MessageButtons::ok:
+      break;
+  }
+  return QMessageBox::Ok;
+}
+
+Answer answerOf(int button) {
+  switch (button) {
+    case QMessageBox::Cancel:
+      return Answer::cancel;
+    case QMessageBox::Yes:
+      return Answer::yes;
+    case QMessageBox::No:
+      return Answer::no;
+    default:
+      return Answer::ok;
+  }
+}
+
+}  // namespace
+
+Answer showMessageBox(Mirror& mirror, const MessageBox& box, const QString& emptyTitle) {
+  QMessageBox window(iconOf(box.icon), box.title.empty() ? emptyTitle : toQt(box.title),
+                     toQt(box.text), buttonsOf(box.buttons), mirror.windows.top());
+  window.setTextFormat(Qt::PlainText);
+  window.setWindowModality(Qt::ApplicationModal);
+  QEventLoop loop;
+  QObject::connect(&window, &QDialog::finished, &loop, &QEventLoop::quit);
+  window.show();
+  // A gate that is shut already would leave the box without a loop.
+  mirror.gate.run(loop);
+  mirror.gate.rethrow();
+  return answerOf(window.result());
+}
+
+}  // namespace tolmer

@@ -1,0 +1,16 @@
+// What all peers of one desktop share.
+#pragma once
+
+#include "platform/qt/gate.h"
+#include "platform/qt/input_filter.h"
+#include "platform/qt/window_stack.h"
+
+namespace tolmer {
+
+struct Mirror {
+  Gate gate;
+  InputFilter input{gate};
+  WindowStack windows;
+};
+
+}  // namespace tolmer

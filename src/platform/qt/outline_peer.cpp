@@ -1,0 +1,98 @@
+#include "platform/outline.h"
+
+#include <QApplication>
+#include <QTreeWidget>
+
+#include "platform/qt/convert.h"
+#include "platform/qt/make_peer.h"
+
+namespace tolmer {
+namespace {
+
+constexpr int rowHeight = 23;
+
+class OutlinePeer : public ControlPeer {
+ public:
+  OutlinePeer(Mirror& mirror, Outline& outline, QWidget* ground)
+      : ControlPeer(mirror, outline, ground), outline_(outline) {}
+
+ private:
+  QWidget* create(QWidget* ground) override {
+    items_.clear();
+    tree_ = new QTreeWidget(ground);
+    tree_->setHeaderHidden(true);
+    tree_->setUniformRowHeights(true);
+    tree_->setIndentation(16);
+    tree_->setExpandsOnDoubleClick(false);  // what a click opens and closes is the model's business
+    connectMouse();
+    // By the keyboard, or by whatever works the tree from outside.
+    on(tree_, &QTreeWidget::currentItemChanged, [this](QTreeWidgetItem* item) {
+      if (QApplication::mouseButtons() != Qt::NoButton) return;
+      tell([&outline = outline_, index = indexOf(item)] { outline.setListIndex(index); });
+    });
+    on(tree_, &QTreeWidget::itemExpanded, [this](QTreeWidgetItem* item) { opened(item, true); });
+    on(tree_, &QTreeWidget::itemCollapsed, [this](QTreeWidgetItem* item) { opened(item, false); });
+    return tree_;
+  }
+
+  void connectMouse() {
+    on(tree_, &QTreeWidget::itemPressed, [this](QTreeWidgetItem* item) {
+      if (QApplication::mouseButtons() != Qt::LeftButton) return;
+      tell([&outline = outline_, index = indexOf(item)] { outline.click(index); });
+    });
+    on(tree_, &QTreeWidget::itemDoubleClicked,
+       [this] { tell([&outline = outline_] { outline.doubleClick(); }); });
+  }
+
+  void opened(QTreeWidgetItem* item, bool open) {
+    tell([&outline = outline_, index = indexOf(item), open] { outline.setExpanded(index, open); });
+  }
+
+  void update(Change what) override {
+    if (has(what, Change::items)) fill();
+    if (!has(what, Change::items) && !has(what, Change::value)) return;
+    const int index = outline_.listIndex();
+    tree_->setCurrentItem(index < 0 ? nullptr : items_[static_cast<std::size_t>(index)]);
+  }
+
+  // An outline only grows at its end.
+  void fill() {
+    for (std::size_t i = items_.size(); i < outline_.items().size(); ++i) {
+      const auto& entry = outline_.items()[i];
+      auto* item = new QTreeWidgetItem({toQt(entry.text)});
+      item->setSizeHint(0, {0, rowHeight});
+      item->setData(0, Qt::UserRole, static_cast<int>(i));
+      if (QTreeWidgetItem* above = parentOf(i))
+        above->addChild(item);
+      else
+        tree_->addTopLevelItem(item);
+      items_.push_back(item);
+    }
+    for (std::size_t i = 0; i < items_.size(); ++i)
+      items_[i]->setExpanded(outline_.items()[i].expanded);
+  }
+
+  // The nearest item before it that stands further out.
+  QTreeWidgetItem* parentOf(std::size_t index) const {
+    const auto& entries = outline_.items();
+    for (std::size_t i = index; i-- > 0;)
+      if (entries[i].indent < entries[index].indent) return items_[i];
+    return nullptr;
+  }
+
+  static int indexOf(const QTreeWidgetItem* item) {
+    return item ? item->data(0, Qt::UserRole).toInt() : -1;
+  }
+
+  Outline& outline_;
+  QTreeWidget* tree_ = nullptr;
+  std::vector<QTreeWidgetItem*> items_;
+};
+
+}  // namespace
+
+PeerPointer makeOutlinePeer(Mirror& mirror, Outline& outline, QWidget* ground) {
+  return std::make_unique<OutlinePeer>(mirror, outline, ground);
+}
+
+}  // namespace tolmer

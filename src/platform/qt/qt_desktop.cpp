@@ -1,0 +1,87 @@
+#include "platform/qt/qt_desktop.h"
+
+#include <QApplication>
+#include <QDesktopServices>
+#include <QScreen>
+#include <QStyle>
+#include <QUrl>
+
+#include "platform/qt/clipboard.h"
+#include "platform/qt/convert.h"
+#include "platform/qt/menu_peer.h"
+#include "platform/qt/message_window.h"
+#include "platform/qt/window_peer.h"
+
+namespace tolmer {
+
+QtDesktop::QtDesktop() : alarm_(timers(), mirror_.gate) {
+  // The program ends by its own rules, not when no window happens to stand.
+  QGuiApplication::setQuitOnLastWindowClosed(false);
+}
+
+QtDesktop::~QtDesktop() {
+  // No loop runs any more that would carry out deferred deletions.
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+int QtDesktop::run() { return mirror_.gate.runApplication(); }
+
+Answer QtDesktop::messageBox(const MessageBox& box) {
+  return showMessageBox(mirror_, box, QCoreApplication::applicationName());
+}
+
+void QtDesktop::present(Window& window) { presentWindow(mirror_, window); }
+
+void QtDesktop::modalLoop(Window& window) {
+  mirror_.windows.waitUntilHidden(mirror_.gate, window);
+  mirror_.gate.rethrow();
+}
+
+void QtDesktop::doEvents() {
+  QCoreApplication::processEvents();
+  mirror_.gate.rethrow();
+}
+
+Size QtDesktop::screenSize() const {
+  const QSize size = QGuiApplication::primaryScreen()->availableGeometry().size();
+  return {toTwips(size.width()), toTwips(size.height())};
+}
+
+Twips QtDesktop::scrollBarThickness() const {
+  return toTwips(QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+}
+
+void QtDesktop::popupMenu(MenuItem& menu, Window&) { popUpMenu(mirror_, menu); }
+
+void QtDesktop::beep() { QApplication::beep(); }
+
+void QtDesktop::setBusyPointer(bool busy) {
+  if (busy == busyPointer_) return;
+  busyPointer_ = busy;
+  if (busy)
+    QGuiApplication::setOverrideCursor(Qt::WaitCursor);
+  else
+    QGuiApplication::restoreOverrideCursor();
+}
+
+void QtDesktop::setClipboard(const ClipboardContent& content) { putOnClipboard(content); }
+
+std::string QtDesktop::clipboardText() const { return textOnClipboard(); }
+
+void QtDesktop::showHelp(const HelpRequest& request) {
+  if (request.kind == HelpRequest::Kind::quit) return;
+  messageBox({.title = "",
+              .text = "The help for this program is not part of this release.",
+              .icon = MessageIcon::information});
+}
+
+// No way to other programs' windows that would work on every desktop.
+bool QtDesktop::activateProgram(const std::string&) { return false; }
+
+bool QtDesktop::openDocument(const std::string& path) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(toQt(path)));
+}
+
+void QtDesktop::endProgram(int status) { mirror_.gate.end(status); }
+
+}  // namespace tolmer

@@ -1,0 +1,54 @@
+// The desktop with a screen.
+#pragma once
+
+#include "platform/desktop.h"
+#include "platform/qt/alarm.h"
+#include "platform/qt/mirror.h"
+
+namespace tolmer {
+
+// Stands after the application object and goes before it. Windows shown on it may go in any order
+// before it.
+class QtDesktop : public Desktop {
+ public:
+  QtDesktop();
+  ~QtDesktop() override;
+
+  // Handles events until the program ends; returns its exit status. What a model threw, other than
+  // by endProgram, arrives here.
+  int run();
+
+  // Windows on the screen, the lowest first, and the one that takes input alone.
+  std::vector<Window*> windows() const { return mirror_.windows.windows(); }
+  Window* modalWindow() const { return mirror_.windows.modalWindow(); }
+  // For whoever handles events himself: throws what models threw in them.
+  void rethrow() { mirror_.gate.rethrow(); }
+  // As if that many milliseconds had passed for the timers.
+  void advance(int milliseconds) { alarm_.skip(milliseconds); }
+
+  Answer messageBox(const MessageBox& box) override;
+  void present(Window& window) override;
+  void modalLoop(Window& window) override;
+  void doEvents() override;
+  Size screenSize() const override;
+  Twips scrollBarThickness() const override;
+  void popupMenu(MenuItem& menu, Window& window) override;
+  void beep() override;
+  void setBusyPointer(bool busy) override;
+  void setClipboard(const ClipboardContent& content) override;
+  std::string clipboardText() const override;
+  void showHelp(const HelpRequest& request) override;
+  bool activateProgram(const std::string& title) override;
+  bool openDocument(const std::string& path) override;
+  [[noreturn]] void endProgram(int status) override;
+
+ protected:
+  Gate& gate() { return mirror_.gate; }
+
+ private:
+  Mirror mirror_;
+  Alarm alarm_;
+  bool busyPointer_ = false;
+};
+
+}  // namespace tolmer

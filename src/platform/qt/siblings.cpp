@@ -1,0 +1,66 @@
+#include "platform/qt/siblings.h"
+
+#include <QLabel>
+#include <algorithm>
+
+#include "platform/label.h"
+#include "platform/panel.h"
+#include "platform/qt/control_peer.h"
+#include "platform/window.h"
+
+namespace tolmer {
+namespace {
+
+using Place = std::vector<Control*>::const_iterator;
+
+bool isRaised(const Control& control) {
+  return control.kind() == ControlKind::panel && static_cast<const Panel&>(control).raised() > 0;
+}
+
+void stackUnderLaterOnes(Control& control, Place next, Place end) {
+  if (isRaised(control)) return;
+  const auto above =
+      std::find_if(next, end, [](Control* other) { return ControlPeer::widgetOf(*other); });
+  if (above != end) ControlPeer::widgetOf(control)->stackUnder(ControlPeer::widgetOf(**above));
+}
+
+void makeBuddies(Control& before, Control& after) {
+  if (before.kind() != ControlKind::label || before.takesFocus() || !after.takesFocus()) return;
+  auto* label = qobject_cast<QLabel*>(ControlPeer::widgetOf(before));
+  QWidget* widget = ControlPeer::widgetOf(after);
+  if (!label || !widget) return;
+  label->setBuddy(widget);
+  before.peer()->changed(Change::text);  // only with a buddy does "&" mark a letter
+}
+
+// The last widget before `until` that the Tab key stops at.
+bool findStopBefore(const Container& container, const Control& until, QWidget*& stop) {
+  for (Control* child : container.children()) {
+    if (child == &until) return true;
+    if (QWidget* widget = ControlPeer::widgetOf(*child); widget && child->takesFocus())
+      stop = widget;
+    const auto* inner = dynamic_cast<const Container*>(child);
+    if (inner && findStopBefore(*inner, until, stop)) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+void takePlaceAmongSiblings(Control& control) {
+  if (!control.parent()) return;
+  const auto& siblings = control.parent()->children();
+  const auto here = std::find(siblings.begin(), siblings.end(), &control);
+  if (here != siblings.begin()) makeBuddies(**(here - 1), control);
+  if (here + 1 != siblings.end()) makeBuddies(control, **(here + 1));
+  stackUnderLaterOnes(control, here + 1, siblings.end());
+
+  // In a window that is only being built, the order of making is that of the Tab key.
+  QWidget* widget = ControlPeer::widgetOf(control);
+  QWidget* stop = nullptr;
+  if (widget->window()->isVisible() && control.takesFocus() &&
+      findStopBefore(*control.window(), control, stop) && stop)
+    QWidget::setTabOrder(stop, widget);
+}
+
+}  // namespace tolmer

@@ -1,0 +1,12 @@
+// Where a widget that was made late belongs among those that are there already.
+#pragma once
+
+#include "platform/control.h"
+
+namespace tolmer {
+
+// Puts the control's widget under those constructed after it, into the order of the Tab key, and
+// makes a label just before a control that takes the focus its buddy.
+void takePlaceAmongSiblings(Control& control);
+
+}  // namespace tolmer

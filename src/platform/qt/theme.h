@@ -1,0 +1,34 @@
+// The program's own look: the same on every desktop, light whatever the desktop's theme is.
+#pragma once
+
+#include <QColor>
+#include <QPalette>
+#include <QString>
+
+namespace tolmer::theme {
+
+inline constexpr QColor face{0xF3, 0xF4, 0xF6};
+inline constexpr QColor window{0xFF, 0xFF, 0xFF};
+inline constexpr QColor text{0x1F, 0x24, 0x2B};
+inline constexpr QColor quietText{0x5A, 0x63, 0x6E};
+inline constexpr QColor disabledText{0x8C, 0x94, 0x9E};
+inline constexpr QColor line{0xC3, 0xC9, 0xD1};
+inline constexpr QColor strongLine{0x8F, 0x98, 0xA3};
+inline constexpr QColor ground{0xD9, 0xDD, 0xE3};  // behind the quadrants
+inline constexpr QColor accent{0x1F, 0x5F, 0xA8};
+inline constexpr QColor paleAccent{0xE3, 0xEC, 0xF7};
+
+// Noto Sans alone sets a hat on a Greek letter rightly. The serif face is asked for by the name
+// that every system knows or replaces by one of the same widths.
+inline const QString interfaceFamily = QStringLiteral("Noto Sans");
+inline const QString serifFamily = QStringLiteral("Times New Roman");
+inline constexpr int fontPixels = 12;
+
+QPalette palette();
+// To be called before the application object is made: style and palette of the desktop are then
+// not even loaded.
+void install();
+// After it.
+void installFont();
+
+}  // namespace tolmer::theme

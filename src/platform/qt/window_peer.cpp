@@ -1,0 +1,114 @@
+#include "platform/qt/window_peer.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+
+#include "platform/button.h"
+#include "platform/label.h"
+#include "platform/qt/convert.h"
+
+namespace tolmer {
+namespace {
+
+class GroundWidget : public QWidget {
+ public:
+  GroundWidget(QWidget* parent, const Window& window) : QWidget(parent), window_(window) {}
+
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter(this).fillRect(rect(), toQt(window_.backColour()));
+  }
+
+ private:
+  const Window& window_;
+};
+
+// What Return presses: the control with the focus if it can be pressed so, else the default button.
+std::function<void()> onReturn(Window& window) {
+  Control* focus = window.focus();
+  if (focus && focus->canBeUsed() && focus->kind() == ControlKind::label)
+    return [label = static_cast<Label*>(focus)] { label->click(); };
+  Button* button = focus && focus->kind() == ControlKind::button ? static_cast<Button*>(focus)
+                                                                 : window.defaultButton();
+  if (!button || !button->canBeUsed()) return {};
+  return [button] { button->click(); };
+}
+
+}  // namespace
+
+WindowPeer::WindowPeer(Mirror& mirror, Window& window, QWidget* ground)
+    : ContainerPeer(mirror, window, ground),
+      window_(window),
+      hook_([this](QEvent& event) { return seen(event); }) {}
+
+WindowPeer::~WindowPeer() { mirror_.windows.hidden(window_); }
+
+QWidget* WindowPeer::makeGround(QWidget* parent) {
+  ground_ = new GroundWidget(parent, window_);
+  return ground_;
+}
+
+void WindowPeer::watch() {
+  ContainerPeer::watch();
+  widget()->installEventFilter(&hook_);
+}
+
+void WindowPeer::update(Change what) {
+  if (has(what, Change::text)) widget()->setWindowTitle(toQt(window_.caption()));
+  if (has(what, Change::updates)) widget()->setUpdatesEnabled(window_.updateLocks() == 0);
+  if (has(what, Change::look) && ground_) ground_->update();
+  ContainerPeer::update(what);
+  if (has(what, Change::focus)) followFocus();
+}
+
+void WindowPeer::followFocus() {
+  const Control* focus = window_.focus();
+  QWidget* widget = focus ? widgetOf(*focus) : nullptr;
+  if (widget && !widget->hasFocus()) widget->setFocus(Qt::OtherFocusReason);
+}
+
+bool WindowPeer::seen(QEvent& event) {
+  if (event.type() == QEvent::Close) {
+    event.ignore();
+    mirror_.gate.enter([this] { window_.requestClose(); });
+    return true;
+  }
+  return event.type() == QEvent::KeyPress && keyPressed(static_cast<QKeyEvent&>(event).key());
+}
+
+bool WindowPeer::keyPressed(int key) {
+  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+    if (const auto press = onReturn(window_)) mirror_.gate.enter(press);
+    return true;
+  }
+  if (key != Qt::Key_Escape) return false;
+  if (Button* cancel = window_.cancelButton(); cancel && cancel->canBeUsed())
+    mirror_.gate.enter([cancel] { cancel->click(); });
+  return true;
+}
+
+std::unique_ptr<WindowPeer> makeWindowPeer(Mirror& mirror, Window& window) {
+  switch (window.style()) {
+    case WindowStyle::dialog:
+    case WindowStyle::bare:
+      return makeDialogPeer(mirror, window);
+    case WindowStyle::frame:
+      return makeFrameWindowPeer(mirror, static_cast<FrameWindow&>(window));
+    case WindowStyle::child:
+      break;
+  }
+  QWidget* frameWidget = window.frame() ? ControlPeer::widgetOf(*window.frame()) : nullptr;
+  return frameWidget ? makeChildPeer(mirror, window, frameWidget) : nullptr;
+}
+
+void presentWindow(Mirror& mirror, Window& window) {
+  if (!window.peer()) {
+    auto peer = makeWindowPeer(mirror, window);
+    if (!peer) return;
+    window.setPeer(std::move(peer));
+    window.peer()->changed(Change::all);
+  }
+  static_cast<WindowPeer*>(window.peer())->bringUp();
+}
+
+}  // namespace tolmer
