@@ -1,0 +1,334 @@
+#include "data/designer.h"
+
+#include "course_folder.h"
+#include "platform/text_metrics.h"
+#include "support/headless_user.h"
+#include "support/script.h"
+
+namespace tolmer {
+namespace {
+
+using test::CourseFolder;
+using test::StandInEditor;
+using test::StandInScenarios;
+
+// A student before the designer on a small course: rents of four towns with three variables.
+class Designer : public testing::Test {
+ protected:
+  Designer() {
+    folder.write("rent.csv",
+                 "Town,Rent,Size,Age\nBern,9,3,20\nBasel,8,2,35\nChur,5,2,40\n"
+                 "Davos,7,4,10\n");
+    folder.write("rent.inf", "Rents of flats\nin francs\nnumber of rooms\nyears of the house\n");
+    scenarios.last = {"\\data\\rent.csv", "\\data\\rent.inf", "True", "True", "4", "3", "1"};
+    scenarios.standard = scenarios.last;
+    mainWindow.reportInnerSize({pixels(1280), pixels(740)});
+    mainWindow.reportState(WindowState::maximised);
+    state.iDataSource = scenarioExample;
+    state.bUseDefaultData = true;
+  }
+
+  // Opens the designer and lets the student act; returns when it has closed.
+  void design(const std::function<void(frmModelDesign&)>& actions) {
+    frmModelDesign designer(desktop, state, {scenarios, folder.programFolder(), &editor},
+                            mainWindow);
+    designer.ShowInitialChildren = [this] { ++childrenShown; };
+    script.window("frmModelDesign", [&] { actions(designer); });
+    designer.showModal();
+    script.finish();
+  }
+  void click(const char* button) { user.click("frmModelDesign", button); }
+  // Marks rows first..last of a list; a single one by a plain click.
+  static void mark(Grid& list, int first, int last) {
+    list.press({first, 1});
+    if (last > first) list.press({last, 1}, {.shift = true, .control = false});
+    list.click({last, 1});
+  }
+  void acceptExample() {
+    design([this](frmModelDesign&) { click("cmdOK"); });
+  }
+  static std::vector<std::string> names(const Grid& list) {
+    std::vector<std::string> shown;
+    for (int row = 1; row <= list.maxRows(); ++row)
+      if (!list.text(row, 2).empty()) shown.push_back(list.text(row, 1) + " " + list.text(row, 2));
+    return shown;
+  }
+
+  CourseFolder folder;
+  HeadlessDesktop desktop;
+  test::HeadlessUser user{desktop};
+  test::Script script{desktop};
+  FrameWindow mainWindow{desktop, "mdiReg", "Tolmer"};
+  StandInScenarios scenarios;
+  StandInEditor editor;
+  AnalysisState state;
+  int childrenShown = 0;
+};
+
+TEST_F(Designer, OpensOnTheExampleWithItsModel) {
+  design([this](frmModelDesign& designer) {
+    EXPECT_EQ(designer.caption(), "Variable Selection");
+    EXPECT_EQ(designer.txtDepVar.text(), "Col 1  Rent");
+    EXPECT_THAT(names(designer.spdVarList),
+                testing::ElementsAre("Col 1 Rent", "Col 2 Size", "Col 3 Age"));
+    EXPECT_THAT(names(designer.spdIndepVars), testing::ElementsAre("Col 2 Size", "Col 3 Age"));
+    EXPECT_EQ(designer.spdVarList.maxRows(), 13);
+    EXPECT_EQ(designer.spdVarDefs.maxRows(), 5);
+    EXPECT_EQ(designer.spdVarDefs.text(3, 2), "years of the house");
+    EXPECT_EQ(designer.txtVblDef.text(), "Col 1   Rent\n\nin francs");
+    EXPECT_EQ(designer.txtComments.text(), "Rents of flats");
+    EXPECT_EQ(designer.chkUseIntercept.value(), 1);
+    EXPECT_EQ(designer.focus(), &designer.cmdOK);
+    EXPECT_FALSE(designer.requestClose());
+    click("cmdHelp");
+    EXPECT_EQ(desktop.helpRequests().back().context, 102);
+    designer.spdVarList.setFocus();
+    user.key("frmModelDesign", {.code = keys::enter});
+  });
+  EXPECT_TRUE(state.bModelHasChanged);
+  EXPECT_EQ(state.iNumPredictors, 2);
+  EXPECT_EQ(state.tVarDesc[3], "years of the house");
+  EXPECT_TRUE(state.bUseIntercept);
+}
+
+TEST_F(Designer, ShowsTheQuadrantsOnlyWhileStarting) {
+  acceptExample();
+  EXPECT_EQ(childrenShown, 0);
+  state = {};
+  state.iDataSource = scenarioExample;
+  state.bStartingUp = true;
+  design([this](frmModelDesign& designer) {
+    click("cmdOK");
+    EXPECT_FALSE(designer.visible());
+  });
+  EXPECT_EQ(childrenShown, 1);
+}
+
+TEST_F(Designer, ModelChosenByHand) {
+  state.iDataSource = databasePage;
+  design([this](frmModelDesign& designer) {
+    EXPECT_EQ(designer.txtDepVar.text(), "");
+    mark(designer.spdVarList, 3, 3);
+    EXPECT_EQ(designer.txtVblDef.text(), "Col 3   Age\n\nyears of the house");
+    click("cmdDepVarSelect");
+    EXPECT_EQ(designer.txtDepVar.text(), "Col 3  Age");
+    mark(designer.spdVarList, 1, 13);
+    click("cmdIndVarSelect");
+    EXPECT_TRUE(designer.spdVarList.selection().blocks().empty());
+    EXPECT_THAT(names(designer.spdIndepVars), testing::ElementsAre("Col 1 Rent", "Col 2 Size"));
+    mark(designer.spdIndepVars, 1, 1);
+    click("cmdIndVarDeselect");
+    EXPECT_THAT(names(designer.spdIndepVars), testing::ElementsAre("Col 2 Size"));
+    click("chkUseIntercept");
+    click("cmdOK");
+  });
+  EXPECT_THAT(state.iModelCol, testing::ElementsAre(0, 3, 2, 0));
+  EXPECT_FALSE(state.bUseIntercept);
+}
+
+TEST_F(Designer, RefusedDependentVariableStaysOnTheScreenAndCountsNoMore) {
+  design([this](frmModelDesign& designer) {
+    mark(designer.spdVarList, 2, 2);
+    script.box("Variable Selection Error",
+               "The specified variable is already an independent variable.");
+    click("cmdDepVarSelect");
+    EXPECT_EQ(designer.txtDepVar.text(), "Col 1  Rent");
+    script.box("Model Specification Error", "No dependent variable was named. ");
+    click("cmdOK");
+    EXPECT_EQ(desktop.boxes().back().box.icon, MessageIcon::exclamation);
+    EXPECT_TRUE(designer.visible());
+    EXPECT_EQ(state.iNumCases, 0);
+    mark(designer.spdVarList, 1, 1);
+    click("cmdDepVarSelect");
+    click("cmdDepVarDeselect");
+    EXPECT_EQ(designer.txtDepVar.text(), "");
+    mark(designer.spdVarList, 4, 4);  // an empty row
+    script.box("Variable Selection Error", "You have specified no dependent variable.");
+    click("cmdDepVarSelect");
+    click("cmdCancel");
+  });
+  EXPECT_TRUE(state.bNewDataRequested);
+  EXPECT_EQ(state.iNumCases, 0);
+}
+
+TEST_F(Designer, DefinitionsFollowTheKeys) {
+  design([this](frmModelDesign& designer) {
+    designer.spdVarList.setFocus();
+    designer.spdVarList.pressKey({.code = keys::down});
+    EXPECT_EQ(designer.txtVblDef.text(), "Col 2   Size\n\nnumber of rooms");
+    designer.spdVarList.press({9, 1});  // below the last variable
+    EXPECT_EQ(designer.txtVblDef.text(), "Col 2   Size\n\nnumber of rooms");
+    click("cmdCancel");
+  });
+}
+
+TEST_F(Designer, UnchangedModelPassesWithoutACheck) {
+  acceptExample();
+  state.bModelHasChanged = true;
+  state.bChangeModelOnly = true;
+  design([this](frmModelDesign& designer) {
+    EXPECT_EQ(designer.txtDepVar.text(), "Col 1  Rent");
+    click("cmdOK");
+  });
+  EXPECT_FALSE(state.bModelHasChanged);
+  design([this](frmModelDesign&) {
+    click("chkUseIntercept");
+    click("cmdOK");
+  });
+  EXPECT_TRUE(state.bModelHasChanged);
+  EXPECT_FALSE(state.bUseIntercept);
+  design([this](frmModelDesign& designer) {
+    EXPECT_EQ(designer.chkUseIntercept.value(), 0);
+    click("chkUseIntercept");
+    user.key("frmModelDesign", {.code = keys::escape});
+  });
+  EXPECT_FALSE(state.bModelHasChanged);
+  EXPECT_FALSE(state.bUseIntercept);
+  EXPECT_FALSE(state.bNewDataRequested);
+}
+
+TEST_F(Designer, NothingChosenFromNothingPassesSilently) {
+  state.iDataSource = 0;
+  design([this](frmModelDesign&) { click("cmdOK"); });
+  EXPECT_FALSE(state.bModelHasChanged);
+}
+
+TEST_F(Designer, PartialDataAreOpenedOnWithAMessage) {
+  scenarios.standard[4] = "9";
+  script.box("Error", "Problem with file " + folder.file("rent.csv") + ". Check file and path.");
+  folder.write("rent.inf", "Rents of flats\nin francs\n");
+  script.box("Error", "Problem with file " + folder.file("rent.inf") + ". Check file and path.");
+  design([this](frmModelDesign& designer) {
+    EXPECT_EQ(designer.spdVarDefs.text(1, 2), "in francs");
+    EXPECT_EQ(designer.spdVarDefs.text(2, 2), "");
+    EXPECT_EQ(designer.workingCopy().osData(4, 3), 10.0F);
+    click("cmdCancel");
+  });
+}
+
+class DesignerOnEditorData : public Designer {
+ protected:
+  DesignerOnEditorData() {
+    editor.cases = 3;
+    editor.variables = {{"Y", {1, 2, 4}}, {"X", {3, 5, 4}}};
+    state.iDataSource = dataEditor;
+    state.bChangeDataOnly = true;
+  }
+};
+
+TEST_F(DesignerOnEditorData, CancelOpensTheEditorAgainAndItsOkBringsNewData) {
+  editor.onShow = [this] { editor.variables.push_back({"Z", {7, 8, 9}}); };
+  design([this](frmModelDesign& designer) {
+    EXPECT_FALSE(designer.fraComments.visible());
+    click("cmdCancel");
+    EXPECT_TRUE(designer.visible());
+    EXPECT_EQ(names(designer.spdVarList).size(), 3U);
+    editor.onShow = [this] { editor.cancelled = true; };
+    click("cmdCancel");
+    EXPECT_FALSE(designer.visible());
+  });
+  EXPECT_EQ(editor.shown, 2);
+  EXPECT_FALSE(state.bModelHasChanged);
+  EXPECT_FALSE(state.bNewDataRequested);
+}
+
+TEST_F(DesignerOnEditorData, CancelAfterACancelledEditorLeavesAtOnce) {
+  editor.cancelled = true;
+  design([this](frmModelDesign&) { click("cmdCancel"); });
+  EXPECT_EQ(editor.shown, 0);
+}
+
+TEST_F(DesignerOnEditorData, AllZeroDataAreRefused) {
+  editor.variables = {{"Y", {0, 0, 0}}};
+  state.iNumCols = 1;
+  design([this](frmModelDesign& designer) {
+    EXPECT_TRUE(names(designer.spdVarList).empty());
+    script.box("Model Specification Error",
+               "No dependent variable was named. You need at least one independent variable. ");
+    click("cmdOK");
+    editor.cancelled = true;
+    click("cmdCancel");
+  });
+}
+
+// Every control of a container lies inside it and off its siblings.
+void expectTidy(const Container& container) {
+  const auto& children = container.children();
+  for (const Control* control : children) {
+    if (!control->visible()) continue;
+    EXPECT_GE(control->left(), 0) << control->name();
+    EXPECT_GE(control->top(), 0) << control->name();
+    EXPECT_LE(control->right(), container.width()) << control->name();
+    EXPECT_LE(control->bottom(), container.height()) << control->name();
+    EXPECT_GT(control->height(), 0) << control->name();
+    for (const Control* other : children) {
+      if (other == control || !other->visible()) continue;
+      const bool apart = control->right() <= other->left() || other->right() <= control->left() ||
+                         control->bottom() <= other->top() || other->bottom() <= control->top();
+      EXPECT_TRUE(apart) << control->name() << " and " << other->name();
+    }
+    if (const auto* inner = dynamic_cast<const Container*>(control)) expectTidy(*inner);
+  }
+}
+
+void expectTextFits(const Button& button) {
+  const double needed = textWidth(button.font(), withoutMnemonic(button.caption())) + 10;
+  EXPECT_GE(button.width(), pixels(static_cast<float>(needed))) << button.name();
+}
+
+TEST_F(Designer, BothPlacementsAreTidyWithAndWithoutDefinitions) {
+  for (const bool starting : {true, false}) {
+    for (const bool info : {true, false}) {
+      state = {};
+      state.iDataSource = scenarioExample;
+      state.bUseDefaultData = true;
+      state.bStartingUp = starting;
+      scenarios.standard[2] = info ? "True" : "False";
+      design([&](frmModelDesign& designer) {
+        expectTidy(designer);
+        for (const Button* button :
+             {&designer.cmdDepVarSelect, &designer.cmdDepVarDeselect, &designer.cmdShowData})
+          expectTextFits(*button);
+        const Panel& panel = designer.picControls;
+        EXPECT_EQ(panel.border(), starting);
+        EXPECT_EQ(panel.height(), starting ? (info ? 5700 : 3700) : (info ? 6000 : 4000));
+        if (starting) {
+          EXPECT_EQ(panel.right(), designer.width() - 100);
+          EXPECT_EQ(panel.bottom(), designer.height() - 800);
+          EXPECT_EQ(designer.width(), mainWindow.innerWidth());
+        } else {
+          EXPECT_EQ(panel.width(), designer.width());
+          EXPECT_EQ(panel.height(), designer.height());
+          EXPECT_EQ(designer.left(), (desktop.screenSize().width - designer.width()) / 2);
+        }
+        click("cmdCancel");
+      });
+    }
+  }
+}
+
+TEST_F(Designer, LongNamesAndDefinitionsAreReachable) {
+  std::string names = "Town";
+  std::string info = "Comment\n";
+  std::string record = "Bern";
+  for (int i = 1; i <= 30; ++i) {
+    names += ",Population" + std::to_string(i);
+    info.append(200, 'd').append("\n");
+    record += ",1";
+  }
+  folder.write("rent.csv", names + "\n" + record + "\n");
+  folder.write("rent.inf", info);
+  scenarios.standard[4] = "1";
+  scenarios.standard[5] = "30";
+  design([this](frmModelDesign& designer) {
+    EXPECT_EQ(designer.spdVarList.maxRows(), 30);
+    EXPECT_LE(designer.spdVarList.widestText(2), designer.spdVarList.colWidth(2) + pixels(12));
+    EXPECT_EQ(designer.spdVarDefs.scrollBars(), ScrollBars::both);
+    EXPECT_GE(designer.spdVarDefs.colWidth(2), designer.spdVarDefs.widestText(2));
+    EXPECT_GE(designer.spdVarDefs.colWidth(1), designer.spdVarDefs.widestText(1));
+    click("cmdCancel");
+  });
+}
+
+}  // namespace
+}  // namespace tolmer
