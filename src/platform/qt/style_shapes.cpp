@@ -41,6 +41,16 @@ void drawChevron(QPainter& painter, QPointF middle, QColor colour) {
       {middle + QPointF(-3.5, -1.5), middle + QPointF(0, 2), middle + QPointF(3.5, -1.5)}));
 }
 
+// The sign on a maximise or restore button.
+void drawSmallWindow(QPainter& painter, QPoint corner, QSize size, bool hovered) {
+  const QColor ink = hovered ? theme::accent : theme::quietText;
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setPen(ink);
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(QRect(corner, size));
+  painter.fillRect(QRect(corner, QSize(size.width() + 1, 2)), ink);
+}
+
 }  // namespace
 
 void drawButton(QPainter& painter, const QStyleOption& option) {
@@ -142,11 +152,16 @@ void drawTitleBar(QPainter& painter, const QStyleOptionTitleBar& option, const Q
                    painter.fontMetrics().elidedText(option.text, Qt::ElideRight, text.width()));
   const bool hovered =
       option.activeSubControls & (QStyle::SC_TitleBarMaxButton | QStyle::SC_TitleBarNormalButton);
-  const QRectF box = QRectF(0, 0, 10, 9).translated(QRectF(button).center() - QPointF(5, 4.5));
-  painter.setRenderHint(QPainter::Antialiasing, false);
-  painter.setPen(hovered ? QColor(theme::accent) : QColor(theme::quietText));
-  painter.drawRect(box.toRect());
-  painter.fillRect(QRect(box.toRect().topLeft(), QSize(11, 2)), painter.pen().color());
+  drawSmallWindow(painter, button.center() - QPoint(5, 4), QSize(10, 9), hovered);
+}
+
+void drawRestoreButton(QPainter& painter, const QRect& place, bool hovered) {
+  if (hovered) painter.fillRect(place, QColor(theme::paleAccent));
+  const QPoint corner = place.center() - QPoint(6, 5);
+  drawSmallWindow(painter, corner + QPoint(3, 0), QSize(9, 7), hovered);
+  painter.fillRect(QRect(corner + QPoint(0, 3), QSize(10, 8)),
+                   QColor(hovered ? theme::paleAccent : theme::face));
+  drawSmallWindow(painter, corner + QPoint(0, 3), QSize(9, 7), hovered);
 }
 
 QIcon messageIcon(QColor colour, QChar sign) {
