@@ -7,6 +7,15 @@
 
 namespace tolmer {
 
+namespace {
+
+const Cell headingCell{.style = {.align = Align::centre,
+                                 .heading = true,
+                                 .back = colours::buttonFace,
+                                 .fore = colours::buttonText}};
+
+}  // namespace
+
 void putNumber(Cell& cell, double number) {
   // The largest double has 309 digits before the point, and a style at most 255 behind it.
   std::array<char, 600> digits;
@@ -26,6 +35,8 @@ void Sheet::resize(int rows, int cols) {
   rows_ = std::max(rows, 0);
   cols_ = std::max(cols, 0);
   cells_.assign(index(rows_, cols_) + 1, Cell{});
+  for (int row = 0; row <= rows_; ++row) at(row, 0) = headingCell;
+  for (int col = 0; col <= cols_; ++col) at(0, col) = headingCell;
   const int keptCols = std::min(cols_, before.cols_);
   for (int row = 0; row <= std::min(rows_, before.rows_); ++row)
     for (int col = 0; col <= keptCols; ++col) at(row, col) = std::move(before.at(row, col));

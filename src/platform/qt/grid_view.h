@@ -1,0 +1,67 @@
+// A grid on the screen.
+#pragma once
+
+#include <QAbstractScrollArea>
+#include <QBasicTimer>
+#include <functional>
+
+#include "platform/grid/grid.h"
+
+namespace tolmer {
+
+// Shows the cells of a grid and hands mouse and keys to it; what is selected, and where a key
+// leads, the grid decides. Positions are logical pixels of the viewport. The grid must outlive it.
+class GridView : public QAbstractScrollArea {
+ public:
+  explicit GridView(Grid& grid, QWidget* parent = nullptr);
+
+  // After the grid has told that it changed.
+  void refresh(Change what);
+
+  Grid& grid() const { return grid_; }
+  // Where the cell lies now, without its lines; outside the viewport where it is scrolled away.
+  QRect cellRect(CellPosition cell) const;
+  // The cell at that place, the nearest one beside all cells.
+  CellPosition cellAt(QPoint place) const;
+  // Scrolls until the cell is on the screen, as far as it fits.
+  void bringIntoView(CellPosition cell);
+
+  // All calls into the model go through this function, which may hold back what they throw.
+  std::function<void(const std::function<void()>&)> enter = [](const std::function<void()>& work) {
+    work();
+  };
+
+  QSize sizeHint() const override { return {480, 280}; }
+
+ protected:
+  void paintEvent(QPaintEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void scrollContentsBy(int dx, int dy) override;
+  void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
+  void mouseReleaseEvent(QMouseEvent* event) override;
+  void mouseDoubleClickEvent(QMouseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
+  void timerEvent(QTimerEvent* event) override;
+
+ private:
+  void setScrollRanges();
+  void showSelection();
+  void repaintCell(CellPosition cell);
+  void tellFocusedCell();
+  bool isOverCells(QPoint place) const;
+  void raiseMouseUp(MouseButton button);
+  bool scrollByKey(int key);
+  void dragTo(QPoint place);
+
+  Grid& grid_;
+  GridSelection shown_;  // as painted last
+  bool dragging_ = false;
+  bool focusByKey_ = false;  // the focus came by the keyboard: it has to be seen
+  QPoint dragPlace_;
+  QBasicTimer dragTimer_;  // scrolls while a drag rests outside the viewport
+};
+
+}  // namespace tolmer

@@ -1,0 +1,179 @@
+#include "platform/qt/grid_view_painter.h"
+
+#include <QFontMetricsF>
+#include <QPainter>
+#include <algorithm>
+
+#include "platform/qt/convert.h"
+#include "platform/qt/grid_view.h"
+#include "platform/qt/theme.h"
+
+namespace tolmer {
+namespace {
+
+// Lighter than the lines around controls: cells are told apart by their alignment first.
+constexpr QColor lineColour{0xE2, 0xE5, 0xEA};
+constexpr double selectionStrength = 0.22;
+constexpr int sideMargin = static_cast<int>(Grid::sideMargin / twipsPerPixel);
+
+QColor mixed(QColor ground, QColor over, double share) {
+  const auto mix = [share](int below, int above) {
+    return static_cast<int>(below + (above - below) * share + 0.5);
+  };
+  return {mix(ground.red(), over.red()), mix(ground.green(), over.green()),
+          mix(ground.blue(), over.blue())};
+}
+
+struct CellFont {
+  explicit CellFont(const QFont& font) : font(font), metrics(font) {}
+  QFont font;
+  QFontMetricsF metrics;
+};
+
+CellFont cellFont(const Grid& grid, bool heading) {
+  QFont font = toQt(grid.font());
+  if (heading) font.setWeight(QFont::DemiBold);
+  return CellFont(font);
+}
+
+// From the first to the last row or column that shows between two pixels of the viewport.
+struct Range {
+  int first;
+  int last;
+};
+
+Range rangeBetween(const GridAxis& axis, bool frozen, int scrolled, int from, int to) {
+  const int lowest = frozen ? 0 : axis.frozen() + 1;
+  const int highest = frozen ? axis.frozen() : axis.count();
+  const int shift = frozen ? 0 : scrolled;
+  return {std::clamp(axis.at(from + shift), lowest, highest + 1),
+          std::clamp(axis.at(to + shift), lowest - 1, highest)};
+}
+
+class CellPainter {
+ public:
+  CellPainter(QPainter& painter, const GridView& view)
+      : painter_(painter),
+        view_(view),
+        grid_(view.grid()),
+        body_(cellFont(grid_, false)),
+        heading_(cellFont(grid_, true)) {}
+
+  void paint(CellPosition cell) {
+    const QRect place = view_.cellRect(cell);
+    if (place.isEmpty()) return;
+    const Cell& content = grid_.sheet().at(cell.row, cell.col);
+    painter_.fillRect(place, ground(cell, content));
+    if (content.style.heading && content.style.back.kind == Colour::Kind::buttonFace)
+      paintHeadingLines(place);
+    if (!content.text.empty()) paintText(place, content);
+  }
+
+ private:
+  QColor ground(CellPosition cell, const Cell& content) const {
+    const QColor own = toQt(content.style.back);
+    const bool isMarked =
+        !grid_.selection().blocks().empty() || grid_.selectionMode() == SelectionMode::rows;
+    if (!isMarked || !grid_.selection().covers(cell)) return own;
+    return mixed(own, theme::accent, selectionStrength);
+  }
+
+  void paintHeadingLines(const QRect& place) {
+    painter_.fillRect(place.left(), place.bottom() + 1, place.width() + 1, 1, theme::line);
+  }
+
+  void paintText(const QRect& place, const Cell& content) {
+    const CellFont& font = content.style.heading ? heading_ : body_;
+    QString text = toQt(content.text);
+    const double room = place.width() - 2 * sideMargin;
+    double length = font.metrics.horizontalAdvance(text);
+    if (length > room) {
+      text = font.metrics.elidedText(text, Qt::ElideRight, room);
+      length = std::min(font.metrics.horizontalAdvance(text), room);
+    }
+    const Align align = content.style.align;
+    const double before = align == Align::left     ? 0
+                          : align == Align::centre ? (room - length) / 2
+                                                   : room - length;
+    const double baseLine = std::floor(
+        place.top() + (place.height() + font.metrics.ascent() - font.metrics.descent()) / 2);
+    use(font);
+    painter_.setPen(toQt(content.style.fore));
+    painter_.drawText(QPointF(place.left() + sideMargin + before, baseLine), text);
+  }
+
+  void use(const CellFont& font) {
+    if (&font == inUse_) return;
+    painter_.setFont(font.font);
+    inUse_ = &font;
+  }
+
+  QPainter& painter_;
+  const GridView& view_;
+  const Grid& grid_;
+  CellFont body_;
+  CellFont heading_;
+  const CellFont* inUse_ = nullptr;
+};
+
+// The active cell, or its row, framed on its lines.
+void paintFrame(QPainter& painter, const GridView& view) {
+  const Grid& grid = view.grid();
+  if (grid.selectionMode() == SelectionMode::none || grid.maxRows() == 0 || grid.maxCols() == 0)
+    return;
+  QRect place = view.cellRect(grid.activeCell());
+  if (grid.selectionMode() == SelectionMode::rows) {
+    place.setLeft(0);
+    place.setRight(grid.colAxis().total() - 2);
+  }
+  painter.setPen(
+      QPen(view.hasFocus() ? theme::accent : theme::strongLine, view.hasFocus() ? 2 : 1));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(view.hasFocus() ? QRectF(place) : QRectF(place).adjusted(-0.5, -0.5, 0.5, 0.5));
+}
+
+// One of the four parts that scroll alike: corner, upper strip, left strip, body.
+struct Part {
+  bool upper;
+  bool left;
+  QRect place;
+};
+
+void paintPart(QPainter& painter, CellPainter& cells, const GridView& view, const Part& part,
+               QPoint scrolled) {
+  const Grid& grid = view.grid();
+  const Range rows =
+      rangeBetween(grid.rowAxis(), part.upper, scrolled.y(), part.place.top(), part.place.bottom());
+  const Range cols =
+      rangeBetween(grid.colAxis(), part.left, scrolled.x(), part.place.left(), part.place.right());
+  painter.save();
+  painter.setClipRect(part.place);
+  for (int row = rows.first; row <= rows.last; ++row)
+    for (int col = cols.first; col <= cols.last; ++col) cells.paint({row, col});
+  painter.restore();
+}
+
+}  // namespace
+
+void paintGrid(QPainter& painter, const GridView& view, const QRect& area) {
+  const Grid& grid = view.grid();
+  const QPoint scrolled(view.horizontalScrollBar()->value(), view.verticalScrollBar()->value());
+  const int left = grid.colAxis().frozenEnd();
+  const int top = grid.rowAxis().frozenEnd();
+  const QRect content(0, 0, grid.colAxis().total() - scrolled.x(),
+                      grid.rowAxis().total() - scrolled.y());
+  painter.fillRect(area, toQt(grid.backColour()));
+  painter.fillRect(area & content, lineColour);
+  CellPainter cells(painter, view);
+  for (const bool upper : {true, false})
+    for (const bool leftPart : {true, false}) {
+      const QRect strip =
+          QRect(QPoint(leftPart ? 0 : left, upper ? 0 : top),
+                QPoint(leftPart ? left - 1 : area.right(), upper ? top - 1 : area.bottom()));
+      const Part part{upper, leftPart, strip & area};
+      if (!part.place.isEmpty()) paintPart(painter, cells, view, part, scrolled);
+    }
+  paintFrame(painter, view);
+}
+
+}  // namespace tolmer
