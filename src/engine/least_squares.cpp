@@ -77,16 +77,15 @@ void CholeskyFactor(Matrix<double>& dCross, int k, bool& bSingular, MessagePort&
 }
 
 void InvertTriangular(const Matrix<double>& dCross, int k, Matrix<float>& sVarCov) {
-  invertColumns(dCross, 1, k, sVarCov);
+  Matrix<double> dInverse = roomForInverse(k);
+  invertColumns(dCross, 1, k, dInverse);
+  for (int i = 1; i <= k; ++i)
+    for (int j = i; j <= k; ++j) sVarCov(i, j) = static_cast<float>(dInverse(i, j));
 }
 
 void Coefficients(const Matrix<double>& dCross, int k, std::vector<float>& sCoef,
                   const Matrix<float>& sVarCov) {
-  for (int i = 1; i <= k; ++i) {
-    sCoef[i] = 0;
-    for (int j = i; j <= k; ++j)
-      sCoef[i] = static_cast<float>(sCoef[i] + sVarCov(i, j) * dCross(j, k + 1));
-  }
+  sumCoefficients(dCross, k, sVarCov, sCoef);
 }
 
 void FitStatistics(const Matrix<float>& sX, std::span<const Int16> iCols, int n, int k,

@@ -1,7 +1,9 @@
 #include "engine/number_format.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstdint>
 
 #include "engine/number_picture.h"
 
@@ -22,22 +24,55 @@ int decimalExponent(double a) {
   return static_cast<int>(std::floor(std::log10(std::min(a, 1E39))));
 }
 
-int leftDigits(double a) { return a >= 1 ? decimalExponent(a) + 1 : 1; }
+// Int(log10(a)) + 1 for a of at least 1, else 1; counted, since columns are long.
+int leftDigits(double a) {
+  int digits = 1;
+  for (double bound = 10; a >= bound && digits < 39; bound *= 10) ++digits;
+  return digits;
+}
+
+// Rounds down as std::floor does, which is a call on a processor without that instruction.
+double Int(double value) {
+  constexpr double allWholeBeyond = 4503599627370496;  // 2 to the 52nd
+  if (!(std::fabs(value) < allWholeBeyond)) return value;
+  const auto towardsZero = static_cast<double>(static_cast<std::int64_t>(value));
+  return towardsZero > value ? towardsZero - 1 : towardsZero;
+}
+
+constexpr std::array<double, 11> tenfold = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10};
 
 bool nearWhole(double value, double shift, double tolerance) {
-  return std::fabs(value - std::floor(value + shift)) < tolerance;
+  return std::fabs(value - Int(value + shift)) < tolerance;
 }
 
 // The fewest decimals, up to iDigits, within which the value stands but for a rounding error;
 // otherwise the decimals given.
 int enoughDecimals(double value, int iDigits, double shift, int toleranceShift, int decimals) {
-  for (int i = 1; i <= iDigits; ++i)
-    if (nearWhole(value * std::pow(10.0, i), shift, std::pow(10.0, -(i + toleranceShift))))
-      return i;
+  constexpr std::array<double, 12> tenth = {1,    1e-1, 1e-2, 1e-3, 1e-4,  1e-5,
+                                            1e-6, 1e-7, 1e-8, 1e-9, 1e-10, 1e-11};
+  for (int i = 1; i <= std::min(iDigits, 8); ++i)
+    if (nearWhole(value * tenfold[i], shift, tenth[i + toleranceShift])) return i;
   return decimals;
 }
 
+// What the general text of a has behind its left digits and the point: its decimals, or less than
+// one where there are none. In scientific notation that counts the exponent in.
 int decimalsInText(float a, int left) { return static_cast<int>(generalText(a).size()) - left - 1; }
+
+// The same, at least 1, mostly without making the text, which takes too long for whole columns: the
+// seven digits of a are read off as a whole number.
+int decimalsInColumnText(float a, int left) {
+  int places = 7 - left;
+  for (double bound = 1; a < bound && places < 10; bound /= 10) ++places;
+  const double scaled = places >= 0 ? a * tenfold[places] : 0.5;
+  const bool uncertain = std::fabs(scaled - Int(scaled) - 0.5) < 1e-6;  // which way it rounds
+  if (!uncertain) {
+    auto digits = static_cast<std::int64_t>(scaled + 0.5);
+    for (; places > 0 && digits % 10 == 0; digits /= 10) --places;
+  }
+  const bool scientific = places > 7;
+  return std::max(uncertain || scientific ? decimalsInText(a, left) : places, 1);
+}
 
 std::string zeros(int count) {
   return std::string(static_cast<std::size_t>(std::max(count, 0)), '0');
@@ -103,11 +138,12 @@ void ColumnWidths::noteMagnitude(float x, float a, int left) {
 }
 
 void ColumnWidths::noteDecimals(float a, int left) {
+  // Beyond iDigits no value adds more; in digits mode the decimals come at the end.
+  if (widths_.point == 1 && (bDigitsMode_ || widths_.decimals >= iDigits_)) return;
   if (bWholeCheck_ && nearWhole(a, 0.0005, 0.0005)) return;
   widths_.point = 1;
-  // In digits mode the decimals come at the end; once there are iDigits of them no value adds more.
-  if (bDigitsMode_ || widths_.decimals >= iDigits_) return;
-  int decimals = std::max(decimalsInText(a, left), 1);
+  if (bDigitsMode_) return;
+  int decimals = decimalsInColumnText(a, left);
   if (decimals > 2) decimals = enoughDecimals(a, iDigits_, 0.5, 2, decimals);
   widths_.decimals = std::max(widths_.decimals, decimals);
 }

@@ -1,5 +1,9 @@
 #include "engine/variance_inflation.h"
 
+#include <utility>
+#include <vector>
+
+#include "engine/auxiliary_fits.h"
 #include "engine/least_squares.h"
 
 namespace tolmer {
@@ -21,6 +25,36 @@ float inflation(float sRSquared) {
   return sRSquared < 1 ? static_cast<float>(1.0 / (1.0 - sRSquared)) : noFiniteVIF;
 }
 
+void fitOneByOne(AnalysisState& state, MessagePort& messages) {
+  const int K = state.iNumPredictors;
+  for (int i = 2; i <= K + 1; ++i) {
+    chooseAuxiliaryTerms(state, i);
+    MultipleRegression(state.sData, state.iTermCol, K, state.iNumCases, state.Fit, true, messages);
+    state.sVIF[i - 1] = inflation(state.Fit.sRSquared);
+  }
+}
+
+// The record is left as the last of the fits leaves it.
+void takeOver(AnalysisState& state, AuxiliaryFits fits, MessagePort& messages) {
+  const int K = state.iNumPredictors;
+  for (int i = 1; i <= K; ++i) state.sVIF[i] = inflation(fits.sRSquared[i]);
+  chooseAuxiliaryTerms(state, K + 1);
+  tolmer::Fit& Fit = state.Fit;
+  Fit.bSingular = false;
+  Fit.sCoef = std::move(fits.sCoef);
+  Fit.sVarCov = std::move(fits.sInverse);
+  FitStatistics(state.sData, state.iTermCol, state.iNumCases, K, Fit, true, messages);
+  VarCovStats(Fit, state.iNumCases, K, messages);
+}
+
+// The column of ones, then the predictors, from element 1.
+std::vector<Int16> auxiliaryVariables(const AnalysisState& state) {
+  const auto predictors = state.iModelCol.begin() + 2;
+  std::vector<Int16> variables = {0, state.iTermCol[1]};
+  variables.insert(variables.end(), predictors, predictors + state.iNumPredictors);
+  return variables;
+}
+
 }  // namespace
 
 void ComputeVIFs(AnalysisState& state, MessagePort& messages) {
@@ -28,11 +62,10 @@ void ComputeVIFs(AnalysisState& state, MessagePort& messages) {
   if (K < 2) return;
   RedimFitArrays(state, K);
   state.iTermCol[1] = state.iModelCol[K + 2];
-  for (int i = 2; i <= K + 1; ++i) {
-    chooseAuxiliaryTerms(state, i);
-    MultipleRegression(state.sData, state.iTermCol, K, state.iNumCases, state.Fit, true, messages);
-    state.sVIF[i - 1] = inflation(state.Fit.sRSquared);
-  }
+  if (auto fits = fitAuxiliaries(state.sData, auxiliaryVariables(state), state.iNumCases))
+    takeOver(state, *std::move(fits), messages);
+  else
+    fitOneByOne(state, messages);
 }
 
 }  // namespace tolmer
