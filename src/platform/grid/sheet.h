@@ -30,8 +30,8 @@ struct CellStyle {
 
 struct Cell {
   CellStyle style;
-  std::string text;              // what is shown, UTF-8, one line
-  std::optional<double> number;  // what a number cell holds; its text is only a picture of it
+  std::string text{};              // what is shown, UTF-8, one line
+  std::optional<double> number{};  // what a number cell holds; its text is only a picture of it
 
   friend bool operator==(const Cell&, const Cell&) = default;
 };
