@@ -1,6 +1,7 @@
 // What stands in the four quadrants of the frame, and how the menus change it.
 #pragma once
 
+#include "base/message_box.h"
 #include "displays/display_window.h"
 #include "shell/control_panel.h"
 #include "shell/display_set.h"

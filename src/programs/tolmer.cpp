@@ -1,0 +1,92 @@
+// The desktop program.
+#include <QCoreApplication>
+#include <QEvent>
+#include <QTimer>
+#include <QWidget>
+#include <cstdio>
+#include <string>
+#include <string_view>
+
+#include "base/program_folder.h"
+#include "platform/qt/program.h"
+#include "platform/qt/qt_desktop.h"
+#include "shell/module.h"
+
+namespace {
+
+constexpr const char* usage =
+    "tolmer [--program-folder FOLDER] [--leave-after-first-page]\n"
+    "  --program-folder FOLDER    take notebook and pictures from there\n"
+    "  --leave-after-first-page   end after the first painted page of the notebook, without the\n"
+    "                             second of the opening message (for measuring the start)\n";
+
+struct Options {
+  std::string programFolder = tolmer::programFolder();
+  bool leaveAfterFirstPage = false;
+  int status = -1;  // 0 or 2: end at once with it
+};
+
+Options optionsOf(int argc, char** argv) {
+  Options options;
+  for (int i = 1; i < argc && options.status < 0; ++i) {
+    const std::string_view word = argv[i];
+    if (word == "--program-folder" && i + 1 < argc)
+      options.programFolder = argv[++i];
+    else if (word == "--leave-after-first-page")
+      options.leaveAfterFirstPage = true;
+    else
+      options.status = word == "--help" ? 0 : 2;
+  }
+  return options;
+}
+
+// Watches for the first paint of the opening message, which it cuts short, and of the notebook,
+// after which it ends the program as its menu would.
+class FirstPageWatch : public QObject {
+ public:
+  FirstPageWatch(tolmer::QtDesktop& desktop, tolmer::Module& module)
+      : desktop_(desktop), tmrLeave_(desktop.timers(), "tmrLeave", 1) {
+    tmrLeave_.Tick = [&module] { module.parts().frame.requestClose(); };
+    QCoreApplication::instance()->installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::Paint || !watched->isWidgetType()) return false;
+    const QString window = static_cast<QWidget*>(watched)->window()->objectName();
+    if (window == QLatin1String("frmOpeningBook") && !cut_) {
+      cut_ = true;
+      QTimer::singleShot(0, [this] { desktop_.advance(1000); });
+    } else if (window == QLatin1String("frmNotebook")) {
+      tmrLeave_.setEnabled(true);
+    }
+    return false;
+  }
+
+ private:
+  tolmer::QtDesktop& desktop_;
+  tolmer::Timer tmrLeave_;
+  bool cut_ = false;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const Options options = optionsOf(argc, argv);
+  if (options.status >= 0) {
+    std::fputs(usage, options.status == 0 ? stdout : stderr);
+    return options.status;
+  }
+  if (!tolmer::screenAvailable()) {
+    std::fputs("tolmer: there is no screen to show windows on; tolreport works without one\n",
+               stderr);
+    return 1;
+  }
+  tolmer::QtProgram program(argc, argv);
+  tolmer::Module module(program.desktop(), options.programFolder);
+  std::unique_ptr<FirstPageWatch> watch;
+  if (options.leaveAfterFirstPage)
+    watch = std::make_unique<FirstPageWatch>(dynamic_cast<tolmer::QtDesktop&>(program.desktop()),
+                                             module);
+  return program.run([&] { module.Main(); });
+}

@@ -1,0 +1,205 @@
+#include "shell/main_flow.h"
+
+#include "base/paths.h"
+#include "data/designer.h"
+#include "notebook/note_splash.h"
+#include "shell/hint.h"
+
+namespace tolmer {
+namespace {
+
+constexpr const char* moduleTitle = "Tolmer";
+constexpr const char* loadingCaption = "Preparing Chapter 17 - Multiple Regression Analysis";
+constexpr const char* notebookFile = "tolmod.nbo";
+
+constexpr long helpOnHelp = 2;
+constexpr long helpSearch = 103;
+
+}  // namespace
+
+MainFlow::MainFlow(ShellParts& parts) : parts_(parts), state_(parts.state) {
+  parts_.panel.changeModel = [this] { changeModel(); };
+  parts_.panel.showNotebook = [this] { showNotebook(); };
+  parts_.panel.changeDataSource = [this] { changeDataSource(); };
+  parts_.analysis.RestoreInitialDisplays = [this] { parts_.manager.RestoreInitialDisplays(); };
+  parts_.frame.QueryUnload = [this](bool&) { state_.bAllowUnload = true; };
+  parts_.frame.Unload = [this] { ExitModule(); };
+}
+
+void MainFlow::Main() {
+  state_.bStartingUp = true;
+  parts_.about.ModuleTitleLine1 = moduleTitle;
+  parts_.about.ModuleVersion = "Version 2.00";
+  readNotebook();
+  showMainWindow();
+  parts_.notebook.ShowHider = true;
+  coverScreen();
+  state_.bAppIsLoading = false;
+  parts_.notebook.StartAndShowNotebook();
+  askWhetherToExit();
+  tickOptions();
+  parts_.frame.mbProcessMainResize = true;
+  state_.bStartingAnalysis = true;
+  loadUntilModelStands();
+  state_.bStartingAnalysis = false;
+  parts_.notebook.ShowHider = false;
+  uncoverScreen();
+  FinishStartup();
+  state_.bStartingUp = false;
+}
+
+void MainFlow::readNotebook() {
+  state_.bAppIsLoading = true;
+  parts_.notebook.frmAppForm = &parts_.frame;
+  parts_.notebook.tProgramFolder = parts_.tProgramFolder;
+  parts_.notebook.loadHider = [this] { coverScreen(); };
+  parts_.notebook.unloadHider = [this] { uncoverScreen(); };
+  parts_.notebook.ModuleTitleLine = loadingCaption;
+  parts_.notebook.LoadNotebook();
+  parts_.notebook.ReadObjectFile(parts_.tProgramFolder + "/" + notebookFile);
+  if (frmNoteSplash* cover = parts_.notebook.cover()) cover->ShowAnotherLoadingDot();
+}
+
+void MainFlow::showMainWindow() {
+  parts_.frame.mbProcessMainResize = false;
+  state_.bDisplaysReady = false;
+  parts_.frame.show();
+  parts_.desktop.setBusyPointer(false);
+}
+
+void MainFlow::coverScreen() {
+  if (!hider_) hider_ = std::make_unique<frmHider>(parts_.desktop);
+  hider_->cover();
+}
+
+void MainFlow::tickOptions() {
+  state_.bShowRegressionLine = true;
+  state_.bShowCorrelation = true;
+  state_.bSavedRegressionLine = true;
+  state_.bSavedCorrelation = true;
+  parts_.frame.mnuShowRegression.setChecked(true);
+  parts_.frame.mnuShowCorrelation.setChecked(true);
+}
+
+// Comes back when the student stays.
+void MainFlow::askWhetherToExit() {
+  while (parts_.notebook.LastAction() == NoteBook::closedByCancel) {
+    const Answer answer = parts_.desktop.messageBox({.title = moduleTitle,
+                                                     .text = "Exit module?",
+                                                     .icon = MessageIcon::question,
+                                                     .buttons = MessageButtons::yesNo});
+    if (answer == Answer::yes) parts_.frame.requestClose();
+    parts_.notebook.ShowNotebook();
+  }
+}
+
+void MainFlow::loadUntilModelStands() {
+  LoadModelAndData();
+  while (state_.bNewDataRequested) {
+    state_.bNewDataRequested = false;
+    parts_.notebook.ShowNotebook();
+    askWhetherToExit();
+    LoadModelAndData();
+  }
+}
+
+void MainFlow::LoadModelAndData() {
+  if (!takeDataSource()) return;
+  state_.bChangeModelOnly = false;
+  state_.bChangeDataOnly = false;
+  showDesigner();
+  if (state_.bNewDataRequested) return;
+  parts_.analysis.RunAnalysis();
+  parts_.panel.SetupChangeDataSourceButton();
+}
+
+// False where the notebook's page opens no data.
+bool MainFlow::takeDataSource() {
+  const bool pageHasData = parts_.notebook.LastPageNumber() > 1;
+  switch (parts_.notebook.LastSectionNumber()) {
+    case 1:
+      state_.iDataSource = scenarioExample;
+      state_.bUseDefaultData = true;
+      return !state_.bNewDataRequested;
+    case 2:
+    case 6:
+      return false;
+    case 3:
+      if (!pageHasData) return true;
+      state_.iDataSource = scenarioExample;
+      state_.bUseDefaultData = false;
+      return !state_.bNewDataRequested;
+    case 4:
+      if (!pageHasData) return true;
+      state_.iDataSource = databasePage;
+      state_.bUseDefaultData = false;
+      return true;
+    case 5:
+      // The data editor is not part of this release: nothing is loaded, and the source stays.
+      return false;
+    default:
+      return true;
+  }
+}
+
+void MainFlow::showDesigner() {
+  frmModelDesign designer(parts_.desktop, state_, {*this, parts_.tProgramFolder}, parts_.frame);
+  designer.ShowInitialChildren = [this] { parts_.manager.ShowInitialChildren(); };
+  designer.showModal();
+}
+
+void MainFlow::FinishStartup() {
+  state_.bStartingAnalysis = false;
+  showHint();
+}
+
+void MainFlow::showHint() {
+  frmHint hint(parts_.desktop, parts_.tProgramFolder);
+  hint.showHint();
+}
+
+void MainFlow::ShowHelpTopic(long lContext) {
+  using Kind = HelpRequest::Kind;
+  const Kind kind = lContext == helpOnHelp   ? Kind::usingHelp
+                    : lContext == helpSearch ? Kind::search
+                                             : Kind::topic;
+  parts_.desktop.showHelp({.file = "tolmod", .kind = kind, .context = lContext});
+}
+
+void MainFlow::ExitModule() {
+  state_.bAllowUnload = true;
+  parts_.desktop.showHelp({.file = "tolmod", .kind = HelpRequest::Kind::quit});
+  parts_.desktop.activateProgram("zelmar");
+  parts_.desktop.doEvents();
+  parts_.desktop.endProgram(0);
+}
+
+void MainFlow::changeModel() {
+  state_.bChangeModelOnly = true;
+  state_.bChangeDataOnly = false;
+  showDesigner();
+  if (state_.bModelHasChanged) parts_.analysis.RunAnalysis();
+}
+
+void MainFlow::showNotebook() {
+  do {
+    state_.bNewDataRequested = false;
+    parts_.notebook.ShowNotebook();
+    parts_.desktop.doEvents();
+    if (parts_.notebook.LastAction() != NoteBook::closedByCancel) LoadModelAndData();
+  } while (state_.bNewDataRequested);
+}
+
+void MainFlow::changeDataSource() {
+  if (state_.iDataSource == databasePage || state_.iDataSource == scenarioExample) showNotebook();
+}
+
+std::string MainFlow::LastScenarioParameter(int iIndex) const {
+  return parts_.notebook.LastScenarioParameter(iIndex);
+}
+
+std::string MainFlow::DefaultScenarioParameter(int iIndex) const {
+  return parts_.notebook.DefaultScenarioParameter(iIndex);
+}
+
+}  // namespace tolmer

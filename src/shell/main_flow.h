@@ -1,0 +1,52 @@
+// Start-up and main flow: notebook and designer in turn, until a data set and a model stand.
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "data/data_sources.h"
+#include "shell/hider.h"
+#include "shell/shell_parts.h"
+
+namespace tolmer {
+
+class MainFlow : public ScenarioSource {
+ public:
+  explicit MainFlow(ShellParts& parts);
+
+  // From the cover to the first analysis. Afterwards the windows' events carry on.
+  void Main();
+  // Acts on the notebook's last page: takes the data source, shows the designer, and analyses.
+  void LoadModelAndData();
+  // Shows the hint at the end of the start.
+  void FinishStartup();
+  void showHint();
+  void ShowHelpTopic(long lContext);
+  // The last act of the program.
+  void ExitModule();
+
+  // The control panel's commands.
+  void changeModel();
+  void showNotebook();
+  void changeDataSource();
+
+  std::string LastScenarioParameter(int iIndex) const override;
+  std::string DefaultScenarioParameter(int iIndex) const override;
+
+ private:
+  void readNotebook();
+  void showMainWindow();
+  void coverScreen();
+  void uncoverScreen() { hider_.reset(); }
+  void tickOptions();
+  void askWhetherToExit();
+  void loadUntilModelStands();
+  bool takeDataSource();
+  void showDesigner();
+
+  ShellParts& parts_;
+  AnalysisState& state_;
+  std::unique_ptr<frmHider> hider_;
+};
+
+}  // namespace tolmer

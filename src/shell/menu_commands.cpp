@@ -1,0 +1,113 @@
+#include "shell/menu_commands.h"
+
+#include <filesystem>
+
+namespace tolmer {
+namespace {
+
+constexpr const char* suiteTitle = "zelmar";
+constexpr long helpContents = 101;
+constexpr long helpSearch = 103;
+constexpr long helpOnHelp = 2;
+
+}  // namespace
+
+MenuCommands::MenuCommands(ShellParts& parts, MainFlow& flow) : parts_(parts), flow_(flow) {
+  wireFileAndEdit();
+  wireDisplays();
+  wireOptions();
+  wireHelp();
+}
+
+void MenuCommands::wireFileAndEdit() {
+  parts_.frame.mnuFileZM.Click = [this] { parts_.desktop.activateProgram(suiteTitle); };
+  parts_.frame.mnuFileWorktext.Click = [this] { mnuFileWorktext_Click(); };
+  parts_.frame.mnuFileExit.Click = [this] { parts_.frame.requestClose(); };
+  parts_.frame.mnuEditCopy.Click = [this] { mnuEditCopy_Click(); };
+}
+
+void MenuCommands::wireDisplays() {
+  parts_.frame.mnuWindow.Click = [this] { mnuWindow_Click(); };
+  parts_.frame.displays.chosen = [this](int iCategory, int iIndex) {
+    replaceActiveChild(iCategory, iIndex);
+  };
+  // The right-click menu leaves frmCurrentDisplay as the click has set it.
+  parts_.menus.displays.chosen = [this](int iCategory, int iIndex) {
+    parts_.manager.ShowNewWindow(iCategory, iIndex);
+  };
+  parts_.menus.mnuHistoCopy.Click = [this] {
+    if (auto* display = dynamic_cast<DisplayWindow*>(parts_.state.frmCurrentDisplay))
+      display->CopyGraph();
+  };
+  parts_.host.openMenu = [this] {
+    parts_.desktop.popupMenu(parts_.menus.mnuMenuTop, *parts_.state.frmCurrentDisplay);
+  };
+}
+
+void MenuCommands::wireOptions() {
+  parts_.frame.mnuShowRegression.Click = [this] { mnuShowRegression_Click(); };
+  parts_.frame.mnuShowCorrelation.Click = [this] { mnuShowCorrelation_Click(); };
+}
+
+void MenuCommands::wireHelp() {
+  parts_.frame.mnuHelpContents.Click = [this] { flow_.ShowHelpTopic(helpContents); };
+  parts_.frame.mnuHelpSearch.Click = [this] { flow_.ShowHelpTopic(helpSearch); };
+  parts_.frame.mnuHelpUsingHelp.Click = [this] { flow_.ShowHelpTopic(helpOnHelp); };
+  parts_.frame.mnuHelpHint.Click = [this] { flow_.showHint(); };
+  parts_.frame.mnuHelpAbout.Click = [this] { parts_.about.ShowAbout(); };
+}
+
+void MenuCommands::mnuFileWorktext_Click() {
+  const std::string worktext = parts_.tProgramFolder + "/Worktext/Ch17.pdf";
+  if (!std::filesystem::exists(worktext)) {
+    parts_.desktop.messageBox(
+        {.title = "Worktext not Found",
+         .text = "Either your Zelmar CD has been removed from your CD reader or your Worktext "
+                 "files have been moved!",
+         .icon = MessageIcon::critical});
+    return;
+  }
+  if (!parts_.desktop.activateProgram("Ch. 17 Tolmer Analysis"))
+    parts_.desktop.openDocument(worktext);
+}
+
+void MenuCommands::mnuEditCopy_Click() {
+  Window* active = parts_.frame.activeChild();
+  if (!active) return;
+  if (active->focus() && active->focus()->kind() == ControlKind::textBox) {
+    parts_.desktop.setClipboard({.text = parts_.panel.txtFittedModel.text()});
+    return;
+  }
+  if (auto* display = dynamic_cast<DisplayWindow*>(active)) display->CopyGraph();
+}
+
+void MenuCommands::mnuWindow_Click() {
+  DisplayMenu& menu = parts_.frame.displays;
+  const bool bReplaceable = parts_.frame.activeChild() != &parts_.panel;
+  menu.mnuGraphList.setEnabled(bReplaceable);
+  menu.mnuTableList.setEnabled(bReplaceable);
+  MenuItem& mnuInterpretation = *menu.entry(textDisplays, 1);
+  mnuInterpretation.setEnabled(bReplaceable && DisplaySet::exists(textDisplays, 1) &&
+                               parts_.state.iDisplayState(textDisplays, 1) != displayShown);
+}
+
+void MenuCommands::replaceActiveChild(int iCategory, int iIndex) {
+  parts_.state.frmCurrentDisplay = parts_.frame.activeChild();
+  parts_.manager.ShowNewWindow(iCategory, iIndex);
+}
+
+void MenuCommands::mnuShowRegression_Click() {
+  bool& bShow = parts_.state.bShowRegressionLine;
+  bShow = !bShow;
+  parts_.frame.mnuShowRegression.setChecked(bShow);
+  parts_.panel.CheckUpdateFlash();
+}
+
+void MenuCommands::mnuShowCorrelation_Click() {
+  bool& bShow = parts_.state.bShowCorrelation;
+  bShow = !bShow;
+  parts_.frame.mnuShowCorrelation.setChecked(bShow);
+  parts_.panel.CheckUpdateFlash();
+}
+
+}  // namespace tolmer

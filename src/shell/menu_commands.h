@@ -1,0 +1,29 @@
+// What the entries of the main menu and of the right-click menu do.
+#pragma once
+
+#include "shell/main_flow.h"
+#include "shell/shell_parts.h"
+
+namespace tolmer {
+
+class MenuCommands {
+ public:
+  MenuCommands(ShellParts& parts, MainFlow& flow);
+
+ private:
+  void wireFileAndEdit();
+  void wireDisplays();
+  void wireOptions();
+  void wireHelp();
+  void mnuFileWorktext_Click();
+  void mnuEditCopy_Click();
+  void mnuWindow_Click();
+  void mnuShowRegression_Click();
+  void mnuShowCorrelation_Click();
+  void replaceActiveChild(int iCategory, int iIndex);
+
+  ShellParts& parts_;
+  MainFlow& flow_;
+};
+
+}  // namespace tolmer

@@ -1,0 +1,48 @@
+// What the program is made of. Owned in one place; the flow and the commands work on it.
+#pragma once
+
+#include <functional>
+#include <string>
+
+#include "notebook/notebook.h"
+#include "shell/about.h"
+#include "shell/analysis.h"
+#include "shell/display_manager.h"
+
+namespace tolmer {
+
+// Lets a display's clicks reach the panel and the right-click menu.
+class PanelHost : public DisplayHost {
+ public:
+  explicit PanelHost(frmControlPanel& panel) : panel_(panel) {}
+  void controlsDisabled() override { panel_.ControlsDisabled(); }
+  void controlsEnabled() override { panel_.ControlsEnabled(); }
+  void openDisplayMenu() override {
+    if (openMenu) openMenu();
+  }
+
+  std::function<void()> openMenu;
+
+ private:
+  frmControlPanel& panel_;
+};
+
+struct ShellParts {
+  ShellParts(Desktop& theDesktop, std::string theProgramFolder)
+      : desktop(theDesktop), tProgramFolder(std::move(theProgramFolder)) {}
+
+  Desktop& desktop;
+  std::string tProgramFolder;  // the host's spelling, without a final separator
+  AnalysisState state;
+  NoteBook notebook{desktop};
+  mdiReg frame{desktop};
+  frmMenus menus;
+  frmControlPanel panel{desktop, state};
+  PanelHost host{panel};
+  DisplaySet displays{desktop, state, host};
+  Analysis analysis{state, desktop, displays, panel};
+  DisplayManager manager{state, desktop, displays, frame, menus, panel};
+  frmAbout about{desktop};
+};
+
+}  // namespace tolmer

@@ -1,0 +1,127 @@
+#include "shell/control_panel.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/text_metrics.h"
+#include "support/headless_user.h"
+#include "support/script.h"
+
+namespace tolmer::test {
+namespace {
+
+class ControlPanel : public testing::Test {
+ protected:
+  void SetUp() override {
+    state.iNumPredictors = 2;
+    state.iNumCols = 4;
+    state.tVarName = {"Intercept", "Air", "Water", "Acid", "Loss"};
+    state.iModelCol = {0, 4, 1, 3, 0};
+    state.iDataSource = scenarioExample;
+    panel.setPlace({0, 0, pixels(640), pixels(380)});
+    panel.PositionControls();
+    panel.show();
+    panel.showModel("Loss = 1 + 2 Air + 3 Acid. ");
+    state.bDisplaysReady = true;
+    panel.SaveControlState();
+  }
+
+  HeadlessDesktop desktop;
+  AnalysisState state;
+  frmControlPanel panel{desktop, state};
+  HeadlessUser user{desktop};
+};
+
+TEST_F(ControlPanel, ListsDifferInTheirLastEntryAndPlotsStartAtTheirDefaults) {
+  EXPECT_EQ(panel.cboYAxisVar.items(),
+            (std::vector<std::string>{"Loss", "Air", "Acid", "Fitted Y", "Residuals"}));
+  EXPECT_EQ(panel.cboXAxisVar.items(),
+            (std::vector<std::string>{"Loss", "Air", "Acid", "Fitted Y", "Entry Order"}));
+  EXPECT_EQ(state.iPlotXVar, (std::array<Int16, 4>{0, 3, 0, 1}));
+  EXPECT_EQ(state.iPlotYVar, (std::array<Int16, 4>{0, 4, 3, 0}));
+  EXPECT_EQ(panel.cboYAxisVar.listIndex(), 4);
+  EXPECT_FALSE(panel.cboXAxisVar.canBeUsed());
+  EXPECT_FALSE(panel.cmdUpdateGraphs.canBeUsed());
+  EXPECT_TRUE(panel.cmdChangeModel.canBeUsed());
+}
+
+TEST_F(ControlPanel, UpdateButtonFlashesUntilTheFormerChoiceOrThePress) {
+  panel.ControlsEnabled();
+  EXPECT_EQ(panel.fraScatterControls.caption(), "Scatter Plot 1");
+  user.choose("frmControlPanel", "cboXAxisVar", "Air");
+  desktop.advance(500);
+  EXPECT_EQ(panel.cmdUpdateGraphs.backColour(), colours::red);
+  desktop.advance(500);
+  EXPECT_EQ(panel.cmdUpdateGraphs.backColour(), colours::buttonFace);
+  desktop.advance(500);
+  user.choose("frmControlPanel", "cboXAxisVar", "Fitted Y");
+  EXPECT_EQ(panel.cmdUpdateGraphs.backColour(), colours::buttonFace);
+  EXPECT_FALSE(panel.tmrFlashUpdate.enabled());
+
+  int updated = 0;
+  panel.updateScatterPlot = [&](int plot) { updated = plot; };
+  user.choose("frmControlPanel", "cboYAxisVar", "Loss");
+  EXPECT_TRUE(panel.tmrFlashUpdate.enabled());
+  user.click("frmControlPanel", "cmdUpdateGraphs");
+  EXPECT_EQ(updated, 1);
+  EXPECT_EQ(state.iPlotYVar[1], 0);
+  EXPECT_FALSE(panel.tmrFlashUpdate.enabled());
+  panel.CheckUpdateFlash();
+  EXPECT_FALSE(panel.tmrFlashUpdate.enabled());
+}
+
+TEST_F(ControlPanel, DataSourceButtonFollowsTheSource) {
+  Script script(desktop);
+  const std::pair<Int16, const char*> captions[] = {{databasePage, "Select &Database"},
+                                                    {dataEditor, "&Edit Data"},
+                                                    {scenarioExample, "Select &Example"}};
+  for (const auto& [source, caption] : captions) {
+    state.iDataSource = source;
+    panel.SetupChangeDataSourceButton();
+    EXPECT_EQ(panel.cmdChangeDataSource.caption(), caption);
+  }
+  state.iDataSource = 7;
+  script.box("", "Error in SetupChangeDataSourceButton - bad source:7");
+  panel.SetupChangeDataSourceButton();
+  EXPECT_EQ(panel.cmdChangeDataSource.caption(), "Select &Example");
+}
+
+TEST_F(ControlPanel, CannotBeClosedByTheUser) {
+  user.close("frmControlPanel");
+  EXPECT_TRUE(panel.visible());
+  state.bAllowUnload = true;
+  EXPECT_TRUE(panel.requestClose());
+}
+
+// At the quadrants of both common screens, controls lie inside the panel, apart from each other,
+// and the captions fit.
+TEST_F(ControlPanel, LayoutHoldsAtBothScreenSizes) {
+  for (const auto& [width, height] : {std::pair{640.0F, 378.0F}, std::pair{960.0F, 520.0F}}) {
+    panel.setPlace({0, 0, pixels(width), pixels(height)});
+    panel.PositionControls();
+    const Control* const parts[] = {&panel.fraScatterControls, &panel.fraCurrentModel,
+                                    &panel.cmdUpdateGraphs};
+    Twips bottom = 0;
+    for (const Control* part : parts) {
+      EXPECT_GT(part->top(), bottom) << part->name() << " at " << width;
+      EXPECT_GE(part->left(), 0);
+      EXPECT_LE(part->right(), panel.innerWidth());
+      bottom = part->bottom();
+    }
+    EXPECT_LE(bottom, panel.innerHeight());
+    EXPECT_LE(panel.cboXAxisVar.right(), panel.fraScatterControls.width());
+    EXPECT_GE(panel.cboXAxisVar.left(), panel.cboYAxisVar.right());
+    Twips right = 0;
+    for (const Button* button : {&panel.cmdUpdateGraphs, &panel.cmdChangeModel,
+                                 &panel.cmdShowNotebook, &panel.cmdChangeDataSource}) {
+      EXPECT_GT(button->left(), right) << button->name();
+      right = button->right();
+      EXPECT_LE(textWidth(button->font(), withoutMnemonic(button->caption())) + 10,
+                button->width() / twipsPerPixel)
+          << button->name();
+    }
+    EXPECT_LE(right, panel.innerWidth());
+  }
+}
+
+}  // namespace
+}  // namespace tolmer::test

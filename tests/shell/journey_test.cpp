@@ -1,0 +1,154 @@
+// Journeys of a student through the whole program, on the shipped course.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "notebook/notebook_window.h"
+#include "shell/module.h"
+#include "support/headless_user.h"
+#include "support/script.h"
+
+namespace tolmer::test {
+namespace {
+
+class Journey : public testing::Test {
+ protected:
+  // From the start to the quadrants of the default example.
+  void startWithDefaultExample() {
+    script.window("frmOpeningBook");
+    script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdOK"); });
+    script.window("frmModelDesign", [&] { user.click("frmModelDesign", "cmdOK"); });
+    script.window("frmHint", [&] { user.click("frmHint", "cmdOK"); });
+    module.Main();
+    script.finish();
+  }
+  const AnalysisState& state() { return module.parts().state; }
+
+  HeadlessDesktop desktop;
+  HeadlessUser user{desktop};
+  Script script{desktop};
+  Module module{desktop, TOLMER_PROGRAM_FOLDER};
+};
+
+TEST_F(Journey, DefaultExampleFillsTheQuadrants) {
+  startWithDefaultExample();
+  EXPECT_EQ(state().iNumCases, 21);
+  EXPECT_EQ(state().iNumPredictors, 3);
+  EXPECT_EQ(state().iCompletedFits, 1);
+  EXPECT_FALSE(state().bStartingUp);
+  EXPECT_EQ(user.window("frmEstCoef").tag(), "11");
+  EXPECT_EQ(user.window("frmControlPanel").tag(), "12");
+  EXPECT_EQ(user.window("frmANOVA").tag(), "21");
+  EXPECT_EQ(user.window("frmResidHist").tag(), "22");
+  EXPECT_THAT(module.parts().panel.txtFittedModel.text(), testing::StartsWith("StackLoss = "));
+  EXPECT_EQ(module.parts().panel.cmdChangeDataSource.caption(), "Select &Example");
+  EXPECT_THAT(desktop.boxes(), testing::IsEmpty());
+}
+
+TEST_F(Journey, CancelInTheNotebookAsksAndStaysOnNo) {
+  script.window("frmOpeningBook");
+  script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdCancel"); });
+  script.box("Tolmer", "Exit module?", Answer::no);
+  script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdCancel"); });
+  script.box("Tolmer", "Exit module?", Answer::yes);
+  EXPECT_THROW(module.Main(), ProgramEnded);
+  EXPECT_TRUE(desktop.ended());
+  EXPECT_EQ(state().iCompletedFits, 0);
+}
+
+TEST_F(Journey, AScenarioPageOpensItsExample) {
+  script.window("frmOpeningBook");
+  script.window("frmNotebook", [&] {
+    module.parts().notebook.window().goTo(3, 2);
+    user.click("frmNotebook", "optScenario(1)");
+    user.click("frmNotebook", "cmdOK");
+  });
+  script.window("frmModelDesign", [&] { user.click("frmModelDesign", "cmdOK"); });
+  script.window("frmHint", [&] { user.click("frmHint", "cmdOK"); });
+  module.Main();
+  EXPECT_THAT(state().tDataFileName, testing::EndsWith("swiss.csv"));
+  EXPECT_EQ(state().iNumCases, 47);
+  EXPECT_EQ(state().iNumPredictors, 5);
+}
+
+TEST_F(Journey, CancelInTheDesignerGoesBackToTheNotebook) {
+  script.window("frmOpeningBook");
+  script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdOK"); });
+  script.window("frmModelDesign", [&] { user.click("frmModelDesign", "cmdCancel"); });
+  script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdOK"); });
+  script.window("frmModelDesign", [&] { user.click("frmModelDesign", "cmdOK"); });
+  script.window("frmHint", [&] { user.click("frmHint", "cmdOK"); });
+  module.Main();
+  EXPECT_EQ(state().iCompletedFits, 1);
+}
+
+TEST_F(Journey, ChangeOfModelRefitsOnlyWhenSomethingChanged) {
+  startWithDefaultExample();
+  script.window("frmModelDesign", [&] { user.click("frmModelDesign", "cmdOK"); });
+  user.click("frmControlPanel", "cmdChangeModel");
+  EXPECT_EQ(state().iCompletedFits, 1);
+
+  script.window("frmModelDesign", [&] {
+    user.click("frmModelDesign", "chkUseIntercept");
+    user.click("frmModelDesign", "cmdOK");
+  });
+  user.click("frmControlPanel", "cmdChangeModel");
+  EXPECT_EQ(state().iCompletedFits, 2);
+  EXPECT_FALSE(state().bUseIntercept);
+  EXPECT_EQ(state().iNumTerms, 3);
+}
+
+TEST_F(Journey, TheNotebookComesBackAndCancelLeavesEverything) {
+  startWithDefaultExample();
+  script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdCancel"); });
+  user.click("frmControlPanel", "cmdShowNotebook");
+  EXPECT_EQ(state().iCompletedFits, 1);
+  EXPECT_EQ(user.window("frmEstCoef").tag(), "11");
+}
+
+TEST_F(Journey, DisplaysAreReplacedByBothMenusAndNeverStandTwice) {
+  startWithDefaultExample();
+  desktop.onPopupMenu = [&](MenuItem&, Window&) {
+    module.parts().menus.displays.entry(graphDisplays, 2)->click();
+  };
+  user.rightClick("frmANOVA");
+  EXPECT_EQ(user.window("frmStdResidHist").tag(), "21");
+  EXPECT_EQ(state().iDisplayState(tableDisplays, 2), displayHidden);
+  EXPECT_FALSE(module.parts().frame.displays.entry(graphDisplays, 2)->enabled());
+  EXPECT_TRUE(module.parts().menus.displays.entry(tableDisplays, 2)->enabled());
+
+  // The same again changes nothing: it stands already.
+  user.rightClick("frmEstCoef");
+  EXPECT_EQ(user.window("frmEstCoef").tag(), "11");
+
+  module.parts().frame.activate(user.window("frmEstCoef"));
+  user.menu("mdiReg", "Displays/Tables/ANOVA Calculations");
+  EXPECT_EQ(user.window("frmANOVA").tag(), "11");
+  module.parts().manager.RestoreInitialDisplays();
+  EXPECT_EQ(user.window("frmEstCoef").tag(), "11");
+  EXPECT_EQ(user.window("frmANOVA").tag(), "21");
+  EXPECT_EQ(user.window("frmResidHist").tag(), "22");
+}
+
+TEST_F(Journey, ThePanelCannotBeReplacedAndDisplaysCannotBeClosed) {
+  startWithDefaultExample();
+  module.parts().frame.activate(module.parts().panel);
+  EXPECT_THROW(user.menu("mdiReg", "Displays/Tables/ANOVA Calculations"), std::runtime_error);
+  module.parts().state.frmCurrentDisplay = &module.parts().panel;
+  module.parts().manager.ShowNewWindow(graphDisplays, 2);
+  EXPECT_TRUE(module.parts().panel.visible());
+  user.close("frmEstCoef");
+  EXPECT_TRUE(user.window("frmEstCoef").visible());
+
+  script.box("", "Error in ShowNewWindow");
+  module.parts().manager.ShowNewWindow(4, 6);
+}
+
+TEST_F(Journey, MissingNotebookIsToldAndEndsTheProgram) {
+  Module other(desktop, "no such folder");
+  script.box("Input Error", "Cannot read notebook object file.");
+  EXPECT_THROW(other.Main(), ProgramEnded);
+  EXPECT_EQ(desktop.beeps(), 1);
+}
+
+}  // namespace
+}  // namespace tolmer::test
