@@ -158,7 +158,7 @@ std::string fitText(const std::string& text, double pixels, double width) {
   for (std::size_t bytes = text.size(); bytes > 0;) {
     --bytes;
     while (bytes > 0 && (static_cast<unsigned char>(text[bytes]) & 0xC0U) == 0x80U) --bytes;
-    const std::string cut = text.substr(0, bytes) + "…";
+    std::string cut = text.substr(0, bytes) + "…";
     if (labelWidth(cut, pixels) <= width) return cut;
   }
   return {};

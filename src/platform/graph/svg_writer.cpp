@@ -9,8 +9,9 @@
 namespace tolmer {
 namespace {
 
-// Liberation Serif has the widths of Times New Roman.
-constexpr std::string_view fontFamilies = "Liberation Serif, Times New Roman, Times, serif";
+// One name alone, since Qt's own reader takes a list for a name. Where this font is missing,
+// systems put Liberation Serif in its place, which has the same widths.
+constexpr std::string_view fontFamily = "Times New Roman";
 
 // Share of the full colour inside open circles, translucent so that dense points show.
 constexpr double symbolFill = 0.25;
@@ -128,7 +129,7 @@ std::string opening(const ViewSize& size) {
   const std::string height = number(size.height);
   return "<svg" + attribute("xmlns", "http://www.w3.org/2000/svg") + attribute("width", width) +
          attribute("height", height) + attribute("viewBox", "0 0 " + width + ' ' + height) +
-         attribute("role", "img") + attribute("font-family", fontFamilies) + ">\n";
+         attribute("role", "img") + attribute("font-family", fontFamily) + ">\n";
 }
 
 }  // namespace

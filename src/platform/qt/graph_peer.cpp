@@ -13,6 +13,7 @@ class GraphPeer : public ControlPeer {
  private:
   QWidget* create(QWidget* ground) override {
     view_ = new GraphView(graph_, ground);
+    view_->enter = [this](const std::function<void()>& work) { tell(work); };
     return view_;
   }
   void update(Change what) override { view_->refresh(what); }

@@ -135,7 +135,8 @@ void GraphView::paintEvent(QPaintEvent*) {
 }
 
 void GraphView::mousePressEvent(QMouseEvent* event) {
-  if (isModelButton(event->button())) tolmer::raise(graph_.MouseDown, modelButton(event->button()));
+  if (!isModelButton(event->button())) return;
+  enter([&] { tolmer::raise(graph_.MouseDown, modelButton(event->button())); });
 }
 
 void GraphView::mouseReleaseEvent(QMouseEvent* event) {
@@ -144,8 +145,8 @@ void GraphView::mouseReleaseEvent(QMouseEvent* event) {
       event->button() == Qt::LeftButton && rect().contains(event->position().toPoint());
   // The handler may take the graph away, and this widget with it.
   const QPointer<GraphView> alive(this);
-  tolmer::raise(graph_.MouseUp, modelButton(event->button()));
-  if (alive && clicked) graph_.click();
+  enter([&] { tolmer::raise(graph_.MouseUp, modelButton(event->button())); });
+  if (alive && clicked) enter([&] { graph_.click(); });
 }
 
 // The key for context menus does what the right button does; the mouse's own request comes with the
@@ -153,7 +154,7 @@ void GraphView::mouseReleaseEvent(QMouseEvent* event) {
 void GraphView::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
   if (event->reason() == QContextMenuEvent::Keyboard)
-    tolmer::raise(graph_.MouseUp, MouseButton::right);
+    enter([&] { tolmer::raise(graph_.MouseUp, MouseButton::right); });
 }
 
 void paintPicture(QPainter& painter, const Picture& picture) {

@@ -3,6 +3,7 @@
 
 #include <QImage>
 #include <QWidget>
+#include <functional>
 
 #include "platform/graph/graph.h"
 
@@ -17,6 +18,11 @@ class GraphView : public QWidget {
 
   // After the graph has told that it changed.
   void refresh(Change what);
+
+  // All calls into the model go through this function, which may hold back what they throw.
+  std::function<void(const std::function<void()>&)> enter = [](const std::function<void()>& work) {
+    work();
+  };
 
   QSize sizeHint() const override { return {480, 280}; }
 
