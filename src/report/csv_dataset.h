@@ -1,4 +1,4 @@
-// A table's numbers as a data set with a model.
+// A table's numbers as a data set.
 #pragma once
 
 #include "base/error.h"
@@ -8,16 +8,10 @@
 
 namespace tolmer {
 
-// What the command line asks of a table: the fault of either.
-struct ModelFault {
-  Error error;
-  bool ofCommandLine = false;  // a name that the table does not have; else the table's own fault
-};
-
-// All numeric columns of the table, in its order, with the model of the options; predictors are
-// ascending, whatever the order of the options. A column without any number is text: it can give
-// labels and is left out otherwise. In any other column every cell must be a number.
-std::variant<WorkingCopy, ModelFault> dataSetFromTable(const CsvTable& table,
-                                                       const ReportOptions& options);
+// All numeric columns of the table, in its order, without a model yet. A column without any number
+// is text: it can give labels and is left out otherwise, unless the options put it into the model.
+// In any other column every cell must be a number. Labels are taken where the
+// options name a column of the table for them.
+Result<WorkingCopy> dataSetFromTable(const CsvTable& table, const ReportOptions& options);
 
 }  // namespace tolmer

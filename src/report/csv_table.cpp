@@ -15,9 +15,10 @@ constexpr int mostRows = 32767;
 constexpr int mostColumns = 32767;
 
 std::string_view trimmed(std::string_view text) {
-  const auto begin = text.find_first_not_of(" \t");
-  if (begin == std::string_view::npos) return {};
-  return text.substr(begin, text.find_last_not_of(" \t") - begin + 1);
+  const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 Error errorAtLine(const std::string& fileName, int line, std::string_view text) {
@@ -52,7 +53,8 @@ class CsvTable::Parser {
 
   Field bareField() {
     const std::size_t begin = at_;
-    at_ = std::min(content_.find_first_of(",\r\n", at_), content_.size());
+    while (!atEnd() && content_[at_] != ',' && content_[at_] != '\n' && content_[at_] != '\r')
+      ++at_;
     return {begin, at_ - begin};
   }
 
@@ -145,6 +147,12 @@ Result<bool> CsvTable::takeHeading(const Record& heading) {
 std::string_view CsvTable::cell(int row, int column) const {
   return trimmed(text(
       cells_[static_cast<std::size_t>(row) * names_.size() + static_cast<std::size_t>(column)]));
+}
+
+std::string CsvTable::namesInOrder() const {
+  std::string names;
+  for (const std::string& name : names_) names += (names.empty() ? "" : ", ") + name;
+  return names;
 }
 
 int CsvTable::find(std::string_view name) const {

@@ -29,6 +29,8 @@ class CsvTable {
   // Rows and columns count from 0; the heading is no row.
   const std::string& name(int column) const { return names_[static_cast<std::size_t>(column)]; }
   std::string_view cell(int row, int column) const;
+  // All of them, divided by commas: for a message.
+  std::string namesInOrder() const;
   // The column of that name; -1 where there is none.
   int find(std::string_view name) const;
 

@@ -141,15 +141,15 @@ const char* const reportUsage =
 Fits a multiple regression and reports it.
 
 FILE is a table of comma-separated values with a heading.
-  --y NAME             dependent variable
-  --x NAME,NAME...     independent variables; without it all other numeric columns.
-                       A name with a comma stands in double quotes.
   --labels COLUMN      column with the names of the cases
 Instead of a file:
   --example N          the N-th example of the course, from 1
   --default            the course's default example
   --program-folder DIR where the course's notebook lies, if not beside this program
 For both:
+  --y NAME             dependent variable; an example has one of its own
+  --x NAME,NAME...     independent variables; without it all other numeric columns.
+                       A name with a comma stands in double quotes.
   --no-intercept       a model without an intercept
   --format FORMAT      text (as without this option), json or html
   --help               this text

@@ -1,6 +1,7 @@
 #include "report/csv_table.h"
 
 #include "report/csv_dataset.h"
+#include "report/model_by_name.h"
 
 namespace tolmer {
 namespace {
@@ -78,21 +79,23 @@ TEST(CsvTable, NamesOfAList) {
 class CsvDataSet : public testing::Test {
  protected:
   CsvDataSet() { options.y = "Rent"; }
-  std::variant<WorkingCopy, ModelFault> read(const std::string& bytes) {
-    auto table = CsvTable::parse("t.csv", bytes);
-    return dataSetFromTable(*table, options);
+  Result<WorkingCopy> read(const std::string& bytes) {
+    const auto table = CsvTable::parse("t.csv", bytes);
+    auto copy = dataSetFromTable(*table, options);
+    if (!copy) return copy;
+    if (auto error = chooseModelByName(*copy, options)) return *error;
+    return copy;
   }
   std::string faultOf(const std::string& bytes) {
-    const auto read = this->read(bytes);
-    return std::holds_alternative<ModelFault>(read) ? std::get<ModelFault>(read).error.message()
-                                                    : "no fault";
+    const auto copy = read(bytes);
+    return copy ? "no fault" : copy.error().message();
   }
   const std::string rents = "Town,Age,Rent,Size\nBern,20,9,3\nBasel,30,8,2\n";
   ReportOptions options;
 };
 
 TEST_F(CsvDataSet, NumericColumnsMakeTheSetAndTheOthersAreLeftOut) {
-  const auto copy = std::get<WorkingCopy>(read(rents));
+  const auto copy = *read(rents);
   EXPECT_THAT(copy.otColName.values(), ElementsAre("Intercept", "Age", "Rent", "Size"));
   EXPECT_EQ(copy.miDepVarCol, 2);
   EXPECT_THAT(copy.oiIndepVarCol.values(), ElementsAre(0, 1, 3, 0));
@@ -106,7 +109,7 @@ TEST_F(CsvDataSet, ChosenPredictorsAreAscendingAndLabelsAreTaken) {
   options.x = {"Size", "Age", "Size"};
   options.labels = "Town";
   options.intercept = false;
-  const auto copy = std::get<WorkingCopy>(read(rents));
+  const auto copy = *read(rents);
   EXPECT_EQ(copy.miNumPredictors, 2);
   EXPECT_EQ(copy.oiIndepVarCol(1), 1);
   EXPECT_EQ(copy.mtLabelColName, "Town");
@@ -115,7 +118,7 @@ TEST_F(CsvDataSet, ChosenPredictorsAreAscendingAndLabelsAreTaken) {
   // A column of numbers can give the labels too, and is then no variable.
   options.x = {};
   options.labels = "Age";
-  EXPECT_EQ(std::get<WorkingCopy>(read(rents)).miNumPredictors, 1);
+  EXPECT_EQ(read(rents)->miNumPredictors, 1);
 }
 
 TEST_F(CsvDataSet, CellsThatAreNoNumbersAreNamed) {
@@ -124,23 +127,23 @@ TEST_F(CsvDataSet, CellsThatAreNoNumbersAreNamed) {
   EXPECT_EQ(faultOf("Rent,Size\n1,2\n\n,4\n"), "t.csv:4:1: column Rent: the cell is empty");
   EXPECT_THAT(faultOf("Rent,Size\n1,2\n3,1e99\n"), HasSubstr("t.csv:3:2: column Size"));
   EXPECT_THAT(faultOf("Rent,Size\nlow,2\nhigh,4\n"), HasSubstr("t.csv:2:1: column Rent: \"low\""));
+  options.x = {"Town"};
+  EXPECT_THAT(faultOf(rents), HasSubstr("t.csv:2:1: column Town"));
 }
 
 TEST_F(CsvDataSet, NamesThatCannotBeInTheModel) {
   options.x = {"Rooms"};
   EXPECT_EQ(faultOf(rents),
-            "t.csv: there is no column \"Rooms\"; the columns are Town, Age, Rent, Size");
+            "t.csv: there is no variable \"Rooms\"; the variables are Age, Rent, Size");
   options.x = {"Rent"};
   EXPECT_THAT(faultOf(rents), HasSubstr("cannot explain itself"));
-  options.x = {"Town"};
-  EXPECT_THAT(faultOf(rents), HasSubstr("t.csv:2:1: column Town"));
   options.x = {};
   options.labels = "Rent";
-  EXPECT_THAT(faultOf(rents), HasSubstr("gives the labels"));
+  EXPECT_THAT(faultOf(rents), HasSubstr("there is no variable \"Rent\""));
   options.labels = "";
-  EXPECT_THAT(faultOf("Town,Rent\nBern,1\n"), HasSubstr("no other numeric column"));
+  EXPECT_THAT(faultOf("Town,Rent\nBern,1\n"), HasSubstr("no other variable"));
   options.y = "";
-  EXPECT_EQ(faultOf(rents), "--y is missing; the columns are Town, Age, Rent, Size");
+  EXPECT_EQ(faultOf(rents), "t.csv: --y is missing; the variables are Age, Rent, Size");
 }
 
 }  // namespace

@@ -1,0 +1,60 @@
+// The report program: an analysis on the command line.
+#include <unistd.h>
+
+#include <chrono>
+#include <cstdio>
+#include <ctime>
+#include <exception>
+#include <string>
+#include <vector>
+
+#include "report/report_program.h"
+
+namespace {
+
+// The course lies beside the program.
+std::string folderOfThisProgram() {
+  std::string path(4096, '\0');
+  const ssize_t length = ::readlink("/proc/self/exe", path.data(), path.size());
+  if (length <= 0) return ".";
+  path.resize(static_cast<std::size_t>(length));
+  return path.substr(0, path.rfind('/'));
+}
+
+std::string today() {
+  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+  std::tm local{};
+  ::localtime_r(&now, &local);
+  const auto digits = [](int number, std::size_t count) {
+    const std::string text = std::to_string(number);
+    return std::string(count > text.size() ? count - text.size() : 0, '0') + text;
+  };
+  return digits(local.tm_year + 1900, 4) + "-" + digits(local.tm_mon + 1, 2) + "-" +
+         digits(local.tm_mday, 2);
+}
+
+bool write(std::FILE* stream, const std::string& text) {
+  return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&
+         std::fflush(stream) == 0;
+}
+
+int run(const std::vector<std::string>& words) {
+  const tolmer::ReportSurroundings around{folderOfThisProgram(), today(),
+                                          ::isatty(STDOUT_FILENO) == 1};
+  const tolmer::ReportOutcome outcome = tolmer::runReport(words, around);
+  write(stderr, outcome.errors);
+  if (write(stdout, outcome.output)) return outcome.status;
+  std::perror("tolreport: the report cannot be written");
+  return tolmer::ReportOutcome::dataAtFault;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  try {
+    return run({argv + 1, argv + argc});
+  } catch (const std::exception& fault) {
+    std::fprintf(stderr, "tolreport: %s\n", fault.what());
+    return tolmer::ReportOutcome::dataAtFault;
+  }
+}

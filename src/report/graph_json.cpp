@@ -1,0 +1,101 @@
+#include "report/graph_json.h"
+
+#include <variant>
+
+namespace tolmer {
+namespace {
+
+void writeAxis(JsonWriter& json, std::string_view name, const Axis& axis) {
+  json.key(name);
+  json.beginObject();
+  json.member("mode", static_cast<int>(axis.scaleMode));
+  json.member("min", axis.minimum);
+  json.member("max", axis.maximum);
+  json.member("ticks", axis.ticks);
+  json.key("labels");
+  json.beginArray();
+  for (const std::string& label : axis.labels) json.value(label);
+  json.endArray();
+  json.endObject();
+}
+
+// A line with symbols spaces its points evenly: they have no x position.
+void writePoints(JsonWriter& json, const GraphSettings& settings) {
+  json.key("points");
+  json.beginArray();
+  for (const GraphPoint& point : settings.points) {
+    json.beginArray();
+    if (settings.graphType == GraphType::symbols)
+      json.value(point.x);
+    else
+      json.null();
+    json.value(point.value);
+    json.endArray();
+  }
+  json.endArray();
+}
+
+struct CallWriter {
+  JsonWriter& json;
+
+  void operator()(const BoxCall& box) const {
+    json.value("box");
+    for (const double length : {box.x, box.y, box.width, box.height}) json.value(length);
+    json.value(box.pattern);
+    json.value(box.colour);
+  }
+  void operator()(const LineCall& line) const {
+    json.value("line");
+    for (const double place : {line.x1, line.y1, line.x2, line.y2}) json.value(place);
+    for (const int attribute : {line.mode, line.style, line.colour}) json.value(attribute);
+  }
+  void operator()(const TextCall& text) const {
+    json.value("text");
+    json.value(text.x);
+    json.value(text.y);
+    json.value(text.flags);
+    json.value(text.text);
+  }
+};
+
+void writeOverlay(JsonWriter& json, const Graph& graph) {
+  json.key("overlay");
+  json.beginArray();
+  for (const OverlayCall& call : graph.overlay()) {
+    json.beginArray();
+    std::visit(CallWriter{json}, call);
+    json.endArray();
+  }
+  json.endArray();
+}
+
+void writePlotArea(JsonWriter& json, const Graph& graph) {
+  json.key("plot");
+  json.beginObject();
+  json.member("left", graph.SDKInfo(7));
+  json.member("bottom", graph.SDKInfo(8));
+  json.member("width", graph.SDKInfo(5));
+  json.member("height", graph.SDKInfo(6));
+  json.endObject();
+}
+
+}  // namespace
+
+void writeGraph(JsonWriter& json, const Graph& graph) {
+  const GraphSettings& settings = graph.settings;
+  json.beginObject();
+  json.member("type", static_cast<int>(settings.graphType));
+  json.member("bottomTitle", settings.x.title);
+  json.member("leftTitle", settings.y.title);
+  writeAxis(json, "x", settings.x);
+  writeAxis(json, "y", settings.y);
+  writePoints(json, settings);
+  json.member("symbol", settings.pointSymbol);
+  json.member("symbolSize", settings.symbolSize);
+  json.member("lineStatistics", settings.lineStatistics);
+  writeOverlay(json, graph);
+  writePlotArea(json, graph);
+  json.endObject();
+}
+
+}  // namespace tolmer

@@ -1,0 +1,22 @@
+#include "report/grid_table.h"
+
+#include "displays/table_display.h"
+
+namespace tolmer {
+
+DisplayTable displayTable(const DisplayWindow& display) {
+  DisplayTable table;
+  const auto* tableDisplay = dynamic_cast<const TableDisplay*>(&display);
+  if (!tableDisplay) return table;
+  const Sheet& sheet = tableDisplay->grid().sheet();
+  for (int row = 1; row <= sheet.rows(); ++row) {
+    auto& cells = table.rows.emplace_back();
+    for (int col = 1; col <= sheet.cols(); ++col) {
+      const Cell& cell = sheet.at(row, col);
+      cells.push_back({cell.text, cell.style.back, cell.style.align});
+    }
+  }
+  return table;
+}
+
+}  // namespace tolmer

@@ -1,0 +1,139 @@
+#include "report/html_report.h"
+
+#include <algorithm>
+
+#include "platform/graph/graph.h"
+#include "platform/graph/svg_writer.h"
+#include "report/display_table.h"
+#include "report/grid_table.h"
+
+namespace tolmer {
+namespace {
+
+constexpr std::string_view style = R"(
+:root { color-scheme: light; }
+body { font: 16px/1.5 "Noto Sans", system-ui, sans-serif; color: #222; background: #fff;
+  max-width: 60rem; margin: 2rem auto; padding: 0 1.5rem; }
+h1 { font-size: 1.6rem; line-height: 1.25; margin: 0 0 .25rem; }
+h2 { font-size: 1.15rem; margin: 2rem 0 .5rem; }
+.source { color: #555; margin: 0 0 1.5rem; overflow-wrap: anywhere; }
+.equation { font-size: 1.1rem; background: #f4f6f8; border-left: 4px solid #3465a4;
+  padding: .75rem 1rem; overflow-wrap: anywhere; }
+.message { background: #fff3cd; border-left: 4px solid #b58900; padding: .5rem 1rem; }
+.wide { overflow-x: auto; }
+table { border-collapse: collapse; font-variant-numeric: tabular-nums; }
+th, td { padding: .3rem .75rem; border-bottom: 1px solid #ddd; white-space: nowrap;
+  font-weight: normal; text-align: left; }
+th { font-weight: 600; background: #f0f0f0; }
+.right { text-align: right; }
+.centre { text-align: center; }
+.empty { border: 0; background: none; }
+figure { margin: 0; }
+svg { max-width: 100%; height: auto; }
+@media print {
+  body { margin: 0; padding: 0; max-width: none; font-size: 10pt; }
+  h2 { break-after: avoid; }
+  table, figure, .equation { break-inside: avoid; }
+  th, td { print-color-adjust: exact; -webkit-print-color-adjust: exact; }
+}
+)";
+
+std::string_view alignClass(Align align) {
+  if (align == Align::right) return "right";
+  return align == Align::centre ? "centre" : "";
+}
+
+// A cell; heads of columns stand in the first row, heads of rows in the first column.
+std::string cellHtml(const DisplayCell& cell, Align align, bool inFirstRow, bool inFirstColumn) {
+  const bool isHead = !cell.text.empty() && cell.isHeading() && (inFirstRow || inFirstColumn);
+  std::string html = isHead ? "<th" : "<td";
+  if (isHead) html += inFirstRow ? " scope=\"col\"" : " scope=\"row\"";
+  if (const auto name = cell.text.empty() ? "empty" : alignClass(align); !name.empty())
+    html += " class=\"" + std::string(name) + "\"";
+  if (cell.isMarked()) html += " style=\"background:" + backName(cell.back) + "\"";
+  return html + ">" + htmlText(cell.text) + (isHead ? "</th>" : "</td>");
+}
+
+std::string tableHtml(const DisplayTable& table) {
+  std::string html = "<div class=\"wide\"><table>\n";
+  for (const auto& row : table.rows) {
+    const bool isFirst = &row == &table.rows.front();
+    const auto& alignedAs = isFirst && table.rows.size() > 1 ? table.rows[1] : row;
+    html += "<tr>";
+    for (std::size_t i = 0; i < row.size(); ++i)
+      html += cellHtml(row[i], alignedAs[i].align, isFirst, i == 0);
+    html += "</tr>\n";
+  }
+  return html + "</table></div>\n";
+}
+
+std::string displayHtml(const ReportedDisplay& display) {
+  std::string html = "<h2>" + htmlText(display.window->caption()) + "</h2>\n";
+  if (const Graph* graph = display.window->GraphPointer)
+    return html + "<figure>" +
+           writeSvg(graph->picture(), display.window->caption(), graph->accessibleDescription()) +
+           "</figure>\n";
+  return html + tableHtml(displayTable(*display.window));
+}
+
+std::string sourceHtml(const AnalysisState& state, std::string_view date) {
+  return "<p class=\"source\">Data: " + htmlText(state.tDataFileName) + " &middot; " +
+         std::to_string(state.iNumCases) + (state.iNumCases == 1 ? " case" : " cases") +
+         " &middot; <time>" + htmlText(date) + "</time></p>\n";
+}
+
+std::string titleOf(const AnalysisState& state) {
+  const auto column = static_cast<std::size_t>(state.iModelCol.size() > 1 ? state.iModelCol[1] : 0);
+  return "Multiple regression" +
+         (column < state.tVarName.size() ? " of " + state.tVarName[column] : std::string());
+}
+
+// Tables first, as a reader wants them: coefficients, analysis of variance, then the graphs.
+std::vector<ReportedDisplay> inReadingOrder(ReportRun& run) {
+  auto displays = run.displays();
+  std::stable_partition(displays.begin(), displays.end(), [](const ReportedDisplay& display) {
+    return display.window->GraphPointer == nullptr;
+  });
+  return displays;
+}
+
+}  // namespace
+
+std::string htmlText(std::string_view text) {
+  std::string html;
+  for (const char c : text) {
+    switch (c) {
+      case '&':
+        html += "&amp;";
+        break;
+      case '<':
+        html += "&lt;";
+        break;
+      case '>':
+        html += "&gt;";
+        break;
+      case '"':
+        html += "&quot;";
+        break;
+      default:
+        html += c;
+    }
+  }
+  return html;
+}
+
+std::string htmlReport(ReportRun& run, std::string_view date) {
+  const AnalysisState& state = run.state();
+  const std::string title = htmlText(titleOf(state));
+  std::string html = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n";
+  html += "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n";
+  html += "<title>" + title + "</title>\n<style>" + std::string(style) + "</style>\n";
+  html += "</head>\n<body>\n<h1>" + title + "</h1>\n" + sourceHtml(state, date);
+  for (const AnsweredBox& message : run.messages())
+    html += "<p class=\"message\">" + htmlText(message.box.text) + "</p>\n";
+  html += "<p class=\"equation\">" + htmlText(run.equation()) + "</p>\n";
+  for (const ReportedDisplay& display : inReadingOrder(run)) html += displayHtml(display);
+  return html + "</body>\n</html>\n";
+}
+
+}  // namespace tolmer

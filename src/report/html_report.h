@@ -1,0 +1,18 @@
+// The report as a page.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "report/report_run.h"
+
+namespace tolmer {
+
+// One page that needs nothing beside it: equation, tables as tables, graphs as SVG, messages of
+// the run. `date` as it is to be printed.
+std::string htmlReport(ReportRun& run, std::string_view date);
+
+// Text as it may stand in a page, also in an attribute.
+std::string htmlText(std::string_view text);
+
+}  // namespace tolmer

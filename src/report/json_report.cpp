@@ -1,0 +1,106 @@
+#include "report/json_report.h"
+
+#include "report/display_table.h"
+#include "report/graph_json.h"
+#include "report/grid_table.h"
+#include "report/json_writer.h"
+#include "report/state_json.h"
+
+namespace tolmer {
+namespace {
+
+const char* iconName(MessageIcon icon) {
+  switch (icon) {
+    case MessageIcon::critical:
+      return "critical";
+    case MessageIcon::question:
+      return "question";
+    case MessageIcon::exclamation:
+      return "exclamation";
+    case MessageIcon::information:
+      return "information";
+    case MessageIcon::none:
+      break;
+  }
+  return "none";
+}
+
+const char* buttonsName(MessageButtons buttons) {
+  if (buttons == MessageButtons::okCancel) return "okcancel";
+  return buttons == MessageButtons::yesNo ? "yesno" : "ok";
+}
+
+const char* answerName(Answer answer) {
+  switch (answer) {
+    case Answer::cancel:
+      return "cancel";
+    case Answer::yes:
+      return "yes";
+    case Answer::no:
+      return "no";
+    case Answer::ok:
+      break;
+  }
+  return "ok";
+}
+
+void writeMessages(JsonWriter& json, const ReportRun& run) {
+  json.key("messages");
+  json.beginArray();
+  for (const AnsweredBox& message : run.messages()) {
+    json.beginObject();
+    json.member("title", message.box.title);
+    json.member("text", message.box.text);
+    json.member("icon", iconName(message.box.icon));
+    json.member("buttons", buttonsName(message.box.buttons));
+    json.member("answer", answerName(message.answer));
+    json.endObject();
+  }
+  json.endArray();
+}
+
+template <class TextOf>
+void writeCells(JsonWriter& json, std::string_view name, const DisplayTable& table, TextOf textOf) {
+  json.key(name);
+  json.beginArray();
+  for (const auto& row : table.rows) {
+    json.beginArray();
+    for (const DisplayCell& cell : row) json.value(textOf(cell));
+    json.endArray();
+  }
+  json.endArray();
+}
+
+void writeTable(JsonWriter& json, const DisplayTable& table) {
+  json.beginObject();
+  json.member("rows", static_cast<int>(table.rows.size()));
+  json.member("cols", static_cast<int>(table.rows.empty() ? 0 : table.rows.front().size()));
+  writeCells(json, "cells", table, [](const DisplayCell& cell) { return cell.text; });
+  writeCells(json, "back", table, [](const DisplayCell& cell) { return backName(cell.back); });
+  json.endObject();
+}
+
+}  // namespace
+
+std::string jsonReport(ReportRun& run) {
+  JsonWriter json;
+  json.beginObject();
+  writeMessages(json, run);
+  json.member("equation", run.equation());
+  json.key("state");
+  writeState(json, run.state());
+  json.key("displays");
+  json.beginObject();
+  for (const ReportedDisplay& display : run.displays()) {
+    json.key(display.name);
+    if (const Graph* graph = display.window->GraphPointer)
+      writeGraph(json, *graph);
+    else
+      writeTable(json, displayTable(*display.window));
+  }
+  json.endObject();
+  json.endObject();
+  return json.text();
+}
+
+}  // namespace tolmer

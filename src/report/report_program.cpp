@@ -1,0 +1,81 @@
+#include "report/report_program.h"
+
+#include <memory>
+
+#include "report/course_data.h"
+#include "report/csv_dataset.h"
+#include "report/csv_table.h"
+#include "report/html_report.h"
+#include "report/json_report.h"
+#include "report/model_by_name.h"
+#include "report/options.h"
+#include "report/text_report.h"
+
+namespace tolmer {
+namespace {
+
+ReportOutcome failed(int status, const Error& error) {
+  return {status, {}, "tolreport: " + error.message() + "\n"};
+}
+
+ReportOutcome usageFault(const Error& error) {
+  ReportOutcome outcome = failed(ReportOutcome::usageAtFault, error);
+  outcome.errors += "Try tolreport --help.\n";
+  return outcome;
+}
+
+std::string written(ReportRun& run, ReportFormat format, const ReportSurroundings& around) {
+  switch (format) {
+    case ReportFormat::json:
+      return jsonReport(run);
+    case ReportFormat::html:
+      return htmlReport(run, around.date);
+    case ReportFormat::text:
+      break;
+  }
+  return textReport(run, around.isTerminal);
+}
+
+// The common end of both ways to a data set.
+ReportOutcome reportOn(WorkingCopy& copy, const ReportOptions& options,
+                       const ReportSurroundings& around) {
+  if (auto error = chooseModelByName(copy, options)) return usageFault(*error);
+  // A window's worth of members: not on the stack.
+  const auto run = std::make_unique<ReportRun>();
+  run->analyse(copy);
+  return {ReportOutcome::done, written(*run, options.format, around), {}};
+}
+
+ReportOutcome reportOnTable(const ReportOptions& options, const ReportSurroundings& around) {
+  const auto table = CsvTable::open(options.file);
+  if (!table) return failed(ReportOutcome::dataAtFault, table.error());
+  if (!options.labels.empty() && table->find(options.labels) < 0)
+    return usageFault({table->fileName(), "there is no column \"" + options.labels +
+                                              "\" for the labels; the columns are " +
+                                              table->namesInOrder()});
+  auto copy = dataSetFromTable(*table, options);
+  if (!copy) return failed(ReportOutcome::dataAtFault, copy.error());
+  return reportOn(*copy, options, around);
+}
+
+// Data that the program would open on in part are no data for a report.
+ReportOutcome reportOnCourse(const ReportOptions& options, const ReportSurroundings& around) {
+  HeadlessDesktop desktop;
+  auto copy = courseDataSet(options, desktop);
+  if (!copy) return failed(ReportOutcome::dataAtFault, copy.error());
+  if (!desktop.boxes().empty())
+    return failed(ReportOutcome::dataAtFault, {"", desktop.boxes().front().box.text});
+  return reportOn(*copy, options, around);
+}
+
+}  // namespace
+
+ReportOutcome runReport(const std::vector<std::string>& words, const ReportSurroundings& around) {
+  auto options = parseOptions(words);
+  if (!options) return usageFault(options.error());
+  if (options->help) return {ReportOutcome::done, reportUsage, {}};
+  if (options->programFolder.empty()) options->programFolder = around.programFolder;
+  return options->file.empty() ? reportOnCourse(*options, around) : reportOnTable(*options, around);
+}
+
+}  // namespace tolmer

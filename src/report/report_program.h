@@ -1,0 +1,28 @@
+// The report program but for its process: command line in, texts and exit status out.
+#pragma once
+
+#include <string>
+#include <vector>
+
+namespace tolmer {
+
+// What the program finds around it.
+struct ReportSurroundings {
+  std::string programFolder;  // of the course, unless the command line names another
+  std::string date;           // as the page prints it
+  bool isTerminal = false;    // standard output is one that shows colours
+};
+
+struct ReportOutcome {
+  static constexpr int done = 0;
+  static constexpr int dataAtFault = 1;
+  static constexpr int usageAtFault = 2;
+
+  int status = done;
+  std::string output;  // for standard output
+  std::string errors;  // for standard error
+};
+
+ReportOutcome runReport(const std::vector<std::string>& words, const ReportSurroundings& around);
+
+}  // namespace tolmer
