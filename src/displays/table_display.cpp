@@ -10,6 +10,12 @@
 #include "platform/text_metrics.h"
 
 namespace tolmer {
+namespace {
+
+constexpr float largestLetters = 18;  // pixels
+constexpr float roomToGrow = 2;       // the table in larger letters takes at most half the room
+
+}  // namespace
 
 TableDisplay::TableDisplay(Desktop& desktop, AnalysisState& state, DisplayHost& host,
                            std::string name, std::string title, std::string gridName)
@@ -36,9 +42,24 @@ void TableDisplay::UpdateDisplay() {
   RedrawLock lock(grid_);
   grid_.setScrollBars(ScrollBars::none);
   grid_.setSheet(content());
-  fitRowsAndColumns();
+  chooseFont();
   fillRoom(grid_, {innerWidth(), innerHeight()}, desktop().scrollBarThickness());
   PositionControls();
+}
+
+// A small table in a large window, such as a maximised one, is set in larger letters: the room that
+// is left over would only drive its figures apart.
+void TableDisplay::chooseFont() {
+  const Font standard;
+  grid_.setFont(standard);
+  fitRowsAndColumns();
+  const Size content = grid_.contentSize();
+  const float room = std::min(innerWidth() / content.width, innerHeight() / content.height);
+  const float twoPixelSteps = std::floor(standard.pixels * room / roomToGrow / 2);
+  const float size = std::min(2 * twoPixelSteps, largestLetters);
+  if (size <= standard.pixels) return;
+  grid_.setFont({standard.family, size});
+  fitRowsAndColumns();
 }
 
 void TableDisplay::fitRowsAndColumns() {

@@ -33,6 +33,7 @@ class TableDisplay : public DisplayWindow {
 
  private:
   void Form_Resize();
+  void chooseFont();
   void fitRowsAndColumns();
 
   std::string title_;

@@ -64,7 +64,7 @@ class Grid : public Control {
   Twips widestText(int col) const;
   Twips tallestText(int row) const;
   static constexpr Twips sideMargin = pixels(6);   // left and right of a text, each
-  static constexpr Twips upperMargin = pixels(3);  // above and below
+  static constexpr Twips upperMargin = pixels(2);  // above and below
 
   // --- selection
   const GridSelection& selection() const { return selection_; }

@@ -246,7 +246,7 @@ bool GridView::scrollByKey(int key) {
 }
 
 void GridView::focusInEvent(QFocusEvent* event) {
-  focusByKey_ = event->reason() != Qt::MouseFocusReason;
+  focusByKey_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
   viewport()->update();
   // The widget's own focus event comes after this one and would hide the cell's.
   QTimer::singleShot(0, this, [this] { tellFocusedCell(); });

@@ -63,9 +63,11 @@ class CellPainter {
     const QRect place = view_.cellRect(cell);
     if (place.isEmpty()) return;
     const Cell& content = grid_.sheet().at(cell.row, cell.col);
-    painter_.fillRect(place, ground(cell, content));
-    if (content.style.heading && content.style.back.kind == Colour::Kind::buttonFace)
-      paintHeadingLines(place);
+    const bool isFace = content.style.back == colours::buttonFace;
+    // What frames the table is one area, without lines of its own.
+    const int line = isFace && !content.style.heading ? 1 : 0;
+    painter_.fillRect(place.adjusted(0, 0, line, line), ground(cell, content));
+    if (isFace && content.style.heading) paintHeadingLine(place, cell.row <= 1);
     if (!content.text.empty()) paintText(place, content);
   }
 
@@ -78,8 +80,12 @@ class CellPainter {
     return mixed(own, theme::accent, selectionStrength);
   }
 
-  void paintHeadingLines(const QRect& place) {
-    painter_.fillRect(place.left(), place.bottom() + 1, place.width() + 1, 1, theme::line);
+  // Between headings and what they head.
+  void paintHeadingLine(const QRect& place, bool isUpper) {
+    if (isUpper)
+      painter_.fillRect(place.left(), place.bottom() + 1, place.width() + 1, 1, theme::line);
+    else
+      painter_.fillRect(place.right() + 1, place.top(), 1, place.height() + 1, theme::line);
   }
 
   void paintText(const QRect& place, const Cell& content) {
