@@ -14,7 +14,7 @@ namespace {
 // Variables 1..V are the column of ones and the K = V - 1 predictors. Fit w leaves variable w out
 // of the terms and has it as dependent variable; w runs from 2 to V.
 
-constexpr int lanes = spareColumns;  // fits whose sums of squares go side by side
+constexpr int lanes = tileSize;  // fits whose sums of squares go side by side
 
 // What all coefficients need before the fitted values of any are due.
 struct CoefficientTable {
@@ -105,32 +105,39 @@ bool fitCoefficients(const Matrix<double>& dCross, CoefficientTable& table, Auxi
   return true;
 }
 
+// Variables in rows and cases in columns, as the products with the coefficients need them.
+Matrix<double> transposed(const Matrix<double>& columns, int variables) {
+  Matrix<double> rows(variables, columns.lastRow() + tileSize);
+  for (int c = 1; c <= columns.lastRow(); ++c)
+    for (int i = 1; i <= variables; ++i) rows(i, c) = columns(c, i);
+  return rows;
+}
+
+void addCase(const double* observed, const std::array<double, lanes>& fitted,
+             const std::array<double, lanes>& mean, SquareSums& sums) {
+  for (int l = 0; l < lanes; ++l) {
+    const double stored = static_cast<float>(fitted[l]);
+    const double residual = static_cast<float>(observed[l] - stored);
+    const double explained = stored - mean[l];
+    const double total = observed[l] - mean[l];
+    sums.SSE[l] += residual * residual;
+    sums.SSR[l] += explained * explained;
+    sums.SST[l] += total * total;
+  }
+}
+
 // The sums of squares of the fits first .. first + lanes - 1.
-SquareSums squareSums(const Matrix<double>& columns, const Matrix<double>& dCross,
-                      const CoefficientTable& table, int first) {
-  const int V = dCross.lastRow();
+SquareSums squareSums(const Matrix<double>& columns, const Matrix<double>& variables,
+                      const CoefficientTable& table, const Matrix<double>& dCross, int first) {
+  const int n = columns.lastRow();
   SquareSums sums;
   std::array<double, lanes> mean{};
-  for (int l = 0; l < lanes && first + l <= V; ++l)
-    mean[l] = dCross(1, first + l) / columns.lastRow();
-  const int n = columns.lastRow();
-  for (int c = 1; c <= n; ++c) {
-    const double* values = columns.row(c);
-    std::array<double, lanes> fitted{};
-    for (int j = 1; j <= V; ++j) {
-      const double* coef = table.dCoef.row(j) + first;
-      for (int l = 0; l < lanes; ++l) fitted[l] += coef[l] * values[j];
-    }
-    for (int l = 0; l < lanes; ++l) {
-      const double observed = values[first + l];
-      const double stored = static_cast<float>(fitted[l]);
-      const double residual = static_cast<float>(observed - stored);
-      const double explained = stored - mean[l];
-      const double total = observed - mean[l];
-      sums.SSE[l] += residual * residual;
-      sums.SSR[l] += explained * explained;
-      sums.SST[l] += total * total;
-    }
+  for (int l = 0; l < lanes && first + l <= dCross.lastRow(); ++l)
+    mean[l] = dCross(1, first + l) / n;
+  for (int c = 1; c <= n; c += tileSize) {
+    const ProductTile fitted = tileOfProducts(variables, c, table.dCoef, first);
+    for (int a = 0; a < tileSize && c + a <= n; ++a)
+      addCase(columns.row(c + a) + first, fitted[a], mean, sums);
   }
   return sums;
 }
@@ -145,9 +152,10 @@ bool errorsCannotVanish(float leastFactor, double SSE, int degrees) {
 bool fitSquares(const Matrix<double>& columns, const Matrix<double>& dCross,
                 const CoefficientTable& table, AuxiliaryFits& fits) {
   const int V = dCross.lastRow();
+  const Matrix<double> variables = transposed(columns, V);
   const int degrees = columns.lastRow() - (V - 1);
   for (int first = 2; first <= V; first += lanes) {
-    const SquareSums sums = squareSums(columns, dCross, table, first);
+    const SquareSums sums = squareSums(columns, variables, table, dCross, first);
     for (int w = first; w <= std::min(first + lanes - 1, V); ++w) {
       const int l = w - first;
       if (!errorsCannotVanish(table.leastFactor[w], sums.SSE[l], degrees)) return false;

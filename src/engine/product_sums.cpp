@@ -1,29 +1,20 @@
 #include "engine/product_sums.h"
 
 #include <algorithm>
-#include <array>
 
 namespace tolmer {
-namespace {
 
-constexpr int tileSize = 4;
-
-// A tile of the sums, small enough to stay in registers while all cases go by.
-using Tile = std::array<std::array<double, tileSize>, tileSize>;
-
-Tile tileOfSums(const Matrix<double>& columns, int i, int j) {
-  Tile tile{};
-  const int n = columns.lastRow();
-  for (int c = 1; c <= n; ++c) {
-    const double* left = columns.row(c) + i;
-    const double* right = columns.row(c) + j;
+ProductTile tileOfProducts(const Matrix<double>& left, int i, const Matrix<double>& right, int j) {
+  ProductTile tile{};
+  const int rows = left.lastRow();
+  for (int r = 1; r <= rows; ++r) {
+    const double* x = left.row(r) + i;
+    const double* y = right.row(r) + j;
     for (int a = 0; a < tileSize; ++a)
-      for (int b = 0; b < tileSize; ++b) tile[a][b] += left[a] * right[b];
+      for (int b = 0; b < tileSize; ++b) tile[a][b] += x[a] * y[b];
   }
   return tile;
 }
-
-}  // namespace
 
 Matrix<double> chosenColumns(const Matrix<float>& sX, std::span<const Int16> iCols, int n,
                              int iCount) {
@@ -38,7 +29,7 @@ Matrix<double> productSums(const Matrix<double>& columns) {
   Matrix<double> sums(last, last);
   for (int i = 1; i <= last; i += tileSize)
     for (int j = i; j <= last; j += tileSize) {
-      const Tile tile = tileOfSums(columns, i, j);
+      const ProductTile tile = tileOfProducts(columns, i, columns, j);
       for (int a = 0; a < tileSize && i + a <= last; ++a)
         for (int b = std::max(i + a - j, 0); b < tileSize && j + b <= last; ++b)
           sums(i + a, j + b) = tile[a][b];

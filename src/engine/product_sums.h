@@ -1,6 +1,7 @@
 // The sums of products from which cross products and correlations are made.
 #pragma once
 
+#include <array>
 #include <span>
 
 #include "state/analysis_state.h"
@@ -8,8 +9,16 @@
 
 namespace tolmer {
 
-// Columns of zeros behind the last one, so that loops of a fixed width may run over the end.
-inline constexpr int spareColumns = 16;
+// Columns of zeros behind the last one, so that tiles may run over the end.
+inline constexpr int spareColumns = 4;
+
+// Side by side sums, few enough to stay in registers while all rows go by.
+inline constexpr int tileSize = 4;
+using ProductTile = std::array<std::array<double, tileSize>, tileSize>;
+
+// Element (a, b) is the sum over all rows r >= 1 of left(r, i + a) * right(r, j + b), added in the
+// order of the rows.
+ProductTile tileOfProducts(const Matrix<double>& left, int i, const Matrix<double>& right, int j);
 
 // The chosen columns of a data matrix as doubles, case by case: element (c, i) is sX(c, iCols(i))
 // for 1 <= c <= n and 1 <= i <= iCount. Row and column 0 are not used; spareColumns follow.
