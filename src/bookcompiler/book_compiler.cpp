@@ -7,6 +7,7 @@
 #include "bookcompiler/book_builder.h"
 #include "bookcompiler/source_text.h"
 #include "notebook/object_file.h"
+#include "notebook/page_fit.h"
 
 namespace tolmer {
 namespace {
@@ -47,6 +48,14 @@ void checkFiles(const SourcedBook& sourced, const CourseFolders& folders, Compla
     checkPicture(file.line, file.name, folders, complaints);
 }
 
+// A page that is too long can still be read in part, so it is no error.
+void checkPagesFit(const SourcedBook& sourced, const CourseFolders& folders,
+                   Complaints& complaints) {
+  for (int row = 1; row <= sourced.book.uPage.count(); ++row)
+    for (std::string& text : pageOverflow(sourced.book, row, folders.program))
+      complaints.warning(sourced.lines.at(std::pair(BookPart::page, row)), std::move(text));
+}
+
 }  // namespace
 
 CompiledBook compileBook(std::string_view source, const CourseFolders& folders) {
@@ -54,6 +63,8 @@ CompiledBook compileBook(std::string_view source, const CourseFolders& folders) 
   const auto entries = parseSource(source, complaints);
   const SourcedBook sourced = buildBook(entries, complaints);
   checkFiles(sourced, folders, complaints);
+  // references are right only where there are no errors
+  if (!complaints.hasErrors()) checkPagesFit(sourced, folders, complaints);
   CompiledBook compiled{{}, complaints.sorted(), complaints.hasErrors()};
   if (!compiled.hasErrors) compiled.objectText = objectFileText(sourced.book);
   return compiled;

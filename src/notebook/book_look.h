@@ -21,6 +21,9 @@ inline constexpr Font headingFont{FontFamily::serif, 20, true};
 inline constexpr Font coverHeadingFont{FontFamily::serif, 24, true};
 inline constexpr Font pageHeaderFont{FontFamily::serif, 15, false};
 
+// Where the elements of a page stand.
+inline constexpr Size pageContainer{pixels(620), pixels(440)};
+
 // Height of a text at that width, both in twips, on whole pixels.
 inline Twips heightOf(const Font& font, std::string_view text, Twips width) {
   return pixels(static_cast<float>(

@@ -3,7 +3,6 @@
 #include <cctype>
 #include <string_view>
 
-#include "base/paths.h"
 #include "base/text_encoding.h"
 #include "notebook/book_look.h"
 #include "notebook/notebook_window.h"
@@ -101,45 +100,18 @@ void frmNotebook::showTurners(int iPage, int iNumPages) {
   lblNextPage.setVisible(iPage < iNumPages);
 }
 
-// Returns whether one of them was a picture. Kinds that nobody knows show nothing.
+// Returns whether one of them was a picture.
 bool frmNotebook::showElements(const PageRecord& page, int iSection, int iPage) {
   const Book& book = nbNoteBook.book();
   bool showsPicture = false;
   for (int i = page.iFirstElement; i < page.iFirstElement + page.iNumElements; ++i) {
     const PageElement& element = book.uPageElement[i];
-    switch (element.iKind) {
-      case ElementKind::text:
-        elements.ShowTextElement(book.uText[element.iIndex]);
-        break;
-      case ElementKind::heading:
-        elements.ShowHeadingElement(book.tHeading[element.iIndex]);
-        break;
-      case ElementKind::jump:
-        elements.ShowJumpElement(book.uJump[element.iIndex]);
-        break;
-      case ElementKind::scenario:
-        ShowScenarioElement(element.iIndex, iSection, iPage);
-        break;
-      case ElementKind::outline:
-        ShowOutlineElement(element.iIndex);
-        break;
-      case ElementKind::bitmap:
-        elements.ShowBitmapElement(
-            hostPath(nbNoteBook.tProgramFolder + "\\" + book.tBitmap[element.iIndex]));
-        showsPicture = true;
-        break;
-      case ElementKind::space:
-        elements.ShowSpace();
-        break;
-      case ElementKind::check:
-        elements.ShowCheckElement(book.uCheck[element.iIndex]);
-        break;
-      case ElementKind::version:
-        elements.ShowVersionElement(book.uVersion[element.iIndex]);
-        break;
-      default:
-        break;
-    }
+    showsPicture = showsPicture || element.iKind == ElementKind::bitmap;
+    if (elements.show(book, element, nbNoteBook.tProgramFolder)) continue;
+    if (element.iKind == ElementKind::scenario)
+      ShowScenarioElement(element.iIndex, iSection, iPage);
+    else
+      ShowOutlineElement(element.iIndex);
   }
   return showsPicture;
 }

@@ -14,7 +14,7 @@ namespace {
 using namespace book_look;
 
 constexpr Twips margin = pixels(12);
-constexpr Size container{pixels(620), pixels(440)};
+constexpr Size container = pageContainer;
 constexpr Twips pageMargin = pixels(20);
 constexpr Twips turnerHeight = pixels(26);
 constexpr Twips turnerWidth = pixels(150);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/paths.h"
 #include "notebook/book_look.h"
 #include "notebook/picture_size.h"
 
@@ -53,6 +54,37 @@ void PageElements::hideAll() {
 void PageElements::beginPage() {
   used_ = {};
   nextControlTop_ = firstTop;
+}
+
+bool PageElements::show(const Book& book, const PageElement& element,
+                        const std::string& programFolder) {
+  const int row = element.iIndex;
+  switch (element.iKind) {
+    case ElementKind::text:
+      ShowTextElement(book.uText[row]);
+      break;
+    case ElementKind::heading:
+      ShowHeadingElement(book.tHeading[row]);
+      break;
+    case ElementKind::jump:
+      ShowJumpElement(book.uJump[row]);
+      break;
+    case ElementKind::bitmap:
+      ShowBitmapElement(hostPath(programFolder + "\\" + book.tBitmap[row]));
+      break;
+    case ElementKind::space:
+      ShowSpace();
+      break;
+    case ElementKind::check:
+      ShowCheckElement(book.uCheck[row]);
+      break;
+    case ElementKind::version:
+      ShowVersionElement(book.uVersion[row]);
+      break;
+    default:
+      return element.iKind != ElementKind::scenario && element.iKind != ElementKind::outline;
+  }
+  return true;
 }
 
 void PageElements::UpdateNextControlTop(const Control& ctlOldTop) {

@@ -24,6 +24,10 @@ class PageElements {
   void hideAll();
   void beginPage();
 
+  // Shows an element of any kind but scenarios and outlines; False for those. Pictures lie in the
+  // program's folder (without a final backslash). Kinds that nobody knows show nothing.
+  bool show(const Book& book, const PageElement& element, const std::string& programFolder);
+
   void ShowTextElement(const TextElement& text);
   void ShowHeadingElement(const std::string& heading);
   void ShowJumpElement(const JumpElement& jump);

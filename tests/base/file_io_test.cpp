@@ -5,6 +5,8 @@
 
 #include <filesystem>
 
+#include "support/temp_folder.h"
+
 namespace tolmer {
 namespace {
 
@@ -12,18 +14,12 @@ namespace fs = std::filesystem;
 
 class FileIo : public testing::Test {
  protected:
-  void SetUp() override {
-    std::string name = testing::TempDir() + "file_io.XXXXXX";
-    ASSERT_NE(::mkdtemp(name.data()), nullptr);
-    folder = name;
-  }
-  void TearDown() override { fs::remove_all(folder); }
-
   std::size_t entries() const {
     return static_cast<std::size_t>(
         std::distance(fs::directory_iterator(folder), fs::directory_iterator()));
   }
-  fs::path folder;
+  test::TempFolder temporary;
+  const fs::path folder = temporary.path();
 };
 
 TEST_F(FileIo, whatIsWrittenIsReadAndNothingElseIsLeft) {

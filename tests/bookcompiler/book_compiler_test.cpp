@@ -7,6 +7,7 @@
 
 #include "base/file_io.h"
 #include "notebook/object_file.h"
+#include "support/temp_folder.h"
 
 namespace tolmer {
 namespace {
@@ -19,9 +20,6 @@ using testing::IsEmpty;
 class BookCompiler : public testing::Test {
  protected:
   void SetUp() override {
-    std::string name = testing::TempDir() + "course.XXXXXX";
-    ASSERT_NE(::mkdtemp(name.data()), nullptr);
-    folders = {name, name + "/tolmod"};
     fs::create_directories(folders.program);
     fs::create_directories(folders.root + "/data");
     put("data/a.csv", "Y,X\n1,2\n3,4\n5,6\n");
@@ -29,7 +27,6 @@ class BookCompiler : public testing::Test {
     put("data/a.inf", "Comment\nFirst\nSecond\n");
     put("tolmod/p.png", "picture");
   }
-  void TearDown() override { fs::remove_all(folders.root); }
 
   void put(const std::string& name, std::string_view bytes) {
     ASSERT_FALSE(writeFileAtomically(folders.root + "/" + name, bytes));
@@ -52,7 +49,8 @@ class BookCompiler : public testing::Test {
     return book ? *book : Book();
   }
 
-  CourseFolders folders;
+  test::TempFolder folder;
+  CourseFolders folders{folder.path(), folder.file("tolmod")};
 };
 
 const std::string parameters = "parameters: \\data\\a.csv, \\data\\a.inf, True, False, 3, 2, 1\n";

@@ -1,0 +1,76 @@
+#include "notebook/page_fit.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "notebook/book_look.h"
+#include "notebook/page_elements.h"
+#include "notebook/scenario_list.h"
+
+namespace tolmer {
+namespace {
+
+// The page laid out as in the window, without one.
+class TrialPage {
+ public:
+  TrialPage(const Book& book, const std::string& programFolder)
+      : book_(book), programFolder_(programFolder), scenarios_(page_, book.uScenario) {
+    page_.setPlace({0, 0, book_look::pageContainer.width, book_look::pageContainer.height});
+    elements_.beginPage();
+  }
+
+  void lay(const PageElement& element) {
+    if (elements_.show(book_, element, programFolder_)) return measureBottom();
+    if (element.iKind == ElementKind::scenario)
+      layScenarios(book_.uScenarioElement[element.iIndex]);
+    else
+      for (int j = 1; j <= book_.uOutline[element.iIndex].iNumOutlines; ++j)
+        elements_.showOutline(elements_.loadOutline());
+    measureBottom();
+  }
+
+  std::vector<std::string> overflow() && {
+    const auto below = static_cast<int>(std::ceil((bottom_ - page_.height()) / twipsPerPixel));
+    if (below > 0)
+      found_.push_back("the page ends " + std::to_string(below) +
+                       " pixels too low; move some of it to a new page");
+    return std::move(found_);
+  }
+
+ private:
+  void layScenarios(const ScenarioElement& list) {
+    scenarios_.show(list, elements_.nextControlTop());
+    elements_.UpdateNextControlTop(scenarios_.fraScenarios);
+    for (int i = 0; i < list.iNumScenarios; ++i) {
+      const Label& name = scenarios_.lblScenName(i);
+      if (book_look::heightOf(name.font(), name.caption(), name.width()) > name.height())
+        found_.push_back("the scenario's name \"" + name.caption() + "\" is too long");
+    }
+  }
+
+  // Where the last of the visible controls ends.
+  void measureBottom() {
+    for (const Control* control : page_.children())
+      if (control->visible()) bottom_ = std::max(bottom_, control->bottom());
+  }
+
+  const Book& book_;
+  std::string programFolder_;
+  Panel page_{nullptr, "page"};
+  PageElements elements_{page_};
+  ScenarioList scenarios_;
+  Twips bottom_ = 0;
+  std::vector<std::string> found_;
+};
+
+}  // namespace
+
+std::vector<std::string> pageOverflow(const Book& book, int row, const std::string& programFolder) {
+  const PageRecord& record = book.uPage[row];
+  TrialPage page(book, programFolder);
+  for (int i = record.iFirstElement; i < record.iFirstElement + record.iNumElements; ++i)
+    page.lay(book.uPageElement[i]);
+  return std::move(page).overflow();
+}
+
+}  // namespace tolmer

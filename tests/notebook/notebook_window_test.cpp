@@ -1,0 +1,372 @@
+#include "notebook/notebook_window.h"
+
+#include "notebook/note_splash.h"
+#include "notebook/notebook_fixture.h"
+#include "notebook/opening_book.h"
+#include "notebook/sample_only.h"
+#include "support/layout_check.h"
+
+namespace tolmer {
+namespace {
+
+using NotebookWindow = test::NotebookFixture;
+
+TEST_F(NotebookWindow, thePageIsLaidOutFromTopToBottom) {
+  show([&] {
+    const auto& heading = get<Label>("lblHeading(1)");
+    const auto& text = get<Label>("lblText(1)");
+    const auto& jump = get<Label>("lblContentsEntry(1)");
+    EXPECT_EQ(heading.caption(), "Welcome");
+    EXPECT_EQ(heading.left(), 300);
+    EXPECT_EQ(heading.top(), 500);
+    EXPECT_EQ(text.left(), 500) << "indented";
+    EXPECT_TRUE(text.font().bold);
+    EXPECT_EQ(text.top(), heading.bottom() + 100);
+    EXPECT_EQ(jump.top(), text.bottom() + 100 + 200) << "a space between";
+    EXPECT_FALSE(jump.font().bold);
+    EXPECT_EQ(jump.left(), 300);
+    click("cmdOK");
+  });
+}
+
+TEST_F(NotebookWindow, theCoverPageHasItsOwnHeading) {
+  show([&] {
+    EXPECT_EQ(get<Label>("lblIntroChapterHeading").caption(), "A Sample");
+    EXPECT_TRUE(sees("lblIntroChapterHeading"));
+    EXPECT_FALSE(sees("lblPageHeader(0)"));
+    click("lblContentsEntry(1)");
+    EXPECT_FALSE(sees("lblIntroChapterHeading"));
+    EXPECT_TRUE(sees("lblPageHeader(0)") && sees("lblPageHeader(1)"));
+    EXPECT_EQ(get<Label>("lblPageHeader(0)").caption(), "Ch. 99 ");
+    EXPECT_EQ(get<Label>("lblPageHeader(1)").caption(), "A Sample of Everything");
+    click("cmdOK");
+  });
+}
+
+TEST_F(NotebookWindow, turnersAndJumpsLeadToTheirPages) {
+  const auto expectTurners = [&](bool back, bool on) {
+    EXPECT_EQ(sees("lblPreviousPage"), back);
+    EXPECT_EQ(sees("lblNextPage"), on);
+    EXPECT_EQ(sees("ZMLogo(0)"), !back);
+    EXPECT_EQ(sees("ZMLogo(1)"), back);
+  };
+  show([&] {
+    expectTurners(false, false);
+    click("lblContentsEntry(1)");  // to 2.1
+    EXPECT_EQ(window().tbNoteBook.activeTab(), 1);
+    expectTurners(false, true);
+    click("lblNextPage");
+    expectTurners(true, true);
+    click("lblNextPage");
+    EXPECT_EQ(noteBook.LastPageNumber(), 3);
+    EXPECT_EQ(noteBook.LastPageType(), PageType::picture);
+    expectTurners(true, false);
+    click("lblPreviousPage");
+    EXPECT_EQ(window().tbNoteBook.activePage(), 1);
+    click("lblNextPage");
+    click("lblContentsEntry(1)");  // to page 1 of its own section
+    EXPECT_EQ(window().tbNoteBook.activePage(), 0);
+    EXPECT_EQ(noteBook.LastSectionNumber(), 2);
+    EXPECT_EQ(noteBook.LastPageNumber(), 1);
+    click("cmdOK");
+  });
+}
+
+TEST_F(NotebookWindow, aTabComesBackToItsPage) {
+  show([&] {
+    click("lblContentsEntry(1)");
+    click("lblNextPage");
+    get<TabBook>("tbNoteBook").chooseTab(0);
+    EXPECT_TRUE(sees("lblHeading(1)"));
+    EXPECT_FALSE(sees("outOutline(1)"));
+    get<TabBook>("tbNoteBook").chooseTab(1);
+    EXPECT_TRUE(sees("outOutline(1)"));
+    EXPECT_FALSE(sees("lblHeading(1)"));
+    EXPECT_EQ(noteBook.LastPageNumber(), 2);
+    click("cmdOK");
+  });
+}
+
+TEST_F(NotebookWindow, theScenarioListShowsNamesAndTheSelectedOnesDescription) {
+  show(
+      [&] {
+        EXPECT_EQ(get<Label>("lblScenName(0)").caption(), "alpha");
+        EXPECT_TRUE(get<OptionButton>("optScenario(1)").value());
+        EXPECT_EQ(get<Label>("lblScenarioDesc").caption(), "About beta, told at length.");
+        EXPECT_FALSE(sees("optScenario(3)") || sees("lblScenName(3)"));
+        const float spacing = std::round((get<Frame>("fraScenarios").height() - 250) / 3);
+        EXPECT_EQ(get<OptionButton>("optScenario(2)").top(), spacing * 2 + 250);
+        EXPECT_EQ(get<OptionButton>("optScenario(2)").left(), 80);
+        EXPECT_EQ(get<Label>("lblScenName(2)").left(), 320);
+        EXPECT_EQ(noteBook.LastScenarioName(), "beta") << "shown is selected";
+
+        click("lblScenName(2)");
+        EXPECT_EQ(get<Label>("lblScenarioDesc").caption(), "About gamma, told at length.");
+        EXPECT_EQ(noteBook.GetSelectedScenario(2, 1), 2);
+        click("cmdOK");
+      },
+      2, 1);
+  EXPECT_EQ(noteBook.LastAction(), NoteBook::closedByOK);
+  EXPECT_EQ(noteBook.LastScenarioParameter(1), "\\data\\gamma.csv");
+  EXPECT_FALSE(window().visible());
+}
+
+TEST_F(NotebookWindow, aLongDescriptionScrolls) {
+  Book book = test::sampleBook();
+  for (int i = 0; i < 300; ++i) book.uScenario[3].tDesc += " more";
+  load(book);
+  show(
+      [&] {
+        EXPECT_FALSE(sees("vsbScenDesc"));
+        click("optScenario(2)");
+        auto& bar = get<ScrollBar>("vsbScenDesc");
+        const auto& text = get<Label>("lblScenarioDesc");
+        ASSERT_TRUE(bar.visible());
+        EXPECT_EQ(bar.max(), text.height() - get<Panel>("picScenDesc").height());
+        EXPECT_EQ(bar.largeChange(), std::lround(bar.max() / 5.0));
+        bar.setValue(bar.max());
+        EXPECT_EQ(text.bottom(), get<Panel>("picScenDesc").height());
+        click("optScenario(0)");
+        EXPECT_EQ(text.top(), 0);
+        click("cmdOK");
+      },
+      2, 1);
+}
+
+TEST_F(NotebookWindow, aDoubleClickOnAScenarioIsOK) {
+  show([&] { user.doubleClick("frmNotebook", "lblScenName(0)"); }, 2, 1);
+  EXPECT_EQ(noteBook.LastAction(), NoteBook::closedByOK);
+  EXPECT_EQ(noteBook.LastScenarioName(), "alpha");
+}
+
+TEST_F(NotebookWindow, cancelGivesBackPageAndScenario) {
+  show(
+      [&] {
+        click("lblScenName(0)");
+        click("lblNextPage");
+        click("cmdCancel");
+      },
+      2, 1);
+  EXPECT_EQ(noteBook.LastAction(), NoteBook::closedByCancel);
+  EXPECT_EQ(noteBook.LastSectionNumber(), 2);
+  EXPECT_EQ(noteBook.LastPageNumber(), 1);
+  EXPECT_EQ(noteBook.GetSelectedScenario(2, 1), 1);
+  EXPECT_EQ(noteBook.LastScenarioName(), "beta");
+  show([&] {
+    EXPECT_TRUE(get<OptionButton>("optScenario(1)").value());
+    click("cmdOK");
+  });
+}
+
+TEST_F(NotebookWindow, cancelLeavesChecksVersionsAndOtherPagesAlone) {
+  show(
+      [&] {
+        user.type("frmNotebook", "silgVersion(2)", "42");
+        click("chkCheck(1)");
+        click("lblPreviousPage");
+        click("lblPreviousPage");
+        click("lblScenName(2)");
+        click("cmdCancel");
+      },
+      2, 3);
+  EXPECT_EQ(noteBook.GetCheck(2, 3, 1), 1);
+  EXPECT_EQ(noteBook.book().uVersion[2].iValue, 42);
+  EXPECT_EQ(noteBook.GetSelectedScenario(2, 1), 2) << "not the page the book was opened on";
+  EXPECT_EQ(noteBook.LastPageNumber(), 3);
+}
+
+TEST_F(NotebookWindow, everyWayOfLeavingWithoutOKIsCancel) {
+  show([&] { user.close("frmNotebook"); });
+  EXPECT_EQ(noteBook.LastAction(), NoteBook::closedByCancel);
+  noteBook.iLastAction = NoteBook::neverClosed;
+  show([&] { user.key("frmNotebook", {keys::escape}); });
+  EXPECT_EQ(noteBook.LastAction(), NoteBook::closedByCancel);
+}
+
+TEST_F(NotebookWindow, outlinesShareTheListAndKeepTheirOwnSelection) {
+  show(
+      [&] {
+        auto& first = get<Outline>("outOutline(1)");
+        auto& second = get<Outline>("outOutline(2)");
+        ASSERT_EQ(first.items().size(), 5U);
+        EXPECT_EQ(second.items()[4].text, "Third");
+        EXPECT_TRUE(first.expanded(0)) << "open at first";
+        EXPECT_FALSE(first.expanded(3));
+        EXPECT_FALSE(first.items()[0].isLeaf);
+        EXPECT_TRUE(first.items()[1].isLeaf);
+        EXPECT_EQ(get<Label>("lblDatabaseDesc(1)").caption(), "About First");
+        EXPECT_EQ(get<Label>("lblDatabaseDesc(2)").caption(), "About Second");
+        EXPECT_GT(second.top(), first.bottom());
+        first.click(2);
+        EXPECT_EQ(get<Label>("lblDatabaseDesc(1)").caption(), "About Second");
+        click("cmdOK");
+      },
+      2, 2);
+  EXPECT_EQ(noteBook.LastDatabaseName(1), "Second");
+  EXPECT_EQ(noteBook.GetSelectedDatabase(2, 2, 1), 2);
+  EXPECT_EQ(noteBook.GetSelectedDatabase(2, 2, 2), 2);
+}
+
+TEST_F(NotebookWindow, aGroupOpensAndClosesAtAClickAndCannotBeChosen) {
+  show(
+      [&] {
+        auto& outline = get<Outline>("outOutline(1)");
+        outline.click(3);
+        EXPECT_TRUE(outline.expanded(3));
+        EXPECT_FALSE(get<Button>("cmdOK").enabled());
+        outline.doubleClick();  // closes the group again, and not the book
+        EXPECT_FALSE(outline.expanded(3));
+        EXPECT_TRUE(window().visible());
+        click("lblNextPage");
+        EXPECT_TRUE(get<Button>("cmdOK").enabled());
+        click("lblPreviousPage");
+        EXPECT_FALSE(get<Button>("cmdOK").enabled());
+        outline.click(4);
+        EXPECT_TRUE(get<Button>("cmdOK").enabled());
+        outline.doubleClick();
+      },
+      2, 2);
+  EXPECT_EQ(noteBook.LastAction(), NoteBook::closedByOK);
+  EXPECT_EQ(noteBook.LastDatabaseName(1), "Third");
+}
+
+TEST_F(NotebookWindow, cancelGivesBackTheDatabases) {
+  show(
+      [&] {
+        get<Outline>("outOutline(1)").click(4);
+        get<Outline>("outOutline(2)").click(1);
+        click("lblNextPage");
+        click("cmdCancel");
+      },
+      2, 2);
+  EXPECT_EQ(noteBook.GetSelectedDatabase(2, 2, 1), 1);
+  EXPECT_EQ(noteBook.GetSelectedDatabase(2, 2, 2), 2);
+  EXPECT_EQ(noteBook.LastDatabaseName(1), "First");
+  EXPECT_EQ(noteBook.LastDatabaseName(2), "Second");
+}
+
+TEST_F(NotebookWindow, aSelectedDatabasesGroupsAreOpened) {
+  noteBook.SetSelectedDatabase(2, 2, 1, 4);
+  show(
+      [&] {
+        EXPECT_TRUE(get<Outline>("outOutline(1)").expanded(3));
+        EXPECT_EQ(get<Outline>("outOutline(1)").listIndex(), 4);
+        EXPECT_FALSE(get<Outline>("outOutline(2)").expanded(3));
+        click("cmdOK");
+      },
+      2, 2);
+}
+
+TEST_F(NotebookWindow, aPicturePageCanBeConfirmedOnlyWithAPicture) {
+  show(
+      [&] {
+        EXPECT_TRUE(get<Button>("cmdOK").enabled());
+        EXPECT_THAT(get<Image>("imgPicture(2)").file(), testing::EndsWith("/two.png"));
+        const auto& picture = get<Image>("imgPicture(1)");
+        EXPECT_EQ(picture.width(), pixels(200));
+        EXPECT_EQ(picture.left() + picture.right(), window().picPageContainer.width()) << "centred";
+        click("cmdOK");
+      },
+      2, 3);
+  Book book = test::sampleBook();
+  for (const int i : {8, 11}) book.uPageElement[i].iKind = ElementKind::space;
+  book.uPage[1].iPageType = PageType::picture;
+  load(book);
+  show([&] {
+    EXPECT_TRUE(get<Button>("cmdOK").enabled()) << "the cover page always";
+    window().goTo(2, 3);
+    EXPECT_FALSE(get<Button>("cmdOK").enabled());
+    click("cmdCancel");
+  });
+}
+
+TEST_F(NotebookWindow, aLargePictureIsMadeSmallerInItsProportions) {
+  writePicture("one.png", 2320, 400);
+  writePicture("two.png", 100, 1000);
+  show(
+      [&] {
+        const auto& wide = get<Image>("imgPicture(1)");
+        EXPECT_EQ(wide.width(), window().picPageContainer.width() - 600);
+        EXPECT_FLOAT_EQ(wide.height(), wide.width() * 400 / 2320);
+        const auto& high = get<Image>("imgPicture(2)");
+        EXPECT_LE(high.bottom(), window().picPageContainer.height());
+        EXPECT_FLOAT_EQ(high.width(), high.height() / 10);
+        click("cmdOK");
+      },
+      2, 3);
+}
+
+TEST_F(NotebookWindow, aClickOnAPictureFlashesOKAndTellsThatItIsASample) {
+  show(
+      [&] {
+        script.window("frmSampleOnly", [&] {
+          EXPECT_TRUE(window().tmrFlashOK.enabled());
+          desktop.advance(500);
+          EXPECT_EQ(window().cmdOK.backColour(), colours::red);
+          EXPECT_EQ(window().cmdOK.foreColour(), colours::white);
+          user.click("frmSampleOnly", "cmdOK");
+        });
+        click("imgPicture(1)");
+        EXPECT_EQ(desktop.beeps(), 1);
+        EXPECT_FALSE(window().tmrFlashOK.enabled());
+        EXPECT_EQ(window().cmdOK.backColour(), colours::buttonFace);
+        EXPECT_EQ(window().cmdOK.foreColour(), colours::buttonText);
+        click("cmdOK");
+      },
+      2, 3);
+}
+
+TEST_F(NotebookWindow, checksAndVersionsAreRecordedByTheirNumberOnThePage) {
+  show(
+      [&] {
+        EXPECT_EQ(get<CheckBox>("chkCheck(2)").value(), 1);
+        EXPECT_EQ(get<NumberBox>("silgVersion(1)").value(), 7);
+        EXPECT_EQ(get<NumberBox>("silgVersion(1)").left(), 120);
+        EXPECT_EQ(get<NumberBox>("silgVersion(2)").left(), 320);
+        EXPECT_EQ(get<Label>("lblVersion(2)").top(), get<NumberBox>("silgVersion(2)").top());
+        click("chkCheck(2)");
+        user.type("frmNotebook", "silgVersion(1)", "99");
+        click("cmdOK");
+      },
+      2, 3);
+  EXPECT_EQ(noteBook.GetCheck(2, 3, 2), 0);
+  EXPECT_EQ(noteBook.GetVersion(2, 3), 99);
+}
+
+TEST_F(NotebookWindow, helpIsAButtonAndAKey) {
+  show([&] {
+    click("cmdHelp");
+    user.key("frmNotebook", {keys::f1});
+    click("cmdOK");
+  });
+  ASSERT_EQ(desktop.helpRequests().size(), 2U);
+  EXPECT_EQ(desktop.helpRequests()[1].file, "notebook");
+  EXPECT_EQ(desktop.helpRequests()[1].kind, HelpRequest::Kind::contents);
+}
+
+TEST_F(NotebookWindow, everyPageAndWindowCanBeSeenAndRead) {
+  for (const auto& [section, page] : {std::pair(1, 1), {2, 1}, {2, 2}, {2, 3}}) {
+    window().goTo(section, page);
+    EXPECT_EQ(test::layoutFaults(window()), "") << section << "." << page;
+  }
+  frmNoteSplash cover(desktop, noteBook);
+  EXPECT_EQ(test::layoutFaults(cover), "");
+  frmSampleOnly sample(desktop, "");
+  EXPECT_EQ(test::layoutFaults(sample), "");
+  frmOpeningBook opening(desktop);
+  EXPECT_EQ(test::layoutFaults(opening), "");
+}
+
+TEST_F(NotebookWindow, theStartIsRememberedOnlyForThePageThatHasOne) {
+  show([&] { click("cmdOK"); }, 2, 1);
+  EXPECT_EQ(noteBook.miStartScenario, 1);
+  show([&] { click("cmdOK"); }, 1, 1);
+  EXPECT_EQ(noteBook.miStartSection, 1);
+  EXPECT_EQ(noteBook.miStartScenario, 1) << "as it was";
+  show([&] { click("cmdOK"); }, 2, 2);
+  EXPECT_EQ(noteBook.StartDatabase(1), 1);
+  EXPECT_EQ(noteBook.StartDatabase(2), 2);
+}
+
+}  // namespace
+}  // namespace tolmer

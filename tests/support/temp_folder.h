@@ -1,0 +1,31 @@
+// An empty folder of a test's own, gone with the test: tests run side by side.
+#pragma once
+
+#include <cstdlib>
+#include <filesystem>
+#include <stdexcept>
+#include <string>
+
+namespace tolmer::test {
+
+class TempFolder {
+ public:
+  TempFolder() {
+    name_ = (std::filesystem::temp_directory_path() / "tolmer.XXXXXX").string();
+    if (!::mkdtemp(name_.data())) throw std::runtime_error("no temporary folder");
+  }
+  ~TempFolder() {
+    std::error_code ignored;
+    std::filesystem::remove_all(name_, ignored);
+  }
+  TempFolder(const TempFolder&) = delete;
+  TempFolder& operator=(const TempFolder&) = delete;
+
+  const std::string& path() const { return name_; }
+  std::string file(const std::string& name) const { return name_ + "/" + name; }
+
+ private:
+  std::string name_;
+};
+
+}  // namespace tolmer::test
