@@ -3,6 +3,7 @@
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QContextMenuEvent>
+#include <QFocusEvent>
 #include <QFont>
 #include <QFontMetricsF>
 #include <QMouseEvent>
@@ -11,6 +12,7 @@
 #include <QPolygonF>
 
 #include "platform/graph/screen_geometry.h"
+#include "platform/qt/theme.h"
 
 namespace tolmer {
 namespace {
@@ -132,6 +134,11 @@ void GraphView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::white);
   paintPicture(painter, graph_.picture());
+  if (!focusByKey_) return;
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setBrush(Qt::NoBrush);
+  painter.setPen(theme::accent);
+  painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 
 void GraphView::mousePressEvent(QMouseEvent* event) {
@@ -155,6 +162,16 @@ void GraphView::contextMenuEvent(QContextMenuEvent* event) {
   event->accept();
   if (event->reason() == QContextMenuEvent::Keyboard)
     enter([&] { tolmer::raise(graph_.MouseUp, MouseButton::right); });
+}
+
+void GraphView::focusInEvent(QFocusEvent* event) {
+  focusByKey_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
+  update();
+}
+
+void GraphView::focusOutEvent(QFocusEvent*) {
+  focusByKey_ = false;
+  update();
 }
 
 void paintPicture(QPainter& painter, const Picture& picture) {

@@ -31,9 +31,12 @@ class GraphView : public QWidget {
   void mousePressEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void contextMenuEvent(QContextMenuEvent* event) override;
+  void focusInEvent(QFocusEvent* event) override;
+  void focusOutEvent(QFocusEvent* event) override;
 
  private:
   Graph& graph_;
+  bool focusByKey_ = false;  // the focus came by the keyboard: it has to be seen
 };
 
 // Draws the list on a painter whose unit is the logical pixel.
