@@ -6,6 +6,7 @@
 #include <cstdint>
 
 #include "engine/number_picture.h"
+#include "engine/seven_digits.h"
 
 namespace tolmer {
 namespace {
@@ -39,8 +40,6 @@ double Int(double value) {
   return towardsZero > value ? towardsZero - 1 : towardsZero;
 }
 
-constexpr std::array<double, 11> tenfold = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9, 1e10};
-
 bool nearWhole(double value, double shift, double tolerance) {
   return std::fabs(value - Int(value + shift)) < tolerance;
 }
@@ -48,6 +47,7 @@ bool nearWhole(double value, double shift, double tolerance) {
 // The fewest decimals, up to iDigits, within which the value stands but for a rounding error;
 // otherwise the decimals given.
 int enoughDecimals(double value, int iDigits, double shift, int toleranceShift, int decimals) {
+  constexpr std::array<double, 9> tenfold = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8};
   constexpr std::array<double, 12> tenth = {1,    1e-1, 1e-2, 1e-3, 1e-4,  1e-5,
                                             1e-6, 1e-7, 1e-8, 1e-9, 1e-10, 1e-11};
   for (int i = 1; i <= std::min(iDigits, 8); ++i)
@@ -59,19 +59,14 @@ int enoughDecimals(double value, int iDigits, double shift, int toleranceShift, 
 // one where there are none. In scientific notation that counts the exponent in.
 int decimalsInText(float a, int left) { return static_cast<int>(generalText(a).size()) - left - 1; }
 
-// The same, at least 1, mostly without making the text, which takes too long for whole columns: the
-// seven digits of a are read off as a whole number.
+// The same, at least 1, mostly without making the text, which takes too long for whole columns.
 int decimalsInColumnText(float a, int left) {
-  int places = 7 - left;
-  for (double bound = 1; a < bound && places < 10; bound /= 10) ++places;
-  const double scaled = places >= 0 ? a * tenfold[places] : 0.5;
-  const bool uncertain = std::fabs(scaled - Int(scaled) - 0.5) < 1e-6;  // which way it rounds
-  if (!uncertain) {
-    auto digits = static_cast<std::int64_t>(scaled + 0.5);
-    for (; places > 0 && digits % 10 == 0; digits /= 10) --places;
+  constexpr int mostFixedDecimals = 7;  // beyond that the text is in scientific notation
+  if (auto digits = sevenDigits(a)) {
+    digits->dropZeros();
+    if (digits->places <= mostFixedDecimals) return std::max(digits->places, 1);
   }
-  const bool scientific = places > 7;
-  return std::max(uncertain || scientific ? decimalsInText(a, left) : places, 1);
+  return std::max(decimalsInText(a, left), 1);
 }
 
 std::string zeros(int count) {
@@ -125,7 +120,8 @@ void ColumnWidths::add(float x) {
   widths_.left = std::max(widths_.left, left);
 }
 
-// A minus sign takes a column only where no longer positive number leaves room for it.
+// A longer number makes room for the sign of the negative ones before it; any later number of as
+// many digits as the longest negative one takes a sign column again.
 void ColumnWidths::noteMagnitude(float x, float a, int left) {
   if (x < 0) iNegLeft_ = std::max(iNegLeft_, left);
   if (a > largest_) {

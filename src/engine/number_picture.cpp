@@ -6,6 +6,8 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "engine/seven_digits.h"
+
 namespace tolmer {
 namespace {
 
@@ -45,30 +47,48 @@ void Decimal::roundTo(int keep) {
   if (digits.empty()) point = 0;
 }
 
-// From the exact binary value: the longest expansion of a single has 112 significant digits, that
-// of a double 767.
-template <int longest, class Value>
-Decimal decimalOf(Value value, int significant) {
-  std::array<char, longest + 16> text;
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), std::fabs(value),
-                                 std::chars_format::scientific, longest - 1)
-                       .ptr;
+// value, not negative, as count significant digits.
+template <int count, class Value>
+Decimal digitsOf(Value value) {
+  std::array<char, count + 16> text;
+  const char* const end = std::to_chars(text.data(), text.data() + text.size(), value,
+                                        std::chars_format::scientific, count - 1)
+                              .ptr;
   const char* const exponent = std::find<const char*>(text.data(), end, 'e');
   Decimal decimal;
-  decimal.negative = value < 0;
   decimal.digits.push_back(text[0]);
   decimal.digits.append<const char*>(&text[2], exponent);
-  const char* digits = exponent + (exponent[1] == '+' ? 2 : 1);
-  std::from_chars(digits, end, decimal.point);
+  std::from_chars(exponent + (exponent[1] == '+' ? 2 : 1), end, decimal.point);
   ++decimal.point;
-  decimal.digits.resize(decimal.digits.find_last_not_of('0') + 1);
-  if (decimal.digits.empty()) decimal.point = 0;
+  return decimal;
+}
+
+// Ten digits more than wanted tell which way to round, unless they look like a tie; then it takes
+// all digits that a binary value can have, which are longest.
+template <int significant, int longest, class Value>
+Decimal decimalOf(Value value) {
+  constexpr std::string_view tie = "5000000000";
+  const Value magnitude = std::fabs(value);
+  Decimal decimal = digitsOf<significant + static_cast<int>(tie.size())>(magnitude);
+  if (decimal.digits.ends_with(tie)) decimal = digitsOf<longest>(magnitude);
+  decimal.negative = value < 0;
   decimal.roundTo(significant);
   return decimal;
 }
 
-Decimal decimalOf(float value) { return decimalOf<112>(value, singleDigits); }
-Decimal decimalOf(double value) { return decimalOf<767>(value, doubleDigits); }
+Decimal decimalOf(float value) {
+  auto digits = sevenDigits(std::fabs(value));
+  if (!digits) return decimalOf<singleDigits, 112>(value);
+  digits->dropZeros();
+  Decimal decimal;
+  decimal.negative = value < 0;
+  decimal.digits = std::to_string(digits->number);
+  decimal.point = decimal.count() - digits->places;
+  decimal.digits.resize(decimal.digits.find_last_not_of('0') + 1);
+  return decimal;
+}
+
+Decimal decimalOf(double value) { return decimalOf<doubleDigits, 767>(value); }
 
 struct Picture {
   int leftZeros = 0;      // digits that always show left of the point

@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "engine/f_distribution.h"
-#include "engine/number_picture.h"
+#include "engine/number_format.h"
 #include "engine/t_distribution.h"
 
 namespace tolmer::literal {
@@ -146,58 +146,6 @@ void multipleRegression(AnalysisState& s, int k, bool bIntercept, MessagePort& m
   varCovStats(s, k, messages);
 }
 
-int leftDigits(double a) {
-  return a < 1 ? 1 : static_cast<int>(std::floor(std::log10(std::min(a, 1E39)))) + 1;
-}
-
-}  // namespace
-
-std::string FindFormatString(std::span<const float> sValues, int iCount, int iDigits, int W,
-                             bool bWholeCheck, bool bCommas, bool bExponent) {
-  float largest = -1.0E10F;
-  int iNegLeft = 0, L = 0, D = 0, P = 0, S = 0;
-  for (int c = 1; c <= iCount; ++c) {
-    const float x = sValues[c];
-    const float a = std::fabs(x);
-    const int l = leftDigits(a);
-    if (x < 0) iNegLeft = std::max(iNegLeft, l);
-    if (a > largest) {
-      largest = a;
-      S = x < 0 || l == iNegLeft ? 1 : 0;
-    } else if (l == iNegLeft) {
-      S = 1;
-    }
-    int d = 0;
-    if (!bWholeCheck || !(std::fabs(a - std::floor(a + 0.0005)) < 0.0005)) {
-      P = 1;
-      d = std::max(static_cast<int>(generalText(a).size()) - l - 1, 1);
-      if (d > 2)
-        for (int i = 1; i <= iDigits; ++i)
-          if (std::fabs(a * std::pow(10.0, i) - std::floor(a * std::pow(10.0, i) + 0.5)) <
-              std::pow(10.0, -(i + 2))) {
-            d = i;
-            break;
-          }
-    }
-    L = std::max(L, l);
-    D = std::max(D, d);
-  }
-  if (D > iDigits && P == 1) D = iDigits;
-  const int C = bCommas ? std::max((L - 1) / 3, 0) : 0;
-  const int X = bExponent && (L > 10 || L < -10) ? 2 : 1;
-  const auto zeros = [](int count) { return std::string(static_cast<std::size_t>(count), '0'); };
-  const std::string decimals = P == 1 && D > 0 ? "." + zeros(D) : "";
-  if (bCommas && L + P + D + C + S <= W) return "###,###,###,###,##0" + decimals;
-  if (L + P + D + S <= W) return "0" + decimals;
-  if (largest < 1 && D + P + S <= W) return "." + zeros(D);
-  if (L + P + S < W) return largest < 1 ? "." + zeros(W - 1 - S) : "0." + zeros(W - L - 1 - S);
-  if (L + S <= W) return "0";
-  if (S + 4 + X <= W && bExponent) return "0." + zeros(W - 4 - S - X) + "E+" + zeros(X);
-  return std::string(static_cast<std::size_t>(W), '*');
-}
-
-namespace {
-
 void summaryStats(AnalysisState& s, MessagePort& messages) {
   for (int i = 1; i <= s.iNumPredictors + 1; ++i) {
     const int column = s.iModelCol[i];
@@ -220,7 +168,7 @@ void summaryStats(AnalysisState& s, MessagePort& messages) {
     s.dDescStat(2, i) = std::sqrt(squares / s.iNumCases);
     s.dDescStat(3, i) = minimum;
     s.dDescStat(4, i) = maximum;
-    s.tVarFormat[i] = literal::FindFormatString(scratch, s.iNumCases, 4, 8, true, true, true);
+    s.tVarFormat[i] = FindFormatString(scratch, s.iNumCases, 4, 8, false, true, true, true);
   }
 }
 
