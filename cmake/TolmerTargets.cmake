@@ -38,9 +38,10 @@ endfunction()
 # One precompiled header serves all test targets.
 add_library(tolmer_test_headers INTERFACE)
 
-# tolmer_test(NAME LINKS target... [ENVIRONMENT var=value...]): all *.cpp of tests/NAME.
+# tolmer_test(NAME LINKS target... [ENVIRONMENT var=value...] [NO_SHARED_HEADERS]): all *.cpp of
+# tests/NAME. A target compiled with other flags, as Qt asks for, cannot share the header.
 function(tolmer_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS;ENVIRONMENT")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "NO_SHARED_HEADERS" "" "LINKS;ENVIRONMENT")
   file(GLOB sources CONFIGURE_DEPENDS "${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp")
   if(NOT sources)
     return()
@@ -51,7 +52,7 @@ function(tolmer_test name)
     GTest::gtest_main)
   target_compile_definitions(${name}_test PRIVATE
     TOLMER_SOURCE_DIR="${CMAKE_SOURCE_DIR}" TOLMER_PROGRAM_FOLDER="${TOLMER_PROGRAM_FOLDER}")
-  if(TARGET tolmer_test_pch)
+  if(TARGET tolmer_test_pch AND NOT arg_NO_SHARED_HEADERS)
     target_precompile_headers(${name}_test REUSE_FROM tolmer_test_pch)
   endif()
   gtest_discover_tests(${name}_test DISCOVERY_MODE PRE_TEST

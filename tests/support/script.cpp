@@ -7,12 +7,13 @@
 
 namespace tolmer::test {
 
-Script::Script(HeadlessDesktop& desktop) : desktop_(desktop) {
-  desktop_.onModal = [this](Window& window) {
+Script::Script(OnModal& onModal, OnMessageBox& onMessageBox)
+    : onModal_(onModal), onMessageBox_(onMessageBox) {
+  onModal_ = [this](Window& window) {
     const Step step = take(false, window.name(), window.caption());
     if (step.actions) step.actions();
   };
-  desktop_.onMessageBox = [this](const MessageBox& box) {
+  onMessageBox_ = [this](const MessageBox& box) {
     const Step step = take(true, box.title, box.text);
     EXPECT_EQ(box.text, step.text) << "in the box \"" << box.title << "\"";
     return step.answer;
@@ -20,8 +21,8 @@ Script::Script(HeadlessDesktop& desktop) : desktop_(desktop) {
 }
 
 Script::~Script() {
-  desktop_.onModal = nullptr;
-  desktop_.onMessageBox = nullptr;
+  onModal_ = nullptr;
+  onMessageBox_ = nullptr;
   if (std::uncaught_exceptions() == 0) finish();
 }
 

@@ -13,7 +13,12 @@ namespace tolmer::test {
 
 class Script {
  public:
-  explicit Script(HeadlessDesktop& desktop);
+  using OnModal = std::function<void(Window&)>;
+  using OnMessageBox = std::function<Answer(const MessageBox&)>;
+
+  explicit Script(HeadlessDesktop& desktop) : Script(desktop.onModal, desktop.onMessageBox) {}
+  // For any desktop that calls these two where a user would have to act.
+  Script(OnModal& onModal, OnMessageBox& onMessageBox);
   ~Script();
   Script(const Script&) = delete;
   Script& operator=(const Script&) = delete;
@@ -35,7 +40,8 @@ class Script {
   };
   Step take(bool isBox, const std::string& name, const std::string& text);
 
-  HeadlessDesktop& desktop_;
+  OnModal& onModal_;
+  OnMessageBox& onMessageBox_;
   std::deque<Step> steps_;
 };
 

@@ -1,0 +1,112 @@
+#include "platform/qt/graph_view.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QFocusEvent>
+#include <QImage>
+#include <QMouseEvent>
+
+#include "platform/graph/palette.h"
+#include "support/graph_pictures.h"
+
+namespace tolmer {
+namespace {
+
+using testing::ElementsAre;
+
+class GraphViewTest : public testing::Test {
+ protected:
+  GraphViewTest() {
+    graph.setAccessibleName("Histogram");
+    graph.setAccessibleDescription("Two bars.");
+    graph.setDrawMode(Graph::draw);
+    graph.GSUseView().GSBox2D(100, 60, 60, 80, 128, palette::brightBlue);
+    graph.GSUseView().GSLineAbs(60, 60, 400, 200, 5, 2, palette::brightRed);
+    view.resize(480, 280);
+    view.refresh(Change::all);
+    graph.MouseDown = [this](MouseButton) { events.emplace_back("down"); };
+    graph.MouseUp = [this](MouseButton button) {
+      events.emplace_back(button == MouseButton::right ? "right up" : "left up");
+    };
+    graph.Click = [this] { events.emplace_back("click"); };
+  }
+  void send(QEvent::Type type, Qt::MouseButton button, QPointF at) {
+    QMouseEvent event(type, at, view.mapToGlobal(at), button, button, Qt::NoModifier);
+    QApplication::sendEvent(&view, &event);
+  }
+
+  test::SampleGraph graph{480, 280};
+  GraphView view{graph};
+  std::vector<std::string> events;
+};
+
+TEST_F(GraphViewTest, ShowsThePictureThatIsCopied) {
+  const QImage shown = view.grab().toImage().convertToFormat(QImage::Format_RGB32);
+  const QImage copied = paintGraph(graph, 1);
+  EXPECT_EQ(shown.size(), QSize(480, 280));
+  EXPECT_TRUE(shown == copied);
+  EXPECT_EQ(copied.pixelColor(2, 2), QColor(Qt::white));
+  const Colour fill = tint(paletteColour(palette::brightBlue), 0.38);
+  EXPECT_EQ(copied.pixelColor(150, 280 - 70), QColor(fill.red, fill.green, fill.blue));
+}
+
+TEST_F(GraphViewTest, KeepsThinLinesSharp) {
+  const QImage image = paintGraph(graph, 1);
+  const auto [left, bottom] = std::pair(qRound(graph.SDKInfo(7)), qRound(graph.SDKInfo(8)));
+  const int row = 280 - bottom - 40;  // between tick marks
+  EXPECT_EQ(image.pixelColor(left - 1, row), QColor(Qt::white));
+  EXPECT_EQ(image.pixelColor(left, row), QColor(Qt::black));
+  EXPECT_EQ(image.pixelColor(left + 1, row), QColor(Qt::white));
+}
+
+TEST_F(GraphViewTest, StatesTheResolutionOfCopies) {
+  const QImage image = paintGraph(graph, 2);
+  EXPECT_EQ(image.width(), 960);
+  EXPECT_EQ(image.dotsPerMeterX(), qRound(2 * 96 / 0.0254));
+}
+
+TEST_F(GraphViewTest, HandsTheMouseOn) {
+  send(QEvent::MouseButtonPress, Qt::LeftButton, {50, 50});
+  send(QEvent::MouseButtonRelease, Qt::LeftButton, {50, 50});
+  EXPECT_THAT(events, ElementsAre("down", "left up", "click"));
+  events.clear();
+  send(QEvent::MouseButtonPress, Qt::RightButton, {50, 50});
+  send(QEvent::MouseButtonRelease, Qt::RightButton, {50, 50});
+  EXPECT_THAT(events, ElementsAre("down", "right up"));
+  events.clear();
+  send(QEvent::MouseButtonRelease, Qt::LeftButton, {500, 50});
+  EXPECT_THAT(events, ElementsAre("left up")) << "let go outside: no click";
+}
+
+TEST_F(GraphViewTest, TheMenuKeyIsARightClick) {
+  QContextMenuEvent key(QContextMenuEvent::Keyboard, {50, 50}, view.mapToGlobal(QPoint(50, 50)));
+  QApplication::sendEvent(&view, &key);
+  EXPECT_THAT(events, ElementsAre("right up"));
+}
+
+TEST_F(GraphViewTest, ShowsTheFocusOfTheKeyboardOnly) {
+  const auto edge = [this] { return view.grab().toImage().pixelColor(0, 100); };
+  for (const auto reason : {Qt::MouseFocusReason, Qt::TabFocusReason}) {
+    QFocusEvent focus(QEvent::FocusIn, reason);
+    QApplication::sendEvent(&view, &focus);
+    EXPECT_EQ(edge() == QColor(Qt::white), reason == Qt::MouseFocusReason);
+  }
+  QFocusEvent gone(QEvent::FocusOut);
+  QApplication::sendEvent(&view, &gone);
+  EXPECT_EQ(edge(), QColor(Qt::white));
+}
+
+TEST_F(GraphViewTest, IsAChartToScreenReaders) {
+  QAccessibleInterface* chart = QAccessible::queryAccessibleInterface(&view);
+  ASSERT_NE(chart, nullptr);
+  EXPECT_EQ(chart->role(), QAccessible::Chart);
+  EXPECT_EQ(chart->text(QAccessible::Name), "Histogram");
+  EXPECT_EQ(chart->text(QAccessible::Description), "Two bars.");
+}
+
+}  // namespace
+}  // namespace tolmer
