@@ -44,25 +44,38 @@ std::string_view alignClass(Align align) {
 }
 
 // A cell; heads of columns stand in the first row, heads of rows in the first column.
-std::string cellHtml(const DisplayCell& cell, Align align, bool inFirstRow, bool inFirstColumn) {
+std::string cellHtml(const DisplayCell& cell, std::string_view look, bool inFirstRow,
+                     bool inFirstColumn) {
   const bool isHead = !cell.text.empty() && cell.isHeading() && (inFirstRow || inFirstColumn);
   std::string html = isHead ? "<th" : "<td";
   if (isHead) html += inFirstRow ? " scope=\"col\"" : " scope=\"row\"";
-  if (const auto name = cell.text.empty() ? "empty" : alignClass(align); !name.empty())
-    html += " class=\"" + std::string(name) + "\"";
+  if (!look.empty()) html += " class=\"" + std::string(look) + "\"";
   if (cell.isMarked()) html += " style=\"background:" + backName(cell.back) + "\"";
   return html + ">" + htmlText(cell.text) + (isHead ? "</th>" : "</td>");
+}
+
+// Rows between the parts of a table, and the key to its colours, stand on the page's ground.
+bool isLined(const std::vector<DisplayCell>& row) {
+  return std::any_of(row.begin(), row.end(), [](const DisplayCell& cell) {
+    return !cell.text.empty() && !cell.isMarked();
+  });
+}
+
+std::string rowHtml(const std::vector<DisplayCell>& row, const std::vector<DisplayCell>& alignedAs,
+                    bool isFirst) {
+  const bool lined = isLined(row);
+  std::string html = "<tr>";
+  for (std::size_t i = 0; i < row.size(); ++i)
+    html += cellHtml(row[i], lined || row[i].isMarked() ? alignClass(alignedAs[i].align) : "empty",
+                     isFirst, i == 0);
+  return html + "</tr>\n";
 }
 
 std::string tableHtml(const DisplayTable& table) {
   std::string html = "<div class=\"wide\"><table>\n";
   for (const auto& row : table.rows) {
     const bool isFirst = &row == &table.rows.front();
-    const auto& alignedAs = isFirst && table.rows.size() > 1 ? table.rows[1] : row;
-    html += "<tr>";
-    for (std::size_t i = 0; i < row.size(); ++i)
-      html += cellHtml(row[i], alignedAs[i].align, isFirst, i == 0);
-    html += "</tr>\n";
+    html += rowHtml(row, isFirst && table.rows.size() > 1 ? table.rows[1] : row, isFirst);
   }
   return html + "</table></div>\n";
 }
