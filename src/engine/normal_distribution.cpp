@@ -1,5 +1,6 @@
 #include "engine/normal_distribution.h"
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
@@ -24,7 +25,8 @@ double upperQuantile(double p, double q) {
   constexpr std::array<double, 9> coefficients = {
       1.570796288,     0.03706987906,   -0.8364353589e-3, -0.2250947176e-3, 0.6841218299e-5,
       0.5824238515e-5, -0.104527497e-5, 0.8360937017e-7,  -0.3231081277e-8};
-  const double y = -std::log(4 * q * (1 - q));
+  constexpr double lastRisingY = 11.734;  // beyond it the last terms turn the series down
+  const double y = std::min(-std::log(4 * q * (1 - q)), lastRisingY);
   double polynomial = 0;
   for (auto c = coefficients.rbegin(); c != coefficients.rend(); ++c)
     polynomial = polynomial * y + *c;

@@ -1,0 +1,217 @@
+#include "engine/least_squares.h"
+
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "engine/pipeline.h"
+#include "support/recorded_messages.h"
+#include "support/regression_data.h"
+
+namespace tolmer {
+namespace {
+
+// Columns as in the file, the last one the dependent variable.
+AnalysisState dataSet(const std::vector<std::vector<float>>& rows, bool intercept = true) {
+  AnalysisState state =
+      emptyModel(static_cast<int>(rows.size()), static_cast<int>(rows[0].size()) - 1, intercept);
+  for (int c = 1; c <= state.iNumCases; ++c)
+    for (int j = 1; j <= state.iNumCols; ++j) state.sData(c, j) = rows[c - 1][j - 1];
+  return state;
+}
+
+RecordedMessages analyse(AnalysisState& state) {
+  RecordedMessages messages;
+  ComputeStatistics(state, messages);
+  FitRegression(state, messages);
+  return messages;
+}
+
+void expectNear(const char* name, const std::vector<float>& values,
+                const std::vector<double>& expected, double relative) {
+  ASSERT_EQ(values.size(), expected.size() + 1) << name;
+  for (std::size_t i = 0; i < expected.size(); ++i)
+    EXPECT_NEAR(values[i + 1] / expected[i], 1, relative) << name << " " << i + 1;
+}
+
+// H. Woods, H. H. Steinour and H. R. Starke (1932), Industrial and Engineering Chemistry 24,
+// 1207-1214.
+AnalysisState cement() {
+  return dataSet({{7, 26, 6, 60, 78.5F},
+                  {1, 29, 15, 52, 74.3F},
+                  {11, 56, 8, 20, 104.3F},
+                  {11, 31, 8, 47, 87.6F},
+                  {7, 52, 6, 33, 95.9F},
+                  {11, 55, 9, 22, 109.2F},
+                  {3, 71, 17, 6, 102.7F},
+                  {1, 31, 22, 44, 72.5F},
+                  {2, 54, 18, 22, 93.1F},
+                  {21, 47, 4, 26, 115.9F},
+                  {1, 40, 23, 34, 83.8F},
+                  {11, 66, 9, 12, 113.3F},
+                  {10, 68, 8, 12, 109.4F}});
+}
+
+// R: m <- lm(Heat ~ ., hald); summary(m); pf(); sum(diff(resid(m))^2) / sum(resid(m)^2);
+// 1 / (1 - summary(lm(C3A ~ C3S + C4AF + C2S, hald))$r.squared) and so on.
+// Single precision of the coefficients of nearly collinear data leaves about five digits.
+TEST(MultipleRegression, AgreesWithRForCollinearData) {
+  AnalysisState state = cement();
+  EXPECT_TRUE(analyse(state).boxes.empty());
+  const Fit& fit = state.Fit;
+  expectNear("coefficients", fit.sCoef,
+             {62.405369299917773, 1.551102647508448, 0.510167579684915, 0.101909403579662,
+              -0.144061029071015},
+             2e-4);
+  expectNear("standard errors", fit.sCoefSE,
+             {70.070959208534617, 0.744769867130977, 0.723788001835163, 0.754709045051293,
+              0.709052063446493},
+             2e-6);
+  expectNear("t", fit.sCoefT,
+             {0.890602469336781, 2.082660316915946, 0.704857746178972, 0.135031379639469,
+              -0.203174120065001},
+             2e-4);
+  expectNear("p", fit.sCoefP,
+             {0.3991335633855527, 0.0708216874297197, 0.5009011034742773, 0.8959226905101036,
+              0.8440714732918841},
+             2e-4);
+  expectNear("VIF", state.sVIF,
+             {38.4962114906356, 254.423165850919, 46.8683863335737, 282.512864788569}, 1e-4);
+  EXPECT_NEAR(fit.sStdErr, 2.44600795559057, 1e-5);
+  EXPECT_NEAR(fit.sSSE, 47.863639350499, 1e-3);
+  EXPECT_NEAR(fit.sRSquared, 0.98237562040768, 1e-6);
+  EXPECT_FLOAT_EQ(fit.sR, std::sqrt(fit.sRSquared));
+  EXPECT_NEAR(fit.sF, 111.479171821261, 1e-2);
+  EXPECT_NEAR(fit.sFProb, 4.75618174559738e-07, 3e-8);
+  EXPECT_NEAR(fit.sDurbinWatson, 2.05259693286049, 1e-4);
+  EXPECT_NEAR(state.sCorr(1, 2), 0.730717471965077, 1e-7);
+}
+
+// K. A. Brownlee (1965), Statistical Theory and Methodology, 491-500. R: lm(StackLoss ~ . - 1)
+TEST(MultipleRegression, AgreesWithRWithoutAnIntercept) {
+  AnalysisState state = dataSet(
+      {{80, 27, 89, 42}, {80, 27, 88, 37}, {75, 25, 90, 37}, {62, 24, 87, 28}, {62, 22, 87, 18},
+       {62, 23, 87, 18}, {62, 24, 93, 19}, {62, 24, 93, 20}, {58, 23, 87, 15}, {58, 18, 80, 14},
+       {58, 18, 89, 14}, {58, 17, 88, 13}, {58, 18, 82, 11}, {58, 19, 93, 12}, {50, 18, 89, 8},
+       {50, 18, 86, 7},  {50, 19, 72, 8},  {50, 19, 79, 8},  {50, 20, 80, 9},  {56, 20, 82, 15},
+       {70, 20, 91, 15}},
+      false);
+  EXPECT_TRUE(analyse(state).boxes.empty());
+  const Fit& fit = state.Fit;
+  expectNear("coefficients", fit.sCoef, {0.79676520229442, 1.11142245907610, -0.62499326000319},
+             1e-5);
+  expectNear("standard errors", fit.sCoefSE,
+             {0.1662421764585374, 0.4560010449965826, 0.0847142170630575}, 1e-6);
+  expectNear("p", fit.sCoefP, {1.45669988536427e-04, 2.53994234614308e-02, 7.61325467182034e-07},
+             0.05);  // the tail areas are good to 3e-8
+  expectNear("VIF", state.sVIF, {2.90648362743051, 2.57263238031817, 1.33358746209765}, 1e-5);
+  EXPECT_NEAR(fit.sStdErr, 4.06398655821842, 1e-5);
+  EXPECT_NEAR(fit.sDurbinWatson, 1.52031241586552, 1e-5);
+  // About the mean also here: R's own R-squared (0.965) and F (166) are about zero.
+  EXPECT_NEAR(fit.sSST, 2069.238, 1e-3);
+  EXPECT_FLOAT_EQ(fit.sRSquared, fit.sSSR / fit.sSST);
+  EXPECT_NEAR(fit.sF, (fit.sSSR / 3) / (fit.sSSE / 18), 1e-3);
+}
+
+TEST(MultipleRegression, OnePredictorByHand) {
+  // (1, 2), (2, 3), (3, 5), (4, 4): slope 0.8, intercept 1.5, SSE 1.8
+  AnalysisState state = dataSet({{1, 2}, {2, 3}, {3, 5}, {4, 4}});
+  EXPECT_TRUE(analyse(state).boxes.empty());
+  EXPECT_FLOAT_EQ(state.Fit.sCoef[1], 1.5F);
+  EXPECT_FLOAT_EQ(state.Fit.sCoef[2], 0.8F);
+  EXPECT_FLOAT_EQ(state.Fit.sSSE, 1.8F);
+  EXPECT_FLOAT_EQ(state.Fit.sSST, 5);
+  EXPECT_FLOAT_EQ(state.Fit.sRSquared, 0.64F);
+  EXPECT_FLOAT_EQ(state.Fit.sF, 3.2F / 0.9F);
+  EXPECT_FLOAT_EQ(state.Fit.sCoefT[2] * state.Fit.sCoefT[2], state.Fit.sF);
+  EXPECT_NEAR(state.Fit.sCoefP[2], state.Fit.sFProb, 1e-7);
+  EXPECT_EQ(state.sVIF, (std::vector<float>{0, 0}));
+
+  AnalysisState throughZero = dataSet({{1, 2}, {2, 3}, {3, 5}, {4, 4}}, false);
+  analyse(throughZero);
+  EXPECT_FLOAT_EQ(throughZero.Fit.sCoef[1], 39.0F / 30);
+  EXPECT_EQ(throughZero.iNumTerms, 1);
+  EXPECT_GT(throughZero.Fit.sF, 0);
+}
+
+TEST(MultipleRegression, AnInterceptAloneHasNothingToTest) {
+  Matrix<float> data(4, 1);
+  for (int c = 1; c <= 4; ++c) {
+    data(c, 0) = 1;
+    data(c, 1) = static_cast<float>(c * c);
+  }
+  AnalysisState state;
+  state.iNumCases = 4;
+  RedimAnalysisArrays(state);
+  RedimFitArrays(state, 1);
+  RecordedMessages messages;
+  MultipleRegression(data, std::vector<Int16>{0, 0, 1}, 1, 4, state.Fit, true, messages);
+  EXPECT_TRUE(messages.boxes.empty());
+  EXPECT_FLOAT_EQ(state.Fit.sCoef[1], 7.5F);
+  EXPECT_NEAR(state.Fit.sSSR, 0, 1e-9);
+  EXPECT_EQ(state.Fit.sF, 999.999F);
+  EXPECT_TRUE(std::isnan(state.Fit.sFProb));
+}
+
+TEST(MultipleRegression, TheStepsFactorAndInvertTheCrossProducts) {
+  const AnalysisState state = noisyModel(30, 4);
+  const std::vector<Int16> columns = {0, 0, 1, 2, 3, 4, 5};
+  const Matrix<double> cross = CrossProducts(state.sData, columns, 30, 5);
+  EXPECT_EQ(cross(1, 1), 30);
+  Matrix<double> factor = cross;
+  bool singular = false;
+  RecordedMessages messages;
+  CholeskyFactor(factor, 5, singular, messages);
+  ASSERT_FALSE(singular);
+  for (int i = 1; i <= 6; ++i)
+    for (int j = i; j <= 6; ++j) {
+      double product = 0;
+      for (int m = 1; m <= i; ++m) product += factor(m, i) * factor(m, j);
+      EXPECT_NEAR(product / cross(i, j), 1, 1e-12) << i << "," << j;
+    }
+  Matrix<float> inverse(6, 6);
+  InvertTriangular(factor, 5, inverse);
+  for (int i = 1; i <= 5; ++i)
+    for (int j = i; j <= 5; ++j) {
+      double product = 0;
+      for (int m = i; m <= j; ++m) product += factor(i, m) * inverse(m, j);
+      EXPECT_NEAR(product, i == j ? 1 : 0, 1e-4) << i << "," << j;
+    }
+}
+
+TEST(MultipleRegression, AFitThatFailsLeavesTheRecordButClearsItsOwnFlag) {
+  AnalysisState state = cement();
+  analyse(state);
+  const Fit before = state.Fit;
+  Matrix<float> twins = state.sData;
+  for (int c = 1; c <= 13; ++c) twins(c, 2) = twins(c, 1);
+  RecordedMessages messages;
+  MultipleRegression(twins, state.iTermCol, 5, 13, state.Fit, true, messages);
+  EXPECT_TRUE(state.Fit.bSingular);
+  ASSERT_EQ(messages.boxes.size(), 1U);
+  EXPECT_EQ(messages.boxes[0].icon, MessageIcon::critical);
+  EXPECT_EQ(messages.boxes[0].title, "");
+  state.Fit.bSingular = false;
+  EXPECT_EQ(state.Fit, before);
+
+  state.Fit.bSingular = true;
+  MultipleRegression(state.sData, state.iTermCol, 5, 13, state.Fit, true, messages);
+  EXPECT_FALSE(state.Fit.bSingular);
+  EXPECT_EQ(messages.boxes.size(), 1U);
+}
+
+TEST(MultipleRegression, AStandardErrorOfZeroIsReportedAndLeavesTAndP) {
+  AnalysisState state = cement();
+  analyse(state);
+  Fit fit = state.Fit;
+  fit.sStdErr = 0;
+  RecordedMessages messages;
+  VarCovStats(fit, 13, 5, messages);
+  EXPECT_EQ(messages.texts(), std::vector<std::string>(5, "Zero standard error in VarCovStats."));
+  EXPECT_EQ(messages.boxes[0].icon, MessageIcon::critical);
+  EXPECT_EQ(fit.sCoefT, state.Fit.sCoefT);
+  EXPECT_EQ(fit.sCoefP, state.Fit.sCoefP);
+}
+
+}  // namespace
+}  // namespace tolmer
