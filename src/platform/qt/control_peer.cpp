@@ -34,9 +34,16 @@ void setAll(QPalette& palette, std::initializer_list<QPalette::ColorRole> roles,
 }  // namespace
 
 ControlPeer::ControlPeer(Mirror& mirror, Control& control, QWidget* ground)
-    : mirror_(mirror), control_(control), ground_(ground) {}
+    : mirror_(mirror),
+      control_(control),
+      ground_(ground),
+      connections_(std::make_unique<QObject>()) {}
 
-ControlPeer::~ControlPeer() { drop(); }
+ControlPeer::~ControlPeer() {
+  // The slots belong to a class whose part of this object is gone already.
+  connections_.reset();
+  drop();
+}
 
 QWidget* ControlPeer::widgetOf(const Control& control) {
   const Peer* peer = control.peer();
@@ -52,6 +59,7 @@ void ControlPeer::changed(Change what) {
 
 void ControlPeer::build() {
   widget_ = create(ground_);
+  widget_->setObjectName(toQt(control_.name()));
   watch();
   push(Change::all);
   takePlaceAmongSiblings(control_);

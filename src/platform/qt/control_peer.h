@@ -4,6 +4,7 @@
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
+#include <memory>
 #include <utility>
 
 #include "platform/control.h"
@@ -51,7 +52,7 @@ class ControlPeer : public Peer {
   // Connects for as long as the peer lives.
   template <class Sender, class Signal, class Slot>
   void on(Sender* sender, Signal signal, Slot slot) {
-    QObject::connect(sender, signal, &connections_, std::move(slot));
+    QObject::connect(sender, signal, connections_.get(), std::move(slot));
   }
 
   Mirror& mirror_;
@@ -65,7 +66,7 @@ class ControlPeer : public Peer {
   Control& control_;
   QPointer<QWidget> ground_;
   QPointer<QWidget> widget_;
-  QObject connections_;
+  std::unique_ptr<QObject> connections_;
   int busy_ = 0;
   bool hasOwnLook_ = false;
 };

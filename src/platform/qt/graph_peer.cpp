@@ -9,6 +9,12 @@ class GraphPeer : public ControlPeer {
  public:
   GraphPeer(Mirror& mirror, Graph& graph, QWidget* ground)
       : ControlPeer(mirror, graph, ground), graph_(graph) {}
+  ~GraphPeer() override {
+    // The view may still be in the middle of the event that unloaded the model.
+    if (view_) view_->enter = [](const std::function<void()>&) {};
+  }
+  GraphPeer(const GraphPeer&) = delete;
+  GraphPeer& operator=(const GraphPeer&) = delete;
 
  private:
   QWidget* create(QWidget* ground) override {
@@ -17,10 +23,10 @@ class GraphPeer : public ControlPeer {
     return view_;
   }
   void update(Change what) override { view_->refresh(what); }
-  void applyLook() override {}  // the picture has its own fonts and colours
+  void applyLook() override {}  // the picture has fonts and colours of its own
 
   Graph& graph_;
-  GraphView* view_ = nullptr;
+  QPointer<GraphView> view_;
 };
 
 }  // namespace

@@ -5,6 +5,7 @@
 #include "platform/combo_box.h"
 #include "platform/frame.h"
 #include "platform/graph/graph.h"
+#include "platform/grid/grid.h"
 #include "platform/image.h"
 #include "platform/label.h"
 #include "platform/number_box.h"
@@ -47,8 +48,9 @@ PeerPointer makePeer(Mirror& mirror, Control& control, QWidget* ground) {
       return makeNumberBoxPeer(mirror, static_cast<NumberBox&>(control), ground);
     case ControlKind::graph:
       return makeGraphPeer(mirror, static_cast<Graph&>(control), ground);
-    case ControlKind::window:  // windows are not in containers
     case ControlKind::grid:
+      return makeGridPeer(mirror, static_cast<Grid&>(control), ground);
+    case ControlKind::window:  // windows are not in containers
       break;
   }
   return nullptr;

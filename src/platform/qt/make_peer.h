@@ -33,6 +33,7 @@ PeerPointer makeCheckBoxPeer(Mirror& mirror, CheckBox& box, QWidget* ground);
 PeerPointer makeComboBoxPeer(Mirror& mirror, ComboBox& box, QWidget* ground);
 PeerPointer makeFramePeer(Mirror& mirror, Frame& frame, QWidget* ground);
 PeerPointer makeGraphPeer(Mirror& mirror, Graph& graph, QWidget* ground);
+PeerPointer makeGridPeer(Mirror& mirror, Grid& grid, QWidget* ground);
 PeerPointer makeImagePeer(Mirror& mirror, Image& image, QWidget* ground);
 PeerPointer makeLabelPeer(Mirror& mirror, Label& label, QWidget* ground);
 PeerPointer makeNumberBoxPeer(Mirror& mirror, NumberBox& box, QWidget* ground);
