@@ -1,0 +1,256 @@
+// What goes with a fit: the description of the variables before it, the residuals after it, and
+// the model in words.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cmath>
+
+#include "engine/correlation.h"
+#include "engine/fitted_equation.h"
+#include "engine/pipeline.h"
+#include "engine/residual_statistics.h"
+#include "engine/summary_statistics.h"
+#include "engine/variance_inflation.h"
+#include "support/recorded_messages.h"
+#include "support/regression_data.h"
+
+namespace tolmer {
+namespace {
+
+using testing::ElementsAre;
+
+// One predictor and the dependent variable, which is the case number.
+AnalysisState onePredictor(const std::vector<float>& values) {
+  AnalysisState state = emptyModel(static_cast<int>(values.size()), 1);
+  for (int c = 1; c <= state.iNumCases; ++c) {
+    state.sData(c, 1) = values[c - 1];
+    state.sData(c, 2) = static_cast<float>(c);
+  }
+  return state;
+}
+
+TEST(SummaryStats, DividesBySampleSizeAndTakesTheVariablesInModelOrder) {
+  AnalysisState state = onePredictor({2, 4, 4, 4, 5, 5, 7, 9});
+  RecordedMessages messages;
+  SummaryStats(state, messages);
+  EXPECT_EQ(state.dDescStat(1, 2), 5);
+  EXPECT_EQ(state.dDescStat(2, 2), 2);
+  EXPECT_EQ(state.dDescStat(3, 2), 2);
+  EXPECT_EQ(state.dDescStat(4, 2), 9);
+  EXPECT_EQ(state.dDescStat(1, 1), 4.5);
+  EXPECT_EQ(state.tVarFormat[2], "###,###,###,###,##0");
+  EXPECT_TRUE(messages.boxes.empty());
+}
+
+TEST(SummaryStats, ReportsEachVariableWithoutRange) {
+  AnalysisState state = onePredictor({7, 7, 7});
+  RecordedMessages messages;
+  SummaryStats(state, messages);
+  ASSERT_THAT(messages.texts(), ElementsAre("Zero range for X1. Check data."));
+  EXPECT_EQ(messages.boxes[0].title, "Error in Summary Stats");
+  EXPECT_EQ(messages.boxes[0].icon, MessageIcon::exclamation);
+  EXPECT_EQ(messages.boxes[0].buttons, MessageButtons::ok);
+  EXPECT_EQ(state.dDescStat(2, 2), 0);
+}
+
+TEST(SummaryStats, TheSearchForTheRangeStartsAtABillion) {
+  AnalysisState state = onePredictor({2e30F, 1e30F, 3e30F});
+  RecordedMessages messages;
+  SummaryStats(state, messages);
+  EXPECT_EQ(state.dDescStat(3, 2), 999999999);
+  EXPECT_EQ(state.dDescStat(4, 2), double{3e30F});
+  EXPECT_TRUE(messages.boxes.empty());
+}
+
+TEST(ClassifyVariables, KnowsWholeNumbersFractionsAndDummies) {
+  const auto kind = [](const std::vector<float>& values) {
+    AnalysisState state = onePredictor(values);
+    RecordedMessages messages;
+    SummaryStats(state, messages);
+    ClassifyVariables(state);
+    return state.iVarType[2];
+  };
+  EXPECT_EQ(kind({0, 1, 1, 0}), dummyVariable);
+  EXPECT_EQ(kind({4, 5, 4, 4}), dummyVariable);
+  EXPECT_EQ(kind({-1, 0, -1, 0}), dummyVariable);
+  EXPECT_EQ(kind({0, 1, 2, 0}), wholeNumbers);
+  EXPECT_EQ(kind({3, 3, 3, 3}), wholeNumbers);
+  EXPECT_EQ(kind({-4, 1e30F, 7, 0}), wholeNumbers);
+  EXPECT_EQ(kind({0, 1, 0.5F, 1}), hasFractions);
+  EXPECT_EQ(kind({-1.5F, -0.5F, 1, 1}), hasFractions);
+}
+
+TEST(SmallHelpers, TieBreaks) {
+  EXPECT_EQ(SngMax(1, 2), 2);
+  EXPECT_EQ(SngMin(1, 2), 1);
+  EXPECT_TRUE(std::signbit(SngMax(0.0F, -0.0F)));  // the second of equals
+  EXPECT_TRUE(std::signbit(SngMin(0.0F, -0.0F)));
+  EXPECT_EQ(IndexOfLargest(std::vector<float>{99, 1, 3, 3, 2}), 2);
+  EXPECT_EQ(IndexOfLargest(std::vector<float>{99, -5}), 1);
+}
+
+TEST(Correlation, AgreesWithTheMatrixAndIsUndefinedWithoutSpread) {
+  AnalysisState state = noisyModel(50, 3);
+  RecordedMessages messages;
+  SummaryStats(state, messages);
+  CorrelationMatrix(state);
+  const auto column = [&](int j) {
+    std::vector<float> values(51);
+    for (int c = 1; c <= 50; ++c) values[c] = state.sData(c, state.iModelCol[j]);
+    return values;
+  };
+  for (int i = 1; i <= 4; ++i)
+    for (int j = 1; j <= 4; ++j) {
+      EXPECT_FLOAT_EQ(state.sCorr(i, j), Correlation(column(i), column(j), 50));
+      EXPECT_EQ(state.sCorr(i, j), state.sCorr(j, i));
+    }
+  EXPECT_EQ(state.sCorr(2, 2), 1);
+  const std::vector<float> flat(51, 3);
+  EXPECT_TRUE(std::isnan(Correlation(column(1), flat, 50)));
+  EXPECT_TRUE(std::isnan(Correlation(flat, flat, 50)));
+}
+
+TEST(ComputeVIFs, UsesAnInterceptEvenWhereTheModelHasNone) {
+  RecordedMessages messages;
+  AnalysisState with = noisyModel(40, 3, true);
+  AnalysisState without = noisyModel(40, 3, false);
+  ComputeVIFs(with, messages);
+  ComputeVIFs(without, messages);
+  EXPECT_EQ(with.sVIF, without.sVIF);
+  EXPECT_GT(*std::min_element(with.sVIF.begin() + 1, with.sVIF.end()), 1);
+  EXPECT_TRUE(messages.boxes.empty());
+}
+
+TEST(ComputeVIFs, AnRSquaredThatRoundsToOneIsAlmostAThousand) {
+  // The predictors differ by less than R-squared shows; the two R-squareds round to either side.
+  AnalysisState state = noisyModel(40, 2);
+  for (int c = 1; c <= 40; ++c) {
+    state.sData(c, 1) = static_cast<float>(1000 * c);
+    state.sData(c, 2) = static_cast<float>(1000 * c + (c % 3 == 0 ? 1 : 0));
+  }
+  RecordedMessages messages;
+  ComputeVIFs(state, messages);
+  EXPECT_EQ(state.sVIF[1], 999.9990234375F);
+  EXPECT_EQ(state.sVIF[2], 16777216);  // 1 / (1 - the single before 1)
+  EXPECT_TRUE(messages.boxes.empty());
+}
+
+// A state after a fit with these residuals, in case order.
+AnalysisState withResiduals(const std::vector<float>& residuals) {
+  AnalysisState state = emptyModel(static_cast<int>(residuals.size()), 1);
+  std::copy(residuals.begin(), residuals.end(), state.Fit.sResid.begin() + 1);
+  return state;
+}
+
+TEST(Residuals, DurbinWatsonTakesThemInCaseOrder) {
+  AnalysisState state = withResiduals({1, -1, 2, -2});
+  state.Fit.sSSE = 10;
+  DurbinWatson(state);
+  EXPECT_FLOAT_EQ(state.Fit.sDurbinWatson, (4 + 9 + 16) / 10.0F);
+}
+
+TEST(Residuals, SortingLeavesThemInCaseOrderInTheFit) {
+  for (const int n : {1, 2, 3, 7, 100}) {
+    SteadyNoise noise(static_cast<std::uint64_t>(n));
+    std::vector<float> values;
+    for (int i = 0; i < n; ++i) values.push_back(static_cast<float>(std::floor(noise() * 40)));
+    AnalysisState state = withResiduals(values);
+    SortResiduals(state);
+    EXPECT_TRUE(std::equal(values.begin(), values.end(), state.Fit.sResid.begin() + 1));
+    std::sort(values.begin(), values.end());
+    EXPECT_TRUE(std::equal(values.begin(), values.end(), state.sSortedResid.begin() + 1)) << n;
+  }
+}
+
+TEST(Residuals, TheNumberOfClassesGrowsWithTheLogarithm) {
+  for (const auto& [n, classes] : std::initializer_list<std::pair<int, int>>{
+           {1, 4}, {3, 4}, {5, 4}, {11, 4}, {12, 5}, {16, 5}, {23, 6}, {500, 10}, {32767, 16}}) {
+    AnalysisState state = withResiduals(std::vector<float>(static_cast<std::size_t>(n)));
+    SortResiduals(state);
+    SetResidClasses(state);
+    EXPECT_EQ(state.iNumResidClasses, classes) << n;
+  }
+}
+
+TEST(Residuals, ClassesAreClosedBelowAndHoldTheLargest) {
+  AnalysisState state = withResiduals({-2, -1, 0, 1, 2});
+  RecordedMessages messages;
+  SortResiduals(state);
+  SetResidClasses(state);
+  FreqTallyDec(state, messages);
+  EXPECT_EQ(state.iNumResidClasses, 4);
+  EXPECT_EQ(state.sResidClassLimit[1], -2);
+  EXPECT_EQ(state.sResidClassLimit[4], 1);
+  EXPECT_EQ(state.sResidClassLimit[5], static_cast<float>(-2 + 4 * 1.0001));
+  EXPECT_EQ(std::vector<Int16>(state.iResidClassCount.begin(), state.iResidClassCount.begin() + 6),
+            (std::vector<Int16>{0, 1, 1, 1, 2, 0}));
+  EXPECT_EQ(state.iResidOutside, 0);
+  EXPECT_TRUE(messages.boxes.empty());
+}
+
+TEST(Residuals, ThoseOutsideAllClassesAreReported) {
+  AnalysisState equal = withResiduals({0, 0, 0});
+  RecordedMessages messages;
+  SortResiduals(equal);
+  SetResidClasses(equal);
+  FreqTallyDec(equal, messages);
+  EXPECT_EQ(equal.iResidOutside, 3);
+
+  AnalysisState one = withResiduals({0, 1, 2, 9});
+  SortResiduals(one);
+  SetResidClasses(one);
+  one.sResidClassLimit[5] = 9;
+  FreqTallyDec(one, messages);
+  FreqTallyDec(one, messages);  // counts from the start each time
+  EXPECT_THAT(
+      messages.texts(),
+      ElementsAre("Warning: 3 residuals lie outside the histogram classes in FreqTallyDec.",
+                  "Warning: One residual lies outside the histogram classes in FreqTallyDec.",
+                  "Warning: One residual lies outside the histogram classes in FreqTallyDec."));
+  EXPECT_EQ(messages.boxes[0].icon, MessageIcon::exclamation);
+  EXPECT_EQ(messages.boxes[0].title, "");
+}
+
+TEST(Residuals, StandardisedClassesAreUnitStepsAndThreeCountsAsOutside) {
+  AnalysisState state = withResiduals({-99, -6.1F, -6, -4, -0.1F, 0, 1.9F, 2, 5.9F, 6, 1e30F});
+  state.Fit.sStdErr = 2;
+  SortResiduals(state);
+  TallyStdResids(state);
+  EXPECT_THAT(state.iStdResidClassCount, ElementsAre(0, 2, 1, 1, 1, 2, 1, 1, 2, 0));
+  EXPECT_EQ(state.iStdResidOutside, 4);
+
+  state.Fit.sStdErr = 0;
+  TallyStdResids(state);
+  EXPECT_THAT(state.iStdResidClassCount, testing::Each(0));
+  EXPECT_EQ(state.iStdResidOutside, 0);
+}
+
+TEST(FittedEquation, WritesEachTermWithItsSignAndPicture) {
+  AnalysisState state = emptyModel(10, 3);
+  state.iNumTerms = 4;
+  state.iTermCol = {0, 0, 1, 2, 3, 4};
+  state.Fit.sCoef = {0, 12.3456F, -0.5F, 0, 1234.5F};
+  EXPECT_EQ(fittedEquation(state), "Y = 12.35 - 0.5000 X1 - 0 X2 + 1,235 X3. ");
+  state.Fit.sCoef[1] = -0.00012345F;
+  EXPECT_EQ(fittedEquation(state), "Y =  - .000123 - 0.5000 X1 - 0 X2 + 1,235 X3. ");
+
+  state.bUseIntercept = false;
+  state.iNumTerms = 3;
+  state.iTermCol = {0, 1, 2, 3, 4};
+  state.Fit.sCoef = {0, -2, 0.125F, 3e9F};
+  EXPECT_EQ(fittedEquation(state), "Y =  - 2.000 X1 + 0.1250 X2 + ******** X3. ");
+}
+
+TEST(FitRegression, CountsItsRuns) {
+  AnalysisState state = noisyModel(3, 1);
+  RecordedMessages messages;
+  ComputeStatistics(state, messages);
+  FitRegression(state, messages);
+  FitRegression(state, messages);
+  EXPECT_EQ(state.iCompletedFits, 2);
+  EXPECT_TRUE(messages.boxes.empty());
+}
+
+}  // namespace
+}  // namespace tolmer
