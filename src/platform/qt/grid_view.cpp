@@ -227,21 +227,24 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   const bool isMenuKey = event->key() == Qt::Key_Menu ||
                          (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
   if (isMenuKey) return raiseMouseUp(MouseButton::right);
+  const bool isTable = grid_.selectionMode() == SelectionMode::none;
+  const QPointer<GridView> alive(this);
   bool taken = false;
   enter([&] { taken = grid_.pressKey(toKeyPress(*event)); });
-  if (taken || (grid_.selectionMode() == SelectionMode::none && scrollByKey(event->key()))) return;
-  QAbstractScrollArea::keyPressEvent(event);
+  if (!alive) return;
+  // The first cell may be a frozen one, which is on the screen always: the rest comes back too.
+  const bool toFirst = event->key() == Qt::Key_Home && event->modifiers() == Qt::ControlModifier;
+  if (isTable || toFirst) taken = scrollByKey(event->key()) || taken;
+  if (!taken) QAbstractScrollArea::keyPressEvent(event);
 }
 
 // The arrows and Page keys scroll by themselves.
 bool GridView::scrollByKey(int key) {
   QScrollBar& down = *verticalScrollBar();
-  if (key == Qt::Key_Home)
-    down.setValue(down.minimum());
-  else if (key == Qt::Key_End)
-    down.setValue(down.maximum());
-  else
-    return false;
+  QScrollBar& across = *horizontalScrollBar();
+  if (key != Qt::Key_Home && key != Qt::Key_End) return false;
+  across.setValue(across.minimum());
+  down.setValue(key == Qt::Key_Home ? down.minimum() : down.maximum());
   return true;
 }
 
