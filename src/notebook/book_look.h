@@ -10,7 +10,8 @@
 
 namespace tolmer::book_look {
 
-inline constexpr Colour paper = Colour::rgb(255, 253, 248);
+inline constexpr Colour paper = colours::white;
+inline constexpr Colour linkInk = colours::buttonText;  // the front end shows links in its own blue
 inline constexpr Colour ink = Colour::rgb(33, 37, 41);
 inline constexpr Colour headingInk = Colour::rgb(38, 62, 92);  // the blue of the program's icon
 inline constexpr Colour quietInk = Colour::rgb(106, 115, 125);

@@ -1,9 +1,6 @@
 #include "notebook/notebook_window.h"
 
-#include <algorithm>
-
 #include "base/paths.h"
-#include "base/text_encoding.h"
 #include "notebook/book_look.h"
 #include "notebook/sample_only.h"
 #include "platform/desktop.h"
@@ -79,8 +76,8 @@ void frmNotebook::dressControls() {
   dress(lblPageHeader(0), pageHeaderFont, quietInk, Align::left);
   dress(lblPageHeader(1), pageHeaderFont, quietInk, Align::left);
   dress(lblProductName, {FontFamily::serif, 14, true}, quietInk, Align::centre);
-  dress(lblPreviousPage, textFont, headingInk, Align::left);
-  dress(lblNextPage, textFont, headingInk, Align::right);
+  dress(lblPreviousPage, textFont, linkInk, Align::left);
+  dress(lblNextPage, textFont, linkInk, Align::right);
   lblPreviousPage.setIsLink(true);
   lblNextPage.setIsLink(true);
   for (int i = 0; i < 2; ++i)

@@ -121,7 +121,7 @@ void PageElements::ShowHeadingElement(const std::string& heading) {
 
 void PageElements::ShowJumpElement(const JumpElement& jump) {
   if (++used_.jump > lblContentsEntry.last()) {
-    loadLabel(lblContentsEntry, textFont, headingInk);
+    loadLabel(lblContentsEntry, textFont, linkInk);
     jumps_.emplace_back();
     Label& entry = lblContentsEntry(used_.jump);
     entry.setIsLink(true);
@@ -200,9 +200,12 @@ void PageElements::ShowVersionElement(const ValueElement& version) {
   const Twips captionLeft = edit.width() + edit.left() + 100;
   const Twips captionWidth = page_.width() - captionLeft - rightMargin;
   caption.setCaption(version.tCaption);
-  caption.setPlace({captionLeft, nextControlTop_, captionWidth, versionSize.height});
+  // one line stands in the middle of the edit's height, more begin at its top
+  caption.setWordWrap(widthOf(caption.font(), version.tCaption) > captionWidth);
+  const Twips height = heightOf(caption.font(), version.tCaption, captionWidth);
+  caption.setPlace({captionLeft, nextControlTop_, captionWidth, std::max(height, edit.height())});
   caption.setVisible(true);
-  UpdateNextControlTop(edit);
+  UpdateNextControlTop(caption);
 }
 
 void PageElements::ShowSpace() { nextControlTop_ += space; }

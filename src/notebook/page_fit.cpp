@@ -20,6 +20,7 @@ class TrialPage {
   }
 
   void lay(const PageElement& element) {
+    if (element.iKind == ElementKind::check) checkCaption(book_.uCheck[element.iIndex]);
     if (elements_.show(book_, element, programFolder_)) return measureBottom();
     if (element.iKind == ElementKind::scenario)
       layScenarios(book_.uScenarioElement[element.iIndex]);
@@ -46,6 +47,15 @@ class TrialPage {
       if (book_look::heightOf(name.font(), name.caption(), name.width()) > name.height())
         found_.push_back("the scenario's name \"" + name.caption() + "\" is too long");
     }
+  }
+
+  // A check's caption stands on one line, beside its box.
+  void checkCaption(const ValueElement& check) {
+    constexpr Twips box = pixels(22);
+    const Font& font =
+        check.iEmphasisStyle == EmphasisStyle::bold ? book_look::boldFont : book_look::textFont;
+    if (book_look::widthOf(font, check.tCaption) + box > page_.width() - pixels(54))
+      found_.push_back("the caption \"" + check.tCaption + "\" is too long");
   }
 
   // Where the last of the visible controls ends.

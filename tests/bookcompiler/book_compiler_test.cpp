@@ -235,6 +235,26 @@ TEST_F(BookCompiler, readsTheDataSetsAsTheProgramWill) {
   for (const auto& one : cases) EXPECT_THAT(with(one.values), HasSubstr(one.complaint));
 }
 
+TEST_F(BookCompiler, warnsOfWhatDoesNotFitOnItsPage) {
+  std::string lines = minimal;
+  for (int i = 0; i < 17; ++i) lines += "text: One line of text.\n";
+  EXPECT_THAT(complaints(lines), IsEmpty());
+  for (int i = 0; i < 4; ++i) lines += "text: One line of text.\n";
+  const auto result = compileBook(lines, folders);
+  EXPECT_FALSE(result.hasErrors);
+  ASSERT_EQ(result.complaints.size(), 1U);
+  EXPECT_TRUE(result.complaints[0].isWarning);
+  EXPECT_EQ(result.complaints[0].line, 6) << "where the page begins";
+  EXPECT_THAT(result.complaints[0].text, HasSubstr("pixels too low"));
+
+  std::string longName;
+  for (int i = 0; i < 40; ++i) longName += "long ";
+  EXPECT_THAT(complaints(minimal + "check 0: " + longName + "\n"), HasSubstr("is too long"));
+  std::string list = head + "section: S\npage: scenario\nscenarios:\n";
+  for (int i = 0; i < 4; ++i) list += "scenario: " + longName + "\n" + parameters;
+  EXPECT_THAT(complaints(list), HasSubstr("6: the scenario's name"));
+}
+
 TEST_F(BookCompiler, isAProgramWithThreeExitStatuses) {
   put("s.txt", minimal);
   put("bad.txt", minimal + "foo: x\n");
