@@ -19,6 +19,8 @@ struct Widths {
   int decimals = 0;  // D
 };
 
+constexpr int mostLeftDigits = 39;  // of a single
+
 // Int(log10(a)), kept within what a single can have where a is zero, infinite or undefined.
 int decimalExponent(double a) {
   if (!(a > 0)) return -46;
@@ -28,7 +30,11 @@ int decimalExponent(double a) {
 // Int(log10(a)) + 1 for a of at least 1, else 1; counted, since columns are long.
 int leftDigits(double a) {
   int digits = 1;
-  for (double bound = 10; a >= bound && digits < 39; bound *= 10) ++digits;
+  double bound = 10;
+  while (a >= bound && digits < mostLeftDigits) {
+    bound *= 10;
+    ++digits;
+  }
   return digits;
 }
 

@@ -13,7 +13,11 @@ std::optional<SevenDigits> sevenDigits(float a) {
   constexpr std::array<double, 10> tenfold = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
   if (!(a >= 0.001F && a < 1e7F)) return std::nullopt;
   SevenDigits digits{.places = 9};
-  for (double bound = 0.01; a >= bound; bound *= 10) --digits.places;
+  double bound = 0.01;
+  while (a >= bound) {
+    bound *= 10;
+    --digits.places;
+  }
   // Below 10^7 and a hundred millionth off at most.
   const double scaled = a * tenfold[digits.places];
   digits.number = static_cast<std::int64_t>(scaled);
