@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "data/designer.h"
+#include "data/designer_look.h"
 #include "platform/desktop.h"
 #include "platform/text_metrics.h"
 
@@ -12,14 +13,14 @@ namespace {
 constexpr int leastListRows = 13;
 constexpr int leastDefinitionRows = 5;
 constexpr Twips numberColumnWidth = 1000;
-constexpr Twips listRowHeight = pixels(20);
 
 std::string columnText(int col) { return "Col " + std::to_string(col); }
 
 // Two columns, number and name, of equal height; the name takes what the scroll bar leaves.
 void shapeList(Grid& list, int rows, Twips barThickness) {
   list.setSize(rows, 2);
-  for (int row = 1; row <= rows; ++row) list.setRowHeight(row, listRowHeight);
+  const Twips height = designer_look::rowHeightToFill(list.height());
+  for (int row = 1; row <= rows; ++row) list.setRowHeight(row, height);
   list.setColWidth(1, numberColumnWidth);
   const Twips lines = pixels(3);
   list.setColWidth(2, std::max(list.width() - numberColumnWidth - barThickness - lines, 0.0F));
@@ -71,7 +72,7 @@ void frmModelDesign::DisplayVarDefs() {
     const bool isVariable = row <= copy_.miNumCols;
     spdVarDefs.setText(row, 1, isVariable ? copy_.otColName(row) : std::string());
     spdVarDefs.setText(row, 2, isVariable ? copy_.otVarInfo(row) : std::string());
-    spdVarDefs.setRowHeight(row, listRowHeight);
+    spdVarDefs.setRowHeight(row, designer_look::rowHeight);
   }
   const auto threeBlanks = static_cast<float>(std::ceil(textWidth(spdVarDefs.font(), "   ")));
   spdVarDefs.setColWidth(1, spdVarDefs.widestText(1) + pixels(threeBlanks));

@@ -1,7 +1,9 @@
 // Places, tips and spoken names of the designer's controls.
 #include <algorithm>
+#include <cmath>
 
 #include "data/designer.h"
+#include "data/designer_look.h"
 #include "platform/desktop.h"
 
 namespace tolmer {
@@ -15,11 +17,11 @@ constexpr Twips usualHeightWithoutInfo = 4000;
 constexpr Twips startingGapRight = 100;
 constexpr Twips startingGapBelow = 800;
 
-constexpr Twips panelWidth = pixels(640);
+constexpr Twips panelWidth = pixels(720);
 constexpr Twips gap = pixels(8);
 constexpr Twips underTitle = pixels(20);  // where the inside of a frame begins
 constexpr Twips buttonHeight = pixels(26);
-constexpr Twips listWidth = pixels(200);
+constexpr Twips listWidth = pixels(216);
 constexpr Twips arrowWidth = pixels(84);
 constexpr Twips commandWidth = pixels(92);
 constexpr Twips arrowLeft = gap + listWidth + gap;
@@ -29,8 +31,8 @@ constexpr Twips includedWidth = commandLeft - gap - includedLeft;
 constexpr Twips depVarHeight = pixels(56);
 constexpr Twips framesTop = pixels(6);
 constexpr Twips checkHeight = pixels(23);
-constexpr Twips definitionsWidth = pixels(372);
-constexpr Twips chosenWidth = pixels(150);
+constexpr Twips definitionsWidth = pixels(452);
+constexpr Twips chosenWidth = pixels(170);
 
 // The blue of the screen behind the program while it starts.
 constexpr Colour ground = Colour::rgb(38, 62, 92);
@@ -38,6 +40,13 @@ constexpr Colour ground = Colour::rgb(38, 62, 92);
 // Inside a frame of that size, below its title.
 Rect insideOf(const Frame& frame) {
   return {gap, underTitle, frame.width() - 2 * gap, frame.height() - underTitle - gap};
+}
+
+// The part of a place that whole rows of a list fill, so that none is cut off.
+Rect filledByRows(const Rect& place) {
+  const Twips step = designer_look::rowHeightToFill(place.height) + twipsPerPixel;
+  const Twips rows = std::floor((place.height - twipsPerPixel) / step);
+  return {place.left, place.top, place.width, rows * step + twipsPerPixel};
 }
 
 void speak(Control& control, const char* name, const char* tip) {
@@ -112,7 +121,7 @@ void frmModelDesign::layOut(Twips upperHeight, Twips height) {
 
 void frmModelDesign::placeLists(Twips height) {
   fraVarList.setPlace({gap, framesTop, listWidth, height});
-  spdVarList.setPlace(insideOf(fraVarList));
+  spdVarList.setPlace(filledByRows(insideOf(fraVarList)));
   fraIncluded.setPlace({includedLeft, framesTop, includedWidth, height});
   const Twips inside = includedWidth - 2 * gap;
   fraDepVar.setPlace({gap, underTitle, inside, depVarHeight});
@@ -120,7 +129,7 @@ void frmModelDesign::placeLists(Twips height) {
   const Twips indepTop = fraDepVar.bottom() + gap / 2;
   const Twips checkTop = height - gap / 2 - checkHeight;
   fraIndepVars.setPlace({gap, indepTop, inside, checkTop - gap / 2 - indepTop});
-  spdIndepVars.setPlace(insideOf(fraIndepVars));
+  spdIndepVars.setPlace(filledByRows(insideOf(fraIndepVars)));
   chkUseIntercept.setPlace({gap, checkTop, inside, checkHeight});
 }
 
