@@ -14,9 +14,9 @@ class IndexedArray {
   using ConstReference = typename std::vector<Value>::const_reference;
 
   // Elements 0..last, all of them empty; what they held is lost.
-  void redim(int last) { values_.assign(static_cast<std::size_t>(last + 1), Value{}); }
+  void redim(int last) { values_.assign(static_cast<std::size_t>(last) + 1, Value{}); }
   // The same, but elements up to the new bound keep what they hold.
-  void redimPreserve(int last) { values_.resize(static_cast<std::size_t>(last + 1)); }
+  void redimPreserve(int last) { values_.resize(static_cast<std::size_t>(last) + 1); }
   int last() const { return static_cast<int>(values_.size()) - 1; }  // -1 while empty
 
   Reference operator()(int index) { return values_[static_cast<std::size_t>(index)]; }

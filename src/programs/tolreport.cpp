@@ -3,6 +3,7 @@
 
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <exception>
 #include <string>
@@ -39,8 +40,9 @@ bool write(std::FILE* stream, const std::string& text) {
 }
 
 int run(const std::vector<std::string>& words) {
-  const tolmer::ReportSurroundings around{folderOfThisProgram(), today(),
-                                          ::isatty(STDOUT_FILENO) == 1};
+  // no-color.org: the variable, whatever its value, asks for plain text.
+  const bool coloured = ::isatty(STDOUT_FILENO) == 1 && !std::getenv("NO_COLOR");
+  const tolmer::ReportSurroundings around{folderOfThisProgram(), today(), coloured};
   const tolmer::ReportOutcome outcome = tolmer::runReport(words, around);
   write(stderr, outcome.errors);
   if (write(stdout, outcome.output)) return outcome.status;

@@ -33,7 +33,7 @@ std::string written(ReportRun& run, ReportFormat format, const ReportSurrounding
     case ReportFormat::text:
       break;
   }
-  return textReport(run, around.isTerminal);
+  return textReport(run, around.isColoured);
 }
 
 // The common end of both ways to a data set.

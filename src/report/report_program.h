@@ -10,7 +10,7 @@ namespace tolmer {
 struct ReportSurroundings {
   std::string programFolder;  // of the course, unless the command line names another
   std::string date;           // as the page prints it
-  bool isTerminal = false;    // standard output is one that shows colours
+  bool isColoured = false;    // standard output is a terminal that shows colours
 };
 
 struct ReportOutcome {

@@ -36,8 +36,8 @@ class ReportProgram : public testing::Test {
     std::ofstream(folder / name, std::ios::binary) << bytes;
     return (folder / name).string();
   }
-  ReportOutcome report(const std::vector<std::string>& words, bool isTerminal = false) const {
-    return runReport(words, {(folder / "tolmod").string(), "2026-05-04", isTerminal});
+  ReportOutcome report(const std::vector<std::string>& words, bool isColoured = false) const {
+    return runReport(words, {(folder / "tolmod").string(), "2026-05-04", isColoured});
   }
   Json json(std::vector<std::string> words) const {
     words.insert(words.end(), {"--format", "json"});
