@@ -46,7 +46,11 @@ class FirstPageWatch : public QObject {
  public:
   FirstPageWatch(tolmer::QtDesktop& desktop, tolmer::Module& module)
       : desktop_(desktop), tmrLeave_(desktop.timers(), "tmrLeave", 1) {
-    tmrLeave_.Tick = [&module] { module.parts().frame.requestClose(); };
+    tmrLeave_.Tick = [this, &module] {
+      left_ = true;
+      tmrLeave_.setEnabled(false);  // leaving handles events, and would leave again
+      module.parts().frame.requestClose();
+    };
     QCoreApplication::instance()->installEventFilter(this);
   }
 
@@ -57,7 +61,7 @@ class FirstPageWatch : public QObject {
     if (window == QLatin1String("frmOpeningBook") && !cut_) {
       cut_ = true;
       QTimer::singleShot(0, [this] { desktop_.advance(1000); });
-    } else if (window == QLatin1String("frmNotebook")) {
+    } else if (window == QLatin1String("frmNotebook") && !left_) {
       tmrLeave_.setEnabled(true);
     }
     return false;
@@ -67,6 +71,7 @@ class FirstPageWatch : public QObject {
   tolmer::QtDesktop& desktop_;
   tolmer::Timer tmrLeave_;
   bool cut_ = false;
+  bool left_ = false;
 };
 
 }  // namespace
