@@ -29,7 +29,7 @@ void analysis(benchmark::State& run) {
   AnalysisState plainState = state;
   double engine = 0;
   double plain = 0;
-  for (auto _ : run) {
+  while (run.KeepRunning()) {
     const double seconds = analyse(state, ComputeStatistics, FitRegression);
     run.SetIterationTime(seconds);
     engine += seconds;

@@ -7,6 +7,7 @@
 #include "engine/product_sums.h"
 #include "engine/t_distribution.h"
 #include "engine/triangular_factor.h"
+#include "engine/triangular_inverse.h"
 
 namespace tolmer {
 namespace {

