@@ -2,7 +2,8 @@
 
 #include <QPainter>
 #include <QShortcut>
-#include <QStyleOptionTab>
+#include <algorithm>
+#include <numeric>
 
 #include "platform/qt/convert.h"
 #include "platform/qt/theme.h"
@@ -24,12 +25,15 @@ class BookTabs : public QTabBar {
   }
 
  protected:
-  QSize tabSizeHint(int index) const override {
+  // Asked for often, and measuring is slow.
+  void tabInserted(int index) override {
     constexpr int sides = 32;
-    const int text = fontMetrics().size(Qt::TextShowMnemonic, tabText(index)).width();
-    const int room = count() > 0 ? width() / count() : 0;
-    const int wanted = text + sides;
-    return {room > 0 && neededWidth() > width() ? std::min(wanted, room) : wanted, height()};
+    wanted_.insert(index, sides + fontMetrics().size(Qt::TextShowMnemonic, tabText(index)).width());
+  }
+  QSize tabSizeHint(int index) const override {
+    const int wanted = wanted_.value(index);
+    const int sum = std::accumulate(wanted_.begin(), wanted_.end(), 0);
+    return {sum > width() && width() > 0 ? std::min(wanted, width() / count()) : wanted, height()};
   }
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
@@ -40,12 +44,6 @@ class BookTabs : public QTabBar {
   }
 
  private:
-  int neededWidth() const {
-    int sum = 0;
-    for (int i = 0; i < count(); ++i)
-      sum += fontMetrics().size(Qt::TextShowMnemonic, tabText(i)).width() + 32;
-    return sum;
-  }
   void paintTab(QPainter& painter, int index) {
     const bool chosen = index == currentIndex();
     // The chosen tab runs into the page; the others end above its edge.
@@ -72,11 +70,12 @@ class BookTabs : public QTabBar {
     painter.setPen(QColor(chosen ? theme::text : theme::quietText));
     painter.drawText(place, Qt::AlignCenter | Qt::TextShowMnemonic, text);
     if (!chosen || !hasFocus()) return;
-    QStyleOptionFocusRect option;
-    option.initFrom(this);
-    option.rect = place.adjusted(0, 3, 0, -4);
-    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &option, &painter, this);
+    const int width = fontMetrics().size(Qt::TextShowMnemonic, text).width();
+    painter.fillRect(QRect(place.center().x() - width / 2, place.bottom() - 5, width, 2),
+                     QColor(theme::accent));
   }
+
+  QList<int> wanted_;  // width of each tab where there is room for all
 };
 
 }  // namespace

@@ -20,9 +20,13 @@ QColor toQt(Colour colour) {
 }
 
 QFont toQt(const Font& font) {
-  QFont result(font.family == FontFamily::serif ? theme::serifFamily : theme::interfaceFamily);
+  QFont result(font.family == FontFamily::serif ? theme::serifFamilies
+                                                : QStringList{theme::interfaceFamily});
   result.setPixelSize(static_cast<int>(std::lround(font.pixels)));
   result.setBold(font.bold);
+  // Serif letters are large here; fitting them to the pixels would cost time and spoil their
+  // shapes.
+  if (font.family == FontFamily::serif) result.setHintingPreference(QFont::PreferNoHinting);
   return result;
 }
 

@@ -157,16 +157,18 @@ void GridView::scrollContentsBy(int dx, int dy) {
   if (dy != 0 && left > 0) viewport()->scroll(0, dy, QRect(0, top, left, all.height() - top));
 }
 
+// In these handlers the model's may unload the grid, and this view goes a little later: so nothing
+// is asked of the grid after a call into it but through `enter`.
 void GridView::mousePressEvent(QMouseEvent* event) {
   if (!isModelButton(event->button())) return;
   const QPoint place = event->position().toPoint();
-  const QPointer<GridView> alive(this);
-  enter([&] { tolmer::raise(grid_.MouseDown, modelButton(event->button())); });
-  if (!alive || event->button() != Qt::LeftButton || !isOverCells(place)) return;
-  dragging_ = true;
+  const CellPosition cell = cellAt(place);
+  dragging_ = event->button() == Qt::LeftButton && isOverCells(place);
   const ClickKeys held{event->modifiers().testFlag(Qt::ShiftModifier),
                        event->modifiers().testFlag(Qt::ControlModifier)};
-  enter([&] { grid_.press(cellAt(place), held); });
+  const QPointer<GridView> alive(this);
+  enter([&] { tolmer::raise(grid_.MouseDown, modelButton(event->button())); });
+  if (alive && dragging_) enter([&] { grid_.press(cell, held); });
 }
 
 void GridView::mouseMoveEvent(QMouseEvent* event) {
@@ -202,16 +204,20 @@ void GridView::timerEvent(QTimerEvent* event) {
 void GridView::mouseReleaseEvent(QMouseEvent* event) {
   if (!isModelButton(event->button())) return;
   const QPoint place = event->position().toPoint();
-  const bool isLeft = event->button() == Qt::LeftButton;
-  if (isLeft) {
-    dragging_ = false;
-    dragTimer_.stop();
-  }
-  // The handler may take the grid away, and this widget with it.
+  const bool clicked = event->button() == Qt::LeftButton && isOverCells(place);
+  const CellPosition cell = cellAt(place);
+  if (event->button() == Qt::LeftButton) endDrag();
   const QPointer<GridView> alive(this);
   raiseMouseUp(modelButton(event->button()));
-  if (alive && isLeft && isOverCells(place)) enter([&] { grid_.click(cellAt(place)); });
+  if (alive && clicked) enter([&] { grid_.click(cell); });
 }
+
+void GridView::endDrag() {
+  dragging_ = false;
+  dragTimer_.stop();
+}
+
+void GridView::hideEvent(QHideEvent*) { endDrag(); }
 
 void GridView::raiseMouseUp(MouseButton button) {
   enter([&] { tolmer::raise(grid_.MouseUp, button); });
@@ -228,13 +234,10 @@ void GridView::keyPressEvent(QKeyEvent* event) {
                          (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
   if (isMenuKey) return raiseMouseUp(MouseButton::right);
   const bool isTable = grid_.selectionMode() == SelectionMode::none;
-  const QPointer<GridView> alive(this);
-  bool taken = false;
-  enter([&] { taken = grid_.pressKey(toKeyPress(*event)); });
-  if (!alive) return;
   // The first cell may be a frozen one, which is on the screen always: the rest comes back too.
   const bool toFirst = event->key() == Qt::Key_Home && event->modifiers() == Qt::ControlModifier;
-  if (isTable || toFirst) taken = scrollByKey(event->key()) || taken;
+  bool taken = (isTable || toFirst) && scrollByKey(event->key());
+  enter([&] { taken = grid_.pressKey(toKeyPress(*event)) || taken; });
   if (!taken) QAbstractScrollArea::keyPressEvent(event);
 }
 

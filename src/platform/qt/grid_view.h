@@ -10,7 +10,8 @@
 namespace tolmer {
 
 // Shows the cells of a grid and hands mouse and keys to it; what is selected, and where a key
-// leads, the grid decides. Positions are logical pixels of the viewport. The grid must outlive it.
+// leads, the grid decides. Positions are logical pixels of the viewport. A view whose grid goes
+// first must be hidden, and its `enter` made to do nothing.
 class GridView : public QAbstractScrollArea {
  public:
   explicit GridView(Grid& grid, QWidget* parent = nullptr);
@@ -26,7 +27,8 @@ class GridView : public QAbstractScrollArea {
   // Scrolls until the cell is on the screen, as far as it fits.
   void bringIntoView(CellPosition cell);
 
-  // All calls into the model go through this function, which may hold back what they throw.
+  // All calls into the model go through this function, which may hold back what they throw, and
+  // which does nothing any more once the model is gone.
   std::function<void(const std::function<void()>&)> enter = [](const std::function<void()>& work) {
     work();
   };
@@ -45,6 +47,7 @@ class GridView : public QAbstractScrollArea {
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void timerEvent(QTimerEvent* event) override;
+  void hideEvent(QHideEvent* event) override;
 
  private:
   void setScrollRanges();
@@ -55,6 +58,7 @@ class GridView : public QAbstractScrollArea {
   void raiseMouseUp(MouseButton button);
   bool scrollByKey(int key);
   void dragTo(QPoint place);
+  void endDrag();
 
   Grid& grid_;
   GridSelection shown_;  // as painted last

@@ -35,7 +35,9 @@ class AccessibleCell : public QAccessibleInterface, public QAccessibleTableCellI
  public:
   AccessibleCell(GridView& view, CellPosition cell) : view_(&view), cell_(cell) {}
 
-  bool isValid() const override { return view_ && view_->grid().sheet().contains(cell_); }
+  bool isValid() const override {
+    return view_ && !view_->isHidden() && view_->grid().sheet().contains(cell_);
+  }
   QObject* object() const override { return nullptr; }
   QWindow* window() const override {
     const QAccessibleInterface* above = parent();
@@ -138,7 +140,7 @@ class AccessibleGrid : public QAccessibleWidget, public QAccessibleTableInterfac
   }
   QAccessibleInterface* childAt(int x, int y) const override {
     const QPoint place = view().viewport()->mapFromGlobal(QPoint(x, y));
-    if (!view().viewport()->rect().contains(place)) return nullptr;
+    if (childCount() == 0 || !view().viewport()->rect().contains(place)) return nullptr;
     const CellPosition cell = view().cellAt(place);
     return cellAt(cell.row - 1, cell.col - 1);
   }
@@ -156,8 +158,9 @@ class AccessibleGrid : public QAccessibleWidget, public QAccessibleTableInterfac
     cells_[index] = QAccessible::registerAccessibleInterface(cell);
     return cell;
   }
-  int rowCount() const override { return grid().maxRows(); }
-  int columnCount() const override { return grid().maxCols(); }
+  // A view is hidden when its grid is gone.
+  int rowCount() const override { return view().isHidden() ? 0 : grid().maxRows(); }
+  int columnCount() const override { return view().isHidden() ? 0 : grid().maxCols(); }
   QString columnDescription(int column) const override {
     return column < columnCount() ? toQt(columnHeading(grid(), column + 1)) : QString();
   }
@@ -179,6 +182,7 @@ class AccessibleGrid : public QAccessibleWidget, public QAccessibleTableInterfac
   bool isColumnSelected(int column) const override { return selectedColumns().contains(column); }
   QList<int> selectedRows() const override {
     QList<int> rows;
+    if (childCount() == 0) return rows;
     for (const CellBlock& block : grid().selection().blocks())
       for (int row = block.row; row <= block.row2 && block.col2 - block.col + 1 == columnCount();
            ++row)
@@ -187,6 +191,7 @@ class AccessibleGrid : public QAccessibleWidget, public QAccessibleTableInterfac
   }
   QList<int> selectedColumns() const override {
     QList<int> columns;
+    if (childCount() == 0) return columns;
     for (const CellBlock& block : grid().selection().blocks())
       for (int col = block.col; col <= block.col2 && block.row2 - block.row + 1 == rowCount();
            ++col)
@@ -207,7 +212,7 @@ class AccessibleGrid : public QAccessibleWidget, public QAccessibleTableInterfac
   GridView& view() const { return *static_cast<GridView*>(widget()); }
   Grid& grid() const { return view().grid(); }
   bool take(const CellBlock& block) {
-    if (grid().selectionMode() == SelectionMode::none) return false;
+    if (childCount() == 0 || grid().selectionMode() == SelectionMode::none) return false;
     view().enter([&] { grid().select(block); });
     return true;
   }

@@ -71,6 +71,8 @@ QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, con
 
 QIcon Style::standardIcon(StandardPixmap icon, const QStyleOption* option,
                           const QWidget* widget) const {
+  // The toolkit would search the desktop's icon themes for it while the menu bar is made.
+  if (icon == SP_ToolBarHorizontalExtensionButton) return moreIcon();
   if (!isMessageSign(icon)) return QProxyStyle::standardIcon(icon, option, widget);
   if (icon == SP_MessageBoxInformation) return messageIcon(theme::accent, 'i');
   if (icon == SP_MessageBoxQuestion) return messageIcon(theme::accent, '?');
@@ -108,6 +110,9 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
       break;
     case PE_IndicatorRadioButton:
       drawOption(*painter, *option);
+      break;
+    case PE_PanelScrollAreaCorner:
+      painter->fillRect(option->rect, QColor(theme::face));
       break;
     case PE_FrameWindow:
       drawWindowFrame(*painter, *option);

@@ -187,4 +187,15 @@ QIcon messageIcon(QColor colour, QChar sign) {
   return icon;
 }
 
+QIcon moreIcon() {
+  QPixmap pixmap(24, 24);
+  pixmap.setDevicePixelRatio(2);
+  pixmap.fill(Qt::transparent);
+  QPainter painter(&pixmap);
+  painter.setRenderHint(QPainter::Antialiasing);
+  drawChevron(painter, {6, 4}, theme::text);
+  drawChevron(painter, {6, 8}, theme::text);
+  return pixmap;
+}
+
 }  // namespace tolmer

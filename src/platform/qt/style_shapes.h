@@ -24,4 +24,7 @@ void drawRestoreButton(QPainter& painter, const QRect& place, bool hovered);
 // A message's sign: a disc with a letter in it.
 QIcon messageIcon(QColor colour, QChar sign);
 
+// Opens what a menu bar has no room for.
+QIcon moreIcon();
+
 }  // namespace tolmer

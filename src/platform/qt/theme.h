@@ -18,10 +18,12 @@ inline constexpr QColor ground{0xD9, 0xDD, 0xE3};  // behind the quadrants
 inline constexpr QColor accent{0x1F, 0x5F, 0xA8};
 inline constexpr QColor paleAccent{0xE3, 0xEC, 0xF7};
 
-// Noto Sans alone sets a hat on a Greek letter rightly. The serif face is asked for by the name
-// that every system knows or replaces by one of the same widths.
+// Noto Sans alone sets a hat on a Greek letter rightly. The serif face is asked for by its own
+// name, since to find it under another takes time, and then by the one that every system knows or
+// replaces by one of the same widths.
 inline const QString interfaceFamily = QStringLiteral("Noto Sans");
-inline const QString serifFamily = QStringLiteral("Times New Roman");
+inline const QStringList serifFamilies = {QStringLiteral("Liberation Serif"),
+                                          QStringLiteral("Times New Roman")};
 inline constexpr int fontPixels = 12;
 
 QPalette palette();
