@@ -127,6 +127,33 @@ TEST_F(GridViewTest, KeysMoveTheCellIntoViewOrScrollATable) {
   EXPECT_TRUE(menu);
 }
 
+// As where a window goes with a click on it: the view is dropped, and deleted a little later.
+TEST(GridViewLifeTest, SurvivesAGridThatGoesInItsOwnEvent) {
+  for (const bool onKey : {false, true}) {
+    auto grid = std::make_unique<Grid>(nullptr, "spdAny");
+    grid->setSize(9, 9);
+    GridView view(*grid);
+    view.resize(400, 300);
+    view.show();
+    const auto unload = [&] {
+      view.hide();
+      view.enter = [](const std::function<void()>&) {};
+      grid.reset();
+    };
+    if (onKey) {
+      grid->SelectionChange = unload;
+      QTest::keyClick(&view, Qt::Key_Down);
+    } else {
+      grid->MouseUp = [&](MouseButton) { unload(); };
+      QTest::mouseClick(view.viewport(), Qt::LeftButton, Qt::NoModifier, QPoint(30, 30));
+    }
+    EXPECT_EQ(grid, nullptr);
+    QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&view);
+    EXPECT_EQ(table->childCount(), 0);
+    EXPECT_EQ(table->childAt(30, 30), nullptr);
+  }
+}
+
 TEST_F(GridViewTest, IsATableToScreenReaders) {
   QAccessibleInterface* self = QAccessible::queryAccessibleInterface(&view);
   ASSERT_NE(self, nullptr);
