@@ -109,6 +109,20 @@ Qt::Key toolkitKey(int code) {
       return Qt::Key_Up;
     case keys::down:
       return Qt::Key_Down;
+    case keys::pageUp:
+      return Qt::Key_PageUp;
+    case keys::pageDown:
+      return Qt::Key_PageDown;
+    case keys::home:
+      return Qt::Key_Home;
+    case keys::end:
+      return Qt::Key_End;
+    case keys::left:
+      return Qt::Key_Left;
+    case keys::right:
+      return Qt::Key_Right;
+    case keys::deleteKey:
+      return Qt::Key_Delete;
     default:
       break;
   }

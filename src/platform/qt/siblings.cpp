@@ -33,16 +33,24 @@ void makeBuddies(Control& before, Control& after) {
   before.peer()->changed(Change::text);  // only with a buddy does "&" mark a letter
 }
 
-// The last widget before `until` that the Tab key stops at.
-bool findStopBefore(const Container& container, const Control& until, QWidget*& stop) {
+// What the Tab key stops at, in the order of construction.
+void collectStops(const Container& container, std::vector<QWidget*>& stops) {
   for (Control* child : container.children()) {
-    if (child == &until) return true;
     if (QWidget* widget = ControlPeer::widgetOf(*child); widget && child->takesFocus())
-      stop = widget;
-    const auto* inner = dynamic_cast<const Container*>(child);
-    if (inner && findStopBefore(*inner, until, stop)) return true;
+      stops.push_back(widget);
+    if (const auto* inner = dynamic_cast<const Container*>(child)) collectStops(*inner, stops);
   }
-  return false;
+}
+
+// Only the neighbours matter, unless there is none before: the toolkit moves a widget behind
+// another, never before it.
+void placeInTabOrder(Control& control, QWidget* widget) {
+  std::vector<QWidget*> stops;
+  collectStops(*control.window(), stops);
+  const auto here = std::find(stops.begin(), stops.end(), widget);
+  if (here != stops.begin() && here != stops.end())
+    return QWidget::setTabOrder(*(here - 1), widget);
+  for (std::size_t i = 1; i < stops.size(); ++i) QWidget::setTabOrder(stops[i - 1], stops[i]);
 }
 
 }  // namespace
@@ -57,10 +65,7 @@ void takePlaceAmongSiblings(Control& control) {
 
   // In a window that is only being built, the order of making is that of the Tab key.
   QWidget* widget = ControlPeer::widgetOf(control);
-  QWidget* stop = nullptr;
-  if (widget->window()->isVisible() && control.takesFocus() &&
-      findStopBefore(*control.window(), control, stop) && stop)
-    QWidget::setTabOrder(stop, widget);
+  if (widget->window()->isVisible() && control.takesFocus()) placeInTabOrder(control, widget);
 }
 
 }  // namespace tolmer

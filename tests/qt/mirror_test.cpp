@@ -1,0 +1,317 @@
+// What only the mirror on the screen can get wrong: places, late making, keys of captions, spoken
+// names, colours.
+#include <gtest/gtest.h>
+
+#include <QAccessible>
+#include <QApplication>
+#include <QComboBox>
+#include <QFontMetrics>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QScrollBar>
+#include <QSpinBox>
+#include <QTabBar>
+#include <QTest>
+#include <QTreeWidget>
+#include <cmath>
+
+#include "platform/button.h"
+#include "platform/check_box.h"
+#include "platform/combo_box.h"
+#include "platform/label.h"
+#include "platform/number_box.h"
+#include "platform/outline.h"
+#include "platform/panel.h"
+#include "platform/qt/control_peer.h"
+#include "platform/qt/theme.h"
+#include "platform/scroll_bar.h"
+#include "platform/tab_book.h"
+#include "platform/text_box.h"
+#include "platform/text_metrics.h"
+#include "support/qt_user.h"
+
+namespace tolmer::test {
+namespace {
+
+Rect at(int row) {
+  return {pixels(20), pixels(10.0F + 34.0F * static_cast<float>(row)), pixels(160), pixels(28)};
+}
+
+class MirrorTest : public testing::Test {
+ protected:
+  void show() {
+    window.setPlace({pixels(40), pixels(40), pixels(400), pixels(420)});
+    window.show();
+    desktop.settle();
+  }
+  template <class Widget>
+  Widget& as(const Control& control) {
+    return dynamic_cast<Widget&>(widgetOf(control));
+  }
+
+  ScriptedQtDesktop desktop;
+  QtUser user{desktop};
+  Window window{desktop, "frmTest", WindowStyle::dialog, "Test"};
+};
+
+TEST_F(MirrorTest, NeighboursTouchWhateverTheirSizes) {
+  std::vector<std::unique_ptr<Panel>> panels;
+  for (int i = 0; i < 20; ++i) {
+    panels.push_back(std::make_unique<Panel>(&window, "pnl"));
+    panels.back()->setPlace({static_cast<float>(i) * 145, 0, 145, 145});
+  }
+  show();
+  for (std::size_t i = 1; i < panels.size(); ++i)
+    EXPECT_EQ(widgetOf(*panels[i]).geometry().left(),
+              widgetOf(*panels[i - 1]).geometry().right() + 1);
+}
+
+TEST_F(MirrorTest, WidgetsAreMadeWhenFirstVisibleAndTakeTheirPlace) {
+  Label label(&window, "lbl", "&Name");
+  label.setUsesMnemonic(true);
+  TextBox late(&window, "txtLate");
+  TextBox last(&window, "txtLast");
+  label.setPlace(at(0));
+  late.setPlace(at(1));
+  last.setPlace(at(1));
+  late.setVisible(false);
+  show();
+  EXPECT_EQ(ControlPeer::widgetOf(late), nullptr);
+  EXPECT_EQ(as<QLabel>(label).text(), "Name") << "a mark needs a control to lead to";
+
+  late.setVisible(true);
+  EXPECT_EQ(as<QLabel>(label).buddy(), &widgetOf(late));
+  EXPECT_EQ(as<QLabel>(label).text(), "&Name");
+  last.setFocus();
+  user.key("frmTest", {keys::tab});
+  EXPECT_EQ(window.focus(), &late);
+  user.key("frmTest", {keys::tab});
+  EXPECT_EQ(window.focus(), &last);
+  const auto& children = widgetOf(late).parentWidget()->children();
+  EXPECT_LT(children.indexOf(&widgetOf(late)), children.indexOf(&widgetOf(last)));
+}
+
+TEST_F(MirrorTest, MarkedLettersLeadToControls) {
+  Label label(&window, "lblName", "&Name");
+  label.setUsesMnemonic(true);
+  TextBox text(&window, "txtName");
+  CheckBox box(&window, "chk", "Use the &intercept");
+  Button button(&window, "cmd", "&Update");
+  int row = 0;
+  for (Control* control : {static_cast<Control*>(&label), static_cast<Control*>(&text),
+                           static_cast<Control*>(&box), static_cast<Control*>(&button)})
+    control->setPlace(at(row++));
+  int clicks = 0;
+  button.Click = [&] { ++clicks; };
+  show();
+  button.setFocus();
+  user.alt("frmTest", 'n');
+  EXPECT_EQ(window.focus(), &text);
+  user.alt("frmTest", 'i');
+  EXPECT_EQ(box.value(), 1);
+  user.alt("frmTest", 'u');
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST_F(MirrorTest, TextFromDataKeepsItsAmpersand) {
+  Label plain(&window, "lbl", "Research & development");
+  TextBox text(&window, "txt");
+  TabBook book(&window, "tb");
+  plain.setPlace(at(0));
+  text.setPlace(at(1));
+  book.setPlace(at(3));
+  book.addTab("A & B", 0);
+  show();
+  const auto pictureOf = [](QWidget& widget) {
+    return widget.grab().toImage().convertToFormat(QImage::Format_RGB32);
+  };
+  QLabel alone("Research & development");
+  alone.resize(widgetOf(plain).size());
+  EXPECT_EQ(pictureOf(widgetOf(plain)), pictureOf(alone));
+}
+
+TEST_F(MirrorTest, LinksArePressedByKeyboardToo) {
+  Label link(&window, "lblNextPage", "Next page ->");
+  link.setIsLink(true);
+  link.setPlace(at(0));
+  int clicks = 0;
+  link.Click = [&] { ++clicks; };
+  show();
+  link.setFocus();
+  user.key("frmTest", {' '});
+  user.key("frmTest", {keys::enter});
+  EXPECT_EQ(clicks, 2);
+  link.setIsLink(false);
+  EXPECT_NE(dynamic_cast<QLabel*>(&widgetOf(link)), nullptr);
+  user.click("frmTest", "lblNextPage");
+  EXPECT_EQ(clicks, 3);
+}
+
+// A screen reader takes names from captions, and for boxes from the label before them; a name of
+// its own would hide the value that a label shows.
+TEST_F(MirrorTest, ControlsHaveSpokenNames) {
+  Label title(&window, "lblY", "Y Axis Variable");
+  ComboBox list(&window, "cboY");
+  Button button(&window, "cmd", "&Change Model");
+  Label value(&window, "lblValue", "59.90");
+  value.setAccessibleName("F");
+  Label link(&window, "lblLink", "R & D");
+  link.setIsLink(true);
+  Panel panel(&window, "pnl", "Loading . .");
+  show();
+  const auto spoken = [](const Control& control) {
+    return QAccessible::queryAccessibleInterface(&widgetOf(control))
+        ->text(QAccessible::Name)
+        .toStdString();
+  };
+  EXPECT_EQ(spoken(button), "Change Model");
+  EXPECT_EQ(spoken(value), "59.90");
+  EXPECT_EQ(spoken(link), "R & D");
+  EXPECT_EQ(spoken(panel), "Loading . .");
+  const auto relations =
+      QAccessible::queryAccessibleInterface(&widgetOf(list))->relations(QAccessible::Label);
+  ASSERT_EQ(relations.size(), 1);
+  EXPECT_EQ(relations[0].first->object(), &widgetOf(title));
+}
+
+TEST_F(MirrorTest, BookTurnsByMouseAndKeys) {
+  TabBook book(&window, "tb");
+  book.setPlace({0, 0, pixels(400), pixels(300)});
+  for (const char* tab : {"Start", "Concepts", "Examples"}) book.addTab(tab, 2);
+  std::string events;
+  book.TabPageActivate = [&](int tab, int page) {
+    events += std::to_string(tab) + "." + std::to_string(page) + " ";
+  };
+  show();
+  book.setActive(1, 2);
+  EXPECT_EQ(events, "") << "the program's own turning is no event";
+  auto& tabs = *widgetOf(book).findChild<QTabBar*>();
+  EXPECT_EQ(tabs.currentIndex(), 1);
+  QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(2).center());
+  user.key("frmTest", {keys::pageDown, false, true});  // Ctrl and page down: round to the first
+  user.key("frmTest", {keys::tab, false, true});
+  EXPECT_EQ(events, "2.0 0.0 1.2 ");
+  EXPECT_EQ(book.activeTab(), 1);
+}
+
+TEST_F(MirrorTest, OutlineOpensAndChooses) {
+  Outline outline(&window, "out");
+  outline.setPlace({0, 0, pixels(300), pixels(300)});
+  outline.addItem("Biology", 1, 10);
+  outline.addItem("Swiss", 2, 11);
+  outline.addItem("Economics", 1, 12);
+  std::string events;
+  outline.Click = [&] {
+    events += std::to_string(outline.listIndex());
+    if (outline.listIndex() == 0) outline.setExpanded(0, !outline.expanded(0));
+  };
+  outline.DblClick = [&] { events += 'd'; };
+  show();
+  auto& tree = as<QTreeWidget>(outline);
+  const auto click = [&](const QTreeWidgetItem* item) {
+    QTest::mouseClick(tree.viewport(), Qt::LeftButton, {}, tree.visualItemRect(item).center());
+    desktop.settle();
+  };
+  click(tree.topLevelItem(0));
+  EXPECT_TRUE(tree.topLevelItem(0)->isExpanded());
+  click(tree.topLevelItem(0));
+  EXPECT_FALSE(tree.topLevelItem(0)->isExpanded()) << "a click on the chosen one counts too";
+  tree.topLevelItem(0)->setExpanded(true);
+  EXPECT_TRUE(outline.expanded(0));
+  QTest::keyClick(&tree, Qt::Key_Down);
+  EXPECT_EQ(events, "001");
+  outline.setListIndex(2);
+  EXPECT_EQ(tree.currentItem(), tree.topLevelItem(1));
+  EXPECT_EQ(events, "0012");
+}
+
+TEST_F(MirrorTest, OtherWidgetsFollowTheirModels) {
+  NumberBox number(&window, "num");
+  ScrollBar bar(&window, "vsb");
+  TextBox text(&window, "txt");
+  ComboBox list(&window, "cbo");
+  number.setRange(0, 99);
+  bar.setRange(100, 5, 20);
+  text.setMultiLine(true);
+  text.setReadOnly(true);
+  show();
+  number.setValue(120);
+  EXPECT_EQ(as<QSpinBox>(number).value(), 120);
+  number.setValue(12);
+  EXPECT_EQ(as<QSpinBox>(number).maximum(), 99);
+  as<QScrollBar>(bar).setValue(60);
+  EXPECT_EQ(bar.value(), 60);
+  text.setText("StackLoss = - 39.92\n+ 0.7156 AirFlow");
+  EXPECT_EQ(as<QPlainTextEdit>(text).toPlainText().toStdString(), text.text());
+  EXPECT_TRUE(as<QPlainTextEdit>(text).isReadOnly());
+  text.setMultiLine(false);
+  EXPECT_TRUE(as<QLineEdit>(text).isReadOnly());
+  for (const char* item : {"a", "b"}) list.addItem(item);
+  EXPECT_EQ(as<QComboBox>(list).currentIndex(), -1);
+}
+
+TEST_F(MirrorTest, ColoursComeAndGo) {
+  Button button(&window, "cmdUpdateGraphs", "&Update Displays");
+  button.setPlace(at(0));
+  show();
+  const QImage quiet = widgetOf(button).grab().toImage();
+  button.setBackColour(colours::red);
+  button.setForeColour(colours::white);
+  EXPECT_EQ(widgetOf(button).grab().toImage().pixelColor(20, 4), QColor(255, 0, 0));
+  button.setBackColour(colours::buttonFace);
+  button.setForeColour(colours::buttonText);
+  EXPECT_EQ(widgetOf(button).grab().toImage(), quiet);
+}
+
+TEST_F(MirrorTest, UpdateLockHoldsThePaintingBack) {
+  Label label(&window, "lbl", "before");
+  label.setPlace(at(0));
+  show();
+  {
+    const UpdateLock outer(window);
+    const UpdateLock inner(window);
+    label.setCaption("after");
+    EXPECT_FALSE(widgetOf(label).updatesEnabled());
+  }
+  EXPECT_TRUE(widgetOf(label).updatesEnabled());
+}
+
+// The layout of all windows relies on it.
+TEST_F(MirrorTest, RealTextIsNotWiderThanTheTablesSay) {
+  for (const char* text : {"Display Regression Line on Scatterplots", "AVATAR To Te Ty",
+                           "Σ σ̂ β̂ x̄ ŷ 0.05", "1,234.5678", "ÄÖÜß éèñ"}) {
+    const Font font;
+    QFont real(theme::interfaceFamily);
+    real.setPixelSize(static_cast<int>(font.pixels));
+    EXPECT_LE(QFontMetricsF(real).horizontalAdvance(text), textWidth(font, text) + 0.01) << text;
+  }
+}
+
+double luminance(QColor colour) {
+  const auto linear = [](double c) {
+    return c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * linear(colour.redF()) + 0.7152 * linear(colour.greenF()) +
+         0.0722 * linear(colour.blueF());
+}
+
+// The ratio of the Web Content Accessibility Guidelines: 4.5 for text, 3 for disabled text and
+// signs would be the usual asks; both grounds count.
+TEST(Theme, TextsAreLegible) {
+  const QPalette palette = theme::palette();
+  const auto contrast = [&](QPalette::ColorRole text, QPalette::ColorRole ground) {
+    const double a = luminance(palette.color(QPalette::Active, text));
+    const double b = luminance(palette.color(QPalette::Active, ground));
+    return (std::max(a, b) + 0.05) / (std::min(a, b) + 0.05);
+  };
+  EXPECT_GE(contrast(QPalette::WindowText, QPalette::Window), 7);
+  EXPECT_GE(contrast(QPalette::Text, QPalette::Base), 7);
+  EXPECT_GE(contrast(QPalette::ButtonText, QPalette::Button), 7);
+  EXPECT_GE(contrast(QPalette::HighlightedText, QPalette::Highlight), 4.5);
+  EXPECT_GE(contrast(QPalette::Link, QPalette::Base), 4.5);
+  EXPECT_GE(contrast(QPalette::PlaceholderText, QPalette::Window), 4.5);
+}
+
+}  // namespace
+}  // namespace tolmer::test

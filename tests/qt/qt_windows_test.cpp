@@ -1,0 +1,246 @@
+// Windows on the real desktop: frames, sizes, boxes, clipboard.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QDialog>
+#include <QMdiSubWindow>
+#include <QMessageBox>
+#include <QMimeData>
+#include <QScrollArea>
+#include <QStyle>
+#include <QTest>
+#include <QTimer>
+
+#include "platform/button.h"
+#include "platform/label.h"
+#include "platform/menu.h"
+#include "support/qt_user.h"
+
+namespace tolmer::test {
+namespace {
+
+class QtWindowsTest : public testing::Test {
+ protected:
+  ScriptedQtDesktop desktop;
+  QtUser user{desktop};
+};
+
+struct OneChild : FrameWindow {
+  explicit OneChild(ScriptedQtDesktop& desktop)
+      : FrameWindow(desktop, "mdi", "Frame"),
+        child(desktop, "frmChild", WindowStyle::child, "Child") {
+    setMenuBar(&bar);  // it takes the buttons of a maximised child
+    show();
+    desktop.settle();
+    adopt(child);
+    child.setPlace({pixels(10), pixels(20), pixels(400), pixels(300)});
+    child.show();
+    desktop.settle();
+  }
+  QMdiSubWindow& sub() const { return dynamic_cast<QMdiSubWindow&>(widgetOf(child)); }
+  MenuItem bar{nullptr, "bar"};
+  MenuItem file{&bar, "mnuFile", "&File"};
+  Window child;
+};
+
+TEST_F(QtWindowsTest, ModelsKnowWhatAChildsFrameTakes) {
+  OneChild frame(desktop);
+  const QRect inner = frame.sub().widget()->geometry();
+  EXPECT_EQ(pixels(static_cast<float>(inner.left())), FrameWindow::childSide);
+  EXPECT_EQ(pixels(static_cast<float>(inner.top())), FrameWindow::childTop);
+  EXPECT_EQ(pixels(static_cast<float>(inner.width())), frame.child.innerWidth());
+  EXPECT_EQ(pixels(static_cast<float>(inner.height())), frame.child.innerHeight());
+  user.maximise("frmChild");
+  EXPECT_EQ(pixels(static_cast<float>(frame.sub().widget()->width())), frame.child.innerWidth());
+  EXPECT_EQ(pixels(static_cast<float>(frame.sub().widget()->height())), frame.child.innerHeight());
+}
+
+TEST_F(QtWindowsTest, ChildStaysWhereItIs) {
+  OneChild frame(desktop);
+  const QRect place = frame.sub().geometry();
+  EXPECT_EQ(place, QRect(10, 20, 400, 300));
+  QTest::mousePress(&frame.sub(), Qt::LeftButton, {}, {100, 10});
+  QTest::mouseMove(&frame.sub(), {180, 60});
+  QTest::mouseRelease(&frame.sub(), Qt::LeftButton, {}, {180, 60});
+  EXPECT_EQ(frame.sub().geometry(), place);
+  frame.sub().resize(200, 100);
+  EXPECT_EQ(frame.sub().geometry(), place);
+  QTest::keyClick(&frame.sub(), Qt::Key_F4, Qt::ControlModifier);
+  EXPECT_TRUE(frame.child.visible());
+  user.maximise("frmChild");
+  user.restore("frmChild");
+  EXPECT_EQ(frame.sub().geometry(), place);
+  EXPECT_EQ(frame.sub().systemMenu(), nullptr) << "it would open on a right click";
+}
+
+TEST_F(QtWindowsTest, TitleBarMaximisesByItsButtonAndTellsRightClicks) {
+  OneChild frame(desktop);
+  std::string events;
+  frame.child.MouseUp = [&](MouseButton button) {
+    events += button == MouseButton::right ? 'r' : 'l';
+  };
+  frame.child.Click = [&] { events += 'c'; };
+  QTest::mouseClick(&frame.sub(), Qt::RightButton, {}, {100, 10});
+  EXPECT_EQ(events, "r");
+  const QPoint button(frame.sub().width() - 15, 12);
+  QTest::mouseMove(&frame.sub(), button);
+  QTest::mouseClick(&frame.sub(), Qt::LeftButton, {}, button);
+  desktop.settle();
+  EXPECT_EQ(frame.child.state(), WindowState::maximised);
+  EXPECT_EQ(events, "r") << "the frame is no part of the window's ground";
+}
+
+TEST_F(QtWindowsTest, PopupMenuOpensAndChooses) {
+  OneChild frame(desktop);
+  MenuItem menu(nullptr, "mnuMenuTop");
+  MenuItem copy(&menu, "mnuHistoCopy", "&Copy");
+  int copies = 0;
+  copy.Click = [&] { ++copies; };
+  frame.child.MouseUp = [&](MouseButton) { desktop.popupMenu(menu, frame.child); };
+  for (int i = 0; i < 2; ++i) {
+    user.rightClick("frmChild");
+    QWidget* popup = QApplication::activePopupWidget();
+    ASSERT_NE(popup, nullptr);
+    QTest::keyClick(popup, Qt::Key_C);
+    desktop.settle();
+    EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  }
+  EXPECT_EQ(copies, 2);
+}
+
+TEST_F(QtWindowsTest, FrameKeepsItsMaximisedState) {
+  OneChild frame(desktop);
+  EXPECT_EQ(frame.state(), WindowState::maximised);
+  frame.Resize = [&] {
+    if (frame.state() == WindowState::normal) frame.setState(WindowState::maximised);
+  };
+  widgetOf(frame).setWindowState(Qt::WindowNoState);
+  widgetOf(frame).resize(500, 400);
+  desktop.settle();
+  EXPECT_EQ(frame.state(), WindowState::maximised);
+  EXPECT_TRUE(widgetOf(frame).isMaximized());
+}
+
+TEST_F(QtWindowsTest, SizableWindowReportsItsSizeOnce) {
+  Window window(desktop, "frm", WindowStyle::dialog, "Data");
+  window.setSizable(true);
+  window.setPlace({pixels(50), pixels(50), 4507, 3004});  // no whole pixels
+  int resizes = 0;
+  window.Resize = [&] { ++resizes; };
+  window.show();
+  desktop.settle();
+  EXPECT_EQ(resizes, 0);
+  EXPECT_EQ(window.innerWidth(), 4507);
+  widgetOf(window).resize(400, 300);
+  desktop.settle();
+  EXPECT_EQ(resizes, 1);
+  EXPECT_EQ(window.innerWidth(), pixels(400));
+  widgetOf(window).move(120, 90);
+  desktop.settle();
+  EXPECT_EQ(window.left(), pixels(120));
+}
+
+TEST_F(QtWindowsTest, FixedWindowStaysOnAndWithinTheScreen) {
+  Window window(desktop, "frm", WindowStyle::dialog, "Large");
+  const Size screen = desktop.screenSize();
+  window.setPlace({0, 0, screen.width, screen.height + pixels(200)});
+  Button last(&window, "cmdLast", "Last");
+  last.setPlace({pixels(10), window.height() - pixels(40), pixels(90), pixels(30)});
+  window.show();
+  desktop.settle();
+  EXPECT_LE(widgetOf(window).height(), static_cast<int>(screen.height / twipsPerPixel));
+  auto* scroller = widgetOf(window).findChild<QScrollArea*>();
+  ASSERT_NE(scroller, nullptr);
+  scroller->ensureWidgetVisible(&widgetOf(last));
+  EXPECT_FALSE(widgetOf(last).visibleRegion().isEmpty());
+}
+
+TEST_F(QtWindowsTest, DialogsStandAboveTheWindowBefore) {
+  Window below(desktop, "frmBelow", WindowStyle::bare);
+  below.setPlace({0, 0, pixels(300), pixels(200)});
+  below.show();
+  Window above(desktop, "frmAbove", WindowStyle::dialog, "Above");
+  above.setPlace({0, 0, pixels(200), pixels(100)});
+  above.show();
+  EXPECT_EQ(widgetOf(above).windowHandle()->transientParent(), widgetOf(below).windowHandle());
+}
+
+TEST_F(QtWindowsTest, BoxShowsTheProgramsNameAndEscapeMeansNo) {
+  QString title;
+  const auto escape = [&] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    title = box->windowTitle();
+    EXPECT_FALSE(box->iconPixmap().isNull());
+    QTest::keyClick(box, Qt::Key_Escape);
+  };
+  for (const auto& [buttons, expected] : {std::pair{MessageButtons::yesNo, Answer::no},
+                                          {MessageButtons::okCancel, Answer::cancel},
+                                          {MessageButtons::ok, Answer::ok}}) {
+    QTimer::singleShot(0, qApp, escape);
+    const MessageBox box{"", "a < b & c", MessageIcon::exclamation, buttons};
+    EXPECT_EQ(desktop.QtDesktop::messageBox(box), expected);
+    EXPECT_EQ(title, "Tolmer");
+  }
+}
+
+TEST_F(QtWindowsTest, ClipboardHasEveryForm) {
+  desktop.setClipboard({.text = "1\t2", .html = "<table></table>"});
+  EXPECT_EQ(desktop.clipboardText(), "1\t2");
+  EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->hasHtml());
+  EXPECT_FALSE(QGuiApplication::clipboard()->mimeData()->hasImage());
+  desktop.setClipboard(
+      {.svg = "<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"40\" height=\"20\" "
+              "viewBox=\"0 0 40 20\"><rect width=\"40\" height=\"20\" fill=\"red\"/></svg>"});
+  const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+  EXPECT_TRUE(data->hasFormat("image/svg+xml"));
+  const QImage image = QGuiApplication::clipboard()->image();
+  EXPECT_EQ(image.size(), QSize(80, 40)) << "needs the toolkit's SVG module";
+  EXPECT_EQ(image.pixelColor(40, 20), QColor(255, 0, 0));
+  EXPECT_FALSE(data->hasText());
+}
+
+TEST_F(QtWindowsTest, TimersLeaveOutTheTimeNobodyCouldHandle) {
+  int ticks = 0;
+  Timer timer(desktop.timers(), "tmr", 20, true);
+  timer.Tick = [&] { ++ticks; };
+  QTest::qSleep(1300);
+  desktop.settle();
+  EXPECT_LE(ticks, 2) << "65 ticks to catch up on";
+  QTest::qWait(100);
+  EXPECT_GE(ticks, 2);
+}
+
+TEST_F(QtWindowsTest, LateTimerCountsFromItsStart) {
+  Timer timer(desktop.timers(), "tmr", 100);
+  int ticks = 0;
+  timer.Tick = [&] { ++ticks; };
+  QTest::qSleep(200);
+  timer.setEnabled(true);
+  QTest::qWait(30);
+  EXPECT_EQ(ticks, 0);
+}
+
+TEST_F(QtWindowsTest, BusyPointerIsSetOnce) {
+  desktop.setBusyPointer(true);
+  desktop.setBusyPointer(true);
+  desktop.setBusyPointer(false);
+  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
+}
+
+TEST_F(QtWindowsTest, ModelThatGoesTakesItsWidgetsAlong) {
+  const auto before = QApplication::topLevelWidgets().size();
+  {
+    Window window(desktop, "frm", WindowStyle::dialog, "Short");
+    Label label(&window, "lbl", "Text");
+    window.show();
+    desktop.settle();
+  }
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  EXPECT_EQ(QApplication::topLevelWidgets().size(), before);
+  EXPECT_TRUE(desktop.windows().empty());
+}
+
+}  // namespace
+}  // namespace tolmer::test
