@@ -119,6 +119,17 @@ TEST(GridTest, CellsKeepTheirContentWhenTheSheetGrowsOrShrinks) {
   EXPECT_EQ(grid.text(3, 3), "");
 }
 
+TEST(GridTest, HeadingsBesideTheCellsLookLikeHeadings) {
+  Grid grid(nullptr, "spdAny");
+  grid.setSize(2, 3);
+  grid.setSize(4, 1);
+  for (const CellPosition place : {CellPosition{0, 0}, {0, 1}, {1, 0}, {4, 0}}) {
+    const CellStyle& style = grid.sheet().at(place.row, place.col).style;
+    EXPECT_TRUE(style.heading && style.back == colours::buttonFace) << place.row << place.col;
+  }
+  EXPECT_FALSE(grid.sheet().at(1, 1).style.heading);
+}
+
 TEST(GridTest, ANumberIsKeptBehindItsShownDigits) {
   Grid grid(nullptr, "spdAny");
   grid.setSize(1, 1);

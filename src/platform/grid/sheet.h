@@ -64,7 +64,7 @@ CellBlock blockBetween(CellPosition one, CellPosition other);
 // Rows and columns count from 1; row 0 and column 0 are the headings beside the cells.
 class Sheet {
  public:
-  Sheet() = default;
+  Sheet() { resize(0, 0); }
   Sheet(int rows, int cols) { resize(rows, cols); }
 
   int rows() const { return rows_; }
@@ -98,9 +98,9 @@ class Sheet {
            static_cast<std::size_t>(col);
   }
 
-  int rows_ = 0;
-  int cols_ = 0;
-  std::vector<Cell> cells_ = std::vector<Cell>(1);
+  int rows_ = -1;  // before the first resize
+  int cols_ = -1;
+  std::vector<Cell> cells_;
 };
 
 }  // namespace tolmer

@@ -120,7 +120,7 @@ void GridView::showSelection() {
   } else {
     viewport()->update();
   }
-  bringIntoView(shown_.head());
+  if (isVisible()) bringIntoView(shown_.head());
   tellFocusedCell();
 }
 
@@ -215,6 +215,11 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
 void GridView::endDrag() {
   dragging_ = false;
   dragTimer_.stop();
+}
+
+// Before its first showing a view has no size to scroll in.
+void GridView::showEvent(QShowEvent*) {
+  if (grid_.selectionMode() != SelectionMode::none) bringIntoView(shown_.head());
 }
 
 void GridView::hideEvent(QHideEvent*) { endDrag(); }

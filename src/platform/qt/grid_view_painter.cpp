@@ -128,10 +128,16 @@ void paintFrame(QPainter& painter, const GridView& view) {
   if (grid.selectionMode() == SelectionMode::none || grid.maxRows() == 0 || grid.maxCols() == 0)
     return;
   QRect place = view.cellRect(grid.activeCell());
+  QRect room = view.viewport()->rect();
   if (grid.selectionMode() == SelectionMode::rows) {
     place.setLeft(0);
-    place.setRight(grid.colAxis().total() - 2);
+    place.setRight(view.cellRect({1, grid.maxCols()}).right());
+  } else if (grid.activeCell().col > grid.colAxis().frozen()) {
+    room.setLeft(grid.colAxis().frozenEnd() - 1);
   }
+  // What scrolls goes below what is frozen.
+  if (grid.activeCell().row > grid.rowAxis().frozen()) room.setTop(grid.rowAxis().frozenEnd() - 1);
+  painter.setClipRect(room);
   painter.setPen(
       QPen(view.hasFocus() ? theme::accent : theme::strongLine, view.hasFocus() ? 2 : 1));
   painter.setBrush(Qt::NoBrush);
