@@ -26,7 +26,10 @@ struct CoefficientTable {
   std::vector<float> leastFactor;  // by w: square of the least diagonal element of the inverse
 };
 
+// The sums of squares of the fits first .. first + lanes - 1.
 struct SquareSums {
+  int first = 0;
+  std::array<double, lanes> mean{};  // of the dependent variable
   std::array<double, lanes> SSR{};
   std::array<double, lanes> SSE{};
   std::array<double, lanes> SST{};
@@ -89,10 +92,13 @@ bool fitCoefficients(const Matrix<double>& dCross, CoefficientTable& table, Auxi
   addRowProducts(dShared, 1, V, dSharedSums);
   Matrix<double> dInverse = dSharedInverse;
   for (int w = 2; w <= V; ++w) {
+    // Rows before w are factored already; the others start from the cross products and from what
+    // the rows before w have added to their sums.
     for (int i = 1; i < w; ++i) moveLast(dShared, w, i, dFactor);
     for (int i = w; i <= V; ++i) moveLast(dCross, w, i, dFactor);
     for (int i = w; i <= V; ++i) moveLast(dSharedSums, w, i, dSums);
     if (!factorRows(dFactor, dSums, w, V)) return false;
+    // The fit before overwrote the shared column before w.
     for (int i = 1; i < w; ++i) dInverse(i, w - 1) = dSharedInverse(i, w - 1);
     invertColumns(dFactor, w, V - 1, dInverse);
     sumCoefficients(dFactor, V - 1, dInverse, fits.sCoef);
@@ -106,41 +112,46 @@ bool fitCoefficients(const Matrix<double>& dCross, CoefficientTable& table, Auxi
   return true;
 }
 
-// Variables in rows and cases in columns, as the products with the coefficients need them.
-Matrix<double> transposed(const Matrix<double>& columns, int variables) {
-  Matrix<double> rows(variables, columns.lastRow() + tileSize);
-  for (int c = 1; c <= columns.lastRow(); ++c)
-    for (int i = 1; i <= variables; ++i) rows(i, c) = columns(c, i);
-  return rows;
+std::vector<SquareSums> emptySums(const Matrix<double>& dCross, int n) {
+  std::vector<SquareSums> all;
+  for (int first = 2; first <= dCross.lastRow(); first += lanes) {
+    SquareSums& sums = all.emplace_back();
+    sums.first = first;
+    for (int l = 0; l < lanes && first + l <= dCross.lastRow(); ++l)
+      sums.mean[l] = dCross(1, first + l) / n;
+  }
+  return all;
 }
 
-void addCase(const double* observed, const std::array<double, lanes>& fitted,
-             const std::array<double, lanes>& mean, SquareSums& sums) {
+void addCase(const double* observed, const std::array<double, lanes>& fitted, SquareSums& sums) {
   for (int l = 0; l < lanes; ++l) {
     const double stored = static_cast<float>(fitted[l]);
     const double residual = static_cast<float>(observed[l] - stored);
-    const double explained = stored - mean[l];
-    const double total = observed[l] - mean[l];
+    const double explained = stored - sums.mean[l];
+    const double total = observed[l] - sums.mean[l];
     sums.SSE[l] += residual * residual;
     sums.SSR[l] += explained * explained;
     sums.SST[l] += total * total;
   }
 }
 
-// The sums of squares of the fits first .. first + lanes - 1.
-SquareSums squareSums(const Matrix<double>& columns, const Matrix<double>& variables,
-                      const CoefficientTable& table, const Matrix<double>& dCross, int first) {
+// The fitted values of all fits are one matrix product, taken a tile of cases and fits at a time.
+std::vector<SquareSums> squareSums(const Matrix<double>& columns, const Matrix<double>& dCross,
+                                   const CoefficientTable& table) {
   const int n = columns.lastRow();
-  SquareSums sums;
-  std::array<double, lanes> mean{};
-  for (int l = 0; l < lanes && first + l <= dCross.lastRow(); ++l)
-    mean[l] = dCross(1, first + l) / n;
+  const int V = dCross.lastRow();
+  std::vector<SquareSums> all = emptySums(dCross, n);
+  Matrix<double> cases(V, tileSize - 1);  // a tile's cases in columns 0.., variables in rows
   for (int c = 1; c <= n; c += tileSize) {
-    const ProductTile fitted = tileOfProducts(variables, c, table.dCoef, first);
-    for (int a = 0; a < tileSize && c + a <= n; ++a)
-      addCase(columns.row(c + a) + first, fitted[a], mean, sums);
+    const int count = std::min(tileSize, n - c + 1);
+    for (int a = 0; a < count; ++a)
+      for (int j = 1; j <= V; ++j) cases(j, a) = columns(c + a, j);
+    for (SquareSums& sums : all) {
+      const ProductTile fitted = tileOfProducts(cases, 0, table.dCoef, sums.first);
+      for (int a = 0; a < count; ++a) addCase(columns.row(c + a) + sums.first, fitted[a], sums);
+    }
   }
-  return sums;
+  return all;
 }
 
 // A variance is at least the square of its diagonal element of the inverse times that of the
@@ -153,16 +164,13 @@ bool errorsCannotVanish(float leastFactor, double SSE, int degrees) {
 bool fitSquares(const Matrix<double>& columns, const Matrix<double>& dCross,
                 const CoefficientTable& table, AuxiliaryFits& fits) {
   const int V = dCross.lastRow();
-  const Matrix<double> variables = transposed(columns, V);
   const int degrees = columns.lastRow() - (V - 1);
-  for (int first = 2; first <= V; first += lanes) {
-    const SquareSums sums = squareSums(columns, variables, table, dCross, first);
-    for (int w = first; w <= std::min(first + lanes - 1, V); ++w) {
-      const int l = w - first;
+  for (const SquareSums& sums : squareSums(columns, dCross, table))
+    for (int l = 0; l < lanes && sums.first + l <= V; ++l) {
+      const int w = sums.first + l;
       if (!errorsCannotVanish(table.leastFactor[w], sums.SSE[l], degrees)) return false;
       fits.sRSquared[w - 1] = static_cast<float>(sums.SSR[l] / sums.SST[l]);
     }
-  }
   return true;
 }
 
