@@ -71,6 +71,7 @@ class DialogPeer : public WindowPeer {
     }
     scroller_ = new QScrollArea(dialog_);
     scroller_->setFrameShape(QFrame::NoFrame);
+    scroller_->setFocusPolicy(Qt::NoFocus);
     scroller_->setWidget(childrenGround());
     scroller_->setGeometry(QRect({0, 0}, screenPlace().size() - bars()));
   }

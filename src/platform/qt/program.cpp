@@ -2,6 +2,7 @@
 
 #include <QApplication>
 
+#include "platform/qt/program_icon.h"
 #include "platform/qt/qt_desktop.h"
 #include "platform/qt/theme.h"
 
@@ -14,7 +15,10 @@ bool screenAvailable() {
 }
 
 struct QtProgram::Parts {
-  Parts(int& argc, char** argv) : application(argc, argv) { theme::installFont(); }
+  Parts(int& argc, char** argv) : application(argc, argv) {
+    theme::installFont();
+    QApplication::setWindowIcon(programIcon());
+  }
   QApplication application;
   QtDesktop desktop;
 };

@@ -66,7 +66,8 @@ QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* o
 QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
                               const QWidget* widget) const {
   if (type == CT_MdiControls) return {28, 18};
-  return QProxyStyle::sizeFromContents(type, option, size, widget);
+  const QSize usual = QProxyStyle::sizeFromContents(type, option, size, widget);
+  return type == CT_PushButton ? usual.expandedTo({90, 30}) : usual;
 }
 
 QIcon Style::standardIcon(StandardPixmap icon, const QStyleOption* option,
