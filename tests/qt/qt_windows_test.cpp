@@ -167,6 +167,24 @@ TEST_F(QtWindowsTest, DialogsStandAboveTheWindowBefore) {
   EXPECT_EQ(widgetOf(above).windowHandle()->transientParent(), widgetOf(below).windowHandle());
 }
 
+TEST_F(QtWindowsTest, CoveredWindowIsPaintedWhenTheCoverGoes) {
+  OneChild frame(desktop);
+  Window cover(desktop, "frmHider", WindowStyle::bare);
+  const Size screen = desktop.screenSize();
+  cover.setPlace({0, 0, screen.width, screen.height});
+  cover.show();
+  EXPECT_FALSE(widgetOf(frame).updatesEnabled());
+  {
+    const UpdateLock lock(frame);
+    cover.hide();
+    EXPECT_FALSE(widgetOf(frame).updatesEnabled());
+  }
+  EXPECT_TRUE(widgetOf(frame).updatesEnabled());
+  cover.setPlace({0, 0, pixels(100), pixels(100)});
+  cover.show();
+  EXPECT_TRUE(widgetOf(frame).updatesEnabled());
+}
+
 TEST_F(QtWindowsTest, BoxShowsTheProgramsNameAndEscapeMeansNo) {
   QString title;
   const auto escape = [&] {

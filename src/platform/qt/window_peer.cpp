@@ -55,7 +55,7 @@ void WindowPeer::watch() {
 
 void WindowPeer::update(Change what) {
   if (has(what, Change::text)) widget()->setWindowTitle(toQt(window_.caption()));
-  if (has(what, Change::updates)) widget()->setUpdatesEnabled(window_.updateLocks() == 0);
+  if (has(what, Change::updates)) mirror_.windows.allowPainting(window_, *widget());
   if (has(what, Change::look) && ground_) ground_->update();
   ContainerPeer::update(what);
   if (has(what, Change::focus)) followFocus();

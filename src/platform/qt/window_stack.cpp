@@ -24,12 +24,31 @@ class WindowStack::Entry {
 void WindowStack::shown(Window& window, QWidget& widget) {
   std::erase_if(shown_, [&](const Shown& entry) { return entry.window == &window; });
   shown_.push_back({&window, &widget});
+  allowPainting();
 }
 
 void WindowStack::hidden(const Window& window) {
   std::erase_if(shown_, [&](const Shown& entry) { return entry.window == &window; });
+  allowPainting();
   for (const Waiting& entry : waiting_)
     if (entry.window == &window) entry.loop->quit();
+}
+
+void WindowStack::allowPainting() const {
+  for (const Shown& entry : shown_)
+    if (entry.widget) allowPainting(*entry.window, *entry.widget);
+}
+
+void WindowStack::allowPainting(const Window& window, QWidget& widget) const {
+  const auto covers = [&](const Shown& above) {
+    return above.window->style() == WindowStyle::bare && above.widget &&
+           above.widget->geometry().contains(widget.geometry());
+  };
+  auto above = std::find_if(shown_.begin(), shown_.end(),
+                            [&](const Shown& entry) { return entry.window == &window; });
+  if (above != shown_.end()) ++above;
+  const bool covered = std::any_of(above, shown_.end(), covers);
+  widget.setUpdatesEnabled(window.updateLocks() == 0 && !covered);
 }
 
 std::vector<Window*> WindowStack::windows() const {

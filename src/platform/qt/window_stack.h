@@ -18,6 +18,10 @@ class WindowStack {
   // It has left the screen: whoever waits for it goes on.
   void hidden(const Window& window);
 
+  // Lets a window paint, unless its drawing is locked or a bare window covers it wholly: what
+  // nobody can see is not painted.
+  void allowPainting(const Window& window, QWidget& widget) const;
+
   // The window on top of which a new one belongs; null where there is none.
   QWidget* top() const { return shown_.empty() ? nullptr : shown_.back().widget.data(); }
   // On the screen, the lowest first.
@@ -38,6 +42,7 @@ class WindowStack {
     QEventLoop* loop;
   };
   class Entry;
+  void allowPainting() const;
 
   std::vector<Shown> shown_;
   std::vector<Waiting> waiting_;
