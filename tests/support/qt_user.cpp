@@ -133,6 +133,12 @@ Qt::Key toolkitKey(int code) {
 
 QWindow* nativeWindow(const Window& window) { return widgetOf(window).window()->windowHandle(); }
 
+// Nobody types into a window that has only just come up; a window manager takes its time.
+void waitUntilActive(const Window& window) {
+  if (!QTest::qWaitForWindowActive(nativeWindow(window), patience))
+    throw std::runtime_error("the window " + window.name() + " never became active");
+}
+
 QAction* findAction(const QWidget& menu, const MenuItem& item) {
   for (QAction* action : menu.actions())
     if (action->text().toStdString() == item.caption()) return action;
@@ -226,7 +232,8 @@ void QtUser::doMenu(Window& window, const std::vector<MenuItem*>& path) {
 }
 
 void QtUser::doKey(Window& window, const KeyPress& key) {
-  desktop_.settle();  // nobody types into a window that has only just come up
+  waitUntilActive(window);
+  desktop_.settle();
   Qt::KeyboardModifiers modifiers;
   modifiers.setFlag(Qt::ShiftModifier, key.shift);
   modifiers.setFlag(Qt::ControlModifier, key.control);
@@ -236,6 +243,7 @@ void QtUser::doKey(Window& window, const KeyPress& key) {
 }
 
 void QtUser::alt(std::string_view name, char letter) {
+  waitUntilActive(window(name));
   QTest::keyClick(nativeWindow(window(name)), letter, Qt::AltModifier);
   // The toolkit shows the button pressed for a tenth of a second before it clicks.
   QTest::qWait(150);
