@@ -25,8 +25,8 @@ AxisScale ComputeScale(float sLow, float sHigh) {
   const auto sStep = static_cast<float>(tidyFactor(m) * std::pow(10.0, e - 1));
   if (sStep == 0) return scale;
   scale.sStep = sStep;
-  scale.sAxisMin = static_cast<float>(std::floor(sLow / sStep + 0.01) * sStep);
-  scale.iSteps = asSteps(std::floor((sHigh - scale.sAxisMin) / sStep + 1.0));
+  scale.sAxisMin = static_cast<float>(std::floor(double{sLow} / sStep + 0.01) * sStep);
+  scale.iSteps = asSteps(std::floor((double{sHigh} - scale.sAxisMin) / sStep + 1));
   return scale;
 }
 

@@ -43,7 +43,7 @@ void SetResidClasses(AnalysisState& state) {
   const float width = (state.sSortedResid[n] - lowest) / static_cast<float>(classes);
   for (int j = 1; j <= classes; ++j)
     state.sResidClassLimit[j] = lowest + static_cast<float>(j - 1) * width;
-  const float range = static_cast<float>(classes) * width;
+  const double range = double{width} * classes;
   state.sResidClassLimit[classes + 1] = static_cast<float>(lowest + range * 1.0001);
 }
 

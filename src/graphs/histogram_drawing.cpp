@@ -60,13 +60,13 @@ void overlayNormalCurve(Graph& graph, const NormalCurve& curve) {
   const double bottom = graph.SDKInfo(8);
   const double width = graph.SDKInfo(5);
   const double height = graph.SDKInfo(6);
-  const float sStep = (curve.sHigh - curve.sLow) / 99;
+  const auto sStep = static_cast<float>((curve.dHigh - curve.dLow) / 99);
   ViewPoint previous;
   for (int i = 1; i <= 101; ++i) {
-    const float x = static_cast<float>(i - 1) * sStep + curve.sLow;
+    const double x = (i - 1) * double{sStep} + curve.dLow;
     const float sDensity = NormalDensity(curve.sMean, curve.sStdDev, x);
     const ViewPoint point{(x - curve.sAxisMin) / curve.sAxisLength * width + left,
-                          sDensity * curve.sFrequency / top * height + bottom};
+                          double{sDensity} * curve.sFrequency / top * height + bottom};
     if (i > 1)
       view.GSLineAbs(previous.x, previous.y, point.x, point.y, curveMode, curveStyle,
                      palette::brightRed);

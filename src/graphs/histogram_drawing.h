@@ -22,8 +22,8 @@ void drawHistogramBars(Graph& graph, PlotBar& objPlotBar, const Matrix<float>& s
 // The normal curve that the classes should follow, all lengths in the shifted units of the
 // horizontal axis.
 struct NormalCurve {
-  float sLow;         // where the curve begins
-  float sHigh;        // and ends, but for one step
+  double dLow;        // where the curve begins
+  double dHigh;       // and ends, but for one step
   float sMean;        // of the normal distribution
   float sStdDev;      //
   float sAxisMin;     // the horizontal axis
@@ -36,7 +36,7 @@ struct NormalCurve {
 // between the scaling of the vertical axis and the drawing of the axes.
 void leaveRoomForCurve(Graph& graph, const NormalCurve& curve);
 
-// 100 segments over 99ths of the range, so the last one ends a step beyond sHigh.
+// 100 segments over 99ths of the range, so the last one ends a step beyond dHigh.
 void overlayNormalCurve(Graph& graph, const NormalCurve& curve);
 
 }  // namespace tolmer

@@ -18,7 +18,7 @@ void PlotBar::PlotBarData(const Matrix<float>& Data) {
   for (int i = 1; i <= last; ++i) {
     const float value = Data(i, 2);
     if (!(value > MinY)) continue;
-    const double height = (value - MinY) / sRangeY * place.height;
+    const double height = (double{value} - MinY) / sRangeY * place.height;
     if (!(height > 1.0)) continue;
     const double left = horizontal(Data(i, 1), place) + place.halfGap;
     double right = place.left + place.width - place.halfGap;
@@ -51,7 +51,7 @@ PlotBar::Place PlotBar::findPlace(const DrawingView& view) const {
 
 double PlotBar::horizontal(float x, const Place& place) const {
   const float sRangeX = MaxX - MinX;
-  return (x - MinX) / sRangeX * place.width + place.left;
+  return (double{x} - MinX) / sRangeX * place.width + place.left;
 }
 
 Int16 PlotBar::colourOf(const Matrix<float>& Data, int bar) const {

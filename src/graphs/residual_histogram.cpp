@@ -69,8 +69,8 @@ NormalCurve frmResidHist::normalCurve() const {
   const float sSpan = state_.sResidClassLimit[static_cast<std::size_t>(iNumClasses) + 1] -
                       state_.sResidClassLimit[1];
   NormalCurve curve{};
-  curve.sLow = static_cast<float>(-z * s + sShift);
-  curve.sHigh = static_cast<float>(z * s + sShift);
+  curve.dLow = -z * s + sShift;
+  curve.dHigh = z * s + sShift;
   curve.sMean = sShift;
   curve.sStdDev = s;
   curve.sAxisMin = sShift + msXMin;

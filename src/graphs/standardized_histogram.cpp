@@ -51,8 +51,8 @@ void frmStdResidHist::OverlayNormalDist() { overlayNormalCurve(gphStdResidHist, 
 NormalCurve frmStdResidHist::normalCurve() const {
   const float sShift = axisShift(axisMin);
   NormalCurve curve{};
-  curve.sLow = sShift - 3;
-  curve.sHigh = sShift + 3;
+  curve.dLow = sShift - 3;
+  curve.dHigh = sShift + 3;
   curve.sMean = sShift;
   curve.sStdDev = 1;
   curve.sAxisMin = sShift + axisMin;

@@ -241,11 +241,10 @@ void setResidClasses(AnalysisState& s) {
   const int classes = std::max(4, static_cast<int>(std::floor(std::log(n) / std::log(2) + 1.5)));
   s.iNumResidClasses = static_cast<Int16>(classes);
   const float width = (s.sSortedResid[n] - s.sSortedResid[1]) / static_cast<float>(classes);
-  for (int j = 1; j <= classes + 1; ++j) {
-    const float above = static_cast<float>(j - 1) * width;
-    s.sResidClassLimit[j] = j <= classes ? s.sSortedResid[1] + above
-                                         : static_cast<float>(s.sSortedResid[1] + above * 1.0001);
-  }
+  for (int j = 1; j <= classes; ++j)
+    s.sResidClassLimit[j] = s.sSortedResid[1] + static_cast<float>(j - 1) * width;
+  s.sResidClassLimit[classes + 1] =
+      static_cast<float>(s.sSortedResid[1] + classes * double{width} * 1.0001);
 }
 
 void freqTallyDec(AnalysisState& s, MessagePort& messages) {
