@@ -6,9 +6,10 @@ namespace tolmer {
 
 DisplayWindow::DisplayWindow(Desktop& desktop, AnalysisState& state, DisplayHost& host,
                              std::string name, std::string caption)
-    : Window(desktop, std::move(name), WindowStyle::child, std::move(caption)),
+    : Window(desktop, std::move(name), WindowStyle::child, caption),
       state_(state),
-      host_(host) {
+      host_(host),
+      title_(std::move(caption)) {
   QueryUnload = [this](bool& bCancel) {
     if (!state_.bAllowUnload) bCancel = true;
   };
@@ -23,8 +24,9 @@ void DisplayWindow::Form_MouseUp(MouseButton button) {
   host_.openDisplayMenu();
 }
 
-void DisplayWindow::setTitle(const std::string& title) {
-  setCaption(state_.Fit.bSingular ? title + " (no valid fit)" : title);
+void DisplayWindow::UpdateDisplay() {
+  setCaption(state_.Fit.bSingular ? title_ + " (no valid fit)" : title_);
+  drawDisplay();
 }
 
 }  // namespace tolmer

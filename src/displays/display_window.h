@@ -28,7 +28,9 @@ class DisplayWindow : public Window {
   DisplayWindow(Desktop& desktop, AnalysisState& state, DisplayHost& host, std::string name,
                 std::string caption);
 
-  virtual void UpdateDisplay() = 0;
+  // Redraws the display wholly from the state. The title bar says so when the last fit failed,
+  // since the old numbers in the record must not pass for new ones.
+  void UpdateDisplay();
   virtual void UpdateControls() { host_.controlsDisabled(); }
   virtual void CopyGraph() = 0;
   virtual void PositionControls() {}
@@ -38,12 +40,14 @@ class DisplayWindow : public Window {
  protected:
   // A release of the mouse over the display or what stands in it.
   virtual void Form_MouseUp(MouseButton button);
-  // Called by every UpdateDisplay: the title bar says so when the last fit failed, since the old
-  // numbers in the record must not pass for new ones.
-  void setTitle(const std::string& title);
+  // A display's own part of UpdateDisplay.
+  virtual void drawDisplay() = 0;
 
   AnalysisState& state_;
   DisplayHost& host_;
+
+ private:
+  std::string title_;
 };
 
 }  // namespace tolmer

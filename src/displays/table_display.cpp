@@ -19,11 +19,10 @@ constexpr float roomToGrow = 2;       // the table in larger letters takes at mo
 
 TableDisplay::TableDisplay(Desktop& desktop, AnalysisState& state, DisplayHost& host,
                            std::string name, std::string title, std::string gridName)
-    : DisplayWindow(desktop, state, host, std::move(name), title),
-      title_(std::move(title)),
+    : DisplayWindow(desktop, state, host, std::move(name), std::move(title)),
       grid_(this, std::move(gridName)) {
   grid_.setSelectionMode(SelectionMode::none);
-  grid_.setAccessibleName(title_);
+  grid_.setAccessibleName(caption());
   grid_.Click = [this](CellPosition) { UpdateControls(); };
   grid_.MouseUp = [this](MouseButton button) { Form_MouseUp(button); };
   Resize = [this] { Form_Resize(); };
@@ -37,8 +36,7 @@ void TableDisplay::Form_Resize() {
 
 void TableDisplay::PositionControls() { grid_.setPlace({0, 0, innerWidth(), innerHeight()}); }
 
-void TableDisplay::UpdateDisplay() {
-  setTitle(title_);
+void TableDisplay::drawDisplay() {
   RedrawLock lock(grid_);
   grid_.setScrollBars(ScrollBars::none);
   grid_.setSheet(content());

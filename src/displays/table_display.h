@@ -16,7 +16,6 @@ class TableDisplay : public DisplayWindow {
   TableDisplay(Desktop& desktop, AnalysisState& state, DisplayHost& host, std::string name,
                std::string title, std::string gridName);
 
-  void UpdateDisplay() override;
   // All cells, legend rows included, as text and as HTML.
   void CopyGraph() override;
   // The grid takes the client area.
@@ -26,6 +25,7 @@ class TableDisplay : public DisplayWindow {
   Grid& grid() { return grid_; }
 
  protected:
+  void drawDisplay() override;
   // All cells with text, alignment and colours, from the analysis state.
   virtual Sheet content() const = 0;
   // Called when all rows have the height of their texts, for rows that are to be lower.
@@ -36,7 +36,6 @@ class TableDisplay : public DisplayWindow {
   void chooseFont();
   void fitRowsAndColumns();
 
-  std::string title_;
   Grid grid_;
 };
 

@@ -20,7 +20,7 @@ frmResidHist::frmResidHist(Desktop& desktop, AnalysisState& state, DisplayHost& 
   Form_Load(gphResidHist);
 }
 
-void frmResidHist::UpdateDisplay() {
+void frmResidHist::drawDisplay() {
   if (!hasResiduals()) return;
   ScaleResids();
   DrawHistogram();

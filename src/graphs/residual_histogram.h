@@ -12,9 +12,10 @@ class frmResidHist : public GraphDisplay {
  public:
   frmResidHist(Desktop& desktop, AnalysisState& state, DisplayHost& host);
 
-  void UpdateDisplay() override;
-
   Graph gphResidHist{this, "gphResidHist"};
+
+ protected:
+  void drawDisplay() override;
 
  private:
   // An axis that holds the residuals and the extremes of a normal sample of that size.

@@ -23,7 +23,7 @@ frmStdResidHist::frmStdResidHist(Desktop& desktop, AnalysisState& state, Display
   Form_Load(gphStdResidHist);
 }
 
-void frmStdResidHist::UpdateDisplay() {
+void frmStdResidHist::drawDisplay() {
   if (!hasResiduals()) return;
   DrawHistogram();
   OverlayNormalDist();

@@ -13,9 +13,10 @@ class frmStdResidHist : public GraphDisplay {
  public:
   frmStdResidHist(Desktop& desktop, AnalysisState& state, DisplayHost& host);
 
-  void UpdateDisplay() override;
-
   Graph gphStdResidHist{this, "gphStdResidHist", GraphDesign{{200, 100, 100, 100}, false, {}}};
+
+ protected:
+  void drawDisplay() override;
 
  private:
   void DrawHistogram();

@@ -9,18 +9,10 @@
 #include <string>
 #include <vector>
 
+#include "base/program_folder.h"
 #include "report/report_program.h"
 
 namespace {
-
-// The course lies beside the program.
-std::string folderOfThisProgram() {
-  std::string path(4096, '\0');
-  const ssize_t length = ::readlink("/proc/self/exe", path.data(), path.size());
-  if (length <= 0) return ".";
-  path.resize(static_cast<std::size_t>(length));
-  return path.substr(0, path.rfind('/'));
-}
 
 std::string today() {
   const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
@@ -42,7 +34,7 @@ bool write(std::FILE* stream, const std::string& text) {
 int run(const std::vector<std::string>& words) {
   // no-color.org: the variable, whatever its value, asks for plain text.
   const bool coloured = ::isatty(STDOUT_FILENO) == 1 && !std::getenv("NO_COLOR");
-  const tolmer::ReportSurroundings around{folderOfThisProgram(), today(), coloured};
+  const tolmer::ReportSurroundings around{tolmer::programFolder(), today(), coloured};
   const tolmer::ReportOutcome outcome = tolmer::runReport(words, around);
   write(stderr, outcome.errors);
   if (write(stdout, outcome.output)) return outcome.status;

@@ -46,6 +46,7 @@ void frmAbout::ShowAbout() {
   lblTitle1.setTop(ModuleTitleLine2.empty()
                        ? imgIcon.top() + (imgIcon.height() - lblTitle1.height()) / 2
                        : titleTop);
+  cmdOK.setFocus();
   showModal();
 }
 

@@ -143,6 +143,26 @@ TEST_F(Journey, ThePanelCannotBeReplacedAndDisplaysCannotBeClosed) {
   module.parts().manager.ShowNewWindow(4, 6);
 }
 
+// What an unfinished fit leaves in the record are old numbers.
+TEST_F(Journey, AFailedFitIsMarkedInEveryTitleBarUntilTheNextGoodOne) {
+  startWithDefaultExample();
+  AnalysisState& changed = module.parts().state;
+  const float kept = changed.sData(1, 1);
+  for (int i = 1; i <= changed.iNumCases; ++i) changed.sData(i, 1) = changed.sData(i, 2);
+  const std::string singular =
+      "Singular variance-covariance matrix. Check X matrix for duplicate variables.";
+  for (int fit = 0; fit < 4; ++fit) script.box("", singular);
+  script.box("", "Warning: 21 residuals lie outside the histogram classes in FreqTallyDec.");
+  module.parts().analysis.RunAnalysis();
+  for (const char* display : {"frmEstCoef", "frmANOVA", "frmResidHist"})
+    EXPECT_THAT(user.window(display).caption(), testing::EndsWith(" (no valid fit)"));
+  script.finish();
+
+  changed.sData(1, 1) = kept;
+  module.parts().analysis.RunAnalysis();
+  EXPECT_EQ(user.window("frmResidHist").caption(), "Histogram of Residuals");
+}
+
 TEST_F(Journey, MissingNotebookIsToldAndEndsTheProgram) {
   Module other(desktop, "no such folder");
   script.box("Input Error", "Cannot read notebook object file.");

@@ -6,6 +6,8 @@
 #include "platform/button.h"
 #include "platform/check_box.h"
 #include "platform/combo_box.h"
+#include "platform/graph/graph.h"
+#include "platform/grid/grid.h"
 #include "platform/image.h"
 #include "platform/label.h"
 #include "platform/number_box.h"
@@ -31,6 +33,13 @@ void press(Control& control) {
     case ControlKind::checkBox: {
       auto& box = static_cast<CheckBox&>(control);
       return box.setValue(box.value() == 1 ? 0 : 1);
+    }
+    case ControlKind::graph:
+      return static_cast<Graph&>(control).click();
+    case ControlKind::grid: {
+      auto& grid = static_cast<Grid&>(control);
+      grid.press(grid.activeCell());
+      return grid.click(grid.activeCell());
     }
     case ControlKind::window:
       return raise(static_cast<Window&>(control).Click);
@@ -106,7 +115,10 @@ void HeadlessUser::doMenu(Window&, const std::vector<MenuItem*>& path) {
 
 void HeadlessUser::doKey(Window& window, const KeyPress& key) {
   bool taken = false;
-  if (Control* focus = window.focus()) raise(focus->KeyDown, key, taken);
+  Control* focus = window.focus();
+  if (focus) raise(focus->KeyDown, key, taken);
+  if (!taken && focus && focus->kind() == ControlKind::grid)
+    taken = static_cast<Grid*>(focus)->pressKey(key);
   if (!taken) raise(window.KeyDown, key, taken);
   if (taken) return;
   if (key.code == keys::enter) return pressEnter(window);
