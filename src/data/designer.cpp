@@ -22,7 +22,9 @@ RowSelection selectionOf(const Grid& list) {
 
 frmModelDesign::frmModelDesign(Desktop& desktop, AnalysisState& state,
                                const DesignerSources& sources, const Window& mainWindow)
-    : Window(desktop, "frmModelDesign", WindowStyle::dialog, "Variable Selection"),
+    // At the start it lies over the main window's ground, and a title bar would push it off that.
+    : Window(desktop, "frmModelDesign", state.bStartingUp ? WindowStyle::bare : WindowStyle::dialog,
+             "Variable Selection"),
       state_(state),
       sources_(sources),
       mainWindow_(mainWindow) {
