@@ -16,14 +16,22 @@ inline constexpr Colour ink = Colour::rgb(33, 37, 41);
 inline constexpr Colour headingInk = Colour::rgb(38, 62, 92);  // the blue of the program's icon
 inline constexpr Colour quietInk = Colour::rgb(106, 115, 125);
 
+// Few: the system looks up each font, weight and size anew, and the start waits for it.
 inline constexpr Font textFont{FontFamily::interface, 12, false};
 inline constexpr Font boldFont{FontFamily::interface, 12, true};
+inline constexpr Font openingFont{FontFamily::serif, 24, false};  // as the curtain's
 inline constexpr Font headingFont{FontFamily::serif, 20, true};
 inline constexpr Font coverHeadingFont{FontFamily::serif, 24, true};
 inline constexpr Font pageHeaderFont{FontFamily::serif, 15, false};
 
 // Where the elements of a page stand.
 inline constexpr Size pageContainer{pixels(620), pixels(440)};
+// The heading of the first page, and the two captions that head all others.
+inline constexpr Twips headerLeft = 300;
+inline constexpr Twips headerWidth = pageContainer.width - 2 * headerLeft;
+// What the tabs and the pages stand on.
+inline constexpr Twips pageMargin = pixels(20);
+inline constexpr Twips bookWidth = pageContainer.width + 2 * pageMargin;
 
 // Height of a text at that width, both in twips, on whole pixels.
 inline Twips heightOf(const Font& font, std::string_view text, Twips width) {

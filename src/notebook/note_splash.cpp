@@ -7,9 +7,13 @@
 namespace tolmer {
 namespace {
 
-constexpr Colour coverBlue = Colour::rgb(38, 62, 92);
+// Darker than the curtain behind it, with an edge, so that it stands out as a book.
+constexpr Colour coverBlue = Colour::rgb(27, 45, 68);
+constexpr Colour coverEdge = Colour::rgb(110, 136, 168);
 constexpr Colour coverText = Colour::rgb(240, 244, 248);
 constexpr Rect coverPlace{0, 0, pixels(460), pixels(340)};
+constexpr Twips edgeWidth = pixels(2);
+constexpr Size board{coverPlace.width - 2 * edgeWidth, coverPlace.height - 2 * edgeWidth};
 constexpr Twips offScreen = -8865;
 constexpr int mostDots = 20;
 
@@ -26,16 +30,19 @@ frmNoteSplash::frmNoteSplash(Desktop& desktop, NoteBook& noteBook)
   tmrLoading.Tick = [this] { ShowAnotherLoadingDot(); };
   Click = [this] { ClearCover(); };
   imgCoverBackground.Click = [this] { ClearCover(); };
-  for (Panel* panel : {&pnlContinueMessage, &pnlLoadInfo, &pnlChapterName, &pnlStatusMessage})
+  for (Panel* panel :
+       {&pnlCover, &pnlContinueMessage, &pnlLoadInfo, &pnlChapterName, &pnlStatusMessage})
     panel->Click = [this] { ClearCover(); };
   tbCover.TabPageActivate = [this](int, int) { ClearCover(); };
   KeyDown = [this](const KeyPress& press, bool& consumed) { Form_KeyPress(press, consumed); };
 }
 
 void frmNoteSplash::placeControls() {
-  imgCoverBackground.setPlace({pixels(158), pixels(92), pixels(144), pixels(144)});
-  lblCoverTitle.setPlace({0, pixels(26), innerWidth(), pixels(48)});
-  const Rect messages{pixels(30), pixels(262), innerWidth() - pixels(60), pixels(62)};
+  pnlCover.setPlace({edgeWidth, edgeWidth, board.width, board.height});
+  lblCoverTitle.setPlace({0, pixels(24), board.width, pixels(48)});
+  imgCoverBackground.setPlace(
+      {(board.width - pixels(144)) / 2, pixels(90), pixels(144), pixels(144)});
+  const Rect messages{pixels(28), pixels(258), board.width - pixels(56), pixels(62)};
   pnlLoadInfo.setPlace(messages);
   pnlContinueMessage.setPlace(messages);
   pnlChapterName.setPlace({pixels(6), pixels(6), messages.width - pixels(12), pixels(24)});
@@ -45,9 +52,10 @@ void frmNoteSplash::placeControls() {
 }
 
 void frmNoteSplash::dressControls() {
-  setBackColour(coverBlue);
+  setBackColour(coverEdge);
+  pnlCover.setBackColour(coverBlue);
   imgCoverBackground.setFile(hostPath(nbNoteBook_.tProgramFolder + "\\tolmer.svg"));
-  lblCoverTitle.setFont({FontFamily::serif, 36, true});
+  lblCoverTitle.setFont(book_look::coverHeadingFont);
   lblCoverTitle.setAlign(Align::centre);
   lblCoverTitle.setForeColour(coverText);
   lblCoverTitle.setBackColour(coverBlue);

@@ -22,12 +22,13 @@ class frmNoteSplash : public Window {
 
   bool bUserClickeCover = false;
 
-  Image imgCoverBackground{this, "imgCoverBackground"};
-  Panel pnlContinueMessage{this, "pnlContinueMessage", " Click on the book to continue..."};
-  Panel pnlLoadInfo{this, "pnlLoadInfo"};
+  Panel pnlCover{this, "pnlCover"};  // the book's board, within its edge
+  Image imgCoverBackground{&pnlCover, "imgCoverBackground"};
+  Panel pnlContinueMessage{&pnlCover, "pnlContinueMessage", " Click on the book to continue..."};
+  Panel pnlLoadInfo{&pnlCover, "pnlLoadInfo"};
   Panel pnlChapterName{&pnlLoadInfo, "pnlChapterName"};
   Panel pnlStatusMessage{&pnlLoadInfo, "pnlStatusMessage", "Loading . ."};
-  Label lblCoverTitle{this, "lblCoverTitle", "Zelmar"};
+  Label lblCoverTitle{&pnlCover, "lblCoverTitle", "Zelmar"};
   TabBook tbCover{this, "tbCover"};
   Timer tmrLoading;
 

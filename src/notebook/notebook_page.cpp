@@ -27,7 +27,7 @@ std::vector<frmNotebook::OutlineControl> frmNotebook::build() {
   lblIntroChapterHeading.setCaption(book.tTitle);
   const std::size_t cut = utf8Prefix(book.tChapter, chapterNumberLength);
   const std::string captions[] = {book.tChapter.substr(0, cut), book.tChapter.substr(cut)};
-  Twips left = 300;
+  Twips left = book_look::headerLeft;
   for (int i = 0; i < 2; ++i) {
     Label& header = lblPageHeader(i);
     header.setCaption(captions[i]);

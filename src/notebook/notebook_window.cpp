@@ -12,13 +12,12 @@ using namespace book_look;
 
 constexpr Twips margin = pixels(12);
 constexpr Size container = pageContainer;
-constexpr Twips pageMargin = pixels(20);
 constexpr Twips turnerHeight = pixels(26);
-constexpr Twips turnerWidth = pixels(150);
+constexpr Twips turnerSides = pixels(8);  // between the words and the mark of the focus
 constexpr Twips logoSide = pixels(26);
 constexpr Size buttonSize{pixels(96), pixels(28)};
 
-constexpr Size book{container.width + 2 * pageMargin,
+constexpr Size book{bookWidth,
                     TabBook::tabHeight + pixels(10) + container.height + turnerHeight + pixels(16)};
 constexpr Size windowSize{book.width + 2 * margin, book.height + buttonSize.height + 3 * margin};
 
@@ -33,8 +32,8 @@ frmNotebook::frmNotebook(Desktop& desktop, NoteBook& noteBook)
     lblPageHeader.load();
     ZMLogo.load();
   }
-  placeControls();
   dressControls();
+  placeControls();
   connectEvents();
   centreOnScreen();
 }
@@ -44,17 +43,28 @@ void frmNotebook::placeControls() {
   tbNoteBook.setPlace({margin, margin, book.width, book.height});
   picPageContainer.setPlace(
       {pageMargin, TabBook::tabHeight + pixels(10), container.width, container.height});
-  lblIntroChapterHeading.setPlace({300, 0, container.width - 600, 500});
-  const Twips turnerTop = picPageContainer.bottom() + pixels(4);
-  const Twips rightEdge = book.width - pageMargin;
-  lblPreviousPage.setPlace({pageMargin, turnerTop, turnerWidth, turnerHeight});
-  lblNextPage.setPlace({rightEdge - turnerWidth, turnerTop, turnerWidth, turnerHeight});
-  // the second place of the logo is beside the product's name, in the middle
-  const Twips nameWidth = pixels(80);
-  lblProductName.setPlace({(book.width - nameWidth) / 2, turnerTop, nameWidth, turnerHeight});
-  ZMLogo(0).setPlace({pageMargin, turnerTop, logoSide, logoSide});
-  ZMLogo(1).setPlace({lblProductName.left() - logoSide, turnerTop, logoSide, logoSide});
+  lblIntroChapterHeading.setPlace({headerLeft, 0, headerWidth, 500});
+  placeFoot(picPageContainer.bottom() + pixels(4));
+  placeButtons();
+}
 
+// Page turners, name and logo in one row; the turners' words end where the page's texts do.
+void frmNotebook::placeFoot(Twips top) {
+  const auto wide = [](const Label& label) { return widthOf(label.font(), label.caption()); };
+  const Twips previousWidth = wide(lblPreviousPage) + 2 * turnerSides;
+  const Twips nextWidth = wide(lblNextPage) + 2 * turnerSides;
+  const Twips left = pageMargin + headerLeft;
+  const Twips right = left + headerWidth;
+  lblPreviousPage.setPlace({left - turnerSides, top, previousWidth, turnerHeight});
+  lblNextPage.setPlace({right + turnerSides - nextWidth, top, nextWidth, turnerHeight});
+  const Twips nameWidth = wide(lblProductName);
+  lblProductName.setPlace({(book.width - nameWidth) / 2, top, nameWidth, turnerHeight});
+  ZMLogo(0).setPlace({left, top, logoSide, logoSide});
+  // the second place of the logo is beside the product's name, in the middle
+  ZMLogo(1).setPlace({lblProductName.left() - pixels(8) - logoSide, top, logoSide, logoSide});
+}
+
+void frmNotebook::placeButtons() {
   Twips right = innerWidth() - margin;
   const Twips buttonTop = innerHeight() - margin - buttonSize.height;
   for (Button* button : {&cmdHelp, &cmdCancel, &cmdOK}) {
@@ -75,9 +85,9 @@ void frmNotebook::dressControls() {
   dress(lblIntroChapterHeading, coverHeadingFont, headingInk, Align::left);
   dress(lblPageHeader(0), pageHeaderFont, quietInk, Align::left);
   dress(lblPageHeader(1), pageHeaderFont, quietInk, Align::left);
-  dress(lblProductName, {FontFamily::serif, 14, true}, quietInk, Align::centre);
-  dress(lblPreviousPage, textFont, linkInk, Align::left);
-  dress(lblNextPage, textFont, linkInk, Align::right);
+  dress(lblProductName, boldFont, quietInk, Align::centre);
+  dress(lblPreviousPage, textFont, linkInk, Align::centre);
+  dress(lblNextPage, textFont, linkInk, Align::centre);
   lblPreviousPage.setIsLink(true);
   lblNextPage.setIsLink(true);
   for (int i = 0; i < 2; ++i)

@@ -61,6 +61,8 @@ class frmNotebook : public Window {
 
  private:
   void placeControls();
+  void placeFoot(Twips top);
+  void placeButtons();
   void dressControls();
   void connectEvents();
   void buildOutline(int iOutline, std::vector<OutlineControl>& loaded);

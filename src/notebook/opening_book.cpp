@@ -8,10 +8,10 @@ namespace tolmer {
 frmOpeningBook::frmOpeningBook(Desktop& desktop)
     : Window(desktop, "frmOpeningBook", WindowStyle::bare),
       tmrClose(desktop.timers(), "tmrClose", 1000, true) {
-  setPlace({0, 0, pixels(340), pixels(84)});
+  setPlace({0, 0, pixels(400), pixels(96)});
   centreOnScreen();
   SSPanel1.setPlace({0, 0, innerWidth(), innerHeight()});
-  SSPanel1.setFont({FontFamily::serif, 18, false});
+  SSPanel1.setFont(book_look::openingFont);
   SSPanel1.setForeColour(book_look::headingInk);
   SSPanel1.setBackColour(book_look::paper);
   SSPanel1.setBorder(true);
