@@ -3,7 +3,7 @@
 #include <QApplication>
 #include <QFont>
 
-#include "platform/qt/style.h"
+#include "platform/qt/control_style.h"
 
 namespace tolmer::theme {
 namespace {
@@ -57,7 +57,7 @@ QPalette palette() {
 void install() {
   QApplication::setDesktopSettingsAware(false);
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
-  QApplication::setStyle(new Style);
+  QApplication::setStyle(new ControlStyle);
   QApplication::setPalette(palette());
 }
 

@@ -1,4 +1,4 @@
-#include "platform/qt/style_shapes.h"
+#include "platform/qt/control_shapes.h"
 
 #include <QPolygonF>
 

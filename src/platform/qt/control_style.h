@@ -5,9 +5,9 @@
 namespace tolmer {
 
 // Flat shapes, one accent colour and room to breathe, over the toolkit's Fusion style.
-class Style : public QProxyStyle {
+class ControlStyle : public QProxyStyle {
  public:
-  Style();
+  ControlStyle();
 
   int pixelMetric(PixelMetric metric, const QStyleOption* option,
                   const QWidget* widget) const override;

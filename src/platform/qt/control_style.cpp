@@ -1,9 +1,9 @@
-#include "platform/qt/style.h"
+#include "platform/qt/control_style.h"
 
 #include <QStyleOption>
 
+#include "platform/qt/control_shapes.h"
 #include "platform/qt/convert.h"
-#include "platform/qt/style_shapes.h"
 #include "platform/qt/theme.h"
 #include "platform/window.h"
 
@@ -17,10 +17,10 @@ bool isMessageSign(QStyle::StandardPixmap icon) {
 
 }  // namespace
 
-Style::Style() : QProxyStyle(QStringLiteral("Fusion")) {}
+ControlStyle::ControlStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
-int Style::pixelMetric(PixelMetric metric, const QStyleOption* option,
-                       const QWidget* widget) const {
+int ControlStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
+                              const QWidget* widget) const {
   switch (metric) {
     case PM_ScrollBarExtent:
       return 14;
@@ -35,8 +35,8 @@ int Style::pixelMetric(PixelMetric metric, const QStyleOption* option,
   }
 }
 
-int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
-                     QStyleHintReturn* returned) const {
+int ControlStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                            QStyleHintReturn* returned) const {
   switch (hint) {
     case SH_DialogButtonBox_ButtonsHaveIcons:
     case SH_EtchDisabledText:
@@ -51,8 +51,8 @@ int Style::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* 
   }
 }
 
-QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
-                            SubControl part, const QWidget* widget) const {
+QRect ControlStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
+                                   SubControl part, const QWidget* widget) const {
   // A window in the frame has one button: at the very end of its bar, or, while it is maximised, of
   // the menu bar.
   if (control == CC_MdiControls) return part == SC_MdiNormalButton ? option->rect : QRect();
@@ -63,15 +63,15 @@ QRect Style::subControlRect(ComplexControl control, const QStyleOptionComplex* o
   return {bar.right() - bar.height() - 3, bar.top(), bar.height(), bar.height()};
 }
 
-QSize Style::sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& size,
-                              const QWidget* widget) const {
+QSize ControlStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
+                                     const QSize& size, const QWidget* widget) const {
   if (type == CT_MdiControls) return {28, 18};
   const QSize usual = QProxyStyle::sizeFromContents(type, option, size, widget);
   return type == CT_PushButton ? usual.expandedTo({90, 30}) : usual;
 }
 
-QIcon Style::standardIcon(StandardPixmap icon, const QStyleOption* option,
-                          const QWidget* widget) const {
+QIcon ControlStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
+                                 const QWidget* widget) const {
   // The toolkit would search the desktop's icon themes for it while the menu bar is made.
   if (icon == SP_ToolBarHorizontalExtensionButton) return moreIcon();
   if (!isMessageSign(icon)) return QProxyStyle::standardIcon(icon, option, widget);
@@ -81,8 +81,8 @@ QIcon Style::standardIcon(StandardPixmap icon, const QStyleOption* option,
   return messageIcon(QColor(0xC0, 0x2B, 0x2B), QChar(0x00D7));
 }
 
-void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
-                          const QWidget* widget) const {
+void ControlStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* option,
+                                 QPainter* painter, const QWidget* widget) const {
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
   switch (element) {
@@ -124,8 +124,8 @@ void Style::drawPrimitive(PrimitiveElement element, const QStyleOption* option, 
   painter->restore();
 }
 
-void Style::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
-                               QPainter* painter, const QWidget* widget) const {
+void ControlStyle::drawComplexControl(ComplexControl control, const QStyleOptionComplex* option,
+                                      QPainter* painter, const QWidget* widget) const {
   const auto part = [&](SubControl which) {
     return subControlRect(control, option, which, widget);
   };
