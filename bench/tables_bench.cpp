@@ -5,43 +5,16 @@
 #include <array>
 #include <charconv>
 
-#include "engine/pipeline.h"
-#include "platform/headless/headless_desktop.h"
-#include "support/regression_data.h"
+#include "filled_display.h"
 #include "tables/anova_table.h"
 #include "tables/coefficient_table.h"
 
 namespace tolmer {
 namespace {
 
-class NoHost : public DisplayHost {
- public:
-  void controlsDisabled() override {}
-  void controlsEnabled() override {}
-  void openDisplayMenu() override {}
-};
-
-template <class Display>
-class FilledTable {
- public:
-  FilledTable() {
-    ComputeStatistics(state_, desktop_);
-    FitRegression(state_, desktop_);
-    display.reportInnerSize({pixels(1920), pixels(1000)});
-  }
-
- private:
-  HeadlessDesktop desktop_;
-  NoHost host_;
-  AnalysisState state_ = noisyModel(500, 49);
-
- public:
-  Display display{desktop_, state_, host_};
-};
-
 template <class Display>
 void updateDisplay(benchmark::State& run) {
-  FilledTable<Display> table;
+  FilledDisplay<Display> table(500, 49);
   for (auto _ : run) {
     table.display.UpdateDisplay();
     benchmark::DoNotOptimize(table.display.grid().sheet());
@@ -50,7 +23,7 @@ void updateDisplay(benchmark::State& run) {
 
 template <class Display>
 void copyGraph(benchmark::State& run) {
-  FilledTable<Display> table;
+  FilledDisplay<Display> table(500, 49);
   for (auto _ : run) table.display.CopyGraph();
 }
 

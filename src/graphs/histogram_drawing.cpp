@@ -26,7 +26,8 @@ void beginHistogram(Graph& graph, std::span<const Int16> iClassCount, int iNumCl
 }
 
 void drawHistogramAxes(Graph& graph) {
-  const float sBeyond = graph.settings.x.minimum - 2 * graph.settings.x.maximum;
+  const auto sBeyond =
+      static_cast<float>(graph.settings.x.minimum - 2.0 * graph.settings.x.maximum);
   graph.setNumPoints(2);
   graph.setPoint(1, sBeyond, 0);
   graph.setPoint(2, sBeyond, 0);

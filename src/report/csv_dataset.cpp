@@ -33,6 +33,12 @@ class Builder {
            std::find(options_.x.begin(), options_.x.end(), name) != options_.x.end();
   }
 
+  // Where --x names the predictors, a column outside the model need not hold numbers.
+  bool mayBeLeftOut(int column, bool holdsNumbers) const {
+    return !isInModel(table_.name(column)) && (!holdsNumbers || !options_.x.empty());
+  }
+
+  // Adds the column to the variables, or leaves it out.
   Fault readColumn(int column) {
     std::vector<float> values;
     int firstText = -1;
@@ -42,8 +48,9 @@ class Builder {
       else if (firstText < 0)
         firstText = row;
     }
-    if (values.empty() && !isInModel(table_.name(column))) return std::nullopt;
-    if (firstText >= 0) return notANumber(firstText, column);
+    if (firstText >= 0)
+      return mayBeLeftOut(column, !values.empty()) ? std::nullopt
+                                                   : Fault(notANumber(firstText, column));
     numbers_.push_back(std::move(values));
     names_.push_back(table_.name(column));
     return std::nullopt;

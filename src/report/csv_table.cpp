@@ -21,6 +21,15 @@ std::string_view trimmed(std::string_view text) {
   return text;
 }
 
+// A name or a cell goes on to terminals and pages, where a control character would act.
+void replaceControls(std::string& content) {
+  const auto acts = [](char c) {
+    const auto code = static_cast<unsigned char>(c);
+    return (code < 0x20 && c != '\t' && c != '\r' && c != '\n') || code == 0x7F;
+  };
+  std::replace_if(content.begin(), content.end(), acts, '?');
+}
+
 Error errorAtLine(const std::string& fileName, int line, std::string_view text) {
   return {fileName + ":" + std::to_string(line), std::string(text)};
 }
@@ -99,6 +108,7 @@ Result<CsvTable> CsvTable::parse(std::string fileName, std::string bytes) {
   CsvTable table;
   table.fileName_ = std::move(fileName);
   table.content_ = utf8FromFile(std::move(bytes));
+  replaceControls(table.content_);
   Parser parser(table.fileName_, table.content_);
   while (!parser.atEnd()) {
     auto record = parser.nextRecord();

@@ -2,7 +2,8 @@
 //
 // Fields may stand in double quotes and then hold commas, line ends and doubled quotes. Lines end
 // in CR LF, LF or CR; empty ones are skipped. UTF-8 with or without a byte-order mark, or
-// Windows-1252. A heading without a name is called after its place, "Col 3".
+// Windows-1252; control characters become question marks. A heading without a name is called after
+// its place, "Col 3".
 #pragma once
 
 #include <cstddef>

@@ -11,15 +11,6 @@
 namespace tolmer {
 namespace {
 
-// Columns as in the file, the last one the dependent variable.
-AnalysisState dataSet(const std::vector<std::vector<float>>& rows, bool intercept = true) {
-  AnalysisState state =
-      emptyModel(static_cast<int>(rows.size()), static_cast<int>(rows[0].size()) - 1, intercept);
-  for (int c = 1; c <= state.iNumCases; ++c)
-    for (int j = 1; j <= state.iNumCols; ++j) state.sData(c, j) = rows[c - 1][j - 1];
-  return state;
-}
-
 RecordedMessages analyse(AnalysisState& state) {
   RecordedMessages messages;
   ComputeStatistics(state, messages);
@@ -34,29 +25,11 @@ void expectNear(const char* name, const std::vector<float>& values,
     EXPECT_NEAR(values[i + 1] / expected[i], 1, relative) << name << " " << i + 1;
 }
 
-// H. Woods, H. H. Steinour and H. R. Starke (1932), Industrial and Engineering Chemistry 24,
-// 1207-1214.
-AnalysisState cement() {
-  return dataSet({{7, 26, 6, 60, 78.5F},
-                  {1, 29, 15, 52, 74.3F},
-                  {11, 56, 8, 20, 104.3F},
-                  {11, 31, 8, 47, 87.6F},
-                  {7, 52, 6, 33, 95.9F},
-                  {11, 55, 9, 22, 109.2F},
-                  {3, 71, 17, 6, 102.7F},
-                  {1, 31, 22, 44, 72.5F},
-                  {2, 54, 18, 22, 93.1F},
-                  {21, 47, 4, 26, 115.9F},
-                  {1, 40, 23, 34, 83.8F},
-                  {11, 66, 9, 12, 113.3F},
-                  {10, 68, 8, 12, 109.4F}});
-}
-
 // R: m <- lm(Heat ~ ., hald); summary(m); pf(); sum(diff(resid(m))^2) / sum(resid(m)^2);
 // 1 / (1 - summary(lm(C3A ~ C3S + C4AF + C2S, hald))$r.squared) and so on.
 // Single precision of the coefficients of nearly collinear data leaves about five digits.
 TEST(MultipleRegression, AgreesWithRForCollinearData) {
-  AnalysisState state = cement();
+  AnalysisState state = cementModel();
   EXPECT_TRUE(analyse(state).boxes.empty());
   const Fit& fit = state.Fit;
   expectNear("coefficients", fit.sCoef,
@@ -89,7 +62,7 @@ TEST(MultipleRegression, AgreesWithRForCollinearData) {
 
 // K. A. Brownlee (1965), Statistical Theory and Methodology, 491-500. R: lm(StackLoss ~ . - 1)
 TEST(MultipleRegression, AgreesWithRWithoutAnIntercept) {
-  AnalysisState state = dataSet(
+  AnalysisState state = modelOf(
       {{80, 27, 89, 42}, {80, 27, 88, 37}, {75, 25, 90, 37}, {62, 24, 87, 28}, {62, 22, 87, 18},
        {62, 23, 87, 18}, {62, 24, 93, 19}, {62, 24, 93, 20}, {58, 23, 87, 15}, {58, 18, 80, 14},
        {58, 18, 89, 14}, {58, 17, 88, 13}, {58, 18, 82, 11}, {58, 19, 93, 12}, {50, 18, 89, 8},
@@ -115,7 +88,7 @@ TEST(MultipleRegression, AgreesWithRWithoutAnIntercept) {
 
 TEST(MultipleRegression, OnePredictorByHand) {
   // (1, 2), (2, 3), (3, 5), (4, 4): slope 0.8, intercept 1.5, SSE 1.8
-  AnalysisState state = dataSet({{1, 2}, {2, 3}, {3, 5}, {4, 4}});
+  AnalysisState state = modelOf({{1, 2}, {2, 3}, {3, 5}, {4, 4}});
   EXPECT_TRUE(analyse(state).boxes.empty());
   EXPECT_FLOAT_EQ(state.Fit.sCoef[1], 1.5F);
   EXPECT_FLOAT_EQ(state.Fit.sCoef[2], 0.8F);
@@ -127,7 +100,7 @@ TEST(MultipleRegression, OnePredictorByHand) {
   EXPECT_NEAR(state.Fit.sCoefP[2], state.Fit.sFProb, 1e-7);
   EXPECT_EQ(state.sVIF, (std::vector<float>{0, 0}));
 
-  AnalysisState throughZero = dataSet({{1, 2}, {2, 3}, {3, 5}, {4, 4}}, false);
+  AnalysisState throughZero = modelOf({{1, 2}, {2, 3}, {3, 5}, {4, 4}}, false);
   analyse(throughZero);
   EXPECT_FLOAT_EQ(throughZero.Fit.sCoef[1], 39.0F / 30);
   EXPECT_EQ(throughZero.iNumTerms, 1);
@@ -180,7 +153,7 @@ TEST(MultipleRegression, TheStepsFactorAndInvertTheCrossProducts) {
 }
 
 TEST(MultipleRegression, AFitThatFailsLeavesTheRecordButClearsItsOwnFlag) {
-  AnalysisState state = cement();
+  AnalysisState state = cementModel();
   analyse(state);
   const Fit before = state.Fit;
   Matrix<float> twins = state.sData;
@@ -201,7 +174,7 @@ TEST(MultipleRegression, AFitThatFailsLeavesTheRecordButClearsItsOwnFlag) {
 }
 
 TEST(MultipleRegression, AStandardErrorOfZeroIsReportedAndLeavesTAndP) {
-  AnalysisState state = cement();
+  AnalysisState state = cementModel();
   analyse(state);
   Fit fit = state.Fit;
   fit.sStdErr = 0;

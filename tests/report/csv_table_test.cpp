@@ -44,6 +44,16 @@ TEST(CsvTable, OlderEncoding) {
   EXPECT_EQ(table->name(0), "Größe");
 }
 
+TEST(CsvTable, ControlCharactersDoNotGetThrough) {
+  const auto table = CsvTable::parse("t.csv", std::string("a\x1B[31m\x7F,b\t\n1,\0"
+                                                          "2\r\n",
+                                                          17));
+  ASSERT_TRUE(table) << table.error().message();
+  EXPECT_EQ(table->name(0), "a?[31m?");
+  EXPECT_EQ(table->name(1), "b");
+  EXPECT_EQ(table->cell(0, 1), "?2");
+}
+
 TEST(CsvTable, FaultsAreNamedWithTheirPlace) {
   EXPECT_EQ(errorOf(""), "t.csv: the file is empty");
   EXPECT_EQ(errorOf("\r\n \n"), "t.csv: the file is empty");
@@ -119,6 +129,15 @@ TEST_F(CsvDataSet, ChosenPredictorsAreAscendingAndLabelsAreTaken) {
   options.x = {};
   options.labels = "Age";
   EXPECT_EQ(read(rents)->miNumPredictors, 1);
+}
+
+TEST_F(CsvDataSet, ColumnsOutsideANamedModelMayHaveGaps) {
+  const std::string gaps = "Rent,Age,Size\n9,20,3\n8,NA,2\n";
+  EXPECT_THAT(faultOf(gaps), HasSubstr("t.csv:3:2: column Age: \"NA\""));
+  options.x = {"Size"};
+  EXPECT_THAT(read(gaps)->otColName.values(), ElementsAre("Intercept", "Rent", "Size"));
+  options.x = {"Age"};
+  EXPECT_THAT(faultOf(gaps), HasSubstr("t.csv:3:2: column Age"));
 }
 
 TEST_F(CsvDataSet, CellsThatAreNoNumbersAreNamed) {

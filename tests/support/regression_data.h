@@ -1,8 +1,10 @@
 // Made-up data sets for whole analyses.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <string>
+#include <vector>
 
 #include "state/analysis_state.h"
 
@@ -38,6 +40,35 @@ inline AnalysisState emptyModel(int cases, int predictors, bool intercept = true
   for (int c = 1; c <= cases; ++c) state.sData(c, 0) = 1;
   RedimAnalysisArrays(state);
   return state;
+}
+
+// Columns as in the rows, the last one the dependent variable.
+inline AnalysisState modelOf(const std::vector<std::vector<float>>& rows, bool intercept = true) {
+  AnalysisState state =
+      emptyModel(static_cast<int>(rows.size()), static_cast<int>(rows[0].size()) - 1, intercept);
+  for (int c = 1; c <= state.iNumCases; ++c)
+    for (int j = 1; j <= state.iNumCols; ++j)
+      state.sData(c, j) = rows[static_cast<std::size_t>(c) - 1][static_cast<std::size_t>(j) - 1];
+  return state;
+}
+
+// Heat of hardening of 13 cements from the shares of four compounds: H. Woods, H. H. Steinour and
+// H. R. Starke, Industrial and Engineering Chemistry 24, 1932, 1207-1214.
+inline AnalysisState cementModel(bool intercept = true) {
+  return modelOf({{7, 26, 6, 60, 78.5F},
+                  {1, 29, 15, 52, 74.3F},
+                  {11, 56, 8, 20, 104.3F},
+                  {11, 31, 8, 47, 87.6F},
+                  {7, 52, 6, 33, 95.9F},
+                  {11, 55, 9, 22, 109.2F},
+                  {3, 71, 17, 6, 102.7F},
+                  {1, 31, 22, 44, 72.5F},
+                  {2, 54, 18, 22, 93.1F},
+                  {21, 47, 4, 26, 115.9F},
+                  {1, 40, 23, 34, 83.8F},
+                  {11, 66, 9, 12, 113.3F},
+                  {10, 68, 8, 12, 109.4F}},
+                 intercept);
 }
 
 // Noisy predictors of different sizes that overlap a little, and a dependent variable with noise.

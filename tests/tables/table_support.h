@@ -1,7 +1,6 @@
 // Analyses and cells for the tests of tables.
 #pragma once
 
-#include <array>
 #include <cstddef>
 #include <string>
 #include <vector>
@@ -10,39 +9,13 @@
 #include "engine/pipeline.h"
 #include "platform/grid/sheet.h"
 #include "support/recorded_messages.h"
+#include "support/regression_data.h"
 
 namespace tolmer::test {
 
-// Heat of hardening of 13 cements from the shares of four compounds: H. Woods, H. H. Steinour and
-// H. R. Starke, Industrial and Engineering Chemistry 24, 1932, 1207-1214.
 inline AnalysisState cementAnalysis(bool bUseIntercept) {
-  constexpr std::array<std::array<float, 5>, 13> rows = {{{7, 26, 6, 60, 78.5F},
-                                                          {1, 29, 15, 52, 74.3F},
-                                                          {11, 56, 8, 20, 104.3F},
-                                                          {11, 31, 8, 47, 87.6F},
-                                                          {7, 52, 6, 33, 95.9F},
-                                                          {11, 55, 9, 22, 109.2F},
-                                                          {3, 71, 17, 6, 102.7F},
-                                                          {1, 31, 22, 44, 72.5F},
-                                                          {2, 54, 18, 22, 93.1F},
-                                                          {21, 47, 4, 26, 115.9F},
-                                                          {1, 40, 23, 34, 83.8F},
-                                                          {11, 66, 9, 12, 113.3F},
-                                                          {10, 68, 8, 12, 109.4F}}};
-  AnalysisState state;
-  state.iNumCases = 13;
-  state.iNumCols = 5;
-  state.iNumPredictors = 4;
-  state.bUseIntercept = bUseIntercept;
-  RedimDataArrays(state);
+  AnalysisState state = cementModel(bUseIntercept);
   state.tVarName = {"Intercept", "Aluminate", "Silicate tri", "Ferrite", "Silicate di", "Heat"};
-  state.iModelCol = {0, 5, 1, 2, 3, 4, 0};
-  for (std::size_t i = 0; i < rows.size(); ++i) {
-    state.sData(static_cast<int>(i) + 1, 0) = 1;
-    for (std::size_t j = 0; j < rows[i].size(); ++j)
-      state.sData(static_cast<int>(i) + 1, static_cast<int>(j) + 1) = rows[i][j];
-  }
-  RedimAnalysisArrays(state);
   RecordedMessages messages;
   ComputeStatistics(state, messages);
   FitRegression(state, messages);

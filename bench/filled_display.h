@@ -1,0 +1,36 @@
+// A display of a fitted model in a large window, with no program around it.
+#pragma once
+
+#include "displays/display_window.h"
+#include "engine/pipeline.h"
+#include "platform/headless/headless_desktop.h"
+#include "support/regression_data.h"
+
+namespace tolmer {
+
+class NoHost : public DisplayHost {
+ public:
+  void controlsDisabled() override {}
+  void controlsEnabled() override {}
+  void openDisplayMenu() override {}
+};
+
+template <class Display>
+class FilledDisplay {
+ public:
+  FilledDisplay(int cases, int predictors) : state_(noisyModel(cases, predictors)) {
+    ComputeStatistics(state_, desktop_);
+    FitRegression(state_, desktop_);
+    display.reportInnerSize({pixels(1920), pixels(1000)});
+  }
+
+ private:
+  HeadlessDesktop desktop_;
+  NoHost host_;
+  AnalysisState state_;
+
+ public:
+  Display display{desktop_, state_, host_};
+};
+
+}  // namespace tolmer
