@@ -8,6 +8,7 @@
 #include "data/working_copy.h"
 #include "platform/button.h"
 #include "platform/check_box.h"
+#include "platform/curtain.h"
 #include "platform/frame.h"
 #include "platform/grid/grid.h"
 #include "platform/panel.h"
@@ -56,6 +57,7 @@ class frmModelDesign : public Window {
   // ground; otherwise the window is as large as the panel and in the middle of the screen.
   void PositionForm();
 
+  Curtain pnlGround{this, "pnlGround"};  // around the panel, while the program starts
   Panel picControls{this, "picControls"};
   Frame fraVarList{&picControls, "fraVarList", "List of Variables"};
   Grid spdVarList{&fraVarList, "spdVarList"};

@@ -34,9 +34,6 @@ constexpr Twips checkHeight = pixels(23);
 constexpr Twips definitionsWidth = pixels(452);
 constexpr Twips chosenWidth = pixels(170);
 
-// The blue of the screen behind the program while it starts.
-constexpr Colour ground = Colour::rgb(38, 62, 92);
-
 // Inside a frame of that size, below its title.
 Rect insideOf(const Frame& frame) {
   return {gap, underTitle, frame.width() - 2 * gap, frame.height() - underTitle - gap};
@@ -86,6 +83,7 @@ void frmModelDesign::PositionForm() {
   const bool info = copy_.mbInfoAvailable;
   fraVarDefs.setVisible(info);
   fraComments.setVisible(info);
+  pnlGround.setVisible(state_.bStartingUp);
   if (state_.bStartingUp) {
     layOut(startingHeightWithoutInfo, info ? startingHeight : startingHeightWithoutInfo);
     return placeOverMainWindow(picControls.height());
@@ -105,7 +103,7 @@ void frmModelDesign::placeOverMainWindow(Twips panelHeight) {
   setPlace({maximised ? 0 : mainWindow_.left(),
             maximised ? std::max(screen.height - inner.height, 0.0F) : mainWindow_.top(),
             inner.width, inner.height});
-  setBackColour(ground);
+  pnlGround.fill(inner);
   picControls.setBorder(true);
   picControls.setPlace({std::max(inner.width - startingGapRight - panelWidth, 0.0F),
                         std::max(inner.height - startingGapBelow - panelHeight, 0.0F), panelWidth,

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/panel.h"
+#include "platform/curtain.h"
 #include "platform/window.h"
 
 namespace tolmer {
@@ -12,7 +12,7 @@ class frmHider : public Window {
   // Over the whole screen, and shown.
   void cover();
 
-  Panel pnlHider{this, "pnlHider"};
+  Curtain pnlHider{this, "pnlHider"};
 };
 
 }  // namespace tolmer

@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "platform/panel.h"
+
+namespace tolmer {
+
+inline constexpr Colour curtainBlue = Colour::rgb(38, 62, 92);
+
+// A ground that hides what lies behind its window: the name of the family of modules over and over.
+class Curtain : public Panel {
+ public:
+  Curtain(Container* parent, std::string name);
+  // Fills that much of its container from the upper left corner.
+  void fill(Size room);
+};
+
+}  // namespace tolmer
