@@ -10,9 +10,13 @@
 namespace tolmer {
 
 // The notebook as the loaders see it. Parameters count from 1:
-//   1 data text file         2 variable-information file  (below the parent of the program's
-//   folder) 3 information file exists           4 cases have labels 5 number of cases   6 number of
-//   variables   7 column of the dependent variable
+//   1 data text file, below the parent of the program's folder
+//   2 variable-information file, likewise
+//   3 information file exists
+//   4 cases have labels
+//   5 number of cases
+//   6 number of variables
+//   7 column of the dependent variable, for an example
 class ScenarioSource {
  public:
   virtual ~ScenarioSource() = default;

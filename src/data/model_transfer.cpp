@@ -23,7 +23,7 @@ void copyModelToGlobal(const WorkingCopy& copy, AnalysisState& state) {
 
 void takeModel(WorkingCopy& copy, const AnalysisState& state) {
   copy.mbDepVarSpecified = true;
-  copy.miDepVarCol = state.iModelCol.size() > 1 ? state.iModelCol[1] : Int16{0};
+  copy.miDepVarCol = state.iModelCol[1];
   for (int i = 1; i <= copy.miNumPredictors; ++i) {
     const Int16 col = state.iModelCol[static_cast<std::size_t>(i) + 1];
     copy.oiIndepVarCol(i) = col;
@@ -60,6 +60,7 @@ void CopyGlobalVarsToModule(WorkingCopy& copy, const AnalysisState& state) {
   copy.mtLabelColName = state.tLabelColName;
   copy.miNumPredictors = state.iNumPredictors;
   DimensionModelDesignerArrays(copy);
+  if (!hasModel(state)) return;
   copy.otColName.setValues(state.tVarName);
   copy.otCaseLabel.setValues(state.tCaseLabel);
   copy.osData = state.sData;

@@ -10,7 +10,8 @@ namespace tolmer {
 // anew, and bModelHasChanged is set.
 void CopyModuleVarsToGlobal(const WorkingCopy& copy, AnalysisState& state);
 
-// Takes the data and the model in force, for a change of the model alone.
+// Takes the data and the model in force, for a change of the model alone. Where none is in force
+// the copy is empty, as for no data.
 void CopyGlobalVarsToModule(WorkingCopy& copy, const AnalysisState& state);
 
 }  // namespace tolmer

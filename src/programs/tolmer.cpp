@@ -4,6 +4,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <cstdio>
+#include <memory>
 #include <string>
 #include <string_view>
 

@@ -19,6 +19,7 @@ frmAbout::frmAbout(Desktop& desktop)
   lblWebAddress.setCaption(lblWebAddress.caption() + "\n" + webAddress +
                            "\n(Click here to copy address to clipboard)");
   lblWebAddress.setIsLink(true);
+  // A press of the mouse copies by itself; this is the press of a key.
   lblWebAddress.Click = [this] { this->desktop().setClipboard({.text = webAddress}); };
   lblWebAddress.MouseDown = [this](MouseButton) { lblWebAddress_MouseDown(); };
   lblWebAddress.MouseUp = [this](MouseButton) { lblWebAddress.setForeColour(colours::buttonText); };

@@ -10,6 +10,7 @@ Analysis::Analysis(AnalysisState& state, Desktop& desktop, DisplaySet& displays,
     : state_(state), desktop_(desktop), displays_(displays), panel_(panel) {}
 
 void Analysis::RunAnalysis() {
+  if (!hasModel(state_)) return;
   RedimAnalysisArrays(state_);
   ComputeStatistics(state_, desktop_);
   FitRegression(state_, desktop_);

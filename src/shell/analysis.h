@@ -14,8 +14,8 @@ class Analysis {
  public:
   Analysis(AnalysisState& state, Desktop& desktop, DisplaySet& displays, frmControlPanel& panel);
 
-  // The whole pipeline. Messages of the fit do not stop it: what follows runs on what the arrays
-  // hold.
+  // The whole pipeline, or nothing where no model stands. Messages of the fit do not stop it: what
+  // follows runs on what the arrays hold.
   void RunAnalysis();
   // UpdateDisplay of every display that is shown; nothing is then pending in the panel.
   void UpdateAllDisplays();

@@ -188,8 +188,6 @@ void frmControlPanel::SetupChangeDataSourceButton() {
       cmdChangeDataSource.setTip("Choose a new example");
       break;
     default:
-      // The number follows the colon as the text functions of numbers give it: with a blank for
-      // its sign only where a number is shown alone, so directly here.
       desktop().messageBox({.title = {},
                             .text = "Error in SetupChangeDataSourceButton - bad source:" +
                                     std::to_string(state_.iDataSource)});

@@ -11,9 +11,8 @@ namespace {
 constexpr const char* moduleTitle = "Tolmer";
 constexpr const char* loadingCaption = "Preparing Chapter 17 - Multiple Regression Analysis";
 constexpr const char* notebookFile = "tolmod.nbo";
-
-constexpr long helpOnHelp = 2;
-constexpr long helpSearch = 103;
+constexpr const char* iconFile = "tolmer.svg";
+constexpr const char* helpFile = "tolmod";
 
 }  // namespace
 
@@ -30,6 +29,7 @@ void MainFlow::Main() {
   state_.bStartingUp = true;
   parts_.about.ModuleTitleLine1 = moduleTitle;
   parts_.about.ModuleVersion = "Version 2.00";
+  parts_.about.imgIcon.setFile(parts_.tProgramFolder + "/" + iconFile);
   readNotebook();
   showMainWindow();
   parts_.notebook.ShowHider = true;
@@ -69,6 +69,9 @@ void MainFlow::showMainWindow() {
 
 void MainFlow::coverScreen() {
   if (!hider_) hider_ = std::make_unique<frmHider>(parts_.desktop);
+  hider_->pnlHider.Click = [this] {
+    if (frmNoteSplash* cover = parts_.notebook.cover()) cover->bUserClickeCover = true;
+  };
   hider_->cover();
 }
 
@@ -108,6 +111,8 @@ void MainFlow::LoadModelAndData() {
   state_.bChangeModelOnly = false;
   state_.bChangeDataOnly = false;
   showDesigner();
+  // OK on the empty designer of a page that brings no data: only another page can.
+  if (!hasModel(state_)) state_.bNewDataRequested = true;
   if (state_.bNewDataRequested) return;
   parts_.analysis.RunAnalysis();
   parts_.panel.SetupChangeDataSourceButton();
@@ -135,7 +140,9 @@ bool MainFlow::takeDataSource() {
       state_.bUseDefaultData = false;
       return true;
     case 5:
-      // The data editor is not part of this release: nothing is loaded, and the source stays.
+      // As after Cancel in the data editor, which is not part of this release: the source stays,
+      // and where there is no analysis to go back to, the notebook comes back.
+      state_.bNewDataRequested = state_.bStartingUp;
       return false;
     default:
       return true;
@@ -163,13 +170,13 @@ void MainFlow::ShowHelpTopic(long lContext) {
   const Kind kind = lContext == helpOnHelp   ? Kind::usingHelp
                     : lContext == helpSearch ? Kind::search
                                              : Kind::topic;
-  parts_.desktop.showHelp({.file = "tolmod", .kind = kind, .context = lContext});
+  parts_.desktop.showHelp({.file = helpFile, .kind = kind, .context = lContext});
 }
 
 void MainFlow::ExitModule() {
   state_.bAllowUnload = true;
-  parts_.desktop.showHelp({.file = "tolmod", .kind = HelpRequest::Kind::quit});
-  parts_.desktop.activateProgram("zelmar");
+  parts_.desktop.showHelp({.file = helpFile, .kind = HelpRequest::Kind::quit});
+  parts_.desktop.activateProgram(suiteTitle);
   parts_.desktop.doEvents();
   parts_.desktop.endProgram(0);
 }

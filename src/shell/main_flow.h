@@ -10,6 +10,14 @@
 
 namespace tolmer {
 
+// The title of the window of the suite's menu program.
+inline constexpr const char* suiteTitle = "zelmar";
+
+// Contexts of ShowHelpTopic; any other is the number of a topic.
+inline constexpr long helpOnHelp = 2;
+inline constexpr long helpContents = 101;
+inline constexpr long helpSearch = 103;
+
 class MainFlow : public ScenarioSource {
  public:
   explicit MainFlow(ShellParts& parts);

@@ -3,14 +3,6 @@
 #include <filesystem>
 
 namespace tolmer {
-namespace {
-
-constexpr const char* suiteTitle = "zelmar";
-constexpr long helpContents = 101;
-constexpr long helpSearch = 103;
-constexpr long helpOnHelp = 2;
-
-}  // namespace
 
 MenuCommands::MenuCommands(ShellParts& parts, MainFlow& flow) : parts_(parts), flow_(flow) {
   wireFileAndEdit();
@@ -67,8 +59,11 @@ void MenuCommands::mnuFileWorktext_Click() {
          .icon = MessageIcon::critical});
     return;
   }
-  if (!parts_.desktop.activateProgram("Ch. 17 Tolmer Analysis"))
-    parts_.desktop.openDocument(worktext);
+  if (parts_.desktop.activateProgram("Ch. 17 Tolmer Analysis")) return;
+  if (!parts_.desktop.openDocument(worktext))
+    parts_.desktop.messageBox({.title = "Worktext",
+                               .text = "No program of this computer opens " + worktext + ".",
+                               .icon = MessageIcon::exclamation});
 }
 
 void MenuCommands::mnuEditCopy_Click() {

@@ -14,6 +14,10 @@ void redim(std::vector<Value>& array, int last) {
 
 }  // namespace
 
+bool hasModel(const AnalysisState& state) {
+  return state.iNumCases > 0 && state.iModelCol.size() > 1 && state.iModelCol[1] > 0;
+}
+
 void RedimDataArrays(AnalysisState& state) {
   state.sData.resize(state.iNumCases, state.iNumCols);
   redim(state.tVarName, state.iNumCols);

@@ -106,6 +106,10 @@ struct AnalysisState {
   std::array<Int16, 4> iSavedPlotYVar{};
 };
 
+// Whether a data set and a model stand, so that there is something to fit. The shared arrays are
+// empty until the first model is accepted.
+bool hasModel(const AnalysisState& state);
+
 // For a new data set of iNumCases, iNumCols and iNumPredictors: sData, tVarName, tCaseLabel,
 // tVarDesc and iModelCol at their bounds. All their contents are lost.
 void RedimDataArrays(AnalysisState& state);

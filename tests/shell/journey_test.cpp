@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "notebook/note_splash.h"
 #include "notebook/notebook_window.h"
 #include "shell/module.h"
 #include "support/headless_user.h"
@@ -42,6 +43,35 @@ TEST_F(Journey, DefaultExampleFillsTheQuadrants) {
   EXPECT_THAT(module.parts().panel.txtFittedModel.text(), testing::StartsWith("StackLoss = "));
   EXPECT_EQ(module.parts().panel.cmdChangeDataSource.caption(), "Select &Example");
   EXPECT_THAT(desktop.boxes(), testing::IsEmpty());
+}
+
+TEST_F(Journey, AboutShowsTitleVersionAndIcon) {
+  startWithDefaultExample();
+  script.window("frmAbout", [&] {
+    const frmAbout& about = module.parts().about;
+    EXPECT_EQ(about.lblTitle1.caption(), "Tolmer");
+    EXPECT_EQ(about.lblVersion.caption(), "Version 2.00");
+    EXPECT_TRUE(std::filesystem::exists(about.imgIcon.file()));
+    // A single title stands in the icon's middle.
+    EXPECT_EQ(about.lblTitle1.top() + about.lblTitle1.height() / 2,
+              about.imgIcon.top() + about.imgIcon.height() / 2);
+    user.click("frmAbout", "lblWebAddress");
+    EXPECT_THAT(desktop.clipboard().text, testing::StartsWith("https://"));
+    user.click("frmAbout", "cmdOK");
+  });
+  user.menu("mdiReg", "Help/About...");
+}
+
+TEST_F(Journey, WorktextThatIsMissingIsToldAndCopyTakesTheFittedModel) {
+  startWithDefaultExample();
+  script.box("Worktext not Found",
+             "Either your Zelmar CD has been removed from your CD reader or your Worktext files "
+             "have been moved!");
+  user.menu("mdiReg", "File/View Worktext");
+  module.parts().frame.activate(module.parts().panel);
+  module.parts().panel.txtFittedModel.setFocus();
+  user.menu("mdiReg", "Edit/Copy");
+  EXPECT_EQ(desktop.clipboard().text, module.parts().panel.txtFittedModel.text());
 }
 
 TEST_F(Journey, CancelInTheNotebookAsksAndStaysOnNo) {
@@ -161,6 +191,18 @@ TEST_F(Journey, AFailedFitIsMarkedInEveryTitleBarUntilTheNextGoodOne) {
   changed.sData(1, 1) = kept;
   module.parts().analysis.RunAnalysis();
   EXPECT_EQ(user.window("frmResidHist").caption(), "Histogram of Residuals");
+}
+
+TEST_F(Journey, ClickOnTheCurtainCountsAsOneOnTheCover) {
+  Module other(desktop, "no such folder");
+  desktop.onMessageBox = [&](const MessageBox&) {  // while the cover is up
+    const frmNoteSplash& cover = *other.parts().notebook.cover();
+    EXPECT_FALSE(cover.bUserClickeCover);
+    user.click("frmHider", "pnlHider");
+    EXPECT_TRUE(cover.bUserClickeCover);
+    return Answer::ok;
+  };
+  EXPECT_THROW(other.Main(), ProgramEnded);
 }
 
 TEST_F(Journey, MissingNotebookIsToldAndEndsTheProgram) {
