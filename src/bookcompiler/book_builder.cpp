@@ -121,8 +121,14 @@ class BookBuilder {
     if (!field.empty()) fail("a second \"" + entry.keyword + ":\"");
     if (wantText(entry)) field = entry.text;
   }
-  void title(const SourceEntry& entry) { once(book().tTitle, entry); }
-  void chapter(const SourceEntry& entry) { once(book().tChapter, entry); }
+  void title(const SourceEntry& entry) {
+    once(book().tTitle, entry);
+    result_.titleLine = entry.line;
+  }
+  void chapter(const SourceEntry& entry) {
+    once(book().tChapter, entry);
+    result_.chapterLine = entry.line;
+  }
 
   void defaultScenario(const SourceEntry& entry) {
     once(book().uDefaultScenario.tName, entry);
@@ -330,7 +336,9 @@ class BookBuilder {
   void description(const SourceEntry& entry) {
     modifiers(entry);
     if (!scenario_ && !database_) return fail("\"description:\" belongs to a scenario or database");
-    (scenario_ ? scenario_->tDesc : database_->tDesc) = entry.text;
+    std::string& described = scenario_ ? scenario_->tDesc : database_->tDesc;
+    if (!described.empty()) fail("a second \"description:\"");
+    described = entry.text;
   }
 
   void databaseField(const SourceEntry& entry, std::string Database::*field, bool isFile) {

@@ -27,6 +27,8 @@ struct SourcedBook {
   std::vector<DataSetClaim> dataSets;
   std::vector<FileClaim> courseFiles;
   std::vector<FileClaim> pictures;
+  int titleLine = 1;
+  int chapterLine = 1;
 };
 
 // Sections with a meaning to the program: what their scenarios need.

@@ -6,8 +6,8 @@
 #include "base/file_io.h"
 #include "bookcompiler/book_builder.h"
 #include "bookcompiler/source_text.h"
+#include "bookcompiler/student_view.h"
 #include "notebook/object_file.h"
-#include "notebook/page_fit.h"
 
 namespace tolmer {
 namespace {
@@ -48,14 +48,6 @@ void checkFiles(const SourcedBook& sourced, const CourseFolders& folders, Compla
     checkPicture(file.line, file.name, folders, complaints);
 }
 
-// A page that is too long can still be read in part, so it is no error.
-void checkPagesFit(const SourcedBook& sourced, const CourseFolders& folders,
-                   Complaints& complaints) {
-  for (int row = 1; row <= sourced.book.uPage.count(); ++row)
-    for (std::string& text : pageOverflow(sourced.book, row, folders.program))
-      complaints.warning(sourced.lines.at(std::pair(BookPart::page, row)), std::move(text));
-}
-
 }  // namespace
 
 CompiledBook compileBook(std::string_view source, const CourseFolders& folders) {
@@ -64,7 +56,7 @@ CompiledBook compileBook(std::string_view source, const CourseFolders& folders) 
   const SourcedBook sourced = buildBook(entries, complaints);
   checkFiles(sourced, folders, complaints);
   // references are right only where there are no errors
-  if (!complaints.hasErrors()) checkPagesFit(sourced, folders, complaints);
+  if (!complaints.hasErrors()) warnForStudents(sourced, folders, complaints);
   CompiledBook compiled{{}, complaints.sorted(), complaints.hasErrors()};
   if (!compiled.hasErrors) compiled.objectText = objectFileText(sourced.book);
   return compiled;
@@ -72,9 +64,10 @@ CompiledBook compileBook(std::string_view source, const CourseFolders& folders) 
 
 int compileNotebook(const std::vector<std::string>& arguments, std::string& report) {
   const auto parsed = parseArguments(arguments);
+  const bool askedForHelp = arguments == std::vector<std::string>{"--help"};
   if (!parsed) {
     report += "usage: nbocompile SOURCE OUTPUT --root FOLDER\n";
-    return 2;
+    return askedForHelp ? 0 : 2;
   }
   const auto source = readWholeFile(parsed->source);
   if (!source) {

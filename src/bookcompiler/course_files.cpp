@@ -7,6 +7,7 @@
 #include "base/paths.h"
 #include "fieldfile/field_reader.h"
 #include "fieldfile/number_text.h"
+#include "notebook/picture_size.h"
 
 namespace tolmer {
 namespace {
@@ -58,11 +59,12 @@ std::optional<Error> checkInfoFile(const std::string& root, const DataSetClaim& 
   return std::nullopt;
 }
 
-void checkExists(int line, const std::string& hostFile, const std::string& name,
+bool checkExists(int line, const std::string& hostFile, const std::string& name,
                  Complaints& complaints) {
   std::error_code failed;
-  if (!std::filesystem::is_regular_file(hostFile, failed))
-    complaints.error(line, "there is no file " + name);
+  const bool exists = std::filesystem::is_regular_file(hostFile, failed);
+  if (!exists) complaints.error(line, "there is no file " + name);
+  return exists;
 }
 
 }  // namespace
@@ -83,7 +85,9 @@ void checkCourseFile(int line, const std::string& path, const CourseFolders& fol
 
 void checkPicture(int line, const std::string& name, const CourseFolders& folders,
                   Complaints& complaints) {
-  checkExists(line, hostPath(folders.program + "\\" + name), name, complaints);
+  const std::string hostFile = hostPath(folders.program + "\\" + name);
+  if (checkExists(line, hostFile, name, complaints) && !isPng(hostFile))
+    complaints.error(line, name + " is no PNG picture");
 }
 
 }  // namespace tolmer

@@ -16,6 +16,7 @@ inline constexpr int maxParameter = 170;       // of a scenario; element 0 stays
 inline constexpr int maxOutlineEntries = 2;    // outlines side by side in one element
 inline constexpr int maxGroupsToExpand = 20;   // open groups of one outline
 inline constexpr int maxScenariosOnPage = 4;   // options of a scenario list
+inline constexpr int highestVersion = 99;      // that a student can enter
 inline constexpr int chapterNumberLength = 7;  // characters of the chapter's first caption
 
 // Values of PageRecord::iPageType; every other one is an ordinary page.

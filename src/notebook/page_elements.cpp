@@ -180,7 +180,7 @@ void PageElements::ShowVersionElement(const ValueElement& version) {
   if (++used_.version > silgVersion.last()) {
     loadLabel(lblVersion, textFont, ink);
     NumberBox& edit = silgVersion.load();
-    edit.setRange(0, 99);
+    edit.setRange(0, highestVersion);
     edit.setTip("Enter the version number (1 to 99)  or 0");
     edit.Changed = [this, index = used_.version] {
       if (mbProcessVersionEvents_ && versionChanged)

@@ -6,6 +6,7 @@
 #include "notebook/book_look.h"
 #include "notebook/page_elements.h"
 #include "notebook/scenario_list.h"
+#include "platform/tab_book.h"
 
 namespace tolmer {
 namespace {
@@ -25,8 +26,7 @@ class TrialPage {
     if (element.iKind == ElementKind::scenario)
       layScenarios(book_.uScenarioElement[element.iIndex]);
     else
-      for (int j = 1; j <= book_.uOutline[element.iIndex].iNumOutlines; ++j)
-        elements_.showOutline(elements_.loadOutline());
+      layOutline(book_.uOutline[element.iIndex]);
     measureBottom();
   }
 
@@ -46,6 +46,22 @@ class TrialPage {
       const Label& name = scenarios_.lblScenName(i);
       if (book_look::heightOf(name.font(), name.caption(), name.width()) > name.height())
         found_.push_back("the scenario's name \"" + name.caption() + "\" is too long");
+    }
+  }
+
+  // Descriptions stand beside the outline and are no longer than it.
+  void layOutline(const OutlineElement& outline) {
+    int index = 0;
+    for (int j = 1; j <= outline.iNumOutlines; ++j) {
+      index = elements_.loadOutline();
+      elements_.showOutline(index);
+    }
+    const OutlineEntry& list = outline.uEntry[1];
+    for (int k = list.iFirstDatabase; k < list.iFirstDatabase + list.iNumDatabases; ++k) {
+      elements_.describeOutline(index, book_.uDatabase[k].tDesc);
+      const Label& label = elements_.lblDatabaseDesc(index);
+      if (book_look::heightOf(label.font(), label.caption(), label.width()) > label.height())
+        found_.push_back("the description of \"" + book_.uDatabase[k].tName + "\" is too long");
     }
   }
 
@@ -74,6 +90,23 @@ class TrialPage {
 };
 
 }  // namespace
+
+bool titleFits(const Book& book) {
+  return book_look::widthOf(book_look::coverHeadingFont, book.tTitle) <= book_look::headerWidth;
+}
+
+bool chapterFits(const Book& book) {
+  return book_look::widthOf(book_look::pageHeaderFont, book.tChapter) <= book_look::headerWidth;
+}
+
+int firstTabBeyond(const Book& book) {
+  Twips width = 0;
+  for (int i = 1; i <= book.uSection.count(); ++i) {
+    width += book_look::widthOf(book_look::textFont, book.uSection[i].tName) + TabBook::tabSides;
+    if (width > book_look::bookWidth) return i;
+  }
+  return 0;
+}
 
 std::vector<std::string> pageOverflow(const Book& book, int row, const std::string& programFolder) {
   const PageRecord& record = book.uPage[row];

@@ -18,13 +18,21 @@ float bigEndian(std::string_view bytes) {
   return value;
 }
 
-}  // namespace
-
-Size pictureSize(const std::string& hostFile) {
+// The first bytes of a PNG; empty for anything else.
+std::string pngHeader(const std::string& hostFile) {
   std::string header(headerBytes, '\0');
   std::ifstream file(hostFile, std::ios::binary);
   const bool whole = static_cast<bool>(file.read(header.data(), headerBytes));
-  if (!whole || !header.starts_with(pngStart)) return {pixels(320), pixels(200)};
+  return whole && header.starts_with(pngStart) ? header : std::string();
+}
+
+}  // namespace
+
+bool isPng(const std::string& hostFile) { return !pngHeader(hostFile).empty(); }
+
+Size pictureSize(const std::string& hostFile) {
+  const std::string header = pngHeader(hostFile);
+  if (header.empty()) return {pixels(320), pixels(200)};
   const std::string_view fields(header);
   return {pixels(std::max(bigEndian(fields.substr(16, 4)), 1.0F)),
           pixels(std::max(bigEndian(fields.substr(20, 4)), 1.0F))};

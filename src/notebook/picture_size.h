@@ -11,4 +11,7 @@ namespace tolmer {
 // file that cannot be read, counts as 320 x 200. Twips, never empty.
 Size pictureSize(const std::string& hostFile);
 
+// Does the file begin as a PNG does, up to its size?
+bool isPng(const std::string& hostFile);
+
 }  // namespace tolmer

@@ -19,6 +19,8 @@ class TabBook : public Container {
   // The tabs stand along the upper edge and take this much of the height; the page is the rest, and
   // children that belong on it start below.
   static constexpr Twips tabHeight = pixels(34);
+  // A tab is so much wider than its caption; where not all have room, captions are cut.
+  static constexpr Twips tabSides = pixels(32);
 
   struct Tab {
     std::string caption;

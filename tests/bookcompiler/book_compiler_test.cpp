@@ -25,7 +25,9 @@ class BookCompiler : public testing::Test {
     put("data/a.csv", "Y,X\n1,2\n3,4\n5,6\n");
     put("data/b.csv", "Town,Y,X\n\"A, north\",1,2\nB,3,4\n");
     put("data/a.inf", "Comment\nFirst\nSecond\n");
-    put("tolmod/p.png", "picture");
+    put("tolmod/p.png",
+        std::string_view("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\0\0\x40\0\0\0\x20", 24));
+    put("tolmod/x.png", "no picture at all, in spite of its name");
   }
 
   void put(const std::string& name, std::string_view bytes) {
@@ -130,6 +132,8 @@ TEST_F(BookCompiler, namesLineAndReasonOfEachFault) {
       {minimal + "jump 0.2: x\n", "7: jump element: there is no page 2 of section 1"},
       {minimal + "jump 2.1: x\n", "7: jump element: there is no page 1 of section 2"},
       {minimal + "picture: q.png\n", "7: there is no file q.png"},
+      {minimal + "picture: x.png\n", "7: x.png is no PNG picture"},
+      {head + "description: x\ndescription: y\n", "6: a second \"description:\""},
       {minimal + "title: again\n", "7: a second \"title:\""},
       {minimal + "page: seven\n", "7: a page is plain, picture, scenario, database or a number"},
       {minimal + "page: scenario\n", "7: a scenario page needs a list of scenarios"},
@@ -206,10 +210,13 @@ TEST_F(BookCompiler, onlyExamplesNeedADependentColumn) {
   const std::string list =
       "page: scenario\nscenarios 0:\nscenario: A\n"
       "parameters: \\data\\a.csv, , False, False, 3, 2, 0\n";
-  const std::string two = minimal + "section: Two\npage: plain\n";
-  EXPECT_THAT(complaints(two + "section: Examples\n" + list), HasSubstr("13: parameter 7"));
-  EXPECT_THAT(complaints(two + "section: Examples\npage: plain\nsection: Databases\n" + list),
-              IsEmpty());
+  const std::string two = minimal + "section: Two\npage: picture\n";
+  const std::string overview = "page: picture\n";
+  EXPECT_THAT(complaints(two + "section: Examples\n" + overview + list),
+              HasSubstr("14: parameter 7"));
+  EXPECT_THAT(
+      complaints(two + "section: Examples\n" + overview + "section: Databases\n" + overview + list),
+      IsEmpty());
 }
 
 TEST_F(BookCompiler, readsTheDataSetsAsTheProgramWill) {
@@ -255,6 +262,40 @@ TEST_F(BookCompiler, warnsOfWhatDoesNotFitOnItsPage) {
   EXPECT_THAT(complaints(list), HasSubstr("6: the scenario's name"));
 }
 
+TEST_F(BookCompiler, warnsOfWhatAStudentWouldStumbleOver) {
+  const std::string more = "much more than there is room for, ";
+  const std::string tooLong = more + more + more + more;
+  const std::string list = "scenarios 0:\nscenario: A\n" + parameters;
+  const std::string three =
+      minimal + "section: Two\npage: picture\nsection: Three\npage: picture\n";
+  const std::string database = "page: database\noutline:\ndatabase 1: D\ndescription: ";
+  const char* const opensNothing = "OK opens no data on this page";
+  const struct {
+    std::string source;
+    std::string warning;  // empty for none
+  } cases[] = {
+      {minimal + "version 100: x\n", "7: a version is a number from 0 to 99, not 100\n"},
+      {minimal + "version -1: x\nversion 99: y\n", "7: a version is a number"},
+      {"\ntitle: " + tooLong + minimal.substr(minimal.find('\n')), "2: the title is too long"},
+      {"title: T\nchapter: " + tooLong + minimal.substr(minimal.find("\ndef")),
+       "2: the chapter is"},
+      {head + "section: " + tooLong + "\npage: plain\n", "5: there is no room for all tabs"},
+      {three + database + tooLong + tooLong + tooLong + tooLong + "\n",
+       "11: the description of \"D\""},
+      {three + "page: scenario\n" + list, ""},
+      {minimal + "page: scenario\n" + list, ""},
+      {three + "page: plain\n", std::string("11: ") + opensNothing},
+      {three + database + "short\n", std::string("11: ") + opensNothing},
+      {three + "page: picture\npicture: p.png\n", std::string("11: ") + opensNothing},
+      {minimal + "section: Two\npage: scenario\n" + list, std::string("8: ") + opensNothing},
+  };
+  for (const auto& [source, warning] : cases) {
+    EXPECT_FALSE(compileBook(source, folders).hasErrors) << warning;
+    EXPECT_THAT(complaints(source),
+                warning.empty() ? testing::Matcher<std::string>(IsEmpty()) : HasSubstr(warning));
+  }
+}
+
 TEST_F(BookCompiler, isAProgramWithThreeExitStatuses) {
   put("s.txt", minimal);
   put("bad.txt", minimal + "foo: x\n");
@@ -271,6 +312,7 @@ TEST_F(BookCompiler, isAProgramWithThreeExitStatuses) {
     EXPECT_EQ(compileNotebook(arguments, report), 2);
   EXPECT_THAT(report, HasSubstr("usage: nbocompile SOURCE OUTPUT --root FOLDER\n"));
 
+  EXPECT_EQ(compileNotebook({"--help"}, report), 0);
   report.clear();
   EXPECT_EQ(compileNotebook({"--root", folders.root, source, output}, report), 0);
   EXPECT_EQ(report, "");

@@ -27,7 +27,7 @@ class BookTabs : public QTabBar {
  protected:
   // Asked for often, and measuring is slow.
   void tabInserted(int index) override {
-    constexpr int sides = 32;
+    constexpr int sides = static_cast<int>(TabBook::tabSides / twipsPerPixel);
     wanted_.insert(index, sides + fontMetrics().size(Qt::TextShowMnemonic, tabText(index)).width());
   }
   QSize tabSizeHint(int index) const override {
