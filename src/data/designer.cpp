@@ -81,23 +81,17 @@ void frmModelDesign::loadDataSource() {
 
 void frmModelDesign::LoadDefaultExample() {
   tolmer::LoadDefaultExample(copy_, sources_.scenarios, sources_.programFolder, desktop());
-  chkUseIntercept.setValue(1);
-  DisplayDepVar();
-  DisplayIndepVars();
+  displayLoadedModel();
 }
 
 void frmModelDesign::LoadNewExample() {
   tolmer::LoadNewExample(copy_, sources_.scenarios, sources_.programFolder, desktop());
-  chkUseIntercept.setValue(1);
-  DisplayDepVar();
-  DisplayIndepVars();
+  displayLoadedModel();
 }
 
 void frmModelDesign::LoadNewDatabase() {
   tolmer::LoadNewDatabase(copy_, sources_.scenarios, sources_.programFolder, desktop());
-  chkUseIntercept.setValue(1);
-  DisplayDepVar();
-  DisplayIndepVars();
+  displayLoadedModel();
 }
 
 void frmModelDesign::LoadFromDataEditor() {
@@ -105,6 +99,10 @@ void frmModelDesign::LoadFromDataEditor() {
     tolmer::LoadFromDataEditor(copy_, *sources_.editor);
   else
     DimensionModelDesignerArrays(copy_);
+  displayLoadedModel();
+}
+
+void frmModelDesign::displayLoadedModel() {
   chkUseIntercept.setValue(1);
   DisplayDepVar();
   DisplayIndepVars();

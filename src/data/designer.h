@@ -87,6 +87,7 @@ class frmModelDesign : public Window {
   void Form_Activate();
   void Form_QueryUnload(bool& bCancel) const;
   void loadDataSource();
+  void displayLoadedModel();
   void cmdDepVarSelect_Click();
   void cmdDepVarDeselect_Click();
   void cmdIndVarSelect_Click();

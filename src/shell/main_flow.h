@@ -25,6 +25,7 @@ class MainFlow : public ScenarioSource {
   // From the cover to the first analysis. Afterwards the windows' events carry on.
   void Main();
   // Acts on the notebook's last page: takes the data source, shows the designer, and analyses.
+  // Sets bNewDataRequested where another page has to be chosen first.
   void LoadModelAndData();
   // Shows the hint at the end of the start.
   void FinishStartup();
