@@ -149,7 +149,8 @@ Instead of a file:
 For both:
   --y NAME             dependent variable; an example has one of its own
   --x NAME,NAME...     independent variables; without it all other numeric columns.
-                       A name with a comma stands in double quotes.
+                       A name with a comma stands in double quotes. Columns
+                       that --x leaves out may have gaps.
   --no-intercept       a model without an intercept
   --format FORMAT      text (as without this option), json or html
   --help               this text
