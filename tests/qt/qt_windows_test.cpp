@@ -123,6 +123,18 @@ TEST_F(QtWindowsTest, FrameKeepsItsMaximisedState) {
   EXPECT_TRUE(widgetOf(frame).isMaximized());
 }
 
+TEST_F(QtWindowsTest, MinimisedFrameStaysSoAndComesBackMaximised) {
+  OneChild frame(desktop);
+  QWidget& main = *frame.sub().window();
+  main.setWindowState(main.windowState() | Qt::WindowMinimized);
+  desktop.settle();
+  EXPECT_EQ(frame.state(), WindowState::minimised);
+  EXPECT_TRUE(main.isMinimized() && main.isMaximized());
+  main.setWindowState(main.windowState() & ~Qt::WindowMinimized);
+  desktop.settle();
+  EXPECT_EQ(frame.state(), WindowState::maximised);
+}
+
 TEST_F(QtWindowsTest, SizableWindowReportsItsSizeOnce) {
   Window window(desktop, "frm", WindowStyle::dialog, "Data");
   window.setSizable(true);

@@ -74,12 +74,21 @@ class FrameWindowPeer : public WindowPeer {
   }
 
   void place() override {
-    if (!main_->isVisible()) return;
-    const Qt::WindowStates wanted = frame_.state() == WindowState::maximised   ? Qt::WindowMaximized
-                                    : frame_.state() == WindowState::minimised ? Qt::WindowMinimized
-                                                                               : Qt::WindowNoState;
-    constexpr Qt::WindowStates mask = Qt::WindowMaximized | Qt::WindowMinimized;
-    if ((main_->windowState() & mask) != wanted) main_->setWindowState(wanted);
+    if (!main_->isVisible() || stateOf(*main_) == frame_.state()) return;
+    main_->setWindowState(wantedState());
+  }
+
+  // A minimised window keeps in mind whether it is to come back maximised.
+  Qt::WindowStates wantedState() const {
+    switch (frame_.state()) {
+      case WindowState::minimised:
+        return main_->windowState() | Qt::WindowMinimized;
+      case WindowState::maximised:
+        return Qt::WindowMaximized;
+      case WindowState::normal:
+        break;
+    }
+    return Qt::WindowNoState;
   }
 
   bool seen(QEvent& event) override {
