@@ -35,7 +35,7 @@ std::string pattern(const Font& font, Size room) {
 
 Curtain::Curtain(Container* parent, std::string name) : Panel(parent, std::move(name)) {
   setFont({FontFamily::serif, 24, false});
-  setBackColour(curtainBlue);
+  setBackColour(Colour::rgb(38, 62, 92));
   setForeColour(Colour::rgb(52, 78, 110));
   setAccessibleName("Zelmar");  // the pattern read aloud would not end
 }

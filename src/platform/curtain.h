@@ -6,8 +6,6 @@
 
 namespace tolmer {
 
-inline constexpr Colour curtainBlue = Colour::rgb(38, 62, 92);
-
 // A ground that hides what lies behind its window: the name of the family of modules over and over.
 class Curtain : public Panel {
  public:
