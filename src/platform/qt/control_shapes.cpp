@@ -26,6 +26,12 @@ QColor borderOf(const QStyleOption& option, bool strong) {
                                     : theme::line;
 }
 
+// An empty box or circle is all that there is to see of a choice, so its line is darker.
+QColor choiceBorderOf(const QStyleOption& option) {
+  return isEnabled(option) && !hasFocus(option) ? QColor(theme::strongLine)
+                                                : borderOf(option, false);
+}
+
 QColor tinted(const QStyleOption& option, QColor base) {
   if (!isEnabled(option)) return base;
   if (base != QColor(theme::window)) return isPressed(option) ? base.darker(115) : base;
@@ -80,7 +86,7 @@ void drawTick(QPainter& painter, const QStyleOption& option) {
   const bool isGrey = option.state.testFlag(QStyle::State_NoChange);
   const QColor ink = isEnabled(option) ? QColor(theme::accent) : QColor(theme::disabledText);
   const QRectF box = edge(option.rect);
-  painter.setPen(isOn || isGrey ? ink : borderOf(option, false));
+  painter.setPen(isOn || isGrey ? ink : choiceBorderOf(option));
   painter.setBrush(isOn ? ink : tinted(option, option.palette.color(QPalette::Base)));
   painter.drawRoundedRect(box, 3, 3);
   if (isGrey) painter.fillRect(box.adjusted(3, 3, -3, -3), ink);
@@ -97,7 +103,7 @@ void drawOption(QPainter& painter, const QStyleOption& option) {
   const bool isOn = option.state.testFlag(QStyle::State_On);
   const QColor ink = isEnabled(option) ? QColor(theme::accent) : QColor(theme::disabledText);
   const QRectF circle = edge(option.rect);
-  painter.setPen(isOn ? ink : borderOf(option, false));
+  painter.setPen(isOn ? ink : choiceBorderOf(option));
   painter.setBrush(tinted(option, option.palette.color(QPalette::Base)));
   painter.drawEllipse(circle);
   if (!isOn) return;
