@@ -48,7 +48,7 @@ class ReportRun {
   AnalysisState state_ = startState();
   Host host_;
   frmControlPanel panel_{desktop_, state_};
-  DisplaySet displays_{desktop_, state_, host_};
+  AllDisplays displays_{desktop_, state_, host_};
   Analysis analysis_{state_, desktop_, displays_, panel_};
 };
 

@@ -5,7 +5,7 @@
 
 namespace tolmer {
 
-Analysis::Analysis(AnalysisState& state, Desktop& desktop, DisplaySet& displays,
+Analysis::Analysis(AnalysisState& state, Desktop& desktop, AllDisplays& displays,
                    frmControlPanel& panel)
     : state_(state), desktop_(desktop), displays_(displays), panel_(panel) {}
 

@@ -4,15 +4,15 @@
 #include <functional>
 
 #include "platform/desktop.h"
+#include "shell/all_displays.h"
 #include "shell/control_panel.h"
-#include "shell/display_set.h"
 #include "state/analysis_state.h"
 
 namespace tolmer {
 
 class Analysis {
  public:
-  Analysis(AnalysisState& state, Desktop& desktop, DisplaySet& displays, frmControlPanel& panel);
+  Analysis(AnalysisState& state, Desktop& desktop, AllDisplays& displays, frmControlPanel& panel);
 
   // The whole pipeline, or nothing where no model stands. Messages of the fit do not stop it: what
   // follows runs on what the arrays hold.
@@ -28,7 +28,7 @@ class Analysis {
  private:
   AnalysisState& state_;
   Desktop& desktop_;
-  DisplaySet& displays_;
+  AllDisplays& displays_;
   frmControlPanel& panel_;
 };
 

@@ -7,7 +7,7 @@
 #include "notebook/notebook.h"
 #include "shell/about.h"
 #include "shell/analysis.h"
-#include "shell/display_manager.h"
+#include "shell/quadrant_manager.h"
 
 namespace tolmer {
 
@@ -39,9 +39,9 @@ struct ShellParts {
   frmMenus menus;
   frmControlPanel panel{desktop, state};
   PanelHost host{panel};
-  DisplaySet displays{desktop, state, host};
+  AllDisplays displays{desktop, state, host};
   Analysis analysis{state, desktop, displays, panel};
-  DisplayManager manager{state, desktop, displays, frame, menus, panel};
+  QuadrantManager manager{state, desktop, displays, frame, menus, panel};
   frmAbout about{desktop};
 };
 

@@ -1,4 +1,4 @@
-#include "shell/display_manager.h"
+#include "shell/quadrant_manager.h"
 
 #include <array>
 #include <cmath>
@@ -21,8 +21,8 @@ constexpr std::array startLayout = {Place{1, 1, tableDisplays, 1}, Place{2, 1, t
 
 }  // namespace
 
-DisplayManager::DisplayManager(AnalysisState& state, MessagePort& messages, DisplaySet& displays,
-                               mdiReg& frame, frmMenus& menus, frmControlPanel& panel)
+QuadrantManager::QuadrantManager(AnalysisState& state, MessagePort& messages, AllDisplays& displays,
+                                 mdiReg& frame, frmMenus& menus, frmControlPanel& panel)
     : state_(state),
       messages_(messages),
       displays_(displays),
@@ -31,12 +31,12 @@ DisplayManager::DisplayManager(AnalysisState& state, MessagePort& messages, Disp
       panel_(panel) {
   displays_.created = [this](DisplayWindow& display) { frame_.adopt(display); };
   frame_.adopt(panel_);
-  for (int iCategory = 1; iCategory <= DisplaySet::lastCategory; ++iCategory)
-    for (int iIndex = 1; iIndex <= DisplaySet::lastIndex; ++iIndex)
+  for (int iCategory = 1; iCategory <= AllDisplays::lastCategory; ++iCategory)
+    for (int iIndex = 1; iIndex <= AllDisplays::lastIndex; ++iIndex)
       SetDisplayMenuEnabled(iCategory, iIndex, true);
 }
 
-void DisplayManager::ShowInitialChildren() {
+void QuadrantManager::ShowInitialChildren() {
   InitDisplayTable(state_);
   state_.sQuadrantWidth = std::floor(frame_.innerWidth() / 2);
   state_.sQuadrantHeight = std::floor(frame_.innerHeight() / 2);
@@ -48,7 +48,7 @@ void DisplayManager::ShowInitialChildren() {
 
 // All quadrants are emptied before the first is filled: a display of the start layout may stand in
 // the place of another.
-void DisplayManager::RestoreInitialDisplays() {
+void QuadrantManager::RestoreInitialDisplays() {
   const UpdateLock lock(frame_);
   state_.bAllowUnload = true;
   for (const Place& place : startLayout) hideOccupant(place.iRow, place.iCol);
@@ -57,8 +57,8 @@ void DisplayManager::RestoreInitialDisplays() {
   state_.bAllowUnload = false;
 }
 
-void DisplayManager::ShowNewWindow(int iCategory, int iIndex) {
-  if (!DisplaySet::exists(iCategory, iIndex)) {
+void QuadrantManager::ShowNewWindow(int iCategory, int iIndex) {
+  if (!AllDisplays::exists(iCategory, iIndex)) {
     messages_.messageBox({.title = {}, .text = "Error in ShowNewWindow"});
     return;
   }
@@ -78,7 +78,7 @@ void DisplayManager::ShowNewWindow(int iCategory, int iIndex) {
   state_.bAllowUnload = false;
 }
 
-void DisplayManager::PlaceDisplayInQuadrant(Window& frmDisplay, int iRow, int iCol) {
+void QuadrantManager::PlaceDisplayInQuadrant(Window& frmDisplay, int iRow, int iCol) {
   state_.bProcessResize = false;
   {
     const UpdateLock lock(frame_);
@@ -98,31 +98,31 @@ void DisplayManager::PlaceDisplayInQuadrant(Window& frmDisplay, int iRow, int iC
   state_.bProcessResize = true;
 }
 
-void DisplayManager::SetQuadrantEntry(int iRow, int iCol, int iCategory, int iIndex) {
+void QuadrantManager::SetQuadrantEntry(int iRow, int iCol, int iCategory, int iIndex) {
   quadrant(iRow, iCol).iCategory = static_cast<Int16>(iCategory);
   quadrant(iRow, iCol).iIndex = static_cast<Int16>(iIndex);
 }
 
-void DisplayManager::SetDisplayMenuEnabled(int iCategory, int iIndex, bool bEnabled) {
-  const bool enabled = bEnabled && DisplaySet::exists(iCategory, iIndex);
+void QuadrantManager::SetDisplayMenuEnabled(int iCategory, int iIndex, bool bEnabled) {
+  const bool enabled = bEnabled && AllDisplays::exists(iCategory, iIndex);
   for (DisplayMenu* menu : {&frame_.displays, &menus_.displays})
     if (MenuItem* entry = menu->entry(iCategory, iIndex)) entry->setEnabled(enabled);
 }
 
-void DisplayManager::DisableScatterControlsIfNone() {
+void QuadrantManager::DisableScatterControlsIfNone() {
   for (int iIndex = 1; iIndex <= 3; ++iIndex)
     if (state_.iDisplayState(scatterDisplays, iIndex) == displayShown) return;
   panel_.ControlsDisabled();
 }
 
-void DisplayManager::showInQuadrant(int iRow, int iCol, int iCategory, int iIndex) {
+void QuadrantManager::showInQuadrant(int iRow, int iCol, int iCategory, int iIndex) {
   state_.iDisplayState(iCategory, iIndex) = displayShown;
   PlaceDisplayInQuadrant(*displays_.display(iCategory, iIndex), iRow, iCol);
   SetQuadrantEntry(iRow, iCol, iCategory, iIndex);
   SetDisplayMenuEnabled(iCategory, iIndex, false);
 }
 
-void DisplayManager::hideOccupant(int iRow, int iCol) {
+void QuadrantManager::hideOccupant(int iRow, int iCol) {
   const Quadrant& place = quadrant(iRow, iCol);
   if (place.frmDisplay) {
     if (place.frmDisplay->state() == WindowState::maximised)
@@ -133,7 +133,7 @@ void DisplayManager::hideOccupant(int iRow, int iCol) {
   SetDisplayMenuEnabled(place.iCategory, place.iIndex, true);
 }
 
-Quadrant& DisplayManager::quadrant(int iRow, int iCol) {
+Quadrant& QuadrantManager::quadrant(int iRow, int iCol) {
   return state_.uQuadrant.at(static_cast<std::size_t>(iRow)).at(static_cast<std::size_t>(iCol));
 }
 

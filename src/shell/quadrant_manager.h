@@ -3,17 +3,17 @@
 
 #include "base/message_box.h"
 #include "displays/display_window.h"
+#include "shell/all_displays.h"
 #include "shell/control_panel.h"
-#include "shell/display_set.h"
 #include "shell/main_frame.h"
 #include "shell/popup_menu.h"
 
 namespace tolmer {
 
-class DisplayManager {
+class QuadrantManager {
  public:
-  DisplayManager(AnalysisState& state, MessagePort& messages, DisplaySet& displays, mdiReg& frame,
-                 frmMenus& menus, frmControlPanel& panel);
+  QuadrantManager(AnalysisState& state, MessagePort& messages, AllDisplays& displays, mdiReg& frame,
+                  frmMenus& menus, frmControlPanel& panel);
 
   // The start layout: coefficients, ANOVA, residual histogram and the control panel.
   void ShowInitialChildren();
@@ -38,7 +38,7 @@ class DisplayManager {
 
   AnalysisState& state_;
   MessagePort& messages_;
-  DisplaySet& displays_;
+  AllDisplays& displays_;
   mdiReg& frame_;
   frmMenus& menus_;
   frmControlPanel& panel_;

@@ -1,4 +1,4 @@
-#include "shell/display_set.h"
+#include "shell/all_displays.h"
 
 #include <cstddef>
 
@@ -38,12 +38,14 @@ Maker makerOf(int iCategory, int iIndex) {
 
 }  // namespace
 
-DisplaySet::DisplaySet(Desktop& desktop, AnalysisState& state, DisplayHost& host)
+AllDisplays::AllDisplays(Desktop& desktop, AnalysisState& state, DisplayHost& host)
     : desktop_(desktop), state_(state), host_(host) {}
 
-bool DisplaySet::exists(int iCategory, int iIndex) { return makerOf(iCategory, iIndex) != nullptr; }
+bool AllDisplays::exists(int iCategory, int iIndex) {
+  return makerOf(iCategory, iIndex) != nullptr;
+}
 
-DisplayWindow* DisplaySet::display(int iCategory, int iIndex) {
+DisplayWindow* AllDisplays::display(int iCategory, int iIndex) {
   const Maker maker = makerOf(iCategory, iIndex);
   if (!maker) return nullptr;
   auto& place = displays_[static_cast<std::size_t>(iCategory)][static_cast<std::size_t>(iIndex)];
@@ -54,7 +56,7 @@ DisplayWindow* DisplaySet::display(int iCategory, int iIndex) {
   return place.get();
 }
 
-void DisplaySet::updateShown() {
+void AllDisplays::updateShown() {
   for (int iCategory = 1; iCategory <= lastCategory; ++iCategory)
     for (int iIndex = 1; iIndex <= lastIndex; ++iIndex)
       if (state_.iDisplayState(iCategory, iIndex) == displayShown)

@@ -9,9 +9,9 @@
 
 namespace tolmer {
 
-class DisplaySet {
+class AllDisplays {
  public:
-  DisplaySet(Desktop& desktop, AnalysisState& state, DisplayHost& host);
+  AllDisplays(Desktop& desktop, AnalysisState& state, DisplayHost& host);
 
   // Null for a pair that names no display.
   DisplayWindow* display(int iCategory, int iIndex);
