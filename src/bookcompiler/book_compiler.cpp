@@ -4,8 +4,8 @@
 #include <optional>
 
 #include "base/file_io.h"
-#include "bookcompiler/book_builder.h"
-#include "bookcompiler/source_text.h"
+#include "bookcompiler/source_keywords.h"
+#include "bookcompiler/source_lines.h"
 #include "bookcompiler/student_view.h"
 #include "notebook/object_file.h"
 

@@ -1,9 +1,9 @@
 // What a student would stumble over in a book that is right in itself.
 #pragma once
 
-#include "bookcompiler/book_builder.h"
 #include "bookcompiler/complaints.h"
 #include "bookcompiler/course_files.h"
+#include "bookcompiler/source_keywords.h"
 
 namespace tolmer {
 

@@ -1,8 +1,9 @@
 #include "engine/pipeline.h"
 
 #include "engine/correlation.h"
+#include "engine/durbin_watson.h"
 #include "engine/least_squares.h"
-#include "engine/residual_statistics.h"
+#include "engine/residual_classes.h"
 #include "engine/summary_statistics.h"
 #include "engine/variance_inflation.h"
 

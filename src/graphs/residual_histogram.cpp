@@ -6,7 +6,8 @@
 #include "engine/axis_scale.h"
 #include "engine/normal_distribution.h"
 #include "graphs/axis_labels.h"
-#include "graphs/histogram_drawing.h"
+#include "graphs/histogram_bars.h"
+#include "graphs/normal_curve.h"
 #include "graphs/spoken_text.h"
 #include "platform/desktop.h"
 

@@ -3,7 +3,8 @@
 #include <cstddef>
 
 #include "graphs/axis_labels.h"
-#include "graphs/histogram_drawing.h"
+#include "graphs/histogram_bars.h"
+#include "graphs/normal_curve.h"
 #include "graphs/spoken_text.h"
 #include "platform/desktop.h"
 

@@ -3,7 +3,8 @@
 #pragma once
 
 #include "displays/graph_display.h"
-#include "graphs/histogram_drawing.h"
+#include "graphs/histogram_bars.h"
+#include "graphs/normal_curve.h"
 #include "graphs/plot_bar.h"
 #include "platform/graph/graph.h"
 

@@ -7,7 +7,7 @@
 
 #include "notebook/book_check.h"
 #include "notebook/book_part.h"
-#include "notebook/object_layout.h"
+#include "notebook/object_file_format.h"
 
 namespace tolmer {
 namespace {
@@ -113,14 +113,14 @@ class BookWriter {
 Result<Book> readBook(FieldReader& fields) {
   Book book;
   BookReader reader(fields);
-  object_layout::wholeBook(reader, book);
+  object_file_format::wholeBook(reader, book);
   if (auto error = reader.finish(book)) return *std::move(error);
   return book;
 }
 
 std::string objectFileText(const Book& book) {
   BookWriter writer;
-  object_layout::wholeBook(writer, book);
+  object_file_format::wholeBook(writer, book);
   return std::move(writer).text();
 }
 

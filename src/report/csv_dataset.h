@@ -3,7 +3,7 @@
 
 #include "base/error.h"
 #include "data/working_copy.h"
-#include "report/csv_table.h"
+#include "report/csv_reader.h"
 #include "report/options.h"
 
 namespace tolmer {

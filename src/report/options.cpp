@@ -6,7 +6,7 @@
 #include <optional>
 #include <string_view>
 
-#include "report/csv_table.h"
+#include "report/csv_reader.h"
 
 namespace tolmer {
 namespace {

@@ -4,7 +4,7 @@
 
 #include "report/course_data.h"
 #include "report/csv_dataset.h"
-#include "report/csv_table.h"
+#include "report/csv_reader.h"
 #include "report/html_report.h"
 #include "report/json_report.h"
 #include "report/model_by_name.h"

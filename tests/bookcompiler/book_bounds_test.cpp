@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "bookcompiler/book_builder.h"
+#include "bookcompiler/source_keywords.h"
 #include "notebook/object_file.h"
 
 namespace tolmer {

@@ -7,9 +7,10 @@
 #include <cmath>
 
 #include "engine/correlation.h"
+#include "engine/durbin_watson.h"
 #include "engine/fitted_equation.h"
 #include "engine/pipeline.h"
-#include "engine/residual_statistics.h"
+#include "engine/residual_classes.h"
 #include "engine/summary_statistics.h"
 #include "engine/variance_inflation.h"
 #include "support/recorded_messages.h"

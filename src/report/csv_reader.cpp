@@ -1,4 +1,4 @@
-#include "report/csv_table.h"
+#include "report/csv_reader.h"
 
 #include <algorithm>
 #include <optional>

@@ -8,7 +8,7 @@
 
 #include "bookcompiler/complaints.h"
 #include "bookcompiler/scenario_text.h"
-#include "bookcompiler/source_text.h"
+#include "bookcompiler/source_lines.h"
 #include "notebook/book.h"
 #include "notebook/book_part.h"
 

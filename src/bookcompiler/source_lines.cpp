@@ -1,4 +1,4 @@
-#include "bookcompiler/source_text.h"
+#include "bookcompiler/source_lines.h"
 
 #include <algorithm>
 

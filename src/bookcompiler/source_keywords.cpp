@@ -1,4 +1,4 @@
-#include "bookcompiler/book_builder.h"
+#include "bookcompiler/source_keywords.h"
 
 #include <algorithm>
 #include <string_view>
@@ -9,37 +9,37 @@
 namespace tolmer {
 namespace {
 
-class BookBuilder {
+class SourceKeywords {
  public:
-  explicit BookBuilder(Complaints& complaints) : complaints_(complaints) {}
+  explicit SourceKeywords(Complaints& complaints) : complaints_(complaints) {}
 
   void add(const SourceEntry& entry) {
-    using Handler = void (BookBuilder::*)(const SourceEntry&);
+    using Handler = void (SourceKeywords::*)(const SourceEntry&);
     static const std::map<std::string_view, Handler> handlers = {
-        {"title", &BookBuilder::title},
-        {"chapter", &BookBuilder::chapter},
-        {"default scenario", &BookBuilder::defaultScenario},
-        {"default database", &BookBuilder::defaultDatabase},
-        {"section", &BookBuilder::section},
-        {"page", &BookBuilder::page},
-        {"heading", &BookBuilder::heading},
-        {"text", &BookBuilder::text},
-        {"jump", &BookBuilder::jump},
-        {"picture", &BookBuilder::picture},
-        {"space", &BookBuilder::space},
-        {"check", &BookBuilder::check},
-        {"version", &BookBuilder::version},
-        {"scenarios", &BookBuilder::scenarios},
-        {"scenario", &BookBuilder::scenario},
-        {"outline", &BookBuilder::outline},
-        {"group", &BookBuilder::group},
-        {"database", &BookBuilder::database},
-        {"description", &BookBuilder::description},
-        {"parameters", &BookBuilder::parameters},
-        {"short", &BookBuilder::shortName},
-        {"data", &BookBuilder::data},
-        {"labels", &BookBuilder::labels},
-        {"column heading", &BookBuilder::columnHeading},
+        {"title", &SourceKeywords::title},
+        {"chapter", &SourceKeywords::chapter},
+        {"default scenario", &SourceKeywords::defaultScenario},
+        {"default database", &SourceKeywords::defaultDatabase},
+        {"section", &SourceKeywords::section},
+        {"page", &SourceKeywords::page},
+        {"heading", &SourceKeywords::heading},
+        {"text", &SourceKeywords::text},
+        {"jump", &SourceKeywords::jump},
+        {"picture", &SourceKeywords::picture},
+        {"space", &SourceKeywords::space},
+        {"check", &SourceKeywords::check},
+        {"version", &SourceKeywords::version},
+        {"scenarios", &SourceKeywords::scenarios},
+        {"scenario", &SourceKeywords::scenario},
+        {"outline", &SourceKeywords::outline},
+        {"group", &SourceKeywords::group},
+        {"database", &SourceKeywords::database},
+        {"description", &SourceKeywords::description},
+        {"parameters", &SourceKeywords::parameters},
+        {"short", &SourceKeywords::shortName},
+        {"data", &SourceKeywords::data},
+        {"labels", &SourceKeywords::labels},
+        {"column heading", &SourceKeywords::columnHeading},
     };
     line_ = entry.line;
     const auto handler = handlers.find(entry.keyword);
@@ -390,7 +390,7 @@ class BookBuilder {
 }  // namespace
 
 SourcedBook buildBook(const std::vector<SourceEntry>& entries, Complaints& complaints) {
-  BookBuilder builder(complaints);
+  SourceKeywords builder(complaints);
   for (const SourceEntry& entry : entries) builder.add(entry);
   return builder.finish();
 }

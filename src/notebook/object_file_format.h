@@ -10,7 +10,7 @@
 #include "notebook/book.h"
 #include "notebook/book_part.h"
 
-namespace tolmer::object_layout {
+namespace tolmer::object_file_format {
 
 void scenarioFields(auto& io, auto& scenario) {
   io(scenario.tName);
@@ -128,4 +128,4 @@ void wholeBook(auto& io, auto& book) {
   elements(io, book);
 }
 
-}  // namespace tolmer::object_layout
+}  // namespace tolmer::object_file_format

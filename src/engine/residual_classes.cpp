@@ -1,4 +1,4 @@
-#include "engine/residual_statistics.h"
+#include "engine/residual_classes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -6,15 +6,6 @@
 #include <utility>
 
 namespace tolmer {
-
-void DurbinWatson(AnalysisState& state) {
-  double sum = 0;
-  for (int i = 2; i <= state.iNumCases; ++i) {
-    const double step = double{state.Fit.sResid[i]} - state.Fit.sResid[i - 1];
-    sum += step * step;
-  }
-  state.Fit.sDurbinWatson = static_cast<float>(sum) / state.Fit.sSSE;
-}
 
 void SortResiduals(AnalysisState& state) {
   std::vector<float>& resid = state.sSortedResid;

@@ -1,14 +1,11 @@
-// What follows from the residuals of the main fit: autocorrelation, order, and the two tallies of
-// the residual histograms. Each works on AnalysisState.
+// The residuals of the main fit in rising order, and the two tallies of the residual histograms.
+// Each procedure works on AnalysisState.
 #pragma once
 
 #include "base/message_box.h"
 #include "state/analysis_state.h"
 
 namespace tolmer {
-
-// Fit.sDurbinWatson from the residuals in case order; NaN or infinite where Fit.sSSE is 0.
-void DurbinWatson(AnalysisState& state);
 
 // sSortedResid ascending by a Shell sort, tSortedResidLabel swapped along. Where a residual is NaN
 // the order is whatever the exchanges leave.
