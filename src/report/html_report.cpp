@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/markup_text.h"
 #include "platform/graph/graph.h"
 #include "platform/graph/svg_writer.h"
 #include "report/display_table.h"
@@ -51,7 +52,7 @@ std::string cellHtml(const DisplayCell& cell, std::string_view look, bool inFirs
   if (isHead) html += inFirstRow ? " scope=\"col\"" : " scope=\"row\"";
   if (!look.empty()) html += " class=\"" + std::string(look) + "\"";
   if (cell.isMarked()) html += " style=\"background:" + backName(cell.back) + "\"";
-  return html + ">" + htmlText(cell.text) + (isHead ? "</th>" : "</td>");
+  return html + ">" + markupText(cell.text) + (isHead ? "</th>" : "</td>");
 }
 
 // Rows between the parts of a table, and the key to its colours, stand on the page's ground.
@@ -81,7 +82,7 @@ std::string tableHtml(const DisplayTable& table) {
 }
 
 std::string displayHtml(const ReportedDisplay& display) {
-  std::string html = "<h2>" + htmlText(display.window->caption()) + "</h2>\n";
+  std::string html = "<h2>" + markupText(display.window->caption()) + "</h2>\n";
   if (const Graph* graph = display.window->GraphPointer)
     return html + "<figure>" +
            writeSvg(graph->picture(), display.window->caption(), graph->accessibleDescription()) +
@@ -90,9 +91,9 @@ std::string displayHtml(const ReportedDisplay& display) {
 }
 
 std::string sourceHtml(const AnalysisState& state, std::string_view date) {
-  return "<p class=\"source\">Data: " + htmlText(state.tDataFileName) + " &middot; " +
+  return "<p class=\"source\">Data: " + markupText(state.tDataFileName) + " &middot; " +
          std::to_string(state.iNumCases) + (state.iNumCases == 1 ? " case" : " cases") +
-         " &middot; <time>" + htmlText(date) + "</time></p>\n";
+         " &middot; <time>" + markupText(date) + "</time></p>\n";
 }
 
 std::string titleOf(const AnalysisState& state) {
@@ -112,39 +113,16 @@ std::vector<ReportedDisplay> inReadingOrder(ReportRun& run) {
 
 }  // namespace
 
-std::string htmlText(std::string_view text) {
-  std::string html;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        html += "&amp;";
-        break;
-      case '<':
-        html += "&lt;";
-        break;
-      case '>':
-        html += "&gt;";
-        break;
-      case '"':
-        html += "&quot;";
-        break;
-      default:
-        html += c;
-    }
-  }
-  return html;
-}
-
 std::string htmlReport(ReportRun& run, std::string_view date) {
   const AnalysisState& state = run.state();
-  const std::string title = htmlText(titleOf(state));
+  const std::string title = markupText(titleOf(state));
   std::string html = "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\">\n";
   html += "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\">\n";
   html += "<title>" + title + "</title>\n<style>" + std::string(style) + "</style>\n";
   html += "</head>\n<body>\n<h1>" + title + "</h1>\n" + sourceHtml(state, date);
   for (const AnsweredBox& message : run.messages())
-    html += "<p class=\"message\">" + htmlText(message.box.text) + "</p>\n";
-  html += "<p class=\"equation\">" + htmlText(run.equation()) + "</p>\n";
+    html += "<p class=\"message\">" + markupText(message.box.text) + "</p>\n";
+  html += "<p class=\"equation\">" + markupText(run.equation()) + "</p>\n";
   for (const ReportedDisplay& display : inReadingOrder(run)) html += displayHtml(display);
   return html + "</body>\n</html>\n";
 }

@@ -12,7 +12,4 @@ namespace tolmer {
 // the run. `date` as it is to be printed.
 std::string htmlReport(ReportRun& run, std::string_view date);
 
-// Text as it may stand in a page, also in an attribute.
-std::string htmlText(std::string_view text);
-
 }  // namespace tolmer

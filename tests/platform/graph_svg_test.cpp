@@ -45,7 +45,7 @@ TEST(Svg, EscapesTexts) {
   const std::string svg = sampleSvg();
   EXPECT_THAT(svg, HasSubstr("a &lt; b &amp; &quot;c&quot;"));
   EXPECT_THAT(svg, HasSubstr("<title>Title &amp; more</title>"));
-  EXPECT_THAT(svg, HasSubstr("<desc>One &lt; two. Three.</desc>"));
+  EXPECT_THAT(svg, HasSubstr("<desc>One &lt; two.\nThree.</desc>"));
   EXPECT_EQ(count(svg, "<"), count(svg, ">"));
 }
 

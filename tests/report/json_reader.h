@@ -1,6 +1,7 @@
 // Just enough of a JSON reader to look into a report.
 #pragma once
 
+#include <algorithm>
 #include <charconv>
 #include <stdexcept>
 #include <string>
@@ -13,20 +14,18 @@ namespace tolmer::test {
 // Numbers stay as they are written, so that their digits can be compared too.
 struct Json {
   enum class Kind { word, text, array, object } kind = Kind::word;
-  std::string text;  // of a number, true, false, null or a string
-  std::vector<Json> items;
-  std::vector<std::pair<std::string, Json>> members;
+  std::string text;                // of a number, true, false, null or a string
+  std::vector<Json> items;         // of an array or object
+  std::vector<std::string> names;  // of an object's items
 
   const Json& operator[](std::string_view key) const {
-    for (const auto& [name, value] : members)
-      if (name == key) return value;
+    for (std::size_t i = 0; i < names.size(); ++i)
+      if (names[i] == key) return items[i];
     throw std::out_of_range("no key " + std::string(key));
   }
   const Json& operator[](std::size_t index) const { return items.at(index); }
   bool has(std::string_view key) const {
-    for (const auto& member : members)
-      if (member.first == key) return true;
-    return false;
+    return std::find(names.begin(), names.end(), key) != names.end();
   }
   template <class Number>
   Number number() const {
@@ -83,9 +82,9 @@ class JsonReader {
     if (take('}')) return object;
     do {
       expect('"');
-      std::string key = readString();
+      object.names.push_back(readString());
       expect(':');
-      object.members.emplace_back(std::move(key), read());
+      object.items.push_back(read());
     } while (take(','));
     expect('}');
     return object;

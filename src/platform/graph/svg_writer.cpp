@@ -3,6 +3,7 @@
 #include <array>
 #include <charconv>
 
+#include "base/markup_text.h"
 #include "platform/graph/palette.h"
 #include "platform/graph/screen_geometry.h"
 
@@ -36,30 +37,6 @@ std::string hex(Colour colour) {
     text += digits[channel % 16];
   }
   return text;
-}
-
-std::string escaped(std::string_view text) {
-  std::string result;
-  for (const char c : text) {
-    switch (c) {
-      case '&':
-        result += "&amp;";
-        break;
-      case '<':
-        result += "&lt;";
-        break;
-      case '>':
-        result += "&gt;";
-        break;
-      case '"':
-        result += "&quot;";
-        break;
-      default:
-        // Control characters are no part of XML, but for line ends and tabs.
-        result += static_cast<unsigned char>(c) < 0x20 ? ' ' : c;
-    }
-  }
-  return result;
 }
 
 std::string attribute(std::string_view name, std::string_view value) {
@@ -120,7 +97,7 @@ struct SvgElement {
     if (text.turned)
       element +=
           attribute("transform", "rotate(-90 " + number(anchor.x) + ' ' + number(anchor.y) + ')');
-    return element + '>' + escaped(text.text) + "</text>\n";
+    return element + '>' + markupText(text.text) + "</text>\n";
   }
 };
 
@@ -136,7 +113,7 @@ std::string opening(const ViewSize& size) {
 
 std::string writeSvg(const Picture& picture, std::string_view title, std::string_view description) {
   std::string svg = opening(picture.size);
-  svg += "<title>" + escaped(title) + "</title>\n<desc>" + escaped(description) + "</desc>\n";
+  svg += "<title>" + markupText(title) + "</title>\n<desc>" + markupText(description) + "</desc>\n";
   svg += "<rect width=\"100%\" height=\"100%\" fill=\"#ffffff\"/>\n";
   for (const Primitive& primitive : picture.primitives)
     svg += std::visit(SvgElement{picture.size}, primitive);

@@ -2,6 +2,8 @@
 
 #include <string_view>
 
+#include "base/markup_text.h"
+
 namespace tolmer {
 namespace {
 
@@ -13,27 +15,6 @@ std::string quoted(std::string_view text) {
 
 bool needsQuotes(std::string_view text) {
   return text.starts_with('"') || text.find_first_of("\t\n\r") != std::string_view::npos;
-}
-
-std::string escaped(std::string_view text) {
-  std::string result;
-  for (const char c : text) switch (c) {
-      case '&':
-        result += "&amp;";
-        break;
-      case '<':
-        result += "&lt;";
-        break;
-      case '>':
-        result += "&gt;";
-        break;
-      case '\n':
-        result += "<br>";
-        break;
-      default:
-        result += c;
-    }
-  return result;
 }
 
 // "#00ffff"; nothing for white and for colours of the system's theme, which paper does not have.
@@ -51,12 +32,19 @@ std::string_view alignName(Align align) {
   return align == Align::left ? "left" : align == Align::centre ? "center" : "right";
 }
 
+// A table cell has no line ends of its own.
+std::string htmlLines(std::string_view text) {
+  std::string html;
+  for (const char c : markupText(text)) html += c == '\n' ? "<br>" : std::string(1, c);
+  return html;
+}
+
 std::string htmlCell(const Cell& cell) {
   const std::string tag = cell.style.heading ? "th" : "td";
   std::string html = '<' + tag + " align=\"" + std::string(alignName(cell.style.align)) + '"';
   if (const std::string back = paperColour(cell.style.back); !back.empty())
     html += " bgcolor=\"" + back + '"';
-  return html + '>' + escaped(cell.text) + "</" + tag + '>';
+  return html + '>' + htmlLines(cell.text) + "</" + tag + '>';
 }
 
 }  // namespace
