@@ -9,7 +9,8 @@ namespace tolmer {
 
 LinkWidget::LinkWidget(QWidget* parent) : QAbstractButton(parent) {
   setCursor(Qt::PointingHandCursor);
-  setFocusPolicy(Qt::StrongFocus);
+  // Not by a click: who has clicked a page turner means the default button by the next Return.
+  setFocusPolicy(Qt::TabFocus);
 }
 
 void LinkWidget::setTextLayout(Qt::Alignment alignment, bool wraps) {
