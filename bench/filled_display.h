@@ -1,19 +1,12 @@
 // A display of a fitted model in a large window, with no program around it.
 #pragma once
 
-#include "displays/display_window.h"
+#include "displays/unattended_host.h"
 #include "engine/pipeline.h"
 #include "platform/headless/headless_desktop.h"
 #include "support/regression_data.h"
 
 namespace tolmer {
-
-class NoHost : public DisplayHost {
- public:
-  void controlsDisabled() override {}
-  void controlsEnabled() override {}
-  void openDisplayMenu() override {}
-};
 
 template <class Display>
 class FilledDisplay {
@@ -26,7 +19,7 @@ class FilledDisplay {
 
  private:
   HeadlessDesktop desktop_;
-  NoHost host_;
+  UnattendedHost host_;
   AnalysisState state_;
 
  public:

@@ -33,7 +33,8 @@ class DisplayWindow : public Window {
   void UpdateDisplay();
   virtual void UpdateControls() { host_.controlsDisabled(); }
   virtual void CopyGraph() = 0;
-  virtual void PositionControls() {}
+  // Fits what stands in the display to its inner size, without a redraw.
+  virtual void PositionControls() = 0;
 
   Graph* GraphPointer = nullptr;  // the graph of a graph display
 

@@ -13,8 +13,7 @@ class GraphDisplay : public DisplayWindow {
 
   // The picture as SVG; the desktop adds a bitmap of it.
   void CopyGraph() override;
-  // The graph fills the window; no redraw follows.
-  void FitGraphToForm();
+  void PositionControls() override { FitGraphToForm(); }
 
  protected:
   // To be called by the constructor of a display, with its graph.
@@ -27,6 +26,8 @@ class GraphDisplay : public DisplayWindow {
   bool hasResiduals() const;
 
  private:
+  // The graph fills the window; no redraw follows.
+  void FitGraphToForm();
   void Form_Resize();
 };
 

@@ -3,7 +3,6 @@
 #include <array>
 
 #include "data/model_transfer.h"
-#include "displays/graph_display.h"
 
 namespace tolmer {
 namespace {
@@ -30,10 +29,7 @@ void ReportRun::place(DisplayWindow& display) {
   state_.bProcessResize = false;
   state_.bStartingUp = true;
   display.setPlace({0, 0, displayWidth, displayHeight});
-  if (auto* graph = dynamic_cast<GraphDisplay*>(&display))
-    graph->FitGraphToForm();
-  else
-    display.PositionControls();
+  display.PositionControls();
   state_.bStartingUp = false;
   state_.bProcessResize = true;
 }

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "data/working_copy.h"
+#include "displays/unattended_host.h"
 #include "platform/headless/headless_desktop.h"
 #include "shell/analysis.h"
 
@@ -34,19 +35,12 @@ class ReportRun {
   DisplayWindow* display(int iCategory, int iIndex) { return displays_.display(iCategory, iIndex); }
 
  private:
-  // Nobody clicks.
-  class Host : public DisplayHost {
-   public:
-    void controlsDisabled() override {}
-    void controlsEnabled() override {}
-    void openDisplayMenu() override {}
-  };
   static AnalysisState startState();
   void place(DisplayWindow& display);
 
   HeadlessDesktop desktop_;
   AnalysisState state_ = startState();
-  Host host_;
+  UnattendedHost host_;
   frmControlPanel panel_{desktop_, state_};
   AllDisplays displays_{desktop_, state_, host_};
   Analysis analysis_{state_, desktop_, displays_, panel_};

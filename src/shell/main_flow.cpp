@@ -68,10 +68,12 @@ void MainFlow::showMainWindow() {
 }
 
 void MainFlow::coverScreen() {
-  if (!hider_) hider_ = std::make_unique<frmHider>(parts_.desktop);
-  hider_->pnlHider.Click = [this] {
-    if (frmNoteSplash* cover = parts_.notebook.cover()) cover->bUserClickeCover = true;
-  };
+  if (!hider_) {
+    hider_ = std::make_unique<frmHider>(parts_.desktop);
+    hider_->pnlHider.Click = [this] {
+      if (frmNoteSplash* cover = parts_.notebook.cover()) cover->bUserClickeCover = true;
+    };
+  }
   hider_->cover();
 }
 

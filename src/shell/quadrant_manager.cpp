@@ -4,8 +4,6 @@
 #include <cmath>
 #include <string>
 
-#include "displays/graph_display.h"
-
 namespace tolmer {
 namespace {
 
@@ -87,9 +85,7 @@ void QuadrantManager::PlaceDisplayInQuadrant(Window& frmDisplay, int iRow, int i
     quadrant(iRow, iCol).frmDisplay = &frmDisplay;
     frmDisplay.setPlace({left, top, state_.sQuadrantWidth, state_.sQuadrantHeight});
     frmDisplay.setTag(std::to_string(iRow) + std::to_string(iCol));
-    if (auto* graph = dynamic_cast<GraphDisplay*>(&frmDisplay))
-      graph->FitGraphToForm();
-    else if (auto* display = dynamic_cast<DisplayWindow*>(&frmDisplay))
+    if (auto* display = dynamic_cast<DisplayWindow*>(&frmDisplay))
       display->PositionControls();
     else if (&frmDisplay == &panel_)
       panel_.PositionControls();
