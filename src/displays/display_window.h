@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <variant>
 
 #include "platform/window.h"
 #include "state/analysis_state.h"
@@ -9,14 +10,19 @@
 namespace tolmer {
 
 class Graph;
-class DisplayWindow;
+class Grid;
+class TextBox;
+
+// The one control that fills a display; what the report reads.
+using ShownControl = std::variant<const Graph*, const Grid*, const TextBox*>;
 
 // What a display asks of the shell around it.
 class DisplayHost {
  public:
   virtual ~DisplayHost() = default;
-  virtual void controlsDisabled() = 0;  // of the control panel: no scatter plot has the focus
-  virtual void controlsEnabled() = 0;   // for the scatter plot iCurrentPlot
+  virtual void controlsDisabled() = 0;   // of the control panel: no scatter plot has the focus
+  virtual void controlsEnabled() = 0;    // for the scatter plot iCurrentPlot
+  virtual void axisListsDisabled() = 0;  // the two lists of the control panel alone
   // The right-click menu for frmCurrentDisplay.
   virtual void openDisplayMenu() = 0;
 };
@@ -35,6 +41,7 @@ class DisplayWindow : public Window {
   virtual void CopyGraph() = 0;
   // Fits what stands in the display to its inner size, without a redraw.
   virtual void PositionControls() = 0;
+  virtual ShownControl shownControl() const = 0;
 
   Graph* GraphPointer = nullptr;  // the graph of a graph display
 

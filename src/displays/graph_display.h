@@ -14,6 +14,7 @@ class GraphDisplay : public DisplayWindow {
   // The picture as SVG; the desktop adds a bitmap of it.
   void CopyGraph() override;
   void PositionControls() override { FitGraphToForm(); }
+  ShownControl shownControl() const override { return GraphPointer; }
 
  protected:
   // To be called by the constructor of a display, with its graph.

@@ -20,6 +20,7 @@ class TableDisplay : public DisplayWindow {
   void CopyGraph() override;
   // The grid takes the client area.
   void PositionControls() override;
+  ShownControl shownControl() const override { return &grid_; }
 
   const Grid& grid() const { return grid_; }
   Grid& grid() { return grid_; }

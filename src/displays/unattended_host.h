@@ -9,6 +9,7 @@ class UnattendedHost : public DisplayHost {
  public:
   void controlsDisabled() override {}
   void controlsEnabled() override {}
+  void axisListsDisabled() override {}
   void openDisplayMenu() override {}
 };
 

@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cstddef>
 
-#include "engine/axis_scale.h"
 #include "engine/normal_distribution.h"
 #include "graphs/axis_labels.h"
 #include "graphs/histogram_bars.h"
 #include "graphs/normal_curve.h"
+#include "graphs/residual_axis.h"
 #include "graphs/spoken_text.h"
 #include "platform/desktop.h"
 
@@ -30,13 +30,7 @@ void frmResidHist::drawDisplay() {
 }
 
 void frmResidHist::ScaleResids() {
-  const double n = state_.iNumCases;
-  const float s = state_.Fit.sStdErr;
-  const auto sLow = static_cast<float>(NormalInverse(1 - 0.5 / n) * s);
-  const auto sHigh = static_cast<float>(NormalInverse(1 - (n - 0.5) / n) * s);
-  const AxisScale scale = ComputeScale(
-      std::min(state_.sSortedResid[1], sLow),
-      std::max(state_.sSortedResid[static_cast<std::size_t>(state_.iNumCases)], sHigh));
+  const AxisScale scale = residualAxis(state_);
   msXMin = scale.sAxisMin;
   msXStep = scale.sStep;
   miXTicks = scale.iSteps;

@@ -1,14 +1,10 @@
 #include "report/grid_table.h"
 
-#include "displays/table_display.h"
-
 namespace tolmer {
 
-DisplayTable displayTable(const DisplayWindow& display) {
+DisplayTable displayTable(const Grid& grid) {
   DisplayTable table;
-  const auto* tableDisplay = dynamic_cast<const TableDisplay*>(&display);
-  if (!tableDisplay) return table;
-  const Sheet& sheet = tableDisplay->grid().sheet();
+  const Sheet& sheet = grid.sheet();
   for (int row = 1; row <= sheet.rows(); ++row) {
     auto& cells = table.rows.emplace_back();
     for (int col = 1; col <= sheet.cols(); ++col) {

@@ -5,6 +5,7 @@
 #include "base/markup_text.h"
 #include "platform/graph/graph.h"
 #include "platform/graph/svg_writer.h"
+#include "platform/text_box.h"
 #include "report/display_table.h"
 #include "report/grid_table.h"
 
@@ -81,13 +82,21 @@ std::string tableHtml(const DisplayTable& table) {
   return html + "</table></div>\n";
 }
 
-std::string displayHtml(const ReportedDisplay& display) {
-  std::string html = "<h2>" + markupText(display.window->caption()) + "</h2>\n";
-  if (const Graph* graph = display.window->GraphPointer)
-    return html + "<figure>" +
-           writeSvg(graph->picture(), display.window->caption(), graph->accessibleDescription()) +
+struct ShownHtml {
+  std::string operator()(const Graph* graph) const {
+    return "<figure>" +
+           writeSvg(graph->picture(), graph->accessibleName(), graph->accessibleDescription()) +
            "</figure>\n";
-  return html + tableHtml(displayTable(*display.window));
+  }
+  std::string operator()(const Grid* grid) const { return tableHtml(displayTable(*grid)); }
+  std::string operator()(const TextBox* box) const {
+    return "<p>" + markupText(box->text()) + "</p>\n";
+  }
+};
+
+std::string displayHtml(const ReportedDisplay& display) {
+  return "<h2>" + markupText(display.window->caption()) + "</h2>\n" +
+         std::visit(ShownHtml{}, display.window->shownControl());
 }
 
 std::string sourceHtml(const AnalysisState& state, std::string_view date) {
@@ -106,7 +115,7 @@ std::string titleOf(const AnalysisState& state) {
 std::vector<ReportedDisplay> inReadingOrder(ReportRun& run) {
   auto displays = run.displays();
   std::stable_partition(displays.begin(), displays.end(), [](const ReportedDisplay& display) {
-    return display.window->GraphPointer == nullptr;
+    return !std::holds_alternative<const Graph*>(display.window->shownControl());
   });
   return displays;
 }

@@ -1,5 +1,6 @@
 #include "report/json_report.h"
 
+#include "platform/text_box.h"
 #include "report/display_table.h"
 #include "report/graph_json.h"
 #include "report/grid_table.h"
@@ -80,6 +81,18 @@ void writeTable(JsonWriter& json, const DisplayTable& table) {
   json.endObject();
 }
 
+struct ShownWriter {
+  JsonWriter& json;
+
+  void operator()(const Graph* graph) const { writeGraph(json, *graph); }
+  void operator()(const Grid* grid) const { writeTable(json, displayTable(*grid)); }
+  void operator()(const TextBox* box) const {
+    json.beginObject();
+    json.member("text", box->text());
+    json.endObject();
+  }
+};
+
 }  // namespace
 
 std::string jsonReport(ReportRun& run) {
@@ -93,10 +106,7 @@ std::string jsonReport(ReportRun& run) {
   json.beginObject();
   for (const ReportedDisplay& display : run.displays()) {
     json.key(display.name);
-    if (const Graph* graph = display.window->GraphPointer)
-      writeGraph(json, *graph);
-    else
-      writeTable(json, displayTable(*display.window));
+    std::visit(ShownWriter{json}, display.window->shownControl());
   }
   json.endObject();
   json.endObject();

@@ -37,20 +37,18 @@ void ReportRun::place(DisplayWindow& display) {
 void ReportRun::analyse(const WorkingCopy& copy) {
   CopyModuleVarsToGlobal(copy, state_);
   InitDisplayTable(state_);
-  for (int iCategory = 1; iCategory <= AllDisplays::lastCategory; ++iCategory)
-    for (int iIndex = 1; iIndex <= AllDisplays::lastIndex; ++iIndex)
-      if (AllDisplays::exists(iCategory, iIndex))
-        state_.iDisplayState(iCategory, iIndex) = displayShown;
+  for (const auto [iCategory, iIndex] : AllDisplays::ids())
+    state_.iDisplayState(iCategory, iIndex) = displayShown;
   state_.bStartingAnalysis = true;
   analysis_.RunAnalysis();
 }
 
 std::vector<ReportedDisplay> ReportRun::displays() {
   std::vector<ReportedDisplay> reported;
-  for (int iCategory = 1; iCategory <= AllDisplays::lastCategory; ++iCategory)
-    for (int iIndex = 1; iIndex <= AllDisplays::lastIndex; ++iIndex)
-      if (DisplayWindow* window = displays_.display(iCategory, iIndex))
-        reported.push_back({window->name(), window});
+  for (const auto [iCategory, iIndex] : AllDisplays::ids()) {
+    DisplayWindow* window = displays_.display(iCategory, iIndex);
+    reported.push_back({window->name(), window});
+  }
   return reported;
 }
 

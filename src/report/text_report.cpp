@@ -28,9 +28,9 @@ std::string messagesText(const ReportRun& run) {
 }
 
 std::string tableSection(ReportRun& run, int iIndex, bool coloured) {
-  const DisplayWindow* window = run.display(tableDisplays, iIndex);
-  if (!window) return {};
-  return heading(window->caption(), coloured) + tableText(displayTable(*window), coloured);
+  const DisplayWindow& window = *run.display(tableDisplays, iIndex);
+  return heading(window.caption(), coloured) +
+         tableText(displayTable(*std::get<const Grid*>(window.shownControl())), coloured);
 }
 
 // The class limits in one number picture, by the rule that labels the histogram's axis.

@@ -1,5 +1,7 @@
 #include "shell/all_displays.h"
 
+#include <algorithm>
+#include <array>
 #include <cstddef>
 
 #include "graphs/residual_histogram.h"
@@ -18,49 +20,55 @@ std::unique_ptr<DisplayWindow> make(Desktop& desktop, AnalysisState& state, Disp
 }
 
 struct Entry {
-  int iCategory;
-  int iIndex;
+  DisplayId id;
   Maker make;
 };
 
 constexpr std::array entries = {
-    Entry{graphDisplays, 1, make<frmResidHist>},
-    Entry{graphDisplays, 2, make<frmStdResidHist>},
-    Entry{tableDisplays, 1, make<frmEstCoef>},
-    Entry{tableDisplays, 2, make<frmANOVA>},
+    Entry{{graphDisplays, 1}, make<frmResidHist>},
+    Entry{{graphDisplays, 2}, make<frmStdResidHist>},
+    Entry{{tableDisplays, 1}, make<frmEstCoef>},
+    Entry{{tableDisplays, 2}, make<frmANOVA>},
 };
 
-Maker makerOf(int iCategory, int iIndex) {
-  for (const Entry& entry : entries)
-    if (entry.iCategory == iCategory && entry.iIndex == iIndex) return entry.make;
-  return nullptr;
+constexpr auto allIds = [] {
+  std::array<DisplayId, entries.size()> ids{};
+  std::transform(entries.begin(), entries.end(), ids.begin(),
+                 [](const Entry& entry) { return entry.id; });
+  return ids;
+}();
+
+// entries.size() for a pair that names no display.
+std::size_t find(DisplayId id) {
+  return static_cast<std::size_t>(std::find(allIds.begin(), allIds.end(), id) - allIds.begin());
 }
 
 }  // namespace
 
 AllDisplays::AllDisplays(Desktop& desktop, AnalysisState& state, DisplayHost& host)
-    : desktop_(desktop), state_(state), host_(host) {}
+    : desktop_(desktop), state_(state), host_(host), displays_(entries.size()) {}
+
+std::span<const DisplayId> AllDisplays::ids() { return allIds; }
 
 bool AllDisplays::exists(int iCategory, int iIndex) {
-  return makerOf(iCategory, iIndex) != nullptr;
+  return find({iCategory, iIndex}) < entries.size();
 }
 
 DisplayWindow* AllDisplays::display(int iCategory, int iIndex) {
-  const Maker maker = makerOf(iCategory, iIndex);
-  if (!maker) return nullptr;
-  auto& place = displays_[static_cast<std::size_t>(iCategory)][static_cast<std::size_t>(iIndex)];
+  const std::size_t at = find({iCategory, iIndex});
+  if (at == entries.size()) return nullptr;
+  auto& place = displays_[at];
   if (!place) {
-    place = maker(desktop_, state_, host_);
+    place = entries[at].make(desktop_, state_, host_);
     if (created) created(*place);
   }
   return place.get();
 }
 
 void AllDisplays::updateShown() {
-  for (int iCategory = 1; iCategory <= lastCategory; ++iCategory)
-    for (int iIndex = 1; iIndex <= lastIndex; ++iIndex)
-      if (state_.iDisplayState(iCategory, iIndex) == displayShown)
-        if (DisplayWindow* shown = display(iCategory, iIndex)) shown->UpdateDisplay();
+  for (const auto [iCategory, iIndex] : ids())
+    if (state_.iDisplayState(iCategory, iIndex) == displayShown)
+      display(iCategory, iIndex)->UpdateDisplay();
 }
 
 }  // namespace tolmer

@@ -1,13 +1,21 @@
 // All displays of the program by category and index, each made at its first use.
 #pragma once
 
-#include <array>
 #include <functional>
 #include <memory>
+#include <span>
+#include <vector>
 
 #include "displays/display_window.h"
 
 namespace tolmer {
+
+// A display is known by its category (DisplayCategory) and, from 1, its index in it.
+struct DisplayId {
+  int iCategory;
+  int iIndex;
+  friend bool operator==(const DisplayId&, const DisplayId&) = default;
+};
 
 class AllDisplays {
  public:
@@ -16,22 +24,20 @@ class AllDisplays {
   // Null for a pair that names no display.
   DisplayWindow* display(int iCategory, int iIndex);
   static bool exists(int iCategory, int iIndex);
+  // In the order of categories and indices.
+  static std::span<const DisplayId> ids();
 
-  // UpdateDisplay of every display whose iDisplayState is displayShown, in the order of
-  // categories and indices.
+  // UpdateDisplay of every display whose iDisplayState is displayShown, in the order of ids().
   void updateShown();
 
   // Called once for each display that is made.
   std::function<void(DisplayWindow&)> created;
 
-  static constexpr int lastCategory = 4;
-  static constexpr int lastIndex = 6;
-
  private:
   Desktop& desktop_;
   AnalysisState& state_;
   DisplayHost& host_;
-  std::array<std::array<std::unique_ptr<DisplayWindow>, lastIndex + 1>, lastCategory + 1> displays_;
+  std::vector<std::unique_ptr<DisplayWindow>> displays_;  // as ids(); null before its first use
 };
 
 }  // namespace tolmer

@@ -142,8 +142,12 @@ void frmControlPanel::ControlsEnabled() {
 void frmControlPanel::ControlsDisabled() {
   fraScatterControls.setEnabled(false);
   for (Label* label : {&lblYAxisVar, &lblXAxisVar}) label->setEnabled(false);
-  for (ComboBox* list : {&cboYAxisVar, &cboXAxisVar}) list->setEnabled(false);
+  DisableAxisLists();
   cmdUpdateGraphs.setEnabled(false);
+}
+
+void frmControlPanel::DisableAxisLists() {
+  for (ComboBox* list : {&cboYAxisVar, &cboXAxisVar}) list->setEnabled(false);
 }
 
 void frmControlPanel::SaveControlState() {

@@ -28,6 +28,7 @@ class frmControlPanel : public Window {
   // For the scatter plot iCurrentPlot, which has taken the focus.
   void ControlsEnabled();
   void ControlsDisabled();
+  void DisableAxisLists();
   void FlashUpdate();
   // Caption and tool tip by iDataSource; a source that does not exist is told in a message box.
   void SetupChangeDataSourceButton();

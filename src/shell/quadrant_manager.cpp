@@ -29,9 +29,6 @@ QuadrantManager::QuadrantManager(AnalysisState& state, MessagePort& messages, Al
       panel_(panel) {
   displays_.created = [this](DisplayWindow& display) { frame_.adopt(display); };
   frame_.adopt(panel_);
-  for (int iCategory = 1; iCategory <= AllDisplays::lastCategory; ++iCategory)
-    for (int iIndex = 1; iIndex <= AllDisplays::lastIndex; ++iIndex)
-      SetDisplayMenuEnabled(iCategory, iIndex, true);
 }
 
 void QuadrantManager::ShowInitialChildren() {

@@ -17,6 +17,7 @@ class PanelHost : public DisplayHost {
   explicit PanelHost(frmControlPanel& panel) : panel_(panel) {}
   void controlsDisabled() override { panel_.ControlsDisabled(); }
   void controlsEnabled() override { panel_.ControlsEnabled(); }
+  void axisListsDisabled() override { panel_.DisableAxisLists(); }
   void openDisplayMenu() override {
     if (openMenu) openMenu();
   }

@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "graphs/histogram_fixture.h"
+#include "graphs/graph_fixture.h"
 #include "graphs/residual_histogram.h"
 #include "support/graph_pictures.h"
 

@@ -6,7 +6,7 @@
 #include <cmath>
 #include <limits>
 
-#include "graphs/histogram_fixture.h"
+#include "graphs/graph_fixture.h"
 #include "graphs/standardized_histogram.h"
 #include "support/graph_pictures.h"
 

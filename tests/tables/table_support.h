@@ -5,7 +5,6 @@
 #include <string>
 #include <vector>
 
-#include "displays/display_window.h"
 #include "engine/pipeline.h"
 #include "platform/grid/sheet.h"
 #include "support/recorded_messages.h"
@@ -52,15 +51,5 @@ inline std::vector<std::string> rowTexts(const Sheet& sheet, int row) {
   for (int col = 1; col <= sheet.cols(); ++col) texts.push_back(sheet.at(row, col).text);
   return texts;
 }
-
-class NotedHost : public DisplayHost {
- public:
-  void controlsDisabled() override { ++disabled; }
-  void controlsEnabled() override {}
-  void openDisplayMenu() override { ++menus; }
-
-  int disabled = 0;
-  int menus = 0;
-};
 
 }  // namespace tolmer::test

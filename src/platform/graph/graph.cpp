@@ -20,6 +20,7 @@ void Graph::resetData(int what) {
   if (!(what & graphData::labels)) return;
   settings.x.labels.clear();
   settings.y.labels.clear();
+  settings.pointLabels.clear();
 }
 
 void Graph::setNumPoints(int count) {
@@ -28,6 +29,13 @@ void Graph::setNumPoints(int count) {
 
 void Graph::setPoint(int point, float x, float value) {
   settings.points.at(static_cast<std::size_t>(point) - 1) = {x, value};
+}
+
+void Graph::setPointLabel(int point, std::string text) {
+  auto& labels = settings.pointLabels;
+  if (labels.size() < static_cast<std::size_t>(point))
+    labels.resize(static_cast<std::size_t>(point));
+  labels[static_cast<std::size_t>(point) - 1] = std::move(text);
 }
 
 void Graph::setDrawMode(DrawMode mode) {

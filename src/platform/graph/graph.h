@@ -34,6 +34,7 @@ class Graph : public Control {
   int numPoints() const { return static_cast<int>(settings.points.size()); }
   // Points count from 1.
   void setPoint(int point, float x, float value);
+  void setPointLabel(int point, std::string text);
 
   enum DrawMode { hold = 1, draw = 2 };
   void setDrawMode(DrawMode mode);

@@ -9,9 +9,17 @@
 
 namespace tolmer {
 
-enum class GraphType : int { lineWithSymbols = 6, symbols = 9 };
+// Numbers as the report tells them.
+enum class GraphType : int {
+  horizontalBars = 3,   // one a point, the first on top, along the scale of y
+  lineWithSymbols = 6,  // through points at equal distances, the first at the left
+  symbols = 9           // at x and value of each point
+};
+// With automatic scale the graph makes the tick marks and labels itself: between minimum and
+// maximum where these are set apart, else between the least and the largest point.
 enum class ScaleMode : int { automatic = 0, userLimits = 2 };
 
+// The value axis is y, also where it lies below the plot.
 struct Axis {
   ScaleMode scaleMode = ScaleMode::automatic;
   float minimum = 0;
@@ -39,11 +47,12 @@ struct GraphSettings {
   Axis x;
   Axis y;
   std::vector<GraphPoint> points;
-  int pointColour = 0;     // index of the palette; all points are alike
-  int pointSymbol = 0;     // 12 open circle, 13 filled circle, 0 none
-  int symbolSize = 0;      // percent; 0 follows the number of points
-  int lineStatistics = 0;  // 8: with the least-squares line
-  int labelEvery = 1;      // a label at every so many points
+  std::vector<std::string> pointLabels;  // names of bars, or of the points of a line
+  int pointColour = 0;                   // index of the palette; all points are alike
+  int pointSymbol = 0;                   // 12 open circle, 13 filled circle, 0 none
+  int symbolSize = 0;                    // percent; 0 follows the number of points
+  int lineStatistics = 0;                // 8: with the least-squares line
+  int labelEvery = 1;  // bars and lines: a label at every so many points, and a tick mark
   int tickEvery = 1;
   double headroom = 0;  // free space above the plot area for an overlay, in parts of its height
 };
@@ -54,6 +63,9 @@ struct GraphDesign {
   std::array<int, 4> textPercent{100, 100, 100, 100};
   bool roomForCaption = false;  // one line above the plot area, drawn as an overlay
   std::string textAtRight;      // the widest text drawn at the right of the plot area
+  // The value scale of horizontal bars is drawn as an overlay: labels 8 units below the plot area,
+  // the last one at its right edge, and a caption 10 units above the lower edge of the view.
+  bool scaleAsOverlay = false;
 };
 
 }  // namespace tolmer

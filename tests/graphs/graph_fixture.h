@@ -4,20 +4,12 @@
 #include <string>
 #include <vector>
 
-#include "displays/display_window.h"
 #include "engine/pipeline.h"
 #include "platform/headless/headless_desktop.h"
+#include "support/recording_host.h"
 #include "support/regression_data.h"
 
 namespace tolmer::test {
-
-class RecordingHost : public DisplayHost {
- public:
-  void controlsDisabled() override { calls.push_back("disabled"); }
-  void controlsEnabled() override { calls.push_back("enabled"); }
-  void openDisplayMenu() override { calls.push_back("menu"); }
-  std::vector<std::string> calls;
-};
 
 inline void analyse(AnalysisState& state, HeadlessDesktop& desktop) {
   RedimAnalysisArrays(state);
