@@ -1,6 +1,7 @@
 #include "platform/window.h"
 
 #include <algorithm>
+#include <iterator>
 #include <utility>
 
 #include "platform/button.h"
@@ -155,6 +156,31 @@ void FrameWindow::activate(Window& child) {
   activeChild_ = &child;
   notify(Change::focus);
   raise(child.Activate);
+}
+
+void FrameWindow::activateNext(bool forward) {
+  std::vector<Window*> shown;
+  std::copy_if(childWindows_.begin(), childWindows_.end(), std::back_inserter(shown),
+               [](const Window* child) { return child->visible(); });
+  std::sort(shown.begin(), shown.end(), [](const Window* a, const Window* b) {
+    return std::pair(a->top(), a->left()) < std::pair(b->top(), b->left());
+  });
+  if (shown.empty()) return;
+  const auto at = std::find(shown.begin(), shown.end(), activeChild_);
+  std::size_t next = 0;
+  if (at != shown.end()) {
+    if (activeChild_->state() == WindowState::maximised)
+      activeChild_->setState(WindowState::normal);
+    const auto step = forward ? 1 : shown.size() - 1;
+    next = (static_cast<std::size_t>(at - shown.begin()) + step) % shown.size();
+  }
+  activate(*shown[next]);
+}
+
+void FrameWindow::toggleMaximised() {
+  if (!activeChild_ || !activeChild_->visible()) return;
+  const bool maximised = activeChild_->state() == WindowState::maximised;
+  activeChild_->setState(maximised ? WindowState::normal : WindowState::maximised);
 }
 
 void FrameWindow::innerChanged() {

@@ -120,6 +120,12 @@ class FrameWindow : public Window {
   Window* activeChild() const { return activeChild_; }
   // Comes to the front, and Activate is raised, unless it is the active one.
   void activate(Window& child);
+  using Window::activate;
+  // The keyboard's way around: the next child on the screen in reading order, or the one before. A
+  // maximised one is restored, since it would cover the others.
+  void activateNext(bool forward = true);
+  // Maximises the active child, or restores it.
+  void toggleMaximised();
 
   // What a child's frame and title bar take of its outer size (measured of the Fusion style).
   static constexpr Twips childSide = pixels(4);

@@ -7,7 +7,11 @@ namespace tolmer {
 
 Analysis::Analysis(AnalysisState& state, Desktop& desktop, AllDisplays& displays,
                    frmControlPanel& panel)
-    : state_(state), desktop_(desktop), displays_(displays), panel_(panel) {}
+    : state_(state), desktop_(desktop), displays_(displays), panel_(panel) {
+  panel_.updateScatterPlot = [this](int plot) {
+    displays_.display(scatterDisplays, plot)->UpdateDisplay();
+  };
+}
 
 void Analysis::RunAnalysis() {
   if (!hasModel(state_)) return;

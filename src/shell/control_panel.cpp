@@ -134,9 +134,18 @@ void frmControlPanel::ControlsEnabled() {
   fraScatterControls.setCaption("Scatter Plot " + std::to_string(state_.iCurrentPlot));
   for (Label* label : {&lblYAxisVar, &lblXAxisVar}) label->setEnabled(true);
   for (ComboBox* list : {&cboYAxisVar, &cboXAxisVar}) list->setEnabled(true);
+  showChoices();
+  cmdUpdateGraphs.setEnabled(true);
+}
+
+// What was chosen for a plot and never drawn is given up when another one takes the lists: they
+// show what stands on the screen, and the flash follows that.
+void frmControlPanel::showChoices() {
+  miXChoice = state_.iPlotXVar;
+  miYChoice = state_.iPlotYVar;
   cboXAxisVar.setListIndex(state_.iPlotXVar[plot()]);
   cboYAxisVar.setListIndex(state_.iPlotYVar[plot()]);
-  cmdUpdateGraphs.setEnabled(true);
+  if (state_.bDisplaysReady) CheckUpdateFlash();
 }
 
 void frmControlPanel::ControlsDisabled() {
@@ -209,10 +218,7 @@ void frmControlPanel::showModel(std::string tEquation) {
   state_.iSavedPlotXVar = state_.iPlotXVar;
   state_.iSavedPlotYVar = state_.iPlotYVar;
   InitializeComboBoxes();
-  cboXAxisVar.setListIndex(state_.iPlotXVar[1]);
-  cboYAxisVar.setListIndex(state_.iPlotYVar[1]);
-  miXChoice = state_.iPlotXVar;
-  miYChoice = state_.iPlotYVar;
+  showChoices();
   SetupChangeDataSourceButton();
 }
 

@@ -62,6 +62,7 @@ class frmControlPanel : public Window {
   void designSizes();
   void designTexts();
   void wireEvents();
+  void showChoices();
   void fillList(ComboBox& list, const char* last);
   void placeFrames();
   void placeScatterControls();

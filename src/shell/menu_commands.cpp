@@ -82,7 +82,7 @@ void MenuCommands::mnuWindow_Click() {
   menu.mnuGraphList.setEnabled(bReplaceable);
   menu.mnuTableList.setEnabled(bReplaceable);
   MenuItem& mnuInterpretation = *menu.entry(textDisplays, 1);
-  mnuInterpretation.setEnabled(bReplaceable && AllDisplays::exists(textDisplays, 1) &&
+  mnuInterpretation.setEnabled(bReplaceable &&
                                parts_.state.iDisplayState(textDisplays, 1) != displayShown);
 }
 

@@ -49,6 +49,7 @@ void QuadrantManager::RestoreInitialDisplays() {
   for (const Place& place : startLayout) hideOccupant(place.iRow, place.iCol);
   for (const Place& place : startLayout)
     showInQuadrant(place.iRow, place.iCol, place.iCategory, place.iIndex);
+  DisableScatterControlsIfNone();
   state_.bAllowUnload = false;
 }
 
@@ -97,9 +98,8 @@ void QuadrantManager::SetQuadrantEntry(int iRow, int iCol, int iCategory, int iI
 }
 
 void QuadrantManager::SetDisplayMenuEnabled(int iCategory, int iIndex, bool bEnabled) {
-  const bool enabled = bEnabled && AllDisplays::exists(iCategory, iIndex);
   for (DisplayMenu* menu : {&frame_.displays, &menus_.displays})
-    if (MenuItem* entry = menu->entry(iCategory, iIndex)) entry->setEnabled(enabled);
+    if (MenuItem* entry = menu->entry(iCategory, iIndex)) entry->setEnabled(bEnabled);
 }
 
 void QuadrantManager::DisableScatterControlsIfNone() {

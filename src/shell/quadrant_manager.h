@@ -27,7 +27,7 @@ class QuadrantManager {
   // Sizes and places one child of the frame in quadrant row iRow, column iCol (1 or 2).
   void PlaceDisplayInQuadrant(Window& frmDisplay, int iRow, int iCol);
   void SetQuadrantEntry(int iRow, int iCol, int iCategory, int iIndex);
-  // In both menus. The entry of a display that this release does not have stays disabled.
+  // In both menus.
   void SetDisplayMenuEnabled(int iCategory, int iIndex, bool bEnabled);
   void DisableScatterControlsIfNone();
 

@@ -53,6 +53,8 @@ class ChildPeer : public WindowPeer {
 
   void show(bool visible) override {
     if (!visible) {
+      // The toolkit then activates a child of its choice, which is no wish of the user's.
+      const Gate::Shut shut(mirror_.gate);
       sub_->hide();
       mirror_.windows.hidden(window());
     } else if (window().state() == WindowState::maximised) {

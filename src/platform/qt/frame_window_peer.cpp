@@ -2,6 +2,7 @@
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QScreen>
+#include <QShortcut>
 
 #include "platform/qt/convert.h"
 #include "platform/qt/main_widget.h"
@@ -45,10 +46,26 @@ class FrameWindowPeer : public WindowPeer {
   QWidget* create(QWidget*) override {
     main_ = new MainWidget;
     main_->area().viewport()->installEventFilter(&areaHook_);
+    addKeys();
     on(&main_->area(), &QMdiArea::subWindowActivated,
        [this](QMdiSubWindow* active) { reportActive(active); });
     return main_;
   }
+
+  // The customary keys of windows within a window.
+  void addKeys() {
+    for (const char* keys : {"F6", "Ctrl+F6", "Ctrl+Tab"})
+      addKey(keys, [this] { frame_.activateNext(); });
+    for (const char* keys : {"Shift+F6", "Ctrl+Shift+F6", "Ctrl+Shift+Tab"})
+      addKey(keys, [this] { frame_.activateNext(false); });
+    addKey("Ctrl+F10", [this] { frame_.toggleMaximised(); });
+  }
+  template <class Work>
+  void addKey(const char* keys, Work work) {
+    on(new QShortcut(QKeySequence(keys), main_), &QShortcut::activated,
+       [this, work] { mirror_.gate.enter(work); });
+  }
+
   QWidget* childrenGround() override { return main_->area().viewport(); }
 
   void update(Change what) override {
