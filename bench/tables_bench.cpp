@@ -8,6 +8,10 @@
 #include "filled_display.h"
 #include "tables/anova_table.h"
 #include "tables/coefficient_table.h"
+#include "tables/correlation_table.h"
+#include "tables/data_list.h"
+#include "tables/description_table.h"
+#include "tables/residual_list.h"
 
 namespace tolmer {
 namespace {
@@ -40,7 +44,12 @@ void writeFigures(benchmark::State& run) {
 BENCHMARK(writeFigures)->Unit(benchmark::kMicrosecond);
 BENCHMARK(updateDisplay<frmEstCoef>)->Unit(benchmark::kMicrosecond);
 BENCHMARK(updateDisplay<frmANOVA>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(updateDisplay<frmDescStats>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(updateDisplay<frmCorrMatrix>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(updateDisplay<frmResidList>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(updateDisplay<frmDataList>)->Unit(benchmark::kMicrosecond);
 BENCHMARK(copyGraph<frmEstCoef>)->Unit(benchmark::kMicrosecond);
+BENCHMARK(copyGraph<frmDataList>)->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace tolmer

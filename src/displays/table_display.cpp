@@ -40,6 +40,8 @@ void TableDisplay::drawDisplay() {
   RedrawLock lock(grid_);
   grid_.setScrollBars(ScrollBars::none);
   grid_.setSheet(content());
+  const CellPosition frozen = frozenCorner();
+  grid_.freeze(frozen.row, frozen.col);
   chooseFont();
   fillRoom(grid_, {innerWidth(), innerHeight()}, desktop().scrollBarThickness());
   PositionControls();

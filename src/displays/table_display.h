@@ -31,6 +31,8 @@ class TableDisplay : public DisplayWindow {
   virtual Sheet content() const = 0;
   // Called when all rows have the height of their texts, for rows that are to be lower.
   virtual void lowerRows() {}
+  // The last row and column that stay when the others are scrolled.
+  virtual CellPosition frozenCorner() const { return {1, 1}; }
 
  private:
   void Form_Resize();

@@ -30,6 +30,7 @@ inline constexpr Colour black = Colour::rgb(0, 0, 0);
 inline constexpr Colour red = Colour::rgb(255, 0, 0);
 inline constexpr Colour green = Colour::rgb(0, 255, 0);
 inline constexpr Colour cyan = Colour::rgb(0, 255, 255);
+inline constexpr Colour yellow = Colour::rgb(255, 255, 0);
 }  // namespace colours
 
 enum class FontFamily : std::uint8_t { interface, serif };

@@ -4,10 +4,10 @@
 #include <array>
 #include <utility>
 
-#include "base/text_encoding.h"
 #include "engine/number_format.h"
 #include "engine/number_picture.h"
 #include "engine/t_distribution.h"
+#include "tables/rows_below.h"
 #include "tables/table_style.h"
 
 namespace tolmer {
@@ -17,8 +17,6 @@ enum Column { name = 1, estimate, stdError, tValue, pValue, vif, lower, upper };
 
 constexpr std::array heads = {"Variable", "Est Coeff", "Std Error", "t",
                               "P",        "VIF",       "95% Lower", "95% Upper"};
-constexpr std::size_t longestName = 10;
-constexpr int rowsBelow = 3;
 
 // p is a single, and so are the levels it is held against: a p that is the single nearest to a
 // level does not reach it.
@@ -29,9 +27,9 @@ constexpr float highVIF = 10;
 const CellStyle plain = bodyStyle(Align::right);
 
 struct Marks {
-  bool strict = false;
-  bool usual = false;
-  bool vif = false;
+  Mark below01 = pBelow01;
+  Mark below05 = pBelow05;
+  Mark vif{"VIF > 10", colours::red};
 };
 
 int storedTerms(const AnalysisState& state) {
@@ -58,30 +56,23 @@ std::string estimatePicture(float value) {
 
 void putP(Sheet& sheet, int row, float sP, Marks& marks) {
   CellStyle style = plain;
-  if (sP < strictLevel) {
-    style.back = colours::cyan;
-    marks.strict = true;
-  } else if (sP < usualLevel) {
-    style.back = colours::green;
-    marks.usual = true;
-  }
+  if (sP < strictLevel)
+    marks.below01.put(style);
+  else if (sP < usualLevel)
+    marks.below05.put(style);
   put(sheet, row, pValue, formatNumber(sP, "0.000"), style);
 }
 
 void putVIF(Sheet& sheet, int row, const std::optional<float>& sVIF, Marks& marks) {
   if (!sVIF) return put(sheet, row, vif, "---", plain);
   CellStyle style = plain;
-  if (*sVIF > highVIF) {
-    style.back = colours::red;
-    marks.vif = true;
-  }
+  if (*sVIF > highVIF) marks.vif.put(style);
   put(sheet, row, vif, formatNumber(*sVIF, *sVIF > 999.99 ? "0" : "0.0"), style);
 }
 
 void putTerm(Sheet& sheet, int row, const TermEstimate& term, Marks& marks) {
   const std::string picture = estimatePicture(term.sCoef);
-  put(sheet, row, name, term.tName.substr(0, utf8Prefix(term.tName, longestName)),
-      headingStyle(Align::left));
+  put(sheet, row, name, shortened(term.tName), headingStyle(Align::left));
   put(sheet, row, estimate, formatNumber(term.sCoef, picture), plain);
   put(sheet, row, stdError, formatNumber(term.sCoefSE, estimatePicture(term.sCoefSE)), plain);
   put(sheet, row, tValue, formatNumber(term.sCoefT, "0.00"), plain);
@@ -91,13 +82,10 @@ void putTerm(Sheet& sheet, int row, const TermEstimate& term, Marks& marks) {
   put(sheet, row, upper, formatNumber(term.sUpper, picture), plain);
 }
 
-void putLegend(Sheet& sheet, int row, const Marks& marks) {
-  const auto explain = [&](int column, const char* text, Colour colour) {
-    put(sheet, row, column, text, markedStyle(Align::centre, colour));
-  };
-  if (marks.strict) explain(marks.usual ? stdError : pValue, "p < .01", colours::cyan);
-  if (marks.usual) explain(pValue, "p < .05", colours::green);
-  if (marks.vif) explain(lower, "VIF > 10", colours::red);
+void putLegends(Sheet& sheet, const Marks& marks) {
+  putLegend(sheet, marks.below05.occurs ? stdError : pValue, marks.below01);
+  putLegend(sheet, pValue, marks.below05);
+  putLegend(sheet, lower, marks.vif);
 }
 
 }  // namespace
@@ -125,9 +113,8 @@ Sheet coefficientSheet(const std::vector<TermEstimate>& terms) {
   Marks marks;
   for (int row = 2; row <= lastTermRow; ++row)
     putTerm(sheet, row, terms[static_cast<std::size_t>(row - 2)], marks);
-  for (int row = lastTermRow + 1; row <= sheet.rows(); ++row)
-    styleRow(sheet, row, faceStyle(Align::left));
-  putLegend(sheet, sheet.rows() - 1, marks);
+  styleRowsBelow(sheet);
+  putLegends(sheet, marks);
   return sheet;
 }
 

@@ -2,6 +2,8 @@
 
 #include <utility>
 
+#include "base/text_encoding.h"
+
 namespace tolmer {
 
 CellStyle bodyStyle(Align align) { return {.align = align}; }
@@ -16,8 +18,6 @@ CellStyle headingStyle(Align align) {
   return style;
 }
 
-CellStyle markedStyle(Align align, Colour back) { return {.align = align, .back = back}; }
-
 void put(Sheet& sheet, int row, int col, std::string text, const CellStyle& style) {
   Cell& cell = sheet.at(row, col);
   cell.text = std::move(text);
@@ -26,6 +26,11 @@ void put(Sheet& sheet, int row, int col, std::string text, const CellStyle& styl
 
 void styleRow(Sheet& sheet, int row, const CellStyle& style) {
   sheet.change({row, 1, row, sheet.cols()}, [&style](Cell& cell) { cell.style = style; });
+}
+
+std::string shortened(const std::string& tName) {
+  constexpr std::size_t longest = 10;
+  return tName.substr(0, utf8Prefix(tName, longest));
 }
 
 }  // namespace tolmer

@@ -13,12 +13,13 @@ CellStyle bodyStyle(Align align);
 CellStyle faceStyle(Align align);
 // The same, as the heading of a row or column.
 CellStyle headingStyle(Align align);
-// Black on that colour: a cell that is marked, or a legend that explains the mark.
-CellStyle markedStyle(Align align, Colour back);
 
 // 1 <= row <= rows, 1 <= col <= cols.
 void put(Sheet& sheet, int row, int col, std::string text, const CellStyle& style);
 // The whole row takes the style; its texts stay.
 void styleRow(Sheet& sheet, int row, const CellStyle& style);
+
+// The first ten characters of a variable's name, where its column (row) has no room for more.
+std::string shortened(const std::string& tName);
 
 }  // namespace tolmer
