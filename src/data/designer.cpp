@@ -4,6 +4,7 @@
 #include "data/model_check.h"
 #include "data/model_choice.h"
 #include "data/model_transfer.h"
+#include "data/show_data.h"
 #include "platform/desktop.h"
 
 namespace tolmer {
@@ -43,6 +44,7 @@ void frmModelDesign::wireEvents() {
   cmdOK.Click = [this] { cmdOK_Click(); };
   cmdCancel.Click = [this] { cmdCancel_Click(); };
   cmdHelp.Click = [this] { cmdHelp_Click(); };
+  cmdShowData.Click = [this] { cmdShowData_Click(); };
   spdVarList.Click = [this](CellPosition) { showVarDefOfActiveRow(); };
   spdVarList.SelectionChange = [this] { showVarDefOfActiveRow(); };
 }
@@ -190,6 +192,15 @@ void frmModelDesign::leave() {
 
 void frmModelDesign::cmdHelp_Click() {
   desktop().showHelp({"tolmod", HelpRequest::Kind::topic, helpOnModels});
+}
+
+void frmModelDesign::cmdShowData_Click() {
+  desktop().setBusyPointer(true);
+  frmShowData list(desktop(), copy_);
+  list.PositionControls();
+  list.UpdateDisplay();
+  desktop().setBusyPointer(false);
+  list.showModal();
 }
 
 void frmModelDesign::showVarDefOfActiveRow() {

@@ -95,6 +95,7 @@ class frmModelDesign : public Window {
   void cmdOK_Click();
   void cmdCancel_Click();
   void cmdHelp_Click();
+  void cmdShowData_Click();
   void showVarDefOfActiveRow();
   void openEditorAgain();
   void leaveUnchanged();

@@ -76,7 +76,6 @@ void frmModelDesign::describeControls() {
   spdVarDefs.setSelectionMode(SelectionMode::none);
   cmdOK.setDefault(true);
   cmdCancel.setCancel(true);
-  cmdShowData.setEnabled(false);  // the list of all data is not part of this release
 }
 
 void frmModelDesign::PositionForm() {

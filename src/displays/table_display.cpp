@@ -72,9 +72,7 @@ void TableDisplay::fitRowsAndColumns() {
 }
 
 void TableDisplay::CopyGraph() {
-  const Sheet& sheet = grid_.sheet();
-  desktop().setClipboard(
-      {.text = copyText(sheet, sheet.body()), .html = copyHtml(sheet, sheet.body())});
+  desktop().setClipboard(copyOf(grid_.sheet()));
 }
 
 }  // namespace tolmer

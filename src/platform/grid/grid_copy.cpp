@@ -70,4 +70,8 @@ std::string copyHtml(const Sheet& sheet, const CellBlock& block) {
   return html + "</table>\n";
 }
 
+ClipboardContent copyOf(const Sheet& sheet) {
+  return {.text = copyText(sheet, sheet.body()), .html = copyHtml(sheet, sheet.body())};
+}
+
 }  // namespace tolmer

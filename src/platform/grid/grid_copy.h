@@ -3,6 +3,7 @@
 
 #include <string>
 
+#include "platform/desktop.h"
 #include "platform/grid/sheet.h"
 
 namespace tolmer {
@@ -14,5 +15,8 @@ std::string copyText(const Sheet& sheet, const CellBlock& block);
 
 // The same as a table for word processors, with alignment, headings and coloured backgrounds.
 std::string copyHtml(const Sheet& sheet, const CellBlock& block);
+
+// All cells but the headings beside them, both ways.
+ClipboardContent copyOf(const Sheet& sheet);
 
 }  // namespace tolmer
