@@ -3,6 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <functional>
+
+#include "platform/graph/label_fit.h"
 #include "platform/graph/screen_geometry.h"
 #include "platform/text_metrics.h"
 #include "support/graph_pictures.h"
@@ -19,28 +23,107 @@ using testing::Not;
 using testing::SizeIs;
 
 struct Case {
-  std::vector<std::string> xLabels;
-  std::vector<std::string> yLabels;
-  std::string yTitle;
+  std::string name;
   GraphDesign design;
+  std::function<void(SampleGraph&)> set;
 };
 
+const std::string longName = "Bevölkerungszuwachs in Württemberg-Übersee";
+
+GraphDesign scatterDesign() { return {{200, 150, 100, 100}, true, "+3SE"}; }
+
+GraphDesign barDesign() {
+  GraphDesign design;
+  design.scaleAsOverlay = true;
+  return design;
+}
+
+void setAxes(SampleGraph& graph, std::vector<std::string> below, std::vector<std::string> left,
+             std::string leftTitle) {
+  SampleGraph::label(graph.settings.x, std::move(below));
+  SampleGraph::label(graph.settings.y, std::move(left));
+  graph.settings.y.title = std::move(leftTitle);
+}
+
+// Values that zigzag between -3e5 and 3e5.
+void setPoints(SampleGraph& graph, GraphType type, int count, const std::string& name) {
+  graph.settings.graphType = type;
+  graph.settings.pointSymbol = 13;
+  graph.setNumPoints(count);
+  for (int i = 1; i <= count; ++i) {
+    graph.setPoint(i, static_cast<float>(i), static_cast<float>((i * 7919) % 601 - 300) * 1000);
+    graph.setPointLabel(i, name.empty() ? std::to_string(i) : name + std::to_string(i));
+  }
+}
+
+void setBars(SampleGraph& graph, int count, const std::string& name) {
+  setPoints(graph, GraphType::horizontalBars, count, name);
+  graph.settings.x.title = " ";
+  graph.settings.y = {};
+  graph.settings.y.scaleMode = ScaleMode::userLimits;
+  graph.settings.y.maximum = 3;
+}
+
+void setLine(SampleGraph& graph, int count, int every, const std::string& name) {
+  setPoints(graph, GraphType::lineWithSymbols, count, name);
+  graph.settings.labelEvery = every;
+  graph.settings.tickEvery = every;
+  graph.settings.x.title = "Order of Entry";
+  graph.settings.y = {};
+  graph.settings.y.title = longName;
+}
+
 const std::vector<Case> cases{
-    {{"0", "20", "40"}, {"0", "1", "2", "3"}, "Frequency", {}},
-    {{"-1.5E+16", "-1.0E+16", "-5.0E+15", "0.0E+00", "5.0E+15", "1.0E+16", "1.5E+16"},
-     {"0", "20", "40", "60", "80", "100", "120", "140", "160", "180", "200"},
-     "Frequency",
-     {}},
-    {{"-1000", "0", "1000"},
-     {"-800", "-400", "0", "400"},
-     "",
-     {{200, 150, 100, 100}, true, "+3SE"}},
-    {{" ", "0", " ", "1", " "}, {"0.000", "0.002", "0.004"}, "Fitted Württembg", {}},
-    {{}, {}, "A title that no window of the usual size is high enough for, however it is set", {}}};
+    {"short labels",
+     {},
+     [](auto& g) {
+       setAxes(g, {"0", "20", "40"}, {"0", "1"}, "Frequency");
+     }},
+    {"wide and many labels",
+     {},
+     [](auto& g) {
+       setAxes(g, {"-1.5E+16", "-1.0E+16", "-5.0E+15", "0.0E+00", "5.0E+15", "1.0E+16", "1.5E+16"},
+               {"0", "20", "40", "60", "80", "100", "120", "140", "160", "180", "200"},
+               "Frequency");
+     }},
+    {"no left title", scatterDesign(),
+     [](auto& g) {
+       setAxes(g, {"-1000", "0", "1000"}, {"-800", "-400", "0", "400"}, "");
+     }},
+    {"blank labels",
+     {},
+     [](auto& g) {
+       setAxes(g, {" ", "0", " ", "1", " "}, {"0.000", "0.002"}, "Württembg");
+     }},
+    {"long title", {}, [](auto& g) { setAxes(g, {}, {}, longName + longName + longName); }},
+    {"automatic", scatterDesign(),
+     [](auto& g) {
+       setPoints(g, GraphType::symbols, 500, "");
+       g.settings.x = {};
+       g.settings.y = {};
+       g.settings.lineStatistics = 8;
+     }},
+    {"one bar", barDesign(), [](auto& g) { setBars(g, 1, "WWWWWWWWWW"); }},
+    {"six bars", barDesign(), [](auto& g) { setBars(g, 6, longName); }},
+    {"49 bars", barDesign(), [](auto& g) { setBars(g, 49, "Temperatü"); }},
+    {"49 bars on a scale of their own",
+     {},
+     [](auto& g) {
+       setBars(g, 49, longName);
+       g.settings.y = {};
+     }},
+    {"line of 500", scatterDesign(), [](auto& g) { setLine(g, 500, 40, ""); }},
+    {"line of 500, all labelled", scatterDesign(), [](auto& g) { setLine(g, 500, 1, ""); }},
+    {"line with names", {}, [](auto& g) { setLine(g, 12, 1, longName); }},
+    {"line of one", scatterDesign(), [](auto& g) { setLine(g, 1, 1, ""); }}};
 
 const std::vector<ViewSize> sizes{{30, 20},    {90, 60},   {150, 100},  {240, 150},
                                   {320, 200},  {480, 280}, {640, 360},  {400, 700},
                                   {1280, 300}, {960, 500}, {1920, 1000}};
+
+bool areApart(const ViewRect& a, const ViewRect& b) {
+  return a.right() <= b.left || b.right() <= a.left || a.top() <= b.bottom || b.top() <= a.bottom;
+}
 
 void expectNoCollision(const Picture& picture) {
   const auto texts = all<TextPrimitive>(picture);
@@ -50,46 +133,62 @@ void expectNoCollision(const Picture& picture) {
     EXPECT_GE(a.bottom, 0) << texts[i].text;
     EXPECT_LE(a.right(), picture.size.width) << texts[i].text;
     EXPECT_LE(a.top(), picture.size.height) << texts[i].text;
-    const ViewRect& plot = picture.plot;
-    EXPECT_TRUE(a.right() <= plot.left || a.top() <= plot.bottom) << texts[i].text;
-    for (std::size_t j = 0; j < i; ++j) {
-      const ViewRect b = textBounds(texts[j]);
-      EXPECT_TRUE(a.right() <= b.left || b.right() <= a.left || a.top() <= b.bottom ||
-                  b.top() <= a.bottom)
-          << texts[i].text << " on " << texts[j].text;
-    }
+    EXPECT_TRUE(areApart(a, picture.plot)) << texts[i].text << " on the plot";
+    for (std::size_t j = 0; j < i; ++j)
+      EXPECT_TRUE(areApart(a, textBounds(texts[j]))) << texts[i].text << " on " << texts[j].text;
   }
 }
 
-// Every tick mark of full length has its label: none had to be left out for want of room.
-void expectLabelAtEveryLongTick(const Picture& picture, const GraphLayout& layout, int titles) {
-  std::size_t longTicks = 0;
-  for (const LinePrimitive& line : all<LinePrimitive>(picture)) {
-    const double length = std::abs(line.points[1].x - line.points[0].x) +
-                          std::abs(line.points[1].y - line.points[0].y);
-    longTicks += line.points.size() == 2 && std::abs(length - layout.tickLength) < 1e-9 ? 1 : 0;
-  }
-  EXPECT_EQ(all<TextPrimitive>(picture).size(), longTicks + static_cast<std::size_t>(titles));
+// As a display draws on top of its graph.
+void drawOverlayTexts(Graph& graph, const GraphDesign& design) {
+  DrawingView& view = graph.GSUseView();
+  const ViewRect plot = graph.picture().plot;
+  if (design.roomForCaption)
+    view.GSRText(plot.left, view.GSGetVYExt() - 10, 0x110, "Autocorrelation = 0.219");
+  if (!design.textAtRight.empty())
+    view.GSRText(plot.right(), plot.bottom + plot.height / 2, 0x100, design.textAtRight);
+  if (!design.scaleAsOverlay) return;
+  for (const int label : {1, 10, 100, 1000})
+    view.GSRText(plot.left + std::log10(label) / 3 * plot.width, plot.bottom - 8, 0x112,
+                 std::to_string(label));
+  view.GSRText(plot.left, 10, 0x100, "Variance Inflation Factor");
 }
 
-TEST(GraphLayout, TextsNeitherOverlapNorAreCut) {
-  for (const Case& c : cases)
-    for (const ViewSize& size : sizes) {
-      SCOPED_TRACE(c.yTitle + " " + std::to_string(size.width) + " x " +
-                   std::to_string(size.height));
-      SampleGraph graph(size.width, size.height, c.design);
-      SampleGraph::label(graph.settings.x, c.xLabels);
-      SampleGraph::label(graph.settings.y, c.yLabels);
-      graph.settings.y.title = c.yTitle;
-      graph.setDrawMode(Graph::draw);
-      expectNoCollision(graph.picture());
-      const GraphLayout layout = layOut(graph.settings, c.design, size);
-      if (layout.hasText)
-        expectLabelAtEveryLongTick(graph.picture(), layout, c.yTitle.empty() ? 1 : 2);
-      else
-        EXPECT_THAT(all<TextPrimitive>(graph.picture()), IsEmpty());
-    }
+// Each label that was given room, each title and each text on top of them stands in the picture:
+// none was left out because another one is in its way.
+std::size_t textsWithRoom(const GraphLayout& layout, const GraphSettings& settings,
+                          const std::vector<OverlayCall>& overlay) {
+  std::size_t count = all<TextCall>(overlay).size();
+  for (const AxisMarks* marks : {&layout.axes.below, &layout.axes.left})
+    for (const AxisMark& mark : *marks) count += isBlank(mark.label) ? 0 : 1;
+  for (const Axis* axis : {&settings.x, &settings.y}) count += isBlank(axis->title) ? 0 : 1;
+  return count;
 }
+
+class GraphLayoutSweep : public testing::TestWithParam<Case> {};
+
+TEST_P(GraphLayoutSweep, TextsNeitherOverlapNorAreCut) {
+  for (const ViewSize& size : sizes) {
+    SCOPED_TRACE(std::to_string(size.width) + " x " + std::to_string(size.height));
+    SampleGraph graph(size.width, size.height, GetParam().design);
+    GetParam().set(graph);
+    graph.setDrawMode(Graph::draw);
+    drawOverlayTexts(graph, GetParam().design);
+    expectNoCollision(graph.picture());
+    const GraphLayout layout = layOut(graph.settings, GetParam().design, size);
+    if (layout.hasText)
+      EXPECT_EQ(all<TextPrimitive>(graph.picture()).size(),
+                textsWithRoom(layout, graph.settings, graph.overlay()));
+    else
+      EXPECT_THAT(all<TextPrimitive>(graph.picture()), IsEmpty());
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, GraphLayoutSweep, testing::ValuesIn(cases), [](const auto& info) {
+  std::string name = info.param.name;
+  std::erase_if(name, [](char c) { return c == ' ' || c == ','; });
+  return name;
+});
 
 TEST(GraphLayout, GivesThePlotMostOfTheRoom) {
   for (const ViewSize& size : sizes) {
@@ -130,18 +229,42 @@ TEST(GraphLayout, KeepsRoomForWhatIsDrawnLater) {
   EXPECT_GT(layOut(tall, {}, {480, 280}).plot.height, 0.6 * plain.height);
 }
 
-TEST(GraphLayout, ThinsLabelsEvenlyFromTheFirst) {
+std::vector<std::string> shown(const AxisMarks& marks) {
+  std::vector<std::string> labels;
+  for (const AxisMark& mark : marks)
+    if (!isBlank(mark.label)) labels.push_back(mark.label);
+  return labels;
+}
+
+TEST(LabelThinning, KeepsEvenDistancesAndRoundNumbers) {
   SampleGraph graph(240, 150);
   std::vector<std::string> labels;
   for (int i = 0; i <= 20; ++i) labels.push_back(std::to_string(1000 + i));
   SampleGraph::label(graph.settings.x, labels);
-  graph.setDrawMode(Graph::draw);
-  const int every = layOut(graph.settings, {}, {240, 150}).everyXLabel;
-  ASSERT_GT(every, 1);
-  const auto texts = test::texts(graph.picture());
-  EXPECT_THAT(texts, Contains("1000"));
-  EXPECT_THAT(texts, Not(Contains("1001")));
-  EXPECT_THAT(texts, Contains(std::to_string(1000 + every)));
+  EXPECT_THAT(shown(layOut(graph.settings, {}, {240, 150}).axes.below),
+              ElementsAre("1000", "1004", "1008", "1012", "1016", "1020"));
+  setLine(graph, 500, 40, "");
+  EXPECT_THAT(shown(layOut(graph.settings, {}, {640, 360}).axes.below),
+              ElementsAre("40", "80", "120", "160", "200", "240", "280", "320", "360", "400", "440",
+                          "480"));
+  EXPECT_THAT(shown(layOut(graph.settings, {}, {240, 150}).axes.below),
+              ElementsAre("80", "160", "240", "320", "400", "480"));
+}
+
+TEST(LabelThinning, NamesOfBarsShrinkFirst) {
+  SampleGraph graph(480, 280);
+  const auto laidOut = [&](int bars) {
+    setBars(graph, bars, "Name ");
+    return layOut(graph.settings, barDesign(), {480, 280});
+  };
+  EXPECT_EQ(laidOut(15).leftLabelPixels, 12);
+  const GraphLayout twenty = laidOut(20);  // 227 / 20 = 11.35 units each
+  EXPECT_EQ(twenty.leftLabelPixels, 10);
+  EXPECT_THAT(shown(twenty.axes.left), SizeIs(20));
+  const GraphLayout many = laidOut(49);  // 4.6 units each: every third, which leaves 12.6
+  EXPECT_EQ(many.leftLabelPixels, 12);
+  EXPECT_THAT(shown(many.axes.left), SizeIs(17));
+  EXPECT_EQ(shown(many.axes.left)[1], "Name 4");
 }
 
 TEST(FitText, CutsWholeCharacters) {

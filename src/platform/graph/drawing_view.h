@@ -64,8 +64,6 @@ class DrawingView {
   const std::vector<OverlayCall>& overlay() const { return overlay_; }
 
  private:
-  void addLine(LinePrimitive line);
-
   Picture picture_;
   std::vector<OverlayCall> overlay_;
   double usualPixels_ = 0;

@@ -42,6 +42,8 @@ void Graph::setDrawMode(DrawMode mode) {
   if (mode != draw) return;
   const ViewSize view{std::round(width() / twipsPerPixel), std::round(height() / twipsPerPixel)};
   const GraphLayout layout = layOut(settings, design_, view);
+  x_ = layout.axes.x;
+  y_ = layout.axes.y;
   view_.begin(drawPlot(settings, layout), layout.textPixels);
   notify(Change::content);
 }
@@ -50,13 +52,13 @@ double Graph::SDKInfo(int index) const {
   const ViewRect& plot = picture().plot;
   switch (index) {
     case 1:
-      return settings.x.minimum;
+      return x_.minimum;
     case 2:
-      return settings.x.maximum;
+      return x_.maximum;
     case 3:
-      return settings.y.maximum;
+      return y_.maximum;
     case 4:
-      return settings.y.minimum;
+      return y_.minimum;
     case 5:
       return plot.width;
     case 6:

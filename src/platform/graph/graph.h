@@ -7,6 +7,7 @@
 #include "platform/graph/drawing_view.h"
 #include "platform/graph/graph_settings.h"
 #include "platform/graph/picture.h"
+#include "platform/graph/tidy_scale.h"
 
 namespace tolmer {
 
@@ -39,8 +40,8 @@ class Graph : public Control {
   enum DrawMode { hold = 1, draw = 2 };
   void setDrawMode(DrawMode mode);
 
-  // Where the plot area lies: 1 and 2 lower and upper bound of the horizontal scale, 3 and 4 upper
-  // and lower bound of the vertical one; in view units 5 width, 6 height, 7 left, 8 bottom.
+  // The plot area as it was drawn last: 1 and 2 lower and upper bound of the scale of x, 3 and 4
+  // upper and lower bound of the scale of y; in view units 5 width, 6 height, 7 left, 8 bottom.
   double SDKInfo(int index) const;
 
   DrawingView& GSUseView() { return view_; }
@@ -55,6 +56,8 @@ class Graph : public Control {
 
  private:
   GraphDesign design_;
+  Scale x_;
+  Scale y_;
   DrawingView view_;
 };
 

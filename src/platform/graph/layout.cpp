@@ -4,13 +4,20 @@
 #include <cmath>
 #include <cstddef>
 
-#include "platform/text_metrics.h"
+#include "platform/graph/label_fit.h"
 
 namespace tolmer {
 namespace {
 
 constexpr double smallestPlotWidth = 80;
 constexpr double smallestPlotHeight = 50;
+
+// Names of bars shrink to this size before they are thinned or cut.
+constexpr double smallestNamePixels = 9;
+
+// Names take no more of the view's width than this; numbers are never cut.
+constexpr double widestNameLeft = 0.36;
+constexpr double widestNameBelow = 0.25;
 
 // Text grows with the window, but slower: 12 in a quadrant of a small screen, 18 maximised on a
 // large one. At more than 18 a caption ten units above the lower edge would be cut.
@@ -24,38 +31,22 @@ double classPixelsFor(double textPixels, int percent) {
   return std::round(textPixels * (1 + (percent - 100) / 200.0));
 }
 
-double labelWidth(const std::string& label, double pixels) {
-  return textWidth(graphFont(pixels), label);
-}
-
-double widestLabel(const Axis& axis, double pixels) {
-  double widest = 0;
-  for (const std::string& label : axis.labels) widest = std::max(widest, labelWidth(label, pixels));
-  return widest;
-}
-
-bool isBlank(const std::string& text) { return text.find_first_not_of(' ') == std::string::npos; }
-
 void setTextSizes(GraphLayout& layout, const GraphDesign& design) {
   layout.textPixels = textPixelsFor(layout.view);
   for (std::size_t i = 0; i < layout.classPixels.size(); ++i)
     layout.classPixels[i] = classPixelsFor(layout.textPixels, design.textPercent[i]);
   const double pixels = layout.tickLabelPixels();
+  layout.leftLabelPixels = pixels;
   layout.tickLength = std::max(4.0, std::round(0.4 * pixels));
   layout.gap = std::max(3.0, std::round(0.25 * pixels));
   layout.pad = std::max(6.0, std::round(0.5 * pixels));
 }
 
-double leftMargin(const GraphLayout& layout, const GraphSettings& settings) {
-  const double pixels = layout.tickLabelPixels();
-  const double title = settings.y.title.empty() ? 0 : 1.1 * layout.axisTitlePixels() + layout.gap;
-  const double ofLabels =
-      layout.pad + title + widestLabel(settings.y, pixels) + layout.gap + layout.tickLength;
-  const auto& below = settings.x.labels;
-  return below.empty() ? ofLabels : std::max(ofLabels, labelWidth(below.front(), pixels) / 2 + 4);
-}
-
-double bottomMargin(const GraphLayout& layout, const GraphSettings& settings) {
+double bottomMargin(const GraphLayout& layout, const GraphSettings& settings,
+                    const GraphDesign& design) {
+  // The caption hangs from a height of 10, the labels from 8 below the plot area.
+  if (design.scaleAsOverlay)
+    return 10 + 0.9 * layout.textPixels + layout.gap + 0.95 * layout.textPixels + 8;
   const double labels = layout.tickLength + layout.gap + 0.9 * layout.tickLabelPixels();
   if (isBlank(settings.x.title)) return labels + layout.pad;
   return labels + layout.gap + 1.15 * layout.axisTitlePixels() + 0.6 * layout.pad;
@@ -66,62 +57,92 @@ double topMargin(const GraphLayout& layout, const GraphDesign& design) {
   return std::max(10.0, 0.8 * layout.tickLabelPixels());
 }
 
-double rightMargin(const GraphLayout& layout, const GraphSettings& settings,
-                   const GraphDesign& design) {
-  const auto& below = settings.x.labels;
-  const double label =
-      below.empty() ? 0 : labelWidth(below.back(), layout.tickLabelPixels()) / 2 + 4;
-  const double text =
-      design.textAtRight.empty() ? 0 : labelWidth(design.textAtRight, layout.textPixels) + 10;
-  return std::max({12.0, label, text});
-}
-
 // At least two thirds of the height stay for the plot.
 double headroomShare(const GraphSettings& settings) {
   return settings.headroom > 0 ? std::min(settings.headroom, 0.5) : 0;
 }
 
-ViewRect plotArea(const GraphLayout& layout, const GraphSettings& settings,
-                  const GraphDesign& design) {
-  const double left = std::round(leftMargin(layout, settings));
-  const double bottom = std::round(bottomMargin(layout, settings));
-  const double height = layout.view.height - bottom - topMargin(layout, design);
-  return {left, bottom,
-          std::round(layout.view.width - left - rightMargin(layout, settings, design)),
-          std::round(height / (1 + headroomShare(settings)))};
+void setHeight(GraphLayout& layout, const GraphSettings& settings, const GraphDesign& design) {
+  layout.plot.bottom = std::round(bottomMargin(layout, settings, design));
+  const double height = layout.view.height - layout.plot.bottom - topMargin(layout, design);
+  layout.plot.height = std::round(height / (1 + headroomShare(settings)));
+  layout.headroom = std::floor(headroomShare(settings) * layout.plot.height);
+}
+
+// Every how many names there is room for at that size.
+double everyName(double pixels, double pitch) {
+  return std::max(1.0, std::ceil(leastLinePitch * pixels / pitch));
+}
+
+// The largest size at which as many names stand in full as at the smallest one.
+double namePixels(const GraphLayout& layout, const GraphSettings& settings, double widest) {
+  const AxisMarks& names = layout.axes.left;
+  const double pitch = layout.plot.height / static_cast<double>(settings.points.size()) *
+                       std::max(1, settings.labelEvery);
+  double pixels = layout.tickLabelPixels();
+  while (pixels > smallestNamePixels &&
+         (everyName(pixels, pitch) > everyName(smallestNamePixels, pitch) ||
+          widestLabel(names, pixels) > widest))
+    --pixels;
+  return pixels;
+}
+
+void cutLabels(AxisMarks& marks, double pixels, double width) {
+  for (AxisMark& mark : marks) mark.label = fitText(mark.label, pixels, width);
+}
+
+void fitNames(GraphLayout& layout, const GraphSettings& settings) {
+  if (settings.graphType == GraphType::horizontalBars) {
+    const double widest = widestNameLeft * layout.view.width;
+    layout.leftLabelPixels = namePixels(layout, settings, widest);
+    cutLabels(layout.axes.left, layout.leftLabelPixels, widest);
+  } else if (settings.graphType == GraphType::lineWithSymbols) {
+    cutLabels(layout.axes.below, layout.tickLabelPixels(), widestNameBelow * layout.view.width);
+  }
+}
+
+// How far labels below the plot may reach beyond its left and its right edge.
+struct Overhang {
+  double left = 0;
+  double right = 0;
+};
+
+Overhang overhang(const GraphLayout& layout, double plotWidth) {
+  Overhang beyond;
+  for (const AxisMark& mark : layout.axes.below) {
+    if (isBlank(mark.label)) continue;
+    const double half = labelWidth(mark.label, layout.tickLabelPixels()) / 2 + 4;
+    beyond.left = std::max(beyond.left, half - mark.place * plotWidth);
+    beyond.right = std::max(beyond.right, half - (1 - mark.place) * plotWidth);
+  }
+  return beyond;
+}
+
+double leftMargin(const GraphLayout& layout, const GraphSettings& settings) {
+  const double title = isBlank(settings.y.title) ? 0 : 1.1 * layout.axisTitlePixels() + layout.gap;
+  return layout.pad + title + widestLabel(layout.axes.left, layout.leftLabelPixels) + layout.gap +
+         layout.tickLength;
+}
+
+double rightMargin(const GraphLayout& layout, const GraphDesign& design) {
+  const double text =
+      design.textAtRight.empty() ? 0 : labelWidth(design.textAtRight, layout.textPixels) + 10;
+  const double lastLabel =
+      design.scaleAsOverlay ? labelWidth("1000", layout.textPixels) / 2 + 4 : 0;
+  return std::max({12.0, text, lastLabel});
+}
+
+void setWidth(GraphLayout& layout, const GraphSettings& settings, const GraphDesign& design) {
+  const double left = leftMargin(layout, settings);
+  const double right = rightMargin(layout, design);
+  const Overhang beyond = overhang(layout, layout.view.width - left - right);
+  layout.plot.left = std::round(std::max(left, beyond.left));
+  layout.plot.width =
+      std::round(layout.view.width - layout.plot.left - std::max(right, beyond.right));
 }
 
 ViewRect areaWithoutText(ViewSize view) {
   return {4, 4, std::max(1.0, view.width - 8), std::max(1.0, view.height - 8)};
-}
-
-bool labelsFit(const Axis& axis, const ViewRect& plot, double pixels, int every) {
-  double end = -plot.width;
-  for (std::size_t i = 0; i < axis.labels.size(); i += static_cast<std::size_t>(every)) {
-    if (isBlank(axis.labels[i])) continue;
-    const double middle = tickX(axis, plot, static_cast<int>(i) + 1);
-    const double half = labelWidth(axis.labels[i], pixels) / 2;
-    if (middle - half < end) return false;
-    end = middle + half + 0.5 * pixels;
-  }
-  return true;
-}
-
-int everyXLabel(const Axis& axis, const ViewRect& plot, double pixels) {
-  const int count = static_cast<int>(axis.labels.size());
-  int every = 1;
-  while (every < count && !labelsFit(axis, plot, pixels, every)) ++every;
-  return every;
-}
-
-int everyYLabel(const Axis& axis, const ViewRect& plot, double pixels) {
-  if (axis.ticks < 1) return 1;
-  const double pitch = plot.height / axis.ticks;
-  return std::max(1, static_cast<int>(std::ceil(1.1 * pixels / pitch)));
-}
-
-double tickShare(const Axis& axis, int tick) {
-  return axis.ticks > 0 ? static_cast<double>(tick - 1) / axis.ticks : 0;
 }
 
 }  // namespace
@@ -129,39 +150,24 @@ double tickShare(const Axis& axis, int tick) {
 GraphLayout layOut(const GraphSettings& settings, const GraphDesign& design, ViewSize view) {
   GraphLayout layout;
   layout.view = view;
+  layout.axes = plotAxes(settings);
+  if (design.scaleAsOverlay) layout.axes.below.clear();
   setTextSizes(layout, design);
-  layout.plot = plotArea(layout, settings, design);
+  setHeight(layout, settings, design);
+  fitNames(layout, settings);
+  setWidth(layout, settings, design);
   layout.hasText =
       layout.plot.width >= smallestPlotWidth && layout.plot.height >= smallestPlotHeight;
   if (!layout.hasText) {
     layout.plot = areaWithoutText(view);
+    layout.headroom = 0;
     return layout;
   }
-  layout.headroom = std::floor(headroomShare(settings) * layout.plot.height);
-  layout.everyXLabel = everyXLabel(settings.x, layout.plot, layout.tickLabelPixels());
-  layout.everyYLabel = everyYLabel(settings.y, layout.plot, layout.tickLabelPixels());
+  thinLabelsBeside(layout.axes.below, layout.tickLabelPixels(), layout.plot.width);
+  thinLabelsBelow(layout.axes.left, layout.leftLabelPixels, layout.plot.height);
   return layout;
 }
 
-double tickX(const Axis& axis, const ViewRect& plot, int tick) {
-  return plot.left + tickShare(axis, tick) * plot.width;
-}
-
-double tickY(const Axis& axis, const ViewRect& plot, int tick) {
-  return plot.bottom + tickShare(axis, tick) * plot.height;
-}
-
 double centredBaseline(double y, double pixels) { return y - 0.33 * pixels; }
-
-std::string fitText(const std::string& text, double pixels, double width) {
-  if (labelWidth(text, pixels) <= width) return text;
-  for (std::size_t bytes = text.size(); bytes > 0;) {
-    --bytes;
-    while (bytes > 0 && (static_cast<unsigned char>(text[bytes]) & 0xC0U) == 0x80U) --bytes;
-    std::string cut = text.substr(0, bytes) + "…";
-    if (labelWidth(cut, pixels) <= width) return cut;
-  }
-  return {};
-}
 
 }  // namespace tolmer

@@ -1,12 +1,13 @@
-// Where the plot area of a graph lies and how large its texts are: pure functions of settings and
-// size. The figures were found by drawing at 480 x 280 to 1920 x 1000 and looking.
+// Where the plot area of a graph lies, how large its texts are and which labels there is room for:
+// pure functions of settings and size. The figures were found by drawing at 480 x 280 to
+// 1920 x 1000 and looking.
 #pragma once
 
 #include <array>
-#include <string>
 
 #include "platform/graph/graph_settings.h"
 #include "platform/graph/picture.h"
+#include "platform/graph/plot_axes.h"
 
 namespace tolmer {
 
@@ -17,11 +18,11 @@ struct GraphLayout {
   bool hasText = false;                 // False where the plot would be too small to read anyway
   double textPixels = 0;                // text at 100 percent
   std::array<double, 4> classPixels{};  // sizes of the text classes
+  double leftLabelPixels = 0;           // names of bars shrink to fit, other labels do not
   double tickLength = 0;                // tick marks point outward
   double gap = 0;                       // between tick mark, label and title
   double pad = 0;                       // between the titles and the edge of the view
-  int everyXLabel = 1;                  // labels shown: every so many, from the first
-  int everyYLabel = 1;
+  PlotAxes axes;                        // with the labels that fit, the others blank
 
   double axisTitlePixels() const { return classPixels[1]; }
   double tickLabelPixels() const { return classPixels[2]; }
@@ -29,15 +30,7 @@ struct GraphLayout {
 
 GraphLayout layOut(const GraphSettings& settings, const GraphDesign& design, ViewSize view);
 
-// Places of tick mark `tick`, counted from 1, in view units.
-double tickX(const Axis& axis, const ViewRect& plot, int tick);
-double tickY(const Axis& axis, const ViewRect& plot, int tick);
-
 // Base line of a tick label that is centred on a height.
 double centredBaseline(double y, double pixels);
-
-// The text cut to that width, in whole characters with an ellipsis at the end; unchanged if it
-// fits.
-std::string fitText(const std::string& text, double pixels, double width);
 
 }  // namespace tolmer

@@ -4,6 +4,8 @@
 #include <cmath>
 #include <utility>
 
+#include "platform/graph/clip.h"
+#include "platform/graph/palette.h"
 #include "platform/text_metrics.h"
 
 namespace tolmer {
@@ -12,6 +14,9 @@ namespace {
 // Heights of ascenders and depths of descenders of Liberation Serif, in parts of the font size.
 constexpr double ascent = 0.70;
 constexpr double descent = 0.22;
+
+// Share of the full colour in filled boxes: on the tint red lines keep a contrast of 2.7 : 1.
+constexpr double fillShare = 0.38;
 
 bool isFinite(const ViewPoint& point) { return std::isfinite(point.x) && std::isfinite(point.y); }
 bool isFinite(const ViewRect& rect) {
@@ -38,20 +43,39 @@ bool overlap(const ViewRect& a, const ViewRect& b) {
   return a.left < b.right() && b.left < a.right() && a.bottom < b.top() && b.bottom < a.top();
 }
 
+bool goesOn(const LinePrimitive& line, const LinePrimitive& next) {
+  return line.colour == next.colour && line.width == next.width && line.dashed == next.dashed &&
+         !line.isClosed() && line.points.back() == next.points.front();
+}
+
 }  // namespace
+
+BoxPrimitive tintedBox(const ViewRect& place, int colour) {
+  const Colour full = paletteColour(colour);
+  return {place, tint(full, fillShare), full};
+}
 
 void Picture::add(Primitive primitive) {
   if (std::visit(HasFiniteCoordinates{}, primitive)) primitives.push_back(std::move(primitive));
 }
 
+void Picture::addSegment(LinePrimitive segment) {
+  if (!clip(segment.points[0], segment.points[1], lineArea(*this))) return;
+  auto* last = primitives.empty() ? nullptr : std::get_if<LinePrimitive>(&primitives.back());
+  if (last && goesOn(*last, segment))
+    last->points.push_back(segment.points.back());
+  else
+    add(std::move(segment));
+}
+
 void Picture::addText(TextPrimitive text) {
-  if (text.text.find_first_not_of(' ') == std::string::npos) return;
+  if (!hasText || text.text.find_first_not_of(' ') == std::string::npos) return;
   const ViewRect bounds = textBounds(text);
   if (!isFinite(bounds) || !isInside(bounds, size)) return;
-  for (const Primitive& earlier : primitives) {
-    const auto* other = std::get_if<TextPrimitive>(&earlier);
-    if (other && overlap(bounds, textBounds(*other))) return;
-  }
+  if (std::any_of(textPlaces.begin(), textPlaces.end(),
+                  [&](const ViewRect& earlier) { return overlap(bounds, earlier); }))
+    return;
+  textPlaces.push_back(bounds);
   add(std::move(text));
 }
 

@@ -39,6 +39,9 @@ struct BoxPrimitive {
   Colour outline;  // one unit wide
 };
 
+// Bars: a light tint of the palette's colour with an outline in it.
+BoxPrimitive tintedBox(const ViewRect& place, int colour);
+
 struct LinePrimitive {
   std::vector<ViewPoint> points;  // at least two; closed where the last is the first
   Colour colour;
@@ -46,6 +49,8 @@ struct LinePrimitive {
   bool dashed = false;  // dashOn and dashOff in turn
   static constexpr double dashOn = 5;
   static constexpr double dashOff = 3;
+
+  bool isClosed() const { return points.size() > 2 && points.front() == points.back(); }
 };
 
 struct SymbolPrimitive {
@@ -69,10 +74,16 @@ struct Picture {
   ViewSize size;
   ViewRect plot;        // the plot area
   double headroom = 0;  // above it, open to lines drawn on top
+  bool hasText = true;  // False where the picture is too small to be read
   std::vector<Primitive> primitives;
+  std::vector<ViewRect> textPlaces;  // what the texts cover
 
   // Appends the primitive, unless a coordinate is not finite.
   void add(Primitive primitive);
+  // Appends the part of a segment (two points) inside lineArea. A segment that goes on from the
+  // line before it, in the same look, becomes part of it: a chain of short segments has smooth
+  // joints and dashes that run on.
+  void addSegment(LinePrimitive segment);
   // Appends the text, unless it is blank, would leave the picture or lie on an earlier one.
   void addText(TextPrimitive text);
 };

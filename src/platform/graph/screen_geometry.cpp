@@ -30,7 +30,7 @@ std::vector<ViewPoint> screenLine(const LinePrimitive& line, const ViewSize& vie
   for (const ViewPoint& point : line.points) points.push_back(screenPoint(point, view));
   if (line.width > 1) return points;
   if (points.size() == 2) snapSegment(points[0], points[1]);
-  if (isClosed(line))
+  if (line.isClosed())
     for (ViewPoint& point : points) point = {pixelMiddle(point.x), pixelMiddle(point.y)};
   return points;
 }

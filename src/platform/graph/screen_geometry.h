@@ -20,8 +20,4 @@ ViewPoint screenAnchor(const TextPrimitive& text, const ViewSize& view);
 
 ViewPoint screenPoint(const ViewPoint& point, const ViewSize& view);
 
-inline bool isClosed(const LinePrimitive& line) {
-  return line.points.size() > 2 && line.points.front() == line.points.back();
-}
-
 }  // namespace tolmer

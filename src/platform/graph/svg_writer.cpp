@@ -68,7 +68,7 @@ struct SvgElement {
       if (!points.empty()) points += ' ';
       points += number(point.x) + ',' + number(point.y);
     }
-    std::string element = isClosed(line) ? "<polygon" : "<polyline";
+    std::string element = line.isClosed() ? "<polygon" : "<polyline";
     element += attribute("points", points) + attribute("fill", "none") +
                attribute("stroke", hex(line.colour));
     if (line.width != 1) element += attribute("stroke-width", line.width);

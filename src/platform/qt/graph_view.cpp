@@ -59,7 +59,7 @@ struct PrimitivePainter {
     for (const ViewPoint& point : screenLine(line, view)) points << QPointF(point.x, point.y);
     painter.setPen(linePen(line));
     painter.setBrush(Qt::NoBrush);
-    if (isClosed(line))
+    if (line.isClosed())
       painter.drawPolygon(points);
     else
       painter.drawPolyline(points);
