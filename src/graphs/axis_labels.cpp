@@ -1,6 +1,7 @@
 #include "graphs/axis_labels.h"
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
 #include "engine/number_format.h"
@@ -9,13 +10,27 @@
 namespace tolmer {
 namespace {
 
+float tickValue(const AxisScale& scale, int tick) {
+  return static_cast<float>(tick - 1) * scale.sStep + scale.sAxisMin;
+}
+
+void setLimits(Axis& axis, const AxisScale& scale, float sShift) {
+  axis.minimum = scale.sAxisMin + sShift;
+  axis.maximum = static_cast<float>(scale.iSteps) * scale.sStep + scale.sAxisMin + sShift;
+}
+
+void setUserLimits(Axis& axis, const AxisScale& scale, float sShift) {
+  axis.scaleMode = ScaleMode::userLimits;
+  setLimits(axis, scale, sShift);
+  axis.ticks = scale.iSteps;
+  axis.labels.clear();
+}
+
 void labelTicks(Axis& axis, const AxisScale& scale) {
   const int count = scale.iSteps + 1;
   std::vector<float> sTicks(static_cast<std::size_t>(count) + 1);
-  for (int i = 1; i <= count; ++i)
-    sTicks[static_cast<std::size_t>(i)] = static_cast<float>(i - 1) * scale.sStep + scale.sAxisMin;
+  for (int i = 1; i <= count; ++i) sTicks[static_cast<std::size_t>(i)] = tickValue(scale, i);
   axis.labelFormat = FindFormatString(sTicks, count, 3, 7, false, true, false, true);
-  axis.labels.clear();
   for (int i = 1; i <= count; ++i)
     axis.setLabel(i, formatNumber(sTicks[static_cast<std::size_t>(i)], axis.labelFormat));
 }
@@ -25,11 +40,23 @@ void labelTicks(Axis& axis, const AxisScale& scale) {
 float axisShift(float sAxisMin) { return sAxisMin < 0 ? -sAxisMin : 0; }
 
 void setScaledAxis(Axis& axis, const AxisScale& scale, float sShift) {
-  axis.scaleMode = ScaleMode::userLimits;
-  axis.minimum = scale.sAxisMin + sShift;
-  axis.maximum = static_cast<float>(scale.iSteps) * scale.sStep + scale.sAxisMin + sShift;
-  axis.ticks = scale.iSteps;
+  setUserLimits(axis, scale, sShift);
   labelTicks(axis, scale);
+}
+
+float setBinaryAxis(Axis& axis, float sLowerValue) {
+  const AxisScale scale{static_cast<float>(sLowerValue - 0.5), 0.5F, 4};
+  const float sShift = axisShift(scale.sAxisMin);
+  setUserLimits(axis, scale, sShift);
+  axis.labelFormat = std::string(1, '0');  // GCC 12 warns wrongly of assigning the literal
+  for (int i = 1; i <= scale.iSteps + 1; ++i)
+    axis.setLabel(i, i % 2 == 0 ? formatNumber(tickValue(scale, i), axis.labelFormat) : " ");
+  return sShift;
+}
+
+void setAutomaticAxis(Axis& axis, const AxisScale& scale) {
+  axis.scaleMode = ScaleMode::automatic;
+  setLimits(axis, scale, 0);
 }
 
 }  // namespace tolmer

@@ -14,4 +14,11 @@ float axisShift(float sAxisMin);
 // number picture that suits them.
 void setScaledAxis(Axis& axis, const AxisScale& scale, float sShift);
 
+// A variable of two values one apart: half a unit of margin on each side, and the two values alone
+// are labelled. Returns the shift.
+float setBinaryAxis(Axis& axis, float sLowerValue);
+
+// Limits from the scale as they are, below zero too; the graph chooses ticks and labels itself.
+void setAutomaticAxis(Axis& axis, const AxisScale& scale);
+
 }  // namespace tolmer

@@ -153,24 +153,6 @@ class AnalysedHistograms : public testing::TestWithParam<std::tuple<int, float>>
   AnalysisState state;
 };
 
-void expectReadable(const Picture& picture) {
-  const auto texts = all<TextPrimitive>(picture);
-  EXPECT_THAT(test::texts(picture), Contains("Frequency"));
-  EXPECT_GE(texts.size(), 7U) << "titles and labels";
-  for (std::size_t i = 0; i < texts.size(); ++i) {
-    const ViewRect a = textBounds(texts[i]);
-    EXPECT_TRUE(a.left >= 0 && a.bottom >= 0 && a.right() <= picture.size.width &&
-                a.top() <= picture.size.height)
-        << texts[i].text;
-    for (std::size_t j = 0; j < i; ++j) {
-      const ViewRect b = textBounds(texts[j]);
-      EXPECT_TRUE(a.right() <= b.left || b.right() <= a.left || a.top() <= b.bottom ||
-                  b.top() <= a.bottom)
-          << texts[i].text << " on " << texts[j].text;
-    }
-  }
-}
-
 void expectBarsInside(const Picture& picture, std::size_t fewest) {
   const ViewRect& plot = picture.plot;
   const auto boxes = all<BoxPrimitive>(picture);
@@ -192,8 +174,11 @@ TEST_P(AnalysedHistograms, AreReadableAtEverySize) {
              {240, 150}, {480, 280}, {400, 700}, {960, 500}, {1920, 1000}}) {
       test::setInnerSize(*display, width, height);
       SCOPED_TRACE(display->name() + " " + std::to_string(width));
-      expectReadable(display->GraphPointer->picture());
-      expectBarsInside(display->GraphPointer->picture(), 1);
+      const Picture& picture = display->GraphPointer->picture();
+      EXPECT_THAT(test::texts(picture), Contains("Frequency"));
+      EXPECT_GE(test::texts(picture).size(), 7U) << "titles and labels";
+      test::expectReadable(picture);
+      expectBarsInside(picture, 1);
     }
   EXPECT_THAT(desktop.boxes(), SizeIs(0));
 }
