@@ -4,8 +4,11 @@
 #include <array>
 #include <cstddef>
 
+#include "graphs/normality_plot.h"
 #include "graphs/residual_histogram.h"
+#include "graphs/scatter_plot.h"
 #include "graphs/standardized_histogram.h"
+#include "graphs/vif_chart.h"
 #include "tables/anova_table.h"
 #include "tables/coefficient_table.h"
 
@@ -19,6 +22,12 @@ std::unique_ptr<DisplayWindow> make(Desktop& desktop, AnalysisState& state, Disp
   return std::make_unique<Display>(desktop, state, host);
 }
 
+template <int iNumber>
+std::unique_ptr<DisplayWindow> makeScatterPlot(Desktop& desktop, AnalysisState& state,
+                                               DisplayHost& host) {
+  return std::make_unique<frmScatterPlot>(desktop, state, host, iNumber);
+}
+
 struct Entry {
   DisplayId id;
   Maker make;
@@ -27,6 +36,11 @@ struct Entry {
 constexpr std::array entries = {
     Entry{{graphDisplays, 1}, make<frmResidHist>},
     Entry{{graphDisplays, 2}, make<frmStdResidHist>},
+    Entry{{graphDisplays, 3}, make<frmProbPlot>},
+    Entry{{graphDisplays, 4}, make<frmVIFPlot>},
+    Entry{{scatterDisplays, 1}, makeScatterPlot<1>},
+    Entry{{scatterDisplays, 2}, makeScatterPlot<2>},
+    Entry{{scatterDisplays, 3}, makeScatterPlot<3>},
     Entry{{tableDisplays, 1}, make<frmEstCoef>},
     Entry{{tableDisplays, 2}, make<frmANOVA>},
 };
