@@ -19,8 +19,10 @@ inline constexpr int up = 38;
 inline constexpr int right = 39;
 inline constexpr int down = 40;
 inline constexpr int deleteKey = 46;
+inline constexpr int menu = 93;  // opens the right-click menu
 inline constexpr int f1 = 112;
 inline constexpr int f2 = 113;
+inline constexpr int f10 = 121;
 }  // namespace keys
 
 struct KeyPress {

@@ -26,12 +26,21 @@ class TextBox : public Control {
   bool readOnly() const { return readOnly_; }
   void setReadOnly(bool on) { assign(readOnly_, on, Change::enabled); }
 
+  // Scrolls a multi-line box as this key would if it had the focus: up, down, a Page key, home,
+  // end.
+  void scroll(int keyCode) {
+    scrollKey_ = keyCode;
+    notify(Change::value);
+  }
+  int lastScrollKey() const { return scrollKey_; }  // 0 before any
+
   Event<> Changed;
 
  private:
   std::string text_;
   bool multiLine_ = false;
   bool readOnly_ = false;
+  int scrollKey_ = 0;
 };
 
 }  // namespace tolmer

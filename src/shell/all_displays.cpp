@@ -4,6 +4,7 @@
 #include <array>
 #include <cstddef>
 
+#include "advice/interpretation.h"
 #include "graphs/normality_plot.h"
 #include "graphs/residual_histogram.h"
 #include "graphs/scatter_plot.h"
@@ -11,6 +12,10 @@
 #include "graphs/vif_chart.h"
 #include "tables/anova_table.h"
 #include "tables/coefficient_table.h"
+#include "tables/correlation_table.h"
+#include "tables/data_list.h"
+#include "tables/description_table.h"
+#include "tables/residual_list.h"
 
 namespace tolmer {
 namespace {
@@ -43,6 +48,11 @@ constexpr std::array entries = {
     Entry{{scatterDisplays, 3}, makeScatterPlot<3>},
     Entry{{tableDisplays, 1}, make<frmEstCoef>},
     Entry{{tableDisplays, 2}, make<frmANOVA>},
+    Entry{{tableDisplays, 3}, make<frmResidList>},
+    Entry{{tableDisplays, 4}, make<frmDataList>},
+    Entry{{tableDisplays, 5}, make<frmCorrMatrix>},
+    Entry{{tableDisplays, 6}, make<frmDescStats>},
+    Entry{{textDisplays, 1}, make<frmInterpretation>},
 };
 
 constexpr auto allIds = [] {

@@ -5,6 +5,7 @@
 #include <limits>
 #include <string>
 
+#include "engine/adjusted_r_squared.h"
 #include "engine/number_format.h"
 #include "engine/number_picture.h"
 #include "tables/table_style.h"
@@ -36,10 +37,7 @@ float quotient(float numerator, int denominator) {
 
 FitQuality fitQuality(const AnalysisState& state) {
   const Fit& fit = state.Fit;
-  const float unexplained = 1.0F - fit.sRSquared;
-  const float scaled = unexplained * static_cast<float>(state.iNumCases - 1);
-  return {fit.sRSquared, fit.sR, 1.0F - quotient(scaled, state.iNumCases - state.iNumTerms),
-          fit.sDurbinWatson};
+  return {fit.sRSquared, fit.sR, adjustedRSquared(state), fit.sDurbinWatson};
 }
 
 std::string picture(float value, int digits, bool exponent) {

@@ -6,6 +6,7 @@
 #include <limits>
 #include <span>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "engine/number_format.h"
@@ -88,21 +89,26 @@ class ResidualRows {
   std::string residualPicture_;
 };
 
+Sheet withHeads(Sheet sheet, const AnalysisState& state) {
+  putCaseHeads(sheet, state);
+  const int left = caseColumns(state);
+  for (int col = left + 1; col <= sheet.cols(); ++col)
+    put(sheet, 1, col, heads[static_cast<std::size_t>(col - left - 1)],
+        headingStyle(Align::centre));
+  return sheet;
+}
+
 }  // namespace
 
 Sheet residualListSheet(const AnalysisState& state) {
   const int left = caseColumns(state);
-  if (listedVariables(state) == 0) return Sheet(1, left);
+  if (listedVariables(state) == 0) return withHeads(Sheet(1, left + standardized), state);
   const ResidualRows rows(state);
   const bool bComments = rows.hasComments();
   Sheet sheet(state.iNumCases + 1, left + (bComments ? comment : standardized));
-  putCaseHeads(sheet, state);
-  for (int col = left + 1; col <= sheet.cols(); ++col)
-    put(sheet, 1, col, heads[static_cast<std::size_t>(col - left - 1)],
-        headingStyle(Align::centre));
   for (int i = 1; i <= state.iNumCases; ++i)
     rows.putRow(sheet, static_cast<std::size_t>(i), bComments);
-  return sheet;
+  return withHeads(std::move(sheet), state);
 }
 
 frmResidList::frmResidList(Desktop& desktop, AnalysisState& state, DisplayHost& host)

@@ -15,7 +15,7 @@
 namespace tolmer {
 namespace {
 
-constexpr std::array<std::pair<int, int>, 14> namedKeys{{{Qt::Key_Tab, keys::tab},
+constexpr std::array<std::pair<int, int>, 15> namedKeys{{{Qt::Key_Tab, keys::tab},
                                                          {Qt::Key_Backtab, keys::tab},
                                                          {Qt::Key_Return, keys::enter},
                                                          {Qt::Key_Enter, keys::enter},
@@ -28,7 +28,8 @@ constexpr std::array<std::pair<int, int>, 14> namedKeys{{{Qt::Key_Tab, keys::tab
                                                          {Qt::Key_Up, keys::up},
                                                          {Qt::Key_Right, keys::right},
                                                          {Qt::Key_Down, keys::down},
-                                                         {Qt::Key_Delete, keys::deleteKey}}};
+                                                         {Qt::Key_Delete, keys::deleteKey},
+                                                         {Qt::Key_Menu, keys::menu}}};
 
 int keyCode(int key) {
   for (const auto& [toolkit, code] : namedKeys)

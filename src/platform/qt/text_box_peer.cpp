@@ -2,12 +2,24 @@
 
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QScrollBar>
+#include <array>
+#include <utility>
 
 #include "platform/qt/convert.h"
 #include "platform/qt/make_peer.h"
 
 namespace tolmer {
 namespace {
+
+using Slider = QAbstractSlider;
+constexpr std::array<std::pair<int, Slider::SliderAction>, 6> scrollActions{
+    {{keys::up, Slider::SliderSingleStepSub},
+     {keys::down, Slider::SliderSingleStepAdd},
+     {keys::pageUp, Slider::SliderPageStepSub},
+     {keys::pageDown, Slider::SliderPageStepAdd},
+     {keys::home, Slider::SliderToMinimum},
+     {keys::end, Slider::SliderToMaximum}}};
 
 // One line or several: two widgets of the toolkit with the same few operations.
 class TextBoxPeer : public ControlPeer {
@@ -37,11 +49,16 @@ class TextBoxPeer : public ControlPeer {
     if (has(what, Change::look) && box_.multiLine() != (lines_ != nullptr)) return remake();
     if (has(what, Change::text)) setText(toQt(box_.text()));
     if (has(what, Change::enabled)) setReadOnly(box_.readOnly());
+    if (what == Change::value) scroll(box_.lastScrollKey());
   }
   // Setting the text that stands there would send the cursor to its end.
   void setText(const QString& text) {
     if (line_ && line_->text() != text) line_->setText(text);
     if (lines_ && lines_->toPlainText() != text) lines_->setPlainText(text);
+  }
+  void scroll(int keyCode) {
+    for (const auto& [code, action] : scrollActions)
+      if (lines_ && code == keyCode) lines_->verticalScrollBar()->triggerAction(action);
   }
   void setReadOnly(bool on) {
     if (line_) line_->setReadOnly(on);

@@ -1,0 +1,73 @@
+#include "advice/interpretation.h"
+
+#include <algorithm>
+
+#include "advice/interpretation_text.h"
+#include "platform/desktop.h"
+
+namespace tolmer {
+namespace {
+
+constexpr float letters = 14;  // pixels: a text is read from farther than a label
+
+bool opensMenu(const KeyPress& key) {
+  return key.code == keys::menu || (key.code == keys::f10 && key.shift);
+}
+
+bool scrolls(const KeyPress& key) {
+  return key.code == keys::up || key.code == keys::down || key.code == keys::pageUp ||
+         key.code == keys::pageDown || key.code == keys::home || key.code == keys::end;
+}
+
+}  // namespace
+
+frmInterpretation::frmInterpretation(Desktop& desktop, AnalysisState& state, DisplayHost& host)
+    : DisplayWindow(desktop, state, host, "frmInterpretation", "Interpretation") {
+  cmdFocus.setAccessibleName(caption());
+  cmdFocus.setAccessibleDescription("Page keys scroll the text, Tab leads into it.");
+  fraInterpretation.setAccessibleName(caption());
+  txtInterpretation.setAccessibleName("What the fit means");
+  txtInterpretation.setMultiLine(true);
+  txtInterpretation.setReadOnly(true);
+  txtInterpretation.setFont({.pixels = letters});
+  for (Control* control :
+       {static_cast<Control*>(&fraInterpretation), static_cast<Control*>(&txtInterpretation)})
+    control->MouseUp = [this](MouseButton button) {
+      if (button == MouseButton::left) UpdateControls();
+      Form_MouseUp(button);
+    };
+  KeyDown = [this](const KeyPress& key, bool& bTaken) { Form_KeyDown(key, bTaken); };
+  Activate = [this] { cmdFocus.setFocus(); };
+  Resize = [this] { Form_Resize(); };
+}
+
+void frmInterpretation::Form_Resize() {
+  if (state_.bStartingUp) return;
+  PositionControls();
+  UpdateDisplay();
+}
+
+// Frame and text box keep their sizes from going below zero in a window of a few pixels.
+void frmInterpretation::PositionControls() {
+  const auto length = [](Twips twips) { return std::max(twips, 0.0F); };
+  fraInterpretation.setPlace({10, -50, length(innerWidth() - 40), innerHeight()});
+  txtInterpretation.setPlace({100, 150, length(fraInterpretation.width() - 170),
+                              length(fraInterpretation.height() - 200)});
+}
+
+void frmInterpretation::drawDisplay() {
+  PositionControls();
+  txtInterpretation.setText(interpretation(state_));
+}
+
+void frmInterpretation::Form_KeyDown(const KeyPress& key, bool& bTaken) {
+  bTaken = opensMenu(key) || (cmdFocus.hasFocus() && scrolls(key));
+  if (opensMenu(key))
+    Form_MouseUp(MouseButton::right);
+  else if (bTaken)
+    txtInterpretation.scroll(key.code);
+}
+
+void frmInterpretation::CopyGraph() { desktop().setClipboard({.text = txtInterpretation.text()}); }
+
+}  // namespace tolmer
