@@ -258,13 +258,13 @@ TEST(LabelThinning, NamesOfBarsShrinkFirst) {
     return layOut(graph.settings, barDesign(), {480, 280});
   };
   EXPECT_EQ(laidOut(15).leftLabelPixels, 12);
-  const GraphLayout twenty = laidOut(20);  // 227 / 20 = 11.35 units each
-  EXPECT_EQ(twenty.leftLabelPixels, 10);
-  EXPECT_THAT(shown(twenty.axes.left), SizeIs(20));
-  const GraphLayout many = laidOut(49);  // 4.6 units each: every third, which leaves 12.6
-  EXPECT_EQ(many.leftLabelPixels, 12);
-  EXPECT_THAT(shown(many.axes.left), SizeIs(17));
-  EXPECT_EQ(shown(many.axes.left)[1], "Name 4");
+  EXPECT_EQ(laidOut(20).leftLabelPixels, 10);  // 227 / 20 = 11.35 units each
+  const GraphLayout tight = laidOut(25);       // 9.1 units each
+  EXPECT_EQ(tight.leftLabelPixels, 9);
+  EXPECT_THAT(shown(tight.axes.left), SizeIs(25));
+  const GraphLayout many = laidOut(49);  // 4.6 units each
+  EXPECT_THAT(shown(many.axes.left), SizeIs(25));
+  EXPECT_EQ(shown(many.axes.left)[1], "Name 3");
 }
 
 TEST(FitText, CutsWholeCharacters) {

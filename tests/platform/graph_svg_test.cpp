@@ -14,8 +14,10 @@ std::string sampleSvg() {
   test::SampleGraph graph(480, 280);
   graph.settings.x.title = "a < b & \"c\"";
   graph.settings.pointSymbol = 12;
-  graph.setNumPoints(1);
+  graph.settings.pointColour = 9;
+  graph.setNumPoints(2);
   graph.setPoint(1, 50, 50);
+  graph.setPoint(2, 60, 60);
   graph.setDrawMode(Graph::draw);
   DrawingView& view = graph.GSUseView();
   view.GSBox2D(100, 60, 50.005, 80, 128, 9);
@@ -32,7 +34,9 @@ std::size_t count(const std::string& text, const std::string& part) {
 TEST(Svg, HoldsEveryPrimitive) {
   const std::string svg = sampleSvg();
   EXPECT_THAT(svg, testing::StartsWith("<svg xmlns=\"http://www.w3.org/2000/svg\" width=\"480\""));
-  EXPECT_EQ(count(svg, "<circle"), 1U);
+  EXPECT_EQ(count(svg, "<circle"), 2U);
+  EXPECT_EQ(count(svg, "<g fill=\"#1a4fe0\" fill-opacity=\"0.25\" stroke=\"#1a4fe0\">"), 1U);
+  EXPECT_EQ(count(svg, "</g>"), 1U);
   EXPECT_EQ(count(svg, "<rect"), 2U) << "the paper and the bar";
   EXPECT_EQ(count(svg, "<text"), 14U) << "two times six labels and a title";
   EXPECT_THAT(svg, HasSubstr("stroke-dasharray=\"5 3\""));

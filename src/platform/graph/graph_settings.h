@@ -15,11 +15,12 @@ enum class GraphType : int {
   lineWithSymbols = 6,  // through points at equal distances, the first at the left
   symbols = 9           // at x and value of each point
 };
-// With automatic scale the graph makes the tick marks and labels itself: between minimum and
-// maximum where these are set apart, else between the least and the largest point.
+// With automatic scale the graph makes the tick marks and labels itself, at tidy steps: between
+// minimum and maximum where these are set apart, else between the least and the largest point.
 enum class ScaleMode : int { automatic = 0, userLimits = 2 };
 
-// The value axis is y, also where it lies below the plot.
+// The value axis is y, also where its scale lies below the plot; the title of x always stands below
+// and that of y at the left.
 struct Axis {
   ScaleMode scaleMode = ScaleMode::automatic;
   float minimum = 0;
@@ -52,7 +53,9 @@ struct GraphSettings {
   int pointSymbol = 0;                   // 12 open circle, 13 filled circle, 0 none
   int symbolSize = 0;                    // percent; 0 follows the number of points
   int lineStatistics = 0;                // 8: with the least-squares line
-  int labelEvery = 1;  // bars and lines: a label at every so many points, and a tick mark
+  // Bars and lines have a label at every so many points, and a tick mark: bars from the first one,
+  // lines at the multiples.
+  int labelEvery = 1;
   int tickEvery = 1;
   double headroom = 0;  // free space above the plot area for an overlay, in parts of its height
 };

@@ -65,9 +65,8 @@ void thinLabelsBeside(AxisMarks& marks, double pixels, double length) {
   });
 }
 
-void thinLabelsBelow(AxisMarks& marks, double pixels, double length) {
-  thinLabels(marks, length,
-             [pixels](const AxisMark&, const AxisMark&) { return leastLinePitch * pixels; });
+void thinLabelsBelow(AxisMarks& marks, double distance, double length) {
+  thinLabels(marks, length, [distance](const AxisMark&, const AxisMark&) { return distance; });
 }
 
 }  // namespace tolmer

@@ -12,7 +12,7 @@ namespace {
 constexpr double smallestPlotWidth = 80;
 constexpr double smallestPlotHeight = 50;
 
-// Names of bars shrink to this size before they are thinned or cut.
+// Names of bars shrink to this size, and move closer, before they are thinned or cut.
 constexpr double smallestNamePixels = 9;
 
 // Names take no more of the view's width than this; numbers are never cut.
@@ -69,9 +69,9 @@ void setHeight(GraphLayout& layout, const GraphSettings& settings, const GraphDe
   layout.headroom = std::floor(headroomShare(settings) * layout.plot.height);
 }
 
-// Every how many names there is room for at that size.
-double everyName(double pixels, double pitch) {
-  return std::max(1.0, std::ceil(leastLinePitch * pixels / pitch));
+// Every how many labels there is room for where labels need that distance.
+double everyLabel(double distance, double pitch) {
+  return std::max(1.0, std::ceil(distance / pitch));
 }
 
 // The largest size at which as many names stand in full as at the smallest one.
@@ -79,10 +79,10 @@ double namePixels(const GraphLayout& layout, const GraphSettings& settings, doub
   const AxisMarks& names = layout.axes.left;
   const double pitch = layout.plot.height / static_cast<double>(settings.points.size()) *
                        std::max(1, settings.labelEvery);
+  const double fewest = everyLabel(leastPitchOfNames * smallestNamePixels, pitch);
   double pixels = layout.tickLabelPixels();
-  while (pixels > smallestNamePixels &&
-         (everyName(pixels, pitch) > everyName(smallestNamePixels, pitch) ||
-          widestLabel(names, pixels) > widest))
+  while (pixels > smallestNamePixels && (everyLabel(leastLinePitch * pixels, pitch) > fewest ||
+                                         widestLabel(names, pixels) > widest))
     --pixels;
   return pixels;
 }
@@ -164,7 +164,10 @@ GraphLayout layOut(const GraphSettings& settings, const GraphDesign& design, Vie
     return layout;
   }
   thinLabelsBeside(layout.axes.below, layout.tickLabelPixels(), layout.plot.width);
-  thinLabelsBelow(layout.axes.left, layout.leftLabelPixels, layout.plot.height);
+  const bool areNames = settings.graphType == GraphType::horizontalBars;
+  thinLabelsBelow(layout.axes.left,
+                  (areNames ? leastPitchOfNames : leastLinePitch) * layout.leftLabelPixels,
+                  layout.plot.height);
   return layout;
 }
 

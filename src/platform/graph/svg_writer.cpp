@@ -78,14 +78,12 @@ struct SvgElement {
     return element + "/>\n";
   }
 
+  // Its look is that of the group around it.
   std::string operator()(const SymbolPrimitive& symbol) const {
     const ViewPoint centre = screenPoint(symbol.centre, view);
     const double radius = symbol.diameter / 2 - (symbol.filled ? 0 : 0.5);
-    std::string element = "<circle" + attribute("cx", centre.x) + attribute("cy", centre.y) +
-                          attribute("r", radius) + attribute("fill", hex(symbol.colour));
-    if (!symbol.filled)
-      element += attribute("fill-opacity", symbolFill) + attribute("stroke", hex(symbol.colour));
-    return element + "/>\n";
+    return "<circle" + attribute("cx", centre.x) + attribute("cy", centre.y) +
+           attribute("r", radius) + "/>\n";
   }
 
   std::string operator()(const TextPrimitive& text) const {
@@ -101,6 +99,29 @@ struct SvgElement {
   }
 };
 
+// A group for symbols that look alike: a scatter plot of 500 points becomes half as long by it.
+std::string symbolGroup(const SymbolPrimitive& symbol) {
+  std::string element = "<g" + attribute("fill", hex(symbol.colour));
+  if (!symbol.filled)
+    element += attribute("fill-opacity", symbolFill) + attribute("stroke", hex(symbol.colour));
+  return element + ">\n";
+}
+
+std::string elementsOf(const Picture& picture) {
+  std::string svg;
+  const SymbolPrimitive* group = nullptr;  // one of those in the open group
+  for (const Primitive& primitive : picture.primitives) {
+    const auto* symbol = std::get_if<SymbolPrimitive>(&primitive);
+    const bool goesOn =
+        group && symbol && symbol->colour == group->colour && symbol->filled == group->filled;
+    if (group && !goesOn) svg += "</g>\n";
+    if (symbol && !goesOn) svg += symbolGroup(*symbol);
+    group = symbol;
+    svg += std::visit(SvgElement{picture.size}, primitive);
+  }
+  return group ? svg + "</g>\n" : svg;
+}
+
 std::string opening(const ViewSize& size) {
   const std::string width = number(size.width);
   const std::string height = number(size.height);
@@ -115,9 +136,7 @@ std::string writeSvg(const Picture& picture, std::string_view title, std::string
   std::string svg = opening(picture.size);
   svg += "<title>" + markupText(title) + "</title>\n<desc>" + markupText(description) + "</desc>\n";
   svg += "<rect width=\"100%\" height=\"100%\" fill=\"#ffffff\"/>\n";
-  for (const Primitive& primitive : picture.primitives)
-    svg += std::visit(SvgElement{picture.size}, primitive);
-  return svg + "</svg>\n";
+  return svg + elementsOf(picture) + "</svg>\n";
 }
 
 }  // namespace tolmer

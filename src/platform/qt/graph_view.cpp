@@ -43,6 +43,22 @@ QPen linePen(const LinePrimitive& line) {
   return pen;
 }
 
+// Qt unites the outline of a whole antialiased polyline before it fills it, unless the pen is one
+// device pixel wide: a zigzag through 500 residuals at 1920 x 1000 took 1.1 s at scale factor 2,
+// segment by segment 5 ms (at factor 1, 1.5 and 1.1 ms). Single lines have a quick way of their own
+// as long as their caps are square or flat; square ones fill the joints. Dashes must run on, and
+// joints show in wide curves, whose shallow bends are quick as a whole (1.4 ms): these stay in one.
+bool isDrawnBySegments(const LinePrimitive& line) {
+  return line.points.size() > 2 && !line.isClosed() && !line.dashed && line.width <= 1;
+}
+
+void drawSegments(QPainter& painter, const QPolygonF& points) {
+  QPen pen = painter.pen();
+  pen.setCapStyle(Qt::SquareCap);
+  painter.setPen(pen);
+  for (qsizetype i = 1; i < points.size(); ++i) painter.drawLine(points[i - 1], points[i]);
+}
+
 struct PrimitivePainter {
   QPainter& painter;
   const ViewSize& view;
@@ -61,6 +77,8 @@ struct PrimitivePainter {
     painter.setBrush(Qt::NoBrush);
     if (line.isClosed())
       painter.drawPolygon(points);
+    else if (isDrawnBySegments(line))
+      drawSegments(painter, points);
     else
       painter.drawPolyline(points);
   }
