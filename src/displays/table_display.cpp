@@ -71,8 +71,6 @@ void TableDisplay::fitRowsAndColumns() {
     grid_.setColWidth(col, grid_.widestText(col) + pixels(blank));
 }
 
-void TableDisplay::CopyGraph() {
-  desktop().setClipboard(copyOf(grid_.sheet()));
-}
+void TableDisplay::CopyGraph() { desktop().setClipboard(copyOf(grid_.sheet())); }
 
 }  // namespace tolmer

@@ -11,8 +11,8 @@ namespace {
 using test::cementAnalysis;
 using testing::HasSubstr;
 
-// Numbers of a fit without data behind them: all coefficients are 2 but for one that is negative
-// and one that is zero, R-squared 0.5, standard error 2.5.
+// Numbers of a fit without data behind them: coefficients of 10, 2, -0.5, 2 and so on, R-squared
+// 0.5, standard error 2.5.
 AnalysisState fitOf(int cases, int predictors, bool intercept = true) {
   AnalysisState state = emptyModel(cases, predictors, intercept);
   state.iNumTerms = static_cast<Int16>(predictors + (intercept ? 1 : 0));
@@ -23,7 +23,7 @@ AnalysisState fitOf(int cases, int predictors, bool intercept = true) {
   }
   state.iTermCol[state.iNumTerms + 1] = state.iModelCol[1];
   state.Fit.sCoef[1] = 10;
-  state.Fit.sCoef[3] = -0.5F;
+  if (state.iNumTerms > 2) state.Fit.sCoef[3] = -0.5F;
   state.Fit.sRSquared = 0.5F;
   state.Fit.sStdErr = 2.5F;
   for (int i = 1; i <= predictors + 1; ++i) {
