@@ -44,6 +44,10 @@ void frmModelDesign::wireEvents() {
   cmdOK.Click = [this] { cmdOK_Click(); };
   cmdCancel.Click = [this] { cmdCancel_Click(); };
   cmdHelp.Click = [this] { cmdHelp_Click(); };
+  KeyDown = [this](const KeyPress& press, bool& taken) {
+    taken = press.code == keys::f1;
+    if (taken) cmdHelp_Click();
+  };
   cmdShowData.Click = [this] { cmdShowData_Click(); };
   spdVarList.Click = [this](CellPosition) { showVarDefOfActiveRow(); };
   spdVarList.SelectionChange = [this] { showVarDefOfActiveRow(); };

@@ -14,6 +14,7 @@
 namespace tolmer {
 namespace {
 
+constexpr long helpOnAllData = 113;
 constexpr float shareOfScreen = 0.8F;
 constexpr Twips aroundTable = 450;  // what a window has more than its table, scroll bar included
 constexpr Twips aboveAndBelowText = 75;
@@ -46,9 +47,10 @@ frmShowData::frmShowData(Desktop& desktop, const WorkingCopy& copy)
   spdShowData.setAccessibleName("List of all data");
   Resize = [this] { spdShowData.setPlace({0, 0, innerWidth(), innerHeight()}); };
   KeyDown = [this](const KeyPress& key, bool& taken) {
-    if (key.code != keys::escape) return;
-    taken = true;
-    requestClose();
+    taken = key.code == keys::escape || key.code == keys::f1;
+    if (key.code == keys::escape) requestClose();
+    if (key.code == keys::f1)
+      this->desktop().showHelp({"tolmod", HelpRequest::Kind::topic, helpOnAllData});
   };
 }
 
@@ -99,8 +101,6 @@ void frmShowData::fitWindow() {
   centreOnScreen();
 }
 
-void frmShowData::CopyGraph() {
-  desktop().setClipboard(copyOf(spdShowData.sheet()));
-}
+void frmShowData::CopyGraph() { desktop().setClipboard(copyOf(spdShowData.sheet())); }
 
 }  // namespace tolmer

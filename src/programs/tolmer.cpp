@@ -17,7 +17,7 @@ namespace {
 
 constexpr const char* usage =
     "tolmer [--program-folder FOLDER] [--leave-after-first-page]\n"
-    "  --program-folder FOLDER    take notebook and pictures from there\n"
+    "  --program-folder FOLDER    take notebook, pictures and help from there\n"
     "  --leave-after-first-page   end after the first painted page of the notebook, without the\n"
     "                             second of the opening message (for measuring the start)\n";
 
@@ -89,10 +89,10 @@ int main(int argc, char** argv) {
     return 1;
   }
   tolmer::QtProgram program(argc, argv);
-  tolmer::Module module(program.desktop(), options.programFolder);
+  auto& desktop = dynamic_cast<tolmer::QtDesktop&>(program.desktop());
+  desktop.setHelpFolder(options.programFolder + "/help");
+  tolmer::Module module(desktop, options.programFolder);
   std::unique_ptr<FirstPageWatch> watch;
-  if (options.leaveAfterFirstPage)
-    watch = std::make_unique<FirstPageWatch>(dynamic_cast<tolmer::QtDesktop&>(program.desktop()),
-                                             module);
+  if (options.leaveAfterFirstPage) watch = std::make_unique<FirstPageWatch>(desktop, module);
   return program.run([&] { module.Main(); });
 }

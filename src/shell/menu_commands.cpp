@@ -47,6 +47,28 @@ void MenuCommands::wireHelp() {
   parts_.frame.mnuHelpUsingHelp.Click = [this] { flow_.ShowHelpTopic(helpOnHelp); };
   parts_.frame.mnuHelpHint.Click = [this] { flow_.showHint(); };
   parts_.frame.mnuHelpAbout.Click = [this] { parts_.about.ShowAbout(); };
+  wireHelpKey(parts_.frame, [] { return helpContents; });
+  wireHelpKey(parts_.panel, [] { return helpOnPanel; });
+  parts_.displays.created = [this, before = parts_.displays.created](DisplayWindow& display) {
+    if (before) before(display);
+    wireHelpKey(display, [this, &display] { return topicOf(display); });
+  };
+}
+
+void MenuCommands::wireHelpKey(Window& window, std::function<long()> topic) {
+  window.KeyDown = [this, topic = std::move(topic)](const KeyPress& press, bool& taken) {
+    taken = press.code == keys::f1;
+    if (taken) flow_.ShowHelpTopic(topic());
+  };
+}
+
+// Only a display on the screen has the keyboard; the others need not be made for the question.
+long MenuCommands::topicOf(const DisplayWindow& display) {
+  for (const auto& [iCategory, iIndex] : AllDisplays::ids())
+    if (parts_.state.iDisplayState(iCategory, iIndex) == displayShown &&
+        parts_.displays.display(iCategory, iIndex) == &display)
+      return helpOnDisplays + 10 * iCategory + iIndex;
+  return helpOnDisplays;
 }
 
 void MenuCommands::mnuFileWorktext_Click() {

@@ -6,8 +6,10 @@
 #include <QStyle>
 #include <QUrl>
 
+#include "base/program_folder.h"
 #include "platform/qt/clipboard.h"
 #include "platform/qt/convert.h"
+#include "platform/qt/help_window.h"
 #include "platform/qt/menu_peer.h"
 #include "platform/qt/message_window.h"
 #include "platform/qt/window_peer.h"
@@ -68,11 +70,15 @@ void QtDesktop::setClipboard(const ClipboardContent& content) { putOnClipboard(c
 
 std::string QtDesktop::clipboardText() const { return textOnClipboard(); }
 
+// The pages are read when somebody first asks for them.
 void QtDesktop::showHelp(const HelpRequest& request) {
-  if (request.kind == HelpRequest::Kind::quit) return;
-  messageBox({.title = "",
-              .text = "The help for this program is not part of this release.",
-              .icon = MessageIcon::information});
+  if (!help_ && request.kind == HelpRequest::Kind::quit) return;
+  if (!help_)
+    help_ = std::make_unique<HelpWindow>(
+        helpFolder_.empty() ? programFolder() + "/help" : helpFolder_,
+        [this] { return mirror_.windows.top(); },
+        [this](const std::string& path) { return openDocument(path); });
+  help_->answer(request);
 }
 
 // No way to other programs' windows that would work on every desktop.

@@ -1,11 +1,16 @@
 // The desktop with a screen.
 #pragma once
 
+#include <memory>
+#include <string>
+
 #include "platform/desktop.h"
 #include "platform/qt/alarm.h"
 #include "platform/qt/mirror.h"
 
 namespace tolmer {
+
+class HelpWindow;
 
 // Stands after the application object and goes before it. Windows shown on it may go in any order
 // before it.
@@ -23,6 +28,10 @@ class QtDesktop : public Desktop {
   Window* modalWindow() const { return mirror_.windows.modalWindow(); }
   // For whoever handles events himself: throws what models threw in them.
   void rethrow() { mirror_.gate.rethrow(); }
+  // Where the pages of the help are, unless they lie in the program's folder.
+  void setHelpFolder(std::string folder) { helpFolder_ = std::move(folder); }
+  // Null until somebody has asked for help.
+  HelpWindow* helpWindow() const { return help_.get(); }
   // As if that many milliseconds had passed for the timers.
   void advance(int milliseconds) { alarm_.skip(milliseconds); }
 
@@ -49,6 +58,8 @@ class QtDesktop : public Desktop {
   Mirror mirror_;
   Alarm alarm_;
   bool busyPointer_ = false;
+  std::string helpFolder_;
+  std::unique_ptr<HelpWindow> help_;
 };
 
 }  // namespace tolmer

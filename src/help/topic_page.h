@@ -1,0 +1,54 @@
+// The markup of help pages, and HTML made of it.
+//
+//   # Heading             - item of a list          | cell | cell |   (the first row is the head)
+//   = Term                an entry: links and search lead straight to it
+//   ![words](name.svg)    a picture of the help's folder, on a line of its own
+//
+// Other lines are paragraphs; a blank line ends each block, and an item goes on in lines that begin
+// with blanks. Inside: *bold*, [words](231) or [words](tolmod 231#term) as a link, and
+// {cyan words} on a ground of cyan, green, yellow or red, the colours of the tables. Everything
+// else stands for itself, so that a page can show any text and load nothing from elsewhere.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "help/help_topic.h"
+
+namespace tolmer {
+
+// A link inside the help.
+struct HelpLink {
+  HelpAddress address;
+  std::string entry;
+};
+
+// "231", "tolmod 231", "231#term": a number alone is one of "tolmod". nullopt for anything else.
+std::optional<HelpLink> parseHelpLink(std::string_view text);
+// What stands for it in a page, as "help:tolmod/231#term", and back.
+std::string linkUrl(const HelpLink& link);
+std::optional<HelpLink> linkOfUrl(std::string_view url);
+
+// The body with its title as HTML: h1, h2, p, ul, li, table, b, a, img and span, nothing else.
+std::string topicHtml(const HelpTopic& topic);
+
+// What a reader of the body sees, as one text; links and pictures by their words.
+std::string topicPlainText(const HelpTopic& topic);
+
+struct TopicEntry {
+  std::string term;
+  std::string anchor;
+};
+std::vector<TopicEntry> topicEntries(const HelpTopic& topic);
+// Words of the term, up to a comma, with hyphens: "vif" of "VIF, variance inflation factor".
+std::string entryAnchor(std::string_view term);
+
+std::vector<HelpLink> topicLinks(const HelpTopic& topic);
+// File names without folder; only letters, digits, hyphens, underscores and the ending .svg or
+// .png.
+std::vector<std::string> topicPictures(const HelpTopic& topic);
+bool isPictureName(std::string_view name);
+
+}  // namespace tolmer

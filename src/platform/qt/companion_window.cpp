@@ -1,0 +1,65 @@
+#include "platform/qt/companion_window.h"
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
+#include <QWindow>
+
+namespace tolmer {
+
+CompanionWindow::CompanionWindow(std::function<QWidget*()> top)
+    : QWidget(nullptr, Qt::Window), top_(std::move(top)), hook_([this](QEvent& event) {
+        if (event.type() == QEvent::Hide) settleLater();
+        return false;
+      }) {}
+
+void CompanionWindow::bringUp() {
+  QWidget* modal = QApplication::activeModalWidget();
+  QWidget* below = modal ? modal : top_();
+  setAttribute(Qt::WA_ShowWithoutActivating, false);
+  if (!isVisible() || !above_ || below != above_) showAbove(below);
+  raise();
+  activateWindow();
+}
+
+bool CompanionWindow::event(QEvent* event) {
+  if (event->type() == QEvent::WindowBlocked) settleLater();
+  return QWidget::event(event);
+}
+
+// Not within the event: whoever hides a window may be about to show the next one.
+void CompanionWindow::settleLater() {
+  QTimer::singleShot(0, this, [this] { settle(); });
+}
+
+void CompanionWindow::settle() {
+  QWidget* modal = QApplication::activeModalWidget();
+  if (!isVisible() || qobject_cast<QMessageBox*>(modal)) return;
+  if (above_ && above_->isVisible()) return belongTo(modal ? modal : above_.data());
+  setAttribute(Qt::WA_ShowWithoutActivating);
+  showAbove(modal ? modal : top_());
+}
+
+// The window manager takes notice of the order only as a window comes to the screen.
+void CompanionWindow::showAbove(QWidget* window) {
+  const QPoint place = pos();
+  if (isVisible()) {
+    hide();
+    move(place);
+  }
+  above_ = window;
+  belongTo(window);
+  show();
+}
+
+void CompanionWindow::belongTo(QWidget* window) {
+  for (QWidget* old : {above_.data(), modal_.data()})
+    if (old) old->removeEventFilter(&hook_);
+  modal_ = window;
+  for (QWidget* widget : {above_.data(), modal_.data()})
+    if (widget) widget->installEventFilter(&hook_);
+  winId();
+  windowHandle()->setTransientParent(window ? window->window()->windowHandle() : nullptr);
+}
+
+}  // namespace tolmer

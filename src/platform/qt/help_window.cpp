@@ -1,0 +1,261 @@
+#include "platform/qt/help_window.h"
+
+#include <QBoxLayout>
+#include <QGuiApplication>
+#include <QLabel>
+#include <QScreen>
+#include <QShortcut>
+#include <QSplitter>
+
+#include "platform/qt/convert.h"
+
+namespace tolmer {
+namespace {
+
+constexpr QSize usualSize(800, 600);
+constexpr QSize smallestSize(480, 300);
+constexpr int finderWidth = 230;
+constexpr int edge = 24;  // between the window and the screen's upper left corner
+constexpr int gap = 8;
+
+HelpBook bookIn(const std::string& folder) {
+  auto book = readHelpBook(folder);
+  return book ? std::move(*book) : bookAbout(book.error());
+}
+
+QPushButton* button(const char* text, const char* tip) {
+  auto* button = new QPushButton(QString::fromUtf8(text));
+  button->setToolTip(QString::fromUtf8(tip));
+  return button;
+}
+
+QVariant topicOf(const QTreeWidgetItem* item) { return item->data(0, Qt::UserRole); }
+
+}  // namespace
+
+HelpWindow::HelpWindow(const std::string& folder, std::function<QWidget*()> top,
+                       OpenDocument openDocument)
+    : CompanionWindow(std::move(top)),
+      reader_(bookIn(folder)),
+      openDocument_(std::move(openDocument)),
+      page_(new HelpPage(toQt(folder), this)),
+      query_(new QLineEdit),
+      finder_(new QStackedWidget),
+      contents_(new QTreeWidget),
+      hits_(new QListWidget),
+      back_(button("&Back", "The page before (Alt+Left)")),
+      forward_(button("&Forward", "The page that you came back from (Alt+Right)")),
+      home_(button("&Contents", "All pages")),
+      print_(button("&Print", "Open this page as a document to print it (Ctrl+P)")) {
+  setObjectName(QStringLiteral("help"));
+  layOut();
+  fillContents();
+  connectWidgets();
+  addKeys();
+}
+
+void HelpWindow::layOut() {
+  auto* split = new QSplitter;
+  split->addWidget(makeFinder());
+  split->addWidget(page_);
+  split->setStretchFactor(1, 1);
+  split->setChildrenCollapsible(false);
+  split->setSizes({finderWidth, usualSize.width() - finderWidth});
+  auto* rows = new QVBoxLayout(this);
+  rows->setContentsMargins(gap, gap, gap, gap);
+  rows->setSpacing(gap);
+  rows->addWidget(makeButtons());
+  rows->addWidget(split, 1);
+  const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+  setMinimumSize(smallestSize);
+  resize(usualSize.boundedTo(screen.size() - QSize(2 * edge, 3 * edge)));
+  move(screen.topLeft() + QPoint(edge, edge));
+}
+
+QWidget* HelpWindow::makeButtons() {
+  auto* bar = new QWidget;
+  auto* row = new QHBoxLayout(bar);
+  row->setContentsMargins(0, 0, 0, 0);
+  for (QPushButton* button : {back_, forward_, home_, print_}) row->addWidget(button);
+  row->addStretch();
+  return bar;
+}
+
+QWidget* HelpWindow::makeFinder() {
+  auto* finder = new QWidget;
+  auto* rows = new QVBoxLayout(finder);
+  rows->setContentsMargins(0, 0, 0, 0);
+  auto* label = new QLabel(QStringLiteral("&Search:"));
+  label->setBuddy(query_);
+  auto* row = new QHBoxLayout;
+  row->addWidget(label);
+  row->addWidget(query_);
+  rows->addLayout(row);
+  rows->addWidget(finder_, 1);
+  query_->setClearButtonEnabled(true);
+  query_->setPlaceholderText(QStringLiteral("beginning of a word"));
+  contents_->setHeaderHidden(true);
+  contents_->setAccessibleName(QStringLiteral("Contents"));
+  hits_->setAccessibleName(QStringLiteral("Pages found"));
+  hits_->setWordWrap(true);
+  finder_->addWidget(contents_);
+  finder_->addWidget(hits_);
+  return finder;
+}
+
+void HelpWindow::connectWidgets() {
+  connect(back_, &QPushButton::clicked, this, [this] { go(&HelpReader::back); });
+  connect(forward_, &QPushButton::clicked, this, [this] { go(&HelpReader::forward); });
+  connect(home_, &QPushButton::clicked, this, [this] { toContents(); });
+  connect(print_, &QPushButton::clicked, this, [this] { print(); });
+  connect(query_, &QLineEdit::textChanged, this, [this](const QString& text) { search(text); });
+  connect(query_, &QLineEdit::returnPressed, this, [this] { openFirstHit(); });
+  connect(page_, &QTextBrowser::anchorClicked, this, [this](const QUrl& link) {
+    if (reader_.follow(link.toString().toStdString())) showPlace();
+  });
+  const auto openTopic = [this](QTreeWidgetItem* item) { openItem(topicOf(item)); };
+  connect(contents_, &QTreeWidget::itemClicked, this, openTopic);
+  connect(contents_, &QTreeWidget::itemActivated, this, openTopic);
+  const auto openHit = [this](QListWidgetItem* item) { openItem(item->data(Qt::UserRole)); };
+  connect(hits_, &QListWidget::itemClicked, this, openHit);
+  connect(hits_, &QListWidget::itemActivated, this, openHit);
+}
+
+void HelpWindow::addKeys() {
+  const auto add = [this](const char* keys, auto work) {
+    connect(new QShortcut(QKeySequence(QLatin1String(keys)), this), &QShortcut::activated, this,
+            work);
+  };
+  add("Esc", [this] { hide(); });
+  add("F1", [this] {
+    reader_.openUsing();
+    showPlace();
+  });
+  add("Alt+Left", [this] { go(&HelpReader::back); });
+  add("Alt+Right", [this] { go(&HelpReader::forward); });
+  add("Ctrl+F", [this] { toSearch(); });
+  add("Ctrl+P", [this] { print(); });
+  // From the words to what they have found.
+  auto* down = new QShortcut(Qt::Key_Down, query_);
+  down->setContext(Qt::WidgetShortcut);
+  connect(down, &QShortcut::activated, this, [this] { finder_->currentWidget()->setFocus(); });
+}
+
+void HelpWindow::fillContents() {
+  std::vector<QTreeWidgetItem*> path{contents_->invisibleRootItem()};
+  for (std::size_t i = 0; i < reader_.book().topics().size(); ++i) {
+    const HelpTopic& topic = reader_.book().topic(i);
+    path.resize(static_cast<std::size_t>(topic.level) + 1);
+    auto* item = new QTreeWidgetItem(path.back(), {toQt(topic.title)});
+    item->setData(0, Qt::UserRole, QVariant::fromValue(static_cast<qulonglong>(i)));
+    item->setToolTip(0, toQt(topic.title));
+    path.push_back(item);
+  }
+  contents_->expandAll();
+}
+
+void HelpWindow::answer(const HelpRequest& request) {
+  if (request.kind == HelpRequest::Kind::quit) {
+    hide();
+    return;
+  }
+  open(request);
+  showPlace();
+  bringUp();
+  if (request.kind == HelpRequest::Kind::search)
+    toSearch();
+  else
+    page_->setFocus();
+}
+
+void HelpWindow::open(const HelpRequest& request) {
+  using Kind = HelpRequest::Kind;
+  switch (request.kind) {
+    case Kind::topic:
+      return reader_.open({request.file, request.context});
+    case Kind::usingHelp:
+      return reader_.openUsing();
+    case Kind::contents:
+    case Kind::search:
+      return reader_.openContents(request.file);
+    case Kind::quit:
+      break;
+  }
+}
+
+void HelpWindow::go(void (HelpReader::*way)()) {
+  (reader_.*way)();
+  showPlace();
+}
+
+void HelpWindow::showPlace() {
+  const HelpPlace& place = reader_.place();
+  page_->showPage(toQt(reader_.html()), toQt(place.entry));
+  const QString title = toQt(reader_.book().topic(place.topic).title);
+  page_->setDocumentTitle(title);
+  setWindowTitle(title + QStringLiteral(" - Help"));
+  back_->setEnabled(reader_.canGoBack());
+  forward_->setEnabled(reader_.canGoForward());
+  markInContents();
+}
+
+void HelpWindow::markInContents() {
+  for (QTreeWidgetItemIterator item(contents_); *item; ++item)
+    if (topicOf(*item).toULongLong() == reader_.place().topic) {
+      contents_->setCurrentItem(*item);
+      contents_->scrollToItem(*item);
+    }
+}
+
+void HelpWindow::search(const QString& text) {
+  found_ = reader_.find(text.toStdString());
+  hits_->clear();
+  for (std::size_t i = 0; i < found_.size(); ++i) {
+    auto* item = new QListWidgetItem(toQt(found_[i].title), hits_);
+    item->setData(Qt::UserRole, QVariant::fromValue(static_cast<qulonglong>(i)));
+  }
+  if (found_.empty()) {
+    auto* item = new QListWidgetItem(QStringLiteral("No page has a word that begins so."), hits_);
+    item->setFlags(Qt::NoItemFlags);
+  }
+  hits_->setCurrentRow(0);
+  const bool isQuery = !text.trimmed().isEmpty();
+  finder_->setCurrentWidget(isQuery ? static_cast<QWidget*>(hits_) : contents_);
+}
+
+void HelpWindow::openFirstHit() {
+  if (!found_.empty() && finder_->currentWidget() == hits_) openItem(qulonglong{0});
+}
+
+// Of whichever list stands at the left: its items hold the index of a page or of a hit.
+void HelpWindow::openItem(const QVariant& index) {
+  if (!index.isValid()) return;
+  const std::size_t i = index.toULongLong();
+  reader_.open(finder_->currentWidget() == hits_ ? found_.at(i).place : HelpPlace{.topic = i});
+  showPlace();
+}
+
+void HelpWindow::toSearch() {
+  query_->setFocus(Qt::ShortcutFocusReason);
+  query_->selectAll();
+}
+
+void HelpWindow::toContents() {
+  query_->clear();
+  reader_.openContents("tolmod");
+  showPlace();
+}
+
+// A printing dialog would have the program load the printing system at its start; the host's reader
+// of documents has one of its own.
+void HelpWindow::print() {
+  if (!printed_) printed_ = std::make_unique<QTemporaryDir>();
+  const HelpTopic& topic = reader_.book().topic(reader_.place().topic);
+  const std::string file = printed_->path().toStdString() + "/" + topic.name + ".pdf";
+  const bool written = page_->writePdf(toQt(file));
+  if (written && openDocument_(file)) return;
+  print_->setEnabled(false);
+  print_->setToolTip(QStringLiteral("No program of this computer opens the page as a document"));
+}
+
+}  // namespace tolmer

@@ -1,0 +1,66 @@
+// The help on the screen: contents and search at the left, the page at the right.
+#pragma once
+
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QStackedWidget>
+#include <QTemporaryDir>
+#include <QTreeWidget>
+#include <memory>
+#include <string>
+
+#include "help/help_reader.h"
+#include "platform/desktop.h"
+#include "platform/qt/companion_window.h"
+#include "platform/qt/help_page.h"
+
+namespace tolmer {
+
+// One window, used again for every request.
+class HelpWindow : public CompanionWindow {
+ public:
+  using OpenDocument = std::function<bool(const std::string& path)>;
+  // `top` as for CompanionWindow. A printed page is handed to the host's reader.
+  HelpWindow(const std::string& folder, std::function<QWidget*()> top, OpenDocument openDocument);
+
+  void answer(const HelpRequest& request);
+  const HelpReader& reader() const { return reader_; }
+
+ private:
+  void layOut();
+  QWidget* makeButtons();
+  QWidget* makeFinder();
+  void addKeys();
+  void connectWidgets();
+  void fillContents();
+
+  void open(const HelpRequest& request);
+  void go(void (HelpReader::*way)());
+  void showPlace();
+  void markInContents();
+  void search(const QString& text);
+  void openFirstHit();
+  void openItem(const QVariant& index);
+  void toSearch();
+  void toContents();
+  void print();
+
+  HelpReader reader_;
+  std::vector<HelpHit> found_;
+  OpenDocument openDocument_;
+  std::unique_ptr<QTemporaryDir> printed_;
+
+  // Children: the toolkit destroys them with this window.
+  HelpPage* page_;
+  QLineEdit* query_;
+  QStackedWidget* finder_;
+  QTreeWidget* contents_;
+  QListWidget* hits_;
+  QPushButton* back_;
+  QPushButton* forward_;
+  QPushButton* home_;
+  QPushButton* print_;
+};
+
+}  // namespace tolmer

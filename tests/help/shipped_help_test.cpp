@@ -1,0 +1,168 @@
+// The help as it is shipped, with the program that asks for its pages.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "base/file_io.h"
+#include "help/help_reader.h"
+#include "help/help_text.h"
+#include "help/topic_page.h"
+#include "shell/shipped_program.h"
+
+namespace tolmer::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+const std::string helpFolder = TOLMER_SOURCE_DIR "/course/help";
+
+const HelpBook& shippedHelp() {
+  static const auto book = readHelpBook(helpFolder);
+  if (!book) throw std::runtime_error(book.error().message());
+  return *book;
+}
+
+class ShippedHelp : public testing::TestWithParam<std::size_t> {
+ protected:
+  const HelpTopic& topic() const { return shippedHelp().topic(GetParam()); }
+};
+
+TEST(ShippedHelpFolder, HasEveryPageInItsContentsAndNoNumberTwice) {
+  for (const Error& fault : shippedHelp().faults) ADD_FAILURE() << fault.message();
+  std::set<std::string> names{"README.md", "contents.txt"};
+  std::set<std::string> addresses;
+  for (const HelpTopic& topic : shippedHelp().topics()) {
+    names.insert(topic.name + ".txt");
+    for (const std::string& picture : topicPictures(topic)) names.insert(picture);
+    for (const HelpAddress& address : topic.opens)
+      EXPECT_TRUE(addresses.insert(address.file + " " + std::to_string(address.number)).second)
+          << topic.name << " claims a number of another page";
+  }
+  std::set<std::string> files;
+  for (const auto& entry : fs::directory_iterator(helpFolder))
+    files.insert(entry.path().filename().string());
+  EXPECT_EQ(files, names);
+}
+
+TEST_P(ShippedHelp, LinksLeadSomewhere) {
+  for (const HelpLink& link : topicLinks(topic())) {
+    const auto target = shippedHelp().find(link.address);
+    ASSERT_TRUE(target) << topic().name << ": " << linkUrl(link);
+    if (link.entry.empty()) continue;
+    const auto entries = topicEntries(shippedHelp().topic(*target));
+    EXPECT_TRUE(std::ranges::any_of(
+        entries, [&link](const TopicEntry& entry) { return entry.anchor == link.entry; }))
+        << topic().name << ": " << linkUrl(link);
+  }
+}
+
+TEST_P(ShippedHelp, IsReadInAFewMinutesAndLeavesNoMarks) {
+  EXPECT_FALSE(topic().opens.empty()) << "nothing leads to " << topic().name;
+  const std::string text = topicPlainText(topic());
+  EXPECT_LE(wordsOf(text).size(), topic().name == "glossary" ? 1500U : 600U);
+  for (const char* mark : {"](", "**", "{", "}", "![", " *", "* "})
+    EXPECT_THAT(text, testing::Not(testing::HasSubstr(mark))) << topic().name;
+}
+
+INSTANTIATE_TEST_SUITE_P(Pages, ShippedHelp,
+                         testing::Range<std::size_t>(0, shippedHelp().topics().size()),
+                         [](const auto& page) {
+                           std::string name = shippedHelp().topic(page.param).name;
+                           std::ranges::replace(name, '-', '_');
+                           return name;
+                         });
+
+// Whoever asks, gets the page that is about what he asks from.
+class HelpRequests : public ShippedProgram {
+ protected:
+  std::string lastTitle() {
+    if (desktop.helpRequests().empty()) return "nothing";
+    const HelpRequest& request = desktop.helpRequests().back();
+    const long number = request.kind == HelpRequest::Kind::topic       ? request.context
+                        : request.kind == HelpRequest::Kind::usingHelp ? 2
+                                                                       : 0;
+    const auto topic = shippedHelp().find({request.file, number});
+    return topic ? shippedHelp().topic(*topic).title : "nothing";
+  }
+};
+
+TEST_F(HelpRequests, OfEveryWindowHaveTheirPage) {
+  script.window("frmOpeningBook");
+  script.window("frmNotebook", [&] {
+    user.key("frmNotebook", {keys::f1});
+    EXPECT_EQ(lastTitle(), "The Notebook");
+    user.click("frmNotebook", "cmdOK");
+  });
+  script.window("frmModelDesign", [&] {
+    user.key("frmModelDesign", {keys::f1});
+    EXPECT_EQ(lastTitle(), "Choosing Variables");
+    script.window("frmShowData", [&] {
+      user.key("frmShowData", {keys::f1});
+      EXPECT_EQ(lastTitle(), "List of Variables");
+      user.close("frmShowData");
+    });
+    user.click("frmModelDesign", "cmdShowData");
+    script.window("frmHint", [&] { user.click("frmHint", "cmdOK"); });
+    user.click("frmModelDesign", "cmdOK");
+  });
+  module.Main();
+  for (const auto& [entry, title] : {std::pair{"Contents", "Help for Tolmer"},
+                                     {"Search for Help on...", "Help for Tolmer"},
+                                     {"Using Help", "Using Help"}}) {
+    user.menu("mdiReg", std::string("Help/") + entry);
+    EXPECT_EQ(lastTitle(), title);
+  }
+  user.key("frmControlPanel", {keys::f1});
+  EXPECT_EQ(lastTitle(), "Control Panel");
+}
+
+TEST_F(HelpRequests, OfEveryDisplayHaveTheirPage) {
+  startWithDefaultExample();
+  ShellParts& parts = module.parts();
+  for (const auto& [iCategory, iIndex] : AllDisplays::ids()) {
+    DisplayWindow* display = parts.displays.display(iCategory, iIndex);
+    ASSERT_NE(display, nullptr);
+    parts.state.frmCurrentDisplay = parts.frame.activeChild();
+    if (parts.state.iDisplayState(iCategory, iIndex) != displayShown)
+      parts.manager.ShowNewWindow(iCategory, iIndex);
+    parts.frame.activate(*display);
+    user.key(display->name(), {keys::f1});
+    EXPECT_EQ(desktop.helpRequests().back().context, 200 + 10 * iCategory + iIndex);
+    EXPECT_NE(lastTitle(), "nothing") << display->name();
+  }
+  // The data editor's dialogs ask by their own numbers.
+  for (const auto& [number, title] : {std::pair{0, "Your Own Data"},
+                                      {101, "Format"},
+                                      {102, "Sort Options"},
+                                      {103, "Graph Title"}})
+    EXPECT_EQ(shippedHelp().topic(shippedHelp().find({"dataedit", number}).value()).title, title);
+}
+
+// The first pages quote the default example.
+TEST_F(HelpRequests, PagesQuoteTheNumbersOfTheTables) {
+  startWithDefaultExample();
+  std::string shown = module.parts().panel.txtFittedModel.text();
+  for (const char* name : {"frmEstCoef", "frmANOVA"}) {
+    auto& window = dynamic_cast<DisplayWindow&>(user.window(name));
+    window.CopyGraph();
+    shown += desktop.clipboard().text;
+  }
+  const auto textOf = [](long number) {
+    return topicPlainText(shippedHelp().topic(shippedHelp().find({"tolmod", number}).value()));
+  };
+  for (const auto& [page, numbers] :
+       {std::pair<long, std::vector<const char*>>{103,
+                                                  {"0.7156", "0.000", "1.295", "0.003", "-0.1521",
+                                                   "0.344", "39.92", "59.90", "0.9136", "3.2434"}},
+        {231, {"0.7156", "0.4311", "1.0002"}},
+        {232, {"3.2434", "0.9136", "0.8983"}},
+        {214, {"2.9", "2.6", "1.3"}}})
+    for (const char* number : numbers) {
+      EXPECT_THAT(textOf(page), testing::HasSubstr(number));
+      EXPECT_THAT(shown, testing::HasSubstr(number));
+    }
+}
+
+}  // namespace
+}  // namespace tolmer::test
