@@ -4,31 +4,12 @@
 
 #include "notebook/note_splash.h"
 #include "notebook/notebook_window.h"
-#include "shell/module.h"
-#include "support/headless_user.h"
-#include "support/script.h"
+#include "shell/shipped_program.h"
 
 namespace tolmer::test {
 namespace {
 
-class Journey : public testing::Test {
- protected:
-  // From the start to the quadrants of the default example.
-  void startWithDefaultExample() {
-    script.window("frmOpeningBook");
-    script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdOK"); });
-    script.window("frmModelDesign", [&] { user.click("frmModelDesign", "cmdOK"); });
-    script.window("frmHint", [&] { user.click("frmHint", "cmdOK"); });
-    module.Main();
-    script.finish();
-  }
-  const AnalysisState& state() { return module.parts().state; }
-
-  HeadlessDesktop desktop;
-  HeadlessUser user{desktop};
-  Script script{desktop};
-  Module module{desktop, TOLMER_PROGRAM_FOLDER};
-};
+class Journey : public ShippedProgram {};
 
 TEST_F(Journey, DefaultExampleFillsTheQuadrants) {
   startWithDefaultExample();

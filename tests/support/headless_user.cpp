@@ -63,6 +63,11 @@ void collectStops(Container& container, std::vector<Control*>& stops) {
   }
 }
 
+// The mouse on a child of the frame makes it the active one.
+void reachFor(Control& control) {
+  if (Window* window = control.window(); window && window->frame()) window->activate();
+}
+
 void pressEnter(Window& window) {
   Control* focus = window.focus();
   Control* target = focus && focus->kind() == ControlKind::button ? focus : window.defaultButton();
@@ -72,6 +77,7 @@ void pressEnter(Window& window) {
 }  // namespace
 
 void HeadlessUser::doClick(Control& control) {
+  reachFor(control);
   if (control.takesFocus()) control.setFocus();
   raise(control.MouseDown, MouseButton::left);
   if (control.MouseUp) raise(control.MouseUp, MouseButton::left);
@@ -90,7 +96,10 @@ void HeadlessUser::doDoubleClick(Control& control) {
   }
 }
 
-void HeadlessUser::doRightClick(Control& control) { release(control, MouseButton::right); }
+void HeadlessUser::doRightClick(Control& control) {
+  reachFor(control);
+  release(control, MouseButton::right);
+}
 
 void HeadlessUser::doType(Control& control, const std::string& text) {
   control.setFocus();
@@ -101,6 +110,7 @@ void HeadlessUser::doType(Control& control, const std::string& text) {
 }
 
 void HeadlessUser::doChoose(Control& control, int index) {
+  reachFor(control);
   control.setFocus();
   static_cast<ComboBox&>(control).setListIndex(index);
 }
