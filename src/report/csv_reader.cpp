@@ -34,6 +34,22 @@ Error errorAtLine(const std::string& fileName, int line, std::string_view text) 
   return {fileName + ":" + std::to_string(line), std::string(text)};
 }
 
+// Takes what stands in quotes from the front of a list; empty where its first field is bare.
+std::string takeQuoted(std::string_view& list) {
+  std::string field;
+  const auto quote = list.find_first_not_of(" \t");
+  if (quote == list.npos || list[quote] != '"') return field;
+  list.remove_prefix(quote + 1);
+  for (; !list.empty(); list.remove_prefix(1)) {
+    if (list.front() == '"') {
+      list.remove_prefix(1);
+      if (!list.starts_with('"')) break;
+    }
+    field += list.front();
+  }
+  return std::string(trimmed(field));
+}
+
 }  // namespace
 
 // Cuts the content into records.
@@ -176,21 +192,15 @@ Error CsvTable::errorAt(int row, int column, std::string_view text) const {
           "column " + name(column) + ": " + std::string(text)};
 }
 
-std::vector<std::string> fieldsOfList(std::string_view list) {
+std::vector<std::string> fieldsOfList(std::string_view list, char separator) {
   std::vector<std::string> fields;
   for (bool more = true; more;) {
-    std::string field;
-    bool quoted = false;
-    std::size_t at = 0;
-    for (; at < list.size() && (quoted || list[at] != ','); ++at) {
-      if (list[at] == '"')
-        quoted = !quoted;
-      else
-        field += list[at];
-    }
-    more = at < list.size();
-    list.remove_prefix(more ? at + 1 : at);
-    fields.emplace_back(trimmed(field));
+    std::string field = takeQuoted(list);
+    const auto end = std::min(list.find(separator), list.size());
+    field += trimmed(list.substr(0, end));
+    more = end < list.size();
+    list.remove_prefix(more ? end + 1 : end);
+    fields.push_back(std::move(field));
   }
   return fields;
 }

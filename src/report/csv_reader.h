@@ -63,7 +63,8 @@ class CsvTable {
   std::vector<int> lines_;    // where each row begins
 };
 
-// The fields of one line of comma-separated values, blanks around them removed; quotes as above.
-std::vector<std::string> fieldsOfList(std::string_view list);
+// The fields of one line of separated values, blanks around them removed. A field that begins with
+// a double quote ends at the next one that is not doubled; any other may hold quotes as they are.
+std::vector<std::string> fieldsOfList(std::string_view list, char separator = ',');
 
 }  // namespace tolmer

@@ -18,8 +18,10 @@ struct DisplayCell {
   bool isMarked() const;
 };
 
+using DisplayRow = std::vector<DisplayCell>;
+
 struct DisplayTable {
-  std::vector<std::vector<DisplayCell>> rows;  // of equal length
+  std::vector<DisplayRow> rows;  // of equal length
 };
 
 // "white", "face" for the look of headings, or "#RRGGBB".

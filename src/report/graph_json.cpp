@@ -1,25 +1,33 @@
 #include "report/graph_json.h"
 
+#include <string>
 #include <variant>
+#include <vector>
 
 namespace tolmer {
 namespace {
 
-void writeAxis(JsonWriter& json, std::string_view name, const Axis& axis) {
+using Labels = std::vector<std::string>;
+
+void writeLabels(JsonWriter& json, std::string_view name, const Labels& labels) {
+  json.key(name);
+  json.beginArray();
+  for (const std::string& label : labels) json.value(label);
+  json.endArray();
+}
+
+void writeAxis(JsonWriter& json, std::string_view name, const Axis& axis, const Labels& labels) {
   json.key(name);
   json.beginObject();
   json.member("mode", static_cast<int>(axis.scaleMode));
   json.member("min", axis.minimum);
   json.member("max", axis.maximum);
   json.member("ticks", axis.ticks);
-  json.key("labels");
-  json.beginArray();
-  for (const std::string& label : axis.labels) json.value(label);
-  json.endArray();
+  writeLabels(json, "labels", labels);
   json.endObject();
 }
 
-// A line with symbols spaces its points evenly: they have no x position.
+// Bars and lines with symbols space their points evenly: they have no x position.
 void writePoints(JsonWriter& json, const GraphSettings& settings) {
   json.key("points");
   json.beginArray();
@@ -87,9 +95,12 @@ void writeGraph(JsonWriter& json, const Graph& graph) {
   json.member("type", static_cast<int>(settings.graphType));
   json.member("bottomTitle", settings.x.title);
   json.member("leftTitle", settings.y.title);
-  writeAxis(json, "x", settings.x);
-  writeAxis(json, "y", settings.y);
+  // The points of a line are named along its horizontal axis.
+  const bool isLine = settings.graphType == GraphType::lineWithSymbols;
+  writeAxis(json, "x", settings.x, isLine ? settings.pointLabels : settings.x.labels);
+  writeAxis(json, "y", settings.y, settings.y.labels);
   writePoints(json, settings);
+  if (!settings.pointLabels.empty()) writeLabels(json, "pointLabels", settings.pointLabels);
   json.member("symbol", settings.pointSymbol);
   json.member("symbolSize", settings.symbolSize);
   json.member("lineStatistics", settings.lineStatistics);

@@ -40,6 +40,21 @@ Problem takeNames(ReportOptions& options, const std::string& value) {
   return std::nullopt;
 }
 
+Problem takePlot(ReportOptions& options, const std::string& value) {
+  const auto equals = value.find('=');
+  if (equals == value.npos)
+    return "--plot takes a number and two axes, as in 2=Size:Residuals, not \"" + value + "\"";
+  const std::string number = value.substr(0, equals);
+  if (number != "1" && number != "2" && number != "3")
+    return "--plot has scatter plots 1 to 3, not \"" + number + "\"";
+  std::vector<std::string> axes = fieldsOfList(std::string_view(value).substr(equals + 1), ':');
+  if (axes.size() != 2 || axes[0].empty() || axes[1].empty())
+    return "--plot takes two axes with a colon between them, X:Y, not \"" +
+           value.substr(equals + 1) + "\"; a name with a colon stands in double quotes";
+  options.plots.push_back({number[0] - '0', std::move(axes[0]), std::move(axes[1])});
+  return std::nullopt;
+}
+
 // A text that must not be empty: a name, a folder.
 auto takeInto(std::string ReportOptions::*member) {
   return [member](ReportOptions& options, const std::string& value) -> Problem {
@@ -56,6 +71,7 @@ const std::map<std::string_view, Take>& optionsWithValue() {
       {"--y", takeInto(&ReportOptions::y)},
       {"--x", takeNames},
       {"--labels", takeInto(&ReportOptions::labels)},
+      {"--plot", takePlot},
       {"--format", takeFormat},
       {"--example", takeExample},
       {"--program-folder", takeInto(&ReportOptions::programFolder)}};
@@ -152,6 +168,11 @@ For both:
                        A name with a comma stands in double quotes. Columns
                        that --x leaves out may have gaps.
   --no-intercept       a model without an intercept
+  --plot N=X:Y         axes of scatter plot N, 1 to 3: variables of the model,
+                       Fitted, on X also Entry (the order of the cases), on Y
+                       also Residuals. A name with a colon stands in double
+                       quotes. Without it: 1=Fitted:Residuals,
+                       2=(dependent):Fitted, 3=(first independent):(dependent).
   --format FORMAT      text (as without this option), json or html
   --help               this text
 

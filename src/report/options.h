@@ -10,13 +10,22 @@ namespace tolmer {
 
 enum class ReportFormat { text, json, html };
 
+// The axes of one scatter plot, as they are written.
+struct PlotRequest {
+  int plot = 0;  // 1 to 3
+  std::string x;
+  std::string y;
+  friend bool operator==(const PlotRequest&, const PlotRequest&) = default;
+};
+
 struct ReportOptions {
   std::string file;            // table to analyse; empty for a course data set
   std::string y;               // dependent variable
   std::vector<std::string> x;  // independent variables; empty for all others
   std::string labels;          // column of case labels; empty for none
   bool intercept = true;
-  int example = 0;  // number of a scenario of the course's examples, from 1
+  std::vector<PlotRequest> plots;  // in order: of two for one plot the later one counts
+  int example = 0;                 // number of a scenario of the course's examples, from 1
   bool defaultExample = false;
   std::string programFolder;  // where the course's notebook lies; empty: beside the program
   ReportFormat format = ReportFormat::text;

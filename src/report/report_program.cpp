@@ -9,6 +9,7 @@
 #include "report/json_report.h"
 #include "report/model_by_name.h"
 #include "report/options.h"
+#include "report/plot_axes.h"
 #include "report/text_report.h"
 
 namespace tolmer {
@@ -36,13 +37,22 @@ std::string written(ReportRun& run, ReportFormat format, const ReportSurrounding
   return textReport(run, around.isColoured);
 }
 
+// On a page, where graphs are set among text, they are smaller, so that their letters keep the size
+// of the text when a sheet of A4 takes them in.
+Size displaySize(ReportFormat format) {
+  return format == ReportFormat::html ? Size{pixels(720), pixels(400)}
+                                      : Size{pixels(960), pixels(500)};
+}
+
 // The common end of both ways to a data set.
 ReportOutcome reportOn(WorkingCopy& copy, const ReportOptions& options,
                        const ReportSurroundings& around) {
   if (auto error = chooseModelByName(copy, options)) return usageFault(*error);
+  const auto plots = plotAxesByName(copy, options.plots);
+  if (!plots) return usageFault(plots.error());
   // A window's worth of members: not on the stack.
-  const auto run = std::make_unique<ReportRun>();
-  run->analyse(copy);
+  const auto run = std::make_unique<ReportRun>(displaySize(options.format));
+  run->analyse(copy, *plots);
   return {ReportOutcome::done, written(*run, options.format, around), {}};
 }
 

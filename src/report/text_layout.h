@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "report/display_table.h"
+#include "platform/look.h"
 
 namespace tolmer {
 
@@ -16,12 +16,9 @@ std::size_t terminalWidth(std::string_view text);
 // Filled up with blanks to that width; a longer text stays as it is.
 std::string padded(std::string_view text, std::size_t width, Align align);
 
-// The lines of a text broken at blanks to that width, each behind the indent.
+// The lines of a text broken at blanks to that width, each behind the indent. Line ends of the text
+// itself count as blanks.
 std::string wrapped(std::string_view text, std::size_t width, std::size_t indent);
-
-// A table with aligned columns. What a display says by a cell's colour stands as a mark behind the
-// cell: ** cyan, * green, ! red; when `coloured`, the terminal shows the colour too.
-std::string tableText(const DisplayTable& table, bool coloured);
 
 // A bar of that many eighths of a column.
 std::string barText(int eighths);

@@ -7,8 +7,9 @@
 
 namespace tolmer {
 
-// Equation, analysis of variance, coefficients, histogram of residuals, messages of the run first.
-// UTF-8; with `coloured` also the terminal's colours.
+// Messages of the run, the equation, then every display: the interpretation in paragraphs, tables
+// as columns, graphs by the sentences that tell them, histograms and VIF chart with bars as well.
+// UTF-8 in lines of 78 columns; with `coloured` also the terminal's colours.
 std::string textReport(ReportRun& run, bool coloured);
 
 }  // namespace tolmer

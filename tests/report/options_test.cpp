@@ -41,6 +41,15 @@ TEST(ReportOptions, FaultsSayWhatWouldBeRight) {
   for (const char* number : {"0", "-1", "1.5", "99999999999", ""})
     EXPECT_EQ(faultOf({"--example", number}),
               std::string("--example takes a number from 1, not \"") + number + "\"");
+  for (const char* number : {"0", "4", "", "1 ", "-1"})
+    EXPECT_EQ(faultOf({"--default", "--plot", std::string(number) + "=A:B"}),
+              std::string("--plot has scatter plots 1 to 3, not \"") + number + "\"");
+  EXPECT_EQ(faultOf({"--default", "--plot", "A:B"}),
+            "--plot takes a number and two axes, as in 2=Size:Residuals, not \"A:B\"");
+  for (const char* axes : {"", "A", "A:", ":B", "A:B:C"})
+    EXPECT_EQ(faultOf({"--default", "--plot", std::string("1=") + axes}),
+              std::string("--plot takes two axes with a colon between them, X:Y, not \"") + axes +
+                  "\"; a name with a colon stands in double quotes");
   EXPECT_EQ(faultOf({"--default", "--labels", "Town"}),
             "--labels goes with a file; the course's data sets have their own");
 }

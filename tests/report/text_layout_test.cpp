@@ -15,6 +15,7 @@ TEST(TextLayout, WidthCountsColumnsOfATerminal) {
 TEST(TextLayout, LinesBreakAtBlanksAndKeepTheirIndent) {
   EXPECT_EQ(wrapped("one two  three", 9, 2), "  one two\n  three");
   EXPECT_EQ(wrapped("a-word-too-long b", 5, 0), "a-word-too-long\nb");
+  EXPECT_EQ(wrapped("a\r\nb", 9, 2), "  a b");
   EXPECT_EQ(wrapped("", 9, 2), "");
 }
 
@@ -22,24 +23,6 @@ TEST(TextLayout, BarsGrowByEighths) {
   EXPECT_EQ(barText(0), "");
   EXPECT_EQ(barText(1), "▏");
   EXPECT_EQ(barText(19), "██▍");
-}
-
-TEST(TextLayout, TableColumnsLineUpAndColoursBecomeMarks) {
-  const Colour face = colours::buttonFace;
-  const Colour white = colours::white;
-  DisplayTable table;
-  table.rows = {{{"Name", face}, {"P", face}},
-                {{"Größe", face}, {"0.001", colours::cyan, Align::right}},
-                {{"b", face}, {"12.5", white, Align::right}},
-                {{"", face}, {"", white}},
-                {{"", face}, {"p < .01", colours::cyan}},
-                {{"", face}, {"", face}}};
-  EXPECT_EQ(tableText(table, false),
-            "  Name       P\n"
-            "  Größe  0.001 **\n"
-            "  b       12.5\n"
-            "\n"
-            "  ** p < .01\n");
 }
 
 }  // namespace

@@ -1,0 +1,36 @@
+// What a displayed table is made of, for those who set it anew in letters or markup.
+#pragma once
+
+#include <cstddef>
+#include <vector>
+
+#include "report/display_table.h"
+
+namespace tolmer {
+
+struct TableParts {
+  DisplayRow heads;  // of the columns
+  // The rows below, divided where the display has an empty one. The heads speak of the first part;
+  // in the others each figure stands behind its own name.
+  std::vector<std::vector<DisplayRow>> bodies;
+  DisplayRow key;               // the texts that explain colours, on their colours
+  std::size_t leadColumns = 1;  // at the left, name their rows
+
+  // Whether the key has a word for this cell's colour.
+  bool explains(const DisplayCell& cell) const;
+};
+
+// Heads and first rows are set alike: what the display centres stands right where the column holds
+// figures, so that their points are in line, and left where it holds words.
+TableParts partsOf(const DisplayTable& table);
+
+// Columns that stand side by side, counted from 0.
+using ColumnBlock = std::vector<std::size_t>;
+
+// Cuts a table into as few blocks of columns as the room allows, of like widths, each with the lead
+// columns at its left. `widths` are in the unit of the room; a block has at least one further
+// column, even where that is too wide.
+std::vector<ColumnBlock> columnBlocks(const std::vector<double>& widths, std::size_t leadColumns,
+                                      double room);
+
+}  // namespace tolmer

@@ -1,0 +1,161 @@
+#include "report/html_report.h"
+
+#include <set>
+
+#include "markup_reader.h"
+#include "platform/graph/graph.h"
+#include "platform/grid/grid.h"
+#include "platform/text_box.h"
+#include "report/html_table.h"
+#include "report_fixture.h"
+
+namespace tolmer {
+namespace {
+
+using test::Element;
+using ::testing::Contains;
+using ::testing::Each;
+using ::testing::HasSubstr;
+using ::testing::IsSupersetOf;
+using ::testing::SizeIs;
+using ::testing::StartsWith;
+
+class HtmlReport : public test::ReportFixture {
+ protected:
+  static std::vector<std::string> texts(const Element& root) {
+    std::vector<std::string> all;
+    root.walk([&all](const Element& element) { all.push_back(element.text); });
+    return all;
+  }
+  Element page(const std::vector<std::string>& words) const {
+    return test::MarkupReader(output(words, "html")).readPage();
+  }
+};
+
+// What a section must hold of its display.
+struct TextsOnPage {
+  std::vector<std::string> operator()(const Graph* graph) const {
+    return {graph->accessibleName(), graph->accessibleDescription()};
+  }
+  std::vector<std::string> operator()(const TextBox* box) const {
+    std::vector<std::string> paragraphs;
+    std::string_view text = box->text();
+    while (!text.empty()) {
+      const auto end = std::min(text.find("\r\n"), text.size());
+      std::string line(text.substr(0, end));
+      line.erase(line.find_last_not_of(' ') + 1);
+      if (!line.empty()) paragraphs.push_back(line);
+      text.remove_prefix(std::min(end + 2, text.size()));
+    }
+    return paragraphs;
+  }
+  std::vector<std::string> operator()(const Grid* grid) const {
+    std::vector<std::string> cells;
+    for (int row = 1; row <= grid->maxRows(); ++row)
+      for (int col = 1; col <= grid->maxCols(); ++col)
+        if (!grid->text(row, col).empty()) cells.push_back(grid->text(row, col));
+    return cells;
+  }
+};
+
+// Names as nasty as a file can bring them must neither break the page nor get lost.
+TEST_F(HtmlReport, WellFormedPageHoldsEveryDisplayWhole) {
+  const std::string file = write(
+      "a&b.csv",
+      "Ort,R<1>&,\"</td>\"\"'\",\"Größe;&lt;\",<b>\n\"<!--\",1,2,0,7\n\"&amp;\",2,3,1,7.5\n"
+      "\"\x01]]>\",4,5,0,9\nä,4,9,1,2\n<,3,7,1,5\n>,9,12,0,1\n\"\"\"\",8,14,1,3\n'/,6,9,0,4\n");
+  ReportOptions options;
+  options.y = "R<1>&";
+  options.labels = "Ort";
+  const auto run = analysed(file, options, {pixels(720), pixels(400)});
+  const Element page = this->page({file, "--y", "R<1>&", "--labels", "Ort"});
+  EXPECT_EQ(page.all("h1").at(0)->text, "Multiple regression of R<1>&");
+  EXPECT_THAT(texts(*page.all("dl").at(0)),
+              IsSupersetOf({"a&b.csv", "8", "R<1>&", "</td>\"', Größe;&lt;, <b>", "2026-05-04"}));
+  EXPECT_THAT(texts(page), Contains(run->equation()));
+  ASSERT_THAT(run->displays(), SizeIs(14));
+  for (const ReportedDisplay& display : run->displays()) {
+    const Element& section = page.withId(display.name);
+    EXPECT_THAT(texts(section),
+                IsSupersetOf(std::visit(TextsOnPage{}, display.window->shownControl())))
+        << display.name;
+    const bool isGraph = std::holds_alternative<const Graph*>(display.window->shownControl());
+    EXPECT_EQ(section.all("svg").size(), isGraph ? 1U : 0U);
+    EXPECT_EQ(section.all("h2").at(0)->text, display.window->caption());
+  }
+}
+
+TEST_F(HtmlReport, StandsAloneAndItsLinksLeadSomewhere) {
+  const Element page = this->page({table, "--y", "Rent"});
+  std::set<std::string> ids;
+  page.walk([&](const Element& element) {
+    for (const auto& [name, value] : element.attributes) {
+      EXPECT_THAT((std::array{"src", "srcset", "onload", "onclick"}), Each(testing::StrNe(name)));
+      if (name == "href") {
+        EXPECT_THAT(value, StartsWith("#"));
+        EXPECT_NO_THROW(page.withId(value.substr(1)));
+      }
+      if (name == "id") {
+        EXPECT_TRUE(ids.insert(value).second) << value;
+      }
+    }
+    EXPECT_THAT((std::array{"script", "link", "img", "iframe"}),
+                Each(testing::StrNe(element.name)));
+  });
+  const std::string style = page.all("style").at(0)->text;
+  for (const char* outside : {"url(", "@import", "@font-face"})
+    EXPECT_EQ(style.find(outside), std::string::npos) << outside;
+  EXPECT_THAT(style, HasSubstr("break-inside: avoid"));
+  EXPECT_THAT(page.all("a"), SizeIs(14));
+}
+
+TEST_F(HtmlReport, TablesHaveCaptionsAndScopes) {
+  const Element page = this->page({table, "--y", "Rent", "--labels", "Street"});
+  for (const Element* shown : page.all("table")) {
+    EXPECT_THAT(shown->all("caption"), SizeIs(1));
+    for (const Element* head : shown->all("th"))
+      EXPECT_THAT(head->attribute("scope"), testing::AnyOf("row", "col"));
+  }
+  const Element& list = page.withId("frmDataList");
+  EXPECT_THAT(list.all("thead").at(0)->all("th"), SizeIs(5));
+  EXPECT_THAT(list.all("tbody").at(0)->all("tr"), SizeIs(10));
+  EXPECT_THAT(list.all("tbody").at(0)->all("th"), SizeIs(20));  // case and label
+  // Summary figures do not stand under the heads of the variance table.
+  EXPECT_THAT(page.withId("frmANOVA").all("table"), SizeIs(2));
+  EXPECT_THAT(texts(*page.withId("frmEstCoef").all("p").at(0)), Contains("p < .01"));
+}
+
+// A table of that many columns of seven figures, in HTML.
+Element tableOf(int columns) {
+  DisplayTable table;
+  for (int row = 0; row < 3; ++row) {
+    auto& cells = table.rows.emplace_back();
+    for (int col = 0; col < columns; ++col)
+      cells.push_back({(row == 0 ? "Head" : "1234.") + std::to_string(100 + col),
+                       row == 0 || col == 0 ? colours::buttonFace : colours::white});
+  }
+  return test::MarkupReader("<!DOCTYPE html>\n" + tableHtml(table, "Long & wide")).readPage();
+}
+
+// A figure takes 0.572 of the letters' size, a point 0.268: with a padding of one, 5.3 of each column
+// of seven figures. A sheet has room for 53 upright and for 89 across.
+TEST(HtmlTable, LiesAcrossOrIsCutWhereASheetIsTooNarrow) {
+  EXPECT_EQ(tableOf(9).attribute("class"), "upright");
+  EXPECT_EQ(tableOf(15).attribute("class"), "across");
+  EXPECT_THAT(tableOf(15).all("table"), SizeIs(1));
+  const Element html = tableOf(60);
+  EXPECT_EQ(html.attribute("class"), "cut");
+  std::vector<std::string> heads;
+  for (const Element* shown : html.all("thead")) {
+    const auto row = shown->all("th");
+    EXPECT_EQ(row.at(0)->text, "Head100");
+    EXPECT_THAT(row.size(), testing::AllOf(testing::Ge(10U), testing::Le(12U)));  // alike
+    for (std::size_t i = 1; i < row.size(); ++i) heads.push_back(row[i]->text);
+  }
+  ASSERT_THAT(heads, SizeIs(59));
+  EXPECT_TRUE(std::is_sorted(heads.begin(), heads.end()));
+  EXPECT_THAT(html.all("caption").at(1)->text, StartsWith("Long & wide, continued: Head1"));
+}
+
+}  // namespace
+}  // namespace tolmer
