@@ -1,0 +1,50 @@
+#include "figures/field_lines.h"
+
+namespace tolmer {
+namespace {
+
+constexpr std::string_view blanks = " \t\r";
+
+std::vector<std::string> fieldsOf(std::string_view line) {
+  std::vector<std::string> fields;
+  for (std::size_t begin = 0; begin <= line.size();) {
+    const std::size_t end = std::min(line.find('|', begin), line.size());
+    fields.emplace_back(withoutBlanks(line.substr(begin, end - begin)));
+    begin = end + 1;
+  }
+  return fields;
+}
+
+}  // namespace
+
+std::string_view withoutBlanks(std::string_view text) {
+  const std::size_t first = text.find_first_not_of(blanks);
+  if (first == text.npos) return {};
+  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::string lineOf(const std::string& fileName, const FieldLine& entry) {
+  return fileName + ":" + std::to_string(entry.line);
+}
+
+Result<std::vector<FieldLine>> fieldLines(const std::string& fileName, std::string_view text,
+                                          std::size_t count) {
+  std::vector<FieldLine> entries;
+  int number = 0;
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = std::min(text.find('\n', begin), text.size());
+    const std::string_view line = withoutBlanks(text.substr(begin, end - begin));
+    begin = end + 1;
+    ++number;
+    if (line.empty() || line.starts_with('#')) continue;
+    FieldLine entry{number, fieldsOf(line)};
+    if (entry.fields.size() != count)
+      return Error{lineOf(fileName, entry), "there are " + std::to_string(entry.fields.size()) +
+                                                " fields where there must be " +
+                                                std::to_string(count)};
+    entries.push_back(std::move(entry));
+  }
+  return entries;
+}
+
+}  // namespace tolmer

@@ -1,0 +1,25 @@
+// Makes the figures of the course: tolfigure LIST DATA-FOLDER OUTPUT-FOLDER.
+#include <cstdio>
+#include <string>
+#include <vector>
+
+#include "figures/course_figures.h"
+
+namespace {
+
+int failed(const tolmer::Error& error) {
+  std::fprintf(stderr, "tolfigure: %s\n", error.message().c_str());
+  return 1;
+}
+
+int run(const std::vector<std::string>& words) {
+  if (words.size() != 3) return failed({"", "the words are LIST DATA-FOLDER OUTPUT-FOLDER"});
+  const auto figures = tolmer::courseFigures(words[0]);
+  if (!figures) return failed(figures.error());
+  const auto error = tolmer::writeFigures(*figures, words[1] + "/", words[2] + "/");
+  return error ? failed(*error) : 0;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) { return run({argv + 1, argv + argc}); }

@@ -1,0 +1,160 @@
+#include "course/claim.h"
+
+#include <algorithm>
+#include <charconv>
+#include <cmath>
+#include <regex>
+
+#include "base/file_io.h"
+#include "figures/field_lines.h"
+#include "platform/graph/graph.h"
+#include "platform/text_box.h"
+#include "report/grid_table.h"
+
+namespace tolmer {
+namespace {
+
+constexpr std::size_t fieldCount = 8;
+
+struct Number {
+  double value;      // in units of the display
+  double tolerance;  // half a unit of its last digit
+  bool isSigned;
+};
+
+std::optional<Number> numberFrom(std::string_view text) {
+  static const std::regex pattern(R"(([-+]?) ?([\d,]*\.?\d+)( percent|%)?)");
+  std::cmatch match;
+  if (!std::regex_match(text.begin(), text.end(), match, pattern)) return std::nullopt;
+  std::string digits = match[2];
+  std::erase(digits, ',');
+  const std::size_t point = digits.find('.');
+  const auto decimals = point == digits.npos ? 0.0 : static_cast<double>(digits.size() - point - 1);
+  double value = 0;
+  std::from_chars(digits.data(), digits.data() + digits.size(), value);
+  const double scale = match[3].length() > 0 ? 0.01 : 1;
+  return Number{(match[1] == "-" ? -value : value) * scale, std::pow(10, -decimals) / 2 * scale,
+                match[1].length() > 0};
+}
+
+bool isText(const Claim& claim, const ShownControl& shown) {
+  return !std::holds_alternative<const Grid*>(shown) || claim.display == "equation";
+}
+
+// The texts of a display, and every number in it.
+std::optional<std::string> faultInText(const Claim& claim, std::string_view text) {
+  if (text.find(claim.number) != text.npos) return std::nullopt;
+  static const std::regex numbers(R"([-+]? ?[\d,]*\.?\d+)");
+  const std::string all(text);
+  for (std::sregex_iterator at(all.begin(), all.end(), numbers), end; at != end; ++at)
+    if (agrees(claim.number, at->str())) return std::nullopt;
+  return "is not in \"" + all + "\"";
+}
+
+std::string textOf(const Claim& claim, const Graph& graph) {
+  if (claim.row == "description") return graph.accessibleDescription();
+  std::string text;
+  for (const OverlayCall& call : graph.overlay())
+    if (const auto* drawn = std::get_if<TextCall>(&call)) text += drawn->text + "\n";
+  return text;
+}
+
+std::string_view trimmed(const DisplayCell& cell) { return withoutBlanks(cell.text); }
+
+// The row of that name among the columns that name rows: in the second one where cases are named.
+const DisplayRow* rowNamed(const DisplayTable& table, const std::string& name) {
+  for (const std::size_t column : {0, 1})
+    for (const DisplayRow& row : table.rows)
+      if (column < row.size() && trimmed(row[column]) == name) return &row;
+  return nullptr;
+}
+
+std::optional<std::string> cellOf(const Claim& claim, const DisplayTable& table) {
+  if (claim.column.empty()) {
+    for (const DisplayRow& row : table.rows)
+      for (std::size_t i = 0; i + 1 < row.size(); ++i)
+        if (trimmed(row[i]) == claim.row) return std::string(trimmed(row[i + 1]));
+    return std::nullopt;
+  }
+  const DisplayRow& heads = table.rows.front();
+  const auto head = std::find_if(heads.begin(), heads.end(), [&](const DisplayCell& cell) {
+    return trimmed(cell) == claim.column;
+  });
+  const DisplayRow* row = rowNamed(table, claim.row);
+  if (head == heads.end() || !row) return std::nullopt;
+  return std::string(trimmed((*row)[static_cast<std::size_t>(head - heads.begin())]));
+}
+
+std::optional<std::string> faultInTable(const Claim& claim, const Grid& grid) {
+  const auto cell = cellOf(claim, displayTable(grid));
+  if (!cell) return "is in no cell: there is no such row or column";
+  if (agrees(claim.number, *cell)) return std::nullopt;
+  return "is shown as " + *cell;
+}
+
+Result<Claim> claimFrom(const FieldLine& line, const std::string& where) {
+  const auto& fields = line.fields;
+  Claim claim{where,     courseModel(fields[0], fields[1], fields[2]),
+              fields[3], fields[4],
+              fields[5], plainText(fields[6]),
+              0,         {},
+              fields[7]};
+  const std::size_t open = claim.passage.find('{');
+  const std::size_t close = claim.passage.find('}');
+  if (open == claim.passage.npos || close == claim.passage.npos || close < open)
+    return Error{where, "the text has no number in braces"};
+  claim.begin = open;
+  claim.number = claim.passage.substr(open + 1, close - open - 1);
+  claim.passage.erase(close, 1).erase(open, 1);
+  return claim;
+}
+
+}  // namespace
+
+Result<std::vector<Claim>> readClaims(const std::string& listFile) {
+  const auto text = readWholeFile(listFile);
+  if (!text) return text.error();
+  const auto lines = fieldLines(listFile, *text, fieldCount);
+  if (!lines) return lines.error();
+  std::vector<Claim> claims;
+  for (const FieldLine& line : *lines) {
+    auto claim = claimFrom(line, lineOf(listFile, line));
+    if (!claim) return claim.error();
+    claims.push_back(std::move(*claim));
+  }
+  return claims;
+}
+
+std::string plainText(std::string_view text) {
+  std::string plain =
+      std::regex_replace(std::string(text), std::regex("</?[a-z][^>]*>|&nbsp;"), " ");
+  plain = std::regex_replace(plain, std::regex("−"), "-");
+  std::erase_if(plain, [](char c) { return c == '*' || c == '`'; });
+  std::replace(plain.begin(), plain.end(), '|', ';');
+  return std::regex_replace(plain, std::regex("\\s+"), " ");
+}
+
+bool agrees(std::string_view number, std::string_view shown) {
+  if (number == shown) return true;
+  const auto said = numberFrom(number);
+  const auto is = numberFrom(shown);
+  if (!said || !is) return false;
+  const double value = said->isSigned ? is->value : std::abs(is->value);
+  // A decimal half, like 0.25 for 0.3, is no exact double.
+  return std::abs(said->value - value) <= said->tolerance * (1 + 1e-6);
+}
+
+std::optional<std::string> faultOf(const Claim& claim, AnalysedModel& model) {
+  if (claim.display == "equation") return faultInText(claim, model.equation());
+  const auto choice = displayChoice(claim.display);
+  if (!choice) return choice.error().text;
+  const auto drawn = model.draw(*choice);
+  if (!drawn) return drawn.error().text;
+  const ShownControl shown = (*drawn)->shownControl();
+  if (!isText(claim, shown)) return faultInTable(claim, *std::get<const Grid*>(shown));
+  if (const auto* graph = std::get_if<const Graph*>(&shown))
+    return faultInText(claim, textOf(claim, **graph));
+  return faultInText(claim, std::get<const TextBox*>(shown)->text());
+}
+
+}  // namespace tolmer
