@@ -1,6 +1,7 @@
 #include "advice/interpretation.h"
 
 #include <algorithm>
+#include <cmath>
 
 #include "advice/interpretation_text.h"
 #include "platform/desktop.h"
@@ -8,7 +9,12 @@
 namespace tolmer {
 namespace {
 
-constexpr float letters = 14;  // pixels: a text is read from farther than a label
+// A text is read from farther than a label; in a large window it is set in larger letters, since
+// lines that are too long are hard to follow. Pixels.
+float letters(Twips width) {
+  constexpr float smallest = 13, largest = 18, aLine = 64;
+  return std::clamp(std::floor(width / twipsPerPixel / aLine), smallest, largest);
+}
 
 bool opensMenu(const KeyPress& key) {
   return key.code == keys::menu || (key.code == keys::f10 && key.shift);
@@ -29,7 +35,6 @@ frmInterpretation::frmInterpretation(Desktop& desktop, AnalysisState& state, Dis
   txtInterpretation.setAccessibleName("What the fit means");
   txtInterpretation.setMultiLine(true);
   txtInterpretation.setReadOnly(true);
-  txtInterpretation.setFont({.pixels = letters});
   for (Control* control :
        {static_cast<Control*>(&fraInterpretation), static_cast<Control*>(&txtInterpretation)})
     control->MouseUp = [this](MouseButton button) {
@@ -53,6 +58,7 @@ void frmInterpretation::PositionControls() {
   fraInterpretation.setPlace({10, -50, length(innerWidth() - 40), innerHeight()});
   txtInterpretation.setPlace({100, 150, length(fraInterpretation.width() - 170),
                               length(fraInterpretation.height() - 200)});
+  txtInterpretation.setFont({.pixels = letters(innerWidth())});
 }
 
 void frmInterpretation::drawDisplay() {

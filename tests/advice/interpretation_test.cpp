@@ -40,6 +40,9 @@ TEST_F(InterpretationDisplayTest, FillsTheWindowOnceTheProgramHasStarted) {
   EXPECT_EQ(display.fraInterpretation.place(), (Rect{10, -50, 5960, 4500}));
   EXPECT_EQ(text.place(), (Rect{100, 150, 5790, 4300}));
   EXPECT_THAT(text.text(), StartsWith("FITTED MODEL\r\nHeat = 62.41"));
+  const float small = text.font().pixels;
+  display.reportInnerSize({pixels(1900), pixels(980)});
+  EXPECT_GT(text.font().pixels, small);
   display.reportInnerSize({30, 15});
   EXPECT_EQ(text.place(), (Rect{100, 150, 0, 0}));
 }
