@@ -1,9 +1,11 @@
 #include "report/json_report.h"
 
+#include <utility>
+
+#include "platform/grid/grid.h"
 #include "platform/text_box.h"
 #include "report/display_table.h"
 #include "report/graph_json.h"
-#include "report/grid_table.h"
 #include "report/json_writer.h"
 #include "report/state_json.h"
 
@@ -61,23 +63,25 @@ void writeMessages(JsonWriter& json, const ReportRun& run) {
 }
 
 template <class TextOf>
-void writeCells(JsonWriter& json, std::string_view name, const DisplayTable& table, TextOf textOf) {
+void writeCells(JsonWriter& json, std::string_view name, const Sheet& sheet, TextOf textOf) {
   json.key(name);
   json.beginArray();
-  for (const auto& row : table.rows) {
+  for (int row = 1; row <= sheet.rows(); ++row) {
     json.beginArray();
-    for (const DisplayCell& cell : row) json.value(textOf(cell));
+    for (int col = 1; col <= sheet.cols(); ++col)
+      json.value(std::string_view(textOf(sheet.at(row, col))));
     json.endArray();
   }
   json.endArray();
 }
 
-void writeTable(JsonWriter& json, const DisplayTable& table) {
+void writeTable(JsonWriter& json, const Sheet& sheet) {
   json.beginObject();
-  json.member("rows", static_cast<int>(table.rows.size()));
-  json.member("cols", static_cast<int>(table.rows.empty() ? 0 : table.rows.front().size()));
-  writeCells(json, "cells", table, [](const DisplayCell& cell) { return cell.text; });
-  writeCells(json, "back", table, [](const DisplayCell& cell) { return backName(cell.back); });
+  json.member("rows", sheet.rows());
+  json.member("cols", sheet.cols());
+  writeCells(json, "cells", sheet,
+             [](const Cell& cell) -> const std::string& { return cell.text; });
+  writeCells(json, "back", sheet, [](const Cell& cell) { return backName(cell.style.back); });
   json.endObject();
 }
 
@@ -85,7 +89,7 @@ struct ShownWriter {
   JsonWriter& json;
 
   void operator()(const Graph* graph) const { writeGraph(json, *graph); }
-  void operator()(const Grid* grid) const { writeTable(json, displayTable(*grid)); }
+  void operator()(const Grid* grid) const { writeTable(json, grid->sheet()); }
   void operator()(const TextBox* box) const {
     json.beginObject();
     json.member("text", box->text());
@@ -110,7 +114,7 @@ std::string jsonReport(ReportRun& run) {
   }
   json.endObject();
   json.endObject();
-  return json.text();
+  return std::move(json).text();
 }
 
 }  // namespace tolmer

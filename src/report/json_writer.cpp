@@ -1,5 +1,6 @@
 #include "report/json_writer.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
@@ -19,6 +20,8 @@ std::string_view notFinite(Number number) {
   if (std::isnan(number)) return "nan";
   return number > 0 ? "inf" : "-inf";
 }
+
+bool mustBeEscaped(char c) { return c == '"' || c == '\\' || static_cast<unsigned char>(c) < 0x20; }
 
 }  // namespace
 
@@ -97,28 +100,35 @@ void JsonWriter::value(double number) {
 }
 
 void JsonWriter::quote(std::string_view text) {
-  constexpr std::string_view hex = "0123456789abcdef";
   text_ += '"';
-  for (const char c : text) {
-    const auto code = static_cast<unsigned char>(c);
-    if (c == '"' || c == '\\') {
-      text_ += '\\';
-      text_ += c;
-    } else if (c == '\n') {
-      text_ += "\\n";
-    } else if (c == '\r') {
-      text_ += "\\r";
-    } else if (c == '\t') {
-      text_ += "\\t";
-    } else if (code < 0x20) {
-      text_ += "\\u00";
-      text_ += hex[code >> 4U];
-      text_ += hex[code & 15U];
-    } else {
-      text_ += c;
-    }
+  while (!text.empty()) {
+    const auto plain = std::find_if(text.begin(), text.end(), mustBeEscaped) - text.begin();
+    text_ += text.substr(0, static_cast<std::size_t>(plain));
+    text.remove_prefix(static_cast<std::size_t>(plain));
+    if (text.empty()) break;
+    escape(text.front());
+    text.remove_prefix(1);
   }
   text_ += '"';
+}
+
+void JsonWriter::escape(char c) {
+  constexpr std::string_view hex = "0123456789abcdef";
+  const auto code = static_cast<unsigned char>(c);
+  text_ += '\\';
+  if (c == '"' || c == '\\') {
+    text_ += c;
+  } else if (c == '\n') {
+    text_ += 'n';
+  } else if (c == '\r') {
+    text_ += 'r';
+  } else if (c == '\t') {
+    text_ += 't';
+  } else {
+    text_ += "u00";
+    text_ += hex[code >> 4U];
+    text_ += hex[code & 15U];
+  }
 }
 
 }  // namespace tolmer

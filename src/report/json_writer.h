@@ -4,6 +4,7 @@
 #include <concepts>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tolmer {
@@ -34,7 +35,8 @@ class JsonWriter {
     value(content);
   }
 
-  const std::string& text() const { return text_; }
+  const std::string& text() const& { return text_; }
+  std::string text() && { return std::move(text_); }
 
  private:
   struct Level {
@@ -48,6 +50,7 @@ class JsonWriter {
   void integer(long long number);
   void raw(std::string_view token);
   void quote(std::string_view text);
+  void escape(char c);
 
   std::string text_;
   std::vector<Level> levels_;

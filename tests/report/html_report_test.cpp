@@ -137,8 +137,8 @@ Element tableOf(int columns) {
   return test::MarkupReader("<!DOCTYPE html>\n" + tableHtml(table, "Long & wide")).readPage();
 }
 
-// A figure takes 0.572 of the letters' size, a point 0.268: with a padding of one, 5.3 of each column
-// of seven figures. A sheet has room for 53 upright and for 89 across.
+// A figure takes 0.572 of the letters' size, a point 0.268: with a padding of one, 5.3 of each
+// column of seven figures. A sheet has room for 53 upright and for 89 across.
 TEST(HtmlTable, LiesAcrossOrIsCutWhereASheetIsTooNarrow) {
   EXPECT_EQ(tableOf(9).attribute("class"), "upright");
   EXPECT_EQ(tableOf(15).attribute("class"), "across");
