@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <utility>
 
 namespace tolmer {
 namespace {
@@ -64,12 +65,15 @@ AxisMarks pointMarks(const GraphSettings& settings, int first) {
   const int tickEvery = std::max(1, settings.tickEvery);
   AxisMarks marks;
   for (int point = 1; point <= count; ++point) {
-    const int number = point - first;
-    const bool labelled = number % labelEvery == 0;
-    const bool ticked = number % tickEvery == 0;
-    if (labelled || ticked)
-      marks.push_back({(point - 0.5) / count, labelled ? nameOf(settings, point) : std::string(),
-                       ticked, labelled ? static_cast<double>(number / labelEvery) : 0});
+    AxisMark mark;
+    mark.place = (point - 0.5) / count;
+    mark.ticked = (point - first) % tickEvery == 0;
+    const bool labelled = (point - first) % labelEvery == 0;
+    if (labelled) mark.label = nameOf(settings, point);
+    // Labels alone are thinned: theirs are the numbers that count.
+    const int number = (point - first) / labelEvery;
+    mark.number = number;
+    if (labelled || mark.ticked) marks.push_back(std::move(mark));
   }
   return marks;
 }

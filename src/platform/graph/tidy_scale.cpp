@@ -122,10 +122,11 @@ std::vector<TidyTick> tidyTicks(const Scale& scale) {
   if (!isScale(scale)) return {};
   const Step step = bestStep(scale);
   const double near = tolerance(scale, step);
-  const double last = std::floor(scale.maximum / step.size() + near);
+  const double first = std::ceil(scale.minimum / step.size() - near);
+  const auto steps = static_cast<int>(std::floor(scale.maximum / step.size() + near) - first);
   std::vector<TidyTick> ticks;
-  for (double number = std::ceil(scale.minimum / step.size() - near); number <= last; ++number)
-    ticks.push_back({step.times(number + 0.0), number + 0.0, {}});
+  for (int i = 0; i <= steps; ++i)  // a sum of zeros of either sign is a zero without
+    ticks.push_back({step.times(first + i), first + i, {}});
   const std::vector<std::string> labels = labelsOf(ticks, step);
   for (std::size_t i = 0; i < ticks.size(); ++i) ticks[i].label = labels[i];
   return ticks;
