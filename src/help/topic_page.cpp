@@ -71,10 +71,10 @@ std::string listHtml(const PageBlock& block) {
 std::string blockHtml(const PageBlock& block) {
   switch (block.kind) {
     case PageBlock::Kind::heading:
-      return element("h2", textHtml(block.text));
+      return element("h3", textHtml(block.text));
     case PageBlock::Kind::entry:
-      return "<h3><a name=\"" + entryAnchor(block.text) + "\"></a>" + textHtml(block.text) +
-             "</h3>";
+      return "<h4><a name=\"" + entryAnchor(block.text) + "\"></a>" + textHtml(block.text) +
+             "</h4>";
     case PageBlock::Kind::list:
       return listHtml(block);
     case PageBlock::Kind::table:
@@ -129,7 +129,7 @@ std::optional<HelpLink> linkOfUrl(std::string_view url) {
 }
 
 std::string topicHtml(const HelpTopic& topic) {
-  std::string html = element("h1", markupText(topic.title));
+  std::string html = element("h2", markupText(topic.title));
   for (const PageBlock& block : pageBlocks(topic.body)) html += blockHtml(block);
   return html;
 }

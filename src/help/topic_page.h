@@ -31,7 +31,8 @@ std::optional<HelpLink> parseHelpLink(std::string_view text);
 std::string linkUrl(const HelpLink& link);
 std::optional<HelpLink> linkOfUrl(std::string_view url);
 
-// The body with its title as HTML: h1, h2, p, ul, li, table, b, a, img and span, nothing else.
+// The body with its title as HTML: h2 (the title; h1 is drawn twice as large as the text), h3, h4
+// (an entry), p, ul, li, table, b, a, img and span, nothing else.
 std::string topicHtml(const HelpTopic& topic);
 
 // What a reader of the body sees, as one text; links and pictures by their words.

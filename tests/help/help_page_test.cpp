@@ -54,7 +54,7 @@ Text with {red VIF & co} and
 | c | [d](12#e f) |
 ![A curve](curve-1.svg))");
   EXPECT_EQ(topicHtml(page),
-            "<h1>A &lt; B</h1><h2>Head <b>bold</b></h2>"
+            "<h2>A &lt; B</h2><h3>Head <b>bold</b></h3>"
             "<p>Text with <span style=\"background-color:#FF0000;color:#000000\">&nbsp;VIF &amp; "
             "co&nbsp;</span> and <a href=\"help:notebook\">words</a> on two lines.</p>"
             "<ul><li>one goes on</li><li>two</li></ul>"
@@ -70,7 +70,7 @@ TEST(HelpPage, KeepsWhatItCannotReadAsText) {
        {"a * b * c", "[x](http://evil)", "[x](../231)", "[](231)", "{blue x}", "*", "[", "{red}",
         "![p](../x.svg)", "![p](a/b.svg)", "![p](x.gif)", "[x](99999999999999999999)"}) {
     const std::string html = topicHtml(HelpTopic{.name = "p", .title = "T", .body = text});
-    EXPECT_EQ(html, "<h1>T</h1><p>" + text + "</p>");
+    EXPECT_EQ(html, "<h2>T</h2><p>" + text + "</p>");
   }
   const std::string html = topicHtml(HelpTopic{.title = "T", .body = "<img src=\"x\">\n= <b>\"\n"});
   EXPECT_THAT(html, Not(HasSubstr("<img")));
@@ -90,7 +90,7 @@ TEST(HelpReader, AnswersByFileAndNumberAndSaysWhatIsMissing) {
   EXPECT_EQ(reader.place().topic, 1U);
   reader.openContents("dataedit");
   EXPECT_EQ(reader.place().topic, 3U);
-  EXPECT_THAT(reader.html(), testing::StartsWith("<h1>Own Data"));
+  EXPECT_THAT(reader.html(), testing::StartsWith("<h2>Own Data"));
   reader.open({"tolmod", 999});
   EXPECT_EQ(reader.place().topic, 0U);
   EXPECT_THAT(reader.html(), testing::StartsWith("<p><i>The help has no page number 999."));

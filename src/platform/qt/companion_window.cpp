@@ -7,8 +7,17 @@
 
 namespace tolmer {
 
+namespace {
+
+// Only of this type does a window manager hear what it is to stand above.
+constexpr Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
+                                  Qt::WindowSystemMenuHint | Qt::WindowMaximizeButtonHint |
+                                  Qt::WindowCloseButtonHint;
+
+}  // namespace
+
 CompanionWindow::CompanionWindow(std::function<QWidget*()> top)
-    : QWidget(nullptr, Qt::Window), top_(std::move(top)), hook_([this](QEvent& event) {
+    : QWidget(nullptr, flags), top_(std::move(top)), hook_([this](QEvent& event) {
         if (event.type() == QEvent::Hide) settleLater();
         return false;
       }) {}

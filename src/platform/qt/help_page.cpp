@@ -18,9 +18,9 @@ constexpr int dotsPerInch = 96;  // so that a page on paper has the sizes of the
 
 QString pageStyle() {
   return QStringLiteral(
-             "h1 { font-size: 21px; color: %1; margin-top: 0px; margin-bottom: 8px; }"
-             "h2 { font-size: 15px; color: %1; margin-top: 16px; margin-bottom: 4px; }"
-             "h3 { font-size: 14px; margin-top: 12px; margin-bottom: 0px; }"
+             "h2 { color: %1; margin-top: 0px; margin-bottom: 8px; }"
+             "h3 { color: %1; margin-top: 16px; margin-bottom: 4px; }"
+             "h4 { margin-top: 12px; margin-bottom: 0px; }"
              "p { margin-top: 4px; margin-bottom: 8px; }"
              "li { margin-bottom: 4px; }"
              "table { border-collapse: collapse; border: 1px solid %2; margin-top: 4px; }"

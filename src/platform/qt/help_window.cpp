@@ -2,7 +2,6 @@
 
 #include <QBoxLayout>
 #include <QGuiApplication>
-#include <QLabel>
 #include <QScreen>
 #include <QShortcut>
 #include <QSplitter>
@@ -12,9 +11,9 @@
 namespace tolmer {
 namespace {
 
-constexpr QSize usualSize(800, 600);
+constexpr QSize usualSize(860, 600);
 constexpr QSize smallestSize(480, 300);
-constexpr int finderWidth = 230;
+constexpr int finderWidth = 285;
 constexpr int edge = 24;  // between the window and the screen's upper left corner
 constexpr int gap = 8;
 
@@ -46,7 +45,8 @@ HelpWindow::HelpWindow(const std::string& folder, std::function<QWidget*()> top,
       back_(button("&Back", "The page before (Alt+Left)")),
       forward_(button("&Forward", "The page that you came back from (Alt+Right)")),
       home_(button("&Contents", "All pages")),
-      print_(button("&Print", "Open this page as a document to print it (Ctrl+P)")) {
+      print_(button("&Print", "Open this page as a document to print it (Ctrl+P)")),
+      printedTo_(new QLabel) {
   setObjectName(QStringLiteral("help"));
   layOut();
   fillContents();
@@ -77,7 +77,10 @@ QWidget* HelpWindow::makeButtons() {
   auto* row = new QHBoxLayout(bar);
   row->setContentsMargins(0, 0, 0, 0);
   for (QPushButton* button : {back_, forward_, home_, print_}) row->addWidget(button);
-  row->addStretch();
+  row->addWidget(printedTo_, 1);
+  // A long path must not widen the window.
+  printedTo_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+  printedTo_->setTextInteractionFlags(Qt::TextSelectableByMouse);
   return bar;
 }
 
@@ -95,6 +98,7 @@ QWidget* HelpWindow::makeFinder() {
   query_->setClearButtonEnabled(true);
   query_->setPlaceholderText(QStringLiteral("beginning of a word"));
   contents_->setHeaderHidden(true);
+  contents_->setIndentation(16);
   contents_->setAccessibleName(QStringLiteral("Contents"));
   hits_->setAccessibleName(QStringLiteral("Pages found"));
   hits_->setWordWrap(true);
@@ -196,6 +200,7 @@ void HelpWindow::showPlace() {
   setWindowTitle(title + QStringLiteral(" - Help"));
   back_->setEnabled(reader_.canGoBack());
   forward_->setEnabled(reader_.canGoForward());
+  printedTo_->clear();
   markInContents();
 }
 
@@ -253,9 +258,10 @@ void HelpWindow::print() {
   const HelpTopic& topic = reader_.book().topic(reader_.place().topic);
   const std::string file = printed_->path().toStdString() + "/" + topic.name + ".pdf";
   const bool written = page_->writePdf(toQt(file));
-  if (written && openDocument_(file)) return;
-  print_->setEnabled(false);
-  print_->setToolTip(QStringLiteral("No program of this computer opens the page as a document"));
+  // Whether a reader really comes up, nobody tells.
+  if (written) openDocument_(file);
+  printedTo_->setText(written ? "To be printed: " + toQt(file)
+                              : QStringLiteral("The page could not be written."));
 }
 
 }  // namespace tolmer

@@ -1,6 +1,7 @@
 // The help on the screen: contents and search at the left, the page at the right.
 #pragma once
 
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -61,6 +62,7 @@ class HelpWindow : public CompanionWindow {
   QPushButton* forward_;
   QPushButton* home_;
   QPushButton* print_;
+  QLabel* printedTo_;
 };
 
 }  // namespace tolmer
