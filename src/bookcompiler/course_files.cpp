@@ -86,8 +86,8 @@ void checkCourseFile(int line, const std::string& path, const CourseFolders& fol
 void checkPicture(int line, const std::string& name, const CourseFolders& folders,
                   Complaints& complaints) {
   const std::string hostFile = hostPath(folders.program + "\\" + name);
-  if (checkExists(line, hostFile, name, complaints) && !isPng(hostFile))
-    complaints.error(line, name + " is no PNG picture");
+  if (checkExists(line, hostFile, name, complaints) && !isPicture(hostFile))
+    complaints.error(line, name + " is no PNG picture and no SVG drawing with a size");
 }
 
 }  // namespace tolmer

@@ -22,7 +22,7 @@ void checkDataSet(const DataSetClaim& claim, const CourseFolders& folders, Compl
 void checkCourseFile(int line, const std::string& path, const CourseFolders& folders,
                      Complaints& complaints);
 
-// The same for a picture, a PNG in the program's folder.
+// The same for a picture, a PNG or SVG in the program's folder or below it.
 void checkPicture(int line, const std::string& name, const CourseFolders& folders,
                   Complaints& complaints);
 

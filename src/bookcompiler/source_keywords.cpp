@@ -34,6 +34,7 @@ class SourceKeywords {
         {"outline", &SourceKeywords::outline},
         {"group", &SourceKeywords::group},
         {"database", &SourceKeywords::database},
+        {"entry", &SourceKeywords::entry},
         {"description", &SourceKeywords::description},
         {"parameters", &SourceKeywords::parameters},
         {"short", &SourceKeywords::shortName},
@@ -105,13 +106,16 @@ class SourceKeywords {
     return !entry.text.empty();
   }
 
-  void wantNoText(const SourceEntry& entry) {
-    if (!entry.text.empty()) fail("no text can stand behind \"" + entry.keyword + ":\"");
-  }
-
   Modifiers modifiers(const SourceEntry& entry, std::string_view styles = "",
                       ModifierValue takes = ModifierValue::none) {
     return parseModifiers(entry, styles, takes, complaints_);
+  }
+
+  // An element of no text.
+  bool standsAlone(const SourceEntry& entry) {
+    if (!entry.text.empty()) fail("no text can stand behind \"" + entry.keyword + ":\"");
+    endBlocks();
+    return wantPage();
   }
 
   // --- the book as a whole
@@ -214,10 +218,8 @@ class SourceKeywords {
   }
 
   void space(const SourceEntry& entry) {
-    endBlocks();
     modifiers(entry);
-    wantNoText(entry);
-    if (wantPage()) addPageElement(ElementKind::space, 0);
+    if (standsAlone(entry)) addPageElement(ElementKind::space, 0);
   }
 
   template <class Table>
@@ -236,9 +238,7 @@ class SourceKeywords {
   // --- scenario lists
   void scenarios(const SourceEntry& entry) {
     const Modifiers m = modifiers(entry, "", ModifierValue::number);
-    wantNoText(entry);
-    endBlocks();
-    if (!wantPage()) return;
+    if (!standsAlone(entry)) return;
     if (page_->iPageType != PageType::scenario)
       fail("a list of scenarios belongs on a page of type scenario");
     if (page_->iScenarioElement != 0) fail("a page has one list of scenarios");
@@ -293,9 +293,7 @@ class SourceKeywords {
   // --- outlines
   void outline(const SourceEntry& entry) {
     const Modifiers m = modifiers(entry, "", ModifierValue::number);
-    wantNoText(entry);
-    endBlocks();
-    if (!wantPage()) return;
+    if (!standsAlone(entry)) return;
     if (page_->iPageType != PageType::database)
       fail("an outline belongs on a page of type database");
     if (page_->iOutlineElement != 0) fail("a page has one outline line");
@@ -309,28 +307,31 @@ class SourceKeywords {
     outline_ = &book().uOutline[page_->iOutlineElement];
   }
 
-  void outlineRow(const SourceEntry& entry, bool isGroup) {
+  // Groups and entries say in place of their data that they have none.
+  void outlineRow(const SourceEntry& entry, const char* noData) {
+    const bool isGroup = noData == std::string_view(groupMark);
     const Modifiers m = modifiers(entry, isGroup ? "open" : "", ModifierValue::number);
     OutlineElement* const outline = outline_;
     endBlocks();
     outline_ = outline;
     wantText(entry);
-    if (!outline_) fail("a " + entry.keyword + " stands in no outline");
+    if (!outline_) fail("\"" + entry.keyword + ":\" stands in no outline");
     Database record;
     record.tName = entry.text;
     record.iLevel = m.value.empty() ? Int16{1} : m.number;
-    if (isGroup) record.tDataFileName = groupMark;
+    record.tDataFileName = noData;
     record.bExpanded = {false, m.open, m.open};
     const int before = book().uDatabase.count();
     database_ = outline_ ? &addRow(book().uDatabase, BookPart::database, record, scrapDatabase_)
                          : &(scrapDatabase_ = record);
-    databaseIsGroup_ = isGroup;
+    databaseHasNoData_ = !record.tDataFileName.empty();
     if (book().uDatabase.count() > before)
       for (OutlineEntry& one : outline_->uEntry)
         if (one.iFirstDatabase != 0) ++one.iNumDatabases;
   }
-  void group(const SourceEntry& entry) { outlineRow(entry, true); }
-  void database(const SourceEntry& entry) { outlineRow(entry, false); }
+  void group(const SourceEntry& entry) { outlineRow(entry, groupMark); }
+  void entry(const SourceEntry& entry) { outlineRow(entry, entryMark); }
+  void database(const SourceEntry& entry) { outlineRow(entry, ""); }
 
   // --- the lines that belong to a scenario or database
   void description(const SourceEntry& entry) {
@@ -344,7 +345,7 @@ class SourceKeywords {
   void databaseField(const SourceEntry& entry, std::string Database::*field, bool isFile) {
     modifiers(entry);
     if (!database_) return fail("\"" + entry.keyword + ":\" belongs to a database");
-    if (isFile && databaseIsGroup_) return fail("a group has no files");
+    if (isFile && databaseHasNoData_) return fail("a group or an entry has no files");
     database_->*field = entry.text;
     if (isFile && !entry.text.empty()) result_.courseFiles.push_back({line_, entry.text});
   }
@@ -359,7 +360,7 @@ class SourceKeywords {
     list_ = nullptr;
     outline_ = nullptr;
     database_ = nullptr;
-    databaseIsGroup_ = false;
+    databaseHasNoData_ = false;
   }
 
   Complaints& complaints_;
@@ -374,7 +375,7 @@ class SourceKeywords {
   OutlineElement* outline_ = nullptr;
   Scenario* scenario_ = nullptr;
   Database* database_ = nullptr;
-  bool databaseIsGroup_ = false;
+  bool databaseHasNoData_ = false;
   bool needsDependent_ = false;
   bool hasParameters_ = false;
   int pageLine_ = 0;

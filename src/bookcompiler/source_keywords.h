@@ -20,6 +20,10 @@ struct FileClaim {
   std::string name;
 };
 
+// The data file name of a row to read: nothing can be opened from it, as from a group, but because
+// only groupMark itself makes a heading, it stands in the outline as a database does.
+inline constexpr const char* entryMark = "Group";
+
 // A book and where in the source its rows stand.
 struct SourcedBook {
   Book book;

@@ -43,10 +43,25 @@ class StudentView {
     for (std::string& text : pageOverflow(book_, row, folders_.program))
       warn(BookPart::page, row, std::move(text));
     const PageRecord& record = book_.uPage[row];
-    const bool hasOK = record.iPageType != PageType::picture || hasPicture(record);
-    if (hasOK && !opensData(section, page, record.iPageType))
+    if (!okIsGrey(record) && !opensData(section, page, record.iPageType))
       warn(BookPart::page, row,
-           "OK opens no data on this page; on one of type picture, without a picture, it is grey");
+           "OK opens no data on this page; it is grey on one of type picture without a picture, "
+           "and on one of type database whose outline has no database");
+  }
+
+  bool okIsGrey(const PageRecord& page) const {
+    if (page.iPageType == PageType::picture) return !hasPicture(page);
+    return page.iPageType == PageType::database &&
+           !hasDatabase(book_.uOutline[page.iOutlineElement]);
+  }
+
+  bool hasDatabase(const OutlineElement& outline) const {
+    const OutlineEntry& list = outline.uEntry[1];
+    for (int k = list.iFirstDatabase; k < list.iFirstDatabase + list.iNumDatabases; ++k) {
+      const std::string& file = book_.uDatabase[k].tDataFileName;
+      if (file != groupMark && file != entryMark) return true;
+    }
+    return false;
   }
 
   bool hasPicture(const PageRecord& page) const {

@@ -20,7 +20,7 @@ using testing::IsEmpty;
 class BookCompiler : public testing::Test {
  protected:
   void SetUp() override {
-    fs::create_directories(folders.program);
+    fs::create_directories(folders.program + "/figures");
     fs::create_directories(folders.root + "/data");
     put("data/a.csv", "Y,X\n1,2\n3,4\n5,6\n");
     put("data/b.csv", "Town,Y,X\n\"A, north\",1,2\nB,3,4\n");
@@ -28,6 +28,9 @@ class BookCompiler : public testing::Test {
     put("tolmod/p.png",
         std::string_view("\x89PNG\r\n\x1A\n\0\0\0\x0DIHDR\0\0\0\x40\0\0\0\x20", 24));
     put("tolmod/x.png", "no picture at all, in spite of its name");
+    put("tolmod/x.svg", "<svg width='100%' viewBox='0 0'>");
+    put("tolmod/figures/p.svg",
+        "<?xml version='1.0'?>\n<!-- drawn -->\n<svg\n height='90px' width='120'>");
   }
 
   void put(const std::string& name, std::string_view bytes) {
@@ -66,12 +69,13 @@ TEST_F(BookCompiler, compilesEveryKindOfLine) {
       "description: one\n  two\r\n\tthree \n" +
       parameters +
       "section: First\npage: plain\nheading: H\ntext indent bold: Text: with, comma\nspace:\n"
-      "jump bold 2.1: Go\njump 0.1: Stay\ncheck indent 2: Box\nversion 7: Number\npicture: p.png\n"
+      "jump bold 2.1: Go\njump 0.1: Stay\ncheck indent 2: Box\nversion 7: Number\npicture: "
+      "figures\\p.svg\n"
       "section: Second\npage: scenario\nscenarios 1:\nscenario: A\ndescription: About A\n" +
       parameters + "scenario: B\nparameters: \\DATA\\B.CSV, , False, True, 2, 2, 0\n" +
       "page: database\noutline 2:\ngroup 1 open: G\ndescription: About G\ndatabase 2: D\n"
       "description: About D\nshort: d\ndata: \\data\\a.csv\nlabels: \\data\\a.inf\n"
-      "column heading: Case\npage: 3\ndefault database: One\nshort: o\n");
+      "column heading: Case\nentry 2: E\npage: 3\ndefault database: One\nshort: o\n");
   EXPECT_EQ(book.tTitle, "Title");
   EXPECT_EQ(book.tChapter, "Ch. 17 Größen");
   EXPECT_EQ(book.uDefaultScenario.tDesc, "one two three");
@@ -91,12 +95,13 @@ TEST_F(BookCompiler, compilesEveryKindOfLine) {
   EXPECT_EQ(book.uScenario[1].tDesc, "About A");
   EXPECT_EQ(book.uScenario[2].tParameter[1], "\\DATA\\B.CSV");
   EXPECT_EQ(book.uScenario[2].tParameter[7], "0");
-  const OutlineEntry entry{0, 0, 0, 1, 2};
+  const OutlineEntry entry{0, 0, 0, 1, 3};
   EXPECT_EQ(book.uOutline[1], (OutlineElement{2, 0, 0, {OutlineEntry{}, entry, entry}}));
   EXPECT_EQ(book.uDatabase[1].tDataFileName, "group");
   EXPECT_EQ(book.uDatabase[1].bExpanded, (std::array<bool, 3>{false, true, true}));
   EXPECT_EQ(book.uDatabase[2],
             (Database{"D", "d", 2, "About D", "\\data\\a.csv", "\\data\\a.inf", "Case", {}}));
+  EXPECT_EQ(book.uDatabase[3].tDataFileName, "Group") << "opens nothing, but is no heading";
   EXPECT_EQ(book.uDefaultDatabase[1].tShortName, "o");
   EXPECT_EQ(book.uDefaultDatabase[2], Database{});
 }
@@ -132,7 +137,9 @@ TEST_F(BookCompiler, namesLineAndReasonOfEachFault) {
       {minimal + "jump 0.2: x\n", "7: jump element: there is no page 2 of section 1"},
       {minimal + "jump 2.1: x\n", "7: jump element: there is no page 1 of section 2"},
       {minimal + "picture: q.png\n", "7: there is no file q.png"},
-      {minimal + "picture: x.png\n", "7: x.png is no PNG picture"},
+      {minimal + "picture: x.png\n", "7: x.png is no PNG picture and no SVG"},
+      {minimal + "picture: x.svg\n", "7: x.svg is no PNG picture and no SVG"},
+      {minimal + "entry 1: E\n", "7: \"entry:\" stands in no outline"},
       {head + "description: x\ndescription: y\n", "6: a second \"description:\""},
       {minimal + "title: again\n", "7: a second \"title:\""},
       {minimal + "page: seven\n", "7: a page is plain, picture, scenario, database or a number"},
@@ -152,7 +159,8 @@ TEST_F(BookCompiler, namesLineAndReasonOfEachFault) {
       {head + "section: S\npage: scenario\nscenarios 0:\n",
        "7: scenario element: it lists 0 scenarios"},
       {databasePage, "7: outline element: its list is empty"},
-      {databasePage + "group 1: G\ndata: \\data\\a.csv\n", "9: a group has no files"},
+      {databasePage + "group 1: G\ndata: \\data\\a.csv\n", "9: a group or an entry has no files"},
+      {databasePage + "entry 1: E\nlabels: \\data\\a.inf\n", "9: a group or an entry has no files"},
       {databasePage + "database 1: D\ndata: \\data\\none.csv\n", "9: there is no file"},
       {databasePage + "database 1: D\ndata: data\\a.csv\n", "9: a path must begin with a"},
       {databasePage + "database -1: D\n", "8: database: its level is below 0"},
@@ -286,6 +294,7 @@ TEST_F(BookCompiler, warnsOfWhatAStudentWouldStumbleOver) {
       {minimal + "page: scenario\n" + list, ""},
       {three + "page: plain\n", std::string("11: ") + opensNothing},
       {three + database + "short\n", std::string("11: ") + opensNothing},
+      {three + "page: database\noutline:\ngroup 1: G\nentry 2: E\n", ""},
       {three + "page: picture\npicture: p.png\n", std::string("11: ") + opensNothing},
       {minimal + "section: Two\npage: scenario\n" + list, std::string("8: ") + opensNothing},
   };
