@@ -142,17 +142,27 @@ bool MainFlow::takeDataSource() {
       state_.bUseDefaultData = false;
       return true;
     case 5:
-      // As after Cancel in the data editor, which is not part of this release: the source stays,
-      // and where there is no analysis to go back to, the notebook comes back.
-      state_.bNewDataRequested = state_.bStartingUp;
-      return false;
+      return takeEditorData();
     default:
       return true;
   }
 }
 
+// After Cancel the source stays what it was; where there is no analysis yet to go back to, the
+// notebook comes back. The same holds where there is no editor.
+bool MainFlow::takeEditorData() {
+  if (parts_.editor) parts_.editor->ShowDataEditor();
+  if (!parts_.editor || parts_.editor->UserCancel()) {
+    state_.bNewDataRequested = state_.bStartingUp;
+    return false;
+  }
+  state_.iDataSource = dataEditor;
+  return true;
+}
+
 void MainFlow::showDesigner() {
-  frmModelDesign designer(parts_.desktop, state_, {*this, parts_.tProgramFolder}, parts_.frame);
+  frmModelDesign designer(parts_.desktop, state_, {*this, parts_.tProgramFolder, parts_.editor},
+                          parts_.frame);
   designer.ShowInitialChildren = [this] { parts_.manager.ShowInitialChildren(); };
   designer.showModal();
 }
@@ -200,7 +210,20 @@ void MainFlow::showNotebook() {
 }
 
 void MainFlow::changeDataSource() {
-  if (state_.iDataSource == databasePage || state_.iDataSource == scenarioExample) showNotebook();
+  if (state_.iDataSource == dataEditor)
+    editData();
+  else if (state_.iDataSource == databasePage || state_.iDataSource == scenarioExample)
+    showNotebook();
+}
+
+void MainFlow::editData() {
+  if (!parts_.editor) return;
+  parts_.editor->ShowDataEditor();
+  if (parts_.editor->UserCancel()) return;
+  state_.bChangeModelOnly = false;
+  state_.bChangeDataOnly = true;
+  showDesigner();
+  if (state_.bModelHasChanged) parts_.analysis.RunAnalysis();
 }
 
 std::string MainFlow::LastScenarioParameter(int iIndex) const {

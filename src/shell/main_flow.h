@@ -53,6 +53,8 @@ class MainFlow : public ScenarioSource {
   void askWhetherToExit();
   void loadUntilModelStands();
   bool takeDataSource();
+  bool takeEditorData();
+  void editData();
   void showDesigner();
 
   ShellParts& parts_;

@@ -4,6 +4,7 @@
 #include <functional>
 #include <string>
 
+#include "data/data_sources.h"
 #include "notebook/notebook.h"
 #include "shell/about.h"
 #include "shell/analysis.h"
@@ -44,6 +45,7 @@ struct ShellParts {
   Analysis analysis{state, desktop, displays, panel};
   QuadrantManager manager{state, desktop, displays, frame, menus, panel};
   frmAbout about{desktop};
+  EditorData* editor = nullptr;  // the student's own data; null where there is no editor
 };
 
 }  // namespace tolmer

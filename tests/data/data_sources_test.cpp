@@ -2,6 +2,7 @@
 
 #include "course_folder.h"
 #include "platform/headless/headless_desktop.h"
+#include "support/stand_in_editor.h"
 
 namespace tolmer {
 namespace {

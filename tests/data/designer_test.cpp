@@ -4,6 +4,7 @@
 #include "support/headless_user.h"
 #include "support/layout_check.h"
 #include "support/script.h"
+#include "support/stand_in_editor.h"
 
 namespace tolmer {
 namespace {
