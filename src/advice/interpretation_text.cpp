@@ -9,6 +9,7 @@
 #include "engine/fitted_equation.h"
 #include "engine/number_format.h"
 #include "engine/number_picture.h"
+#include "state/model_variables.h"
 
 namespace tolmer {
 namespace {
@@ -28,14 +29,9 @@ bool areTermsOfModel(const AnalysisState& state) {
 // Does the record hold all that the text speaks of? Not before the first fit, nor while the next
 // one is being made.
 bool isFilled(const AnalysisState& state) {
-  const auto reaches = [](const auto& array, int last) {
-    return array.size() > static_cast<std::size_t>(last);
-  };
-  const int variables = state.iNumPredictors + 1;
-  return hasModel(state) && state.iNumTerms > 0 && reaches(state.iModelCol, variables) &&
-         reaches(state.iVarType, variables) && state.dDescStat.lastColumn() >= variables &&
-         reaches(state.sVIF, state.iNumPredictors) && reaches(state.Fit.sCoef, state.iNumTerms) &&
-         reaches(state.iTermCol, state.iNumTerms + 1) && areTermsOfModel(state);
+  const auto lastTerm = static_cast<std::size_t>(state.iNumTerms) + 1;
+  return isAnalysed(state) && state.iNumTerms > 0 && state.iTermCol.size() > lastTerm &&
+         areTermsOfModel(state);
 }
 
 // With a leading blank, where a negative number has its sign.
@@ -43,6 +39,7 @@ std::string counted(int number) { return " " + std::to_string(number); }
 
 std::string percentage(float share) { return formatNumber(100.0 * share, "0.0"); }
 
+// "thesample" belongs to the text.
 const char* sampleSizeAdvice(const AnalysisState& state) {
   if (state.iNumPredictors == 0) return "";
   const float r = static_cast<float>(state.iNumCases) / static_cast<float>(state.iNumPredictors);
@@ -98,8 +95,7 @@ std::vector<Awkward> awkwardVariables(const AnalysisState& state) {
         std::max(std::fabs(state.dDescStat(3, i)), std::fabs(state.dDescStat(4, i))));
     if (state.iVarType[at] == dummyVariable || m == 0) continue;
     const double g = std::log10(double{m});
-    if (g > 4 || g < -1)
-      variables.push_back({state.tVarName[static_cast<std::size_t>(state.iModelCol[at])], g > 4});
+    if (g > 4 || g < -1) variables.push_back({variableName(state, i), g > 4});
   }
   return variables;
 }

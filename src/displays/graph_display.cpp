@@ -5,6 +5,7 @@
 #include "platform/desktop.h"
 #include "platform/graph/graph.h"
 #include "platform/graph/svg_writer.h"
+#include "state/model_variables.h"
 
 namespace tolmer {
 
@@ -49,9 +50,6 @@ void GraphDisplay::describe(std::string text) {
   GraphPointer->setAccessibleDescription(std::move(text));
 }
 
-bool GraphDisplay::hasResiduals() const {
-  return state_.iCompletedFits > 0 && state_.iNumCases > 0 &&
-         state_.sSortedResid.size() > static_cast<std::size_t>(state_.iNumCases);
-}
+bool GraphDisplay::hasResiduals() const { return state_.iCompletedFits > 0 && isAnalysed(state_); }
 
 }  // namespace tolmer

@@ -23,7 +23,7 @@ class GraphDisplay : public DisplayWindow {
   void Form_MouseUp(MouseButton button) override;
   // What a screen reader says of the graph as it is drawn now.
   void describe(std::string text);
-  // Is there a fit whose residuals can be drawn?
+  // Is there a fit of the present model, whose residuals can be drawn?
   bool hasResiduals() const;
 
  private:

@@ -7,6 +7,7 @@
 #include "platform/graph/palette.h"
 
 namespace tolmer {
+
 void beginHistogram(Graph& graph, std::span<const Int16> iClassCount, int iNumClasses) {
   graph.settings.graphType = GraphType::symbols;
   graph.resetData(graphData::all);

@@ -11,9 +11,9 @@ struct NormalCurve {
   double dLow;        // where the curve begins
   double dHigh;       // and ends, but for one step
   float sMean;        // of the normal distribution
-  float sStdDev;      //
-  float sAxisMin;     // the horizontal axis
-  float sAxisLength;  //
+  float sStdDev;      // of the normal distribution
+  float sAxisMin;     // where the horizontal axis begins
+  float sAxisLength;  // from there to its end
   float sFrequency;   // cases times class width: turns a density into an expected count
 };
 

@@ -26,8 +26,9 @@ class frmProbPlot final : public GraphDisplay {
   std::vector<float> expectedResiduals() const;
   std::string description() const;
 
-  float msXMin = 0;   // least value of both axes, without the shift
-  float msXStep = 1;  //
+  // Of both axes: the least value, without the shift, and the steps from there.
+  float msXMin = 0;
+  float msXStep = 1;
   Int16 miXTicks = 0;
 };
 

@@ -16,7 +16,7 @@
 namespace tolmer {
 namespace {
 
-// One label and tick mark at every so many cases, for 6 to 15 of them in all plots but the largest.
+// One label and tick mark at every so many cases, which makes 5 to 15 of them for 5 to 639 cases.
 int labelDistance(int iNumCases) {
   if (iNumCases > 299) return 40;
   if (iNumCases > 159) return 20;
@@ -154,11 +154,8 @@ void frmScatterPlot::DrawTimePlot() {
 }
 
 void frmScatterPlot::DrawHorizontalAxis() {
-  const Axis& axis = gphScatter.settings.y;
-  const float sRange = axis.maximum - axis.minimum;
   const double left = gphScatter.SDKInfo(7);
-  const double bottom = gphScatter.SDKInfo(8);
-  const double y0 = msYShift * gphScatter.SDKInfo(6) / sRange + bottom;
+  const double y0 = viewHeight(0);
   DrawingView& view = gphScatter.GSUseView();
   view.GSLoadRFont(100);
   view.GSLineAbs(left, y0, left + gphScatter.SDKInfo(5), y0, 1, 2, palette::black);
@@ -166,17 +163,20 @@ void frmScatterPlot::DrawHorizontalAxis() {
   drawBand(-3, "-3SE");
 }
 
-void frmScatterPlot::drawBand(double dStdErrs, const char* tText) {
+double frmScatterPlot::viewHeight(double dResidual) const {
   const Axis& axis = gphScatter.settings.y;
   const float sRange = axis.maximum - axis.minimum;
+  const double value = dResidual + msYShift;
+  return (value - axis.minimum) * gphScatter.SDKInfo(6) / sRange + gphScatter.SDKInfo(8);
+}
+
+void frmScatterPlot::drawBand(double dStdErrs, const char* tText) {
   const double left = gphScatter.SDKInfo(7);
   const double right = left + gphScatter.SDKInfo(5);
   const double bottom = gphScatter.SDKInfo(8);
-  const double height = gphScatter.SDKInfo(6);
-  const double value = dStdErrs * state_.Fit.sStdErr + msYShift;
-  const double y = (value - axis.minimum) * height / sRange + bottom;
+  const double y = viewHeight(dStdErrs * state_.Fit.sStdErr);
   DrawingView& view = gphScatter.GSUseView();
-  if (y > bottom && y < bottom + height)
+  if (y > bottom && y < bottom + gphScatter.SDKInfo(6))
     view.GSLineAbs(left, y, right, y, 1, 2, palette::brightRed);
   view.GSRText(right, y, overlayText::plain, tText);
 }

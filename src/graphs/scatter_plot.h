@@ -38,6 +38,8 @@ class frmScatterPlot final : public GraphDisplay {
   // The zero line of residuals and their bands at three standard errors.
   void DrawHorizontalAxis();
   void drawBand(double dStdErrs, const char* tText);
+  // Where a residual stands, in view units.
+  double viewHeight(double dResidual) const;
   void ShowCorr();
   void ShowAutoCorr();
 

@@ -7,6 +7,7 @@
 #include "graphs/overlay_text.h"
 #include "graphs/spoken_text.h"
 #include "platform/graph/palette.h"
+#include "state/model_variables.h"
 
 namespace tolmer {
 namespace {
@@ -61,8 +62,7 @@ double frmVIFPlot::barLength(int iPredictor) const {
 }
 
 const std::string& frmVIFPlot::predictorName(int iPredictor) const {
-  const Int16 column = state_.iModelCol[static_cast<std::size_t>(iPredictor) + 1];
-  return state_.tVarName[static_cast<std::size_t>(column)];
+  return variableName(state_, iPredictor + 1);
 }
 
 void frmVIFPlot::OverlayReferenceLines() {

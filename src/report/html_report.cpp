@@ -13,6 +13,7 @@
 #include "report/html_style.h"
 #include "report/html_table.h"
 #include "report/reading_order.h"
+#include "state/model_variables.h"
 
 namespace tolmer {
 namespace {
@@ -55,11 +56,6 @@ std::string contentsHtml(const std::vector<ReportedDisplay>& displays) {
     html += "<li><a href=\"#" + std::string(display.name) + "\">" +
             markupText(display.window->caption()) + "</a></li>\n";
   return html + "</ol>\n</nav>\n";
-}
-
-// The name of the model's variable i: 1 the dependent one, then the predictors.
-std::string variableName(const AnalysisState& state, int i) {
-  return state.tVarName[static_cast<std::size_t>(state.iModelCol[static_cast<std::size_t>(i)])];
 }
 
 std::string predictorNames(const AnalysisState& state) {

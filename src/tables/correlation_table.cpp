@@ -5,7 +5,7 @@
 
 #include "engine/number_picture.h"
 #include "engine/t_distribution.h"
-#include "tables/model_variables.h"
+#include "state/model_variables.h"
 #include "tables/rows_below.h"
 #include "tables/table_style.h"
 

@@ -3,8 +3,8 @@
 #include <cmath>
 
 #include "engine/number_picture.h"
+#include "state/model_variables.h"
 #include "tables/case_columns.h"
-#include "tables/model_variables.h"
 #include "tables/rows_below.h"
 #include "tables/table_style.h"
 

@@ -7,7 +7,7 @@
 
 #include "engine/number_format.h"
 #include "engine/number_picture.h"
-#include "tables/model_variables.h"
+#include "state/model_variables.h"
 #include "tables/table_style.h"
 
 namespace tolmer {

@@ -11,8 +11,8 @@
 
 #include "engine/number_format.h"
 #include "engine/number_picture.h"
+#include "state/model_variables.h"
 #include "tables/case_columns.h"
-#include "tables/model_variables.h"
 #include "tables/table_style.h"
 
 namespace tolmer {
@@ -23,7 +23,7 @@ enum Column { observed = 1, fitted, residual, standardized, comment };
 
 constexpr std::array heads = {"Y Obs", "Y Est", "Resid", "Std Resid", "Comment"};
 
-// So many standard errors or more, and how they are marked; the farthest first.
+// More than so many standard errors, and how they are marked; the farthest first.
 struct Band {
   float beyond;
   Colour back;
@@ -102,7 +102,7 @@ Sheet withHeads(Sheet sheet, const AnalysisState& state) {
 
 Sheet residualListSheet(const AnalysisState& state) {
   const int left = caseColumns(state);
-  if (listedVariables(state) == 0) return withHeads(Sheet(1, left + standardized), state);
+  if (!isAnalysed(state)) return withHeads(Sheet(1, left + standardized), state);
   const ResidualRows rows(state);
   const bool bComments = rows.hasComments();
   Sheet sheet(state.iNumCases + 1, left + (bComments ? comment : standardized));

@@ -51,6 +51,22 @@ TEST_F(GraphDisplayTest, WithoutAFitThereIsNothingToDraw) {
   EXPECT_THAT(early.gphResidHist.overlay(), IsEmpty());
 }
 
+// A window may change its size between the choice of a model and its analysis.
+TEST_F(GraphDisplayTest, DrawsNothingOfAModelThatIsNotAnalysedYet) {
+  test::setInnerSize(display, 500, 300);
+  const AnalysisState analysed = state;
+  for (const auto& [cases, predictors] : {std::pair{10, 2}, std::pair{24, 9}, std::pair{99, 2}}) {
+    state.iNumCases = static_cast<Int16>(cases);
+    state.iNumPredictors = static_cast<Int16>(predictors);
+    RedimDataArrays(state);
+    state.iModelCol[1] = 1;
+    test::setInnerSize(display, 510 + cases, 300);
+    EXPECT_THAT(graph.accessibleDescription(), HasSubstr("of 24 residuals"));
+    EXPECT_EQ(graph.picture().size.width, 500) << cases << " cases, " << predictors;
+    state = analysed;
+  }
+}
+
 TEST_F(GraphDisplayTest, ClicksReachThePanelAndTheMenu) {
   EXPECT_EQ(display.GraphPointer, &graph);
   graph.click();

@@ -24,9 +24,9 @@ inline void setInnerSize(Window& window, double width, double height) {
   window.reportInnerSize({pixels(static_cast<float>(width)), pixels(static_cast<float>(height))});
 }
 
-// A fit whose residuals are the given ones as they stand.
+// A fit of a model without data, whose residuals are the given ones as they stand.
 inline void setResiduals(AnalysisState& state, std::vector<float> sorted, float standardError) {
-  state.iNumCases = static_cast<Int16>(sorted.size());
+  state = emptyModel(static_cast<int>(sorted.size()), 1);
   sorted.insert(sorted.begin(), 0);
   state.sSortedResid = sorted;
   state.Fit.sStdErr = standardError;

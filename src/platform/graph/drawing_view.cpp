@@ -5,6 +5,7 @@
 #include <cstdlib>
 #include <utility>
 
+#include "platform/graph/layout.h"
 #include "platform/graph/palette.h"
 #include "platform/text_metrics.h"
 
@@ -70,7 +71,7 @@ void DrawingView::GSRText(double x, double y, int flags, const std::string& text
   const bool centred = (flags & textFlags::centred) != 0;
   const bool hanging = (flags & textFlags::hanging) != 0;
   if (!centred && std::abs(x - picture_.plot.right()) < 0.5) x += distanceFromFrame;
-  const double baseline = hanging ? y - hangingBaseline * pixels_ : y - 0.33 * pixels_;
+  const double baseline = hanging ? y - hangingBaseline * pixels_ : centredBaseline(y, pixels_);
   picture_.addText({{x, baseline}, text, pixels_, centred ? Align::centre : Align::left});
 }
 
