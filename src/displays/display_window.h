@@ -28,7 +28,7 @@ class DisplayHost {
 };
 
 // A display reads the analysis state and redraws itself wholly from it. Of the state it writes only
-// the guards of its own resizing and the reference frmCurrentDisplay.
+// the guard of its own resizing, frmCurrentDisplay and, if it is a scatter plot, iCurrentPlot.
 class DisplayWindow : public Window {
  public:
   DisplayWindow(Desktop& desktop, AnalysisState& state, DisplayHost& host, std::string name,

@@ -50,6 +50,6 @@ void GraphDisplay::describe(std::string text) {
   GraphPointer->setAccessibleDescription(std::move(text));
 }
 
-bool GraphDisplay::hasResiduals() const { return state_.iCompletedFits > 0 && isAnalysed(state_); }
+bool GraphDisplay::hasFit() const { return state_.iCompletedFits > 0 && isAnalysed(state_); }
 
 }  // namespace tolmer

@@ -23,8 +23,8 @@ class GraphDisplay : public DisplayWindow {
   void Form_MouseUp(MouseButton button) override;
   // What a screen reader says of the graph as it is drawn now.
   void describe(std::string text);
-  // Is there a fit of the present model, whose residuals can be drawn?
-  bool hasResiduals() const;
+  // Is there a fit of the present model? Otherwise the graph stays as it is.
+  bool hasFit() const;
 
  private:
   // The graph fills the window; no redraw follows.

@@ -21,7 +21,7 @@ frmProbPlot::frmProbPlot(Desktop& desktop, AnalysisState& state, DisplayHost& ho
 }
 
 void frmProbPlot::drawDisplay() {
-  if (!hasResiduals()) return;
+  if (!hasFit()) return;
   ScaleAxis();
   DrawScatter();
   OverlayDiagonal();

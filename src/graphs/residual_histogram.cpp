@@ -22,7 +22,7 @@ frmResidHist::frmResidHist(Desktop& desktop, AnalysisState& state, DisplayHost& 
 }
 
 void frmResidHist::drawDisplay() {
-  if (!hasResiduals()) return;
+  if (!hasFit()) return;
   ScaleResids();
   DrawHistogram();
   OverlayNormalDist();

@@ -44,7 +44,7 @@ void frmScatterPlot::UpdateControls() {
 }
 
 void frmScatterPlot::drawDisplay() {
-  if (!hasResiduals()) return;
+  if (!hasFit()) return;
   takeChoices();
   FindYHatMax();
   if (isEntryOrder(state_, miXChoice))

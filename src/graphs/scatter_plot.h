@@ -47,7 +47,7 @@ class frmScatterPlot final : public GraphDisplay {
   void beginPlot(GraphType type, int iSymbol);
   void scaleVertically();
   float scaleHorizontally();  // returns the shift
-  // Least and largest value of a choice, as tables and lists know them.
+  // Least and largest value of what stands on an axis, by its choice.
   Range rangeOf(int iChoice) const;
 
   const Int16 miNumber;

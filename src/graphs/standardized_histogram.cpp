@@ -25,7 +25,7 @@ frmStdResidHist::frmStdResidHist(Desktop& desktop, AnalysisState& state, Display
 }
 
 void frmStdResidHist::drawDisplay() {
-  if (!hasResiduals()) return;
+  if (!hasFit()) return;
   DrawHistogram();
   OverlayNormalDist();
   describe(description());

@@ -28,7 +28,7 @@ frmVIFPlot::frmVIFPlot(Desktop& desktop, AnalysisState& state, DisplayHost& host
 }
 
 void frmVIFPlot::drawDisplay() {
-  if (!hasResiduals()) return;
+  if (!hasFit()) return;
   DrawVIFBarChart();
   OverlayReferenceLines();
   describe(description());
