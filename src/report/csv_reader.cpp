@@ -30,6 +30,19 @@ void replaceControls(std::string& content) {
   std::replace_if(content.begin(), content.end(), acts, '?');
 }
 
+// A name stands within sentences and scales: line ends in it become blanks.
+std::string onOneLine(std::string_view text) {
+  std::string line;
+  for (const char c : text) {
+    const bool breaks = c == '\r' || c == '\n' || c == '\t';
+    if (!breaks)
+      line += c;
+    else if (!line.ends_with(' '))
+      line += ' ';
+  }
+  return line;
+}
+
 Error errorAtLine(const std::string& fileName, int line, std::string_view text) {
   return {fileName + ":" + std::to_string(line), std::string(text)};
 }
@@ -159,7 +172,7 @@ Result<bool> CsvTable::takeHeading(const Record& heading) {
     return errorAtLine(fileName_, heading.line,
                        "more than " + std::to_string(mostColumns) + " columns");
   for (int column = 0; column < count; ++column) {
-    std::string name(trimmed(text(heading.fields[static_cast<std::size_t>(column)])));
+    std::string name = onOneLine(trimmed(text(heading.fields[static_cast<std::size_t>(column)])));
     if (name.empty()) name = "Col " + std::to_string(column + 1);
     if (find(name) >= 0)
       return Error{

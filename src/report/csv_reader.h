@@ -3,7 +3,7 @@
 // Fields may stand in double quotes and then hold commas, line ends and doubled quotes. Lines end
 // in CR LF, LF or CR; empty ones are skipped. UTF-8 with or without a byte-order mark, or
 // Windows-1252; control characters become question marks. A heading without a name is called after
-// its place, "Col 3".
+// its place, "Col 3"; a line end within a name is a blank.
 #pragma once
 
 #include <cstddef>

@@ -122,11 +122,12 @@ TableParts partsOf(const DisplayTable& table) {
 std::vector<ColumnBlock> columnBlocks(const std::vector<double>& widths, std::size_t leadColumns,
                                       double room) {
   const BlockCutter cutter{widths, std::min(leadColumns, widths.size())};
-  const auto blocks = cutter.cut(room);
+  auto blocks = cutter.cut(room);
   // As many blocks, but of like widths: the narrowest room that needs no more.
-  for (double even = cutter.evenRoom(blocks.size()); even < room; even += 1) {
-    auto evenBlocks = cutter.cut(even);
-    if (evenBlocks.size() <= blocks.size()) return evenBlocks;
+  const double least = cutter.evenRoom(blocks.size());
+  for (int more = 0; least + more < room; ++more) {
+    auto even = cutter.cut(least + more);
+    if (even.size() <= blocks.size()) return even;
   }
   return blocks;
 }

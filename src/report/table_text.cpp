@@ -75,7 +75,7 @@ class TableSetter {
     return mark ? mark->mark : std::string_view();
   }
 
-  std::string inColour(const DisplayCell& cell, std::string text) const {
+  std::string inColour(const DisplayCell& cell, const std::string& text) const {
     const Mark* mark = coloured_ ? markOf(cell) : nullptr;
     return mark ? std::string(mark->escape) + text + std::string(plain) : text;
   }

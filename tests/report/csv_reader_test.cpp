@@ -29,8 +29,8 @@ TEST(CsvTable, QuotesLineEndsAndBlankLines) {
   EXPECT_EQ(table->errorAt(1, 2, "bad").where, "t.csv:5:3");  // the quoted line end counts
 }
 
-TEST(CsvTable, DoubledQuotesInTheHeading) {
-  const auto table = CsvTable::parse("t.csv", "\"a \"\"big\"\" one\",b\n1,2\n");
+TEST(CsvTable, DoubledQuotesAndLineEndsInTheHeading) {
+  const auto table = CsvTable::parse("t.csv", "\"a \"\"big\"\"\r\none\",b\n1,2\n");
   ASSERT_TRUE(table);
   EXPECT_EQ(table->find("a \"big\" one"), 0);
   EXPECT_EQ(table->find("a"), -1);

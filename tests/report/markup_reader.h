@@ -71,7 +71,7 @@ class MarkupReader {
   std::string upTo(std::string_view ends) {
     const auto end = page_.find_first_of(ends, at_);
     if (end == page_.npos || end == at_) fail("no name");
-    const std::string text(page_.substr(at_, end - at_));
+    std::string text(page_.substr(at_, end - at_));
     at_ = end;
     return text;
   }

@@ -16,7 +16,7 @@ namespace tolmer::test {
 
 // A folder with a table of ten flats, and the report program called as from a shell.
 class ReportFixture : public testing::Test {
- protected:
+ public:
   ReportFixture() {
     folder =
         std::filesystem::temp_directory_path() / ("tolmer_report_" + std::to_string(::getpid()));
@@ -26,6 +26,7 @@ class ReportFixture : public testing::Test {
   }
   ~ReportFixture() override { std::filesystem::remove_all(folder); }
 
+ protected:
   std::string write(const std::string& name, std::string_view bytes) const {
     std::ofstream(folder / name, std::ios::binary) << bytes;
     return (folder / name).string();
@@ -45,7 +46,7 @@ class ReportFixture : public testing::Test {
     return JsonReader(output(words, "json")).readAll();
   }
   // The same analysis, with the displays at hand.
-  static std::unique_ptr<ReportRun> analysed(const std::string& table, ReportOptions options,
+  static std::unique_ptr<ReportRun> analysed(const std::string& table, const ReportOptions& options,
                                              Size displaySize = {pixels(960), pixels(500)}) {
     const auto csv = CsvTable::open(table);
     auto copy = dataSetFromTable(*csv, options);
