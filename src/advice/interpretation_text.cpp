@@ -93,7 +93,7 @@ std::vector<Awkward> awkwardVariables(const AnalysisState& state) {
     const auto at = static_cast<std::size_t>(i);
     const auto m = static_cast<float>(
         std::max(std::fabs(state.dDescStat(3, i)), std::fabs(state.dDescStat(4, i))));
-    if (state.iVarType[at] == dummyVariable || m == 0) continue;
+    if (state.iVarType[at] == dummyVariable) continue;
     const double g = std::log10(double{m});
     if (g > 4 || g < -1) variables.push_back({variableName(state, i), g > 4});
   }

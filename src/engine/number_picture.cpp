@@ -163,8 +163,8 @@ std::string scientificText(Decimal value, Picture picture) {
 template <class Value>
 std::string byPicture(Value value, std::string_view picture) {
   if (picture.empty()) return generalText(value);
-  if (picture.find_first_not_of('*') == std::string_view::npos) return std::string(picture);
   if (!std::isfinite(value)) return "NA";
+  if (picture.find_first_not_of('*') == std::string_view::npos) return std::string(picture);
   const Picture parts = readPicture(picture);
   const Decimal decimal = decimalOf(value);
   return parts.scientific ? scientificText(decimal, parts) : fixedText(decimal, parts);

@@ -34,15 +34,11 @@ void putVariable(Sheet& sheet, int row, const VariableSummary& variable) {
   const auto set = [&](int col, std::string text) {
     put(sheet, row, col, std::move(text), bodyStyle(col == name ? Align::left : Align::centre));
   };
-  // The extremes are values of the data, and shown as the data are: as singles.
-  const auto datum = [&](double value) {
-    return formatNumber(static_cast<float>(value), variable.tFormat);
-  };
   set(name, variable.tName);
   set(mean, formatNumber(variable.dMean, picture(variable.dMean)));
   set(deviation, formatNumber(variable.dSampleSD, picture(variable.dPopulationSD)));
-  set(minimum, datum(variable.dMin));
-  set(maximum, datum(variable.dMax));
+  set(minimum, formatNumber(variable.dMin, variable.tFormat));
+  set(maximum, formatNumber(variable.dMax, variable.tFormat));
   set(range, rangeWord(variable.dMax - variable.dMin));
   set(type, typeWord(variable.iType));
 }

@@ -185,8 +185,9 @@ TEST(NumberFormat, ValuesThatAreNotFiniteDoNoHarm) {
     for (const float value : {infinity, -infinity, nan}) {
       EXPECT_EQ(FindFormatStringValue(value, 4, 8, digitsMode, true, true, true), "0");
       const std::string picture = columnFormat({1.5F, value, -2}, 4, 8, digitsMode);
-      EXPECT_EQ(formatNumber(value, picture), picture == "********" ? picture : "NA");
+      EXPECT_EQ(formatNumber(value, picture), "NA");
     }
+  EXPECT_EQ(formatNumber(infinity, "********"), "NA");
   EXPECT_EQ(columnFormat({3.4e38F}), "0.00E+00");
 }
 
