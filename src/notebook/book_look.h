@@ -13,15 +13,14 @@ namespace tolmer::book_look {
 inline constexpr Colour paper = colours::white;
 inline constexpr Colour linkInk = colours::buttonText;  // the front end shows links in its own blue
 inline constexpr Colour ink = Colour::rgb(33, 37, 41);
-inline constexpr Colour headingInk = Colour::rgb(38, 62, 92);  // the blue of the program's icon
+inline constexpr Colour headingInk = Colour::rgb(38, 62, 92);  // the curtain's blue
 inline constexpr Colour quietInk = Colour::rgb(106, 115, 125);
 
 // Few: the system looks up each font, weight and size anew, and the start waits for it.
 inline constexpr Font textFont{FontFamily::interface, 12, false};
 inline constexpr Font boldFont{FontFamily::interface, 12, true};
-inline constexpr Font openingFont{FontFamily::serif, 24, false};  // as the curtain's
 inline constexpr Font headingFont{FontFamily::serif, 20, true};
-inline constexpr Font coverHeadingFont{FontFamily::serif, 24, true};
+inline constexpr Font coverHeadingFont{FontFamily::serif, 24, true};  // as the curtain's
 inline constexpr Font pageHeaderFont{FontFamily::serif, 15, false};
 
 // Where the elements of a page stand.

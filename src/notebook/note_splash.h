@@ -1,9 +1,8 @@
 // The cover of the book, on the screen while the program loads.
 #pragma once
 
+#include "notebook/cover_board.h"
 #include "notebook/notebook.h"
-#include "platform/image.h"
-#include "platform/label.h"
 #include "platform/panel.h"
 #include "platform/tab_book.h"
 #include "platform/timer.h"
@@ -22,19 +21,17 @@ class frmNoteSplash : public Window {
 
   bool bUserClickeCover = false;
 
-  Panel pnlCover{this, "pnlCover"};  // the book's board, within its edge
-  Image imgCoverBackground{&pnlCover, "imgCoverBackground"};
-  Panel pnlContinueMessage{&pnlCover, "pnlContinueMessage", " Click on the book to continue..."};
-  Panel pnlLoadInfo{&pnlCover, "pnlLoadInfo"};
+  CoverBoard board;
+  Panel pnlContinueMessage{&board.pnlCover, "pnlContinueMessage",
+                           " Click on the book to continue..."};
+  Panel pnlLoadInfo{&board.pnlCover, "pnlLoadInfo"};
   Panel pnlChapterName{&pnlLoadInfo, "pnlChapterName"};
   Panel pnlStatusMessage{&pnlLoadInfo, "pnlStatusMessage", "Loading . ."};
-  Label lblCoverTitle{&pnlCover, "lblCoverTitle", "Zelmar"};
   TabBook tbCover{this, "tbCover"};
   Timer tmrLoading;
 
  private:
   void placeControls();
-  void dressControls();
   void Form_KeyPress(const KeyPress& press, bool& consumed);
 
   NoteBook& nbNoteBook_;

@@ -59,11 +59,9 @@ void NoteBook::StartAndShowNotebook() {
   bAppIsLoading = false;
   desktop_.doEvents();
   cover_.reset();
-  frmOpeningBook(desktop_).showModal();
+  frmOpeningBook(desktop_, tProgramFolder).showModal();
 
-  window().tbNoteBook.setActive(0, 0);
-  window().HideControlsOnPage();
-  window().SetupPage(1, 1);
+  window().goTo(1, 1);
   ShowNotebook();
   if (ShowHider && unloadHider) unloadHider();
 }

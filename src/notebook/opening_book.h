@@ -1,18 +1,19 @@
 #pragma once
 
-#include "platform/panel.h"
+#include "notebook/cover_board.h"
 #include "platform/timer.h"
 #include "platform/window.h"
 
 namespace tolmer {
 
-// The message between the cover and the first page; shown modally, it goes away by itself after a
-// second.
+// The message between the loading and the first page, on the same cover; shown modally, it goes
+// away by itself after a second.
 class frmOpeningBook : public Window {
  public:
-  explicit frmOpeningBook(Desktop& desktop);
+  frmOpeningBook(Desktop& desktop, const std::string& programFolder);
 
-  Panel SSPanel1{this, "SSPanel1", "Opening the Zelmar Notebook..."};
+  CoverBoard board;
+  Panel SSPanel1{&board.pnlCover, "SSPanel1", "Opening the Zelmar Notebook..."};
   Timer tmrClose;
 };
 

@@ -34,7 +34,7 @@ std::string pattern(const Font& font, Size room) {
 }  // namespace
 
 Curtain::Curtain(Container* parent, std::string name) : Panel(parent, std::move(name)) {
-  setFont({FontFamily::serif, 24, false});
+  setFont({FontFamily::serif, 24, true});
   setBackColour(Colour::rgb(38, 62, 92));
   setForeColour(Colour::rgb(52, 78, 110));
   setAccessibleName("Zelmar");  // the pattern read aloud would not end

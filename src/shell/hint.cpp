@@ -13,7 +13,7 @@ frmHint::frmHint(Desktop& desktop, std::string programFolder)
   setPlace({0, 0, pixels(420), pixels(150)});
   pnlHint.setPlace({pixels(20), pixels(20), pixels(80), pixels(30)});
   pnlHint.setFont({FontFamily::interface, 14, true});
-  imgMouse.setPlace({pixels(36), pixels(62), pixels(48), pixels(64)});
+  imgMouse.setPlace({pixels(28), pixels(60), pixels(72), pixels(72)});
   imgMouse.setAccessibleName("A mouse with its right button lit");
   Label1.setPlace({pixels(120), pixels(24), pixels(280), pixels(60)});
   Label1.setFont({FontFamily::interface, 14, false});

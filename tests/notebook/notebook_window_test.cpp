@@ -333,6 +333,111 @@ TEST_F(NotebookWindow, checksAndVersionsAreRecordedByTheirNumberOnThePage) {
   EXPECT_EQ(noteBook.GetVersion(2, 3), 99);
 }
 
+TEST_F(NotebookWindow, pagesTurnByKeysWithinTheirSection) {
+  show(
+      [&] {
+        const auto turn = [&](int code) {
+          user.key("frmNotebook", {code, false, true});
+          return noteBook.LastPageNumber();
+        };
+        EXPECT_EQ(turn(keys::pageUp), 1) << "there is none before";
+        EXPECT_EQ(turn(keys::pageDown), 2);
+        EXPECT_EQ(turn(keys::pageDown), 3);
+        EXPECT_EQ(turn(keys::pageDown), 3);
+        EXPECT_EQ(turn(keys::pageUp), 2);
+        EXPECT_EQ(window().tbNoteBook.activePage(), 1);
+        EXPECT_EQ(noteBook.LastSectionNumber(), 2);
+        click("cmdOK");
+      },
+      2, 1);
+}
+
+// Return after a page was turned by Return must not close the book by accident.
+TEST_F(NotebookWindow, theFocusOfALinkThatIsGoneDoesNotFallOnOK) {
+  show(
+      [&] {
+        click("lblNextPage");
+        EXPECT_EQ(window().focus(), &window().lblNextPage);
+        click("lblNextPage");
+        EXPECT_EQ(window().focus(), &window().lblPreviousPage) << "the last page";
+        click("lblContentsEntry(1)");  // to page 1 of the section, which has no jump
+        EXPECT_EQ(window().focus(), &window().tbNoteBook);
+        click("optScenario(1)");
+        window().goTo(2, 2);
+        EXPECT_EQ(window().focus(), &window().tbNoteBook);
+        click("cmdOK");
+      },
+      2, 1);
+}
+
+TEST_F(NotebookWindow, keysInAnOutlineChooseAndOpen) {
+  show(
+      [&] {
+        auto& outline = get<Outline>("outOutline(1)");
+        const auto press = [&](int code) { user.key("frmNotebook", {code}); };
+        outline.setFocus();
+        outline.moveTo(0);
+        EXPECT_TRUE(outline.expanded(0)) << "on the way nothing closes";
+        EXPECT_FALSE(window().cmdOK.enabled());
+        press(' ');
+        EXPECT_FALSE(outline.expanded(0));
+        press(keys::enter);
+        EXPECT_TRUE(outline.expanded(0));
+        outline.moveTo(2);
+        EXPECT_EQ(get<Label>("lblDatabaseDesc(1)").caption(), "About Second");
+        EXPECT_TRUE(window().cmdOK.enabled());
+        outline.openByUser(0, false);
+        EXPECT_EQ(outline.listIndex(), 0) << "what was selected is out of sight";
+        EXPECT_FALSE(window().cmdOK.enabled());
+        outline.openByUser(0, true);
+        outline.moveTo(1);
+        press(keys::enter);  // on a database it is OK
+      },
+      2, 2);
+  EXPECT_EQ(noteBook.LastAction(), NoteBook::closedByOK);
+  EXPECT_EQ(noteBook.LastDatabaseName(1), "First");
+}
+
+TEST_F(NotebookWindow, aSelectionWithinAClosedGroupIsInSightAtFirst) {
+  Book book = test::sampleBook();
+  book.uOutline[1].uEntry[1].iSelectedItem = 4;
+  load(book);
+  show(
+      [&] {
+        EXPECT_TRUE(get<Outline>("outOutline(1)").expanded(3));
+        get<Outline>("outOutline(1)").openByUser(3, false);
+        window().goTo(2, 1);
+        window().goTo(2, 2);
+        EXPECT_FALSE(get<Outline>("outOutline(1)").expanded(3)) << "as the student left it";
+        click("cmdCancel");
+      },
+      2, 2);
+}
+
+TEST_F(NotebookWindow, oneOfTwoOutlinesOnAGroupIsEnoughToForbidOK) {
+  show(
+      [&] {
+        get<Outline>("outOutline(2)").click(0);
+        EXPECT_FALSE(window().cmdOK.enabled());
+        get<Outline>("outOutline(1)").click(2);
+        EXPECT_FALSE(window().cmdOK.enabled());
+        get<Outline>("outOutline(2)").click(1);
+        EXPECT_TRUE(window().cmdOK.enabled());
+        click("cmdOK");
+      },
+      2, 2);
+}
+
+// A book that was never shown at a page goes back to its first one.
+TEST_F(NotebookWindow, cancelWithoutAStartIsTheFirstPage) {
+  window().goTo(2, 3);
+  window().cmdCancel_Click();
+  EXPECT_EQ(noteBook.LastAction(), NoteBook::closedByCancel);
+  EXPECT_EQ(noteBook.LastSectionNumber(), 1);
+  EXPECT_EQ(noteBook.LastPageNumber(), 1);
+  EXPECT_EQ(noteBook.LastPageType(), PageType::picture);
+}
+
 TEST_F(NotebookWindow, helpIsAButtonAndAKey) {
   show([&] {
     click("cmdHelp");
@@ -353,7 +458,7 @@ TEST_F(NotebookWindow, everyPageAndWindowCanBeSeenAndRead) {
   EXPECT_EQ(test::layoutFaults(cover), "");
   frmSampleOnly sample(desktop, "");
   EXPECT_EQ(test::layoutFaults(sample), "");
-  frmOpeningBook opening(desktop);
+  frmOpeningBook opening(desktop, folder.path());
   EXPECT_EQ(test::layoutFaults(opening), "");
 }
 

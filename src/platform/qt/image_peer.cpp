@@ -2,6 +2,7 @@
 
 #include <QImageReader>
 #include <QPainter>
+#include <QPixmapCache>
 
 #include "platform/qt/convert.h"
 #include "platform/qt/make_peer.h"
@@ -24,26 +25,35 @@ class PictureWidget : public QWidget {
     if (file_.isEmpty()) return;
     const double ratio = devicePixelRatioF();
     const QSize room = size() * ratio;
-    if (room != room_ || picture_.isNull()) read(room, ratio);
+    if (room != room_ || picture_.isNull()) find(room, ratio);
     const QSizeF shown = picture_.deviceIndependentSize();
     QPainter painter(this);
-    painter.drawImage(QPointF((width() - shown.width()) / 2, (height() - shown.height()) / 2),
-                      picture_);
+    painter.drawPixmap(QPointF((width() - shown.width()) / 2, (height() - shown.height()) / 2),
+                       picture_);
   }
 
  private:
-  void read(QSize room, double ratio) {
+  // A drawing that stands on several windows, as the cover's, is read once for each size.
+  void find(QSize room, double ratio) {
     room_ = room;
+    const QString key = QStringLiteral("%1 %2 %3").arg(file_).arg(room.width()).arg(room.height());
+    const bool isDrawing = file_.endsWith(".svg", Qt::CaseInsensitive);
+    if (isDrawing && QPixmapCache::find(key, &picture_)) return;
+    read(room, ratio);
+    if (isDrawing) QPixmapCache::insert(key, picture_);
+  }
+
+  void read(QSize room, double ratio) {
     // The named format spares a look at every format the system knows.
     QImageReader reader(file_, file_.endsWith(".svg", Qt::CaseInsensitive) ? "svg" : "png");
     reader.setAutoDetectImageFormat(false);
     reader.setScaledSize(reader.size().scaled(room, Qt::KeepAspectRatio));
-    picture_ = reader.read();
+    picture_ = QPixmap::fromImageReader(&reader);
     picture_.setDevicePixelRatio(ratio);
   }
 
   QString file_;
-  QImage picture_;
+  QPixmap picture_;
   QSize room_;
 };
 
