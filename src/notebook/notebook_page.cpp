@@ -84,6 +84,7 @@ void frmNotebook::SetupPage(int iSection, int iPage) {
     CheckOKEnabled();
   else
     cmdOK.setEnabled(onCoverPage || page.iPageType != PageType::picture || showsPicture);
+  picPageContainer.orderStopsByPlace();
   recordPage(iSection, iPage);
 }
 
@@ -136,7 +137,7 @@ void frmNotebook::ShowOutlineElement(int iOutlineElementIndex) {
   for (int j = 1; j <= element.iNumOutlines; ++j) {
     const OutlineEntry& entry = element.uEntry[static_cast<std::size_t>(j)];
     const int control = entry.iControlIndex;
-    expandGroupsOnce(control);
+    expandGroupsOnce(control, entry.iSelectedItem);
     setListIndex(control, entry.iSelectedItem);
     elements.showOutline(control);
     ShowRightDatafileDesc(control);
@@ -144,10 +145,12 @@ void frmNotebook::ShowOutlineElement(int iOutlineElementIndex) {
   }
 }
 
-// On the first showing of an outline the groups that the course wants open are opened.
-void frmNotebook::expandGroupsOnce(int iControlIndex) {
+// On the first showing of an outline the groups that the course wants open are opened, and those
+// around the selected item: what OK would open is then in sight.
+void frmNotebook::expandGroupsOnce(int iControlIndex, int iSelectedItem) {
   BuiltOutline& built = outlines_.at(static_cast<std::size_t>(iControlIndex));
   if (built.expandedOnce) return;
+  selectOutlineItem(iControlIndex, iSelectedItem);
   for (const int item : built.groupsToExpand)
     elements.outOutline(iControlIndex).setExpanded(item, true);
   built.expandedOnce = true;

@@ -88,6 +88,8 @@ void frmNotebook::dressControls() {
   dress(lblProductName, boldFont, quietInk, Align::centre);
   dress(lblPreviousPage, textFont, linkInk, Align::centre);
   dress(lblNextPage, textFont, linkInk, Align::centre);
+  lblPreviousPage.setTip("Ctrl+Page Up");
+  lblNextPage.setTip("Ctrl+Page Down");
   lblPreviousPage.setIsLink(true);
   lblNextPage.setIsLink(true);
   for (int i = 0; i < 2; ++i)
@@ -108,6 +110,7 @@ void frmNotebook::connectEvents() {
     nbNoteBook.SetVersion(section(), pageNumber(), index, static_cast<Int16>(value));
   };
   elements.pictureClicked = [this] { imgPicture_Click(); };
+  elements.outlineMoved = [this](int index) { takeSelectedItem(index); };
   elements.outlineClicked = [this](int index) { outOutline_Click(index); };
   elements.outlineDoubleClicked = [this](int index) { outOutline_DblClick(index); };
   scenarios.selected = [this](int index) {
@@ -119,11 +122,7 @@ void frmNotebook::connectEvents() {
   cmdHelp.Click = [this] { cmdHelp_Click(); };
   tmrFlashOK.Tick = [this] { tmrFlashOK_Timer(); };
   Activate = [this] { Form_Activate(); };
-  KeyDown = [this](const KeyPress& press, bool& consumed) {
-    if (press.code != keys::f1) return;
-    consumed = true;
-    cmdHelp_Click();
-  };
+  KeyDown = [this](const KeyPress& press, bool& consumed) { Form_KeyDown(press, consumed); };
   // the close box leaves the book as the button does
   QueryUnload = [this](bool& cancel) {
     cancel = true;
@@ -132,17 +131,27 @@ void frmNotebook::connectEvents() {
 }
 
 void frmNotebook::tbNoteBook_TabPageActivate(int TabToActivate, int PageToActivate) {
-  if (TabToActivate < 0) return;
-  UpdateLock still(*this);
-  HideControlsOnPage();
-  SetupPage(TabToActivate + 1, PageToActivate + 1);
+  if (TabToActivate >= 0) goTo(TabToActivate + 1, PageToActivate + 1);
 }
 
 void frmNotebook::goTo(int iSection, int iPage) {
   UpdateLock still(*this);
+  Control* const before = focus();
   HideControlsOnPage();
   SetupPage(iSection, iPage);
   tbNoteBook.setActive(iSection - 1, iPage - 1);
+  keepFocus(before);
+}
+
+// Where the control with the focus is not on the new page, the focus must not fall on OK: the next
+// Return would close the book.
+void frmNotebook::keepFocus(Control* before) {
+  if (!before) return;
+  if (before->canBeUsed()) return before->setFocus();
+  Control* other = before == &lblNextPage       ? &lblPreviousPage
+                   : before == &lblPreviousPage ? &lblNextPage
+                                                : nullptr;
+  (other && other->canBeUsed() ? other : &tbNoteBook)->setFocus();
 }
 
 void frmNotebook::turnPage(int step) { goTo(section(), pageNumber() + step); }
@@ -156,11 +165,15 @@ void frmNotebook::outOutline_Click(int Index) {
   Outline& outline = elements.outOutline(Index);
   const int item = outline.listIndex();
   if (!mbProcessControlEvents_ || item < 0) return;
+  takeSelectedItem(Index);
+  if (!outline.items().at(static_cast<std::size_t>(item)).isLeaf)
+    outline.setExpanded(item, !outline.expanded(item));
+}
+
+void frmNotebook::takeSelectedItem(int Index) {
   ShowRightDatafileDesc(Index);
   RecordSelectedDatabase(Index);
   CheckOKEnabled();
-  if (!outline.items().at(static_cast<std::size_t>(item)).isLeaf)
-    outline.setExpanded(item, !outline.expanded(item));
 }
 
 void frmNotebook::outOutline_DblClick(int Index) {
@@ -187,6 +200,19 @@ void frmNotebook::tmrFlashOK_Timer() {
 void frmNotebook::Form_Activate() {
   recordPage(section(), pageNumber());
   desktop().doEvents();
+}
+
+// The pages of a section turn by keys too, wherever the focus is.
+void frmNotebook::Form_KeyDown(const KeyPress& press, bool& consumed) {
+  const bool turns = press.control && !press.alt && !press.shift;
+  if (press.code == keys::f1) {
+    consumed = true;
+    cmdHelp_Click();
+  } else if (turns && (press.code == keys::pageUp || press.code == keys::pageDown)) {
+    consumed = true;
+    const bool forward = press.code == keys::pageDown;
+    if ((forward ? lblNextPage : lblPreviousPage).visible()) turnPage(forward ? 1 : -1);
+  }
 }
 
 void frmNotebook::cmdOK_Click() {

@@ -74,7 +74,7 @@ class frmNotebook : public Window {
   bool showElements(const PageRecord& page, int iSection, int iPage);
   void ShowScenarioElement(int iScenarioElementIndex, int iSection, int iPage);
   void ShowOutlineElement(int iOutlineElementIndex);
-  void expandGroupsOnce(int iControlIndex);
+  void expandGroupsOnce(int iControlIndex, int iSelectedItem);
   void setListIndex(int iControlIndex, int iItem);
   void RecordSelectedScenario(int iSection, int iPage, int iSelectedItem);
   void RecordSelectedDatabase(int iControlIndex);
@@ -86,12 +86,15 @@ class frmNotebook : public Window {
 
   void tbNoteBook_TabPageActivate(int TabToActivate, int PageToActivate);
   void turnPage(int step);
+  void keepFocus(Control* before);
   void lblContentsEntry_Click(int Index);
   void outOutline_Click(int Index);
+  void takeSelectedItem(int Index);
   void outOutline_DblClick(int Index);
   void imgPicture_Click();
   void tmrFlashOK_Timer();
   void Form_Activate();
+  void Form_KeyDown(const KeyPress& press, bool& consumed);
 
   // What an outline on the screen stands for, and which of its groups are open at first.
   struct BuiltOutline {

@@ -54,6 +54,7 @@ void PageElements::hideAll() {
 void PageElements::beginPage() {
   used_ = {};
   nextControlTop_ = firstTop;
+  heading_.clear();
 }
 
 bool PageElements::show(const Book& book, const PageElement& element,
@@ -117,6 +118,7 @@ void PageElements::ShowTextElement(const TextElement& text) {
 void PageElements::ShowHeadingElement(const std::string& heading) {
   if (++used_.heading > lblHeading.last()) loadLabel(lblHeading, headingFont, headingInk);
   placeText(lblHeading(used_.heading), plainLeft, heading);
+  heading_ = heading;
 }
 
 void PageElements::ShowJumpElement(const JumpElement& jump) {
@@ -150,6 +152,7 @@ void PageElements::ShowBitmapElement(const std::string& hostFile) {
   const float scale = std::min({1.0F, roomWide / natural.width, roomHigh / natural.height});
   const Size shown{natural.width * scale, natural.height * scale};
   picture.setFile(hostFile);
+  picture.setAccessibleName(heading_.empty() ? "Picture" : "Picture: " + heading_);
   picture.setPlace(
       {page_.width() / 2 - shown.width / 2, nextControlTop_, shown.width, shown.height});
   picture.setVisible(true);
@@ -215,6 +218,12 @@ int PageElements::loadOutline() {
   const int index = outOutline.last();
   outline.setPlace({outlineLeft, 0, outlineSize.width, outlineSize.height});
   outline.setAccessibleName("Databases");
+  outline.KeyDown = [this, index](const KeyPress& press, bool& consumed) {
+    outOutline_KeyDown(index, press, consumed);
+  };
+  outline.Moved = [this, index] {
+    if (outlineMoved) outlineMoved(index);
+  };
   outline.Click = [this, index] {
     if (outlineClicked) outlineClicked(index);
   };
@@ -225,10 +234,22 @@ int PageElements::loadOutline() {
   return index;
 }
 
+// The space bar does as a click, and so does Return on a group, where OK has nothing to open.
+void PageElements::outOutline_KeyDown(int index, const KeyPress& press, bool& consumed) {
+  Outline& outline = outOutline(index);
+  const int item = outline.listIndex();
+  if (item < 0 || press.control || press.alt) return;
+  const bool isGroup = !outline.items().at(static_cast<std::size_t>(item)).isLeaf;
+  if (press.code != ' ' && !(press.code == keys::enter && isGroup)) return;
+  consumed = true;
+  outline.click(item);
+}
+
 void PageElements::describeOutline(int index, const std::string& text) {
   Label& label = lblDatabaseDesc(index);
   const Twips width = page_.width() - descriptionLeft - rightMargin;
   label.setCaption(text);
+  outOutline(index).setAccessibleDescription(text);
   label.setPlace({descriptionLeft, label.top(), width,
                   std::min(heightOf(label.font(), text, width), outlineSize.height)});
 }

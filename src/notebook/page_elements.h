@@ -52,6 +52,7 @@ class PageElements {
   std::function<void(int, int)> versionChanged;  // index, new value
   std::function<void()> pictureClicked;
   std::function<void(int)> outlineClicked;
+  std::function<void(int)> outlineMoved;
   std::function<void(int)> outlineDoubleClicked;
 
  private:
@@ -70,6 +71,7 @@ class PageElements {
 
  private:
   void loadLabel(ControlArray<Label>& labels, const Font& font, Colour colour);
+  void outOutline_KeyDown(int index, const KeyPress& press, bool& consumed);
   void placeText(Label& label, Twips left, const std::string& text);
 
   // How many controls of each kind the present page uses.
@@ -79,6 +81,7 @@ class PageElements {
   Counts used_;
   std::vector<JumpElement> jumps_ = std::vector<JumpElement>(1);  // by index of lblContentsEntry
   Twips nextControlTop_ = 0;
+  std::string heading_;  // last one on the page: what its pictures are about
   bool mbProcessCheckEvents_ = true;
   bool mbProcessVersionEvents_ = true;
 };

@@ -78,6 +78,7 @@ void ScenarioList::showOption(int index, Twips spacing) {
   const Twips top = spacing * static_cast<float>(index) + optionsTop;
   optScenario(index).setTag(std::to_string(scenarioOf(index)));
   optScenario(index).setAccessibleName(name);
+  optScenario(index).setAccessibleDescription(scenarios_[scenarioOf(index)].tDesc);
   optScenario(index).setPlace({80, top, optionSide, optionSide});
   lblScenName(index).setCaption(name);
   const Twips height = std::min(heightOf(textFont, name, nameWidth), spacing);

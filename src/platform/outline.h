@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <utility>
 #include <vector>
@@ -53,11 +54,31 @@ class Outline : public Control {
       setListIndex(index);
   }
   void doubleClick() { raise(DblClick); }
+  // The keys lead to another item, which opens and closes nothing on the way.
+  void moveTo(int index) {
+    if (index < 0 || index >= static_cast<int>(items_.size())) return;
+    if (assign(listIndex_, index, Change::value)) raise(Moved);
+  }
+
+  // The user opens or closes an item by its mark or by keys. What is selected within a closed one
+  // would be out of sight, so the item itself is selected then.
+  void openByUser(int index, bool open) {
+    if (!open && isWithin(listIndex_, index)) moveTo(index);
+    setExpanded(index, open);
+  }
 
   Event<> Click;
+  Event<> Moved;  // by keys, or with a group that was closed
   Event<> DblClick;
 
  private:
+  bool isWithin(int index, int group) const {
+    if (index <= group) return false;
+    const auto first = items_.begin() + group;
+    return std::all_of(first + 1, items_.begin() + index + 1,
+                       [first](const Item& item) { return item.indent > first->indent; });
+  }
+
   std::vector<Item> items_;
   int listIndex_ = -1;
 };

@@ -26,6 +26,13 @@ class Panel : public Container {
     notify(Change::look);
   }
   int raised() const { return raised_; }  // counts the calls of bringToFront
+  // The Tab key goes through what stands on it from top to bottom, whatever was constructed first;
+  // to be called again after controls were moved.
+  void orderStopsByPlace() {
+    stopsByPlace_ = true;
+    notify(Change::children);
+  }
+  bool stopsByPlace() const { return stopsByPlace_; }
 
   Event<> Click;
 
@@ -33,6 +40,7 @@ class Panel : public Container {
   std::string caption_;
   int raised_ = 0;
   bool border_ = false;
+  bool stopsByPlace_ = false;
 };
 
 }  // namespace tolmer

@@ -189,7 +189,7 @@ TEST_F(MirrorTest, BookTurnsByMouseAndKeys) {
   auto& tabs = *widgetOf(book).findChild<QTabBar*>();
   EXPECT_EQ(tabs.currentIndex(), 1);
   QTest::mouseClick(&tabs, Qt::LeftButton, {}, tabs.tabRect(2).center());
-  user.key("frmTest", {keys::pageDown, false, true});  // Ctrl and page down: round to the first
+  user.key("frmTest", {keys::tab, false, true});  // Ctrl and Tab: round to the first
   user.key("frmTest", {keys::tab, false, true});
   EXPECT_EQ(events, "2.0 0.0 1.2 ");
   EXPECT_EQ(book.activeTab(), 1);
@@ -206,7 +206,7 @@ TEST_F(MirrorTest, OutlineOpensAndChooses) {
     events += std::to_string(outline.listIndex());
     if (outline.listIndex() == 0) outline.setExpanded(0, !outline.expanded(0));
   };
-  outline.DblClick = [&] { events += 'd'; };
+  outline.Moved = [&] { events += "m" + std::to_string(outline.listIndex()); };
   show();
   auto& tree = as<QTreeWidget>(outline);
   const auto click = [&](const QTreeWidgetItem* item) {
@@ -220,10 +220,15 @@ TEST_F(MirrorTest, OutlineOpensAndChooses) {
   tree.topLevelItem(0)->setExpanded(true);
   EXPECT_TRUE(outline.expanded(0));
   QTest::keyClick(&tree, Qt::Key_Down);
-  EXPECT_EQ(events, "001");
+  EXPECT_EQ(events, "00m1");
+  QTest::mouseClick(tree.viewport(), Qt::LeftButton, {},
+                    {6, tree.visualItemRect(tree.topLevelItem(0)).center().y()});
+  EXPECT_EQ(events, "00m1m0") << "by its mark a group is only closed, and takes the selection";
+  EXPECT_FALSE(outline.expanded(0) || tree.topLevelItem(0)->isExpanded());
+  EXPECT_EQ(tree.currentItem(), tree.topLevelItem(0));
   outline.setListIndex(2);
   EXPECT_EQ(tree.currentItem(), tree.topLevelItem(1));
-  EXPECT_EQ(events, "0012");
+  EXPECT_EQ(events, "00m1m02");
 }
 
 TEST_F(MirrorTest, OtherWidgetsFollowTheirModels) {

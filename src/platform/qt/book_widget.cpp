@@ -86,9 +86,7 @@ BookWidget::BookWidget(QWidget* parent) : QWidget(parent), tabs_(new BookTabs(th
     auto* shortcut = new QShortcut(keys, this);
     connect(shortcut, &QShortcut::activated, this, [this, step] { stepBy(step); });
   };
-  key(QKeySequence(Qt::CTRL | Qt::Key_PageDown), 1);
   key(QKeySequence(Qt::CTRL | Qt::Key_Tab), 1);
-  key(QKeySequence(Qt::CTRL | Qt::Key_PageUp), -1);
   key(QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_Tab), -1);
 }
 

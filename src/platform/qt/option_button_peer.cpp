@@ -1,6 +1,7 @@
 #include "platform/option_button.h"
 
 #include <QRadioButton>
+#include <algorithm>
 
 #include "platform/qt/convert.h"
 #include "platform/qt/make_peer.h"
@@ -29,6 +30,17 @@ class OptionButtonPeer : public ControlPeer {
     widget_->setAutoExclusive(false);
     widget_->setChecked(option_.value());
     widget_->setAutoExclusive(true);
+    shareTabStop();
+  }
+
+  // Tab leads to the option that is on, and passes the others.
+  void shareTabStop() {
+    const auto options =
+        widget_->parentWidget()->findChildren<QRadioButton*>(QString(), Qt::FindDirectChildrenOnly);
+    const bool oneIsOn = std::any_of(options.begin(), options.end(),
+                                     [](const QRadioButton* one) { return one->isChecked(); });
+    for (QRadioButton* one : options)
+      one->setFocusPolicy(oneIsOn && !one->isChecked() ? Qt::ClickFocus : Qt::StrongFocus);
   }
 
   OptionButton& option_;

@@ -28,7 +28,7 @@ class OutlinePeer : public ControlPeer {
     // By the keyboard, or by whatever works the tree from outside.
     on(tree_, &QTreeWidget::currentItemChanged, [this](QTreeWidgetItem* item) {
       if (QApplication::mouseButtons() != Qt::NoButton) return;
-      tell([&outline = outline_, index = indexOf(item)] { outline.setListIndex(index); });
+      tell([&outline = outline_, index = indexOf(item)] { outline.moveTo(index); });
     });
     on(tree_, &QTreeWidget::itemExpanded, [this](QTreeWidgetItem* item) { opened(item, true); });
     on(tree_, &QTreeWidget::itemCollapsed, [this](QTreeWidgetItem* item) { opened(item, false); });
@@ -45,7 +45,7 @@ class OutlinePeer : public ControlPeer {
   }
 
   void opened(QTreeWidgetItem* item, bool open) {
-    tell([&outline = outline_, index = indexOf(item), open] { outline.setExpanded(index, open); });
+    tell([&outline = outline_, index = indexOf(item), open] { outline.openByUser(index, open); });
   }
 
   void update(Change what) override {

@@ -4,6 +4,7 @@
 
 #include "platform/qt/convert.h"
 #include "platform/qt/make_peer.h"
+#include "platform/qt/siblings.h"
 #include "platform/qt/theme.h"
 
 namespace tolmer {
@@ -65,6 +66,8 @@ class PanelPeer : public ContainerPeer {
       widget()->raise();
     }
     ContainerPeer::update(what);
+    if (has(what, Change::children) && panel_.stopsByPlace() && panel_.window())
+      orderTabStops(*panel_.window());
   }
   // Painted text by itself is hidden from a screen reader.
   std::string accessibleName() const override {

@@ -24,8 +24,14 @@ void stackUnderLaterOnes(Control& control, Place next, Place end) {
   if (above != end) ControlPeer::widgetOf(control)->stackUnder(ControlPeer::widgetOf(**above));
 }
 
+bool hasTextOfItsOwn(const Control& control) {
+  return control.kind() == ControlKind::label || control.kind() == ControlKind::button ||
+         control.kind() == ControlKind::checkBox || control.kind() == ControlKind::optionButton;
+}
+
 void makeBuddies(Control& before, Control& after) {
-  if (before.kind() != ControlKind::label || before.takesFocus() || !after.takesFocus()) return;
+  if (before.kind() != ControlKind::label || before.takesFocus()) return;
+  if (!after.takesFocus() || hasTextOfItsOwn(after)) return;
   auto* label = qobject_cast<QLabel*>(ControlPeer::widgetOf(before));
   QWidget* widget = ControlPeer::widgetOf(after);
   if (!label || !widget) return;
@@ -33,9 +39,19 @@ void makeBuddies(Control& before, Control& after) {
   before.peer()->changed(Change::text);  // only with a buddy does "&" mark a letter
 }
 
-// What the Tab key stops at, in the order of construction.
+bool stopsByPlace(const Container& container) {
+  return container.kind() == ControlKind::panel &&
+         static_cast<const Panel&>(container).stopsByPlace();
+}
+
+// What the Tab key stops at, in the order of construction or as the container wants it.
 void collectStops(const Container& container, std::vector<QWidget*>& stops) {
-  for (Control* child : container.children()) {
+  std::vector<Control*> children = container.children();
+  if (stopsByPlace(container))
+    std::stable_sort(children.begin(), children.end(), [](const Control* a, const Control* b) {
+      return std::pair(a->top(), a->left()) < std::pair(b->top(), b->left());
+    });
+  for (Control* child : children) {
     if (QWidget* widget = ControlPeer::widgetOf(*child); widget && child->takesFocus())
       stops.push_back(widget);
     if (const auto* inner = dynamic_cast<const Container*>(child)) collectStops(*inner, stops);
@@ -50,10 +66,16 @@ void placeInTabOrder(Control& control, QWidget* widget) {
   const auto here = std::find(stops.begin(), stops.end(), widget);
   if (here != stops.begin() && here != stops.end())
     return QWidget::setTabOrder(*(here - 1), widget);
-  for (std::size_t i = 1; i < stops.size(); ++i) QWidget::setTabOrder(stops[i - 1], stops[i]);
+  orderTabStops(*control.window());
 }
 
 }  // namespace
+
+void orderTabStops(const Window& window) {
+  std::vector<QWidget*> stops;
+  collectStops(window, stops);
+  for (std::size_t i = 1; i < stops.size(); ++i) QWidget::setTabOrder(stops[i - 1], stops[i]);
+}
 
 void takePlaceAmongSiblings(Control& control) {
   if (!control.parent()) return;

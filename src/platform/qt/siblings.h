@@ -9,4 +9,7 @@ namespace tolmer {
 // makes a label just before a control that takes the focus its buddy.
 void takePlaceAmongSiblings(Control& control);
 
+// Puts all that the Tab key stops at in a window into its order.
+void orderTabStops(const Window& window);
+
 }  // namespace tolmer
