@@ -1,0 +1,42 @@
+// What the data editor's sheet holds, apart from how it is shown and edited.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "state/analysis_state.h"
+#include "state/matrix.h"
+
+namespace tolmer {
+
+// A cell keeps its exact value: never what is shown of it.
+struct DataCell {
+  enum class Kind : std::uint8_t { empty, number, text, formula };
+  Kind kind = Kind::empty;
+  double number = 0;   // of a number, and the last result of a formula
+  std::string text{};  // a label or heading; the source of a formula with its "="; the text of an
+                       // error that stands for a formula's result is the sheet's own affair
+
+  friend bool operator==(const DataCell&, const DataCell&) = default;
+};
+
+// Row 0 holds the headings, rows 1..observations the cases; column 0 the labels, columns
+// 1..variables the values.
+struct SheetContent {
+  SheetContent() = default;
+  SheetContent(int observations, int variables)
+      : cells(observations, variables),
+        decimals(static_cast<std::size_t>(variables) + 1, Int16{3}) {}
+
+  int observations() const { return cells.lastRow(); }
+  int variables() const { return cells.lastColumn(); }
+
+  Matrix<DataCell> cells;
+  std::vector<Int16> decimals;  // (0..variables) digits shown right of the point; element 0 unused
+  std::string title;
+
+  friend bool operator==(const SheetContent&, const SheetContent&) = default;
+};
+
+}  // namespace tolmer
