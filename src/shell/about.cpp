@@ -22,7 +22,7 @@ frmAbout::frmAbout(Desktop& desktop)
   // A press of the mouse copies by itself; this is the press of a key.
   lblWebAddress.Click = [this] { this->desktop().setClipboard({.text = webAddress}); };
   lblWebAddress.MouseDown = [this](MouseButton) { lblWebAddress_MouseDown(); };
-  lblWebAddress.MouseUp = [this](MouseButton) { lblWebAddress.setForeColour(colours::buttonText); };
+  lblWebAddress.MouseUp = [this](MouseButton) { lblWebAddress.setForeColour(quietInk_); };
   centreOnScreen();
 }
 
@@ -37,12 +37,14 @@ void frmAbout::designPlaces() {
   lblVersion.setPlace({pixels(112), pixels(120), pixels(244), pixels(20)});
   lblWebAddress.setPlace({pixels(24), pixels(156), pixels(332), pixels(60)});
   lblWebAddress.setAlign(Align::centre);
+  lblWebAddress.setWordWrap(true);
   cmdOK.setPlace({pixels(140), pixels(226), pixels(100), pixels(30)});
 }
 
 void frmAbout::ShowAbout() {
   lblTitle1.setCaption(ModuleTitleLine1);
   lblTitle2.setCaption(ModuleTitleLine2);
+  lblTitle2.setVisible(!ModuleTitleLine2.empty());
   lblVersion.setCaption(ModuleVersion);
   lblTitle1.setTop(ModuleTitleLine2.empty()
                        ? imgIcon.top() + (imgIcon.height() - lblTitle1.height()) / 2
@@ -53,6 +55,7 @@ void frmAbout::ShowAbout() {
 
 // The press feels like a button, and the copying happens at the press.
 void frmAbout::lblWebAddress_MouseDown() {
+  if (lblWebAddress.foreColour() != colours::red) quietInk_ = lblWebAddress.foreColour();
   lblWebAddress.setForeColour(colours::red);
   desktop().setClipboard({.text = webAddress});
 }

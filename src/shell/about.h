@@ -32,6 +32,8 @@ class frmAbout : public Window {
  private:
   void designPlaces();
   void lblWebAddress_MouseDown();
+
+  Colour quietInk_ = colours::buttonText;  // of the address, while it is red
 };
 
 }  // namespace tolmer
