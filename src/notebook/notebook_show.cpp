@@ -69,6 +69,7 @@ void NoteBook::StartAndShowNotebook() {
 void NoteBook::ShowNotebook(std::optional<int> vSection, std::optional<int> vPage) {
   if (vSection) window().goTo(*vSection, vPage.value_or(1));
   rememberStart();
+  window().tbNoteBook.setFocus();  // and on no link: Return means OK
   window().showModal();
 }
 

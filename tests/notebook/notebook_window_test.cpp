@@ -365,9 +365,14 @@ TEST_F(NotebookWindow, theFocusOfALinkThatIsGoneDoesNotFallOnOK) {
         click("optScenario(1)");
         window().goTo(2, 2);
         EXPECT_EQ(window().focus(), &window().tbNoteBook);
+        click("lblNextPage");
         click("cmdOK");
       },
       2, 1);
+  show([&] {
+    EXPECT_EQ(window().focus(), &window().tbNoteBook) << "whatever it was left on";
+    click("cmdOK");
+  });
 }
 
 TEST_F(NotebookWindow, keysInAnOutlineChooseAndOpen) {
