@@ -45,6 +45,7 @@ struct AnalysisState {
   bool bChangeModelOnly = false;   // the designer is open to change the model of the present data
   bool bChangeDataOnly = false;    // the designer is open after the editor changed the data
   bool bModelHasChanged = false;   // the designer accepted a model that differs from the last
+  bool bAnalysing = false;         // the record is between two analyses; writer: Analysis
   bool bDisplaysReady = false;     // False while a new fit is being written into the displays
   bool bProcessResize = true;      // False while the shell itself moves a child
   bool bAllowUnload = false;       // True while the shell itself hides or closes a display

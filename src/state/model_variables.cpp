@@ -7,7 +7,7 @@ namespace tolmer {
 bool isAnalysed(const AnalysisState& state) {
   const int variables = state.iNumPredictors + 1;
   const int cases = state.iNumCases;
-  return hasModel(state) && state.sData.lastRow() == cases &&
+  return !state.bAnalysing && hasModel(state) && state.sData.lastRow() == cases &&
          state.iModelCol.size() > static_cast<std::size_t>(variables) &&
          state.dDescStat.lastColumn() == variables &&
          state.Fit.sResid.size() == static_cast<std::size_t>(cases) + 1;

@@ -9,7 +9,8 @@
 namespace tolmer {
 
 // Whether the arrays of the analysis have the bounds of the present data and model: not before the
-// first analysis, nor while another model waits for its own. A display has nothing to show then.
+// first analysis, nor while another model waits for its own or is being analysed. A display has
+// nothing to show then.
 bool isAnalysed(const AnalysisState& state);
 
 // How many variables there are to list: K + 1, or 0 unless isAnalysed.

@@ -8,6 +8,7 @@
 #include "engine/adjusted_r_squared.h"
 #include "engine/number_format.h"
 #include "engine/number_picture.h"
+#include "state/model_variables.h"
 #include "tables/table_style.h"
 
 namespace tolmer {
@@ -120,13 +121,18 @@ AnovaNumbers anovaNumbers(const AnalysisState& state) {
   return numbers;
 }
 
-Sheet anovaSheet(const AnovaNumbers& numbers) {
+Sheet anovaSheet(const std::optional<AnovaNumbers>& numbers) {
   Sheet sheet(lastRow, pValue);
   putHeads(sheet);
-  putVariances(sheet, numbers);
   styleRow(sheet, separatorRow, faceStyle(Align::left));
-  putSummary(sheet, numbers);
+  if (!numbers) return sheet;
+  putVariances(sheet, *numbers);
+  putSummary(sheet, *numbers);
   return sheet;
+}
+
+Sheet frmANOVA::content() const {
+  return anovaSheet(isAnalysed(state_) ? std::optional(anovaNumbers(state_)) : std::nullopt);
 }
 
 frmANOVA::frmANOVA(Desktop& desktop, AnalysisState& state, DisplayHost& host)

@@ -34,15 +34,16 @@ struct AnovaNumbers {
 
 AnovaNumbers anovaNumbers(const AnalysisState& state);
 
-// Heads, three sources of variation, a separator and three rows of summary figures.
-Sheet anovaSheet(const AnovaNumbers& numbers);
+// Heads, three sources of variation, a separator and three rows of summary figures; without
+// numbers the heads alone.
+Sheet anovaSheet(const std::optional<AnovaNumbers>& numbers);
 
 class frmANOVA : public TableDisplay {
  public:
   frmANOVA(Desktop& desktop, AnalysisState& state, DisplayHost& host);
 
  protected:
-  Sheet content() const override { return anovaSheet(anovaNumbers(state_)); }
+  Sheet content() const override;
   // The separator has a fifth of the height of the heads.
   void lowerRows() override;
 };

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "displays/table_display.h"
+#include "state/model_variables.h"
 
 namespace tolmer {
 
@@ -33,7 +34,10 @@ class frmEstCoef : public TableDisplay {
   frmEstCoef(Desktop& desktop, AnalysisState& state, DisplayHost& host);
 
  protected:
-  Sheet content() const override { return coefficientSheet(termEstimates(state_)); }
+  Sheet content() const override {
+    return coefficientSheet(isAnalysed(state_) ? termEstimates(state_)
+                                               : std::vector<TermEstimate>());
+  }
 };
 
 }  // namespace tolmer

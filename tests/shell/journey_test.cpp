@@ -2,8 +2,11 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "displays/display_window.h"
 #include "notebook/note_splash.h"
 #include "notebook/notebook_window.h"
+#include "platform/graph/graph.h"
+#include "platform/grid/grid.h"
 #include "shell/shipped_program.h"
 
 namespace tolmer::test {
@@ -172,6 +175,29 @@ TEST_F(Journey, AFailedFitIsMarkedInEveryTitleBarUntilTheNextGoodOne) {
   changed.sData(1, 1) = kept;
   module.parts().analysis.RunAnalysis();
   EXPECT_EQ(user.window("frmResidHist").caption(), "Histogram of Residuals");
+}
+
+TEST_F(Journey, AResizeBehindAMessageOfTheFitMixesNoNumbers) {
+  startWithDefaultExample();
+  AnalysisState& changed = module.parts().state;
+  for (int i = 1; i <= changed.iNumCases; ++i) changed.sData(i, 1) = changed.sData(i, 2);
+  const Grid& anova =
+      *std::get<const Grid*>(module.parts().displays.display(tableDisplays, 2)->shownControl());
+  const Graph& histogram = *module.parts().displays.display(graphDisplays, 1)->GraphPointer;
+  int boxes = 0;
+  desktop.onMessageBox = [&](const MessageBox&) {
+    for (const char* display : {"frmANOVA", "frmResidHist"}) {
+      user.window(display).setState(WindowState::maximised);
+      user.window(display).setState(WindowState::normal);
+    }
+    EXPECT_EQ(anova.text(2, 2), "");
+    EXPECT_EQ(histogram.settings.y.title, "Frequency");
+    ++boxes;
+    return Answer::ok;
+  };
+  module.parts().analysis.RunAnalysis();
+  EXPECT_GT(boxes, 0);
+  EXPECT_NE(anova.text(2, 2), "");
 }
 
 TEST_F(Journey, ClickOnTheCurtainCountsAsOneOnTheCover) {

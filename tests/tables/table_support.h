@@ -32,6 +32,7 @@ inline AnalysisState bareAnalysis(int iNumCases, int iNumPredictors, bool bUseIn
   RedimDataArrays(state);
   RedimAnalysisArrays(state);
   RedimFitArrays(state, state.iNumTerms);
+  state.iModelCol[1] = state.iNumCols;
   state.tVarName[0] = "Intercept";
   for (int j = 1; j <= state.iNumCols; ++j)
     state.tVarName[static_cast<std::size_t>(j)] = "X" + std::to_string(j);
