@@ -5,9 +5,9 @@
 #include <memory>
 
 #include "base/file_io.h"
-#include "base/markup_text.h"
 #include "figures/field_lines.h"
 #include "figures/figure_table.h"
+#include "figures/side_by_side.h"
 #include "platform/graph/graph.h"
 #include "platform/graph/svg_writer.h"
 #include "platform/text_box.h"
@@ -32,11 +32,14 @@ std::optional<DisplaySize> sizeFrom(const std::string& text) {
 
 Result<CourseFigure> figureFrom(const FieldLine& line, const std::string& where) {
   const auto& fields = line.fields;
-  CourseFigure figure{fields[file],
-                      where,
-                      courseModel(fields[dataSet], fields[dependent], fields[independent]),
-                      {},
-                      {}};
+  CourseFigure figure;
+  figure.file = fields[file];
+  figure.where = where;
+  if (fields[dataSet] == "beside") {
+    figure.beside = wordsOf(fields[display]);
+    return figure;
+  }
+  figure.model = courseModel(fields[dataSet], fields[dependent], fields[independent]);
   const auto choice = displayChoice(fields[display]);
   if (!choice) return Error{where, choice.error().text};
   figure.display = *choice;
@@ -46,16 +49,6 @@ Result<CourseFigure> figureFrom(const FieldLine& line, const std::string& where)
   figure.size = *read;
   return figure;
 }
-
-struct Content {
-  std::string operator()(const Graph* graph) const {
-    return writeSvg(graph->picture(), graph->accessibleName(), graph->accessibleDescription());
-  }
-  std::string operator()(const Grid* grid) const { return figureTable(displayTable(*grid)); }
-  std::string operator()(const TextBox* box) const {
-    return "<pre>" + markupText(box->text()) + "</pre>\n";
-  }
-};
 
 std::optional<Error> writeIfChanged(const std::string& fileName, const std::string& content) {
   if (const auto old = readWholeFile(fileName); old && *old == content) return std::nullopt;
@@ -78,27 +71,70 @@ Result<std::vector<CourseFigure>> courseFigures(const std::string& listFile) {
   return figures;
 }
 
-Result<std::string> figureContent(const CourseFigure& figure, AnalysedModel& model) {
-  const auto drawn = model.draw(figure.display, figure.size);
-  if (!drawn) return Error{figure.where, drawn.error().message()};
-  const ShownControl shown = (*drawn)->shownControl();
-  const bool isGraph = std::holds_alternative<const Graph*>(shown);
-  if (isGraph != figure.file.ends_with(".svg"))
-    return Error{figure.where, isGraph ? "a graph's file ends in .svg" : "only graphs are .svg"};
-  return std::visit(Content{}, shown);
-}
+namespace {
 
-std::optional<Error> writeFigures(const std::vector<CourseFigure>& figures,
-                                  const std::string& dataFolder, const std::string& folder) {
-  std::map<CourseModel, std::unique_ptr<AnalysedModel>> analysed;
-  for (const CourseFigure& figure : figures) {
-    auto& model = analysed[figure.model];
+// What the figures are made of, each analysed or drawn once.
+class Maker {
+ public:
+  explicit Maker(const std::string& dataFolder) : dataFolder_(dataFolder) {}
+
+  Result<std::string> contentOf(const CourseFigure& figure) {
+    if (!figure.beside.empty()) return together(figure);
+    const auto shown = draw(figure);
+    if (!shown) return shown.error();
+    const auto* const graph = std::get_if<const Graph*>(&*shown);
+    if ((graph != nullptr) != figure.file.ends_with(".svg"))
+      return Error{figure.where, graph ? "a graph's file ends in .svg" : "only graphs are .svg"};
+    if (graph)
+      return writeGraph(figure, {(*graph)->picture(), (*graph)->accessibleName(),
+                                 (*graph)->accessibleDescription()});
+    if (const auto* const grid = std::get_if<const Grid*>(&*shown))
+      return figureTable(displayTable(**grid));
+    return std::get<const TextBox*>(*shown)->text();
+  }
+
+ private:
+  Result<ShownControl> draw(const CourseFigure& figure) {
+    auto& model = analysed_[figure.model];
     if (!model) {
-      auto opened = AnalysedModel::open(figure.model, dataFolder);
+      auto opened = AnalysedModel::open(figure.model, dataFolder_);
       if (!opened) return Error{figure.where, opened.error().message()};
       model = std::move(*opened);
     }
-    const auto content = figureContent(figure, *model);
+    const auto drawn = model->draw(figure.display, figure.size);
+    if (!drawn) return Error{figure.where, drawn.error().message()};
+    return (*drawn)->shownControl();
+  }
+
+  Result<std::string> together(const CourseFigure& figure) {
+    std::vector<DescribedPicture> parts;
+    for (const std::string& name : figure.beside) {
+      const auto graph = graphs_.find(name);
+      if (graph == graphs_.end())
+        return Error{figure.where, "no graph " + name + " stands in the lines before"};
+      parts.push_back(graph->second);
+    }
+    return writeGraph(figure, sideBySide(parts));
+  }
+
+  std::string writeGraph(const CourseFigure& figure, DescribedPicture graph) {
+    std::string svg = writeSvg(graph.picture, graph.title, graph.description);
+    graphs_[figure.file] = std::move(graph);
+    return svg;
+  }
+
+  std::string dataFolder_;
+  std::map<CourseModel, std::unique_ptr<AnalysedModel>> analysed_;
+  std::map<std::string, DescribedPicture> graphs_;
+};
+
+}  // namespace
+
+std::optional<Error> writeFigures(const std::vector<CourseFigure>& figures,
+                                  const std::string& dataFolder, const std::string& folder) {
+  Maker maker(dataFolder);
+  for (const CourseFigure& figure : figures) {
+    const auto content = maker.contentOf(figure);
     if (!content) return content.error();
     if (auto error = writeIfChanged(folder + figure.file, *content)) return error;
   }

@@ -12,19 +12,17 @@
 namespace tolmer {
 
 struct CourseFigure {
-  std::string file;   // "stakloss-histogram.svg"; a table's ends in ".html"
+  std::string file;   // "stakloss-histogram.svg"; a table's ends in ".adoc"
   std::string where;  // in the list, for errors
   CourseModel model;
   DisplayChoice display;
   DisplaySize size;
+  std::vector<std::string> beside;  // graphs made before it, which it sets side by side
 };
 
 // Six fields a line: file, data set, y, x, display with its options, size ("640x400"; "-" for a
-// table).
+// table). Where the data set is "beside", the display's field names the graphs to be set together.
 Result<std::vector<CourseFigure>> courseFigures(const std::string& listFile);
-
-// A graph as SVG, a table or a text as markup. The error names the figure's line in the list.
-Result<std::string> figureContent(const CourseFigure& figure, AnalysedModel& model);
 
 // Writes all of them into the folder. A file that would stay as it is keeps its time, so that what
 // is built from the figures is built anew only when one of them has changed.

@@ -35,11 +35,7 @@ int scatterNumber(const DisplayChoice& choice) {
 
 Result<DisplayChoice> displayChoice(std::string_view text) {
   DisplayChoice choice;
-  for (std::size_t begin = 0; begin < text.size();) {
-    const std::size_t end = std::min(text.find(' ', begin), text.size());
-    const std::string word(text.substr(begin, end - begin));
-    begin = end + 1;
-    if (word.empty()) continue;
+  for (const std::string& word : wordsOf(text)) {
     if (choice.name.empty())
       choice.name = word;
     else if (auto taken = takeWord(choice, word); !taken)

@@ -1,5 +1,7 @@
 #include "figures/field_lines.h"
 
+#include <algorithm>
+
 namespace tolmer {
 namespace {
 
@@ -21,6 +23,16 @@ std::string_view withoutBlanks(std::string_view text) {
   const std::size_t first = text.find_first_not_of(blanks);
   if (first == text.npos) return {};
   return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+std::vector<std::string> wordsOf(std::string_view text) {
+  std::vector<std::string> words;
+  for (std::size_t begin = 0; begin < text.size();) {
+    const std::size_t end = std::min(text.find(' ', begin), text.size());
+    if (end > begin) words.emplace_back(text.substr(begin, end - begin));
+    begin = end + 1;
+  }
+  return words;
 }
 
 std::string lineOf(const std::string& fileName, const FieldLine& entry) {

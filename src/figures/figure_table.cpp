@@ -5,55 +5,49 @@
 #include <string_view>
 #include <utility>
 
-#include "base/markup_text.h"
 #include "report/table_parts.h"
 
 namespace tolmer {
 namespace {
 
-std::string_view colourClass(const DisplayCell& cell) {
-  static constexpr std::array names = {
-      std::pair{colours::cyan, "cyan"}, std::pair{colours::green, "green"},
-      std::pair{colours::red, "red"}, std::pair{colours::yellow, "yellow"}};
-  for (const auto& [colour, name] : names)
-    if (cell.back == colour) return name;
+// On paper the colours of the screen are too strong for figures on them.
+std::string_view printedColour(Colour colour) {
+  static constexpr std::array tints = {
+      std::pair{colours::cyan, "A9EEF4"}, std::pair{colours::green, "A8EAA8"},
+      std::pair{colours::red, "FFB1AB"}, std::pair{colours::yellow, "FFF29B"}};
+  for (const auto& [screen, tint] : tints)
+    if (colour == screen) return tint;
   return {};
 }
 
-std::string cellHtml(const DisplayCell& cell, bool isHead, std::string_view scope) {
-  const std::string tag = isHead && !cell.text.empty() ? "th" : "td";
-  std::string html = "<" + tag;
-  if (tag == "th") html += " scope=\"" + std::string(scope) + "\"";
-  std::string classes(cell.align == Align::right ? "right" : "");
-  if (const auto colour = colourClass(cell); !colour.empty())
-    classes += (classes.empty() ? "" : " ") + std::string(colour);
-  if (!classes.empty()) html += " class=\"" + classes + "\"";
-  return html + ">" + markupText(cell.text) + "</" + tag + ">";
+std::string escaped(std::string_view text) {
+  std::string plain;
+  for (const char c : text) {
+    if (c == '|' || c == '{') plain += '\\';
+    plain += c;
+  }
+  return plain;
 }
 
-std::string firstPart(const TableParts& parts) {
-  std::string html = "<table>\n<thead>\n<tr>";
-  for (const DisplayCell& head : parts.heads) html += cellHtml(head, true, "col");
-  html += "</tr>\n</thead>\n<tbody>\n";
-  for (const DisplayRow& row : parts.bodies.front()) {
-    html += "<tr>";
-    for (std::size_t column = 0; column < row.size(); ++column)
-      html += cellHtml(row[column], column < parts.leadColumns, "row");
-    html += "</tr>\n";
-  }
-  return html + "</tbody>\n</table>\n";
+// A ground once set holds for all cells that follow, so that each cell sets its own. A line that
+// takes it back vanishes whole: the text stands on the next one.
+std::string cellText(const DisplayCell& cell) {
+  const std::string_view tint = printedColour(cell.back);
+  const std::string ground = tint.empty() ? "!}\n" : ":#" + std::string(tint) + "}";
+  return "|{set:cellbgcolor" + ground + escaped(cell.text) + "\n";
 }
 
-// Names at the left and figures at the right of one another.
-std::string namedFigures(const std::vector<DisplayRow>& rows) {
-  std::string html = "<table class=\"named\">\n<tbody>\n";
-  for (const DisplayRow& row : rows) {
-    html += "<tr>";
-    for (const DisplayCell& cell : row)
-      if (!cell.text.empty()) html += cellHtml(cell, cell.align == Align::left, "row");
-    html += "</tr>\n";
-  }
-  return html + "</tbody>\n</table>\n";
+std::string rowText(const DisplayRow& row) {
+  std::string text;
+  for (const DisplayCell& cell : row) text += cellText(cell);
+  return text + "\n";
+}
+
+std::string columnsText(const DisplayRow& heads) {
+  std::string text;
+  for (const DisplayCell& head : heads)
+    text += std::string(text.empty() ? "" : ",") + (head.align == Align::right ? ">" : "<");
+  return text;
 }
 
 bool isUsed(const DisplayTable& table, const DisplayCell& word) {
@@ -64,14 +58,12 @@ bool isUsed(const DisplayTable& table, const DisplayCell& word) {
   });
 }
 
-// Only colours that the table shows.
-std::string colourKey(const DisplayTable& table, const TableParts& parts) {
-  std::string html;
+DisplayRow keyRow(const DisplayTable& table, const TableParts& parts) {
+  DisplayRow row;
   for (const DisplayCell& word : parts.key)
-    if (isUsed(table, word))
-      html += " <span class=\"" + std::string(colourClass(word)) + "\">" + markupText(word.text) +
-              "</span>";
-  return html.empty() ? html : "<p class=\"key\">Key:" + html + "</p>\n";
+    if (isUsed(table, word)) row.push_back(word);
+  if (!row.empty()) row.resize(parts.heads.size());
+  return row;
 }
 
 }  // namespace
@@ -79,9 +71,14 @@ std::string colourKey(const DisplayTable& table, const TableParts& parts) {
 std::string figureTable(const DisplayTable& table) {
   const TableParts parts = partsOf(table);
   if (parts.bodies.empty()) return {};
-  std::string html = firstPart(parts);
-  for (std::size_t i = 1; i < parts.bodies.size(); ++i) html += namedFigures(parts.bodies[i]);
-  return html + colourKey(table, parts);
+  std::string text = "[%header%autowidth%unbreakable,frame=ends,cols=\"" +
+                     columnsText(parts.heads) + "\"]\n|===\n" + rowText(parts.heads);
+  for (std::size_t i = 0; i < parts.bodies.size(); ++i) {
+    if (i > 0) text += rowText(DisplayRow(parts.heads.size()));
+    for (const DisplayRow& row : parts.bodies[i]) text += rowText(row);
+  }
+  if (const DisplayRow key = keyRow(table, parts); !key.empty()) text += rowText(key);
+  return text + "|===\n";
 }
 
 }  // namespace tolmer

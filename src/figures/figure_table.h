@@ -1,4 +1,4 @@
-// A table display as markup for a printed text.
+// A table display as a table of AsciiDoc, for the printed text.
 #pragma once
 
 #include <string>
@@ -7,9 +7,9 @@
 
 namespace tolmer {
 
-// One <table> for each part of the display, in the same order, and a line that explains its
-// colours. What it looks like is the style sheet's business: figures are of class "right", cells
-// that a colour marks of class "cyan", "green", "red" or "yellow".
+// The rows of the display, its first as header; the key explains only colours that are in use. The
+// signs that AsciiDoc reads as marks within a word are not expected in the texts, bars and braces
+// are escaped.
 std::string figureTable(const DisplayTable& table);
 
 }  // namespace tolmer

@@ -29,8 +29,8 @@ struct Claim {
 
 Result<std::vector<Claim>> readClaims(const std::string& listFile);
 
-// A text without what only its look needs: marks and tags vanish, bars are semicolons, all blanks
-// and line ends between two words are one blank.
+// A text without what only its look needs: marks of AsciiDoc vanish, bars are semicolons, all
+// blanks and line ends between two words are one blank.
 std::string plainText(std::string_view text);
 
 // Whether a cell shows that number, to as many digits as the number has.

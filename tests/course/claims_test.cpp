@@ -81,7 +81,7 @@ std::vector<std::string> unclaimed(const std::string& text, const std::vector<Cl
 
 TEST_F(CourseTexts, ClaimEveryDecimalNumberOfChapterAndNotebook) {
   static const std::regex target(R"(jump[a-z ]* \d+\.\d+:)");
-  for (const std::string file : {"chapter/ch17.md", "notebook.txt"}) {
+  for (const std::string file : {"chapter/ch17.adoc", "notebook.txt"}) {
     auto claims = claims_;
     std::erase_if(claims, [&](const Claim& claim) { return claim.file != file; });
     const std::string numbers = std::regex_replace(text(file), target, "jump:");

@@ -49,8 +49,23 @@ TEST_F(CourseFigures, AreDrawnWithTheAxesAndOptionsOfTheirLine) {
   EXPECT_THAT(made("b.svg"), AllOf(Not(HasSubstr(">Correlation")), Not(HasSubstr("#d91e18"))));
   EXPECT_EQ(make("c.svg | hills | Time | all | frmScatterPlot3 Entry:Residuals | 360x230"), "");
   EXPECT_THAT(made("c.svg"), HasSubstr(">Order of Entry<"));
-  EXPECT_EQ(make("d.html | hills | Time | Distance, no intercept | frmEstCoef | -"), "");
-  EXPECT_THAT(made("d.html"), AllOf(HasSubstr(">Distance</th>"), Not(HasSubstr("Intercept"))));
+  EXPECT_EQ(make("d.adoc | hills | Time | Distance, no intercept | frmEstCoef | -"), "");
+  EXPECT_THAT(made("d.adoc"), AllOf(HasSubstr("\nDistance\n"), Not(HasSubstr("Intercept"))));
+}
+
+TEST_F(CourseFigures, StandBesideOneAnotherWithoutLosingAnything) {
+  const std::string graph = " | hills | Time | Climb | frmScatterPlot1 Climb:Time | 360x230\n";
+  EXPECT_EQ(make("a.svg" + graph + "b.svg" + graph + "both.svg | beside | - | - | a.svg b.svg | -"),
+            "");
+  const auto count = [this](const std::string& name) {
+    const std::string svg = made(name);
+    return std::count(svg.begin(), svg.end(), '<');
+  };
+  EXPECT_THAT(made("both.svg"), HasSubstr(R"(width="730" height="230")"));
+  constexpr int frame = 7;  // of all: svg, title and desc with their ends, and the ground
+  EXPECT_EQ(count("both.svg") - frame, 2 * (count("a.svg") - frame));
+  EXPECT_THAT(make("both.svg | beside | - | - | none.svg | -"),
+              HasSubstr("figures.txt:3: no graph"));
 }
 
 TEST_F(CourseFigures, AreRefusedWithTheirLine) {
@@ -64,7 +79,7 @@ TEST_F(CourseFigures, AreRefusedWithTheirLine) {
   EXPECT_THAT(make("a.svg " + hills + "frmScatterPlot1 Time:None | 360x230"),
               AllOf(HasSubstr("figures.txt:3: "), HasSubstr("None")));
   EXPECT_THAT(make("a.svg " + hills + "frmANOVA | -"), HasSubstr("only graphs are .svg"));
-  EXPECT_THAT(make("a.html " + hills + "frmResidHist | 360x230"), HasSubstr("ends in .svg"));
+  EXPECT_THAT(make("a.adoc " + hills + "frmResidHist | 360x230"), HasSubstr("ends in .svg"));
   EXPECT_THAT(make("a.svg | hills | Tyme | all | frmResidHist | 360x230"),
               AllOf(HasSubstr("figures.txt:3: "), HasSubstr("\"Tyme\"")));
   EXPECT_THAT(make("a.svg | none | Time | all | frmResidHist | 360x230"), HasSubstr("none.csv"));
@@ -82,17 +97,19 @@ TEST_F(CourseFigures, KeepTheirTimeWhereTheyStayAsTheyAre) {
   EXPECT_NE(std::filesystem::last_write_time(folder_.file("a.svg")), longAgo);
 }
 
-TEST(FigureTables, EscapeTextsAndExplainOnlyColoursInUse) {
+TEST(FigureTables, EscapeBarsAndExplainOnlyColoursInUse) {
   const DisplayTable table{{
-      {{"A & B", colours::buttonFace}, {"P", colours::buttonFace, Align::centre}},
-      {{"<x>", colours::buttonFace}, {"0.001", colours::cyan, Align::centre}},
+      {{"A|B", colours::buttonFace}, {"P", colours::buttonFace, Align::centre}},
+      {{"{x}", colours::buttonFace}, {"0.001", colours::cyan, Align::centre}},
       {{"", colours::buttonFace}, {"", colours::buttonFace}},
       {{"p < .01", colours::cyan}, {"p < .05", colours::green}},
   }};
-  EXPECT_THAT(figureTable(table),
-              AllOf(HasSubstr("A &amp; B"), HasSubstr("&lt;x&gt;"),
-                    HasSubstr(R"(<td class="right cyan">0.001</td>)"),
-                    HasSubstr(R"(<span class="cyan">p &lt; .01</span>)"), Not(HasSubstr(".05"))));
+  const std::string text = figureTable(table);
+  EXPECT_THAT(text, AllOf(HasSubstr("A\\|B"), HasSubstr("\\{x}"), HasSubstr("cols=\"<,>\""),
+                          HasSubstr("#A9EEF4}0.001\n"), HasSubstr("#A9EEF4}p < .01\n"),
+                          Not(HasSubstr(".05"))));
+  // No colour may run on into the next table.
+  EXPECT_THAT(text.substr(text.find("p < .01")), HasSubstr("cellbgcolor!}"));
 }
 
 }  // namespace
