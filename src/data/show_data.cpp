@@ -45,13 +45,21 @@ frmShowData::frmShowData(Desktop& desktop, const WorkingCopy& copy)
     : Window(desktop, "frmShowData", WindowStyle::dialog, "List of Variables"), copy_(copy) {
   setSizable(true);
   spdShowData.setAccessibleName("List of all data");
+  spdShowData.setSelectionMode(SelectionMode::none);
   Resize = [this] { spdShowData.setPlace({0, 0, innerWidth(), innerHeight()}); };
-  KeyDown = [this](const KeyPress& key, bool& taken) {
-    taken = key.code == keys::escape || key.code == keys::f1;
-    if (key.code == keys::escape) requestClose();
-    if (key.code == keys::f1)
-      this->desktop().showHelp({"tolmod", HelpRequest::Kind::topic, helpOnAllData});
-  };
+  KeyDown = [this](const KeyPress& key, bool& taken) { taken = Form_KeyDown(key); };
+}
+
+bool frmShowData::Form_KeyDown(const KeyPress& key) {
+  if (key.code == keys::escape)
+    requestClose();
+  else if (key.code == keys::f1)
+    desktop().showHelp({"tolmod", HelpRequest::Kind::topic, helpOnAllData});
+  else if (key.control && key.code == 'C')
+    CopyGraph();
+  else
+    return false;
+  return true;
 }
 
 void frmShowData::PositionControls() {

@@ -8,7 +8,7 @@
 namespace tolmer {
 
 // A read-only table of cases and variables; the case numbers and labels stay in place when it is
-// scrolled. It lives for one look and is closed by its close box or Escape.
+// scrolled. It lives for one look and is closed by its close box or Escape; Ctrl+C copies it.
 class frmShowData : public Window {
  public:
   // The working copy outlives the window.
@@ -24,6 +24,7 @@ class frmShowData : public Window {
   Grid spdShowData{this, "spdShowData"};
 
  private:
+  bool Form_KeyDown(const KeyPress& key);
   Sheet content() const;
   void fitColumnsAndRows();
   void fitWindow();

@@ -74,7 +74,8 @@ TEST_F(ShowData, ASmallTableGetsASmallWindowAndALargeOneScrolls) {
   EXPECT_EQ(large->innerWidth(), desktop.screenSize().width * 0.8F);
   EXPECT_EQ(large->innerHeight(), desktop.screenSize().height * 0.8F);
   EXPECT_EQ(large->spdShowData.scrollBars(), ScrollBars::both);
-  large->CopyGraph();
+  bool taken = false;
+  raise(large->KeyDown, KeyPress{.code = 'C', .control = true}, taken);
   EXPECT_THAT(desktop.clipboard().text, StartsWith("Case\tTown\tVariable 1\t"));
   EXPECT_THAT(desktop.clipboard().text, HasSubstr("\n500\tTown 500 \t126.00\t"));
 }

@@ -48,6 +48,7 @@ TEST_F(Journey, AboutShowsTitleVersionAndIcon) {
 
 TEST_F(Journey, WorktextThatIsMissingIsToldAndCopyTakesTheFittedModel) {
   startWithDefaultExample();
+  module.parts().tProgramFolder = "no such folder";
   script.box("Worktext not Found",
              "Either your Zelmar CD has been removed from your CD reader or your Worktext files "
              "have been moved!");
