@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/button.h"
+#include "platform/label.h"
+#include "platform/text_box.h"
+#include "platform/window.h"
+
+namespace tolmer {
+
+// The one window for failures of files. The reader fills its boxes, shows the buttons that make
+// sense, shows it modally and looks at the two flags; both stay False when the window is closed by
+// its frame.
+class frmFileError : public Window {
+ public:
+  explicit frmFileError(Desktop& desktop);
+
+  Label Label1{this, "Label1", "An error occurred while trying to process a file."};
+  Label Label2{this, "Label2", "File specification:"};
+  TextBox txtFileSpec{this, "txtFileSpec"};
+  Label Label3{this, "Label3", "Error description:"};
+  Label lblErrorDesc{this, "lblErrorDesc", ""};
+  Label Label4{this, "Label4", "Possible causes:"};
+  TextBox txtCauses{this, "txtCauses"};
+  Label Label5{this, "Label5", "What would you like to do?"};
+  Label Label6{this, "Label6",
+               "You can try to fix the error and tell the program to try again, though this will "
+               "not always work."};
+  Button cmdRetry{this, "cmdRetry", "&Retry Operation"};
+  Button cmdAbort{this, "cmdAbort", "&Abort Operation"};
+  Button cmdEndProgram{this, "cmdEndProgram", "&End Program"};
+
+  bool mbRetry = false;
+  bool mbAbort = false;
+
+ private:
+  void layOut();
+  void Form_Activate();
+  void cmdRetry_Click();
+  void cmdAbort_Click();
+  void cmdEndProgram_Click();
+};
+
+}  // namespace tolmer

@@ -1,0 +1,167 @@
+#include "symbolfile/file_layer.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+
+#include "base/paths.h"
+
+namespace tolmer {
+namespace {
+
+struct Meaning {
+  FailureClass kind;
+  Int16 code;
+};
+
+// A network share that has gone away counts as a device.
+Meaning meaningOf(int hostError) {
+  switch (hostError) {
+    case ENOENT:
+      return {FailureClass::notFound, 53};
+    case ENOTDIR:
+      return {FailureClass::notFound, 76};
+    case EACCES:
+    case EPERM:
+    case EBUSY:
+    case EWOULDBLOCK:
+      return {FailureClass::permission, 70};
+    case EIO:
+    case ESTALE:
+    case ETIMEDOUT:
+    case ENETDOWN:
+    case ENETUNREACH:
+    case EHOSTDOWN:
+    case EHOSTUNREACH:
+      return {FailureClass::device, 57};
+    case ENXIO:
+    case ENODEV:
+      return {FailureClass::device, 68};
+    case ENOMEDIUM:
+      return {FailureClass::device, 71};
+    case EISDIR:
+      return {FailureClass::device, 75};
+    default:
+      return {FailureClass::other, static_cast<Int16>(hostError)};
+  }
+}
+
+bool folderIsMissing(const std::string& fileSpec) {
+  std::error_code ignored;
+  const auto folder = std::filesystem::path(hostPath(fileSpec)).parent_path();
+  return !folder.empty() && !std::filesystem::exists(folder, ignored);
+}
+
+// Locks are advice among those who open through this layer. Where the file system has none, a
+// reader who does not insist goes on without.
+int lock(int descriptor, bool exclusive) {
+  if (::flock(descriptor, (exclusive ? LOCK_EX : LOCK_SH) | LOCK_NB) != 0)
+    return exclusive || errno == EWOULDBLOCK ? errno : 0;
+  if (!exclusive) ::flock(descriptor, LOCK_UN);
+  return 0;
+}
+
+// A folder can be opened but not read, and a pipe would wait for its writer.
+int refusal(int descriptor, bool exclusive) {
+  struct stat about {};
+  if (::fstat(descriptor, &about) != 0) return errno;
+  if (S_ISDIR(about.st_mode)) return EISDIR;
+  if (!S_ISREG(about.st_mode)) return ENODEV;
+  return lock(descriptor, exclusive);
+}
+
+FileFailure notOpen() { return {FailureClass::other, 52, "Bad file name or number"}; }
+
+}  // namespace
+
+FileFailure failureFromHost(int hostError, const std::string& fileSpec) {
+  Meaning meaning = meaningOf(hostError);
+  if (meaning.code == 53 && folderIsMissing(fileSpec)) meaning.code = 76;
+  return {meaning.kind, meaning.code, std::generic_category().message(hostError)};
+}
+
+struct HostFiles::OpenFile {
+  std::FILE* stream;
+  std::string fileSpec;
+};
+
+void HostFiles::Dropper::operator()(OpenFile* file) const {
+  if (file->stream) std::fclose(file->stream);
+  delete file;
+}
+
+HostFiles::OpenFile* HostFiles::find(int handle) const {
+  const auto found = open_.find(handle);
+  return found == open_.end() ? nullptr : found->second.get();
+}
+
+int HostFiles::freeHandle() const {
+  int handle = 1;
+  while (open_.contains(handle)) ++handle;
+  return handle;
+}
+
+std::optional<FileFailure> HostFiles::open(int handle, const std::string& fileSpec,
+                                           bool exclusive) {
+  const std::string name = hostPath(fileSpec);
+  const int descriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  if (descriptor < 0) return failureFromHost(errno, fileSpec);
+  int failed = refusal(descriptor, exclusive);
+  std::FILE* stream = failed ? nullptr : ::fdopen(descriptor, "rb");
+  if (!stream) {
+    if (!failed) failed = errno;
+    ::close(descriptor);
+    return failureFromHost(failed, fileSpec);
+  }
+  open_[handle].reset(new OpenFile{stream, fileSpec});
+  return std::nullopt;
+}
+
+std::optional<FileFailure> HostFiles::close(int handle) {
+  OpenFile* file = find(handle);
+  if (!file) return notOpen();
+  const std::string name = file->fileSpec;
+  const int failed = std::fclose(file->stream) == 0 ? 0 : errno;
+  file->stream = nullptr;
+  open_.erase(handle);
+  if (failed) return failureFromHost(failed, name);
+  return std::nullopt;
+}
+
+// A byte that cannot be read is still to come: readByte will tell.
+bool HostFiles::atEnd(int handle) {
+  OpenFile* file = find(handle);
+  if (!file) return false;
+  const int next = std::fgetc(file->stream);
+  if (next != EOF) std::ungetc(next, file->stream);
+  return next == EOF && !std::ferror(file->stream);
+}
+
+std::optional<FileFailure> HostFiles::readByte(int handle, char& byte) {
+  OpenFile* file = find(handle);
+  if (!file) return notOpen();
+  std::clearerr(file->stream);
+  const int next = std::fgetc(file->stream);
+  if (next == EOF && std::ferror(file->stream)) return failureFromHost(errno, file->fileSpec);
+  if (next == EOF) return FileFailure{FailureClass::pastEnd, 62, "Input past end of file"};
+  byte = static_cast<char>(next);
+  return std::nullopt;
+}
+
+long HostFiles::position(int handle) {
+  OpenFile* file = find(handle);
+  return file ? std::ftell(file->stream) : 0;
+}
+
+void HostFiles::seek(int handle, long position) {
+  OpenFile* file = find(handle);
+  if (file && std::fseek(file->stream, position, SEEK_SET) != 0) std::clearerr(file->stream);
+}
+
+}  // namespace tolmer
