@@ -15,7 +15,7 @@ struct DataCell {
   enum class Kind : std::uint8_t { empty, number, text, formula };
   Kind kind = Kind::empty;
   std::uint32_t seed = 0;  // of a formula with random functions, whose numbers stay with it; else 0
-  double number = 0;   // of a number, and the last result of a formula
+  double number = 0;       // of a number, and the last result of a formula
   std::string text{};  // a label or heading; the source of a formula with its "="; the text of an
                        // error that stands for a formula's result is the sheet's own affair
 

@@ -1,0 +1,130 @@
+// The data editor's sheet as a document: entries, blocks, rows, formats, undo.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <span>
+#include <string>
+#include <string_view>
+
+#include "editor/sheet_copy.h"
+#include "editor/sheet_edit.h"
+#include "editor/sheet_paste.h"
+#include "editor/sheet_rows.h"
+
+namespace tolmer {
+
+struct EntryOutcome {
+  bool accepted = true;
+  std::string reason{};  // why not; a sentence. The old value stays
+};
+
+// Row 0 holds the headings, rows 1..observations() the cases; column 0 the labels, columns
+// 1..variables() the values. Cells outside are a fault of the caller; blocks are cut to the sheet.
+//
+// Every change is undone and redone as the user made it, at one stroke and without limit until
+// startVisit(); after undoing all of them the sheet is the same to the last bit. Formulas are
+// calculated at once, as far as they depend on the change. What clears, pastes, formats, sorts,
+// puts in or takes out marks the data as changed even where every cell stays as it was.
+class DataSheet {
+ public:
+  // A new data set. Random formulas take their seeds from firstSeed on.
+  explicit DataSheet(int observations = 500, int variables = 50, std::uint32_t firstSeed = 1);
+  DataSheet(const DataSheet&) = delete;
+  DataSheet& operator=(const DataSheet&) = delete;
+
+  // --- content
+  int observations() const { return content().observations(); }
+  int variables() const { return content().variables(); }
+  const SheetContent& content() const { return state_.content; }
+  const DataCell& cell(int row, int col) const { return content().cells(row, col); }
+  const std::string& heading(int iVar) const { return cell(0, iVar).text; }
+  // Nothing in empty cells, labels, headings, and where a formula has an error.
+  std::optional<double> value(int row, int col) const;
+  // With the column's decimals; the error of a formula.
+  std::string shownText(int row, int col) const;
+  // What is put into the open cell: all digits of a number, the formula.
+  std::string editText(int row, int col) const;
+  // The last row and column with content, headings not counted; 0 where there is none.
+  int lastUsedRow() const;
+  int lastUsedColumn() const;
+
+  // --- cells
+  EntryOutcome enter(int row, int col, std::string_view typed);
+  void clear(const CellRange& block);
+  CopiedBlock copy(const CellRange& block) const;
+  CopiedBlock cut(const CellRange& block);
+  // See sheet_paste.h.
+  PasteOutcome paste(const CellRange& target, const PasteTable& table);
+  // Columns up to the last used one without a name get one. No change of the data by the user.
+  void nameBlankHeadings();
+
+  // --- rows, see sheet_rows.h
+  int insertRows(int first, int last);
+  void deleteRows(int first, int last);
+  // Formulas that sort() would change, or make values of.
+  int orderDependentFormulas() const;
+  SortOutcome sort(int keyColumn, bool ascending, SortedFormulas formulas);
+
+  // --- format and title
+  Int16 decimals(int col) const { return content().decimals[static_cast<std::size_t>(col)]; }
+  Int16 miStdDecDigits() const { return state_.miStdDecDigits; }
+  void setDecimals(int col, Int16 digits);
+  // digits[1..variables]; element 0 is not looked at.
+  void setAllDecimals(std::span<const Int16> digits);
+  // All columns, or only those that have the standard's digits, which then changes.
+  void setStandardDecimals(Int16 digits, bool allColumns);
+  const std::string& title() const { return content().title; }
+  // Titles set one after another, as letters are typed, are undone together.
+  void setTitle(std::string title);
+
+  // --- the whole
+  // New: no file, nothing changed. Can be undone like everything else.
+  void clearAll();
+  // Open: blank headings get their names. A content of another size is cut or filled up.
+  void replaceWith(const SheetContent& content, std::string fileName);
+  const std::string& mtFileName() const { return state_.mtFileName; }
+  // After saving; with the name it was saved under.
+  void markSaved(std::string fileName);
+  // Unsaved changes. Undoing back to what was saved takes them away, except those that were only
+  // marked.
+  bool changeMade() const { return touched_ || !journal_.atKept(); }
+  void markChanged();
+  // Another number after every change, of marks and of what is shown too.
+  std::uint64_t revision() const { return revision_; }
+
+  // --- undo
+  bool undo();
+  bool redo();
+  // For the menu, "Paste"; empty where there is nothing to undo.
+  std::string_view undoName() const { return journal_.undoName(); }
+  std::string_view redoName() const { return journal_.redoName(); }
+
+  // --- a visit of the editor
+  // Nothing to undo; keeps the state for restoreVisitStart().
+  void startVisit();
+  // Back to the start of the visit: cells, decimals, standard, title and file name. Nothing to
+  // undo, nothing changed.
+  void restoreVisitStart();
+
+  // --- for one who shows the sheet: called after each change, with what it touched.
+  std::function<void(const SheetChange&)> Changed;
+
+ private:
+  SheetEdit beginEdit(std::string_view name);
+  enum class WithoutSteps { isNothing, marks };
+  void commit(SheetEdit& edit, WithoutSteps emptyEdit = WithoutSteps::isNothing);
+  void follow(SheetChange change);
+  CellRange clipped(const CellRange& block) const;
+
+  SheetState state_;
+  SheetFormulas formulas_{state_.content};
+  SheetJournal journal_;
+  SeedSource seeds_;
+  bool touched_ = false;  // marked as changed without a change
+  std::uint64_t revision_ = 0;
+  SheetState visitStart_;
+};
+
+}  // namespace tolmer

@@ -1,0 +1,22 @@
+// Blocks of cells as the clipboard takes them.
+#pragma once
+
+#include <string>
+
+#include "editor/sheet_content.h"
+#include "editor/sheet_paste.h"
+
+namespace tolmer {
+
+struct CopiedBlock {
+  PasteTable table;  // for pasting inside the program
+  // For other programs, cells divided by tabs, every row ended by a line feed; a cell with a tab, a
+  // line end or a leading quotation mark in quotation marks.
+  std::string exactText;  // all digits
+  std::string shownText;  // as on the screen
+};
+
+// A cell of such a text.
+std::string tabbedCell(const std::string& text);
+
+}  // namespace tolmer

@@ -1,0 +1,69 @@
+#include "editor/sheet_number.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <system_error>
+
+#include "engine/number_picture.h"
+
+namespace tolmer {
+namespace {
+
+// The power of ten of the first digit that is not 0, for a number that no double can hold.
+long long magnitude(std::string_view digits) {
+  const auto mantissaEnd = std::min(digits.find_first_of("eE"), digits.size());
+  const std::string_view mantissa = digits.substr(0, mantissaEnd);
+  const auto point = static_cast<long long>(std::min(mantissa.find('.'), mantissa.size()));
+  const auto first = static_cast<long long>(mantissa.find_first_of("123456789"));
+  const long long inMantissa = first < point ? point - first - 1 : point - first;
+  if (mantissaEnd == digits.size()) return inMantissa;
+  std::string_view exponent = digits.substr(mantissaEnd + 1);
+  if (exponent.starts_with('+')) exponent.remove_prefix(1);
+  long long power = 0;
+  const auto failed = std::from_chars(exponent.data(), exponent.data() + exponent.size(), power).ec;
+  constexpr long long beyondAnyText = 1LL << 60;
+  if (failed != std::errc()) power = exponent.starts_with('-') ? -beyondAnyText : beyondAnyText;
+  return inMantissa + std::clamp(power, -beyondAnyText, beyondAnyText);
+}
+
+}  // namespace
+
+std::string_view withoutOuterBlanks(std::string_view text) {
+  constexpr std::string_view blanks = " \t";
+  const auto first = text.find_first_not_of(blanks);
+  if (first == std::string_view::npos) return {};
+  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+}
+
+NumberReading readNumber(std::string_view text) {
+  std::string_view digits = withoutOuterBlanks(text);
+  // from_chars knows no leading "+", and does know "inf" and "nan".
+  if (digits.starts_with('+')) {
+    digits.remove_prefix(1);
+    if (digits.starts_with('-')) return {};
+  }
+  if (digits.find_first_not_of("+-.0123456789eE") != std::string_view::npos) return {};
+  double number = 0;
+  const char* const last = digits.data() + digits.size();
+  const auto [end, failed] = std::from_chars(digits.data(), last, number);
+  if (failed == std::errc::invalid_argument || end != last) return {};
+  if (failed == std::errc()) return {NumberReading::Kind::number, number};
+  if (magnitude(digits) > 0) return {NumberReading::Kind::tooLarge, 0};
+  return {NumberReading::Kind::number, digits.starts_with('-') ? -0.0 : 0.0};
+}
+
+std::string exactText(double number) {
+  std::array<char, 32> digits;
+  return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr};
+}
+
+std::string shownNumber(double number, int decimals) {
+  if (!(std::fabs(number) < 1e15)) return exactText(number);
+  std::string picture = "0";
+  if (decimals > 0) picture.append(1, '.').append(static_cast<std::size_t>(decimals), '0');
+  return formatNumber(number, picture);
+}
+
+}  // namespace tolmer
