@@ -1,0 +1,208 @@
+#include "formula/scalar_functions.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <numbers>
+#include <string>
+
+namespace tolmer {
+namespace {
+
+using enum FormulaFunction;
+
+constexpr double nearness = 0x1p-48;
+
+// Beyond it a double has no digits behind the point, and quotients no longer tell their remainder.
+constexpr double largestExactWhole = 0x1p53;
+
+CellValue truth(bool holds) { return CellValue::ofNumber(holds ? 1 : 0); }
+CellValue numberError() { return CellValue::ofError(FormulaError::number); }
+CellValue divisionByZero() { return CellValue::ofError(FormulaError::divisionByZero); }
+
+// The whole number below, or the one that the number is but for lost digits: INT(4.35*100) is 435.
+double wholeBelow(double number) {
+  const double nearest = std::round(number);
+  return areNearlyEqual(number, nearest) ? nearest : std::floor(number);
+}
+
+CellValue quotient(double dividend, double divisor) {
+  return divisor == 0 ? divisionByZero() : checkedNumber(dividend / divisor);
+}
+
+CellValue power(double base, double exponent) {
+  if (base == 0 && exponent < 0) return divisionByZero();
+  return checkedNumber(std::pow(base, exponent));
+}
+
+// With the sign of the divisor.
+CellValue modulus(double number, double divisor) {
+  if (divisor == 0) return divisionByZero();
+  const double times = wholeBelow(number / divisor);
+  if (!(std::fabs(times) < largestExactWhole)) return numberError();
+  const double multiple = times * divisor;
+  return areNearlyEqual(number, multiple) ? truth(false) : checkedNumber(number - multiple);
+}
+
+CellValue logarithm(double number, double (*function)(double)) {
+  return number > 0 ? checkedNumber(function(number)) : numberError();
+}
+
+CellValue compared(char symbol, double left, double right) {
+  const bool equal = areNearlyEqual(left, right);
+  switch (symbol) {
+    case '=':
+      return truth(equal);
+    case 'n':
+      return truth(!equal);
+    case '<':
+      return truth(!equal && left < right);
+    case 'l':
+      return truth(equal || left < right);
+    case '>':
+      return truth(!equal && left > right);
+    default:
+      return truth(equal || left > right);
+  }
+}
+
+// A number as d.ddd times ten to the exponent.
+struct Decimal {
+  std::string digits;  // without the point
+  int exponent = 0;
+};
+
+Decimal decimalOf(double number, int significant) {
+  std::array<char, 64> text;
+  const auto written = std::to_chars(text.data(), text.data() + text.size(), number,
+                                     std::chars_format::scientific, significant - 1);
+  const std::string_view all(text.data(), static_cast<std::size_t>(written.ptr - text.data()));
+  const std::size_t mark = all.find('e');
+  Decimal decimal{std::string(1, all[0]) + std::string(all.substr(2, mark - 2))};
+  const std::size_t sign = all[mark + 1] == '+' ? 2 : 1;  // from_chars takes no plus
+  std::from_chars(all.data() + mark + sign, all.data() + all.size(), decimal.exponent);
+  return decimal;
+}
+
+// Infinite where it is too large.
+double wholeTimesPowerOfTen(const std::string& digits, int exponent) {
+  if (digits.empty()) return 0;
+  const std::string text = digits + "e" + std::to_string(exponent);
+  double number = 0;
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+  if (read.ec == std::errc{}) return number;
+  return exponent > 0 ? HUGE_VAL : 0;
+}
+
+// Adds 1 to a decimal number of digits alone; "99" becomes "100".
+void countUp(std::string& digits) {
+  for (auto digit = digits.rbegin(); digit != digits.rend(); ++digit) {
+    if (*digit != '9') return void(++*digit);
+    *digit = '0';
+  }
+  digits.insert(digits.begin(), '1');
+}
+
+// SplitMix64 (Steele, Lea, Flood 2014, Fast splittable pseudorandom number generators): a step of
+// its sequence for each number that is drawn.
+std::uint64_t randomBits(std::uint64_t seed, std::uint64_t place) {
+  std::uint64_t bits = seed + (place + 1) * 0x9E3779B97F4A7C15U;
+  bits = (bits ^ (bits >> 30)) * 0xBF58476D1CE4E5B9U;
+  bits = (bits ^ (bits >> 27)) * 0x94D049BB133111EBU;
+  return bits ^ (bits >> 31);
+}
+
+double uniform(std::uint64_t bits) { return static_cast<double>(bits >> 11) * 0x1p-53; }
+
+// Box and Muller (1958), with 1 - u in (0, 1] so that the logarithm exists.
+double standardNormal(std::uint64_t first, std::uint64_t second) {
+  const double distance = std::sqrt(-2 * std::log(1 - uniform(first)));
+  return distance * std::cos(2 * std::numbers::pi * uniform(second));
+}
+
+}  // namespace
+
+CellValue checkedNumber(double number) {
+  return std::isfinite(number) ? CellValue::ofNumber(number) : numberError();
+}
+
+bool areNearlyEqual(double a, double b) {
+  if (a == b) return true;
+  const double difference = std::fabs(a - b);
+  return difference < std::fabs(a) * nearness && difference < std::fabs(b) * nearness;
+}
+
+CellValue binaryResult(char symbol, double left, double right) {
+  switch (symbol) {
+    case '+':
+      return checkedNumber(left + right);
+    case '-':
+      return checkedNumber(left - right);
+    case '*':
+      return checkedNumber(left * right);
+    case '/':
+      return quotient(left, right);
+    case '^':
+      return power(left, right);
+    default:
+      return compared(symbol, left, right);
+  }
+}
+
+CellValue functionResult(FormulaFunction function, std::span<const double> values) {
+  const double first = values[0];
+  const double second = values.size() > 1 ? values[1] : 0;
+  switch (function) {
+    case SQRT:
+      return first < 0 ? numberError() : checkedNumber(std::sqrt(first));
+    case ABS:
+      return checkedNumber(std::fabs(first));
+    case EXP:
+      return checkedNumber(std::exp(first));
+    case LN:
+      return logarithm(first, std::log);
+    case LOG10:
+      return logarithm(first, std::log10);
+    case POWER:
+      return power(first, second);
+    case ROUND:
+      return checkedNumber(roundedToDigits(first, second));
+    case INT:
+      return checkedNumber(wholeBelow(first));
+    case MOD:
+      return modulus(first, second);
+    case NOT:
+      return truth(first == 0);
+    default:
+      return CellValue::ofError(FormulaError::value);
+  }
+}
+
+double roundedToDigits(double number, double digits) {
+  if (number == 0 || !std::isfinite(number)) return number;
+  const int places = static_cast<int>(std::clamp(digits, -400.0, 400.0));
+  Decimal decimal = decimalOf(std::fabs(number), 15);
+  // One digit more where all 15 are kept, to see which way the half goes.
+  if (decimal.exponent + 1 + places >= 15) decimal = decimalOf(std::fabs(number), 16);
+
+  const int kept = decimal.exponent + 1 + places;
+  if (kept < 0) return 0;
+  if (kept >= static_cast<int>(decimal.digits.size())) return number;
+  const bool up = decimal.digits[kept] >= '5';
+  decimal.digits.resize(static_cast<std::size_t>(kept));
+  if (up) countUp(decimal.digits);
+  return std::copysign(wholeTimesPowerOfTen(decimal.digits, -places), number);
+}
+
+CellValue randomResult(FormulaFunction function, std::uint64_t seed, int call,
+                       std::span<const double> values) {
+  const std::uint64_t place = 2 * static_cast<std::uint64_t>(call);
+  const std::uint64_t first = randomBits(seed, place), second = randomBits(seed, place + 1);
+  if (function == RAND) return CellValue::ofNumber(uniform(first));
+  const double deviate = standardNormal(first, second);
+  if (function == RANDN) return CellValue::ofNumber(deviate);
+  return values[1] < 0 ? numberError() : checkedNumber(values[0] + values[1] * deviate);
+}
+
+}  // namespace tolmer

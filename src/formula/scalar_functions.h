@@ -1,0 +1,34 @@
+// Arithmetic as spreadsheets know it. Every result is a finite number or an error.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "formula/formula_functions.h"
+#include "formula/formula_value.h"
+
+namespace tolmer {
+
+// #NUM! for what is not finite.
+CellValue checkedNumber(double number);
+
+// Equal, or apart by less than 2^-48 of either: so much is lost in a few operations on decimal
+// fractions, and 0.1+0.2 shall be 0.3.
+bool areNearlyEqual(double a, double b);
+
+// The symbols of FormulaStep.
+CellValue binaryResult(char symbol, double left, double right);
+
+// A function of single values, without IF, LAG and the random ones.
+CellValue functionResult(FormulaFunction function, std::span<const double> values);
+
+// Half away from zero at so many digits behind the point, or before it for negative ones. Halves
+// are judged by the number's 15 digits: 1.005 to two digits is 1.01, although the binary number
+// lies below.
+double roundedToDigits(double number, double digits);
+
+// The number of one random call: it depends on nothing but both arguments.
+CellValue randomResult(FormulaFunction function, std::uint64_t seed, int call,
+                       std::span<const double> values);
+
+}  // namespace tolmer

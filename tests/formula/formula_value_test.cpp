@@ -1,0 +1,289 @@
+// What formulas are worth. Expected values are those of usual spreadsheets where not said
+// otherwise; statistics are worked out by hand.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "formula/small_sheet.h"
+
+namespace tolmer::test {
+namespace {
+
+struct Case {
+  std::string formula, result;
+};
+
+void expectAll(const SmallSheet& sheet, const std::vector<Case>& cases, int row = 1) {
+  for (const Case& each : cases)
+    EXPECT_EQ(shown(sheet.value(each.formula, row)), each.result) << each.formula;
+}
+
+TEST(FormulaValue, OperatorsBindAsInSpreadsheets) {
+  expectAll(SmallSheet(), {
+                              {"=-2^2", "4"},
+                              {"=2^3^2", "64"},
+                              {"=2^-1", "0.5"},
+                              {"=1-2-3", "-4"},
+                              {"=8/4/2", "1"},
+                              {"=2+3*4", "14"},
+                              {"= ( 2 + 3 )*4 ", "20"},
+                              {"=50%", "0.5"},
+                              {"=2*-50%", "-1"},
+                              {"=--3", "3"},
+                              {"=+-+3", "-3"},
+                              {"=10%%", "0.001"},
+                              {"=1+1=2", "1"},
+                              {"=1<>1", "0"},
+                              {"=2>=3", "0"},
+                              {"=-1<0", "1"},
+                              {"=3<=3", "1"},
+                              {"=.5+5.", "5.5"},
+                              {"=2E3+1e-1", "2000.1"},
+                              {"=0.1+0.2=0.3", "1"},
+                              {"=0.1+0.2<=0.3", "1"},
+                              {"=0.1+0.2>0.3", "0"},
+                              {"=-0", "0"},
+                              {"=0^0", "1"},
+                          });
+}
+
+TEST(FormulaValue, FunctionsRoundAndCutAsInSpreadsheets) {
+  expectAll(SmallSheet(), {
+                              {"=ROUND(-2.5)", "-3"},
+                              {"=ROUND(2.5,0)", "3"},
+                              {"=ROUND(1.005;2)", "1.01"},
+                              {"=ROUND(2.675,2)", "2.68"},
+                              {"=ROUND(149,-2)", "100"},
+                              {"=ROUND(150,-2)", "200"},
+                              {"=ROUND(99.95,1)", "100"},
+                              {"=ROUND(5,-1)", "10"},
+                              {"=ROUND(4,-1)", "0"},
+                              {"=ROUND(5,-2)", "0"},
+                              {"=ROUND(0.1+0.2,15)", "0.3"},
+                              {"=ROUND(123456789012345678,0)", "123456789012345680"},
+                              {"=ROUND(1e300,400)", "1e+300"},
+                              {"=ROUND(1e300,-400)", "0"},
+                              {"=ROUND(9e307,-308)", "1e+308"},
+                              {"=ROUND(1.7e308,-308)", "#NUM!"},
+                              {"=INT(-2.5)", "-3"},
+                              {"=INT(4.35*100)", "435"},
+                              {"=INT(2.999)", "2"},
+                              {"=MOD(-3,2)", "1"},
+                              {"=MOD(3,-2)", "-1"},
+                              {"=MOD(0.3,0.1)", "0"},
+                              {"=MOD(5.5,2)", "1.5"},
+                              {"=MOD(1,0)", "#DIV/0!"},
+                              {"=MOD(1e300,3)", "#NUM!"},
+                              {"=POWER(2,10)", "1024"},
+                              {"=power(0,-1)", "#DIV/0!"},
+                              {"=POWER(-8,0.5)", "#NUM!"},
+                              {"=SQRT(16)", "4"},
+                              {"=SQRT(-1)", "#NUM!"},
+                              {"=ABS(-7)", "7"},
+                              {"=LN(EXP(1))", "1"},
+                              {"=LN(0)", "#NUM!"},
+                              {"=log10(1000)", "3"},
+                              {"=EXP(1000)", "#NUM!"},
+                              {"=EXP(-1000)", "0"},
+                              {"=1e308*10", "#NUM!"},
+                              {"=1/0", "#DIV/0!"},
+                              {"=NOT(0)", "1"},
+                              {"=AND(1<2,2<3)", "1"},
+                              {"=OR(0,1>2)", "0"},
+                          });
+}
+
+TEST(FormulaValue, OnlyTheBranchTakenIsCalculated) {
+  expectAll(SmallSheet(), {
+                              {"=IF(1,2,1/0)", "2"},
+                              {"=IF(0,1/0,3)", "3"},
+                              {"=IF(0,1)", "0"},
+                              {"=IF(1/0,2,3)", "#DIV/0!"},
+                              {"=IF(1<2,IF(0,4,5),6)+1", "6"},
+                              {"=SUM(IF(1,2,3),IF(0,2,3))", "5"},
+                          });
+}
+
+TEST(FormulaValue, EmptyCellsAndTextCountDifferentlyInArithmeticAndInStatistics) {
+  SmallSheet sheet;
+  for (const auto& [address, text] : std::map<std::string, std::string>{
+           {"A1", "north"}, {"B1", "2"}, {"B2", "4"}, {"B4", "9"}, {"B5", "5"}, {"C1", "word"}})
+    sheet.put(address, text);
+  expectAll(sheet, {
+                       {"=B3", "0"},
+                       {"=B3+1", "1"},
+                       {"=A1", "#VALUE!"},
+                       {"=C1*2", "#VALUE!"},
+                       {"=SUM(B1:C5)", "20"},
+                       {"=SUM(A1)", "0"},
+                       {"=SUM(A1+0)", "#VALUE!"},
+                       {"=COUNT(A1:C5)", "4"},
+                       {"=COUNT(B3,B1,7)", "2"},
+                       {"=AVERAGE(B1:B5)", "5"},
+                       {"=MEDIAN(B5:B1)", "4.5"},
+                       {"=MEDIAN(B1:B4)", "4"},
+                       {"=MIN(B:B)", "2"},
+                       {"=MAX(A:C)", "9"},
+                       {"=MAX(C1:C5)", "0"},
+                       {"=VAR(B2,B4,B5)", "7"},
+                       {"=STDEV(2,4)^2", "2.0000000000000004"},
+                       {"=VAR(B1)", "#DIV/0!"},
+                       {"=AVERAGE(C1:C9)", "#DIV/0!"},
+                       {"=MEDIAN(C:C)", "#NUM!"},
+                       {"=AND(C1:C2)", "#VALUE!"},
+                       {"=SUM(0.1,0.1,0.1,0.1,0.1,0.1,0.1,0.1,0.1,0.1)", "1"},
+                       {"=VAR(1e9+4,1e9+7,1e9+13,1e9+16)", "30"},
+                   });
+}
+
+TEST(FormulaValue, AnErrorTravelsAndIsPassedOverByCountAlone) {
+  SmallSheet sheet;
+  sheet.type("B1", "=1/0");
+  sheet.put("B2", "3");
+  expectAll(sheet, {{"=B1+C1", "#DIV/0!"},
+                    {"=SUM(B1:B2)", "#DIV/0!"},
+                    {"=MEDIAN(B:B)", "#DIV/0!"},
+                    {"=COUNT(B:B)", "1"},
+                    {"=LN(0)+B1", "#NUM!"},
+                    {"=#REF!+B1", "#REF!"},
+                    {"=AVERAGE(#NUM!,1)", "#NUM!"},
+                    {"=LAG(#REF!)", "#REF!"}});
+  // A source that breaks its promise does not get through either.
+  sheet.cells[{3, 1}] = CellValue::ofNumber(std::nan(""));
+  expectAll(sheet, {{"=B3", "#NUM!"}, {"=MIN(B2:B3)", "#NUM!"}, {"=IF(B3,1,2)", "#NUM!"}});
+}
+
+TEST(FormulaValue, NamesAreTheRowOrTheColumnAsNeeded) {
+  SmallSheet sheet({"Label", "Var1", "Größe (m)", "X1", "Cost", "cost"});
+  for (int row = 1; row <= 4; ++row)
+    sheet.put("B" + std::to_string(row), std::to_string(row * row));
+  for (int row = 1; row <= 2; ++row) sheet.put("C" + std::to_string(row), std::to_string(row));
+  sheet.put("D3", "40");
+  sheet.put("X1", "1000");
+  expectAll(sheet,
+            {
+                {"=var1", "9"},
+                {"=[ VAR1 ]*2", "18"},
+                {"=AVERAGE(Var1)", "7.5"},
+                {"=Var1-AVERAGE(Var1)", "1.5"},
+                {"=SUM(@Var1,@[größe (M)])", "9"},
+                {"=SUM(-Var1)", "-9"},
+                {"=B:B+1", "10"},
+                {"=SUM(B:C)", "33"},
+                {"=[X1]", "40"},
+                {"=X1:X1", "1000"},
+                {"=$X1+X$1", "2000"},
+                {"=X1*2", "#NAME?"},
+                {"=Cost", "#NAME?"},
+                {"=Nowhere", "#NAME?"},
+                {"=LAG(Var1)", "4"},
+                {"=LAG(Var1,-1)", "16"},
+                {"=LAG(LAG(Var1))", "1"},
+                {"=LAG(B4;2)", "4"},
+                {"=LAG(Var1,3)", "#REF!"},
+                {"=LAG(X1:X1,0)", "1000"},
+                {"=COUNT(LAG(Var1),LAG(Var1,3))", "1"},
+            },
+            3);
+}
+
+TEST(FormulaValue, RandomNumbersStayUntilTheSeedChanges) {
+  const SmallSheet sheet;
+  const FormulaValue once = sheet.value("=RAND()", 1, 7);
+  EXPECT_EQ(once, sheet.value("= rand( )", 300, 7)) << "a sorted row must keep its number";
+  EXPECT_NE(once, sheet.value("=RAND()", 1, 8));
+  EXPECT_NE(sheet.value("=RAND()-RAND()", 1, 7).number, 0);
+  EXPECT_EQ(shown(sheet.value("=NORMAL(5,0)")), "5");
+  EXPECT_EQ(shown(sheet.value("=NORMAL(5,-1)")), "#NUM!");
+
+  double sum = 0, squares = 0, uniform = 0;
+  constexpr int count = 5000;
+  for (int seed = 0; seed < count; ++seed) {
+    const double deviate = sheet.value("=RANDN()", 1, static_cast<std::uint64_t>(seed)).number;
+    sum += deviate;
+    squares += deviate * deviate;
+    uniform += sheet.value("=RAND()", 1, static_cast<std::uint64_t>(seed)).number;
+  }
+  // Four standard errors of each mean.
+  EXPECT_NEAR(sum / count, 0, 4 / std::sqrt(count));
+  EXPECT_NEAR(squares / count, 1, 4 * std::sqrt(2.0 / count));
+  EXPECT_NEAR(uniform / count, 0.5, 4 * std::sqrt(1.0 / 12 / count));
+}
+
+TEST(FormulaText, ProblemsSayWhereAndWhat) {
+  const SheetNames names({}, {"Label", "Größe", "X1", "Cost", "cost"});
+  struct Refusal {
+    std::string formula, place, part, shown;
+  };
+  const std::vector<Refusal> refusals = {
+      {"1+2", "1", "begins with", "#SYNTAX"},
+      {"=", "2", "missing at the end", "#SYNTAX"},
+      {"=1+", "4", "missing at the end", "#SYNTAX"},
+      {"=*2", "2", "missing before \"*\"", "#SYNTAX"},
+      {"=1,5", "3", "decimal mark is a point", "#SYNTAX"},
+      {"=2 3", "4", "operator is missing before \"3\"", "#SYNTAX"},
+      {"=(1+2", "6", "not closed", "#SYNTAX"},
+      {"=1+2)", "5", "no opening bracket", "#SYNTAX"},
+      {"=[Größe]+?", "10", "\"?\"", "#SYNTAX"},
+      {"=[Var", "2", "not closed", "#SYNTAX"},
+      {"=IF(B1=\"a\",1,2)", "8", "not with text", "#SYNTAX"},
+      {"=1<B3<5", "6", "AND(1<B1,B1<5)", "#SYNTAX"},
+      {"=SUM", "2", "in brackets", "#SYNTAX"},
+      {"=SQRT(1,2)", "2", "SQRT takes 1 value, not 2", "#SYNTAX"},
+      {"=IF(1)", "2", "IF takes 2 to 3 values, not 1", "#SYNTAX"},
+      {"=SUM(1,,2)", "8", "missing before \",\"", "#SYNTAX"},
+      {"=LAG(B1+1)", "2", "LAG takes a cell", "#SYNTAX"},
+      {"=LAG(RAND())", "2", "LAG takes a cell", "#SYNTAX"},
+      {"=LAG(B1,C1)", "9", "whole number of rows", "#SYNTAX"},
+      {"=LAG(B1,0.5)", "9", "whole number of rows", "#SYNTAX"},
+      {"=B1:7", "2", "joins two cells", "#SYNTAX"},
+      {"=Sales", "2", "no variable called \"Sales\"", "#NAME?"},
+      {"=E*2", "2", "written as E:E", "#NAME?"},
+      {"=Cost", "2", "More than one", "#NAME?"},
+      {"=LOG(2)", "2", "LN and LOG10", "#NAME?"},
+      {"=X1", "2", "Write [X1] for the variable or X1:X1 for the cell", "#NAME?"},
+      {"=B0", "2", "A1 to AY500", "#REF!"},
+      {"=B1:B501", "2", "\"B501\" lies outside", "#REF!"},
+      {"=AZ1", "2", "outside", "#REF!"},
+      {"=B1:B3+1", "2", "Several cells", "#VALUE!"},
+      {"=LAG(B1:B2)", "6", "Several cells", "#VALUE!"},
+      {"=1e999", "2", "too large", "#NUM!"},
+  };
+  for (const Refusal& refusal : refusals) {
+    const Result<Formula> formula = parseFormula(refusal.formula, names, 1);
+    ASSERT_FALSE(formula) << refusal.formula;
+    EXPECT_EQ(formula.error().where, "character " + refusal.place) << refusal.formula;
+    EXPECT_THAT(formula.error().text, testing::HasSubstr(refusal.part)) << refusal.formula;
+    const FormulaValue value = evaluate(compileFormula(refusal.formula, names, 1), SmallSheet(), 1);
+    EXPECT_EQ(shown(value), refusal.shown) << refusal.formula;
+  }
+}
+
+std::string repeated(const std::string& part, int times) {
+  std::string text;
+  for (int i = 0; i < times; ++i) text += part;
+  return text;
+}
+
+TEST(FormulaText, NestingAndLengthAreBounded) {
+  const SmallSheet sheet;
+  const auto nested = [](const std::string& open, int times, const std::string& close) {
+    return "=" + repeated(open, times) + "1" + repeated(close, times);
+  };
+  EXPECT_EQ(shown(sheet.value(nested("(", 64, ")"))), "1");
+  EXPECT_EQ(shown(sheet.value(nested("-", 64, ""))), "1");
+  EXPECT_EQ(shown(sheet.value(nested("ABS(-", 32, ")"))), "1");
+  for (const char* const open : {"(", "-", "ABS(", "IF(1,"}) {
+    EXPECT_EQ(shown(sheet.value(nested(open, 65, ")"))), "#SYNTAX") << open;
+    EXPECT_EQ(shown(sheet.value(nested(open, 20000, ")"))), "#SYNTAX") << open;
+  }
+  EXPECT_EQ(shown(sheet.value("=SUM(1" + repeated(",1", 254) + ")")), "255");
+  EXPECT_EQ(shown(sheet.value("=SUM(1" + repeated(",1", 255) + ")")), "#SYNTAX");
+  EXPECT_TRUE(parseFormula("=1" + repeated("+1", 499), sheet.names, 1));
+  EXPECT_FALSE(parseFormula("=1" + repeated("+1", 500), sheet.names, 1));
+  EXPECT_EQ(shown(sheet.value("=1" + repeated("+1", 500))), "501") << "stored texts may grow";
+}
+
+}  // namespace
+}  // namespace tolmer::test
