@@ -11,6 +11,8 @@
 namespace tolmer {
 namespace {
 
+constexpr double plainBelow = 1e15;
+
 // The power of ten of the first digit that is not 0, for a number that no double can hold.
 long long magnitude(std::string_view digits) {
   const auto mantissaEnd = std::min(digits.find_first_of("eE"), digits.size());
@@ -55,12 +57,16 @@ NumberReading readNumber(std::string_view text) {
 }
 
 std::string exactText(double number) {
+  const double size = std::fabs(number);
+  const bool plain = size == 0 || (size >= 1e-5 && size < plainBelow);
   std::array<char, 32> digits;
-  return {digits.data(), std::to_chars(digits.data(), digits.data() + digits.size(), number).ptr};
+  const auto form = plain ? std::chars_format::fixed : std::chars_format::scientific;
+  return {digits.data(),
+          std::to_chars(digits.data(), digits.data() + digits.size(), number, form).ptr};
 }
 
 std::string shownNumber(double number, int decimals) {
-  if (!(std::fabs(number) < 1e15)) return exactText(number);
+  if (!(std::fabs(number) < plainBelow)) return exactText(number);
   std::string picture = "0";
   if (decimals > 0) picture.append(1, '.').append(static_cast<std::size_t>(decimals), '0');
   return formatNumber(number, picture);

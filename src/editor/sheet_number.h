@@ -25,7 +25,8 @@ struct NumberReading {
 // rounded once to the nearest double whatever the locale. What is too small for a double is 0.
 NumberReading readNumber(std::string_view text);
 
-// The fewest digits that read back to the same bits.
+// The fewest digits that read back to the same bits; with an exponent only from 1e15 on and below
+// 0.00001.
 std::string exactText(double number);
 
 // With so many decimals, rounded half away from zero from its first 15 digits. Numbers from 1e15 on
