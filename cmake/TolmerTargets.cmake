@@ -13,6 +13,10 @@ if(TOLMER_SANITIZE)
   target_link_options(tolmer_options INTERFACE -fsanitize=address,undefined)
 endif()
 
+if(TOLMER_FUZZ)
+  target_compile_options(tolmer_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
+
 # tolmer_library(NAME LINKS target...)
 function(tolmer_library name)
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS")

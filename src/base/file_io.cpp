@@ -7,6 +7,7 @@
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <system_error>
 
@@ -50,6 +51,27 @@ bool fillAndClose(int descriptor, std::string_view bytes, mode_t mode) {
   return filled && closed;
 }
 
+// A link stays a link: what it points to is replaced.
+std::string behindLinks(const std::string& fileName) {
+  std::error_code none;
+  const auto target = std::filesystem::canonical(fileName, none);
+  return none ? fileName : target.string();
+}
+
+std::string folderOf(const std::string& fileName) {
+  const std::string folder = std::filesystem::path(fileName).parent_path().string();
+  return folder.empty() ? "." : folder;
+}
+
+// The new name is on the disk only when its folder is. Some file systems cannot do it; the file
+// itself is whole either way.
+void flushFolder(const std::string& folder) {
+  const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (descriptor < 0) return;
+  ::fsync(descriptor);
+  ::close(descriptor);
+}
+
 }  // namespace
 
 Result<std::string> readWholeFile(const std::string& hostFileName) {
@@ -66,12 +88,16 @@ Result<std::string> readWholeFile(const std::string& hostFileName) {
 }
 
 std::optional<Error> writeFileAtomically(const std::string& hostFileName, std::string_view bytes) {
-  std::string beside = hostFileName + ".XXXXXX";
-  const int descriptor = ::mkstemp(beside.data());
+  const std::string target = behindLinks(hostFileName);
+  const std::string folder = folderOf(target);
+  std::string beside = folder + "/.tolmer-XXXXXX";
+  const int descriptor = ::mkostemp(beside.data(), O_CLOEXEC);
   if (descriptor < 0) return systemError(hostFileName, "cannot be written", errno);
-  if (fillAndClose(descriptor, bytes, modeFor(hostFileName)) &&
-      std::rename(beside.c_str(), hostFileName.c_str()) == 0)
+  if (fillAndClose(descriptor, bytes, modeFor(target)) &&
+      std::rename(beside.c_str(), target.c_str()) == 0) {
+    flushFolder(folder);
     return std::nullopt;
+  }
   const int reason = errno;
   ::unlink(beside.c_str());
   return systemError(hostFileName, "cannot be written", reason);

@@ -19,7 +19,8 @@ inline constexpr std::size_t maxFileBytes = std::size_t{64} << 20;
 Result<std::string> readWholeFile(const std::string& hostFileName);
 
 // Writes beside the target, flushes to disk and renames over it, so that a crash or a full disk
-// leaves the old file whole. Nothing stays behind after a failure; nullopt is success.
+// leaves the old file whole. A replaced file keeps its mode; a symbolic link stays one. Nothing
+// stays behind after a failure (a kill may leave a hidden ".tolmer-..."); nullopt is success.
 std::optional<Error> writeFileAtomically(const std::string& hostFileName, std::string_view bytes);
 
 }  // namespace tolmer

@@ -65,68 +65,6 @@ std::string takeQuoted(std::string_view& list) {
 
 }  // namespace
 
-// Cuts the content into records.
-class CsvTable::Parser {
- public:
-  Parser(const std::string& fileName, std::string& content)
-      : fileName_(fileName), content_(content) {}
-
-  bool atEnd() const { return at_ >= content_.size(); }
-
-  Result<Record> nextRecord() {
-    Record record{line_, {}};
-    for (bool more = true; more;) {
-      auto field = here() == '"' ? quotedField() : Result<Field>(bareField());
-      if (!field) return field.error();
-      record.fields.push_back(*field);
-      more = here() == ',';
-      if (more) ++at_;
-    }
-    skipLineEnd();
-    return record;
-  }
-
- private:
-  char here() const { return atEnd() ? '\n' : content_[at_]; }
-
-  Field bareField() {
-    const std::size_t begin = at_;
-    while (!atEnd() && content_[at_] != ',' && content_[at_] != '\n' && content_[at_] != '\r')
-      ++at_;
-    return {begin, at_ - begin};
-  }
-
-  // The unquoted text is shorter than the quoted one, so it is put over it.
-  Result<Field> quotedField() {
-    const int firstLine = line_;
-    const std::size_t begin = ++at_;
-    std::size_t end = begin;
-    for (;; ++at_) {
-      if (atEnd()) return errorAtLine(fileName_, firstLine, "a double quote is not closed");
-      if (content_[at_] == '"') {
-        ++at_;
-        if (here() != '"') break;
-      }
-      if (here() == '\n') ++line_;
-      content_[end++] = content_[at_];
-    }
-    if (here() != ',' && here() != '\r' && here() != '\n')
-      return errorAtLine(fileName_, line_, "text follows a closing double quote");
-    return Field{begin, end - begin};
-  }
-
-  void skipLineEnd() {
-    if (atEnd()) return;
-    at_ += std::string_view(content_).substr(at_).starts_with("\r\n") ? 2 : 1;
-    ++line_;
-  }
-
-  const std::string& fileName_;
-  std::string& content_;
-  std::size_t at_ = 0;
-  int line_ = 1;
-};
-
 Result<CsvTable> CsvTable::open(const std::string& fileName) {
   auto bytes = readWholeFile(fileName);
   if (!bytes) return bytes.error();
@@ -138,9 +76,9 @@ Result<CsvTable> CsvTable::parse(std::string fileName, std::string bytes) {
   table.fileName_ = std::move(fileName);
   table.content_ = utf8FromFile(std::move(bytes));
   replaceControls(table.content_);
-  Parser parser(table.fileName_, table.content_);
-  while (!parser.atEnd()) {
-    auto record = parser.nextRecord();
+  RecordReader reader(table.fileName_, table.content_);
+  while (!reader.atEnd()) {
+    auto record = reader.next();
     if (!record) return record.error();
     if (record->fields.size() == 1 && trimmed(table.text(record->fields[0])).empty()) continue;
     if (table.names_.empty()) {
@@ -163,7 +101,7 @@ Result<CsvTable> CsvTable::parse(std::string fileName, std::string bytes) {
   return table;
 }
 
-Result<bool> CsvTable::takeHeading(const Record& heading) {
+Result<bool> CsvTable::takeHeading(const FieldRecord& heading) {
   const auto count = static_cast<int>(heading.fields.size());
   if (count < 2)
     return errorAtLine(fileName_, heading.line,

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "base/error.h"
+#include "fieldfile/record_reader.h"
 
 namespace tolmer {
 
@@ -39,28 +40,15 @@ class CsvTable {
   Error errorAt(int row, int column, std::string_view text) const;
 
  private:
-  // A part of content_; offsets stay true when the table is moved, views would not.
-  struct Field {
-    std::size_t begin;
-    std::size_t length;
-  };
-  struct Record {
-    int line;
-    std::vector<Field> fields;
-  };
-  class Parser;
-
   CsvTable() = default;
-  std::string_view text(Field field) const {
-    return std::string_view(content_).substr(field.begin, field.length);
-  }
-  Result<bool> takeHeading(const Record& heading);
+  std::string_view text(FieldSpan field) const { return field.in(content_); }
+  Result<bool> takeHeading(const FieldRecord& heading);
 
   std::string fileName_;
   std::string content_;  // quoted fields are unquoted in place
   std::vector<std::string> names_;
-  std::vector<Field> cells_;  // row by row
-  std::vector<int> lines_;    // where each row begins
+  std::vector<FieldSpan> cells_;  // row by row
+  std::vector<int> lines_;        // where each row begins
 };
 
 // The fields of one line of separated values, blanks around them removed. A field that begins with

@@ -1,0 +1,68 @@
+// Bytes as a text file and as the clipboard's text, with any answers. The first two bytes choose
+// where it lands and what is answered.
+#include <cmath>
+#include <cstdint>
+#include <cstdlib>
+#include <string>
+
+#include "editor/text_import.h"
+
+namespace {
+
+using namespace tolmer;
+
+ImportTarget targetOf(std::uint8_t choice) {
+  ImportTarget target{.origin = choice & 1 ? TextOrigin::clipboard : TextOrigin::file};
+  target.row = (choice >> 1) & 3;
+  target.column = (choice >> 3) & 3;
+  target.observations = choice & 32 ? 5 : 500;
+  target.variables = choice & 32 ? 4 : 50;
+  return target;
+}
+
+ImportAnswers answersOf(std::uint8_t choice, const ImportPreview& preview) {
+  ImportAnswers answers;
+  for (const ImportQuestion& question : preview.questions) {
+    const auto choices = static_cast<int>(question.choices.size());
+    answers[question.doubt] = (choice + static_cast<int>(question.doubt) * (choice >> 4)) % choices;
+  }
+  return answers;
+}
+
+void check(const ImportedTable& table, const ImportTarget& target) {
+  const int rows = table.cells.lastRow() + 1;
+  const int columns = table.cells.lastColumn() + 1;
+  if (table.firstRow < 1 || table.firstRow + rows - 1 > target.observations) std::abort();
+  if (table.firstColumn < 0 || table.firstColumn + columns - 1 > target.variables) std::abort();
+  for (int row = 0; row < rows; ++row)
+    for (int column = 0; column < columns; ++column) {
+      const DataCell& cell = table.cells(row, column);
+      const bool isText = cell.kind == DataCell::Kind::text;
+      if (isText && (table.firstColumn + column != 0 ||
+                     cell.text.find_first_of("\t\n\r") != std::string::npos))
+        std::abort();
+      if (!std::isfinite(cell.number)) std::abort();
+    }
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  if (size < 2) return 0;
+  const ImportTarget target = targetOf(data[0]);
+  const auto import =
+      TextImport::read(std::string(reinterpret_cast<const char*>(data) + 2, size - 2), target);
+  if (!import) return 0;
+  // An answer may raise other questions, but not without end.
+  ImportAnswers answers;
+  for (int round = 0; round < 4; ++round) {
+    const auto preview = import->preview(answers);
+    if (!preview) return 0;
+    answers.merge(answersOf(data[1], *preview));
+  }
+  const auto preview = import->preview(answers);
+  if (!preview) return 0;
+  if (!preview->isAnswered()) std::abort();
+  if (const auto table = import->apply(answers)) check(*table, target);
+  return 0;
+}

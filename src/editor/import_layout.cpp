@@ -1,0 +1,211 @@
+// Where a foreign table is cut, and where it lands: separator, heading, labels, room.
+#include <algorithm>
+#include <string>
+#include <utility>
+
+#include "editor/import_findings.h"
+
+namespace tolmer {
+namespace {
+
+std::string separatorName(char separator) {
+  switch (separator) {
+    case '\t':
+      return "Tabs";
+    case ';':
+      return "Semicolons";
+    case ',':
+      return "Commas";
+    case ' ':
+      return "Blanks";
+    default:
+      return "Nothing: it is one column";
+  }
+}
+
+bool isYear(std::string_view field) {
+  return field.size() == 4 && (field[0] == '1' || field[0] == '2') &&
+         std::all_of(field.begin(), field.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// "1,5" in every line with a comma: one number with a decimal comma, or two numbers.
+bool couldBeDecimals(const std::string& text, TextOrigin origin) {
+  const auto table = textTable(text, ',', origin);
+  if (!table || table->columns() != 2) return false;
+  return std::all_of(table->rows.begin(), table->rows.end(), [](const auto& row) {
+    return numberShape(row[0]).marks == NumberShape::Marks::plain &&
+           numberShape(row[1]).marks == NumberShape::Marks::plain;
+  });
+}
+
+bool equalsLabel(const std::string& heading) { return heading == "Label" || heading == "label"; }
+
+}  // namespace
+
+std::optional<Error> ImportFindings::findTable(const std::string& text) {
+  const auto separator = chooseSeparator(text);
+  auto table = textTable(text, separator.value_or(noSeparator), target_.origin);
+  if (!table) return table.error();
+  if (table->rows.empty() || table->columns() == 0)
+    return Error{"", "There are no data in the text."};
+  table_ = std::move(*table);
+  if (table_.blankLines > 0)
+    notes_.push_back("Blank lines were left out: " + std::to_string(table_.blankLines) + ".");
+  return std::nullopt;
+}
+
+std::optional<char> ImportFindings::chooseSeparator(const std::string& text) {
+  return target_.origin == TextOrigin::clipboard ? separatorOfClipboard(text)
+                                                 : separatorOfFile(text);
+}
+
+// Spreadsheets put tabs on the clipboard; anything else there is doubtful, but for a single line,
+// which is the text of a cell.
+std::optional<char> ImportFindings::separatorOfClipboard(const std::string& text) {
+  if (text.find('\t') != std::string::npos) return '\t';
+  const auto lastLine = text.find_last_not_of("\r\n");
+  if (lastLine == std::string::npos || text.find_first_of("\r\n") > lastLine) return noSeparator;
+  const auto even = evenSeparators(text, target_.origin);
+  if (even.empty()) return noSeparator;
+  const bool clear = even.size() == 1 && even[0] != ' ' &&
+                     !(even[0] == ',' && couldBeDecimals(text, target_.origin));
+  return askSeparator(even, clear ? std::optional(0) : std::nullopt);
+}
+
+std::optional<char> ImportFindings::separatorOfFile(const std::string& text) {
+  auto even = evenSeparators(text, target_.origin);
+  std::erase(even, ' ');
+  if (!even.empty() && even[0] == '\t') return '\t';
+  if (even.size() == 1 && !(even[0] == ',' && couldBeDecimals(text, target_.origin))) {
+    notes_.push_back("Fields are divided by " +
+                     std::string(even[0] == ',' ? "commas." : "semicolons."));
+    return even[0];
+  }
+  if (!even.empty()) return askSeparator(even, even.size() > 1 ? std::optional(0) : std::nullopt);
+  std::vector<char> seen;
+  const std::string_view firstLine = std::string_view(text).substr(0, text.find_first_of("\r\n"));
+  for (const char separator : {'\t', ';', ','})
+    if (firstLine.find(separator) != firstLine.npos) seen.push_back(separator);
+  if (seen.empty()) return noSeparator;
+  return askSeparator(seen, seen.size() == 1 ? std::optional(0) : std::nullopt);
+}
+
+std::optional<char> ImportFindings::askSeparator(const std::vector<char>& candidates,
+                                                 std::optional<int> preset) {
+  std::vector<std::string> choices;
+  for (const char separator : candidates) choices.push_back(separatorName(separator));
+  choices.push_back(separatorName(noSeparator));
+  const auto chosen = ask(ImportDoubt::separator, "What divides the columns?", choices, preset);
+  if (!chosen) return std::nullopt;
+  const auto index = static_cast<std::size_t>(*chosen);
+  return index < candidates.size() ? candidates[index] : noSeparator;
+}
+
+ImportFindings::ColumnKind ImportFindings::kindOf(int column, int fromRow) const {
+  int numbers = 0;
+  int words = 0;
+  for (int row = fromRow; row < static_cast<int>(table_.rows.size()); ++row) {
+    const std::string& text = field(row, column);
+    if (text.empty() || look(row, column).missing) continue;
+    ++(look(row, column).shape.isNumber() ? numbers : words);
+  }
+  if (numbers + words == 0) return ColumnKind::empty;
+  return numbers >= words ? ColumnKind::numbers : ColumnKind::words;
+}
+
+bool ImportFindings::firstRowIsYears() const {
+  bool years = false;
+  for (int column = 0; column < columns(); ++column) {
+    if (kindOf(column, 1) != ColumnKind::numbers) continue;
+    if (!isYear(field(0, column))) return false;
+    years = years || !isYear(field(1, column));
+  }
+  return years;
+}
+
+// nullopt: the first row may be either.
+std::optional<bool> ImportFindings::headingByLook() const {
+  if (table_.rows.size() < 2) return false;
+  int words = 0;
+  int others = 0;
+  bool anyNumbers = false;
+  for (int column = 0; column < columns(); ++column) {
+    const bool overNumbers = kindOf(column, 1) == ColumnKind::numbers;
+    anyNumbers = anyNumbers || overNumbers;
+    const std::string& text = field(0, column);
+    const FieldLook& seen = look(0, column);
+    const bool isWord = !text.empty() && !seen.missing && !seen.shape.isNumber();
+    if (overNumbers || kindOf(column, 1) == ColumnKind::empty) ++(isWord ? words : others);
+  }
+  if (!anyNumbers && words == 0 && others > 0) return false;
+  if (!anyNumbers || (words > 0 && others > 0) || firstRowIsYears()) return std::nullopt;
+  return words > 0;
+}
+
+void ImportFindings::findHeading() {
+  const bool pasted = target_.origin == TextOrigin::clipboard;
+  const bool cursorOnNames = pasted && target_.row == 0;
+  const bool onlyLabels = pasted && columns() == 1 && target_.column == 0;
+  auto heading = headingByLook();
+  if (!heading && (cursorOnNames || onlyLabels)) heading = cursorOnNames;
+  if (cursorOnNames && table_.rows.size() == 1) heading = true;
+  if (!heading) {
+    const auto chosen =
+        ask(ImportDoubt::heading,
+            "Does the first row hold the names of the columns (\"" + field(0, 0) + "\" and so on)?",
+            {"Yes, names", "No, data"}, std::nullopt);
+    heading = chosen.value_or(0) == 0;
+  }
+  heading_ = *heading;
+  if (cursorOnNames && !heading_)
+    notes_.push_back("The first row holds data: the block begins below the headings.");
+}
+
+// Words in a file's first column are labels; so is what a saved sheet calls "Label".
+void ImportFindings::findLanding() {
+  firstRow_ = std::max(target_.row, 1);
+  firstColumn_ = target_.column;
+  if (target_.origin == TextOrigin::file) {
+    firstRow_ = 1;
+    const bool named = heading_ && (field(0, 0).empty() || equalsLabel(field(0, 0)));
+    const bool labels = named || kindOf(0, firstDataRow()) == ColumnKind::words;
+    firstColumn_ = labels ? 0 : 1;
+    if (labels) notes_.push_back("The first column holds the labels of the cases.");
+  } else if (heading_ && target_.row > 0 && (questions_.empty() || questions_.back().chosen)) {
+    ask(ImportDoubt::headingPlace,
+        "The first row holds names, and the block lands below the row of headings. What is to "
+        "become "
+        "of the names?",
+        {"Put them into the row of headings", "Leave them out"}, 0);
+  }
+}
+
+std::optional<Error> ImportFindings::findRoom() const {
+  const int room = target_.observations - firstRow_ + 1;
+  if (dataRows() > room)
+    return Error{"", "The text has " + std::to_string(dataRows()) +
+                         " rows of data; there is room for " + std::to_string(room) + "."};
+  const int labels = firstColumn_ == 0 ? 1 : 0;
+  const int roomAcross = target_.variables - std::max(firstColumn_, 1) + 1;
+  if (columns() - labels > roomAcross)
+    return Error{"", "The text has " + std::to_string(columns() - labels) +
+                         " columns of data; there is room for " + std::to_string(roomAcross) + "."};
+  return std::nullopt;
+}
+
+void ImportFindings::findShortRows() {
+  if (table_.firstShortRow < 0) return;
+  ask(ImportDoubt::shortRows,
+      "Rows have different lengths: line " +
+          std::to_string(table_.lines[static_cast<std::size_t>(table_.firstShortRow)]) + " has " +
+          std::to_string(table_.shortLength) + (table_.shortLength == 1 ? " field" : " fields") +
+          ", others have " + std::to_string(columns()) + ". What is missing at their ends?",
+      {"Empty cells", "Do not bring the text in"}, std::nullopt);
+}
+
+std::vector<std::string> ImportFindings::headings() const {
+  const bool leftOut = answerTo(ImportDoubt::headingPlace) == 1;
+  return heading_ && !leftOut ? table_.rows.front() : std::vector<std::string>();
+}
+
+}  // namespace tolmer

@@ -1,0 +1,190 @@
+#include "editor/number_shape.h"
+
+#include <algorithm>
+#include <array>
+
+#include "editor/sheet_number.h"
+
+namespace tolmer {
+namespace {
+
+struct Spelling {
+  std::string_view seen;
+  std::string_view plain;
+};
+
+// UTF-8 of true minus and of the blanks that word processors and spreadsheets put into numbers.
+constexpr std::array<Spelling, 6> spellings{{{"\xE2\x88\x92", "-"},
+                                             {"\xC2\xA0", " "},
+                                             {"\xE2\x80\xAF", " "},
+                                             {"\xE2\x80\x89", " "},
+                                             {"\xE2\x80\x87", " "},
+                                             {"\xE2\x80\x99", "'"}}};
+constexpr std::array<std::string_view, 4> currencies{"$", "\xE2\x82\xAC", "\xC2\xA3", "\xC2\xA5"};
+
+// A number in its parts, blanks and signs taken off.
+struct Parts {
+  bool negative = false;
+  bool groupedByBlanks = false;
+  bool percent = false;
+  bool currency = false;
+  std::string mantissa;  // digits, points and commas
+  std::string exponent;  // "e-5" or empty
+};
+
+bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool allDigits(std::string_view text) { return std::all_of(text.begin(), text.end(), isDigit); }
+
+std::string inPlainSpelling(std::string_view field) {
+  std::string plain;
+  while (!field.empty()) {
+    const auto found = std::find_if(
+        spellings.begin(), spellings.end(),
+        [field](const Spelling& spelling) { return field.starts_with(spelling.seen); });
+    plain += found == spellings.end() ? field.substr(0, 1) : found->plain;
+    field.remove_prefix(found == spellings.end() ? 1 : found->seen.size());
+  }
+  return plain;
+}
+
+bool takeFront(std::string_view& text, std::string_view what) {
+  if (!text.starts_with(what)) return false;
+  text = withoutOuterBlanks(text.substr(what.size()));
+  return true;
+}
+
+bool takeBack(std::string_view& text, std::string_view what) {
+  if (!text.ends_with(what)) return false;
+  text = withoutOuterBlanks(text.substr(0, text.size() - what.size()));
+  return true;
+}
+
+void takeSigns(std::string_view& text, Parts& parts) {
+  const auto takeSign = [&] {
+    if (takeFront(text, "-")) {
+      parts.negative = true;
+      return true;
+    }
+    return takeFront(text, "+");
+  };
+  bool sign = takeSign();
+  parts.percent = takeBack(text, "%");
+  for (const auto currency : currencies)
+    if (takeFront(text, currency) || takeBack(text, currency)) parts.currency = true;
+  if (!sign) takeSign();
+}
+
+// Blanks and apostrophes stand before groups of three digits, or it is no number.
+bool takeBlanks(std::string& digits, bool& grouped) {
+  if (digits.find_first_of(" '") == std::string::npos) return true;
+  std::string closed;
+  for (std::size_t i = 0; i < digits.size(); ++i) {
+    if (digits[i] != ' ' && digits[i] != '\'') {
+      closed += digits[i];
+      continue;
+    }
+    const std::string_view after = std::string_view(digits).substr(i + 1);
+    const bool divides = i > 0 && isDigit(digits[i - 1]) && after.size() >= 3 &&
+                         allDigits(after.substr(0, 3)) && (after.size() == 3 || !isDigit(after[3]));
+    if (!divides) return false;
+    grouped = true;
+  }
+  digits = closed;
+  return true;
+}
+
+std::optional<Parts> partsOf(std::string_view field) {
+  std::string plain;
+  std::string_view text = withoutOuterBlanks(field);
+  if (std::any_of(text.begin(), text.end(), [](char c) { return (c & 0x80) != 0; })) {
+    plain = inPlainSpelling(text);
+    text = withoutOuterBlanks(plain);
+  }
+  Parts parts;
+  takeSigns(text, parts);
+  const auto exponent = text.find_first_of("eE");
+  parts.mantissa = text.substr(0, exponent);
+  if (exponent != text.npos) parts.exponent = text.substr(exponent);
+  if (parts.mantissa.find_first_not_of("0123456789., '") != std::string::npos ||
+      parts.mantissa.find_first_of("0123456789") == std::string::npos ||
+      !takeBlanks(parts.mantissa, parts.groupedByBlanks))
+    return std::nullopt;
+  // The exponent's form is tried with the simplest number.
+  if (!parts.exponent.empty() &&
+      readNumber("0" + parts.exponent).kind != NumberReading::Kind::number)
+    return std::nullopt;
+  return parts;
+}
+
+// One to three digits, then groups of three divided by the mark.
+bool isGrouped(std::string_view digits, char mark) {
+  const auto first = std::min(digits.find(mark), digits.size());
+  if (first < 1 || first > 3 || !allDigits(digits.substr(0, first))) return false;
+  for (digits.remove_prefix(first); !digits.empty(); digits.remove_prefix(4))
+    if (digits.size() < 4 || digits[0] != mark || !allDigits(digits.substr(1, 3))) return false;
+  return true;
+}
+
+// With this decimal mark and the other one between thousands, the digits with a point at most;
+// empty where it does not fit.
+std::string digitsWith(const std::string& mantissa, char decimal) {
+  const char other = decimal == '.' ? ',' : '.';
+  const auto at = std::min(mantissa.find(decimal), mantissa.size());
+  const std::string_view all = mantissa;
+  const auto whole = all.substr(0, at);
+  const auto fraction = all.substr(std::min(at + 1, all.size()));
+  if (!allDigits(fraction) || (!allDigits(whole) && !isGrouped(whole, other))) return {};
+  std::string digits;
+  std::copy_if(whole.begin(), whole.end(), std::back_inserter(digits), isDigit);
+  return at == all.size() ? digits : digits + "." + std::string(fraction);
+}
+
+// 1.234 and its like: what fits both as decimals and as thousands.
+bool fitsBoth(const Parts& parts, char mark) {
+  return parts.exponent.empty() && !parts.groupedByBlanks && parts.mantissa.front() != '0' &&
+         isGrouped(parts.mantissa, mark) &&
+         std::count(parts.mantissa.begin(), parts.mantissa.end(), mark) == 1;
+}
+
+NumberShape::Marks marksOf(const Parts& parts) {
+  using Marks = NumberShape::Marks;
+  if (allDigits(parts.mantissa)) return Marks::plain;
+  if (fitsBoth(parts, '.')) return Marks::eitherPoint;
+  if (fitsBoth(parts, ',')) return Marks::eitherComma;
+  if (!digitsWith(parts.mantissa, '.').empty()) return Marks::point;
+  if (!digitsWith(parts.mantissa, ',').empty()) return Marks::comma;
+  return Marks::noNumber;
+}
+
+}  // namespace
+
+NumberShape numberShape(std::string_view field) {
+  const auto parts = partsOf(field);
+  if (!parts) return {};
+  return {marksOf(*parts), parts->groupedByBlanks, parts->percent, parts->currency};
+}
+
+std::optional<FieldNumber> fieldNumber(std::string_view field, char decimalMark) {
+  const auto parts = partsOf(field);
+  if (!parts) return std::nullopt;
+  const std::string digits = digitsWith(parts->mantissa, decimalMark);
+  if (digits.empty()) return std::nullopt;
+  const auto read = readNumber((parts->negative ? "-" : "") + digits + parts->exponent);
+  if (read.kind != NumberReading::Kind::number) return std::nullopt;
+  const char other = decimalMark == '.' ? ',' : '.';
+  return FieldNumber{read.number, parts->mantissa.find(other) != std::string::npos};
+}
+
+bool isMissingMark(std::string_view field) {
+  constexpr std::array<std::string_view, 19> marks{
+      "na", "n/a", "#n/a", "n.a.",    "nan",     ".",       "..",    "-",      "--",   "---",
+      "*",  "?",   "null", "missing", "#div/0!", "#value!", "#ref!", "#name?", "#num!"};
+  field = withoutOuterBlanks(field);
+  constexpr std::size_t longest = 8;
+  if (field.empty() || field.size() > longest || isDigit(field.front())) return false;
+  std::string lower;
+  for (const char c : field) lower += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+  return std::find(marks.begin(), marks.end(), lower) != marks.end();
+}
+
+}  // namespace tolmer

@@ -1,0 +1,47 @@
+// What a field of foreign text looks like as a number, before anyone has said which mark is the
+// decimal one.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tolmer {
+
+struct NumberShape {
+  enum class Marks {
+    noNumber,
+    plain,        // 12, 1e5
+    point,        // 1.5, 1,234.5, 1,234,567: only a point can be the decimal mark
+    comma,        // 1,5, 1.234,5, 1.234.567: only a comma can
+    eitherPoint,  // 1.234: decimals, or thousands
+    eitherComma   // 1,234
+  };
+  Marks marks = Marks::noNumber;
+  bool groupedByBlanks = false;  // 12 345 or 12'345
+  bool percent = false;
+  bool currency = false;
+
+  bool isNumber() const { return marks != Marks::noNumber; }
+  // Whether it is a number with that decimal mark, or with any while that is open.
+  bool fits(std::optional<char> decimalMark) const {
+    if (!decimalMark || !isNumber()) return isNumber();
+    return marks != (*decimalMark == '.' ? Marks::comma : Marks::point);
+  }
+};
+
+NumberShape numberShape(std::string_view field);
+
+struct FieldNumber {
+  double value = 0;  // of 12%: 12
+  bool marksRemoved = false;
+};
+
+// The number with that decimal mark, '.' or ','; the other one may divide thousands. nullopt where
+// the field is no such number or no double can hold it.
+std::optional<FieldNumber> fieldNumber(std::string_view field, char decimalMark);
+
+// A sign of a missing value as statistics programs and spreadsheets write them: NA . - * #DIV/0!
+bool isMissingMark(std::string_view field);
+
+}  // namespace tolmer

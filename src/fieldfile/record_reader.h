@@ -1,0 +1,64 @@
+// Records of separated values, as RFC 4180 describes them, cut out of a whole text.
+//
+// A field may stand in double quotes and then hold separators, line ends and doubled quotes. Lines
+// end in CR LF, LF or CR.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/error.h"
+
+namespace tolmer {
+
+// A part of the text; offsets stay true when the text is moved, views would not.
+struct FieldSpan {
+  std::size_t begin = 0;
+  std::size_t length = 0;
+  std::string_view in(std::string_view text) const { return text.substr(begin, length); }
+};
+
+struct FieldRecord {
+  int line = 1;  // where it begins, from 1
+  std::vector<FieldSpan> fields;
+};
+
+class RecordReader {
+ public:
+  // What a double quote means at the front of a field that does not go on as a quoted field must.
+  enum class StrayQuotes {
+    refused,  // an error: the file is damaged
+    kept      // a letter like any other, as in 5" pipe
+  };
+
+  // Quoted fields are unquoted within `text`, which must outlive the reader. `fileName` is what
+  // errors name.
+  RecordReader(std::string fileName, std::string& text, char separator = ',',
+               StrayQuotes strayQuotes = StrayQuotes::refused)
+      : fileName_(std::move(fileName)),
+        text_(text),
+        separator_(separator),
+        strayQuotes_(strayQuotes) {}
+
+  bool atEnd() const { return at_ >= text_.size(); }
+  Result<FieldRecord> next();
+
+ private:
+  char here() const { return atEnd() ? '\n' : text_[at_]; }
+  bool endsField(char c) const { return c == separator_ || c == '\n' || c == '\r'; }
+  bool opensQuotedField() const;
+  FieldSpan bareField();
+  Result<FieldSpan> quotedField();
+  void skipLineEnd();
+
+  std::string fileName_;
+  std::string& text_;
+  char separator_;
+  StrayQuotes strayQuotes_;
+  std::size_t at_ = 0;
+  int line_ = 1;
+};
+
+}  // namespace tolmer

@@ -1,0 +1,166 @@
+// Work written aside: when, for whom, and who finds it.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <cstdlib>
+#include <filesystem>
+
+#include "editor/autosave.h"
+#include "support/temp_folder.h"
+
+namespace tolmer {
+namespace {
+
+namespace fs = std::filesystem;
+
+class AutosaveTest : public testing::Test {
+ protected:
+  SheetContent sheet(const std::string& title) {
+    SheetContent content(editorObservations, editorVariables);
+    content.title = title;
+    return content;
+  }
+  std::optional<Error> poll(Autosave& autosave, const std::string& title) {
+    return autosave.poll([&] { return sheet(title); }, "/home/ann/a.zmm");
+  }
+  void writeAside(Autosave& autosave, const std::string& title) {
+    autosave.changed();
+    now += Autosave::interval;
+    EXPECT_FALSE(poll(autosave, title));
+  }
+  std::string titlesFound() {
+    std::string titles;
+    for (const LostWork& work : findLostWork(folder)) {
+      const auto content = work.content();
+      titles += content ? content->sheet.title + " of " + content->from + ";" : "damaged;";
+    }
+    return titles;
+  }
+  std::ptrdiff_t files() { return std::distance(fs::directory_iterator(folder), {}); }
+
+  test::TempFolder temp;
+  std::string folder = temp.file("state/tolmer");
+  std::int64_t now = 1000;
+  Autosave::Clock clock = [this] { return now; };
+};
+
+TEST_F(AutosaveTest, writesWhatChangedEveryFewSecondsAndNothingElse) {
+  Autosave autosave(folder, clock);
+  int written = 0;
+  const auto content = [&] {
+    ++written;
+    return sheet("x");
+  };
+  autosave.poll(content, "");
+  EXPECT_FALSE(fs::exists(folder));
+  for (int second = 0; second < 60; ++second, now += 1000) {
+    if (second < 30) autosave.changed();
+    autosave.poll(content, "");
+  }
+  EXPECT_EQ(written, 8);  // at 3, 7, .. 31 seconds
+  autosave.finish();
+  EXPECT_EQ(files(), 0);
+}
+
+TEST_F(AutosaveTest, workIsFoundOnlyWhenItsProgramIsGone) {
+  EXPECT_EQ(titlesFound(), "");
+  {
+    Autosave running(folder, clock);
+    writeAside(running, "mine");
+    EXPECT_EQ(titlesFound(), "");  // another program's, and it still runs
+  }
+  EXPECT_EQ(titlesFound(), "mine of /home/ann/a.zmm;");
+  EXPECT_EQ(titlesFound(), "mine of /home/ann/a.zmm;");  // looking does not take it away
+  const auto held = findLostWork(folder);
+  EXPECT_EQ(titlesFound(), "");  // one finder at a time
+}
+
+TEST_F(AutosaveTest, adoptedWorkIsNeverWithoutACopy) {
+  {
+    Autosave crashed(folder, clock);
+    writeAside(crashed, "old");
+  }
+  {
+    Autosave next(folder, clock);
+    next.adopt(std::move(findLostWork(folder).front()));
+    EXPECT_EQ(titlesFound(), "");
+  }  // crashed as well
+  EXPECT_EQ(titlesFound(), "old of /home/ann/a.zmm;");
+  Autosave third(folder, clock);
+  third.adopt(std::move(findLostWork(folder).front()));
+  writeAside(third, "new");
+  third.clean();
+  EXPECT_EQ(files(), 1);  // the lock
+  third.finish();
+  EXPECT_EQ(files(), 0);
+}
+
+TEST_F(AutosaveTest, discardedWorkAndLocksWithoutWorkGo) {
+  {
+    Autosave crashed(folder, clock);
+    writeAside(crashed, "old");
+  }
+  findLostWork(folder).front().discard();
+  EXPECT_EQ(files(), 0);
+  {
+    Autosave crashed(folder, clock);
+    writeAside(crashed, "old");
+    crashed.clean();
+  }
+  EXPECT_EQ(titlesFound(), "");
+  EXPECT_EQ(files(), 0);
+}
+
+TEST_F(AutosaveTest, aFailureIsToldOnceAndTriedAgain) {
+  fs::create_directories(temp.file("state"));
+  std::FILE* inTheWay = std::fopen(folder.c_str(), "w");
+  ASSERT_TRUE(inTheWay);
+  std::fclose(inTheWay);
+  Autosave autosave(folder, clock);
+  autosave.changed();
+  now += Autosave::interval;
+  EXPECT_TRUE(poll(autosave, "x"));
+  now += Autosave::interval;
+  EXPECT_FALSE(poll(autosave, "x"));
+  fs::remove(folder);
+  now += Autosave::interval;
+  EXPECT_FALSE(poll(autosave, "x"));
+  EXPECT_EQ(files(), 2);
+}
+
+// The child is killed while it writes as fast as it can; what it leaves is whole.
+TEST_F(AutosaveTest, aKilledProgramLeavesItsWorkToBeFound) {
+  int found = 0;
+  for (int kill = 0; kill < 50; ++kill) {
+    const pid_t child = ::fork();
+    ASSERT_GE(child, 0);
+    if (child == 0) {
+      Autosave autosave(folder, clock);
+      for (;;) writeAside(autosave, "work");
+    }
+    ::usleep(static_cast<useconds_t>(1000 * (kill % 10)));
+    ::kill(child, SIGKILL);
+    ASSERT_EQ(::waitpid(child, nullptr, 0), child);
+    for (LostWork& work : findLostWork(folder)) {
+      const auto content = work.content();
+      ASSERT_TRUE(content) << content.error().message();
+      EXPECT_EQ(content->sheet.title, "work");
+      work.discard();
+      ++found;
+    }
+  }
+  EXPECT_GT(found, 25);
+}
+
+TEST_F(AutosaveTest, theFolderIsTheUsersOwn) {
+  ::setenv("XDG_STATE_HOME", "/state", 1);
+  EXPECT_EQ(autosaveFolder(), "/state/tolmer");
+  ::setenv("XDG_STATE_HOME", "relative", 1);
+  ::setenv("HOME", "/home/ann", 1);
+  EXPECT_EQ(autosaveFolder(), "/home/ann/.local/state/tolmer");
+}
+
+}  // namespace
+}  // namespace tolmer
