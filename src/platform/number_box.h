@@ -28,6 +28,9 @@ class NumberBox : public Control {
     notify(Change::items);
   }
 
+  // Marks the number, so that typing replaces it; once it is on the screen.
+  void selectAll() { notify(Change::focus); }
+
   Event<> Changed;
 
  private:

@@ -34,6 +34,9 @@ class TextBox : public Control {
   }
   int lastScrollKey() const { return scrollKey_; }  // 0 before any
 
+  // Marks all of a single line, so that typing replaces it; once it is on the screen.
+  void selectAll() { notify(Change::focus); }
+
   Event<> Changed;
 
  private:

@@ -99,7 +99,9 @@ void ControlPeer::place() { widget_->setGeometry(toPixels(control_.place())); }
 void ControlPeer::show(bool visible) { widget_->setVisible(visible); }
 
 void ControlPeer::applyLook() {
-  if (hasOwnLook_ || control_.font() != Font{}) widget_->setFont(toQt(control_.font()));
+  const bool hadOwnFont = widget_->testAttribute(Qt::WA_SetFont);
+  if (hasOwnLook_ || hadOwnFont || control_.font() != Font{})
+    widget_->setFont(toQt(control_.font()));
   if (hasOwnLook_ || !isSystemGround(control_) || !isSystemText(control_.foreColour()))
     applyColours();
 }

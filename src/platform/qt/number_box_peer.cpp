@@ -21,6 +21,7 @@ class NumberBoxPeer : public ControlPeer {
     return widget_;
   }
   void update(Change what) override {
+    if (what == Change::focus) return widget_->selectAll();
     if (!has(what, Change::items) && !has(what, Change::value)) return;
     // The program may set what the user may not type.
     widget_->setRange(std::min(box_.min(), box_.value()), std::max(box_.max(), box_.value()));

@@ -50,6 +50,7 @@ class TextBoxPeer : public ControlPeer {
     if (has(what, Change::text)) setText(toQt(box_.text()));
     if (has(what, Change::enabled)) setReadOnly(box_.readOnly());
     if (what == Change::value) scroll(box_.lastScrollKey());
+    if (what == Change::focus && line_) line_->selectAll();
   }
   // Setting the text that stands there would send the cursor to its end.
   void setText(const QString& text) {
