@@ -1,0 +1,27 @@
+// What the editor's small dialogs have in common.
+#pragma once
+
+#include <initializer_list>
+#include <string>
+
+#include "editor/data_sheet.h"
+#include "platform/button.h"
+#include "platform/desktop.h"
+
+namespace tolmer {
+
+// Under what name a dialog offers a column: its heading, or where that is blank its letters.
+std::string columnName(const DataSheet& sheet, int iVar);
+
+// A text from data as the caption of a control in whose captions "&" is a mark.
+std::string asCaption(const std::string& text);
+
+// The first is pressed by Return, the second by Escape; they stand from left to right, so that the
+// last one ends at `right`.
+void placeCommands(std::initializer_list<Button*> buttons, Twips right, Twips top);
+inline constexpr Twips commandHeight = pixels(28);
+inline constexpr Twips dialogMargin = pixels(14);
+
+void showEditorHelp(Desktop& desktop, long context);
+
+}  // namespace tolmer

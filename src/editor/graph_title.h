@@ -1,0 +1,33 @@
+#pragma once
+
+#include <string>
+
+#include "editor/data_sheet.h"
+#include "platform/button.h"
+#include "platform/label.h"
+#include "platform/text_box.h"
+#include "platform/window.h"
+
+namespace tolmer {
+
+// Edits the data set's title. It lives for one showing.
+class frmGraphTitle : public Window {
+ public:
+  // The sheet outlives the window.
+  frmGraphTitle(Desktop& desktop, DataSheet& sheet);
+
+  Label lblGraphTitle{this, "lblGraphTitle", "Title:"};
+  TextBox txtGraphTitle{this, "txtGraphTitle"};
+  Button cmdOK{this, "cmdOK", "OK"};
+  Button cmdCancel{this, "cmdCancel", "Cancel"};
+  Button cmdHelp{this, "cmdHelp", "&Help"};
+
+ private:
+  void Form_Activate();
+  void cmdOK_Click();
+
+  DataSheet& sheet_;
+  std::string mtNewTitle_;
+};
+
+}  // namespace tolmer

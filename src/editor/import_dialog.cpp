@@ -1,0 +1,251 @@
+#include "editor/import_dialog.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "editor/dialog_parts.h"
+#include "editor/sheet_number.h"
+
+namespace tolmer {
+namespace {
+
+constexpr int kindsOfDoubt = static_cast<int>(ImportDoubt::words) + 1;
+int indexOf(ImportDoubt doubt) { return static_cast<int>(doubt) + 1; }
+ImportDoubt doubtOf(int index) { return static_cast<ImportDoubt>(index - 1); }
+
+std::string counted(std::size_t count, const char* noun) {
+  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
+}
+
+std::size_t columnsOf(const ImportPreview& preview) {
+  return preview.shown.empty() ? preview.headings.size() : preview.shown.front().size();
+}
+
+std::string captionOf(const ImportPreview& preview) {
+  const auto shown = static_cast<int>(preview.shown.size());
+  if (shown == preview.rows) return "As it would stand in the sheet:";
+  return "The first " + std::to_string(shown) + " of " +
+         counted(static_cast<std::size_t>(preview.rows), "row") +
+         ", as they would stand in the sheet:";
+}
+
+std::string stateOf(const ImportPreview& preview) {
+  const auto open = std::count_if(preview.questions.begin(), preview.questions.end(),
+                                  [](const ImportQuestion& question) { return !question.chosen; });
+  if (open > 0)
+    return counted(static_cast<std::size_t>(open), "question") +
+           (open == 1 ? " waits for an answer." : " wait for an answer.");
+  if (preview.rows == 0) return counted(columnsOf(preview), "name") + ", no data.";
+  return counted(static_cast<std::size_t>(preview.rows), "row") + ", " +
+         counted(columnsOf(preview), "column") + ".";
+}
+
+std::string notesOf(const ImportPreview& preview) {
+  std::string text;
+  for (const std::string& note : preview.notes) text += (text.empty() ? "" : "\n") + note;
+  return text;
+}
+
+// The names, then the rows, as the editor shows them; column 0 numbers the cases.
+class PreviewSheet {
+ public:
+  PreviewSheet(const ImportPreview& preview, const SheetContent& target)
+      : preview_(preview),
+        target_(target),
+        sheet_(static_cast<int>(preview.shown.size()) + 1, static_cast<int>(columnsOf(preview))) {}
+
+  Sheet build() {
+    numberCases();
+    for (int col = 1; col <= sheet_.cols(); ++col) {
+      const auto field = static_cast<std::size_t>(col - 1);
+      const int column = preview_.firstColumn + col - 1;
+      const Align align = column == 0 ? Align::left : Align::right;
+      put(1, col, nameOf(field, column), {.align = align, .heading = true, .back = yellow});
+      for (std::size_t row = 0; row < preview_.shown.size(); ++row)
+        put(static_cast<int>(row) + 2, col, preview_.shown[row][field],
+            {.align = align, .back = colours::window, .fore = colours::windowText});
+    }
+    return std::move(sheet_);
+  }
+
+ private:
+  static constexpr Colour yellow = Colour::rgb(255, 255, 128);
+
+  void put(int row, int col, std::string text, const CellStyle& style) {
+    sheet_.at(row, col).text = std::move(text);
+    sheet_.at(row, col).style = style;
+  }
+  void numberCases() {
+    const CellStyle face{.align = Align::right,
+                         .heading = true,
+                         .back = colours::buttonFace,
+                         .fore = colours::buttonText};
+    put(1, 0, "Obs", face);
+    for (int row = 2; row <= sheet_.rows(); ++row)
+      put(row, 0, std::to_string(preview_.firstRow + row - 2), face);
+  }
+  // A blank name leaves the one that stands.
+  std::string nameOf(std::size_t field, int column) const {
+    if (field < preview_.headings.size() && !preview_.headings[field].empty())
+      return preview_.headings[field];
+    return column <= target_.variables() ? target_.cells(0, column).text : std::string();
+  }
+
+  const ImportPreview& preview_;
+  const SheetContent& target_;
+  Sheet sheet_;
+};
+
+}  // namespace
+
+frmTextImport::frmTextImport(Desktop& desktop, const TextImport& import, const SheetContent& sheet,
+                             const std::string& source)
+    : Window(desktop, "frmTextImport", WindowStyle::dialog, "Bring in Text - " + source),
+      import_(import),
+      sheet_(sheet) {
+  setSizable(true);
+  loadQuestions();
+  spdPreview.setAccessibleName("Preview");
+  spdPreview.setSelectionMode(SelectionMode::none);
+  spdPreview.showHeadings(false, true);
+  lblNotes.setWordWrap(true);
+  lblState.setWordWrap(true);
+  Activate = [this] { Form_Activate(); };
+  Resize = [this] { Form_Resize(); };
+  cmdOK.Click = [this] { cmdOK_Click(); };
+  cmdCancel.Click = [this] { hide(); };
+  refresh();
+  centreOnScreen();
+}
+
+std::optional<ImportedTable> frmTextImport::ask() {
+  table_.reset();
+  showModal();
+  return std::move(table_);
+}
+
+// Each kind of doubt has its own place, so that an answer stays where it was given when others come
+// up before it.
+void frmTextImport::loadQuestions() {
+  for (int i = 1; i <= kindsOfDoubt; ++i) {
+    lblQuestion.load().setWordWrap(true);
+    cmboAnswer.load().Click = [this, i] { cmboAnswer_Click(i); };
+  }
+}
+
+void frmTextImport::Form_Activate() {
+  for (const ImportQuestion& question : questions_)
+    if (!question.chosen) return cmboAnswer(indexOf(question.doubt)).setFocus();
+  if (cmdOK.enabled()) return cmdOK.setFocus();
+  cmdCancel.setFocus();
+}
+
+void frmTextImport::cmboAnswer_Click(int index) {
+  if (showing_) return;
+  const ImportQuestion* question = shownQuestion(doubtOf(index));
+  const int chosen = cmboAnswer(index).listIndex();
+  if (!question || chosen < 0) return;
+  answered_.insert_or_assign(question->doubt, *question);
+  answers_[question->doubt] = chosen;
+  refresh();
+}
+
+void frmTextImport::cmdOK_Click() {
+  auto table = import_.apply(answers_);
+  if (!table) {
+    desktop().messageBox({.title = caption(),
+                          .text = "Nothing was brought in. " + table.error().message(),
+                          .icon = MessageIcon::exclamation,
+                          .buttons = MessageButtons::ok});
+    return;
+  }
+  table_ = std::move(*table);
+  hide();
+}
+
+void frmTextImport::refresh() {
+  auto preview = import_.preview(answers_);
+  while (preview && dropStaleAnswers(*preview)) preview = import_.preview(answers_);
+  if (preview)
+    showPreview(*preview);
+  else
+    showRefusal(preview.error());
+  growToContent();
+}
+
+// An answer is one to the question that was read. Another answer may have changed that question, or
+// where it was seen.
+bool frmTextImport::dropStaleAnswers(const ImportPreview& preview) {
+  return std::erase_if(answers_, [&](const auto& answer) {
+           const ImportQuestion& read = answered_.at(answer.first);
+           return std::none_of(preview.questions.begin(), preview.questions.end(),
+                               [&read](const ImportQuestion& now) {
+                                 return now.doubt == read.doubt && now.text == read.text &&
+                                        now.choices == read.choices;
+                               });
+         }) > 0;
+}
+
+void frmTextImport::showPreview(const ImportPreview& preview) {
+  questions_ = preview.questions;
+  showQuestions(preview);
+  showRows(preview);
+  lblPreview.setCaption(captionOf(preview));
+  lblNotes.setCaption(notesOf(preview));
+  lblState.setCaption(stateOf(preview));
+  cmdOK.setEnabled(preview.isAnswered());
+}
+
+// The questions stay: another answer may mend it.
+void frmTextImport::showRefusal(const Error& error) {
+  spdPreview.setSheet(Sheet(0, 0));
+  lblPreview.setCaption("Nothing of it can stand in the sheet.");
+  lblNotes.setCaption({});
+  lblState.setCaption(error.message());
+  cmdOK.setEnabled(false);
+}
+
+void frmTextImport::showQuestions(const ImportPreview& preview) {
+  showing_ = true;
+  for (int i = 1; i <= kindsOfDoubt; ++i) {
+    const bool asked = shownQuestion(doubtOf(i)) != nullptr;
+    lblQuestion(i).setVisible(asked);
+    cmboAnswer(i).setVisible(asked);
+  }
+  for (const ImportQuestion& question : preview.questions) {
+    ComboBox& box = cmboAnswer(indexOf(question.doubt));
+    Label& label = lblQuestion(indexOf(question.doubt));
+    label.setCaption(question.text);
+    label.setFont({FontFamily::interface, 12, !question.chosen});
+    if (box.items() != question.choices) {
+      box.clear();
+      for (const std::string& choice : question.choices) box.addItem(choice);
+    }
+    box.setListIndex(question.chosen.value_or(-1));
+  }
+  showing_ = false;
+}
+
+void frmTextImport::showRows(const ImportPreview& preview) {
+  const RedrawLock lock(spdPreview);
+  spdPreview.setSheet(PreviewSheet(preview, sheet_).build());
+  spdPreview.freeze(1, preview.firstColumn == 0 ? 1 : 0);
+  fitColumns();
+}
+
+void frmTextImport::fitColumns() {
+  constexpr Twips least = pixels(64);
+  constexpr Twips most = pixels(220);
+  spdPreview.setColWidth(0, pixels(44));
+  for (int col = 1; col <= spdPreview.maxCols(); ++col)
+    spdPreview.setColWidth(col, std::clamp(spdPreview.widestText(col), least, most));
+  for (int row = 1; row <= spdPreview.maxRows(); ++row) spdPreview.setRowHeight(row, pixels(20));
+}
+
+const ImportQuestion* frmTextImport::shownQuestion(ImportDoubt doubt) const {
+  for (const ImportQuestion& question : questions_)
+    if (question.doubt == doubt) return &question;
+  return nullptr;
+}
+
+}  // namespace tolmer

@@ -1,0 +1,70 @@
+#pragma once
+
+#include <map>
+#include <optional>
+#include <string>
+
+#include "editor/text_import.h"
+#include "platform/button.h"
+#include "platform/combo_box.h"
+#include "platform/control_array.h"
+#include "platform/grid/grid.h"
+#include "platform/label.h"
+#include "platform/panel.h"
+#include "platform/window.h"
+
+namespace tolmer {
+
+// Shows how foreign text would land in the sheet, asks what is doubtful in it, and says what was
+// taken for granted. It lives for one showing.
+class frmTextImport : public Window {
+ public:
+  // `sheet` is where the table lands: columns that come without a name are shown with its headings.
+  // `source` says in the title where the text is from. Both texts outlive the window.
+  frmTextImport(Desktop& desktop, const TextImport& import, const SheetContent& sheet,
+                const std::string& source);
+
+  // Shows the window modally. The whole table as the user wants it; nothing on Cancel. Where an
+  // answer was not to bring something in, OK says where it lies and the window stays.
+  std::optional<ImportedTable> ask();
+
+  Label lblPreview{this, "lblPreview", ""};
+  Grid spdPreview{this, "spdPreview"};
+  Panel picQuestions{this, "picQuestions"};
+  ControlArray<Label> lblQuestion{picQuestions, "lblQuestion"};  // one for each kind of doubt
+  ControlArray<ComboBox> cmboAnswer{picQuestions, "cmboAnswer"};
+  Label lblNotes{this, "lblNotes", ""};
+  Label lblState{this, "lblState", ""};
+  Button cmdOK{this, "cmdOK", "OK"};
+  Button cmdCancel{this, "cmdCancel", "Cancel"};
+
+ private:
+  void loadQuestions();
+  void Form_Activate();
+  void Form_Resize();
+  void cmboAnswer_Click(int index);
+  void cmdOK_Click();
+
+  void refresh();
+  bool dropStaleAnswers(const ImportPreview& preview);
+  void showPreview(const ImportPreview& preview);
+  void showQuestions(const ImportPreview& preview);
+  void showRows(const ImportPreview& preview);
+  void fitColumns();
+  void showRefusal(const Error& error);
+  const ImportQuestion* shownQuestion(ImportDoubt doubt) const;
+
+  Twips placeQuestions();
+  Twips heightOfAllButGrid();
+  void growToContent();
+
+  const TextImport& import_;
+  const SheetContent& sheet_;
+  ImportAnswers answers_;
+  std::vector<ImportQuestion> questions_;           // on the screen
+  std::map<ImportDoubt, ImportQuestion> answered_;  // as they stood when they were answered
+  std::optional<ImportedTable> table_;
+  bool showing_ = false;  // the program, not the user, sets the answers
+};
+
+}  // namespace tolmer

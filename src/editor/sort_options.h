@@ -1,0 +1,48 @@
+#pragma once
+
+#include "editor/data_sheet.h"
+#include "platform/button.h"
+#include "platform/combo_box.h"
+#include "platform/control_array.h"
+#include "platform/frame.h"
+#include "platform/label.h"
+#include "platform/option_button.h"
+#include "platform/window.h"
+
+namespace tolmer {
+
+// Sorts the cases by one column: an option button for each of up to five variables, a list of more.
+// It lives for one showing.
+class frmSortOptions : public Window {
+ public:
+  // The sheet outlives the window.
+  frmSortOptions(Desktop& desktop, DataSheet& sheet);
+
+  Label lblInstructions{this, "lblInstructions",
+                        "Select the type of sort and the column to sort by"};
+  Frame fraSortBy{this, "fraSortBy", "Sort By"};
+  OptionButton optSortByLabel{&fraSortBy, "optSortByLabel"};
+  ControlArray<OptionButton> optSortBy{fraSortBy, "optSortBy"};
+  Label lblSortVbl{&fraSortBy, "lblSortVbl", "Column:"};
+  ComboBox cmboSortVbl{&fraSortBy, "cmboSortVbl"};
+  Frame fraSortOrder{this, "fraSortOrder", "Sort Order"};
+  OptionButton optAscending{&fraSortOrder, "optAscending", "&Ascending"};
+  OptionButton optDescending{&fraSortOrder, "optDescending", "&Descending"};
+  Button cmdOK{this, "cmdOK", "OK"};
+  Button cmdCancel{this, "cmdCancel", "Cancel"};
+  Button cmdHelp{this, "cmdHelp", "&Help"};
+
+ private:
+  void offerOptions();
+  void offerList();
+  void layOut();
+  void Form_Activate();
+  void cmdOK_Click();
+  bool agreesToValues();
+
+  DataSheet& sheet_;
+  const bool offersList_;
+  Int16 miSortCol_ = 0;  // 0: the labels
+};
+
+}  // namespace tolmer

@@ -1,0 +1,152 @@
+// What is asked before foreign text is brought in, and what comes of it.
+#include "editor/import_dialog.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "editor/sheet_headings.h"
+#include "support/headless_user.h"
+#include "support/layout_check.h"
+#include "support/script.h"
+
+namespace tolmer {
+namespace {
+
+constexpr const char* window = "frmTextImport";
+constexpr ImportTarget asFile{};
+constexpr ImportTarget atCursor{.origin = TextOrigin::clipboard, .row = 7, .column = 2};
+
+struct Stage {
+  std::optional<ImportedTable> ask(const std::string& text, const ImportTarget& target,
+                                   std::function<void()> actions) {
+    const auto import = TextImport::read(text, target);
+    frmTextImport dialog(desktop, *import, sheet, "data.csv");
+    EXPECT_EQ(test::layoutFaults(dialog), "");
+    EXPECT_LE(dialog.height(), desktop.screenSize().height);
+    script.window(window, std::move(actions));
+    auto table = dialog.ask();
+    script.finish();
+    return table;
+  }
+  ComboBox& answer(ImportDoubt doubt) {
+    return user.get<ComboBox>(window,
+                              "cmboAnswer(" + std::to_string(static_cast<int>(doubt) + 1) + ")");
+  }
+  void choose(ImportDoubt doubt, int index) {
+    user.choose(window, answer(doubt).name(), answer(doubt).items().at(index));
+  }
+  std::string state() { return user.get<Label>(window, "lblState").caption(); }
+  bool okWorks() { return user.window(window).find("cmdOK")->enabled(); }
+  std::string row(int number) {
+    auto& grid = user.get<Grid>(window, "spdPreview");
+    std::string text;
+    for (int col = 0; col <= grid.maxCols(); ++col)
+      text += (col ? " " : "") + grid.text(number, col);
+    return text;
+  }
+
+  HeadlessDesktop desktop;
+  test::HeadlessUser user{desktop};
+  test::Script script{desktop};
+  SheetContent sheet = newContent(500, 50);
+};
+
+TEST(TextImportDialog, ClearTextNeedsOnlyReturn) {
+  Stage stage;
+  const auto table = stage.ask("Town,Price\nUlm,1.5\nRom,2\n", asFile, [&] {
+    EXPECT_EQ(stage.user.window(window).caption(), "Bring in Text - data.csv");
+    EXPECT_EQ(stage.row(1), "Obs Town Price");
+    EXPECT_EQ(stage.row(2), "1 Ulm 1.5");
+    EXPECT_EQ(stage.state(), "2 rows, 2 columns.");
+    EXPECT_THAT(stage.user.get<Label>(window, "lblNotes").caption(),
+                testing::HasSubstr("Fields are divided by commas.\n"));
+    stage.user.key(window, {keys::enter});
+  });
+  ASSERT_TRUE(table);
+  EXPECT_EQ(table->cells(1, 1).number, 2);
+  EXPECT_EQ(table->firstColumn, 0);
+}
+
+TEST(TextImportDialog, OpenQuestionsHoldOkBackAndThePreviewFollows) {
+  Stage stage;
+  EXPECT_TRUE(stage.sheet.cells(0, 2).text == "Var2");
+  const auto table = stage.ask("12%\t1\n34%\tx\n", atCursor, [&] {
+    EXPECT_EQ(stage.row(1), "Obs Var2 Var3");
+    EXPECT_EQ(stage.row(2), "7 12% 1");
+    EXPECT_EQ(stage.answer(ImportDoubt::percent).listIndex(), -1);
+    EXPECT_TRUE(stage.answer(ImportDoubt::percent).hasFocus());
+    EXPECT_EQ(stage.state(), "2 questions wait for an answer.");
+    EXPECT_FALSE(stage.okWorks());
+    stage.user.key(window, {keys::enter});
+    stage.choose(ImportDoubt::percent, 1);
+    EXPECT_EQ(stage.row(2), "7 0.12 1");
+    EXPECT_EQ(stage.state(), "1 question waits for an answer.");
+    stage.user.key(window, {keys::tab});
+    EXPECT_TRUE(stage.answer(ImportDoubt::words).hasFocus());
+    stage.choose(ImportDoubt::words, 1);
+    // Told not to bring it in, it says where, and the answer can still be another.
+    stage.script.box("Bring in Text - data.csv",
+                     "Nothing was brought in. line 2, column 2: \"x\" is no number.");
+    stage.user.key(window, {keys::enter});
+    stage.choose(ImportDoubt::words, 0);
+    stage.user.key(window, {keys::enter});
+  });
+  ASSERT_TRUE(table);
+  EXPECT_EQ(table->cells(1, 0).number, 0.34);
+  EXPECT_EQ(table->cells(1, 1).kind, DataCell::Kind::empty);
+}
+
+TEST(TextImportDialog, AnAnswerHoldsOnlyForTheQuestionThatWasRead) {
+  Stage stage;
+  const auto table = stage.ask("1,5;7\n2,5;x\n3,5;3\n", asFile, [&] {
+    // Cut at commas, "5;7" is the first text among numbers; cut at semicolons, it is "x".
+    stage.choose(ImportDoubt::separator, 1);
+    stage.choose(ImportDoubt::words, 0);
+    EXPECT_TRUE(stage.okWorks());
+    stage.choose(ImportDoubt::separator, 0);
+    EXPECT_EQ(stage.answer(ImportDoubt::words).listIndex(), -1);
+    EXPECT_FALSE(stage.okWorks());
+    stage.user.key(window, {keys::escape});
+  });
+  EXPECT_FALSE(table);
+}
+
+TEST(TextImportDialog, ATableTooLargeCanBeMendedByAnotherAnswerOnly) {
+  Stage stage;
+  std::string wide;
+  for (int line = 0; line < 2; ++line) {
+    for (int i = 0; i < 60; ++i) wide += i ? ",1" : "1;1";
+    wide += '\n';
+  }
+  stage.ask(wide, asFile, [&] {
+    stage.choose(ImportDoubt::separator, 1);
+    EXPECT_EQ(stage.state(), "The text has 59 columns of data; there is room for 50.");
+    EXPECT_FALSE(stage.okWorks());
+    stage.choose(ImportDoubt::separator, 0);
+    EXPECT_NE(stage.state().find("question"), std::string::npos);
+    EXPECT_EQ(stage.answer(ImportDoubt::separator).listIndex(), 0);
+    stage.user.close(window);
+  });
+}
+
+// Every doubt that can stand beside the others, in a window that the user makes small and large.
+TEST(TextImportDialog, ManyQuestionsFitTheScreen) {
+  Stage stage;
+  const std::string text =
+      "Name\tx\ty\n1\t1,234\t12 345\nAnn\tNA\t12%\nBob\t$3\tsome words that go on and on\nCy\n";
+  stage.ask(text, {.origin = TextOrigin::clipboard, .row = 1, .column = 1}, [&] {
+    Window& dialog = stage.user.window(window);
+    for (const ImportDoubt doubt :
+         {ImportDoubt::headingPlace, ImportDoubt::shortRows, ImportDoubt::decimalMark})
+      EXPECT_TRUE(stage.answer(doubt).visible());
+    for (const Size inner : {Size{dialog.width(), dialog.height()}, Size{pixels(1200), pixels(740)},
+                             Size{pixels(640), dialog.height()}}) {
+      dialog.reportInnerSize(inner);
+      EXPECT_EQ(test::layoutFaults(dialog), "");
+    }
+    stage.user.key(window, {keys::escape});
+  });
+}
+
+}  // namespace
+}  // namespace tolmer
