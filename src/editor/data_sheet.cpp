@@ -232,14 +232,18 @@ void DataSheet::setTitle(std::string title) {
   }
 }
 
-void DataSheet::clearAll() { replaceWith(newContent(observations(), variables()), {}); }
+void DataSheet::clearAll() { replaceAll("New", newContent(observations(), variables()), {}); }
 
 void DataSheet::replaceWith(const SheetContent& content, std::string fileName) {
-  SheetEdit edit = beginEdit(fileName.empty() ? "New" : "Open");
-  edit.replaceAll({.content = fitted(content, observations(), variables()),
+  replaceAll("Open", fitted(content, observations(), variables()), std::move(fileName));
+}
+
+void DataSheet::replaceAll(std::string_view name, SheetContent content, std::string fileName) {
+  seeds_.next = std::max(seeds_.next, highestSeed(content) + 1);
+  SheetEdit edit = beginEdit(name);
+  edit.replaceAll({.content = std::move(content),
                    .miStdDecDigits = standardDecimals,
                    .mtFileName = std::move(fileName)});
-  seeds_.next = std::max(seeds_.next, highestSeed(this->content()) + 1);
   commit(edit);
   journal_.keep();
   touched_ = false;

@@ -116,6 +116,7 @@ class DataSheet {
   enum class WithoutSteps { isNothing, marks };
   void commit(SheetEdit& edit, WithoutSteps emptyEdit = WithoutSteps::isNothing);
   void follow(SheetChange change);
+  void replaceAll(std::string_view name, SheetContent content, std::string fileName);
   CellRange clipped(const CellRange& block) const;
 
   SheetState state_;

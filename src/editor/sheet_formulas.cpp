@@ -113,8 +113,7 @@ void SheetFormulas::calculate(SheetChange& change) {
     change.cells.push_back(cell);
   });
   std::ranges::sort(change.cells);
-  const auto repeated = std::ranges::unique(change.cells);
-  change.cells.erase(repeated.begin(), repeated.end());
+  change.cells.erase(std::unique(change.cells.begin(), change.cells.end()), change.cells.end());
 }
 
 }  // namespace tolmer

@@ -1,7 +1,7 @@
 #include "editor/sheet_journal.h"
 
 #include <algorithm>
-#include <ranges>
+#include <iterator>
 
 namespace tolmer {
 namespace {
@@ -68,7 +68,9 @@ bool SheetJournal::continues(std::string_view name) const {
 bool SheetJournal::undo(SheetState& state, SheetChange& change) {
   if (place_ == 0) return false;
   --place_;
-  for (SheetStep& step : actions_[place_].steps | std::views::reverse) perform(step, state, change);
+  auto& steps = actions_[place_].steps;
+  std::for_each(steps.rbegin(), steps.rend(),
+                [&](SheetStep& step) { perform(step, state, change); });
   sealed_ = true;
   return true;
 }

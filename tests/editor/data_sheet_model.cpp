@@ -57,11 +57,18 @@ SheetModel::Result SheetModel::calculate(int row, int column, Results& results) 
   return result = found;
 }
 
-std::optional<double> SheetModel::value(int row, int column) const {
-  if (row == 0 || at(row, column).kind == Kind::empty) return std::nullopt;
+std::vector<std::vector<std::optional<double>>> SheetModel::values() const {
   Results results(cells.size(), std::vector<Result>(cells[0].size()));
-  const Result result = calculate(row, column, results);
-  return result.state == State::good ? std::optional(result.number) : std::nullopt;
+  std::vector<std::vector<std::optional<double>>> values(
+      cells.size(), std::vector<std::optional<double>>(cells[0].size()));
+  for (int r = 1; r <= rows(); ++r)
+    for (int c = 0; c <= columns(); ++c) {
+      if (at(r, c).kind == Kind::empty) continue;
+      const Result result = calculate(r, c, results);
+      if (result.state == State::good)
+        values[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)] = result.number;
+    }
+  return values;
 }
 
 int SheetModel::lastUsedRow() const {
@@ -133,10 +140,12 @@ bool SheetModel::dependsOnOrder(int row, int column, int lastRow) const {
 
 void SheetModel::reorder(const std::vector<int>& order, bool makeValues) {
   SheetModel before = *this;
+  const auto values = this->values();
   const int lastRow = static_cast<int>(order.size());
   for (int r = 1; r <= lastRow && makeValues; ++r)
     for (int c = 1; c <= columns(); ++c)
-      if (const auto number = value(r, c); number && dependsOnOrder(r, c, lastRow))
+      if (const auto number = values[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)];
+          number && dependsOnOrder(r, c, lastRow))
         before.at(r, c) = {.kind = Kind::number, .number = *number};
   for (int r = 1; r <= lastRow; ++r)
     for (int c = 0; c <= columns(); ++c) {

@@ -37,8 +37,8 @@ class SheetModel {
   const ModelCell& at(int row, int column) const {
     return cells[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
   }
-  // Nothing for empty cells, texts and errors.
-  std::optional<double> value(int row, int column) const;
+  // Of every cell; nothing for headings, empty cells, texts and errors.
+  std::vector<std::vector<std::optional<double>>> values() const;
   int lastUsedRow() const;
 
   void insertRows(int first, int count);

@@ -57,8 +57,10 @@ class RandomUser {
 
   // The sheet shows and holds what the model does.
   void compare() const {
+    const auto values = model_.values();
     for (int r = 0; r <= model_.rows(); ++r)
-      for (int c = 0; c <= model_.columns(); ++c) compareCell(r, c);
+      for (int c = 0; c <= model_.columns(); ++c)
+        compareCell(r, c, values[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)]);
     for (int c = 1; c <= model_.columns(); ++c)
       ASSERT_EQ(sheet_.decimals(c), model_.decimals[static_cast<std::size_t>(c)]);
     ASSERT_EQ(sheet_.miStdDecDigits(), model_.standard);
@@ -134,11 +136,11 @@ class RandomUser {
       for (int r = 1; r <= sheet_.observations(); ++r) put(r, column);
   }
 
-  void compareCell(int r, int c) const {
+  void compareCell(int r, int c, std::optional<double> value) const {
     const ModelCell& cell = model_.at(r, c);
     const DataCell& held = sheet_.cell(r, c);
     const auto place = [&] { return "row " + std::to_string(r) + " column " + std::to_string(c); };
-    ASSERT_EQ(sheet_.value(r, c), model_.value(r, c)) << place() << ' ' << held.text;
+    ASSERT_EQ(sheet_.value(r, c), value) << place() << ' ' << held.text;
     ASSERT_EQ(held.kind == DataCell::Kind::empty, cell.kind == Kind::empty) << place();
     ASSERT_EQ(held.kind == DataCell::Kind::formula, cell.isFormula()) << place();
     ASSERT_TRUE(cell.kind != Kind::text || held.text == cell.text) << place();
@@ -438,9 +440,10 @@ TEST_P(DataSheetRandomTest, EqualsTheModelAndUndoesEverything) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Sheets, DataSheetRandomTest,
-                         testing::Values(RandomRun{1, 6, 3, 400, 250},
-                                         RandomRun{2, 10, 5, 200, 500},
-                                         RandomRun{3, 40, 6, 10, 200}));
+                         testing::Values(RandomRun{1, 6, 3, 200, 250}, RandomRun{2, 6, 3, 200, 250},
+                                         RandomRun{3, 10, 5, 100, 500},
+                                         RandomRun{4, 10, 5, 100, 500},
+                                         RandomRun{5, 40, 6, 10, 200}));
 
 }  // namespace
 }  // namespace tolmer
