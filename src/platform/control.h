@@ -105,9 +105,14 @@ class Control : public Observed {
 
  protected:
   virtual void placeChanged() {}
+  // The front end has put it there: nobody is told.
+  void keepPlace(const Rect& place) { place_ = place; }
+  // The focus has gone to another control; before LostFocus.
+  virtual void focusLeft() {}
 
  private:
   friend class Container;
+  friend class Window;
   Container* parent_;
   std::string name_;
   std::string tip_;

@@ -2,9 +2,11 @@
 // programs, the end of the program. It is handed to the windows; there is no global one.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "base/message_box.h"
+#include "platform/file_question.h"
 #include "platform/geometry.h"
 #include "platform/timer.h"
 
@@ -15,9 +17,10 @@ class Window;
 
 // One content in several forms; empty forms are left out.
 struct ClipboardContent {
-  std::string text{};  // cells divided by tabs, rows by line feeds
-  std::string html{};  // the same as a table for word processors
-  std::string svg{};   // a picture; a front end adds a bitmap of it
+  std::string text{};   // cells divided by tabs, rows by line feeds
+  std::string html{};   // the same as a table for word processors
+  std::string svg{};    // a picture; a front end adds a bitmap of it
+  std::string cells{};  // cells in the program's own form, which no other program sees
 };
 
 struct HelpRequest {
@@ -48,6 +51,13 @@ class Desktop : public MessagePort {
   virtual void setBusyPointer(bool busy) = 0;
   virtual void setClipboard(const ClipboardContent& content) = 0;
   virtual std::string clipboardText() const = 0;
+  // Empty where anything else was copied since, in whatever program.
+  virtual std::string clipboardCells() const = 0;
+
+  // Nothing on cancel. A name to save that has no extension gets that of its kind, and a file that
+  // is there already is replaced only after a question.
+  virtual std::optional<ChosenFile> openFileDialog(const FileQuestion& question) = 0;
+  virtual std::optional<ChosenFile> saveFileDialog(const FileQuestion& question) = 0;
 
   virtual void showHelp(const HelpRequest& request) = 0;
   // False where no such window stands or the document cannot be opened.

@@ -5,11 +5,14 @@ namespace tolmer {
 
 enum class MouseButton { left, right };
 
-// Key codes as event procedures name them.
+// Key codes as event procedures name them; letters and digits are their own, other characters have
+// none.
 namespace keys {
+inline constexpr int backspace = 8;
 inline constexpr int tab = 9;
 inline constexpr int enter = 13;
 inline constexpr int escape = 27;
+inline constexpr int space = 32;
 inline constexpr int pageUp = 33;
 inline constexpr int pageDown = 34;
 inline constexpr int end = 35;
@@ -22,6 +25,7 @@ inline constexpr int deleteKey = 46;
 inline constexpr int menu = 93;  // opens the right-click menu
 inline constexpr int f1 = 112;
 inline constexpr int f2 = 113;
+inline constexpr int f6 = 117;
 inline constexpr int f10 = 121;
 }  // namespace keys
 
@@ -30,6 +34,7 @@ struct KeyPress {
   bool shift = false;
   bool control = false;
   bool alt = false;
+  friend bool operator==(const KeyPress&, const KeyPress&) = default;
 };
 
 }  // namespace tolmer

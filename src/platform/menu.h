@@ -4,6 +4,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/input.h"
 #include "platform/observed.h"
 
 namespace tolmer {
@@ -31,6 +32,19 @@ class MenuItem : public Observed {
   bool checkable() const { return checkable_; }
   void setCheckable(bool on) { assign(checkable_, on, Change::look); }
 
+  // The key that chooses the entry from anywhere in its window; code 0 without one. Where text is
+  // typed, the keys that edit text stay the text's.
+  const KeyPress& shortcut() const { return shortcut_; }
+  void setShortcut(const KeyPress& key) { assign(shortcut_, key, Change::look); }
+  // The entry below this one with that shortcut; null without.
+  MenuItem* withShortcut(const KeyPress& key) {
+    for (MenuItem* item : items_) {
+      if (item->shortcut_.code != 0 && item->shortcut_ == key) return item;
+      if (MenuItem* found = item->withShortcut(key)) return found;
+    }
+    return nullptr;
+  }
+
   // The user's choice of the entry; for an entry with entries below, they open.
   void click() { raise(Click); }
 
@@ -40,6 +54,7 @@ class MenuItem : public Observed {
   std::string name_;
   std::string caption_;
   std::vector<MenuItem*> items_;
+  KeyPress shortcut_;
   bool enabled_ = true;
   bool checked_ = false;
   bool checkable_ = false;

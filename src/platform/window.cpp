@@ -89,7 +89,10 @@ void Window::setFocusTo(Control* control) {
   Control* before = focus_;
   focus_ = control;
   notify(Change::focus);
-  if (before) raise(before->LostFocus);
+  if (before) {
+    before->focusLeft();
+    raise(before->LostFocus);
+  }
   if (focus_) raise(focus_->GotFocus);
 }
 
@@ -117,7 +120,12 @@ void Window::setInner(Size inner) {
   raise(Resize);
 }
 
-void Window::reportInnerSize(Size inner) { setInner(inner); }
+void Window::reportInnerSize(Size inner) {
+  const bool isDialog = style_ == WindowStyle::dialog || style_ == WindowStyle::bare;
+  if (isDialog && state_ == WindowState::normal)
+    keepPlace({left(), top(), inner.width, inner.height});
+  setInner(inner);
+}
 
 void Window::reportPosition(Twips left, Twips top) { setPlace({left, top, width(), height()}); }
 

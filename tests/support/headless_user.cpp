@@ -7,7 +7,7 @@
 #include "platform/check_box.h"
 #include "platform/combo_box.h"
 #include "platform/graph/graph.h"
-#include "platform/grid/grid.h"
+#include "platform/grid/edit_grid.h"
 #include "platform/image.h"
 #include "platform/label.h"
 #include "platform/number_box.h"
@@ -74,6 +74,32 @@ void pressEnter(Window& window) {
   if (target && target->canBeUsed()) press(*target);
 }
 
+// Are keys that edit text the business of the control?
+bool editsText(const Control* focus) {
+  if (!focus) return false;
+  const auto* grid = dynamic_cast<const EditGrid*>(focus);
+  return focus->kind() == ControlKind::textBox || (grid && grid->editMode());
+}
+
+bool pressShortcut(Window& window, const KeyPress& key) {
+  MenuItem* entry = window.menuBar() ? window.menuBar()->withShortcut(key) : nullptr;
+  const bool isTextKey = key.control && std::string_view("ACVXYZ").find(
+                                            static_cast<char>(key.code)) != std::string_view::npos;
+  if (!entry || !entry->enabled() || (isTextKey && editsText(window.focus()))) return false;
+  entry->click();
+  return true;
+}
+
+void pressTab(Window& window, bool backwards) {
+  std::vector<Control*> stops;
+  collectStops(window, stops);
+  if (stops.empty()) return;
+  const auto at = std::find(stops.begin(), stops.end(), window.focus());
+  if (at == stops.end()) return stops.front()->setFocus();
+  const auto step = backwards ? stops.size() - 1 : 1;
+  stops[(static_cast<std::size_t>(at - stops.begin()) + step) % stops.size()]->setFocus();
+}
+
 }  // namespace
 
 void HeadlessUser::doClick(Control& control) {
@@ -105,6 +131,8 @@ void HeadlessUser::doType(Control& control, const std::string& text) {
   control.setFocus();
   if (control.kind() == ControlKind::numberBox)
     static_cast<NumberBox&>(control).setValue(std::stoi(text));
+  else if (control.kind() == ControlKind::grid)
+    dynamic_cast<EditGrid&>(control).typeText(text);
   else
     dynamic_cast<TextBox&>(control).setText(text);
 }
@@ -124,26 +152,23 @@ void HeadlessUser::doMenu(Window&, const std::vector<MenuItem*>& path) {
 }
 
 void HeadlessUser::doKey(Window& window, const KeyPress& key) {
+  if (pressShortcut(window, key)) return;
   bool taken = false;
   Control* focus = window.focus();
+  auto* grid = focus && focus->kind() == ControlKind::grid ? static_cast<Grid*>(focus) : nullptr;
   if (focus) raise(focus->KeyDown, key, taken);
-  if (!taken && focus && focus->kind() == ControlKind::grid)
-    taken = static_cast<Grid*>(focus)->pressKey(key);
+  // As the filter of the screen's keys does.
   if (!taken) raise(window.KeyDown, key, taken);
+  if (!taken && grid) taken = grid->pressKey(key);
+  if (auto* edited = dynamic_cast<EditGrid*>(window.focus())) edited->releaseKey(key);
   if (taken) return;
   if (key.code == keys::enter) return pressEnter(window);
   if (key.code == keys::escape) {
-    if (Control* cancel = window.cancelButton(); cancel && cancel->canBeUsed()) press(*cancel);
+    if (Button* cancel = window.cancelButton(); cancel && cancel->canBeUsed()) press(*cancel);
     return;
   }
-  if (key.code != keys::tab) return;
-  std::vector<Control*> stops;
-  collectStops(window, stops);
-  if (stops.empty()) return;
-  const auto at = std::find(stops.begin(), stops.end(), window.focus());
-  if (at == stops.end()) return stops.front()->setFocus();
-  const auto step = key.shift ? stops.size() - 1 : 1;
-  stops[(static_cast<std::size_t>(at - stops.begin()) + step) % stops.size()]->setFocus();
+  const bool leavesGrid = dynamic_cast<EditGrid*>(focus) && key.code == keys::f6;
+  if (key.code == keys::tab || leavesGrid) pressTab(window, key.shift);
 }
 
 }  // namespace tolmer::test

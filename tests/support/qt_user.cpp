@@ -6,7 +6,8 @@
 #include <QAbstractItemView>
 #include <QApplication>
 #include <QComboBox>
-#include <QMainWindow>
+#include <QFileDialog>
+#include <QLineEdit>
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
@@ -81,6 +82,19 @@ void answer(const MessageBox& expected, Answer answer) {
   QTest::mouseClick(button, Qt::LeftButton);
 }
 
+using OnFile = std::function<std::optional<std::string>(const FileQuestion&)>;
+
+void chooseFile(const FileQuestion& question, const OnFile& choose) {
+  auto* dialog = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+  if (!dialog || !choose)
+    throw std::logic_error("unexpected file dialog \"" + question.title + '"');
+  const auto path = choose(question);
+  if (!path) return dialog->reject();
+  auto* name = dialog->findChild<QLineEdit*>("fileNameEdit");
+  name->setText(QString::fromStdString(*path));
+  QTest::keyClick(name, Qt::Key_Return);
+}
+
 // Where a click means the control: the sign of a check box is at its left.
 QPoint targetIn(const Control& control, const QWidget& widget) {
   const bool hasSign =
@@ -123,6 +137,8 @@ Qt::Key toolkitKey(int code) {
       return Qt::Key_Right;
     case keys::deleteKey:
       return Qt::Key_Delete;
+    case keys::backspace:
+      return Qt::Key_Backspace;
     default:
       break;
   }
@@ -168,6 +184,18 @@ Answer ScriptedQtDesktop::messageBox(const MessageBox& box) {
   return QtDesktop::messageBox(box);
 }
 
+std::optional<ChosenFile> ScriptedQtDesktop::openFileDialog(const FileQuestion& question) {
+  const DuringLoop during(gate(), "the file dialog \"" + question.title + "\"",
+                          [&] { chooseFile(question, onOpenFile); });
+  return QtDesktop::openFileDialog(question);
+}
+
+std::optional<ChosenFile> ScriptedQtDesktop::saveFileDialog(const FileQuestion& question) {
+  const DuringLoop during(gate(), "the file dialog \"" + question.title + "\"",
+                          [&] { chooseFile(question, onSaveFile); });
+  return QtDesktop::saveFileDialog(question);
+}
+
 void ScriptedQtDesktop::settle() {
   QCoreApplication::processEvents();
   rethrow();
@@ -200,12 +228,21 @@ void QtUser::doRightClick(Control& control) {
 }
 
 void QtUser::doType(Control& control, const std::string& text) {
-  press(control, Qt::LeftButton);
   QWindow* window = widgetOf(control).window()->windowHandle();
-  QTest::keyClick(window, Qt::Key_A, Qt::ControlModifier);
+  // In a grid the cell is the one that is active already.
+  const bool isGrid = control.kind() == ControlKind::grid;
+  if (isGrid) {
+    if (!widgetOf(control).isAncestorOf(QApplication::focusWidget())) widgetOf(control).setFocus();
+  } else {
+    press(control, Qt::LeftButton);
+    QTest::keyClick(window, Qt::Key_A, Qt::ControlModifier);
+  }
   if (text.empty()) QTest::keyClick(window, Qt::Key_Delete);
-  for (const QChar letter : QString::fromStdString(text))
-    QTest::sendKeyEvent(QTest::Click, window, Qt::Key_unknown, QString(letter), Qt::NoModifier);
+  for (const QChar letter : QString::fromStdString(text)) {
+    const char ascii = letter.unicode() < 128 ? letter.toLatin1() : '\0';
+    const Qt::Key key = ascii ? QTest::asciiToKey(ascii) : Qt::Key_unknown;
+    QTest::sendKeyEvent(QTest::Click, window, key, QString(letter), Qt::NoModifier);
+  }
   desktop_.settle();
 }
 
@@ -219,7 +256,8 @@ void QtUser::doChoose(Control& control, int index) {
 }
 
 void QtUser::doMenu(Window& window, const std::vector<MenuItem*>& path) {
-  auto* menu = static_cast<QWidget*>(dynamic_cast<QMainWindow&>(widgetOf(window)).menuBar());
+  QWidget* menu = widgetOf(window).findChild<QMenuBar*>(QString(), Qt::FindDirectChildrenOnly);
+  if (!menu) throw std::runtime_error("no menu bar in " + window.name());
   for (MenuItem* item : path) {
     QAction* action = findAction(*menu, *item);
     const auto* bar = qobject_cast<QMenuBar*>(menu);

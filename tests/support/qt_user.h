@@ -16,7 +16,12 @@ class ScriptedQtDesktop : public QtDesktop {
   // Unset, a modal window waits for its timers, and a box gets its first button.
   std::function<void(Window&)> onModal;
   std::function<Answer(const MessageBox&)> onMessageBox;
+  // Unset, a file dialog is an exception that names it.
+  std::function<std::optional<std::string>(const FileQuestion&)> onOpenFile;
+  std::function<std::optional<std::string>(const FileQuestion&)> onSaveFile;
 
+  std::optional<ChosenFile> openFileDialog(const FileQuestion& question) override;
+  std::optional<ChosenFile> saveFileDialog(const FileQuestion& question) override;
   void modalLoop(Window& window) override;
   Answer messageBox(const MessageBox& box) override;
   // Handles what is pending, and throws what was thrown in it.

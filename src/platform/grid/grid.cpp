@@ -36,6 +36,16 @@ void Grid::tell(Change what) {
     notify(what);
 }
 
+void Grid::tellCells(const CellBlock& block) {
+  const CellBlock& old = changedCells_;
+  changedCells_ = old == noCells
+                      ? block
+                      : CellBlock{std::min(old.row, block.row), std::min(old.col, block.col),
+                                  std::max(old.row2, block.row2), std::max(old.col2, block.col2)};
+  tell(Change::content);
+  if (redrawLocks_ == 0) changedCells_ = noCells;
+}
+
 void Grid::tellLayout() {
   axesAreStale_ = true;
   tell(Change::items);
@@ -45,6 +55,7 @@ void Grid::lockRedraw(int step) {
   redrawLocks_ += step;
   if (redrawLocks_ > 0 || pending_ == Change{}) return;
   notify(std::exchange(pending_, Change{}));
+  changedCells_ = noCells;
 }
 
 void Grid::setSheet(Sheet sheet) {
@@ -52,7 +63,8 @@ void Grid::setSheet(Sheet sheet) {
   selection_.clear();
   setSize(sheet.rows(), sheet.cols());
   sheet_ = std::move(sheet);
-  tell(Change::content | Change::value);
+  tellCells({0, 0, maxRows(), maxCols()});
+  tell(Change::value);
 }
 
 void Grid::setSize(int maxRows, int maxCols) {
@@ -62,19 +74,21 @@ void Grid::setSize(int maxRows, int maxCols) {
   colWidths_.resize(static_cast<std::size_t>(sheet_.cols()) + 1, standardWidth);
   selection_.setShape(selectionMode_, sheet_.rows(), sheet_.cols());
   tellLayout();
-  tell(Change::content | Change::value);
+  tellCells({0, 0, sheet_.rows(), sheet_.cols()});
+  tell(Change::value);
+  reshaped();
 }
 
 void Grid::setText(int row, int col, std::string text) {
   Cell& cell = sheet_.at(row, col);
   cell.number.reset();
   cell.text = std::move(text);
-  tell(Change::content);
+  tellCells({row, col, row, col});
 }
 
 void Grid::setNumber(int row, int col, double number) {
   putNumber(sheet_.at(row, col), number);
-  tell(Change::content);
+  tellCells({row, col, row, col});
 }
 
 void Grid::setStyle(const CellBlock& block, const CellStyle& style) {
@@ -82,12 +96,12 @@ void Grid::setStyle(const CellBlock& block, const CellStyle& style) {
     cell.style = style;
     if (cell.number) putNumber(cell, *cell.number);
   });
-  tell(Change::content);
+  tellCells(block);
 }
 
 void Grid::clear(const CellBlock& block) {
   sheet_.change(block, [](Cell& cell) { cell = Cell{}; });
-  tell(Change::content);
+  tellCells(block);
 }
 
 void Grid::setColWidth(int col, Twips width) {
@@ -158,7 +172,19 @@ void Grid::changeSelection(Work work) {
   work();
   if (before == selection_) return;
   tell(Change::value);
-  raise(SelectionChange);
+  selectionChanged(before.active());
+}
+
+void Grid::selectionChanged(CellPosition) { raise(SelectionChange); }
+
+void Grid::moveBy(CellPosition target, bool extends) {
+  pressedHeading_ = {};
+  changeSelection([&] {
+    if (extends)
+      selection_.extendTo(target);
+    else
+      selection_.moveTo(target);
+  });
 }
 
 void Grid::setSelectionMode(SelectionMode mode) {
@@ -190,22 +216,38 @@ void Grid::unmarkBlocks() {
 
 void Grid::press(CellPosition cell, ClickKeys held) {
   if (selectionMode_ == SelectionMode::none || !sheet_.contains(cell)) return;
-  if (cell.row == 0 || cell.col == 0)
-    return select({cell.row, cell.col, cell.row == 0 ? maxRows() : cell.row,
-                   cell.col == 0 ? maxCols() : cell.col});
-  changeSelection([&] {
-    if (held.shift)
-      selection_.extendTo(cell);
-    else if (held.control)
-      selection_.toggle(cell);
-    else
-      selection_.moveTo(cell);
-  });
+  if (!hasCell(cell)) return pressHeading(cell, held.shift);
+  pressedHeading_ = {};
+  if (held.control)
+    changeSelection([&] { selection_.toggle(cell); });
+  else
+    moveBy(cell, held.shift);
+}
+
+void Grid::pressHeading(CellPosition heading, bool extends) {
+  const bool isRow = heading.row > 0;
+  const bool goesOn = extends && (isRow ? pressedHeading_.row : pressedHeading_.col) > 0;
+  if (!goesOn && extends)
+    pressedHeading_ = isRow ? CellPosition{activeCell().row, 0} : CellPosition{0, activeCell().col};
+  else if (!goesOn)
+    pressedHeading_ = heading;
+  takeHeaded(heading);
+}
+
+// The whole rows (columns) from the pressed heading to this one; all cells by the corner.
+void Grid::takeHeaded(CellPosition heading) {
+  const bool byRow = pressedHeading_.row > 0;
+  const bool byCol = pressedHeading_.col > 0;
+  const CellBlock span = blockBetween(pressedHeading_, heading);
+  select({byRow ? span.row : 1, byCol ? span.col : 1, byRow ? span.row2 : maxRows(),
+          byCol ? span.col2 : maxCols()});
 }
 
 void Grid::dragTo(CellPosition cell) {
-  if (selectionMode_ == SelectionMode::none || !hasCell(cell) || cell == selection_.head()) return;
-  changeSelection([&] { selection_.extendTo(cell); });
+  if (selectionMode_ == SelectionMode::none) return;
+  if (pressedHeading_ != CellPosition{}) return takeHeaded(cell);
+  if (!hasCell(cell) || cell == selection_.head()) return;
+  moveBy(cell, true);
 }
 
 bool Grid::pressKey(const KeyPress& key) {
@@ -216,12 +258,7 @@ bool Grid::pressKey(const KeyPress& key) {
   }
   const std::optional<CellPosition> target = cellByKey(*this, key);
   if (!target) return false;
-  changeSelection([&] {
-    if (key.shift)
-      selection_.extendTo(*target);
-    else
-      selection_.moveTo(*target);
-  });
+  moveBy(*target, key.shift);
   return true;
 }
 

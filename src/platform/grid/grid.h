@@ -43,6 +43,9 @@ class Grid : public Control {
   void setStyle(const CellBlock& block, const CellStyle& style);
   // Content and style.
   void clear(const CellBlock& block);
+  // While the peer is told of Change::content: the cells to which it has happened, and some between
+  // them.
+  const CellBlock& changedCells() const { return changedCells_; }
 
   // --- layout
   Twips colWidth(int col) const { return colWidths_[static_cast<std::size_t>(col)]; }
@@ -77,26 +80,38 @@ class Grid : public Control {
 
   // --- the user, told by the front end; each raises SelectionChange where something changed
   // A press of the left button: with Shift up to this cell, with Control this one too. On a heading
-  // it takes the whole row or column.
-  void press(CellPosition cell, ClickKeys held = {});
-  void dragTo(CellPosition cell);
+  // it takes the whole row or column, and a drag or Shift from there several of them.
+  virtual void press(CellPosition cell, ClickKeys held = {});
+  virtual void dragTo(CellPosition cell);
   // The release over a cell, or a second click on it.
   void click(CellPosition cell) { raise(Click, cell); }
-  void doubleClick(CellPosition cell) { raise(DblClick, cell); }
+  virtual void doubleClick(CellPosition cell) { raise(DblClick, cell); }
   // Arrows, Home, End and Page keys, with Shift to mark and with Control to the ends; Control+A.
   // Whether the key meant anything here.
-  bool pressKey(const KeyPress& key);
+  virtual bool pressKey(const KeyPress& key);
 
   Event<CellPosition> Click;
   Event<CellPosition> DblClick;
   Event<> SelectionChange;
 
- private:
-  friend class RedrawLock;
+ protected:
+  bool hasCell(CellPosition cell) const;  // headings beside the cells are none
+  // With Shift the blocks grow up to there.
+  void moveBy(CellPosition target, bool extends);
   void tell(Change what);
+  // The last word of every change of the selection: raises its event.
+  virtual void selectionChanged(CellPosition activeBefore);
+  // Rows or columns have come or gone.
+  virtual void reshaped() {}
+
+ private:
+  static constexpr CellBlock noCells{.row = 0, .col = 0, .row2 = -1, .col2 = -1};
+  friend class RedrawLock;
   void tellLayout();
+  void tellCells(const CellBlock& block);
+  void pressHeading(CellPosition heading, bool extends);
+  void takeHeaded(CellPosition heading);
   void lockRedraw(int step);
-  bool hasCell(CellPosition cell) const;
   template <class Work>
   void changeSelection(Work work);
 
@@ -107,6 +122,7 @@ class Grid : public Control {
   mutable GridAxis colAxis_;
   mutable bool axesAreStale_ = true;
   GridSelection selection_;
+  CellPosition pressedHeading_;  // the one where a drag or Shift goes on from
   SelectionMode selectionMode_ = SelectionMode::cells;
   ScrollBars scrollBars_ = ScrollBars::none;
   int frozenRows_ = 0;
@@ -115,6 +131,7 @@ class Grid : public Control {
   bool showsHeadingCol_ = false;
   int redrawLocks_ = 0;
   Change pending_{};
+  CellBlock changedCells_ = noCells;
 };
 
 // While it lives the peer is told nothing; at its end, all at once.

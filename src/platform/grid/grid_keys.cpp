@@ -1,6 +1,7 @@
 #include "platform/grid/grid_keys.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tolmer {
 namespace {
@@ -49,7 +50,62 @@ CellPosition byHomeOrEnd(const Grid& grid, CellPosition from, bool end, bool toC
           isList ? from.col : limit(grid.colAxis())};
 }
 
+struct Step {
+  int row;
+  int col;
+};
+
+CellPosition next(const Grid& grid, CellPosition from, Step step) {
+  if (step.row != 0) return {neighbour(grid.rowAxis(), from.row, step.row), from.col};
+  return {from.row, neighbour(grid.colAxis(), from.col, step.col)};
+}
+
+// From within filled cells to the last one of them, else to the next filled one, else to the end.
+CellPosition edgeOfData(const Grid& grid, CellPosition from, Step step) {
+  const auto isEmpty = [&grid](CellPosition cell) { return grid.text(cell.row, cell.col).empty(); };
+  CellPosition at = from;
+  CellPosition ahead = next(grid, at, step);
+  const bool within = !isEmpty(at) && !isEmpty(ahead);
+  while (ahead != at && !(within && isEmpty(ahead))) {
+    at = std::exchange(ahead, next(grid, ahead, step));
+    if (!within && !isEmpty(at)) break;
+  }
+  return at;
+}
+
+std::optional<Step> stepOf(int code) {
+  switch (code) {
+    case keys::up:
+      return Step{-1, 0};
+    case keys::down:
+      return Step{1, 0};
+    case keys::left:
+      return Step{0, -1};
+    case keys::right:
+      return Step{0, 1};
+    default:
+      return std::nullopt;
+  }
+}
+
 }  // namespace
+
+std::optional<CellPosition> cellByEditKey(const Grid& grid, const KeyPress& key) {
+  if (!key.control || key.alt) return cellByKey(grid, key);
+  const CellPosition from = key.shift ? grid.selection().head() : grid.activeCell();
+  if (const auto step = stepOf(key.code)) return edgeOfData(grid, from, *step);
+  if (key.code != keys::end) return cellByKey(grid, key);
+  const CellPosition last = lastUsedCell(grid.sheet());
+  return CellPosition{std::max(last.row, 1), std::max(last.col, 1)};
+}
+
+CellPosition lastUsedCell(const Sheet& sheet) {
+  CellPosition last;
+  for (int row = 1; row <= sheet.rows(); ++row)
+    for (int col = 1; col <= sheet.cols(); ++col)
+      if (!sheet.at(row, col).text.empty()) last = {row, std::max(last.col, col)};
+  return last;
+}
 
 std::optional<CellPosition> cellByKey(const Grid& grid, const KeyPress& key) {
   if (key.alt) return std::nullopt;

@@ -81,6 +81,20 @@ void HeadlessDesktop::popupMenu(MenuItem& menu, Window& window) {
   if (onPopupMenu) onPopupMenu(menu, window);
 }
 
+std::optional<ChosenFile> HeadlessDesktop::openFileDialog(const FileQuestion& question) {
+  if (!onOpenFile) throw std::logic_error("unexpected file dialog \"" + question.title + "\"");
+  const auto path = onOpenFile(question);
+  if (!path) return std::nullopt;
+  return ChosenFile{*path, kindOf(question, *path, 0)};
+}
+
+std::optional<ChosenFile> HeadlessDesktop::saveFileDialog(const FileQuestion& question) {
+  if (!onSaveFile) throw std::logic_error("unexpected file dialog \"" + question.title + "\"");
+  const auto path = onSaveFile(question);
+  if (!path) return std::nullopt;
+  return ChosenFile{withExtension(*path, question.kinds.at(0)), kindOf(question, *path, 0)};
+}
+
 void HeadlessDesktop::endProgram(int status) {
   ended_ = true;
   throw ProgramEnded{status};

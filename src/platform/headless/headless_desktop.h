@@ -27,6 +27,9 @@ class HeadlessDesktop : public Desktop {
   std::function<Answer(const MessageBox&)> onMessageBox;
   std::function<void(Window&)> onModal;
   std::function<void(MenuItem&, Window&)> onPopupMenu;
+  // The path that is chosen, or nothing. Unset, a dialog is an exception that names it.
+  std::function<std::optional<std::string>(const FileQuestion&)> onOpenFile;
+  std::function<std::optional<std::string>(const FileQuestion&)> onSaveFile;
 
   // Windows that have been shown and are still loaded, the oldest first.
   const std::vector<Window*>& windows() const { return windows_; }
@@ -52,6 +55,9 @@ class HeadlessDesktop : public Desktop {
   void setBusyPointer(bool) override {}
   void setClipboard(const ClipboardContent& content) override { clipboard_ = content; }
   std::string clipboardText() const override { return clipboard_.text; }
+  std::string clipboardCells() const override { return clipboard_.cells; }
+  std::optional<ChosenFile> openFileDialog(const FileQuestion& question) override;
+  std::optional<ChosenFile> saveFileDialog(const FileQuestion& question) override;
   void showHelp(const HelpRequest& request) override { helpRequests_.push_back(request); }
   bool activateProgram(const std::string&) override { return false; }
   bool openDocument(const std::string&) override { return false; }

@@ -11,6 +11,7 @@
 namespace tolmer {
 namespace {
 
+constexpr const char* cellsType = "application/x-zelmar-cells";
 constexpr int bitmapScale = 2;
 constexpr double dotsPerMetre = 96 / 0.0254;  // of one logical pixel
 
@@ -33,6 +34,7 @@ void putOnClipboard(const ClipboardContent& content) {
   auto* data = new QMimeData;
   if (!content.text.empty()) data->setText(toQt(content.text));
   if (!content.html.empty()) data->setHtml(toQt(content.html));
+  if (!content.cells.empty()) data->setData(cellsType, QByteArray::fromStdString(content.cells));
   if (!content.svg.empty()) {
     const QByteArray svg = QByteArray::fromStdString(content.svg);
     data->setData("image/svg+xml", svg);
@@ -42,5 +44,10 @@ void putOnClipboard(const ClipboardContent& content) {
 }
 
 std::string textOnClipboard() { return QGuiApplication::clipboard()->text().toStdString(); }
+
+std::string cellsOnClipboard() {
+  const QMimeData* data = QGuiApplication::clipboard()->mimeData();
+  return data ? data->data(cellsType).toStdString() : std::string();
+}
 
 }  // namespace tolmer

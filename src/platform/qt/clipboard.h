@@ -10,5 +10,7 @@ namespace tolmer {
 // as a bitmap of twice its size.
 void putOnClipboard(const ClipboardContent& content);
 std::string textOnClipboard();
+// In the program's own form; empty where there are none.
+std::string cellsOnClipboard();
 
 }  // namespace tolmer

@@ -1,10 +1,12 @@
 #include <QDialog>
 #include <QGuiApplication>
+#include <QMenuBar>
 #include <QScreen>
 #include <QScrollArea>
 #include <QWindow>
 
 #include "platform/qt/convert.h"
+#include "platform/qt/menu_peer.h"
 #include "platform/qt/window_peer.h"
 
 namespace tolmer {
@@ -23,7 +25,8 @@ Qt::WindowFlags flagsOf(const Window& window) {
   return window.sizable() ? flags | Qt::WindowMaximizeButtonHint : flags;
 }
 
-// A window of its own: dialog, or bare without title bar.
+// A window of its own: dialog, or bare without title bar. A menu bar stands above what the model
+// counts as the window's inside.
 class DialogPeer : public WindowPeer {
  public:
   DialogPeer(Mirror& mirror, Window& window) : WindowPeer(mirror, window, nullptr) {}
@@ -39,7 +42,25 @@ class DialogPeer : public WindowPeer {
   QWidget* create(QWidget*) override {
     dialog_ = new QDialog(nullptr, flagsOf(window()));
     makeGround(dialog_);
+    addMenuBar();
     return dialog_;
+  }
+
+  void addMenuBar() {
+    if (menuBar_ || !window().menuBar()) return;
+    menuBar_ = new QMenuBar(dialog_);
+    fillMenuBar(mirror_, *menuBar_, *window().menuBar());
+  }
+
+  int menuHeight() const { return menuBar_ ? menuBar_->sizeHint().height() : 0; }
+
+  void update(Change what) override {
+    if (has(what, Change::items) && !menuBar_ && window().menuBar()) {
+      addMenuBar();
+      menuBar_->show();
+      place();
+    }
+    WindowPeer::update(what);
   }
 
   void place() override {
@@ -47,11 +68,13 @@ class DialogPeer : public WindowPeer {
     const QSize room = screenPlace().size() - bars();
     const QSize shown = wanted.size().boundedTo(room);
     standOnScroller(shown != wanted.size());
+    const QSize outer = shown + QSize(0, menuHeight());
     if (!window().sizable())
-      dialog_->setFixedSize(shown);
+      dialog_->setFixedSize(outer);
     else if (window().state() != WindowState::maximised)
-      dialog_->resize(shown);
+      dialog_->resize(outer);
     childrenGround()->resize(wanted.size());
+    standBelowMenu();
     // Nothing reaches beyond the right or lower edge of the screen.
     const QPoint corner(std::min(wanted.x(), room.width() - shown.width()),
                         std::min(wanted.y(), room.height() - shown.height()));
@@ -60,13 +83,20 @@ class DialogPeer : public WindowPeer {
   }
 
   QSize bars() const {
-    return window().style() == WindowStyle::bare ? QSize(0, 0) : QSize(0, titleBarAllowance);
+    return window().style() == WindowStyle::bare ? QSize(0, 0)
+                                                 : QSize(0, titleBarAllowance + menuHeight());
+  }
+
+  void standBelowMenu() {
+    if (!menuBar_) return;
+    menuBar_->setGeometry(0, 0, dialog_->width(), menuHeight());
+    (scroller_ ? static_cast<QWidget*>(scroller_) : childrenGround())->move(0, menuHeight());
   }
 
   // Where the screen is too small for the window, what is beyond its edge must be reachable.
   void standOnScroller(bool needed) {
     if (!needed || scroller_) {
-      if (scroller_) scroller_->resize(dialog_->maximumSize());
+      if (scroller_) scroller_->resize(dialog_->maximumSize() - QSize(0, menuHeight()));
       return;
     }
     scroller_ = new QScrollArea(dialog_);
@@ -100,6 +130,7 @@ class DialogPeer : public WindowPeer {
   bool seen(QEvent& event) override {
     switch (event.type()) {
       case QEvent::Resize:
+        standBelowMenu();
         resized();
         break;
       case QEvent::Move:
@@ -120,7 +151,7 @@ class DialogPeer : public WindowPeer {
   // Only what differs by a pixel is news: a model's own size is seldom a whole number of them.
   void resized() {
     if (!window().sizable() || scroller_) return;
-    const QSize now = dialog_->size();
+    const QSize now = dialog_->size() - QSize(0, menuHeight());
     childrenGround()->resize(now);
     if (now == toPixels(Size{window().innerWidth(), window().innerHeight()})) return;
     tell([this, now] { window().reportInnerSize({toTwips(now.width()), toTwips(now.height())}); });
@@ -134,6 +165,7 @@ class DialogPeer : public WindowPeer {
 
   QDialog* dialog_ = nullptr;
   QScrollArea* scroller_ = nullptr;
+  QMenuBar* menuBar_ = nullptr;
 };
 
 }  // namespace

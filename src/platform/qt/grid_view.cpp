@@ -1,7 +1,6 @@
 #include "platform/qt/grid_view.h"
 
 #include <QAccessible>
-#include <QKeyEvent>
 #include <QMouseEvent>
 #include <QPaintEvent>
 #include <QPainter>
@@ -11,6 +10,8 @@
 #include <algorithm>
 
 #include "platform/qt/convert.h"
+#include "platform/qt/grid_cell_editor.h"
+#include "platform/qt/grid_column_drag.h"
 #include "platform/qt/grid_view_accessible.h"
 #include "platform/qt/grid_view_painter.h"
 #include "platform/qt/input_filter.h"
@@ -41,16 +42,46 @@ int scrolledTo(const GridAxis& axis, int index, int value, int viewport) {
   return std::min(std::max(value, end - room), begin);
 }
 
+// The pixels that the rows (columns) from one to the other take on the screen, the frame on their
+// lines included.
+struct Span {
+  int from;
+  int to;
+};
+
+Span shownSpan(const GridAxis& axis, int first, int last, int scrolled) {
+  Span span{axis.total(), 0};
+  if (first <= axis.frozen())
+    span = {axis.start(first), axis.start(std::min(last, axis.frozen()) + 1)};
+  if (last > axis.frozen()) {
+    const int from = axis.start(std::max(first, axis.frozen() + 1)) - scrolled;
+    span.from = std::min(span.from, std::max(from, axis.frozenEnd()));
+    span.to = std::max(span.to, axis.start(last + 1) - scrolled);
+  }
+  return {span.from - 2, span.to + 2};
+}
+
 }  // namespace
 
 GridView::GridView(Grid& grid, QWidget* parent)
-    : QAbstractScrollArea(parent), grid_(grid), shown_(grid.selection()) {
+    : QAbstractScrollArea(parent),
+      grid_(grid),
+      editGrid_(dynamic_cast<EditGrid*>(&grid)),
+      shown_(grid.selection()) {
   installGridAccessibility();
   setFrameShape(QFrame::NoFrame);
   setFocusPolicy(Qt::StrongFocus);
   viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+  if (editGrid_) {
+    setAttribute(Qt::WA_InputMethodEnabled);
+    viewport()->setMouseTracking(true);
+    editor_ = new GridCellEditor(*this, *editGrid_);
+    columnDrag_ = std::make_unique<GridColumnDrag>(*this, *editGrid_);
+  }
   refresh(Change::all);
 }
+
+GridView::~GridView() = default;
 
 void GridView::refresh(Change what) {
   if (has(what, Change::tip)) {
@@ -58,8 +89,13 @@ void GridView::refresh(Change what) {
     setAccessibleDescription(toQt(grid_.accessibleDescription()));
   }
   if (has(what, Change::items)) setScrollRanges();
-  if (has(what, Change::content | Change::items | Change::look)) viewport()->update();
+  if (has(what, Change::items | Change::look))
+    viewport()->update();
+  else if (has(what, Change::content))
+    viewport()->update(placeOf(grid_.changedCells()));
   if (has(what, Change::value)) showSelection();
+  if (editor_ && has(what, Change::text)) editor_->follow();
+  if (editor_ && has(what, Change::items)) editor_->stand();
   if (has(what, Change::items) && QAccessible::isActive()) {
     QAccessibleTableModelChangeEvent event(this, QAccessibleTableModelChangeEvent::ModelReset);
     QAccessible::updateAccessibility(&event);
@@ -87,6 +123,27 @@ QRect GridView::cellRect(CellPosition cell) const {
   return {cols.start(cell.col) - x, rows.start(cell.row) - y, cols.size(cell.col),
           rows.size(cell.row)};
 }
+
+QRect GridView::placeOf(const CellBlock& block) const {
+  if (block.row > block.row2 || block.col > block.col2) return {};
+  const Span rows = shownSpan(grid_.rowAxis(), block.row, block.row2, verticalScrollBar()->value());
+  const Span cols =
+      shownSpan(grid_.colAxis(), block.col, block.col2, horizontalScrollBar()->value());
+  return {QPoint(cols.from, rows.from), QPoint(cols.to, rows.to)};
+}
+
+QRect GridView::partOf(CellPosition cell) const {
+  QRect part = viewport()->rect();
+  if (cell.col > grid_.colAxis().frozen()) part.setLeft(grid_.colAxis().frozenEnd());
+  if (cell.row > grid_.rowAxis().frozen()) part.setTop(grid_.rowAxis().frozenEnd());
+  return part;
+}
+
+QRect GridView::activePlace() const {
+  return editor_ && !editor_->isHidden() ? editor_->geometry() : cellRect(grid_.activeCell());
+}
+
+bool GridView::holdsFocus() const { return hasFocus() || (editor_ && editor_->hasFocus()); }
 
 CellPosition GridView::cellAt(QPoint place) const {
   const GridAxis& cols = grid_.colAxis();
@@ -120,8 +177,19 @@ void GridView::showSelection() {
   } else {
     viewport()->update();
   }
-  if (isVisible()) bringIntoView(shown_.head());
+  if (isVisible()) showHead();
   tellFocusedCell();
+}
+
+// To mark whole rows or columns is no wish to see their ends.
+void GridView::showHead() {
+  CellPosition head = shown_.head();
+  if (!shown_.blocks().empty()) {
+    const CellBlock& last = shown_.blocks().back();
+    if (last.row == 1 && last.row2 == grid_.maxRows()) head.row = 0;
+    if (last.col == 1 && last.col2 == grid_.maxCols()) head.col = 0;
+  }
+  bringIntoView(head);
 }
 
 void GridView::repaintCell(CellPosition cell) {
@@ -145,10 +213,18 @@ void GridView::paintEvent(QPaintEvent* event) {
   painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
 }
 
-void GridView::resizeEvent(QResizeEvent*) { setScrollRanges(); }
+void GridView::resizeEvent(QResizeEvent*) {
+  setScrollRanges();
+  if (editor_) editor_->stand();
+}
 
 // Copies what moves, so that only the cells that come up are painted.
 void GridView::scrollContentsBy(int dx, int dy) {
+  // The open cell would be copied along.
+  if (editor_ && !editor_->isHidden()) {
+    viewport()->update();
+    return editor_->stand();
+  }
   const QRect all = viewport()->rect();
   const int left = grid_.colAxis().frozenEnd();
   const int top = grid_.rowAxis().frozenEnd();
@@ -162,6 +238,7 @@ void GridView::scrollContentsBy(int dx, int dy) {
 void GridView::mousePressEvent(QMouseEvent* event) {
   if (!isModelButton(event->button())) return;
   const QPoint place = event->position().toPoint();
+  if (columnDrag_ && event->button() == Qt::LeftButton && columnDrag_->press(place)) return;
   const CellPosition cell = cellAt(place);
   dragging_ = event->button() == Qt::LeftButton && isOverCells(place);
   const ClickKeys held{event->modifiers().testFlag(Qt::ShiftModifier),
@@ -172,6 +249,7 @@ void GridView::mousePressEvent(QMouseEvent* event) {
 }
 
 void GridView::mouseMoveEvent(QMouseEvent* event) {
+  if (columnDrag_ && !dragging_ && columnDrag_->moveTo(event->position().toPoint())) return;
   if (!dragging_) return;
   dragPlace_ = event->position().toPoint();
   if (viewport()->rect().contains(dragPlace_))
@@ -203,6 +281,7 @@ void GridView::timerEvent(QTimerEvent* event) {
 
 void GridView::mouseReleaseEvent(QMouseEvent* event) {
   if (!isModelButton(event->button())) return;
+  if (columnDrag_ && columnDrag_->release()) return;
   const QPoint place = event->position().toPoint();
   const bool clicked = event->button() == Qt::LeftButton && isOverCells(place);
   const CellPosition cell = cellAt(place);
@@ -230,35 +309,18 @@ void GridView::raiseMouseUp(MouseButton button) {
 
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
+  if (columnDrag_ && columnDrag_->doubleClick(place)) return;
   if (event->button() == Qt::LeftButton && isOverCells(place))
     enter([&] { grid_.doubleClick(cellAt(place)); });
-}
-
-void GridView::keyPressEvent(QKeyEvent* event) {
-  const bool isMenuKey = event->key() == Qt::Key_Menu ||
-                         (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
-  if (isMenuKey) return raiseMouseUp(MouseButton::right);
-  const bool isTable = grid_.selectionMode() == SelectionMode::none;
-  // The first cell may be a frozen one, which is on the screen always: the rest comes back too.
-  const bool toFirst = event->key() == Qt::Key_Home && event->modifiers() == Qt::ControlModifier;
-  bool taken = (isTable || toFirst) && scrollByKey(event->key());
-  enter([&] { taken = grid_.pressKey(toKeyPress(*event)) || taken; });
-  if (!taken) QAbstractScrollArea::keyPressEvent(event);
-}
-
-// The arrows and Page keys scroll by themselves.
-bool GridView::scrollByKey(int key) {
-  QScrollBar& down = *verticalScrollBar();
-  QScrollBar& across = *horizontalScrollBar();
-  if (key != Qt::Key_Home && key != Qt::Key_End) return false;
-  across.setValue(across.minimum());
-  down.setValue(key == Qt::Key_Home ? down.minimum() : down.maximum());
-  return true;
 }
 
 void GridView::focusInEvent(QFocusEvent* event) {
   focusByKey_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
   viewport()->update();
+  if (editor_)
+    enter([this] {
+      if (editGrid_->editMode()) editor_->takeFocusBack();
+    });
   // The widget's own focus event comes after this one and would hide the cell's.
   QTimer::singleShot(0, this, [this] { tellFocusedCell(); });
 }

@@ -4,10 +4,14 @@
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
 #include <functional>
+#include <memory>
 
-#include "platform/grid/grid.h"
+#include "platform/grid/edit_grid.h"
 
 namespace tolmer {
+
+class GridCellEditor;
+class GridColumnDrag;
 
 // Shows the cells of a grid and hands mouse and keys to it; what is selected, and where a key
 // leads, the grid decides. Positions are logical pixels of the viewport. A view whose grid goes
@@ -15,6 +19,7 @@ namespace tolmer {
 class GridView : public QAbstractScrollArea {
  public:
   explicit GridView(Grid& grid, QWidget* parent = nullptr);
+  ~GridView() override;
 
   // After the grid has told that it changed.
   void refresh(Change what);
@@ -22,6 +27,12 @@ class GridView : public QAbstractScrollArea {
   Grid& grid() const { return grid_; }
   // Where the cell lies now, without its lines; outside the viewport where it is scrolled away.
   QRect cellRect(CellPosition cell) const;
+  // The part of the viewport in which the cell shows: what is frozen, or what scrolls.
+  QRect partOf(CellPosition cell) const;
+  // What the frame of the active cell surrounds: the cell, or the line open over it.
+  QRect activePlace() const;
+  // The keyboard is in the grid, in a cell or on it.
+  bool holdsFocus() const;
   // The cell at that place, the nearest one beside all cells.
   CellPosition cellAt(QPoint place) const;
   // Scrolls until the cell is on the screen, as far as it fits.
@@ -44,6 +55,10 @@ class GridView : public QAbstractScrollArea {
   void mouseReleaseEvent(QMouseEvent* event) override;
   void mouseDoubleClickEvent(QMouseEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
+  void keyReleaseEvent(QKeyEvent* event) override;
+  bool focusNextPrevChild(bool next) override;
+  void inputMethodEvent(QInputMethodEvent* event) override;
+  QVariant inputMethodQuery(Qt::InputMethodQuery query) const override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
   void timerEvent(QTimerEvent* event) override;
@@ -53,15 +68,22 @@ class GridView : public QAbstractScrollArea {
  private:
   void setScrollRanges();
   void showSelection();
+  void showHead();
   void repaintCell(CellPosition cell);
+  QRect placeOf(const CellBlock& block) const;
   void tellFocusedCell();
   bool isOverCells(QPoint place) const;
   void raiseMouseUp(MouseButton button);
   bool scrollByKey(int key);
+  bool leavesByKey(const QKeyEvent& event);
+  void typeKey(const QKeyEvent& event, bool& taken);
   void dragTo(QPoint place);
   void endDrag();
 
   Grid& grid_;
+  EditGrid* editGrid_;                // the same one; null for a table
+  GridCellEditor* editor_ = nullptr;  // with editGrid_
+  std::unique_ptr<GridColumnDrag> columnDrag_;
   GridSelection shown_;  // as painted last
   bool dragging_ = false;
   bool focusByKey_ = false;  // the focus came by the keyboard: it has to be seen

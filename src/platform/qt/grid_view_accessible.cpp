@@ -7,6 +7,7 @@
 #include <unordered_map>
 
 #include "platform/qt/convert.h"
+#include "platform/qt/grid_cell_text.h"
 #include "platform/qt/grid_view.h"
 
 namespace tolmer {
@@ -31,9 +32,12 @@ std::string rowHeading(const Grid& grid, int row) {
 }
 
 // One cell. It knows its place only, and reads all else from the grid when it is asked.
-class AccessibleCell : public QAccessibleInterface, public QAccessibleTableCellInterface {
+class AccessibleCell : public QAccessibleInterface,
+                       public QAccessibleTableCellInterface,
+                       public AccessibleCellText {
  public:
-  AccessibleCell(GridView& view, CellPosition cell) : view_(&view), cell_(cell) {}
+  AccessibleCell(GridView& view, CellPosition cell)
+      : AccessibleCellText(view, cell), view_(&view), cell_(cell) {}
 
   bool isValid() const override {
     return view_ && !view_->isHidden() && view_->grid().sheet().contains(cell_);
@@ -57,7 +61,7 @@ class AccessibleCell : public QAccessibleInterface, public QAccessibleTableCellI
     const Grid& grid = view_->grid();
     if (what == QAccessible::Name || what == QAccessible::Value)
       return toQt(grid.text(cell_.row, cell_.col));
-    return what == QAccessible::Description ? whereItStands(grid) : QString();
+    return what == QAccessible::Description ? describedCell(grid, cell_) : QString();
   }
 
   QRect rect() const override {
@@ -80,7 +84,8 @@ class AccessibleCell : public QAccessibleInterface, public QAccessibleTableCellI
     }
     const Grid& grid = view_->grid();
     const bool canBeMarked = grid.selectionMode() != SelectionMode::none;
-    state.readOnly = true;
+    state.editable = canBeEdited();
+    state.readOnly = !state.editable;
     state.selectable = state.multiSelectable = state.focusable = canBeMarked;
     state.selected = canBeMarked && grid.selection().covers(cell_);
     state.focused = canBeMarked && view_->hasFocus() && grid.activeCell() == cell_;
@@ -89,8 +94,12 @@ class AccessibleCell : public QAccessibleInterface, public QAccessibleTableCellI
   }
 
   void* interface_cast(QAccessible::InterfaceType type) override {
-    return type == QAccessible::TableCellInterface
-               ? static_cast<QAccessibleTableCellInterface*>(this)
+    if (type == QAccessible::TableCellInterface)
+      return static_cast<QAccessibleTableCellInterface*>(this);
+    if (!canBeEdited()) return nullptr;
+    if (type == QAccessible::TextInterface) return static_cast<QAccessibleTextInterface*>(this);
+    return type == QAccessible::EditableTextInterface
+               ? static_cast<QAccessibleEditableTextInterface*>(this)
                : nullptr;
   }
 
@@ -104,14 +113,7 @@ class AccessibleCell : public QAccessibleInterface, public QAccessibleTableCellI
   QAccessibleInterface* table() const override { return parent(); }
 
  private:
-  // "95% Lower, Intercept"
-  QString whereItStands(const Grid& grid) const {
-    QStringList headings;
-    if (cell_.row > 1) headings << toQt(columnHeading(grid, cell_.col));
-    if (cell_.col > 1) headings << toQt(rowHeading(grid, cell_.row));
-    headings.removeAll(QString());
-    return headings.join(QStringLiteral(", "));
-  }
+  bool canBeEdited() const { return isValid() && AccessibleCellText::canBeEdited(); }
   QList<QAccessibleInterface*> headerAt(CellPosition header) const;
 
   QPointer<GridView> view_;
@@ -254,6 +256,14 @@ QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
 void installGridAccessibility() {
   [[maybe_unused]] static const bool installed =
       (QAccessible::installFactory(makeAccessible), true);
+}
+
+QString describedCell(const Grid& grid, CellPosition cell) {
+  QStringList headings;
+  if (cell.row > 1) headings << toQt(columnHeading(grid, cell.col));
+  if (cell.col > 1) headings << toQt(rowHeading(grid, cell.row));
+  headings.removeAll(QString());
+  return headings.join(QStringLiteral(", "));
 }
 
 int accessibleIndex(const Grid& grid, CellPosition cell) {

@@ -161,7 +161,7 @@ void paintFrame(QPainter& painter, const GridView& view) {
   const Grid& grid = view.grid();
   if (grid.selectionMode() == SelectionMode::none || grid.maxRows() == 0 || grid.maxCols() == 0)
     return;
-  QRect place = view.cellRect(grid.activeCell());
+  QRect place = view.activePlace();
   QRect room = view.viewport()->rect();
   if (grid.selectionMode() == SelectionMode::rows) {
     place.setLeft(0);
@@ -173,9 +173,10 @@ void paintFrame(QPainter& painter, const GridView& view) {
   if (grid.activeCell().row > grid.rowAxis().frozen()) room.setTop(grid.rowAxis().frozenEnd() - 1);
   painter.setClipRect(room);
   painter.setPen(
-      QPen(view.hasFocus() ? theme::accent : theme::strongLine, view.hasFocus() ? 2 : 1));
+      QPen(view.holdsFocus() ? theme::accent : theme::strongLine, view.holdsFocus() ? 2 : 1));
   painter.setBrush(Qt::NoBrush);
-  painter.drawRect(view.hasFocus() ? QRectF(place) : QRectF(place).adjusted(-0.5, -0.5, 0.5, 0.5));
+  painter.drawRect(view.holdsFocus() ? QRectF(place)
+                                     : QRectF(place).adjusted(-0.5, -0.5, 0.5, 0.5));
 }
 
 // One of the four parts that scroll alike: corner, upper strip, left strip, body.

@@ -15,7 +15,8 @@
 namespace tolmer {
 namespace {
 
-constexpr std::array<std::pair<int, int>, 15> namedKeys{{{Qt::Key_Tab, keys::tab},
+constexpr std::array<std::pair<int, int>, 16> namedKeys{{{Qt::Key_Backspace, keys::backspace},
+                                                         {Qt::Key_Tab, keys::tab},
                                                          {Qt::Key_Backtab, keys::tab},
                                                          {Qt::Key_Return, keys::enter},
                                                          {Qt::Key_Enter, keys::enter},
@@ -35,8 +36,10 @@ int keyCode(int key) {
   for (const auto& [toolkit, code] : namedKeys)
     if (toolkit == key) return code;
   if (key >= Qt::Key_F1 && key <= Qt::Key_F12) return keys::f1 + key - Qt::Key_F1;
-  const bool isAscii = key >= Qt::Key_Space && key <= Qt::Key_AsciiTilde;
-  return isAscii ? key : 0;
+  // The toolkit's codes of other characters mean other keys here: its point is the Delete key.
+  const bool isOwnCode = key == Qt::Key_Space || (key >= Qt::Key_0 && key <= Qt::Key_9) ||
+                         (key >= Qt::Key_A && key <= Qt::Key_Z);
+  return isOwnCode ? key : 0;
 }
 
 // Grid and graph know best where in them the mouse is.

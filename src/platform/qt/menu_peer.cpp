@@ -10,6 +10,18 @@
 namespace tolmer {
 namespace {
 
+// Of letters, digits and function keys.
+QKeySequence keySequence(const KeyPress& key) {
+  if (key.code == 0) return {};
+  const bool isFunctionKey = key.code >= keys::f1 && key.code < keys::f1 + 12;
+  Qt::KeyboardModifiers held;
+  held.setFlag(Qt::ShiftModifier, key.shift);
+  held.setFlag(Qt::ControlModifier, key.control);
+  held.setFlag(Qt::AltModifier, key.alt);
+  return QKeyCombination(
+      held, static_cast<Qt::Key>(isFunctionKey ? Qt::Key_F1 + key.code - keys::f1 : key.code));
+}
+
 // Follows one entry.
 class EntryPeer : public Peer {
  public:
@@ -29,6 +41,7 @@ class EntryPeer : public Peer {
 
   void changed(Change) override {
     if (!action_) return;
+    action_->setShortcut(keySequence(item_.shortcut()));
     action_->setEnabled(item_.enabled());
     action_->setCheckable(item_.checkable() || item_.checked());
     action_->setChecked(item_.checked());

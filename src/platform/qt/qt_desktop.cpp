@@ -9,6 +9,7 @@
 #include "base/program_folder.h"
 #include "platform/qt/clipboard.h"
 #include "platform/qt/convert.h"
+#include "platform/qt/file_window.h"
 #include "platform/qt/help_window.h"
 #include "platform/qt/menu_peer.h"
 #include "platform/qt/message_window.h"
@@ -69,6 +70,16 @@ void QtDesktop::setBusyPointer(bool busy) {
 void QtDesktop::setClipboard(const ClipboardContent& content) { putOnClipboard(content); }
 
 std::string QtDesktop::clipboardText() const { return textOnClipboard(); }
+
+std::string QtDesktop::clipboardCells() const { return cellsOnClipboard(); }
+
+std::optional<ChosenFile> QtDesktop::openFileDialog(const FileQuestion& question) {
+  return askForFile(mirror_, question, FileUse::open);
+}
+
+std::optional<ChosenFile> QtDesktop::saveFileDialog(const FileQuestion& question) {
+  return askForFile(mirror_, question, FileUse::save);
+}
 
 // The pages are read when somebody first asks for them.
 void QtDesktop::showHelp(const HelpRequest& request) {

@@ -46,6 +46,9 @@ class QtDesktop : public Desktop {
   void setBusyPointer(bool busy) override;
   void setClipboard(const ClipboardContent& content) override;
   std::string clipboardText() const override;
+  std::string clipboardCells() const override;
+  std::optional<ChosenFile> openFileDialog(const FileQuestion& question) override;
+  std::optional<ChosenFile> saveFileDialog(const FileQuestion& question) override;
   void showHelp(const HelpRequest& request) override;
   bool activateProgram(const std::string& title) override;
   bool openDocument(const std::string& path) override;

@@ -1,0 +1,254 @@
+#include "platform/grid/edit_grid.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+
+#include "platform/grid/grid_keys.h"
+
+namespace tolmer {
+namespace {
+
+constexpr Twips narrowest = pixels(16);
+
+std::string oneLine(std::string_view text) {
+  std::string line(text);
+  std::replace_if(
+      line.begin(), line.end(), [](char c) { return c == '\n' || c == '\t'; }, ' ');
+  std::erase(line, '\r');
+  return line;
+}
+
+std::optional<GridCommand> commandOf(const KeyPress& key) {
+  if (key.code == keys::deleteKey && !key.control && !key.shift) return GridCommand::erase;
+  if (!key.control) return std::nullopt;
+  switch (key.code) {
+    case 'X':
+      return GridCommand::cut;
+    case 'C':
+      return GridCommand::copy;
+    case 'V':
+      return GridCommand::paste;
+    case 'Y':
+      return GridCommand::redo;
+    case 'Z':
+      return key.shift ? GridCommand::redo : GridCommand::undo;
+    default:
+      return std::nullopt;
+  }
+}
+
+bool isEntryKey(const KeyPress& key) {
+  return (key.code == keys::enter || key.code == keys::tab) && !key.control && !key.alt;
+}
+
+}  // namespace
+
+// --- the open edit
+
+bool EditGrid::canEdit(CellPosition cell) const {
+  return hasCell(cell) && sheet().at(cell.row, cell.col).style.type != CellType::fixed;
+}
+
+std::string EditGrid::contentOf(CellPosition cell) const {
+  std::string content = text(cell.row, cell.col);
+  raise(AskContent, cell, content);
+  return content;
+}
+
+void EditGrid::open(CellPosition cell, std::string text, Keys keysThen) {
+  editCell_ = cell;
+  editText_ = std::move(text);
+  keys_ = keysThen;
+  editing_ = true;
+  tell(Change::text);
+}
+
+void EditGrid::close() {
+  editing_ = false;
+  tell(Change::text);
+}
+
+void EditGrid::setEditText(std::string_view text) {
+  if (!editing_) return;
+  editText_ = oneLine(text);
+  tell(Change::text);
+}
+
+void EditGrid::startEdit() {
+  if (editing_ || !canEdit(activeCell())) return;
+  contentBefore_ = contentOf(activeCell());
+  open(activeCell(), oneLine(contentBefore_), Keys::stay);
+}
+
+void EditGrid::typeText(std::string_view text) {
+  if (editing_) return setEditText(editText_ + std::string(text));
+  if (!canEdit(activeCell())) return;
+  contentBefore_ = contentOf(activeCell());
+  open(activeCell(), oneLine((replaces_ ? std::string() : contentBefore_) + std::string(text)),
+       Keys::move);
+}
+
+// While it lives the owner is being asked, also if that ends by an exception.
+class EditGrid::Asking {
+ public:
+  explicit Asking(EditGrid& grid) : grid_(grid), life_(grid.life_) { grid_.asking_ = true; }
+  ~Asking() {
+    if (gridIsThere()) grid_.asking_ = false;
+  }
+  Asking(const Asking&) = delete;
+  Asking& operator=(const Asking&) = delete;
+  bool gridIsThere() const { return !life_.expired(); }
+
+ private:
+  EditGrid& grid_;
+  Life life_;
+};
+
+bool EditGrid::enter(CellPosition cell, const std::string& text) {
+  bool accepted = false;
+  if (canEdit(cell)) raise(EditDone, cell, text, accepted);
+  return accepted;
+}
+
+bool EditGrid::commitEdit() {
+  if (!editing_) return true;
+  // A box that tells the reason may take the focus, which would commit again.
+  if (asking_) return false;
+  if (editText_ != contentBefore_) {
+    const Asking asking(*this);
+    const bool accepted = enter(editCell_, std::string(editText_));
+    if (!asking.gridIsThere()) return accepted;
+    if (!accepted) return !editing_;
+  }
+  close();
+  return true;
+}
+
+void EditGrid::finishEdit() {
+  if (asking_) return;
+  const Life life = life_;
+  if (!commitEdit() && !life.expired()) cancelEdit();
+}
+
+void EditGrid::cancelEdit() {
+  if (editing_) close();
+}
+
+void EditGrid::reshaped() {
+  if (!canEdit(editCell_)) cancelEdit();
+}
+
+// --- the user
+
+void EditGrid::press(CellPosition cell, ClickKeys held) {
+  const Life life = life_;
+  if (!commitEdit() || life.expired()) return;
+  Grid::press(cell, held);
+}
+
+void EditGrid::dragTo(CellPosition cell) {
+  if (!editing_) Grid::dragTo(cell);
+}
+
+void EditGrid::doubleClick(CellPosition cell) {
+  const Life life = life_;
+  Grid::doubleClick(cell);
+  if (!life.expired() && cell == activeCell()) startEdit();
+}
+
+void EditGrid::dragColWidth(int col, Twips width) {
+  setColWidth(col, std::max(width, narrowest));
+  raise(ColWidthChange, col);
+}
+
+bool EditGrid::pressKey(const KeyPress& key) {
+  if (key.alt || maxRows() == 0 || maxCols() == 0) return false;
+  return editing_ ? pressEditKey(key) : pressCellKey(key);
+}
+
+bool EditGrid::pressEditKey(const KeyPress& key) {
+  if (key.code == keys::escape) {
+    cancelEdit();
+    return true;
+  }
+  if (key.code == keys::f2) {
+    keys_ = keys_ == Keys::move ? Keys::stay : Keys::move;
+    return true;
+  }
+  if (isEntryKey(key)) {
+    commitAndMove(key);
+    return true;
+  }
+  if (keys_ == Keys::move && !key.shift && cellByEditKey(*this, key)) {
+    commitAndMove(key);
+    return true;
+  }
+  // In one line these lead nowhere.
+  return key.code == keys::up || key.code == keys::down || key.code == keys::pageUp ||
+         key.code == keys::pageDown;
+}
+
+void EditGrid::commitAndMove(const KeyPress& key) {
+  const Life life = life_;
+  if (commitEdit() && !life.expired()) pressCellKey(key);
+}
+
+bool EditGrid::pressCellKey(const KeyPress& key) {
+  if (const auto command = commandOf(key)) {
+    raise(Command, *command);
+    return true;
+  }
+  if (key.code == keys::space && key.control != key.shift) {
+    selectLine(key.shift);
+    return true;
+  }
+  if (isEntryKey(key)) {
+    moveByEntry(key);
+    return true;
+  }
+  if (key.code == keys::f2 || key.code == keys::backspace) {
+    startEdit();
+    if (key.code == keys::backspace && editing_) open(editCell_, {}, Keys::move);
+    return true;
+  }
+  const auto target = cellByEditKey(*this, key);
+  if (!target) return Grid::pressKey(key);
+  moveBy(*target, key.shift);
+  return true;
+}
+
+// Return goes down to the column in which a row of Tabs began, so that cases are typed in row by
+// row.
+void EditGrid::moveByEntry(const KeyPress& key) {
+  const bool isTab = key.code == keys::tab;
+  const int code =
+      isTab ? (key.shift ? keys::left : keys::right) : (key.shift ? keys::up : keys::down);
+  CellPosition target = *cellByKey(*this, {.code = code});
+  const int from = tabbedFrom_ > 0 ? tabbedFrom_ : activeCell().col;
+  if (!isTab && tabbedFrom_ > 0) target.col = tabbedFrom_;
+  const Life life = life_;
+  movesByEntry_ = true;
+  moveBy(target, false);
+  if (life.expired()) return;
+  movesByEntry_ = false;
+  tabbedFrom_ = isTab ? from : 0;
+}
+
+void EditGrid::selectLine(bool row) {
+  const CellPosition at = activeCell();
+  select(row ? CellBlock{at.row, 1, at.row, maxCols()} : CellBlock{1, at.col, maxRows(), at.col});
+}
+
+void EditGrid::selectionChanged(CellPosition activeBefore) {
+  const Life life = life_;
+  if (!movesByEntry_) tabbedFrom_ = 0;
+  if (activeBefore != activeCell()) {
+    finishEdit();
+    if (!life.expired()) raise(LeaveCell, activeBefore, CellPosition(activeCell()));
+    if (life.expired()) return;
+  }
+  Grid::selectionChanged(activeBefore);
+}
+
+}  // namespace tolmer
