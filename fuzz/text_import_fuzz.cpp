@@ -58,7 +58,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   for (int round = 0; round < 4; ++round) {
     const auto preview = import->preview(answers);
     if (!preview) return 0;
+    const std::size_t before = answers.size();
     answers.merge(answersOf(data[1], *preview));
+    if (answers.size() == before) break;
   }
   const auto preview = import->preview(answers);
   if (!preview) return 0;
