@@ -10,9 +10,10 @@ namespace {
 // Sections with a meaning to the program, beside examplesSection.
 constexpr int startSection = 1;      // every page opens the default scenario
 constexpr int databasesSection = 4;  // as in the examples, page 1 is an overview
+constexpr int ownDataSection = 5;    // every page opens the data editor
 
 bool opensData(int section, int page, Int16 type) {
-  if (section == startSection) return true;
+  if (section == startSection || section == ownDataSection) return true;
   const bool hasScenarios = section == examplesSection || section == databasesSection;
   return hasScenarios && page > 1 && type == PageType::scenario;
 }

@@ -92,6 +92,7 @@ int main(int argc, char** argv) {
   auto& desktop = dynamic_cast<tolmer::QtDesktop&>(program.desktop());
   desktop.setHelpFolder(options.programFolder + "/help");
   tolmer::Module module(desktop, options.programFolder);
+  module.parts().tAutosaveFolder = tolmer::autosaveFolder();
   std::unique_ptr<FirstPageWatch> watch;
   if (options.leaveAfterFirstPage) watch = std::make_unique<FirstPageWatch>(desktop, module);
   return program.run([&] { module.Main(); });

@@ -149,10 +149,10 @@ bool MainFlow::takeDataSource() {
 }
 
 // After Cancel the source stays what it was; where there is no analysis yet to go back to, the
-// notebook comes back. The same holds where there is no editor.
+// notebook comes back.
 bool MainFlow::takeEditorData() {
-  if (parts_.editor) parts_.editor->ShowDataEditor();
-  if (!parts_.editor || parts_.editor->UserCancel()) {
+  parts_.editor->ShowDataEditor();
+  if (parts_.editor->UserCancel()) {
     state_.bNewDataRequested = state_.bStartingUp;
     return false;
   }
@@ -217,7 +217,6 @@ void MainFlow::changeDataSource() {
 }
 
 void MainFlow::editData() {
-  if (!parts_.editor) return;
   parts_.editor->ShowDataEditor();
   if (parts_.editor->UserCancel()) return;
   state_.bChangeModelOnly = false;

@@ -8,6 +8,7 @@
 #include "notebook/notebook.h"
 #include "shell/about.h"
 #include "shell/analysis.h"
+#include "shell/own_data.h"
 #include "shell/quadrant_manager.h"
 
 namespace tolmer {
@@ -45,7 +46,9 @@ struct ShellParts {
   Analysis analysis{state, desktop, displays, panel};
   QuadrantManager manager{state, desktop, displays, frame, menus, panel};
   frmAbout about{desktop};
-  EditorData* editor = nullptr;  // the student's own data; null where there is no editor
+  std::string tAutosaveFolder;  // where the data editor writes work aside; empty: nowhere
+  OwnData ownData{desktop, tProgramFolder, tAutosaveFolder};
+  EditorData* editor = &ownData;
 };
 
 }  // namespace tolmer

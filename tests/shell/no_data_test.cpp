@@ -70,7 +70,8 @@ TEST_F(NoData, SectionWithoutDataLeavesAFrameWhoseMenusWork) {
 }
 
 TEST_F(NoData, NotebookComesBackWhereAPageBroughtNone) {
-  okOnPage(5, 1);  // the student's own data
+  okOnPage(5, 1);  // the student's own data, and Cancel in the editor
+  script.window("frmDataEditor", [this] { user.click("frmDataEditor", "cmdCancel"); });
   okOnPage(3, 1);  // the overview of the examples, before any was chosen
   okInEmptyDesigner();
   okOnPage(4, 1);
@@ -86,6 +87,7 @@ TEST_F(NoData, NotebookComesBackWhereAPageBroughtNone) {
   user.click("frmControlPanel", "cmdShowNotebook");
   EXPECT_EQ(state().iCompletedFits, 2);
   okOnPage(5, 1);
+  script.window("frmDataEditor", [this] { user.click("frmDataEditor", "cmdCancel"); });
   user.click("frmControlPanel", "cmdShowNotebook");
   EXPECT_EQ(state().iCompletedFits, 2);
   EXPECT_EQ(state().iNumCases, 21);

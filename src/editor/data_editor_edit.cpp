@@ -1,0 +1,149 @@
+// Blocks, rows and formats of the sheet.
+#include <utility>
+
+#include "editor/data_editor.h"
+#include "editor/import_dialog.h"
+#include "editor/instructions.h"
+#include "platform/desktop.h"
+
+namespace tolmer {
+namespace {
+
+// Marks cells on the clipboard as those that were copied last in this program.
+std::string markOf(int copies) { return "cells " + std::to_string(copies); }
+
+PasteTable tableOf(ImportedTable imported) {
+  PasteTable table;
+  table.cells = std::move(imported.cells);
+  table.headings = std::move(imported.headings);
+  return table;
+}
+
+}  // namespace
+
+void frmDataEditor::command(GridCommand what) {
+  if (!commitEdit()) return;
+  switch (what) {
+    case GridCommand::erase:
+      return sheet_.clear(selectedRange());
+    case GridCommand::cut:
+      return copySelection(true);
+    case GridCommand::copy:
+      return copySelection(false);
+    case GridCommand::paste:
+      return paste();
+    case GridCommand::undo:
+      return undoOrRedo(true);
+    case GridCommand::redo:
+      return undoOrRedo(false);
+  }
+}
+
+void frmDataEditor::copySelection(bool cut) {
+  if (focus() == &txtTitle) return desktop().setClipboard({.text = txtTitle.text()});
+  CopiedBlock block = cut ? sheet_.cut(selectedRange()) : sheet_.copy(selectedRange());
+  copied_ = std::move(block.table);
+  desktop().setClipboard({.text = block.exactText, .cells = markOf(++copies_)});
+}
+
+void frmDataEditor::paste() {
+  if (focus() == &txtTitle) return txtTitle.setText(desktop().clipboardText());
+  if (copies_ > 0 && desktop().clipboardCells() == markOf(copies_))
+    return takePaste(selectedRange(), copied_);
+  pasteText(desktop().clipboardText());
+}
+
+void frmDataEditor::pasteText(const std::string& text) {
+  if (text.empty()) return;
+  const CellAddress at = selectedRange().first;
+  const auto import = TextImport::read(
+      text, {TextOrigin::clipboard, at.row, at.column, sheet_.observations(), sheet_.variables()});
+  if (!import) return tellImportFailed("Paste", import.error());
+  const auto table = importTable(*import, sheet_.content(), "the clipboard");
+  if (!table) return;
+  const CellAddress first{table->firstRow, table->firstColumn};
+  takePaste({first, first}, tableOf(*table));
+}
+
+void frmDataEditor::tellImportFailed(const std::string& title, const Error& error) {
+  desktop().messageBox({.title = title, .text = error.message(), .icon = MessageIcon::exclamation});
+}
+
+// Asks where something is in doubt, and shows what was taken for granted; nothing when called off
+// or refused.
+std::optional<ImportedTable> frmDataEditor::importTable(const TextImport& import,
+                                                        const SheetContent& into,
+                                                        const std::string& source) {
+  const auto preview = import.preview({});
+  if (!preview) {
+    tellImportFailed("Text Data", preview.error());
+    return std::nullopt;
+  }
+  if (!preview->isClear() || !preview->notes.empty())
+    return frmTextImport(desktop(), import, into, source).ask();
+  auto table = import.apply({});
+  if (!table) {
+    tellImportFailed("Text Data", table.error());
+    return std::nullopt;
+  }
+  return std::move(*table);
+}
+
+void frmDataEditor::takePaste(const CellRange& target, const PasteTable& table) {
+  const PasteOutcome outcome = sheet_.paste(target, table);
+  refusal_ = outcome.pasted ? std::string() : outcome.reason;
+  if (outcome.pasted && outcome.refused > 0)
+    refusal_ = (outcome.refused == 1 ? std::string("One cell was")
+                                     : std::to_string(outcome.refused) + " cells were") +
+               " not taken. " + outcome.reason;
+  if (!refusal_.empty()) desktop().beep();
+  showStatus();
+}
+
+void frmDataEditor::undoOrRedo(bool undo) {
+  if (!commitEdit()) return;
+  if (!(undo ? sheet_.undo() : sheet_.redo())) desktop().beep();
+}
+
+// The test before a deletion looks at columns, that before an insertion at rows.
+void frmDataEditor::insertOrDeleteRows(bool insert) {
+  if (!commitEdit()) return;
+  const bool isBlock = !spdData.selection().blocks().empty();
+  const CellRange range = selectedRange();
+  const bool refused = !isBlock ? range.first.row == 0
+                       : insert ? range.first.row == 0 || range.last.row == 0
+                                : range.first.column == 0 || range.last.column == 0;
+  if (refused) {
+    desktop().messageBox({.title = {},
+                          .text = insert ? "You cannot insert a row before the variable names."
+                                         : "You cannot delete the row of variable names.",
+                          .icon = MessageIcon::information});
+    return;
+  }
+  if (!insert) return sheet_.deleteRows(range.first.row, range.last.row);
+  const int lost = sheet_.insertRows(range.first.row, range.last.row);
+  if (lost == 0) return;
+  refusal_ = (lost == 1 ? std::string("One row was") : std::to_string(lost) + " rows were") +
+             " pushed out at the end. Undo brings them back.";
+  showStatus();
+}
+
+void frmDataEditor::showDialog(Window& dialog) {
+  dialog.showModal();
+  showStatus();
+}
+
+void frmDataEditor::showInstructions(int index) {
+  txtHelp.setText(instructions(index));
+  txtHelp.setVisible(true);
+  cmdClose.setVisible(true);
+  cmdClose.setFocus();
+}
+
+void frmDataEditor::closeInstructions() {
+  txtHelp.setVisible(false);
+  cmdClose.setVisible(false);
+  spdData.setFocus();
+}
+
+}  // namespace tolmer

@@ -1,0 +1,156 @@
+// The sheet on the screen: grid, title, caption and status line.
+#include <algorithm>
+#include <utility>
+
+#include "editor/data_editor.h"
+#include "platform/desktop.h"
+
+namespace tolmer {
+namespace {
+
+constexpr Colour headingGround = Colour::rgb(255, 255, 128);
+constexpr Twips numberWidth = pixels(44);  // of the observations' numbers
+constexpr Twips rowHeight = pixels(20);
+constexpr Twips labelWidth = pixels(110);
+constexpr Twips columnWidth = pixels(84);
+
+constexpr Size wanted = {pixels(880), pixels(600)};
+constexpr Twips gap = pixels(10);
+constexpr Twips lineHeight = pixels(24);
+constexpr Twips buttonHeight = pixels(30);
+constexpr Twips buttonWidth = pixels(92);
+
+CellStyle styleOf(int row, int col) {
+  CellStyle style{.type = CellType::text, .align = col == 1 ? Align::left : Align::right};
+  if (row == 1) style.back = headingGround;
+  style.heading = row == 1;
+  return style;
+}
+
+std::string fileNameOf(const std::string& path) {
+  const auto cut = path.find_last_of('/');
+  return cut == std::string::npos ? path : path.substr(cut + 1);
+}
+
+}  // namespace
+
+void frmDataEditor::InitialiseGrid() {
+  const RedrawLock lock(spdData);
+  spdData.setSize(sheet_.observations() + 1, sheet_.variables() + 1);
+  for (int row = 1; row <= spdData.maxRows(); ++row) {
+    spdData.setRowHeight(row, rowHeight);
+    spdData.setText(row, 0, row == 1 ? std::string("Obs") : std::to_string(row - 1));
+    for (int col = 1; col <= spdData.maxCols(); ++col)
+      spdData.setStyle({row, col, row, col}, styleOf(row, col));
+  }
+  spdData.showHeadings(false, true);
+  spdData.setColWidth(0, numberWidth);
+  for (int col = 1; col <= spdData.maxCols(); ++col)
+    spdData.setColWidth(col, col == 1 ? labelWidth : columnWidth);
+  spdData.freeze(1, 1);
+  spdData.setScrollBars(ScrollBars::both);
+  spdData.setActiveCell({2, 1});
+  const Size screen = desktop().screenSize();
+  setPlace({0, 0, std::min(wanted.width, screen.width - pixels(20)),
+            std::min(wanted.height, screen.height - pixels(80))});
+  placeControls();
+  centreOnScreen();
+  showAll();
+}
+
+void frmDataEditor::placeControls() {
+  const Twips width = std::max(innerWidth(), pixels(480));
+  const Twips height = std::max(innerHeight(), pixels(240));
+  lblTitle.setPlace({gap, gap, pixels(40), lineHeight});
+  txtTitle.setPlace({lblTitle.right(), gap, width - lblTitle.right() - gap, lineHeight});
+  const Twips buttonTop = height - gap - buttonHeight;
+  const Twips statusTop = buttonTop - gap / 2 - lineHeight;
+  lblStatus.setPlace({gap, statusTop, width - 2 * gap, lineHeight});
+  const Twips gridTop = txtTitle.bottom() + gap;
+  spdData.setPlace({gap, gridTop, width - 2 * gap, statusTop - gap / 2 - gridTop});
+  Twips right = width - gap;
+  for (Button* button : {&cmdCancel, &cmdOK, &cmdSave, &cmdOpen}) {
+    button->setPlace({right - buttonWidth, buttonTop, buttonWidth, buttonHeight});
+    right = button->left() - gap;
+  }
+  Label1.setPlace({gap, buttonTop + pixels(6), right - gap, lineHeight});
+  txtHelp.setPlace(
+      {spdData.left(), spdData.top(), spdData.width(), spdData.height() - buttonHeight - gap});
+  cmdClose.setPlace(
+      {spdData.right() - buttonWidth, txtHelp.bottom() + gap / 2, buttonWidth, buttonHeight});
+}
+
+void frmDataEditor::follow(const SheetChange& change) {
+  {
+    const RedrawLock lock(spdData);
+    if (change.all) showAll();
+    for (const CellAddress& cell : change.cells) showCell(cell.row, cell.column);
+    for (const int column : change.decimals) showColumn(column);
+  }
+  if (change.all || change.title) txtTitle.setText(sheet_.title());
+  if (change.all || change.file) showCaption();
+  autosave_.changed();
+  showStatus();
+}
+
+void frmDataEditor::showCell(int row, int col) {
+  spdData.setText(row + 1, col + 1, sheet_.shownText(row, col));
+}
+
+void frmDataEditor::showColumn(int col) {
+  if (col < 1) return;
+  for (int row = 0; row <= sheet_.observations(); ++row) showCell(row, col);
+}
+
+void frmDataEditor::showAll() {
+  const RedrawLock lock(spdData);
+  for (int row = 0; row <= sheet_.observations(); ++row)
+    for (int col = 0; col <= sheet_.variables(); ++col) showCell(row, col);
+  txtTitle.setText(sheet_.title());
+  showCaption();
+}
+
+void frmDataEditor::showCaption() {
+  const std::string& name = sheet_.mtFileName();
+  setCaption(name.empty() ? "Data Editor" : "Data Editor [" + fileNameOf(name) + "]");
+  menu.mnuFileSave.setEnabled(!name.empty());
+}
+
+// Where the cursor is, in the words of formulas, and what the cell holds; or why an entry was not
+// taken.
+void frmDataEditor::showStatus() {
+  menu.mnuEditUndo.setEnabled(!sheet_.undoName().empty());
+  menu.mnuEditRedo.setEnabled(!sheet_.redoName().empty());
+  if (!refusal_.empty()) return lblStatus.setCaption(refusal_);
+  const CellPosition at = spdData.activeCell();
+  if (at.row < 1 || at.col < 1) return lblStatus.setCaption({});
+  const int row = at.row - 1;
+  const int col = at.col - 1;
+  const std::string name = sheet_.heading(col);
+  const std::string content = sheet_.editText(row, col);
+  std::string text = row == 0 ? "Name of column " + columnLetters(col)
+                              : columnLetters(col) + std::to_string(row) + " = " + name + ", Obs " +
+                                    std::to_string(row);
+  if (row > 0 && !content.empty()) text += ":  " + content;
+  lblStatus.setCaption(std::move(text));
+}
+
+void frmDataEditor::spdData_EditDone(CellPosition cell, const std::string& text, bool& bAccepted) {
+  const EntryOutcome outcome = sheet_.enter(cell.row - 1, cell.col - 1, text);
+  bAccepted = outcome.accepted;
+  refusal_ = outcome.accepted ? std::string() : outcome.reason;
+  if (!outcome.accepted) desktop().beep();
+  showStatus();
+}
+
+// The block last marked, or the active cell.
+CellRange frmDataEditor::selectedRange() const {
+  const auto& blocks = spdData.selection().blocks();
+  const CellPosition at = spdData.activeCell();
+  CellBlock block = blocks.empty() ? CellBlock{at.row, at.col, at.row, at.col} : blocks.back();
+  block.row = std::max(block.row, 1);
+  block.col = std::max(block.col, 1);
+  return {{block.row - 1, block.col - 1}, {block.row2 - 1, block.col2 - 1}};
+}
+
+}  // namespace tolmer

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "editor/data_editor.h"
+
+namespace tolmer {
+
+// The student's own data: the editor is made when it is first asked for, and then keeps its data.
+class OwnData : public EditorData {
+ public:
+  // The folders are read at the first use; where work is written aside may be empty.
+  OwnData(Desktop& desktop, const std::string& programFolder, const std::string& autosaveFolder)
+      : desktop_(desktop), programFolder_(programFolder), autosaveFolder_(autosaveFolder) {}
+
+  Int16 CompleteObservations() const override {
+    return editor_ ? editor_->CompleteObservations() : Int16{0};
+  }
+  bool DataLabelsEntered() const override { return editor_ && editor_->DataLabelsEntered(); }
+  std::string DataLabel(int iOb) const override {
+    return editor_ ? editor_->DataLabel(iOb) : std::string();
+  }
+  double DataValue(int iVar, int iOb) const override {
+    return editor_ ? editor_->DataValue(iVar, iOb) : 0;
+  }
+  std::string VarHeader(int iVarNum) const override {
+    return editor_ ? editor_->VarHeader(iVarNum) : std::string();
+  }
+  bool UserCancel() const override { return editor_ && editor_->UserCancel(); }
+  void ShowDataEditor() override { editor().ShowDataEditor(); }
+
+  frmDataEditor& editor() {
+    if (!editor_)
+      editor_ =
+          std::make_unique<frmDataEditor>(desktop_, EditorFolders{programFolder_, autosaveFolder_});
+    return *editor_;
+  }
+
+ private:
+  Desktop& desktop_;
+  const std::string& programFolder_;
+  const std::string& autosaveFolder_;
+  std::unique_ptr<frmDataEditor> editor_;
+};
+
+}  // namespace tolmer
