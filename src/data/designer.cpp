@@ -49,6 +49,8 @@ void frmModelDesign::wireEvents() {
     if (taken) cmdHelp_Click();
   };
   cmdShowData.Click = [this] { cmdShowData_Click(); };
+  spdVarList.DblClick = [this](CellPosition) { spdVarList_DblClick(); };
+  spdIndepVars.DblClick = [this](CellPosition) { cmdIndVarDeselect_Click(); };
   spdVarList.Click = [this](CellPosition) { showVarDefOfActiveRow(); };
   spdVarList.SelectionChange = [this] { showVarDefOfActiveRow(); };
 }
@@ -129,6 +131,14 @@ void frmModelDesign::cmdDepVarSelect_Click() {
   // A refusal leaves the earlier name on the screen, but it counts no more: OK will say so.
   copy_.mbDepVarSpecified = copy_.mbNewDepVarOK;
   if (copy_.mbNewDepVarOK) DisplayDepVar();
+}
+
+// The first variable taken so is the dependent one, as a reader of the equation would name them.
+void frmModelDesign::spdVarList_DblClick() {
+  if (copy_.mbDepVarSpecified)
+    cmdIndVarSelect_Click();
+  else
+    cmdDepVarSelect_Click();
 }
 
 void frmModelDesign::cmdDepVarDeselect_Click() {

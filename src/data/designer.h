@@ -88,6 +88,7 @@ class frmModelDesign : public Window {
   void Form_QueryUnload(bool& bCancel) const;
   void loadDataSource();
   void displayLoadedModel();
+  void spdVarList_DblClick();
   void cmdDepVarSelect_Click();
   void cmdDepVarDeselect_Click();
   void cmdIndVarSelect_Click();

@@ -74,10 +74,8 @@ void frmDataEditor::placeControls() {
     right = button->left() - gap;
   }
   Label1.setPlace({gap, buttonTop + pixels(6), right - gap, lineHeight});
-  txtHelp.setPlace(
-      {spdData.left(), spdData.top(), spdData.width(), spdData.height() - buttonHeight - gap});
-  cmdClose.setPlace(
-      {spdData.right() - buttonWidth, txtHelp.bottom() + gap / 2, buttonWidth, buttonHeight});
+  txtHelp.setPlace(spdData.place());
+  cmdClose.setPlace({width - gap - buttonWidth, statusTop, buttonWidth, lineHeight});
 }
 
 void frmDataEditor::follow(const SheetChange& change) {

@@ -71,9 +71,7 @@ void ImportFindings::findDecimalMark() {
   eachValue([&](int row, int column, const FieldLook& seenField) {
     const Marks marks = seenField.shape.marks;
     seen[static_cast<std::size_t>(marks)].add(row, column);
-    const auto point =
-        !removes && marks == Marks::point ? fieldNumber(field(row, column), '.') : std::nullopt;
-    removes = removes || (point && point->marksRemoved);
+    removes = removes || (marks == Marks::point && seenField.shape.groupedByMarks);
   });
   const auto of = [&seen](Marks marks) { return seen[static_cast<std::size_t>(marks)]; };
   const Sighting comma = of(Marks::comma).count ? of(Marks::comma) : of(Marks::eitherComma);

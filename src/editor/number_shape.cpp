@@ -33,6 +33,8 @@ struct Parts {
 };
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
+bool isMark(char c) { return c == '.' || c == ','; }
+bool belongsToNumber(char c) { return isDigit(c) || isMark(c) || c == ' ' || c == '\''; }
 bool allDigits(std::string_view text) { return std::all_of(text.begin(), text.end(), isDigit); }
 
 std::string inPlainSpelling(std::string_view field) {
@@ -102,11 +104,11 @@ std::optional<Parts> partsOf(std::string_view field) {
   }
   Parts parts;
   takeSigns(text, parts);
-  const auto exponent = text.find_first_of("eE");
+  const auto exponent = std::min(text.find('e'), text.find('E'));
   parts.mantissa = text.substr(0, exponent);
   if (exponent != text.npos) parts.exponent = text.substr(exponent);
-  if (parts.mantissa.find_first_not_of("0123456789., '") != std::string::npos ||
-      parts.mantissa.find_first_of("0123456789") == std::string::npos ||
+  if (!std::all_of(parts.mantissa.begin(), parts.mantissa.end(), belongsToNumber) ||
+      std::none_of(parts.mantissa.begin(), parts.mantissa.end(), isDigit) ||
       !takeBlanks(parts.mantissa, parts.groupedByBlanks))
     return std::nullopt;
   // The exponent's form is tried with the simplest number.
@@ -148,9 +150,12 @@ bool fitsBoth(const Parts& parts, char mark) {
 
 NumberShape::Marks marksOf(const Parts& parts) {
   using Marks = NumberShape::Marks;
-  if (allDigits(parts.mantissa)) return Marks::plain;
+  const auto points = std::count(parts.mantissa.begin(), parts.mantissa.end(), '.');
+  const auto commas = std::count(parts.mantissa.begin(), parts.mantissa.end(), ',');
+  if (points + commas == 0) return Marks::plain;
   if (fitsBoth(parts, '.')) return Marks::eitherPoint;
   if (fitsBoth(parts, ',')) return Marks::eitherComma;
+  if (points + commas == 1) return points == 1 ? Marks::point : Marks::comma;
   if (!digitsWith(parts.mantissa, '.').empty()) return Marks::point;
   if (!digitsWith(parts.mantissa, ',').empty()) return Marks::comma;
   return Marks::noNumber;
@@ -161,7 +166,9 @@ NumberShape::Marks marksOf(const Parts& parts) {
 NumberShape numberShape(std::string_view field) {
   const auto parts = partsOf(field);
   if (!parts) return {};
-  return {marksOf(*parts), parts->groupedByBlanks, parts->percent, parts->currency};
+  return {marksOf(*parts),
+          std::count_if(parts->mantissa.begin(), parts->mantissa.end(), isMark) > 1,
+          parts->groupedByBlanks, parts->percent, parts->currency};
 }
 
 std::optional<FieldNumber> fieldNumber(std::string_view field, char decimalMark) {

@@ -18,6 +18,7 @@ struct NumberShape {
     eitherComma   // 1,234
   };
   Marks marks = Marks::noNumber;
+  bool groupedByMarks = false;   // 1,234.5 or 1.234,5: both marks, or several of one
   bool groupedByBlanks = false;  // 12 345 or 12'345
   bool percent = false;
   bool currency = false;

@@ -1,6 +1,7 @@
 #include "platform/window.h"
 
 #include <algorithm>
+#include <cctype>
 #include <iterator>
 #include <utility>
 
@@ -183,6 +184,19 @@ void FrameWindow::activateNext(bool forward) {
     next = (static_cast<std::size_t>(at - shown.begin()) + step) % shown.size();
   }
   activate(*shown[next]);
+}
+
+Button* FrameWindow::mnemonicButton(char letter) {
+  const auto has = [letter](const Button& button) {
+    const auto mark = button.caption().find('&');
+    if (mark == std::string::npos || mark + 1 == button.caption().size()) return false;
+    const auto small = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
+    return small(button.caption()[mark + 1]) == small(letter) && button.canBeUsed();
+  };
+  for (Window* child : childWindows_)
+    if (child->visible())
+      if (Button* button = findButton(*child, has)) return button;
+  return nullptr;
 }
 
 void FrameWindow::toggleMaximised() {

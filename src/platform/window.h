@@ -124,6 +124,9 @@ class FrameWindow : public Window {
   // The keyboard's way around: the next child on the screen in reading order, or the one before. A
   // maximised one is restored, since it would cover the others.
   void activateNext(bool forward = true);
+  // The button of a child on the screen that the letter with Alt presses, whichever child is
+  // active; null without one.
+  Button* mnemonicButton(char letter);
   // Maximises the active child, or restores it.
   void toggleMaximised();
 

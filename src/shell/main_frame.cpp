@@ -28,6 +28,7 @@ mdiReg::mdiReg(Desktop& desktop)
       mnuHelpAbout(&mnuHelp, "mnuHelpAbout", "&About...") {
   mnuShowRegression.setCheckable(true);
   mnuShowCorrelation.setCheckable(true);
+  mnuEditCopy.setShortcut({.code = 'C', .control = true});
   setMenuBar(&menu);
   setState(WindowState::maximised);
   Resize = [this] { MDIForm_Resize(); };

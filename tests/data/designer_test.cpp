@@ -66,6 +66,22 @@ class Designer : public testing::Test {
   int childrenShown = 0;
 };
 
+TEST_F(Designer, ADoubleClickMovesOneVariable) {
+  state.iDataSource = databasePage;
+  design([this](frmModelDesign& designer) {
+    mark(designer.spdVarList, 2, 2);
+    designer.spdVarList.doubleClick({2, 1});
+    EXPECT_EQ(designer.txtDepVar.text(), "Col 2  Size");
+    mark(designer.spdVarList, 3, 3);
+    designer.spdVarList.doubleClick({3, 1});
+    EXPECT_EQ(names(designer.spdIndepVars), std::vector<std::string>{"Col 3 Age"});
+    mark(designer.spdIndepVars, 1, 1);
+    designer.spdIndepVars.doubleClick({1, 1});
+    EXPECT_TRUE(names(designer.spdIndepVars).empty());
+    click("cmdCancel");
+  });
+}
+
 TEST_F(Designer, OpensOnTheExampleWithItsModel) {
   design([this](frmModelDesign& designer) {
     EXPECT_EQ(designer.caption(), "Variable Selection");

@@ -66,6 +66,22 @@ TEST_F(DisplayMenus, ThePanelOffersPlotsAndIsNotReplacedByThem) {
   EXPECT_EQ(parts().state.iDisplayState(scatterDisplays, 1), displayHidden);
 }
 
+TEST_F(DisplayMenus, ThePanelsLettersAndTheKeysReachItFromAnyQuadrant) {
+  EXPECT_EQ(parts().frame.mnemonicButton('c'), &parts().panel.cmdChangeModel);
+  EXPECT_EQ(parts().frame.mnemonicButton('U'), nullptr) << "no plot to update";
+  displayAt("11").activate();
+  std::string way;
+  for (int step = 0; step < 4; ++step) {
+    parts().frame.activateNext();
+    way += parts().frame.activeChild()->tag() + " ";
+  }
+  EXPECT_EQ(way, "12 21 22 11 ");
+  parts().frame.toggleMaximised();
+  parts().frame.activateNext(false);
+  EXPECT_EQ(parts().frame.activeChild()->tag(), "22");
+  EXPECT_EQ(displayAt("11").state(), WindowState::normal);
+}
+
 TEST_F(DisplayMenus, EachPlotKeepsItsAxesAndGivesUpWhatWasNotDrawn) {
   replaceByPopup("11", {scatterDisplays, 1});
   replaceByPopup("21", {scatterDisplays, 2});

@@ -1,9 +1,12 @@
+#include <QApplication>
 #include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QScreen>
 #include <QShortcut>
 
+#include "platform/button.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/main_widget.h"
 #include "platform/qt/menu_peer.h"
@@ -111,7 +114,19 @@ class FrameWindowPeer : public WindowPeer {
   bool seen(QEvent& event) override {
     if (event.type() == QEvent::WindowStateChange)
       tell([this] { frame_.reportState(stateOf(*main_)); });
+    if (event.type() == QEvent::KeyPress && pressedMnemonic(static_cast<QKeyEvent&>(event)))
+      return true;
     return WindowPeer::seen(event);
+  }
+
+  // The toolkit hears a button's letter in the active child alone; the panel's commands are to be
+  // at hand from every quadrant. The menus' letters come first.
+  bool pressedMnemonic(const QKeyEvent& event) {
+    const bool isLetter = event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z;
+    if (event.modifiers() != Qt::AltModifier || !isLetter) return false;
+    Button* button = frame_.mnemonicButton(static_cast<char>(event.key()));
+    if (button) mirror_.gate.enter([button] { button->click(); });
+    return button != nullptr;
   }
 
   static WindowState stateOf(const QWidget& widget) {
@@ -136,7 +151,17 @@ class FrameWindowPeer : public WindowPeer {
   void followActive() {
     const Window* active = frame_.activeChild();
     auto* sub = active ? qobject_cast<QMdiSubWindow*>(widgetOf(*active)) : nullptr;
-    if (sub && main_->area().activeSubWindow() != sub) main_->area().setActiveSubWindow(sub);
+    if (!sub) return;
+    if (main_->area().activeSubWindow() != sub) main_->area().setActiveSubWindow(sub);
+    if (!sub->isAncestorOf(QApplication::focusWidget())) focusFirst(*sub);
+  }
+
+  // A child that never had the focus gives it to the first control that the Tab key reaches.
+  static void focusFirst(QWidget& child) {
+    for (QWidget* next = child.nextInFocusChain(); next != &child; next = next->nextInFocusChain())
+      if (child.isAncestorOf(next) && next->focusPolicy() & Qt::TabFocus && next->isVisible() &&
+          next->isEnabled())
+        return next->setFocus(Qt::TabFocusReason);
   }
 
   FrameWindow& frame_;

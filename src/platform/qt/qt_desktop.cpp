@@ -2,7 +2,9 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QProcess>
 #include <QScreen>
+#include <QStandardPaths>
 #include <QStyle>
 #include <QUrl>
 
@@ -95,8 +97,17 @@ void QtDesktop::showHelp(const HelpRequest& request) {
 // No way to other programs' windows that would work on every desktop.
 bool QtDesktop::activateProgram(const std::string&) { return false; }
 
+// The host's opener comes back at once where it finds no program; one that is still at work after a
+// while has found one.
 bool QtDesktop::openDocument(const std::string& path) {
-  return QDesktopServices::openUrl(QUrl::fromLocalFile(toQt(path)));
+  const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
+  if (opener.isEmpty()) return QDesktopServices::openUrl(QUrl::fromLocalFile(toQt(path)));
+  auto* process = new QProcess(qApp);
+  QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+  process->start(opener, {toQt(path)});
+  constexpr int aWhile = 2000;  // milliseconds
+  const bool ended = process->waitForFinished(aWhile);
+  return process->error() != QProcess::FailedToStart && (!ended || process->exitCode() == 0);
 }
 
 void QtDesktop::endProgram(int status) { mirror_.gate.end(status); }
