@@ -54,7 +54,10 @@ class TextBoxPeer : public ControlPeer {
   }
   // Setting the text that stands there would send the cursor to its end.
   void setText(const QString& text) {
-    if (line_ && line_->text() != text) line_->setText(text);
+    if (line_ && line_->text() != text) {
+      line_->setText(text);
+      if (box_.readOnly()) line_->setCursorPosition(0);  // a long text shows its beginning
+    }
     if (lines_ && lines_->toPlainText() != text) lines_->setPlainText(text);
   }
   void scroll(int keyCode) {
