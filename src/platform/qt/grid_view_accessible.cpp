@@ -56,6 +56,7 @@ class AccessibleCell : public QAccessibleInterface,
   int indexOfChild(const QAccessibleInterface*) const override { return -1; }
   void setText(QAccessible::Text, const QString&) override {}
 
+  using AccessibleCellText::text;
   QString text(QAccessible::Text what) const override {
     if (!isValid()) return {};
     const Grid& grid = view_->grid();
