@@ -78,7 +78,7 @@ void frmDataEditor::describeControls() {
 
 void frmDataEditor::wireMenu() {
   for (MenuItem* list : {&menu.mnuFile, &menu.mnuEdit, &menu.mnuOption})
-    list->Click = [this] { commitEdit(); };
+    list->Click = [this] { spdData.finishEdit(); };
   menu.mnuFileNew.Click = [this] { mnuFileNew_Click(); };
   menu.mnuFileOpen.Click = [this] { cmdOpen_Click(); };
   menu.mnuFileSave.Click = [this] { saveAndLight([this] { SaveCurrentFile(); }); };

@@ -96,7 +96,6 @@ class frmDataEditor : public Window, public EditorData {
   void closeInstructions();
 
   // --- data_editor_files.cpp: whole data sets
-  bool commitEdit();
   void mnuFileNew_Click();
   void cmdOpen_Click();
   void openFile(const std::string& name);

@@ -22,7 +22,7 @@ PasteTable tableOf(ImportedTable imported) {
 }  // namespace
 
 void frmDataEditor::command(GridCommand what) {
-  if (!commitEdit()) return;
+  spdData.finishEdit();
   switch (what) {
     case GridCommand::erase:
       return sheet_.clear(selectedRange());
@@ -101,13 +101,13 @@ void frmDataEditor::takePaste(const CellRange& target, const PasteTable& table) 
 }
 
 void frmDataEditor::undoOrRedo(bool undo) {
-  if (!commitEdit()) return;
+  spdData.finishEdit();
   if (!(undo ? sheet_.undo() : sheet_.redo())) desktop().beep();
 }
 
 // The test before a deletion looks at columns, that before an insertion at rows.
 void frmDataEditor::insertOrDeleteRows(bool insert) {
-  if (!commitEdit()) return;
+  spdData.finishEdit();
   const bool isBlock = !spdData.selection().blocks().empty();
   const CellRange range = selectedRange();
   const bool refused = !isBlock ? range.first.row == 0

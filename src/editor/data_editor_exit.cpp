@@ -15,7 +15,8 @@ constexpr int stepsOfFlash = 2;  // lit, then quiet again for as long
 }  // namespace
 
 void frmDataEditor::cmdOK_Click() {
-  if (flashing_ || !commitEdit()) return;
+  if (flashing_) return;
+  spdData.finishEdit();
   mbUserCancel_ = false;
   desktop().setBusyPointer(true);
   ExitVerdict verdict = bfDataAreValid(sheet_, limits, desktop());

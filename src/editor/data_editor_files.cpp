@@ -30,8 +30,6 @@ SheetContent contentOf(const ImportedTable& table, int observations, int variabl
 
 }  // namespace
 
-bool frmDataEditor::commitEdit() { return !spdData.editMode() || spdData.commitEdit(); }
-
 // The user's folder beside the program's; where it can neither be found nor made, the user's
 // documents.
 std::string frmDataEditor::dataFolder() const {
@@ -46,7 +44,7 @@ std::string frmDataEditor::dataFolder() const {
 }
 
 void frmDataEditor::mnuFileNew_Click() {
-  if (!commitEdit()) return;
+  spdData.finishEdit();
   if (sheet_.changeMade() &&
       desktop().messageBox({.title = "Data Changed",
                             .text = "The current data has not been saved. Do you want to clear the "
@@ -59,7 +57,7 @@ void frmDataEditor::mnuFileNew_Click() {
 }
 
 void frmDataEditor::cmdOpen_Click() {
-  if (!commitEdit()) return;
+  spdData.finishEdit();
   if (sheet_.changeMade() &&
       desktop().messageBox({.title = "Data Changed",
                             .text = "The current data has not been saved. Do you want to load new "
@@ -119,7 +117,7 @@ void frmDataEditor::cmdSave_Click() {
 }
 
 void frmDataEditor::saveAndLight(const std::function<void()>& save) {
-  if (!commitEdit()) return;
+  spdData.finishEdit();
   save();
   if (!std::exchange(mbUserCancel_, false)) light(cmdSave);
 }
