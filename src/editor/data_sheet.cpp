@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/tabbed_text.h"
 #include "editor/sheet_entry.h"
 #include "editor/sheet_headings.h"
 #include "editor/sheet_number.h"

@@ -15,7 +15,7 @@ std::string tfFileFilter(int iNumberVariables, MessagePort& messages);
 // The same kinds for the file dialogs, with text data of other programs between them.
 std::vector<FileKind> editorFileKinds(int iNumberVariables);
 
-// Whether that kind of editorFileKinds, or the name's extension, is text data.
+// Whether the name's extension is one of text data.
 bool isTextData(const std::string& fileName);
 
 }  // namespace tolmer

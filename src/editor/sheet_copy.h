@@ -16,7 +16,4 @@ struct CopiedBlock {
   std::string shownText;  // as on the screen
 };
 
-// A cell of such a text.
-std::string tabbedCell(const std::string& text);
-
 }  // namespace tolmer

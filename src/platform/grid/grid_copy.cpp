@@ -3,19 +3,10 @@
 #include <string_view>
 
 #include "base/markup_text.h"
+#include "base/tabbed_text.h"
 
 namespace tolmer {
 namespace {
-
-std::string quoted(std::string_view text) {
-  std::string result = "\"";
-  for (const char c : text) result.append(c == '"' ? 2 : 1, c);
-  return result + '"';
-}
-
-bool needsQuotes(std::string_view text) {
-  return text.starts_with('"') || text.find_first_of("\t\n\r") != std::string_view::npos;
-}
 
 // "#00ffff"; nothing for white and for colours of the system's theme, which paper does not have.
 std::string paperColour(Colour colour) {
@@ -53,8 +44,7 @@ std::string copyText(const Sheet& sheet, const CellBlock& block) {
   std::string text;
   for (int row = block.row; row <= block.row2; ++row)
     for (int col = block.col; col <= block.col2; ++col) {
-      const std::string& cell = sheet.at(row, col).text;
-      text += needsQuotes(cell) ? quoted(cell) : cell;
+      text += tabbedCell(sheet.at(row, col).text);
       text += col < block.col2 ? '\t' : '\n';
     }
   return text;
