@@ -12,8 +12,6 @@ namespace tolmer {
 namespace {
 
 constexpr Int16 internalError = 51;
-constexpr Int16 choiceRetry = 1;
-constexpr Int16 choiceAbort = 2;
 
 bool hasOnlyNumberCharacters(std::string_view token) {
   return token.find_first_not_of("0123456789+.-") == std::string_view::npos;
@@ -98,7 +96,7 @@ void SymbolFile::refuseNumber() {
   SetErrorButtons();
   host_.fileError().cmdRetry.setVisible(false);
   host_.fileError().showModal();
-  if (host_.fileError().mbAbort) miUserErrorChoice = choiceAbort;
+  if (host_.fileError().mbAbort) miUserErrorChoice = choseAbort;
 }
 
 bool SymbolFile::OnlyWhiteSpaceLeft() {
@@ -119,10 +117,10 @@ bool SymbolFile::guarded(const Statement& statement) {
     frmFileError& window = host_.fileError();
     window.showModal();
     if (!window.mbRetry) {
-      if (window.mbAbort) miUserErrorChoice = choiceAbort;
+      if (window.mbAbort) miUserErrorChoice = choseAbort;
       return false;
     }
-    miUserErrorChoice = choiceRetry;
+    miUserErrorChoice = choseRetry;
   }
   return true;
 }

@@ -41,6 +41,10 @@ class SymbolFileHost {
 
 class SymbolFile {
  public:
+  // UserErrorChoice; 0 where none was made.
+  static constexpr Int16 choseRetry = 1;
+  static constexpr Int16 choseAbort = 2;
+
   explicit SymbolFile(SymbolFileHost& host) : host_(host) {}
   ~SymbolFile();
   SymbolFile(const SymbolFile&) = delete;
@@ -79,7 +83,7 @@ class SymbolFile {
   void OpenFile();
   void RewindFile();
   const std::string& Symbol() const { return mtSymbol; }
-  // 0 none, 1 retry, 2 abort; kept until the next choice.
+  // Kept until the next choice.
   Int16 UserErrorChoice() const { return miUserErrorChoice; }
   Int16 VBErrorCode() const { return miVBErrorCode; }
 

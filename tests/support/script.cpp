@@ -16,6 +16,10 @@ Script::Script(OnModal& onModal, OnMessageBox& onMessageBox)
   onMessageBox_ = [this](const MessageBox& box) {
     const Step step = take(true, box.title, box.text);
     EXPECT_EQ(box.text, step.text) << "in the box \"" << box.title << "\"";
+    if (step.whole) {
+      EXPECT_EQ(box.icon, step.whole->icon) << box.text;
+      EXPECT_EQ(box.buttons, step.whole->buttons) << box.text;
+    }
     return step.answer;
   };
 }
@@ -32,6 +36,11 @@ void Script::window(std::string name, std::function<void()> actions) {
 
 void Script::box(std::string title, std::string text, Answer answer) {
   steps_.push_back({true, std::move(title), std::move(text), answer, {}});
+}
+
+void Script::box(const MessageBox& expected, Answer answer) {
+  box(expected.title, expected.text, answer);
+  steps_.back().whole = expected;
 }
 
 void Script::finish() {

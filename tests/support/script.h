@@ -4,6 +4,7 @@
 
 #include <deque>
 #include <functional>
+#include <optional>
 #include <string>
 
 #include "platform/headless/headless_desktop.h"
@@ -27,6 +28,8 @@ class Script {
   void window(std::string name, std::function<void()> actions = {});
   // The next thing to come up is a box of this title and text, and is answered so.
   void box(std::string title, std::string text, Answer answer = Answer::ok);
+  // And of this icon and these buttons.
+  void box(const MessageBox& expected, Answer answer = Answer::ok);
   // Fails the test for what was announced and has not come.
   void finish();
 
@@ -37,6 +40,7 @@ class Script {
     std::string text;
     Answer answer;
     std::function<void()> actions;
+    std::optional<MessageBox> whole{};  // where icon and buttons are announced, too
   };
   Step take(bool isBox, const std::string& name, const std::string& text);
 
