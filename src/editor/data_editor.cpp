@@ -1,7 +1,6 @@
 #include "editor/data_editor.h"
 
 #include <ctime>
-#include <stdexcept>
 #include <utility>
 
 #include "editor/numeric_format.h"
@@ -41,9 +40,6 @@ frmDataEditor::frmDataEditor(Desktop& desktop, EditorFolders folders)
   describeControls();
   wireMenu();
   wireControls();
-  InitialiseGrid();
-  sheet_.Changed = [this](const SheetChange& change) { follow(change); };
-  sheet_.startVisit();
 }
 
 void frmDataEditor::describeControls() {
@@ -62,7 +58,6 @@ void frmDataEditor::describeControls() {
   lblStatus.setUsesMnemonic(false);
   lblTitle.setUsesMnemonic(true);
   menu.mnuEditTypingReplaces.setCheckable(true);
-  menu.mnuEditTypingReplaces.setChecked(true);
   // No action is attached to the widths: columns are drawn wider by the mouse.
   menu.mnuOptionWidth.setEnabled(false);
   menu.mnuFileSave.setEnabled(false);
@@ -124,7 +119,7 @@ void frmDataEditor::wireControls() {
   // The close box is Cancel: nothing is lost by it that Cancel would keep.
   QueryUnload = [this](bool& bCancel) {
     bCancel = true;
-    if (!flashing_) cmdCancel_Click();
+    cmdCancel_Click();
   };
   KeyDown = [this](const KeyPress& key, bool& taken) { taken = Form_KeyDown(key); };
   txtTitle.Changed = [this] {
@@ -148,12 +143,15 @@ void frmDataEditor::wireControls() {
   cmdOK.Click = [this] { cmdOK_Click(); };
   cmdCancel.Click = [this] { cmdCancel_Click(); };
   cmdClose.Click = [this] { closeInstructions(); };
+  for (Button* button : {&cmdOpen, &cmdSave, &cmdOK, &cmdCancel})
+    button->MouseMove = [this, button] { lightUnderMouse(*button); };
   tmrButton_.Tick = [this] { resetButtons(); };
   tmrFlash_.Tick = [this] { tmrFlash_Tick(); };
   tmrAutosave_.Tick = [this] { tmrAutosave_Tick(); };
 }
 
 void frmDataEditor::ShowDataEditor() {
+  if (!isSetUp_) SetupEditor();
   showModal();
   tmrAutosave_.setEnabled(false);
 }
@@ -164,10 +162,22 @@ void frmDataEditor::Form_Activate() {
   mbEditorOpen_ = true;
   mbUserCancel_ = false;
   sheet_.startVisit();
+  if (sheet_.changeMade()) autosave_.changed();  // unsaved since an earlier visit
   spdData.setFocus();
   showStatus();
   tmrAutosave_.setEnabled(!folders_.autosave.empty());
-  if (!std::exchange(activatedOnce_, true)) offerLostWork();
+  if (std::exchange(activatedOnce_, true)) return;
+  tellOptionalVariable();
+  offerLostWork();
+}
+
+void frmDataEditor::tellOptionalVariable() {
+  if (sheet_.variables() != 3 && sheet_.variables() != 4) return;
+  desktop().messageBox({.title = "Var 3 is OPTIONAL",
+                        .text = "Var 3 is OPTIONAL. If you do not enter data into Var 3 and you "
+                                "later select an option that requires this variable you will be "
+                                "prompted on what to do.",
+                        .icon = MessageIcon::information});
 }
 
 bool frmDataEditor::Form_KeyDown(const KeyPress& key) {
@@ -204,25 +214,11 @@ void frmDataEditor::offerLostWork() {
 }
 
 void frmDataEditor::tmrAutosave_Tick() {
+  if (!sheet_.changeMade()) return autosave_.clean();
   const auto failure = autosave_.poll([this] { return sheet_.content(); }, sheet_.mtFileName());
   if (!failure) return;
   refusal_ = "The work could not be written aside: " + failure->message();
   showStatus();
-}
-
-std::string frmDataEditor::DataLabel(int iOb) const {
-  return exit_.mtLabel.at(static_cast<std::size_t>(iOb));
-}
-
-double frmDataEditor::DataValue(int iVar, int iOb) const {
-  if (iVar < 0 || iVar > sheet_.variables() || iOb < 1 || iOb > exit_.miCompleteObs)
-    throw std::out_of_range("DataValue");
-  return exit_.mdValue(iOb, iVar);
-}
-
-std::string frmDataEditor::VarHeader(int iVarNum) const {
-  if (iVarNum < 0 || iVarNum > sheet_.variables()) throw std::out_of_range("VarHeader");
-  return sheet_.heading(iVarNum);
 }
 
 }  // namespace tolmer

@@ -1,6 +1,7 @@
 // The data editor: the student's own data as a small spreadsheet.
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
@@ -26,20 +27,58 @@ struct EditorFolders {
   std::string autosave;  // empty: nothing is written aside
 };
 
+// What the host asks for.
+struct EditorSetup {
+  Int16 NumberVariables = editorVariables;
+  Int16 MaxObservations = editorObservations;
+  ExitLimits limits{};
+  // Kept for the host: nothing in the editor hangs on them.
+  bool AllowNoData = true;
+  bool CopyChangedData = false;
+  bool ChangeTitleEnabled = false;
+};
+
 // Modal, and only hidden between visits: the data stay. The sheet is the document, the grid shows
 // it: row r and column c of the grid are row r - 1 and column c - 1 of the sheet.
 class frmDataEditor : public Window, public EditorData {
  public:
   frmDataEditor(Desktop& desktop, EditorFolders folders);
 
-  // --- for the host
+  // --- for the host, before SetupEditor
+  Int16 NumberVariables() const { return setup_.NumberVariables; }
+  void setNumberVariables(Int16 variables) { setup_.NumberVariables = variables; }
+  void setMinVariables(Int16 variables) { setup_.limits.miMinVariables = variables; }
+  Int16 MaxObservations() const { return setup_.MaxObservations; }
+  void setMaxObservations(Int16 observations) { setup_.MaxObservations = observations; }
+  void setMinObservations(Int16 observations) { setup_.limits.miMinObservations = observations; }
+  bool ChangeTitleEnabled() const { return setup_.ChangeTitleEnabled; }
+  void setChangeTitleEnabled(bool on) { setup_.ChangeTitleEnabled = on; }
+  bool CopyChangedData() const { return setup_.CopyChangedData; }
+  void setCopyChangedData(bool on) { setup_.CopyChangedData = on; }
+  void setAllowNoData(bool on) { setup_.AllowNoData = on; }
+  // An empty sheet of that size. Ends the program, after a message, below one variable.
+  void SetupEditor();
+
+  // --- for the host, at any time; iVarNum 0 is the label column. Throws std::out_of_range outside
+  // 0..50; columns that the sheet has not are without name and digits.
+  std::string LabelHeader() const { return VarHeader(0); }
+  void setLabelHeader(const std::string& name) { setVarHeader(0, name); }
+  std::string VarHeader(int iVarNum) const override;
+  void setVarHeader(int iVarNum, const std::string& name);
+  Int16 NumberDecimals(int iVarNum) const;
+  void setNumberDecimals(int iVarNum, Int16 digits);
+  const std::string& GraphTitle() const { return sheet_.title(); }
+  void setGraphTitle(const std::string& title) { sheet_.setTitle(title); }
+  std::string tfFileFilter();
+  std::string tfFileTypeCode() const { return editorFileTypeCode(sheet_.variables()); }
+
+  // --- for the host, once the window is closed
   Int16 CompleteObservations() const override { return static_cast<Int16>(exit_.miCompleteObs); }
   bool DataLabelsEntered() const override { return exit_.mbDataLabelsEntered; }
   std::string DataLabel(int iOb) const override;
   double DataValue(int iVar, int iOb) const override;
-  // iVarNum 0 is the label column. Throws std::out_of_range beyond the variables.
-  std::string VarHeader(int iVarNum) const override;
   bool UserCancel() const override { return mbUserCancel_; }
+  // Sets the editor up where the host has not.
   void ShowDataEditor() override;
 
   // The document, for dialogs and tests.
@@ -59,17 +98,22 @@ class frmDataEditor : public Window, public EditorData {
   Button cmdClose{this, "cmdClose", "&Close"};
 
  private:
+  // --- data_editor_host.cpp
+  void checkVariable(int iVarNum) const;
+
   // --- data_editor.cpp: the visit
   void describeControls();
   void wireMenu();
   void wireControls();
   void Form_Activate();
   bool Form_KeyDown(const KeyPress& key);
+  void tellOptionalVariable();
   void offerLostWork();
   void tmrAutosave_Tick();
 
   // --- data_editor_grid.cpp: the sheet on the screen
   void InitialiseGrid();
+  void resetGrid();
   void placeControls();
   void follow(const SheetChange& change);
   void showCell(int row, int col);
@@ -84,6 +128,10 @@ class frmDataEditor : public Window, public EditorData {
   void command(GridCommand what);
   void copySelection(bool cut);
   void paste();
+  // The text box that has the focus; null where the cells are meant.
+  TextBox* focusedText();
+  void copyText(TextBox& box, bool cut);
+  void pasteInto(TextBox& box);
   void pasteText(const std::string& text);
   void tellImportFailed(const std::string& title, const Error& error);
   std::optional<ImportedTable> importTable(const TextImport& import, const SheetContent& into,
@@ -105,20 +153,23 @@ class frmDataEditor : public Window, public EditorData {
   void SaveCurrentFile();
   void SaveFileAs();
   bool SaveFile(const std::string& name);
-  bool canBeOpened(const std::string& name, bool allowRetry);
+  bool wasGivenUp(const std::string& name, bool allowRetry);
   bool bfOKToContinue();
   std::string dataFolder() const;
 
   // --- data_editor_exit.cpp: the ways out
   void cmdOK_Click();
   void cmdCancel_Click();
+  void flash(Button& button);
   void flashAndLeave(Button& button, std::function<void()> leave);
   void tmrFlash_Tick();
+  void lightUnderMouse(Button& button);
   void light(Button& button);
   void resetButtons();
   void leave();
 
   EditorFolders folders_;
+  EditorSetup setup_;
   DataSheet sheet_;
   HostFiles files_;
   SymbolFileHost symbolFiles_;
@@ -130,12 +181,13 @@ class frmDataEditor : public Window, public EditorData {
   std::string refusal_;  // why the last entry was not taken
   PasteTable copied_;    // what was copied here last, with its formulas
   int copies_ = 0;
-  Button* flashing_ = nullptr;
-  int flashesLeft_ = 0;
+  std::deque<Button*> flashes_;  // the first is lit, or quiet after it
+  bool flashIsQuiet_ = false;
   std::function<void()> afterFlash_;
   bool mbEditorOpen_ = false;
   bool mbUserCancel_ = false;
   bool activatedOnce_ = false;
+  bool isSetUp_ = false;
 };
 
 }  // namespace tolmer

@@ -1,4 +1,5 @@
 // Blocks, rows and formats of the sheet.
+#include <algorithm>
 #include <utility>
 
 #include "editor/data_editor.h"
@@ -39,15 +40,36 @@ void frmDataEditor::command(GridCommand what) {
   }
 }
 
+TextBox* frmDataEditor::focusedText() {
+  return focus() && focus()->kind() == ControlKind::textBox ? static_cast<TextBox*>(focus())
+                                                            : nullptr;
+}
+
+void frmDataEditor::copyText(TextBox& box, bool cut) {
+  if (box.marked().length == 0) return;
+  desktop().setClipboard({.text = box.markedText()});
+  if (cut && !box.readOnly()) box.replaceMarked({});
+}
+
 void frmDataEditor::copySelection(bool cut) {
-  if (focus() == &txtTitle) return desktop().setClipboard({.text = txtTitle.text()});
+  if (TextBox* box = focusedText()) return copyText(*box, cut);
   CopiedBlock block = cut ? sheet_.cut(selectedRange()) : sheet_.copy(selectedRange());
   copied_ = std::move(block.table);
   desktop().setClipboard({.text = block.exactText, .cells = markOf(++copies_)});
 }
 
+// One line takes the clipboard's lines as one.
+void frmDataEditor::pasteInto(TextBox& box) {
+  if (box.readOnly()) return;
+  std::string text = desktop().clipboardText();
+  while (text.ends_with('\n') || text.ends_with('\r')) text.pop_back();
+  std::replace_if(
+      text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, ' ');
+  box.replaceMarked(text);
+}
+
 void frmDataEditor::paste() {
-  if (focus() == &txtTitle) return txtTitle.setText(desktop().clipboardText());
+  if (TextBox* box = focusedText()) return pasteInto(*box);
   if (copies_ > 0 && desktop().clipboardCells() == markOf(copies_))
     return takePaste(selectedRange(), copied_);
   pasteText(desktop().clipboardText());

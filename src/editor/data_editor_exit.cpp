@@ -9,17 +9,15 @@ namespace tolmer {
 namespace {
 
 constexpr Colour litGround = Colour::rgb(255, 255, 128);
-constexpr ExitLimits limits{.miMinVariables = 0, .miMinObservations = 3};
-constexpr int stepsOfFlash = 2;  // lit, then quiet again for as long
 
 }  // namespace
 
 void frmDataEditor::cmdOK_Click() {
-  if (flashing_) return;
+  if (!flashes_.empty()) return;
   spdData.finishEdit();
   mbUserCancel_ = false;
   desktop().setBusyPointer(true);
-  ExitVerdict verdict = bfDataAreValid(sheet_, limits, desktop());
+  ExitVerdict verdict = bfDataAreValid(sheet_, setup_.limits, desktop());
   desktop().setBusyPointer(false);
   exit_ = std::move(verdict.data);
   if (verdict.mbUserCancel) {
@@ -32,8 +30,8 @@ void frmDataEditor::cmdOK_Click() {
 
 // Whatever was saved on the way, the sheet goes back to the start of the visit.
 void frmDataEditor::cmdCancel_Click() {
-  if (flashing_) return;
-  spdData.cancelEdit();
+  if (!flashes_.empty()) return;
+  spdData.finishEdit();
   if (!sheet_.changeMade()) {
     mbUserCancel_ = true;
     return leave();
@@ -54,29 +52,42 @@ void frmDataEditor::leave() {
   hide();
 }
 
-// A visible acknowledgement before the window goes.
-void frmDataEditor::flashAndLeave(Button& button, std::function<void()> leave) {
+// A visible acknowledgement: lit, then quiet again for as long, one button after the other.
+void frmDataEditor::flash(Button& button) {
+  flashes_.push_back(&button);
+  if (flashes_.size() > 1) return;
   resetButtons();
-  flashing_ = &button;
-  flashesLeft_ = stepsOfFlash;
-  afterFlash_ = std::move(leave);
   light(button);
-  tmrButton_.setEnabled(false);
+  flashIsQuiet_ = false;
   tmrFlash_.setEnabled(true);
+}
+
+void frmDataEditor::flashAndLeave(Button& button, std::function<void()> leave) {
+  afterFlash_ = std::move(leave);
+  flash(button);
 }
 
 void frmDataEditor::tmrFlash_Tick() {
   resetButtons();
-  if (--flashesLeft_ > 0) return;
+  flashIsQuiet_ = !flashIsQuiet_;
+  if (flashIsQuiet_) return;
+  flashes_.pop_front();
+  if (!flashes_.empty()) return light(*flashes_.front());
   tmrFlash_.setEnabled(false);
-  flashing_ = nullptr;
-  std::exchange(afterFlash_, {})();
+  raise(std::exchange(afterFlash_, {}));
+}
+
+// A hint of colour follows the mouse and fades.
+void frmDataEditor::lightUnderMouse(Button& button) {
+  if (!flashes_.empty()) return;
+  if (button.backColour() != litGround) resetButtons();
+  light(button);
 }
 
 void frmDataEditor::light(Button& button) {
   button.setBackColour(litGround);
   button.setForeColour(colours::black);
-  tmrButton_.setEnabled(true);
+  tmrButton_.setEnabled(flashes_.empty());
 }
 
 void frmDataEditor::resetButtons() {

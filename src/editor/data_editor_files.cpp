@@ -28,6 +28,16 @@ SheetContent contentOf(const ImportedTable& table, int observations, int variabl
   return sheet.content();
 }
 
+// The words speak of the folder, but it is the file that counts.
+bool isToldReadOnly(const std::string& name, MessagePort& messages) {
+  if (!isReadOnly(name)) return false;
+  messages.messageBox({.title = "Read Only",
+                       .text = "This file is in a Read Only directory. Use Save As to save the "
+                               "file to a different directory.",
+                       .icon = MessageIcon::exclamation});
+  return true;
+}
+
 }  // namespace
 
 // The user's folder beside the program's; where it can neither be found nor made, the user's
@@ -53,7 +63,7 @@ void frmDataEditor::mnuFileNew_Click() {
                             .buttons = MessageButtons::okCancel}) == Answer::cancel)
     return;
   sheet_.clearAll();
-  spdData.setActiveCell({2, 1});
+  resetGrid();
 }
 
 void frmDataEditor::cmdOpen_Click() {
@@ -68,20 +78,19 @@ void frmDataEditor::cmdOpen_Click() {
   light(cmdOpen);
   const auto chosen = desktop().openFileDialog(
       {.title = "Open", .kinds = editorFileKinds(sheet_.variables()), .folder = dataFolder()});
-  if (!chosen || !canBeOpened(chosen->path, false)) return;
+  if (!chosen || wasGivenUp(chosen->path, false)) return;
   isTextData(chosen->path) ? openText(chosen->path) : openFile(chosen->path);
 }
 
-// Opens and closes it once; the user is asked where that fails.
-bool frmDataEditor::canBeOpened(const std::string& name, bool allowRetry) {
+// Opens and closes it once. Where that fails, the user has his say; only Abort gives it up.
+bool frmDataEditor::wasGivenUp(const std::string& name, bool allowRetry) {
   SymbolFile file(symbolFiles_);
   file.setFileSpec(name);
   file.setAllowRetry(allowRetry);
   file.setAllowAbortOperation(true);
   file.OpenFile();
-  if (!file.FileIsOpen()) return false;
-  file.CloseFile();
-  return true;
+  if (file.FileIsOpen()) file.CloseFile();
+  return file.UserErrorChoice() == SymbolFile::choseAbort;
 }
 
 void frmDataEditor::openFile(const std::string& name) {
@@ -95,6 +104,7 @@ void frmDataEditor::openFile(const std::string& name) {
   }
   sheet_.replaceWith(*content, name);
   sheet_.markSaved(name);
+  resetGrid();
   spdData.setActiveCell({1, 1});
 }
 
@@ -109,6 +119,7 @@ void frmDataEditor::openText(const std::string& name) {
       importTable(*import, newContent(sheet_.observations(), sheet_.variables()), name);
   if (!table) return;
   sheet_.replaceWith(contentOf(*table, sheet_.observations(), sheet_.variables()), {});
+  resetGrid();
   spdData.setActiveCell({1, 1});
 }
 
@@ -124,15 +135,7 @@ void frmDataEditor::saveAndLight(const std::function<void()>& save) {
 
 void frmDataEditor::SaveCurrentFile() {
   const std::string name = sheet_.mtFileName();
-  if (isReadOnly(name)) {
-    desktop().messageBox({.title = "Read Only",
-                          .text = "This file is in a Read Only directory. Use Save As to save the "
-                                  "file to a different directory.",
-                          .icon = MessageIcon::exclamation});
-    mbUserCancel_ = true;
-  } else if (!canBeOpened(name, true) || !SaveFile(name)) {
-    mbUserCancel_ = true;
-  }
+  mbUserCancel_ = wasGivenUp(name, true) || isToldReadOnly(name, desktop()) || !SaveFile(name);
 }
 
 void frmDataEditor::SaveFileAs() {
@@ -140,7 +143,7 @@ void frmDataEditor::SaveFileAs() {
                                                 .kinds = editorFileKinds(sheet_.variables()),
                                                 .folder = dataFolder(),
                                                 .name = sheet_.mtFileName()});
-  if (!chosen || !SaveFile(chosen->path)) mbUserCancel_ = true;
+  mbUserCancel_ = !chosen || isToldReadOnly(chosen->path, desktop()) || !SaveFile(chosen->path);
 }
 
 // Text for other programs loses formulas and formats, so it does not become the data set's file.
@@ -172,8 +175,7 @@ bool frmDataEditor::bfOKToContinue() {
   if (answer == Answer::no) return true;
   SaveFileAs();
   if (std::exchange(mbUserCancel_, false)) return false;
-  resetButtons();
-  light(cmdSave);
+  flash(cmdSave);
   return true;
 }
 

@@ -14,11 +14,18 @@ constexpr Twips rowHeight = pixels(20);
 constexpr Twips labelWidth = pixels(110);
 constexpr Twips columnWidth = pixels(84);
 
+constexpr int manyVariables = 6;  // from here on, not all of them are in sight
 constexpr Size wanted = {pixels(880), pixels(600)};
 constexpr Twips gap = pixels(10);
 constexpr Twips lineHeight = pixels(24);
 constexpr Twips buttonHeight = pixels(30);
 constexpr Twips buttonWidth = pixels(92);
+
+// Room for all columns of a few variables, but at least for the buttons.
+Twips widthOf(int variables) {
+  const Twips columns = numberWidth + labelWidth + columnWidth * static_cast<Twips>(variables);
+  return std::max(columns + 2 * gap + pixels(30), pixels(640));
+}
 
 CellStyle styleOf(int row, int col) {
   CellStyle style{.type = CellType::text, .align = col == 1 ? Align::left : Align::right};
@@ -44,18 +51,27 @@ void frmDataEditor::InitialiseGrid() {
       spdData.setStyle({row, col, row, col}, styleOf(row, col));
   }
   spdData.showHeadings(false, true);
-  spdData.setColWidth(0, numberWidth);
-  for (int col = 1; col <= spdData.maxCols(); ++col)
-    spdData.setColWidth(col, col == 1 ? labelWidth : columnWidth);
-  spdData.freeze(1, 1);
-  spdData.setScrollBars(ScrollBars::both);
-  spdData.setActiveCell({2, 1});
+  const bool isSmall = sheet_.variables() < manyVariables;
+  spdData.freeze(1, isSmall ? spdData.maxCols() : 1);
+  spdData.setScrollBars(isSmall ? ScrollBars::vertical : ScrollBars::both);
+  resetGrid();
   const Size screen = desktop().screenSize();
-  setPlace({0, 0, std::min(wanted.width, screen.width - pixels(20)),
+  const Twips asWideAs = isSmall ? widthOf(sheet_.variables()) : wanted.width;
+  setPlace({0, 0, std::min(asWideAs, screen.width - pixels(20)),
             std::min(wanted.height, screen.height - pixels(80))});
   placeControls();
   centreOnScreen();
   showAll();
+}
+
+// What every data set begins with, whatever the one before it was given.
+void frmDataEditor::resetGrid() {
+  spdData.setColWidth(0, numberWidth);
+  for (int col = 1; col <= spdData.maxCols(); ++col)
+    spdData.setColWidth(col, col == 1 ? labelWidth : columnWidth);
+  spdData.setEditModeReplace(true);
+  menu.mnuEditTypingReplaces.setChecked(true);
+  spdData.setActiveCell({2, 1});
 }
 
 void frmDataEditor::placeControls() {

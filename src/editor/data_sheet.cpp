@@ -233,6 +233,11 @@ void DataSheet::setTitle(std::string title) {
   }
 }
 
+void DataSheet::startOver(int observations, int variables) {
+  visitStart_ = {.content = newContent(observations, variables)};
+  restoreVisitStart();
+}
+
 void DataSheet::clearAll() { replaceAll("New", newContent(observations(), variables()), {}); }
 
 void DataSheet::replaceWith(const SheetContent& content, std::string fileName) {

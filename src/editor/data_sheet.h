@@ -80,6 +80,8 @@ class DataSheet {
   void setTitle(std::string title);
 
   // --- the whole
+  // A new data set of that size. Nothing of the old one comes back.
+  void startOver(int observations, int variables);
   // New: no file, nothing changed. Can be undone like everything else.
   void clearAll();
   // Open: blank headings get their names. A content of another size is cut or filled up.

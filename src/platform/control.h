@@ -98,6 +98,8 @@ class Control : public Observed {
   // Raised by the front end; the place is in twips relative to the control.
   Event<MouseButton> MouseDown;
   Event<MouseButton> MouseUp;
+  // The mouse moves over it, no button held.
+  Event<> MouseMove;
   Event<> GotFocus;
   Event<> LostFocus;
   // Sets its argument True to swallow the key.

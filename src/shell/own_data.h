@@ -31,13 +31,23 @@ class OwnData : public EditorData {
   void ShowDataEditor() override { editor().ShowDataEditor(); }
 
   frmDataEditor& editor() {
-    if (!editor_)
-      editor_ =
-          std::make_unique<frmDataEditor>(desktop_, EditorFolders{programFolder_, autosaveFolder_});
+    if (!editor_) setUp();
     return *editor_;
   }
 
  private:
+  void setUp() {
+    editor_ =
+        std::make_unique<frmDataEditor>(desktop_, EditorFolders{programFolder_, autosaveFolder_});
+    editor_->setChangeTitleEnabled(false);
+    editor_->setNumberVariables(numberVariables);
+    editor_->setMaxObservations(500);
+    editor_->setMinObservations(3);
+    editor_->setAllowNoData(true);
+    editor_->setCopyChangedData(false);
+    editor_->SetupEditor();
+  }
+
   Desktop& desktop_;
   const std::string& programFolder_;
   const std::string& autosaveFolder_;

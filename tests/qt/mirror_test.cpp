@@ -256,6 +256,45 @@ TEST_F(MirrorTest, OtherWidgetsFollowTheirModels) {
   EXPECT_EQ(as<QComboBox>(list).currentIndex(), -1);
 }
 
+TEST_F(MirrorTest, TheModelKnowsWhatIsMarkedAndTakesItsPlace) {
+  TextBox title(&window, "txt");
+  title.setPlace(at(0));
+  title.setText("K\xC3\xB6ln rents");
+  show();
+  auto& line = as<QLineEdit>(title);
+  line.setSelection(1, 3);
+  EXPECT_EQ(title.markedText(), "\xC3\xB6ln");
+  title.replaceMarked("iel");
+  EXPECT_EQ(line.text(), "Kiel rents");
+  EXPECT_EQ(line.cursorPosition(), 4);
+  QTest::keyClicks(&line, "'s");
+  EXPECT_EQ(title.text(), "Kiel's rents");
+  EXPECT_EQ(title.marked().first, 6U);
+  line.selectAll();
+  EXPECT_EQ(title.markedText(), "Kiel's rents");
+}
+
+TEST_F(MirrorTest, TheMouseIsToldOverControlsThatListen) {
+  Button listening(&window, "cmdOK", "OK");
+  Button other(&window, "cmdCancel", "Cancel");
+  listening.setPlace(at(0));
+  other.setPlace(at(1));
+  int moves = 0;
+  listening.MouseMove = [&] { ++moves; };
+  show();
+  QTest::mouseMove(&widgetOf(other), {5, 5});
+  desktop.settle();
+  EXPECT_EQ(moves, 0);
+  QTest::mouseMove(&widgetOf(listening), {5, 5});
+  desktop.settle();
+  EXPECT_GT(moves, 0);
+  listening.setEnabled(false);
+  const int before = moves;
+  QTest::mouseMove(&widgetOf(listening), {9, 9});
+  desktop.settle();
+  EXPECT_EQ(moves, before);
+}
+
 TEST_F(MirrorTest, ColoursComeAndGo) {
   Button button(&window, "cmdUpdateGraphs", "&Update Displays");
   button.setPlace(at(0));

@@ -95,6 +95,7 @@ void InputFilter::watchFrame(QWidget& widget, Control& control) {
 void InputFilter::watchOne(QWidget& widget, Watched watched) {
   watched_.insert(&widget, watched);
   widget.installEventFilter(this);
+  if (watched.control->MouseMove) widget.setAttribute(Qt::WA_Hover);
   // A text box would show the toolkit's own menu.
   widget.setContextMenuPolicy(Qt::PreventContextMenu);
 }
@@ -117,6 +118,11 @@ bool InputFilter::eventFilter(QObject* object, QEvent* event) {
       return false;
     case QEvent::MouseButtonRelease:
       mouseReleased(*object, watched, *static_cast<QMouseEvent*>(event));
+      return false;
+    case QEvent::HoverEnter:
+    case QEvent::HoverMove:
+      if (control.MouseMove && control.canBeUsed())
+        gate_.enter([&control] { raise(control.MouseMove); });
       return false;
     case QEvent::FocusIn:
       if (control.takesFocus()) gate_.enter([&control] { control.setFocus(); });

@@ -35,15 +35,37 @@ class TextBoxPeer : public ControlPeer {
       line_ = new QLineEdit(ground);
       line_->setTextMargins(3, 0, 3, 0);
       on(line_, &QLineEdit::textChanged, [this](const QString& text) { changedTo(text); });
+      on(line_, &QLineEdit::cursorPositionChanged, [this] { reportMarked(); });
+      on(line_, &QLineEdit::selectionChanged, [this] { reportMarked(); });
       return line_;
     }
     lines_ = new QPlainTextEdit(ground);
     lines_->setTabChangesFocus(true);
     on(lines_, &QPlainTextEdit::textChanged, [this] { changedTo(lines_->toPlainText()); });
+    on(lines_, &QPlainTextEdit::cursorPositionChanged, [this] { reportMarked(); });
+    on(lines_, &QPlainTextEdit::selectionChanged, [this] { reportMarked(); });
     return lines_;
   }
   void changedTo(const QString& text) {
     tell([&box = box_, utf8 = text.toStdString()] { box.setText(utf8); });
+  }
+  // The toolkit counts letters of 16 bits, the model bytes.
+  void reportMarked() {
+    const QString text = line_ ? line_->text() : lines_->toPlainText();
+    const auto [first, length] = marked();
+    const TextBox::Marked inBytes{bytes(text.left(first)), bytes(text.mid(first, length))};
+    tell([&box = box_, inBytes] { box.reportMarked(inBytes); });
+  }
+  static std::size_t bytes(const QString& text) {
+    return static_cast<std::size_t>(text.toUtf8().size());
+  }
+  std::pair<int, int> marked() const {
+    if (lines_) {
+      const QTextCursor cursor = lines_->textCursor();
+      return {cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart()};
+    }
+    if (!line_->hasSelectedText()) return {line_->cursorPosition(), 0};
+    return {line_->selectionStart(), line_->selectionLength()};
   }
   void update(Change what) override {
     if (has(what, Change::look) && box_.multiLine() != (lines_ != nullptr)) return remake();
@@ -56,9 +78,12 @@ class TextBoxPeer : public ControlPeer {
   void setText(const QString& text) {
     if (line_ && line_->text() != text) {
       line_->setText(text);
-      if (box_.readOnly()) line_->setCursorPosition(0);  // a long text shows its beginning
+      line_->setCursorPosition(box_.readOnly() ? 0 : cursor());  // a long text shows its beginning
     }
     if (lines_ && lines_->toPlainText() != text) lines_->setPlainText(text);
+  }
+  int cursor() const {
+    return static_cast<int>(toQt(box_.text().substr(0, box_.marked().first)).size());
   }
   void scroll(int keyCode) {
     for (const auto& [code, action] : scrollActions)
