@@ -2,53 +2,17 @@
 #include "editor/data_editor.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <random>
 
-#include "base/file_io.h"
-#include "support/headless_user.h"
-#include "support/script.h"
-#include "support/temp_folder.h"
+#include "editor/editor_visit.h"
 
 namespace tolmer::test {
 namespace {
 
 using testing::HasSubstr;
 
-class DataEditor : public testing::Test {
- protected:
-  // One visit, in which the student does this and leaves.
-  void visit(const std::function<void()>& actions) {
-    script.window("frmDataEditor", actions);
-    editor.ShowDataEditor();
-    script.finish();
-  }
-  void type(int row, int col, const std::string& text) {
-    EXPECT_TRUE(editor.spdData.enter({row + 1, col + 1}, text)) << text;
-  }
-  // Rows of values from observation 1, variable 1 on.
-  void fill(const std::vector<std::vector<std::string>>& rows) {
-    for (std::size_t i = 0; i < rows.size(); ++i)
-      for (std::size_t j = 0; j < rows[i].size(); ++j)
-        type(static_cast<int>(i) + 1, static_cast<int>(j) + 1, rows[i][j]);
-  }
-  std::string shown(int row, int col) { return editor.spdData.text(row + 1, col + 1); }
-  void choose(MenuItem& item) {
-    ASSERT_TRUE(item.enabled()) << item.name();
-    item.click();
-  }
-  void mark(int row, int col, int row2, int col2) {
-    editor.spdData.press({row + 1, col + 1});
-    editor.spdData.press({row2 + 1, col2 + 1}, {.shift = true, .control = false});
-  }
-
-  TempFolder folder;
-  HeadlessDesktop desktop;
-  HeadlessUser user{desktop};
-  Script script{desktop};
-  frmDataEditor editor{desktop, {folder.path() + "/tolmod", ""}};
-};
+using DataEditor = EditorVisit;
 
 TEST_F(DataEditor, HandsOutTheCompleteCases) {
   visit([&] {
@@ -60,9 +24,8 @@ TEST_F(DataEditor, HandsOutTheCompleteCases) {
     script.box("Missing Data",
                "Warning: One case is incomplete. It cannot be used in the analysis. Press OK to "
                "proceed by discarding incomplete data, or Cancel to return to the Data Editor.");
-    script.box("Data Changed", "There is unsaved data in the Data Editor. Do you want to save it?",
-               Answer::no);
-    user.click("frmDataEditor", "cmdOK");
+    script.box(saveFirst, Answer::no);
+    click("cmdOK");
   });
   EXPECT_FALSE(editor.UserCancel());
   EXPECT_EQ(editor.CompleteObservations(), 3);
@@ -80,7 +43,7 @@ TEST_F(DataEditor, RefusesWordsAmongNumbersAndSaysWhy) {
     EXPECT_EQ(shown(1, 1), "");
     EXPECT_THAT(editor.lblStatus.caption(), HasSubstr("much"));
     EXPECT_EQ(desktop.beeps(), 1);
-    user.click("frmDataEditor", "cmdCancel");
+    click("cmdCancel");
   });
   EXPECT_TRUE(editor.UserCancel());
 }
@@ -88,16 +51,14 @@ TEST_F(DataEditor, RefusesWordsAmongNumbersAndSaysWhy) {
 TEST_F(DataEditor, CancelGivesBackTheStartOfTheVisitAfterItsFlash) {
   visit([&] {
     fill({{"1", "2"}, {"3", "5"}, {"4", "4"}});
-    script.box("Data Changed", "There is unsaved data in the Data Editor. Do you want to save it?",
-               Answer::no);
-    user.click("frmDataEditor", "cmdOK");
+    script.box(saveFirst, Answer::no);
+    click("cmdOK");
   });
   visit([&] {
     type(1, 1, "77");
     editor.txtTitle.setText("Other");
-    script.box("Data Changed", "There is unsaved data in the Data Editor. Do you want to save it?",
-               Answer::no);
-    user.click("frmDataEditor", "cmdCancel");
+    script.box(saveFirst, Answer::no);
+    click("cmdCancel");
     EXPECT_EQ(editor.cmdCancel.backColour(), Colour::rgb(255, 255, 128));
     EXPECT_TRUE(editor.visible());
   });
@@ -108,28 +69,97 @@ TEST_F(DataEditor, CancelGivesBackTheStartOfTheVisitAfterItsFlash) {
 }
 
 TEST_F(DataEditor, RowsComeAndGoButTheHeadingsStay) {
+  const MessageBox noInsert{{},
+                            "You cannot insert a row before the variable names.",
+                            MessageIcon::information};
+  const MessageBox noDelete{
+      {}, "You cannot delete the row of variable names.", MessageIcon::information};
   visit([&] {
-    fill({{"1"}, {"2"}, {"3"}});
-    editor.spdData.setActiveCell({1, 2});
-    script.box("", "You cannot insert a row before the variable names.");
-    choose(editor.menu.mnuEditInsertRow);
-    script.box("", "You cannot delete the row of variable names.");
-    choose(editor.menu.mnuEditDeleteRow);
-    editor.spdData.setActiveCell({3, 2});
-    choose(editor.menu.mnuEditInsertRow);
-    EXPECT_EQ(shown(2, 1) + "|" + shown(3, 1), "|2.000");
-    choose(editor.menu.mnuEditUndo);
-    EXPECT_EQ(shown(2, 1), "2.000");
-    mark(1, 1, 2, 1);
-    choose(editor.menu.mnuEditDeleteRow);
-    EXPECT_EQ(shown(1, 1), "3.000");
+    fill({{"1"}, {"2"}, {"3"}, {"4"}});
+    savesAs(folder.file("mine.zmm"));
+    click("cmdSave");
+    go(0, 1);
+    script.box(noInsert);
+    choose("Edit/Insert Row");
+    script.box(noDelete);
+    choose("Edit/Delete Row");
+    mark(2, 1, 0, 2);
+    script.box(noInsert);
+    choose("Edit/Insert Row");
     // The test before a deletion looks at the columns.
-    mark(1, 0, 1, 1);
-    script.box("", "You cannot delete the row of variable names.");
-    choose(editor.menu.mnuEditDeleteRow);
-    script.box("Data Changed", "There is unsaved data in the Data Editor. Do you want to save it?",
-               Answer::no);
-    user.click("frmDataEditor", "cmdCancel");
+    mark(1, 0, 2, 1);
+    script.box(noDelete);
+    choose("Edit/Delete Row");
+    EXPECT_FALSE(editor.sheet().changeMade());
+    EXPECT_EQ(shown(1, 1) + shown(2, 1), "1.0002.000");
+    choose("Edit/Insert Row");
+    EXPECT_EQ(shown(1, 1) + "|" + shown(2, 1) + "|" + shown(3, 1), "||1.000");
+    EXPECT_EQ(editor.spdData.text(4, 0), "3") << "the numbers of the observations stay";
+    choose("Edit/Undo");
+    EXPECT_FALSE(editor.sheet().changeMade());
+    mark(1, 1, 2, 1);
+    choose("Edit/Delete Row");
+    EXPECT_EQ(shown(1, 1), "3.000");
+    // A block from the headings down gets through, and takes their text along.
+    mark(0, 1, 1, 2);
+    choose("Edit/Delete Row");
+    EXPECT_EQ(shown(0, 0) + shown(0, 1) + "|" + shown(1, 1), "|4.000");
+    click("cmdSave");
+    go(400, 1);
+    choose("Edit/Delete Row");
+    EXPECT_TRUE(editor.sheet().changeMade()) << "although nothing stood there";
+    cancel();
+  });
+}
+
+TEST_F(DataEditor, AHeadingCountsTheMomentItsCellIsLeft) {
+  visit([&] {
+    fill({{"1", "=SUM(Var1)"}});
+    go(0, 1);
+    editor.spdData.typeText("Rent");
+    go(1, 2);
+    EXPECT_EQ(editor.VarHeader(1), "Rent");
+    EXPECT_EQ(editor.sheet().editText(1, 2), "=SUM(Rent)");
+    script.window("frmSortOptions", [&] {
+      user.choose("frmSortOptions", "cmboSortVbl", "Rent");
+      user.click("frmSortOptions", "cmdCancel");
+    });
+    choose("Options/Sort...");
+    // A menu that opens ends an entry as leaving the cell does.
+    go(0, 1);
+    editor.spdData.typeText("Fee");
+    editor.menu.mnuFile.click();
+    EXPECT_EQ(editor.VarHeader(1), "Fee");
+    cancel();
+  });
+}
+
+TEST_F(DataEditor, KeysOfTheGridAndOfTheWindow) {
+  visit([&] {
+    fill({{"12", "5"}, {"6", ""}});
+    go(1, 1);
+    key(keys::f2);
+    EXPECT_EQ(editor.spdData.editText(), "12");
+    key(keys::deleteKey);
+    EXPECT_EQ(editor.spdData.editText(), "12") << "within an entry it is the entry's key";
+    key(keys::f1);
+    ASSERT_EQ(desktop.helpRequests().size(), 1u);
+    EXPECT_EQ(desktop.helpRequests()[0].file, "dataedit");
+    EXPECT_EQ(desktop.helpRequests()[0].kind, HelpRequest::Kind::contents);
+    key(keys::escape);
+    key(keys::deleteKey);
+    EXPECT_EQ(shown(1, 1), "");
+    mark(1, 2, 2, 1);
+    key(keys::deleteKey);
+    EXPECT_EQ(shown(1, 2) + shown(2, 1), "");
+    click("txtTitle");
+    key(keys::f1);
+    EXPECT_EQ(desktop.helpRequests().size(), 2u);
+    choose("Help/Search for Help on...");
+    choose("Help/Using Help");
+    EXPECT_EQ(desktop.helpRequests()[2].kind, HelpRequest::Kind::search);
+    EXPECT_EQ(desktop.helpRequests()[3].kind, HelpRequest::Kind::usingHelp);
+    cancel();
   });
 }
 
@@ -137,46 +167,18 @@ TEST_F(DataEditor, CopiesFormulasHereAndNumbersElsewhere) {
   visit([&] {
     fill({{"1", "=B1*2"}, {"2"}});
     mark(1, 2, 1, 2);
-    choose(editor.menu.mnuEditCopy);
+    choose("Edit/Copy");
     EXPECT_EQ(desktop.clipboard().text, "2\n");
     editor.spdData.press({3, 3});
-    choose(editor.menu.mnuEditPaste);
+    choose("Edit/Paste");
     EXPECT_EQ(shown(2, 2), "4.000");
     desktop.setClipboard({.text = "Size\tAge\n3\t4\n5\t6\n"});
     editor.spdData.press({1, 5});
-    choose(editor.menu.mnuEditPaste);
+    choose("Edit/Paste");
     EXPECT_EQ(shown(0, 4) + shown(2, 5), "Size6.000");
-    choose(editor.menu.mnuEditUndo);
+    choose("Edit/Undo");
     EXPECT_EQ(shown(0, 4), "Var4");
-    script.box("Data Changed", "There is unsaved data in the Data Editor. Do you want to save it?",
-               Answer::no);
-    user.click("frmDataEditor", "cmdCancel");
-  });
-}
-
-TEST_F(DataEditor, SavesOpensAndRefusesWhatIsNoDataFile) {
-  const std::string name = folder.file("mine.zmm");
-  visit([&] {
-    fill({{"0.1", "=B1+0.2"}, {"2"}});
-    desktop.onSaveFile = [&](const FileQuestion&) { return std::optional(name); };
-    user.click("frmDataEditor", "cmdSave");
-    EXPECT_EQ(editor.caption(), "Data Editor [mine.zmm]");
-    EXPECT_TRUE(editor.menu.mnuFileSave.enabled());
-    type(1, 1, "9");
-    desktop.onOpenFile = [&](const FileQuestion&) { return std::optional(name); };
-    script.box("Data Changed",
-               "The current data has not been saved. Do you want to load new data anyway?",
-               Answer::yes);
-    user.click("frmDataEditor", "cmdOpen");
-    EXPECT_EQ(editor.sheet().value(1, 2), 0.1 + 0.2);
-
-    const std::string other = folder.file("other.zmm");
-    EXPECT_FALSE(writeFileAtomically(other, "no data at all"));
-    desktop.onOpenFile = [&](const FileQuestion&) { return std::optional(other); };
-    script.box("Bad File", "Could not load file " + other + ". Check file type.");
-    user.click("frmDataEditor", "cmdOpen");
-    EXPECT_EQ(editor.sheet().value(1, 2), 0.1 + 0.2);
-    user.click("frmDataEditor", "cmdCancel");
+    cancel();
   });
 }
 
@@ -218,35 +220,74 @@ TEST_F(DataEditor, ShowsTheSheetUnderARandomStudent) {
   editor.ShowDataEditor();
 }
 
-TEST_F(DataEditor, BringsUnsavedWorkBackAtTheNextStart) {
-  const std::string aside = folder.path() + "/aside";
-  {
-    HeadlessDesktop first;
-    first.onMessageBox = [](const MessageBox&) { return Answer::no; };
-    frmDataEditor lost(first, {folder.path() + "/tolmod", aside});
-    first.onModal = [&](Window&) {
-      lost.spdData.enter({2, 2}, "42");
-      first.advance(10000);
-      throw ProgramEnded{1};  // as if it had been killed
+// Editors of programs that are killed, one after the other.
+class LostWork : public EditorVisit {
+ protected:
+  using Actions = std::function<void(frmDataEditor&, HeadlessDesktop&)>;
+  // A program with these visits; the last one never comes to its end. The title of the first box
+  // that came up, which is answered with Yes as all others but that for saving.
+  std::string killedIn(const std::vector<Actions>& visits) {
+    HeadlessDesktop own;
+    std::string asked;
+    own.onMessageBox = [&](const MessageBox& box) {
+      if (asked.empty()) asked = box.title;
+      return box.title == saveFirst.title ? Answer::no : Answer::yes;
     };
-    EXPECT_THROW(lost.ShowDataEditor(), ProgramEnded);
-  }
-  frmDataEditor next(desktop, {folder.path() + "/tolmod", aside});
-  std::string asked;
-  desktop.onMessageBox = [&](const MessageBox& box) {
-    if (asked.empty()) {
-      asked = box.title;
-      return Answer::yes;
+    own.onSaveFile = [&](const FileQuestion&) { return folder.file("mine.zmm"); };
+    own.onOpenFile = own.onSaveFile;
+    frmDataEditor killed(own, {folder.path() + "/tolmod", folder.path() + "/aside"});
+    for (std::size_t i = 0; i < visits.size(); ++i) {
+      own.onModal = [&](Window&) {
+        visits[i](killed, own);
+        if (i + 1 < visits.size()) return;
+        own.advance(10000);
+        throw ProgramEnded{1};
+      };
+      try {
+        killed.ShowDataEditor();
+      } catch (const ProgramEnded&) {
+      }
     }
-    return Answer::no;
-  };
-  desktop.onModal = [&](Window&) {
-    EXPECT_EQ(next.sheet().value(1, 1), 42);
-    EXPECT_TRUE(next.sheet().changeMade());
-    next.cmdCancel.click();
-  };
-  next.ShowDataEditor();
-  EXPECT_EQ(asked, "Unsaved Data");
+    return asked;
+  }
+  static void nothing(frmDataEditor&, HeadlessDesktop&) {}
+};
+
+TEST_F(LostWork, IsBroughtBackAtTheNextStart) {
+  killedIn({[](auto& killed, auto&) { killed.spdData.enter({2, 2}, "42"); }});
+  for (int start = 0; start < 2; ++start)  // and again, when that program is killed, too
+    EXPECT_EQ(killedIn({[](auto& next, auto&) {
+                EXPECT_EQ(next.sheet().value(1, 1), 42);
+                EXPECT_TRUE(next.sheet().changeMade());
+              }}),
+              "Unsaved Data");
+}
+
+TEST_F(LostWork, IsNotWhatStandsInAFileOrWasThrownAway) {
+  killedIn({[](auto& killed, auto&) {
+    killed.spdData.enter({2, 2}, "42");
+    killed.cmdSave.click();
+  }});
+  EXPECT_EQ(killedIn({[](auto& killed, auto&) { killed.cmdOpen.click(); }}), "");
+  EXPECT_EQ(killedIn({[](auto& killed, auto& own) {
+              EXPECT_EQ(killed.sheet().value(1, 1), std::nullopt);
+              killed.spdData.enter({2, 2}, "43");
+              own.advance(10000);
+              killed.menu.mnuFileNew.click();
+            }}),
+            "Data Changed");
+  EXPECT_EQ(killedIn({nothing}), "");
+}
+
+TEST_F(LostWork, IsAlsoWhatAnEarlierVisitLeftUnsaved) {
+  killedIn({[](auto& killed, auto&) {
+              for (int row = 2; row <= 4; ++row)
+                killed.spdData.enter({row, 2}, std::to_string(row));
+              killed.cmdOK.click();
+            },
+            nothing});
+  EXPECT_EQ(killedIn({[](auto& next, auto&) { EXPECT_EQ(next.sheet().value(1, 1), 2); }}),
+            "Unsaved Data");
 }
 
 }  // namespace

@@ -2,12 +2,10 @@
 #include "editor/editor_file.h"
 
 #include <gtest/gtest.h>
-#include <sys/resource.h>
 #include <sys/stat.h>
 
 #include <bit>
 #include <chrono>
-#include <csignal>
 #include <filesystem>
 #include <limits>
 #include <random>
@@ -226,27 +224,6 @@ TEST_F(EditorFile, aSaveFollowsALinkAndKeepsTheMode) {
   ASSERT_EQ(::chmod(name.c_str(), 0444), 0);
   EXPECT_TRUE(isReadOnly(link));
   EXPECT_FALSE(isReadOnly(folder.file("none")));
-}
-
-TEST_F(EditorFile, aFullDiskAndAVanishedFolderLeaveTheOldFileAndSayWhy) {
-  SheetContent sheet(editorObservations, editorVariables);
-  ASSERT_FALSE(saveEditorFile(name, sheet));
-  // A limit on the size of files fails a write as a full disk does.
-  struct rlimit before {};
-  ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
-  const struct rlimit small { 1000, before.rlim_max };
-  std::signal(SIGXFSZ, SIG_IGN);
-  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
-  const auto full = saveEditorFile(name, fullSheet([](int, int) { return number(1); }));
-  ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &before), 0);
-  std::signal(SIGXFSZ, SIG_DFL);
-  ASSERT_TRUE(full);
-  EXPECT_EQ(full->message(), name + ": cannot be written: File too large");
-  EXPECT_EQ(*loadEditorFile(name), sheet);
-  EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 1);
-  const auto vanished = saveEditorFile(folder.file("gone/a.zmm"), sheet);
-  ASSERT_TRUE(vanished);
-  EXPECT_TRUE(vanished->text.ends_with("No such file or directory")) << vanished->text;
 }
 
 // A child saves two sheets in turn until it is killed; the file is always one of them, whole.

@@ -1,0 +1,411 @@
+// New, Open, Save and Save As through the editor's window, and what goes wrong with files.
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <filesystem>
+
+#include "base/file_io.h"
+#include "editor/editor_file.h"
+#include "editor/editor_visit.h"
+
+namespace tolmer::test {
+namespace {
+
+namespace fs = std::filesystem;
+
+const MessageBox clearAnyway{
+    "Data Changed",
+    "The current data has not been saved. Do you want to clear the current data anyway?",
+    MessageIcon::question, MessageButtons::okCancel};
+const MessageBox loadAnyway{
+    "Data Changed", "The current data has not been saved. Do you want to load new data anyway?",
+    MessageIcon::question, MessageButtons::yesNo};
+const MessageBox readOnly{"Read Only",
+                          "This file is in a Read Only directory. Use Save As to save the file to "
+                          "a different directory.",
+                          MessageIcon::exclamation};
+
+MessageBox badFile(const std::string& name) {
+  return {"Bad File", "Could not load file " + name + ". Check file type.",
+          MessageIcon::exclamation};
+}
+
+MessageBox notSaved(const std::string& why) {
+  return {"Save", "The data were not saved. " + why, MessageIcon::exclamation};
+}
+
+// While it lives, a file that grows beyond so many bytes fails as on a full disk.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    ::getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit small{bytes, before_.rlim_max};
+    ::setrlimit(RLIMIT_FSIZE, &small);
+  }
+  ~FullDisk() {
+    ::setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, SIG_DFL);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit before_{};
+};
+
+// While it lives, folders that are closed to others are closed to this program, too: root may write
+// anywhere.
+class Nobody {
+ public:
+  Nobody() : before_(::geteuid()) {
+    if (before_ == 0) works_ = ::seteuid(65534) == 0;
+  }
+  ~Nobody() {
+    if (before_ == 0) works_ = ::seteuid(before_) == 0;
+  }
+  Nobody(const Nobody&) = delete;
+  Nobody& operator=(const Nobody&) = delete;
+  bool works() const { return works_; }
+
+ private:
+  uid_t before_;
+  bool works_ = true;
+};
+
+class DataEditorFiles : public EditorVisit {
+ protected:
+  void write(const std::string& file, const std::string& bytes) {
+    ASSERT_FALSE(writeFileAtomically(file, bytes));
+  }
+  std::string bytesOf(const std::string& file) { return *readWholeFile(file); }
+  // A file of the editor whose first value is that number.
+  std::string fileWith(double value) {
+    SheetContent sheet(editorObservations, editorVariables);
+    sheet.cells(1, 1) = {.kind = DataCell::Kind::number, .number = value};
+    return editorFileBytes(sheet);
+  }
+  void saveTo(const std::string& file) {
+    savesAs(file);
+    choose("File/Save As...");
+    desktop.onSaveFile = nullptr;  // from now on nobody may ask for a name
+  }
+  // The box for a file that fails comes up with these buttons, and this is done in it.
+  void fileError(const std::string& file, const std::string& description,
+                 const std::string& buttons, std::function<void()> actions) {
+    script.window("frmFileError", [=, this] {
+      EXPECT_EQ(user.get<TextBox>("frmFileError", "txtFileSpec").text(), file);
+      EXPECT_EQ(user.get<Label>("frmFileError", "lblErrorDesc").caption(), description);
+      std::string shown;
+      for (const char* button : {"cmdRetry", "cmdAbort", "cmdEndProgram"})
+        if (user.get<Button>("frmFileError", button).visible()) shown += std::string(" ") + button;
+      EXPECT_EQ(shown, buttons);
+      actions();
+    });
+  }
+  std::function<void()> presses(const std::string& button) {
+    return [this, button] { user.click("frmFileError", button); };
+  }
+  std::function<void()> closes() {
+    return [this] { user.close("frmFileError"); };
+  }
+
+  const std::string mine = folder.file("mine.zmm");
+};
+
+TEST_F(DataEditorFiles, NewAsksAndBuildsTheGridAnew) {
+  visit([&] {
+    type(0, 1, "Rent");
+    fill({{"1"}});
+    saveTo(mine);
+    type(1, 1, "2");
+    editor.txtTitle.setText("Rents");
+    editor.spdData.setColWidth(2, pixels(200));
+    choose("Edit/Typing Replaces Cell");
+    script.box(clearAnyway, Answer::cancel);
+    choose("File/New");
+    EXPECT_EQ(shown(0, 1) + shown(1, 1) + editor.txtTitle.text(), "Rent2.000Rents");
+
+    script.box(clearAnyway, Answer::ok);
+    choose("File/New");
+    EXPECT_EQ(shown(0, 1) + shown(1, 1) + editor.txtTitle.text(), "Var1User Supplied Data");
+    EXPECT_EQ(editor.caption(), "Data Editor");
+    EXPECT_FALSE(editor.menu.mnuFileSave.enabled());
+    EXPECT_EQ(editor.spdData.activeCell(), (CellPosition{2, 1}));
+    EXPECT_TRUE(editor.menu.mnuEditTypingReplaces.checked());
+    EXPECT_TRUE(editor.spdData.editModeReplace());
+    EXPECT_EQ(editor.spdData.colWidth(2), editor.spdData.colWidth(3));
+    choose("File/New");  // nothing to ask about
+    choose("Edit/Undo");
+    choose("Edit/Undo");
+    EXPECT_EQ(shown(1, 1) + editor.caption(), "2.000Data Editor [mine.zmm]");
+    cancel();
+  });
+}
+
+TEST_F(DataEditorFiles, WhatWasSavedComesBackInAnotherEditor) {
+  visit([&] {
+    type(1, 0, "Ann");
+    type(0, 2, " ");
+    fill({{"0.1", "=B1+0.2"}, {"2", ""}});
+    editor.sheet().setDecimals(2, 1);
+    editor.txtTitle.setText("Rents");
+    // The heading that is being typed counts.
+    go(0, 1);
+    editor.spdData.typeText("Rent");
+    savesAs(folder.file("mine"));
+    user.key("frmDataEditor", {.code = 'S', .control = true});
+    EXPECT_FALSE(editor.sheet().changeMade());
+    EXPECT_TRUE(isLit(editor.cmdSave));
+    desktop.advance(1000);
+    EXPECT_FALSE(isLit(editor.cmdSave));
+    // The file is known now: nobody asks for a name.
+    desktop.onSaveFile = nullptr;
+    type(2, 2, "7");
+    click("cmdSave");
+    type(2, 1, "3");
+    choose("File/Save");
+    click("cmdCancel");
+  });
+  frmDataEditor other{desktop, {folder.path() + "/tolmod", ""}};
+  script.window("frmDataEditor", [&] {
+    opens(mine);
+    other.cmdOpen.click();
+    const auto at = [&](int row, int col) { return other.spdData.text(row + 1, col + 1); };
+    EXPECT_EQ(at(0, 0) + "|" + at(0, 1) + "|" + at(0, 2), "Label|Rent|Var2");
+    EXPECT_EQ(at(1, 0) + "|" + at(1, 1) + "|" + at(1, 2), "Ann|0.100|0.3");
+    EXPECT_EQ(at(2, 1) + "|" + at(2, 2), "3.000|7.0");
+    EXPECT_EQ(other.sheet().value(1, 2), 0.1 + 0.2);
+    EXPECT_EQ(other.sheet().editText(1, 2), "=B1+0.2");
+    EXPECT_EQ(other.sheet().decimals(2), 1);
+    EXPECT_EQ(other.txtTitle.text(), "Rents");
+    EXPECT_EQ(other.caption(), "Data Editor [mine.zmm]");
+    EXPECT_TRUE(other.menu.mnuFileSave.enabled());
+    EXPECT_FALSE(other.sheet().changeMade());
+    EXPECT_EQ(other.spdData.activeCell(), (CellPosition{1, 1}));
+    other.cmdCancel.click();
+  });
+  other.ShowDataEditor();
+}
+
+TEST_F(DataEditorFiles, AFileDialogCalledOffChangesNothing) {
+  visit([&] {
+    fill({{"1"}});
+    editor.txtTitle.setText("Rents");
+    const SheetContent before = editor.sheet().content();
+    script.box(loadAnyway, Answer::no);
+    click("cmdOpen");
+    opens(std::nullopt);
+    script.box(loadAnyway, Answer::yes);
+    click("cmdOpen");
+    savesAs(std::nullopt);
+    desktop.advance(1000);
+    for (const char* entry : {"File/Save As...", ""}) {
+      *entry ? choose(entry) : click("cmdSave");
+      EXPECT_FALSE(isLit(editor.cmdSave));
+    }
+    EXPECT_EQ(editor.sheet().content(), before);
+    EXPECT_TRUE(editor.sheet().changeMade());
+    EXPECT_EQ(editor.txtTitle.text() + editor.caption(), "RentsData Editor");
+    cancel();
+  });
+  EXPECT_TRUE(editor.UserCancel()) << "a save called off is not what the host is told";
+}
+
+TEST_F(DataEditorFiles, EveryBadFileIsRefusedAndTheSheetStands) {
+  const std::string good = fileWith(42);
+  std::string flipped = good;
+  flipped[flipped.find("42")] = '5';
+  const std::pair<const char*, std::string> files[] = {
+      {"two variables", editorFileBytes(SheetContent(500, 2))},
+      {"400 observations", editorFileBytes(SheetContent(400, 50))},
+      {"cut", good.substr(0, good.size() - 20)},
+      {"one byte", flipped},
+      {"no data", "Dear editor,\n"},
+      {"empty", ""},
+      // Line ends of another system do no harm; only the length is at fault.
+      {"500001 bytes", good + std::string(500001 - good.size(), '\r')}};
+  visit([&] {
+    fill({{"1"}});
+    editor.txtTitle.setText("Rents");
+    saveTo(folder.file("kept.zmm"));
+    const SheetContent before = editor.sheet().content();
+    for (const auto& [fault, bytes] : files) {
+      SCOPED_TRACE(fault);
+      write(mine, bytes);
+      opens(mine);
+      script.box(badFile(mine));
+      click("cmdOpen");
+      EXPECT_EQ(editor.sheet().content(), before);
+      EXPECT_EQ(editor.caption(), "Data Editor [kept.zmm]");
+      EXPECT_FALSE(editor.sheet().changeMade());
+    }
+    write(mine, good + std::string(500000 - good.size(), '\r'));
+    choose("File/Open...");
+    EXPECT_EQ(shown(1, 1), "42.000") << "up to the limit it is read";
+    cancel();
+  });
+}
+
+TEST_F(DataEditorFiles, AFileThatCannotBeOpenedIsTheFileBoxsBusiness) {
+  const std::string buttons = " cmdAbort cmdEndProgram";
+  const std::string missing = "File could not be found";
+  visit([&] {
+    fill({{"1"}});
+    saveTo(mine);
+    const std::string inFile = mine + "/a.zmm";  // a folder that is a file
+    for (const std::string& name : {folder.file("gone.zmm"), folder.file("gone/a.zmm"), inFile}) {
+      opens(name);
+      fileError(name, missing, buttons, presses("cmdAbort"));
+      click("cmdOpen");
+    }
+    opens(folder.path());
+    fileError(folder.path(), "Could not read data from file", buttons, presses("cmdAbort"));
+    click("cmdOpen");
+    // The frame of the box is no Abort: the file is tried, and is none.
+    opens(inFile);
+    fileError(inFile, missing, buttons, closes());
+    script.box(badFile(inFile));
+    click("cmdOpen");
+    EXPECT_EQ(shown(1, 1) + editor.caption(), "1.000Data Editor [mine.zmm]");
+    fileError(inFile, missing, buttons, presses("cmdEndProgram"));
+    EXPECT_THROW(click("cmdOpen"), ProgramEnded);
+    cancel();
+  });
+  EXPECT_TRUE(desktop.ended());
+}
+
+TEST_F(DataEditorFiles, AFileThatVanishedMayBePutBackGivenUpOrWrittenAnew) {
+  const std::string buttons = " cmdRetry cmdAbort cmdEndProgram";
+  const std::string missing = "File could not be found";
+  visit([&] {
+    fill({{"1"}});
+    saveTo(mine);
+    desktop.advance(1000);
+    type(1, 1, "2");
+    fs::remove(mine);
+    fileError(mine, missing, buttons, presses("cmdAbort"));
+    click("cmdSave");
+    EXPECT_FALSE(fs::exists(mine));
+    EXPECT_TRUE(editor.sheet().changeMade());
+    EXPECT_FALSE(isLit(editor.cmdSave));
+
+    fileError(mine, missing, buttons, [&] {
+      write(mine, fileWith(9));
+      user.click("frmFileError", "cmdRetry");
+    });
+    choose("File/Save");
+    EXPECT_EQ(loadEditorFile(mine)->cells(1, 1).number, 2);
+    EXPECT_FALSE(editor.sheet().changeMade());
+    EXPECT_TRUE(isLit(editor.cmdSave));
+
+    // A retry that fails asks again; the frame of the box is no Abort.
+    type(1, 1, "3");
+    fs::remove(mine);
+    fileError(mine, missing, buttons, presses("cmdRetry"));
+    fileError(mine, missing, buttons, closes());
+    click("cmdSave");
+    EXPECT_EQ(loadEditorFile(mine)->cells(1, 1).number, 3);
+
+    fs::remove(mine);
+    fileError(mine, missing, buttons, presses("cmdEndProgram"));
+    EXPECT_THROW(choose("File/Save"), ProgramEnded);
+    cancel();
+  });
+}
+
+TEST_F(DataEditorFiles, AReadOnlyFileIsNeverWritten) {
+  const std::string other = folder.file("other.zmm");
+  visit([&] {
+    fill({{"1"}});
+    saveTo(mine);
+    desktop.advance(1000);
+    ASSERT_EQ(::chmod(mine.c_str(), 0444), 0);
+    const std::string before = bytesOf(mine);
+    type(1, 1, "2");
+    for (const char* entry : {"File/Save", ""}) {
+      script.box(readOnly);
+      *entry ? choose(entry) : click("cmdSave");
+    }
+    // Nor where its name is chosen.
+    savesAs(mine);
+    script.box(readOnly);
+    choose("File/Save As...");
+    EXPECT_EQ(bytesOf(mine), before);
+    EXPECT_TRUE(editor.sheet().changeMade());
+    EXPECT_FALSE(isLit(editor.cmdSave));
+    saveTo(other);
+    EXPECT_EQ(editor.caption(), "Data Editor [other.zmm]");
+    EXPECT_FALSE(editor.sheet().changeMade());
+    click("cmdCancel");
+  });
+}
+
+TEST_F(DataEditorFiles, AFullDiskOrAFolderThatTakesNothingKeepsTheSheetAndTheOldFile) {
+  const std::string gone = folder.file("gone/a.zmm");
+  const std::string locked = folder.file("locked/a.zmm");
+  fs::create_directory(folder.file("locked"));
+  fs::permissions(folder.file("locked"), fs::perms{0555});
+  fs::permissions(folder.path(), fs::perms{0755});
+  visit([&] {
+    fill({{"1"}});
+    saveTo(mine);
+    desktop.advance(1000);
+    const std::string before = bytesOf(mine);
+    type(1, 1, "2");
+    const SheetContent sheet = editor.sheet().content();
+    {
+      const FullDisk full(before.size() / 2);
+      script.box(notSaved(mine + ": cannot be written: File too large"));
+      click("cmdSave");
+    }
+    const std::string inFile = mine + "/a.zmm";  // a folder that is a file
+    savesAs(inFile);
+    script.box(notSaved(inFile + ": cannot be written: Not a directory"));
+    choose("File/Save As...");
+    savesAs(gone);
+    script.box(notSaved(gone + ": cannot be written: No such file or directory"));
+    choose("File/Save As...");
+    savesAs(locked);
+    {
+      const Nobody nobody;
+      ASSERT_TRUE(nobody.works());
+      script.box(notSaved(locked + ": cannot be written: Permission denied"));
+      choose("File/Save As...");
+    }
+    savesAs(gone);
+    EXPECT_EQ(bytesOf(mine), before);
+    EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 3)
+        << "mine, locked and zmdata";
+    EXPECT_EQ(editor.sheet().content(), sheet);
+    EXPECT_TRUE(editor.sheet().changeMade());
+    EXPECT_FALSE(isLit(editor.cmdSave));
+    EXPECT_EQ(editor.caption(), "Data Editor [mine.zmm]");
+    // Also on the way out: the student stays.
+    script.box(saveFirst, Answer::yes);
+    script.box(notSaved(gone + ": cannot be written: No such file or directory"));
+    click("cmdCancel");
+    EXPECT_TRUE(editor.visible());
+    EXPECT_EQ(shown(1, 1), "2.000");
+    cancel();
+  });
+}
+
+TEST_F(DataEditorFiles, TextForOthersIsNoFileOfTheDataSet) {
+  const std::string text = folder.file("mine.csv");
+  visit([&] {
+    type(0, 1, "Rent");
+    fill({{"1.25"}, {"2"}});
+    saveTo(text);
+    EXPECT_EQ(bytesOf(text), "Rent\n1.25\n2\n");
+    EXPECT_TRUE(editor.sheet().changeMade());
+    EXPECT_EQ(editor.caption(), "Data Editor");
+    EXPECT_FALSE(editor.menu.mnuFileSave.enabled());
+    cancel();
+  });
+}
+
+}  // namespace
+}  // namespace tolmer::test
