@@ -34,7 +34,8 @@ struct Parts {
 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isMark(char c) { return c == '.' || c == ','; }
-bool belongsToNumber(char c) { return isDigit(c) || isMark(c) || c == ' ' || c == '\''; }
+bool isGap(char c) { return c == ' ' || c == '\''; }
+bool belongsToNumber(char c) { return isDigit(c) || isMark(c) || isGap(c); }
 bool allDigits(std::string_view text) { return std::all_of(text.begin(), text.end(), isDigit); }
 
 std::string inPlainSpelling(std::string_view field) {
@@ -62,6 +63,7 @@ bool takeBack(std::string_view& text, std::string_view what) {
 }
 
 void takeSigns(std::string_view& text, Parts& parts) {
+  if (text.empty() || (isDigit(text.front()) && isDigit(text.back()))) return;  // as most are
   const auto takeSign = [&] {
     if (takeFront(text, "-")) {
       parts.negative = true;
@@ -78,10 +80,10 @@ void takeSigns(std::string_view& text, Parts& parts) {
 
 // Blanks and apostrophes stand before groups of three digits, or it is no number.
 bool takeBlanks(std::string& digits, bool& grouped) {
-  if (digits.find_first_of(" '") == std::string::npos) return true;
+  if (std::none_of(digits.begin(), digits.end(), isGap)) return true;
   std::string closed;
   for (std::size_t i = 0; i < digits.size(); ++i) {
-    if (digits[i] != ' ' && digits[i] != '\'') {
+    if (!isGap(digits[i])) {
       closed += digits[i];
       continue;
     }

@@ -13,6 +13,12 @@ namespace {
 
 constexpr double plainBelow = 1e15;
 
+bool isBlank(char c) { return c == ' ' || c == '\t'; }
+
+bool belongsToNumber(char c) {
+  return (c >= '0' && c <= '9') || c == '.' || c == '+' || c == '-' || c == 'e' || c == 'E';
+}
+
 // The power of ten of the first digit that is not 0, for a number that no double can hold.
 long long magnitude(std::string_view digits) {
   const auto mantissaEnd = std::min(digits.find_first_of("eE"), digits.size());
@@ -33,10 +39,9 @@ long long magnitude(std::string_view digits) {
 }  // namespace
 
 std::string_view withoutOuterBlanks(std::string_view text) {
-  constexpr std::string_view blanks = " \t";
-  const auto first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 NumberReading readNumber(std::string_view text) {
@@ -46,7 +51,7 @@ NumberReading readNumber(std::string_view text) {
     digits.remove_prefix(1);
     if (digits.starts_with('-')) return {};
   }
-  if (digits.find_first_not_of("+-.0123456789eE") != std::string_view::npos) return {};
+  if (!std::all_of(digits.begin(), digits.end(), belongsToNumber)) return {};
   double number = 0;
   const char* const last = digits.data() + digits.size();
   const auto [end, failed] = std::from_chars(digits.data(), last, number);

@@ -17,11 +17,11 @@ bool isControl(char c) {
 
 // A cell is one line: what would break it is a blank.
 std::string onOneLine(std::string_view field) {
+  const auto breaks = [](char c) { return c == '\t' || c == '\n' || c == '\r'; };
   field = withoutOuterBlanks(field);
   std::string line(field);
-  if (field.find_first_of("\t\n\r") == field.npos) return line;
-  std::replace_if(
-      line.begin(), line.end(), [](char c) { return c == '\t' || c == '\n' || c == '\r'; }, ' ');
+  if (std::none_of(field.begin(), field.end(), breaks)) return line;
+  std::replace_if(line.begin(), line.end(), breaks, ' ');
   return std::string(withoutOuterBlanks(line));
 }
 
