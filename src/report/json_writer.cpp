@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <charconv>
 #include <cmath>
 
@@ -92,11 +93,16 @@ void JsonWriter::value(float number) {
 }
 
 void JsonWriter::value(double number) {
-  std::array<char, 32> buffer;
-  if (std::isfinite(number))
-    raw(digits(buffer, number, 17));
-  else
-    value(notFinite(number));
+  if (!std::isfinite(number)) return value(notFinite(number));
+  const auto bits = std::bit_cast<std::uint64_t>(number);
+  auto found = std::find_if(doubles_.begin(), doubles_.end(),
+                            [bits](const Written& written) { return written.bits == bits; });
+  if (found == doubles_.end()) {
+    found = doubles_.begin() + static_cast<std::ptrdiff_t>(nextDouble_++ % doubles_.size());
+    found->bits = bits;
+    found->length = digits(found->text, number, 17).size();
+  }
+  raw({found->text.data(), found->length});
 }
 
 void JsonWriter::quote(std::string_view text) {

@@ -1,7 +1,9 @@
 // Writes JSON as RFC 8259 describes it, in order and without a tree in memory.
 #pragma once
 
+#include <array>
 #include <concepts>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -43,6 +45,12 @@ class JsonWriter {
     bool lines;  // each element on a line of its own
     bool empty = true;
   };
+  // A double as it was written.
+  struct Written {
+    std::uint64_t bits = 0;
+    std::array<char, 32> text{'0'};
+    std::size_t length = 1;
+  };
   void open(char bracket, bool lines);
   void close(char bracket);
   void beforeElement();
@@ -55,6 +63,10 @@ class JsonWriter {
   std::string text_;
   std::vector<Level> levels_;
   bool afterKey_ = false;
+  // The last ones, in turn: each line of a curve begins where the one before ended, and seventeen
+  // digits are dear.
+  std::array<Written, 4> doubles_;
+  std::size_t nextDouble_ = 0;
 };
 
 }  // namespace tolmer
