@@ -66,6 +66,15 @@ SourceEntry entryOf(int line, std::string_view content, std::size_t colon) {
   return entry;
 }
 
+void goOn(int line, std::string_view text, SourceEntry& entry, Complaints& complaints) {
+  const bool newLine = text.starts_with('|');
+  if (newLine && entry.keyword != "text" && entry.keyword != "description")
+    complaints.error(line, "only a text and a description may have lines of their own");
+  if (newLine) text = trimmed(text.substr(1));
+  if (!entry.text.empty()) entry.text += newLine ? '\n' : ' ';
+  entry.text += text;
+}
+
 }  // namespace
 
 std::vector<SourceEntry> parseSource(std::string_view bytes, Complaints& complaints) {
@@ -81,7 +90,7 @@ std::vector<SourceEntry> parseSource(std::string_view bytes, Complaints& complai
     if (goesOn && entries.empty())
       complaints.error(line, "this line goes on with a text, but there is none before it");
     else if (goesOn)
-      entries.back().text += (entries.back().text.empty() ? "" : " ") + std::string(text);
+      goOn(line, text, entries.back(), complaints);
     else if (colon == std::string_view::npos)
       complaints.error(line,
                        "a keyword and a colon were expected, or a blank before a text that "

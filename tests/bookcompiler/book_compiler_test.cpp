@@ -66,7 +66,7 @@ TEST_F(BookCompiler, compilesEveryKindOfLine) {
   const Book book = compiled(
       "\xEF\xBB\xBF# a comment\n\ntitle: Title\nchapter: Ch. 17 Größen\ndefault scenario: "
       "Standard\n"
-      "description: one\n  two\r\n\tthree \n" +
+      "description: one\n  two\r\n\tthree \n |  four\n" +
       parameters +
       "section: First\npage: plain\nheading: H\ntext indent bold: Text: with, comma\nspace:\n"
       "jump bold 2.1: Go\njump 0.1: Stay\ncheck indent 2: Box\nversion 7: Number\npicture: "
@@ -78,7 +78,7 @@ TEST_F(BookCompiler, compilesEveryKindOfLine) {
       "column heading: Case\nentry 2: E\npage: 3\ndefault database: One\nshort: o\n");
   EXPECT_EQ(book.tTitle, "Title");
   EXPECT_EQ(book.tChapter, "Ch. 17 Größen");
-  EXPECT_EQ(book.uDefaultScenario.tDesc, "one two three");
+  EXPECT_EQ(book.uDefaultScenario.tDesc, "one two three\nfour");
   EXPECT_EQ(book.uSection[2], (SectionRecord{"Second", 2, 3}));
   EXPECT_EQ(book.uPage[1], (PageRecord{PageType::plain, 1, 8, 0, 0}));
   EXPECT_EQ(book.uPage[2], (PageRecord{PageType::scenario, 9, 1, 1, 0}));
@@ -123,6 +123,7 @@ TEST_F(BookCompiler, namesLineAndReasonOfEachFault) {
       {"  goes on\n" + minimal, "1: this line goes on with a text, but there is none"},
       {minimal + "text: a \"b\"\n", "7: a double quote cannot be written"},
       {minimal + "text: a\n b \"c\"\n", "8: a double quote cannot be written"},
+      {minimal + "heading: a\n | b\n", "8: only a text and a description may have lines"},
       {minimal + "text: a\x01\n", "7: a control character"},
       {minimal + "text: caf\xE9\n", "7: this line is not UTF-8"},
       {minimal + "text:\n", "7: a text is missing behind \"text:\""},
