@@ -127,6 +127,7 @@ Result<std::vector<Claim>> readClaims(const std::string& listFile) {
 
 std::string plainText(std::string_view text) {
   std::string plain = std::regex_replace(std::string(text), std::regex("−"), "-");
+  plain = std::regex_replace(plain, std::regex("\n +\\|"), " ");  // a new line of the notebook
   plain = std::regex_replace(plain, std::regex("\\|"), " ; ");
   std::erase_if(plain,
                 [](char c) { return std::string_view("*_`~^").find(c) != std::string::npos; });
