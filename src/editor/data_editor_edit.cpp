@@ -125,6 +125,8 @@ void frmDataEditor::takePaste(const CellRange& target, const PasteTable& table) 
 void frmDataEditor::undoOrRedo(bool undo) {
   spdData.finishEdit();
   if (!(undo ? sheet_.undo() : sheet_.redo())) desktop().beep();
+  // The standard of the decimals shows nowhere, but it too can be undone and redone.
+  showStatus();
 }
 
 // The test before a deletion looks at columns, that before an insertion at rows.

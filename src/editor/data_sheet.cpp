@@ -7,6 +7,7 @@
 #include "editor/sheet_entry.h"
 #include "editor/sheet_headings.h"
 #include "editor/sheet_number.h"
+#include "formula/rewrite.h"
 
 namespace tolmer {
 namespace {
@@ -20,18 +21,30 @@ std::string exactTextOf(const DataCell& cell, const CellValue& value) {
 
 Int16 withinDecimals(Int16 digits) { return std::clamp(digits, Int16{0}, maxDecimals); }
 
+// A name that comes may be another column's too: formulas still mean the columns they meant.
+void nameBlanks(SheetContent& content) {
+  for (int c = 0; c <= content.variables(); ++c) {
+    if (!withoutOuterBlanks(content.cells(0, c).text).empty()) continue;
+    const SheetNames names = namesOf(content);
+    const std::string name = defaultHeading(c, content.variables());
+    for (const CellAddress at : formulasOf(content)) {
+      std::string& text = content.cells(at.row, at.column).text;
+      text = withVariableRenamed(text, names, c, name);
+    }
+    content.cells(0, c) = {.kind = DataCell::Kind::text, .text = name};
+  }
+}
+
 // A content of the sheet's own size, named and formatted throughout.
 SheetContent fitted(const SheetContent& given, int observations, int variables) {
   SheetContent content = newContent(observations, variables);
   const int columns = std::min(variables, given.variables());
   for (int r = 0; r <= std::min(observations, given.observations()); ++r)
-    for (int c = 0; c <= columns; ++c) {
-      const DataCell& cell = given.cells(r, c);
-      if (r > 0 || !withoutOuterBlanks(cell.text).empty()) content.cells(r, c) = cell;
-    }
+    for (int c = 0; c <= columns; ++c) content.cells(r, c) = given.cells(r, c);
   for (std::size_t c = 1; c <= static_cast<std::size_t>(columns); ++c)
     content.decimals[c] = withinDecimals(given.decimals[c]);
   content.title = given.title;
+  nameBlanks(content);
   return content;
 }
 
