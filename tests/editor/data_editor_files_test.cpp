@@ -157,6 +157,7 @@ TEST_F(DataEditorFiles, WhatWasSavedComesBackInAnotherEditor) {
     editor.spdData.typeText("Rent");
     savesAs(folder.file("mine"));
     user.key("frmDataEditor", {.code = 'S', .control = true});
+    EXPECT_EQ(loadEditorFile(mine)->cells(0, 1).text, "Rent");
     EXPECT_FALSE(editor.sheet().changeMade());
     EXPECT_TRUE(isLit(editor.cmdSave));
     desktop.advance(1000);
