@@ -56,6 +56,7 @@ class LostWork {
   Result<EditorFileContent> content() const;
   // When it was written last, in seconds since 1970.
   std::int64_t written() const;
+  std::string timeWritten() const;  // "2026-11-21 18:05", in local time
   void discard() { files_.remove(); }
 
  private:

@@ -1,6 +1,5 @@
 #include "editor/data_editor.h"
 
-#include <ctime>
 #include <utility>
 
 #include "editor/numeric_format.h"
@@ -15,15 +14,6 @@ constexpr int colourTime = 1000;    // a colour that follows the mouse fades
 constexpr int flashTime = 500;
 
 KeyPress withControl(int key) { return {.code = key, .control = true}; }
-
-std::string timeOf(std::int64_t seconds) {
-  const auto time = static_cast<std::time_t>(seconds);
-  std::tm parts{};
-  localtime_r(&time, &parts);
-  std::string text(32, '\0');
-  text.resize(std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &parts));
-  return text;
-}
 
 }  // namespace
 
@@ -199,7 +189,7 @@ void frmDataEditor::offerLostWork() {
     const Answer answer =
         desktop().messageBox({.title = "Unsaved Data",
                               .text = "The program ended before its data were saved (" +
-                                      timeOf(lost.written()) + "). Do you want to bring them back?",
+                                      lost.timeWritten() + "). Do you want to bring them back?",
                               .icon = MessageIcon::question,
                               .buttons = MessageButtons::yesNo});
     if (answer == Answer::no) {

@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdlib>
+#include <ctime>
 #include <filesystem>
 #include <system_error>
 #include <utility>
@@ -105,6 +106,15 @@ void VisitFiles::remove() {
 }
 
 std::int64_t LostWork::written() const { return secondsWritten(files_.workFile()); }
+
+std::string LostWork::timeWritten() const {
+  const auto time = static_cast<std::time_t>(written());
+  std::tm parts{};
+  localtime_r(&time, &parts);
+  std::string text(32, '\0');
+  text.resize(std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &parts));
+  return text;
+}
 
 std::vector<LostWork> findLostWork(const std::string& folder) {
   std::vector<std::string> names;

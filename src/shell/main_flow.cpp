@@ -35,6 +35,7 @@ void MainFlow::Main() {
   parts_.notebook.ShowHider = true;
   coverScreen();
   state_.bAppIsLoading = false;
+  parts_.ownData.tellLostWork();
   parts_.notebook.StartAndShowNotebook();
   askWhetherToExit();
   tickOptions();

@@ -30,6 +30,18 @@ class OwnData : public EditorData {
   bool UserCancel() const override { return editor_ && editor_->UserCancel(); }
   void ShowDataEditor() override { editor().ShowDataEditor(); }
 
+  // Says at the start of the program what a crash or a kill left behind; the editor offers it.
+  void tellLostWork() {
+    const auto lost = findLostWork(autosaveFolder_);
+    if (lost.empty()) return;
+    desktop_.messageBox({.title = "Unsaved Data",
+                         .text = "The program ended before the data in the Data Editor were saved "
+                                 "(" +
+                                 lost.front().timeWritten() +
+                                 "). Open the Data Editor from the Notebook to bring them back.",
+                         .icon = MessageIcon::information});
+  }
+
   frmDataEditor& editor() {
     if (!editor_) setUp();
     return *editor_;

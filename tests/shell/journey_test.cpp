@@ -3,11 +3,13 @@
 #include <gtest/gtest.h>
 
 #include "displays/display_window.h"
+#include "editor/sheet_headings.h"
 #include "notebook/note_splash.h"
 #include "notebook/notebook_window.h"
 #include "platform/graph/graph.h"
 #include "platform/grid/grid.h"
 #include "shell/shipped_program.h"
+#include "support/temp_folder.h"
 
 namespace tolmer::test {
 namespace {
@@ -68,6 +70,41 @@ TEST_F(Journey, CancelInTheNotebookAsksAndStaysOnNo) {
   EXPECT_THROW(module.Main(), ProgramEnded);
   EXPECT_TRUE(desktop.ended());
   EXPECT_EQ(state().iCompletedFits, 0);
+}
+
+TEST_F(Journey, WorkLostByACrashIsToldAtTheStartAndOfferedByTheEditor) {
+  const TempFolder aside;
+  {
+    Autosave crashed(aside.path(), [time = 0]() mutable { return time += 10000; });
+    crashed.changed();
+    SheetContent content = newContent(editorObservations, editorVariables);
+    content.cells(2, 1) = {.kind = DataCell::Kind::number, .number = 42};
+    ASSERT_FALSE(crashed.poll([&] { return content; }, ""));
+  }
+  const std::string time = findLostWork(aside.path()).front().timeWritten();
+  module.parts().tAutosaveFolder = aside.path();
+  script.box("Unsaved Data", "The program ended before the data in the Data Editor were saved (" +
+                                 time +
+                                 "). Open the Data Editor from the Notebook to bring them back.");
+  script.window("frmOpeningBook");
+  script.window("frmNotebook", [&] {
+    module.parts().notebook.window().goTo(5, 1);
+    user.click("frmNotebook", "cmdOK");
+  });
+  script.box("Unsaved Data",
+             "The program ended before its data were saved (" + time +
+                 "). Do you want to bring them back?",
+             Answer::yes);
+  script.window("frmDataEditor", [&] {
+    EXPECT_EQ(module.parts().ownData.editor().sheet().value(2, 1), 42);
+    user.click("frmDataEditor", "cmdCancel");
+  });
+  script.box("Data Changed", "There is unsaved data in the Data Editor. Do you want to save it?",
+             Answer::no);
+  script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdCancel"); });
+  script.box("Tolmer", "Exit module?", Answer::yes);
+  EXPECT_THROW(module.Main(), ProgramEnded);
+  EXPECT_TRUE(findLostWork(aside.path()).empty());
 }
 
 TEST_F(Journey, AScenarioPageOpensItsExample) {
