@@ -69,9 +69,8 @@ TEST_F(DataEditor, CancelGivesBackTheStartOfTheVisitAfterItsFlash) {
 }
 
 TEST_F(DataEditor, RowsComeAndGoButTheHeadingsStay) {
-  const MessageBox noInsert{{},
-                            "You cannot insert a row before the variable names.",
-                            MessageIcon::information};
+  const MessageBox noInsert{
+      {}, "You cannot insert a row before the variable names.", MessageIcon::information};
   const MessageBox noDelete{
       {}, "You cannot delete the row of variable names.", MessageIcon::information};
   visit([&] {
