@@ -166,10 +166,9 @@ void HelpWindow::answer(const HelpRequest& request) {
   open(request);
   showPlace();
   bringUp();
-  if (request.kind == HelpRequest::Kind::search)
-    toSearch();
-  else
-    page_->setFocus();
+  if (request.kind == HelpRequest::Kind::search) return toSearch();
+  query_->clear();  // what was searched for another question would hide the contents
+  page_->setFocus();
 }
 
 void HelpWindow::open(const HelpRequest& request) {
