@@ -25,17 +25,5 @@ TEST(AnalysisState, ArraysTakeTheBoundsOfDataAndModel) {
   EXPECT_EQ(state.tVarFormat.size(), 7U);
 }
 
-TEST(AnalysisState, TheTableKnowsTheDisplaysThatExist) {
-  AnalysisState state;
-  InitDisplayTable(state);
-  int displays = 0;
-  for (int category = 1; category <= 4; ++category)
-    for (int index = 1; index <= 6; ++index)
-      displays += state.iDisplayState(category, index) == displayHidden;
-  EXPECT_EQ(displays, 14);
-  EXPECT_EQ(state.iDisplayState(tableDisplays, 6), displayHidden);
-  EXPECT_EQ(state.iDisplayState(scatterDisplays, 4), noSuchDisplay);
-}
-
 }  // namespace
 }  // namespace tolmer
