@@ -2,10 +2,10 @@
 
 #include <gtest/gtest.h>
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <fstream>
+
+#include "support/temp_folder.h"
 
 namespace tolmer {
 namespace {
@@ -35,10 +35,10 @@ class HostPath : public testing::Test {
     std::ofstream(root_ / "Data" / "stack.csv") << "x";
     std::ofstream(root_ / "Data" / "STACK.csv") << "x";
   }
-  void TearDown() override { fs::remove_all(root_); }
   std::string in(const std::string& tail) const { return coursePath(root_.string()) + tail; }
 
-  fs::path root_ = fs::path(testing::TempDir()) / ("paths_" + std::to_string(getpid()));
+  test::TempFolder folder_;
+  const fs::path root_ = folder_.path();
 };
 
 TEST_F(HostPath, TakesTheNameInOtherCaseWhereTheExactOneIsMissing) {
