@@ -84,8 +84,7 @@ TEST_F(InterpretationDisplayTest, KeysScrollWithoutACaretAndOpenTheMenu) {
   EXPECT_FALSE(press({.code = keys::pageUp})) << "the box scrolls by itself";
 }
 
-TEST_F(InterpretationDisplayTest, ClosesOnlyWhenTheShellAllowsIt) {
-  EXPECT_FALSE(display.requestClose());
+TEST_F(InterpretationDisplayTest, TheTitleSaysWhenThereIsNoValidFit) {
   state.Fit.bSingular = true;
   display.UpdateDisplay();
   EXPECT_EQ(display.caption(), "Interpretation (no valid fit)");
