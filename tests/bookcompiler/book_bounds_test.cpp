@@ -61,7 +61,7 @@ const std::vector<BoundCase>& boundCases() {
   return cases;
 }
 
-TEST(BookBounds, everyTableIsCompiledAndReadAtItsBound) {
+TEST(BookBounds, everyTableIsCompiledAtItsBoundAndRefusedWithOneRowMore) {
   for (const auto& [noun, bound, source] : boundCases()) {
     Complaints complaints;
     const SourcedBook sourced = buildBook(parseSource(source(bound), complaints), complaints);
@@ -70,14 +70,8 @@ TEST(BookBounds, everyTableIsCompiledAndReadAtItsBound) {
     const auto again = readBook(fields);
     ASSERT_TRUE(again) << noun << ": " << again.error().message();
     EXPECT_EQ(*again, sourced.book) << noun;
-  }
-}
 
-TEST(BookBounds, oneRowMoreIsRefusedAtItsLine) {
-  for (const auto& [noun, bound, source] : boundCases()) {
-    Complaints complaints;
-    const std::string text = source(bound + 1);
-    buildBook(parseSource(text, complaints), complaints);
+    buildBook(parseSource(source(bound + 1), complaints), complaints);
     ASSERT_TRUE(complaints.hasErrors()) << noun;
     std::string all;
     for (const Complaint& complaint : complaints.sorted()) all += complaint.text + "\n";

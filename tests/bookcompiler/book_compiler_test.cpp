@@ -188,7 +188,9 @@ TEST_F(BookCompiler, aFifthScenarioOfAPageIsRefused) {
             "16: a page lists at most 4 scenarios\n");
 }
 
-TEST_F(BookCompiler, checksTheSevenParameters) {
+TEST_F(BookCompiler, checksTheSevenParametersAndReadsTheDataSetsAsTheProgramWill) {
+  put("data/bad.csv", "Y,X\n1,2\n3,x\n5,6\n");
+  put("data/short.inf", "Comment\nFirst\n");
   const auto with = [this](const std::string& values) {
     return complaints("title: T\nchapter: C\ndefault scenario: D\nparameters: " + values +
                       "\nsection: S\npage: plain\n");
@@ -211,6 +213,14 @@ TEST_F(BookCompiler, checksTheSevenParameters) {
       {files + "True, False, 3, 2, 3", "from 1 to 2, not \"3\""},
       {"data\\a.csv, \\data\\a.inf, True, False, 3, 2, 1", "parameter 1, the data file, must"},
       {"\\data\\a.csv, a.inf, True, False, 3, 2, 1", "parameter 2, the information file, must"},
+      {"\\data\\c.csv, , False, False, 3, 2, 1", "4: \\data\\c.csv: cannot be opened"},
+      {"\\data\\a.csv, , False, False, 4, 2, 1", "4: \\data\\a.csv:5: field 9: a number was"},
+      {"\\data\\a.csv, , False, False, 2, 2, 1", "\\data\\a.csv:4: field 7: the file goes on"},
+      {"\\data\\a.csv, , False, False, 3, 3, 1", "field 3: the name of a column was expected"},
+      {"\\data\\a.csv, , False, False, 6, 1, 1", "field 2: a number was expected, not \"X\""},
+      {"\\data\\b.csv, , False, False, 2, 3, 1", "\\data\\b.csv:2: field 4: a number was"},
+      {"\\data\\bad.csv, , False, False, 3, 2, 1", "\\data\\bad.csv:3: field 6: a number was"},
+      {"\\data\\a.csv, \\data\\short.inf, True, False, 3, 2, 1", "4: \\data\\short.inf:3: field 3"},
   };
   for (const auto& one : cases) EXPECT_THAT(with(one.values), HasSubstr(one.complaint));
 }
@@ -226,29 +236,6 @@ TEST_F(BookCompiler, onlyExamplesNeedADependentColumn) {
   EXPECT_THAT(
       complaints(two + "section: Examples\n" + overview + "section: Databases\n" + overview + list),
       IsEmpty());
-}
-
-TEST_F(BookCompiler, readsTheDataSetsAsTheProgramWill) {
-  const auto with = [this](const std::string& values) {
-    return complaints("title: T\nchapter: C\ndefault scenario: D\nparameters: " + values +
-                      "\nsection: S\npage: plain\n");
-  };
-  put("data/bad.csv", "Y,X\n1,2\n3,x\n5,6\n");
-  put("data/short.inf", "Comment\nFirst\n");
-  const struct {
-    const char* values;
-    const char* complaint;
-  } cases[] = {
-      {"\\data\\c.csv, , False, False, 3, 2, 1", "4: \\data\\c.csv: cannot be opened"},
-      {"\\data\\a.csv, , False, False, 4, 2, 1", "4: \\data\\a.csv:5: field 9: a number was"},
-      {"\\data\\a.csv, , False, False, 2, 2, 1", "\\data\\a.csv:4: field 7: the file goes on"},
-      {"\\data\\a.csv, , False, False, 3, 3, 1", "field 3: the name of a column was expected"},
-      {"\\data\\a.csv, , False, False, 6, 1, 1", "field 2: a number was expected, not \"X\""},
-      {"\\data\\b.csv, , False, False, 2, 3, 1", "\\data\\b.csv:2: field 4: a number was"},
-      {"\\data\\bad.csv, , False, False, 3, 2, 1", "\\data\\bad.csv:3: field 6: a number was"},
-      {"\\data\\a.csv, \\data\\short.inf, True, False, 3, 2, 1", "4: \\data\\short.inf:3: field 3"},
-  };
-  for (const auto& one : cases) EXPECT_THAT(with(one.values), HasSubstr(one.complaint));
 }
 
 TEST_F(BookCompiler, warnsOfWhatDoesNotFitOnItsPage) {
