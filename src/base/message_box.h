@@ -14,6 +14,8 @@ struct MessageBox {
   std::string text;   // UTF-8
   MessageIcon icon = MessageIcon::none;
   MessageButtons buttons = MessageButtons::ok;
+  // Work is lost by a no: Escape and the frame answer nothing then.
+  bool noLosesWork = false;
 };
 
 // Shows one message box and waits for its answer. Closing the box counts as cancel or no, or as ok

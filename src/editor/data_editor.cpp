@@ -191,7 +191,8 @@ void frmDataEditor::offerLostWork() {
                               .text = "The program ended before its data were saved (" +
                                       lost.timeWritten() + "). Do you want to bring them back?",
                               .icon = MessageIcon::question,
-                              .buttons = MessageButtons::yesNo});
+                              .buttons = MessageButtons::yesNo,
+                              .noLosesWork = true});
     if (answer == Answer::no) {
       lost.discard();
       continue;

@@ -171,7 +171,8 @@ bool frmDataEditor::bfOKToContinue() {
       {.title = "Data Changed",
        .text = "There is unsaved data in the Data Editor. Do you want to save it?",
        .icon = MessageIcon::question,
-       .buttons = MessageButtons::yesNo});
+       .buttons = MessageButtons::yesNo,
+       .noLosesWork = true});
   if (answer == Answer::no) return true;
   SaveFileAs();
   if (std::exchange(mbUserCancel_, false)) return false;

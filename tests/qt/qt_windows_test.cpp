@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QClipboard>
 #include <QDialog>
@@ -213,6 +214,18 @@ TEST_F(QtWindowsTest, BoxShowsTheProgramsNameAndEscapeMeansNo) {
     EXPECT_EQ(desktop.QtDesktop::messageBox(box), expected);
     EXPECT_EQ(title, "Tolmer");
   }
+}
+
+TEST_F(QtWindowsTest, WhereNoLosesWorkOnlyAButtonAnswers) {
+  QTimer::singleShot(0, qApp, [] {
+    auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    QTest::keyClick(static_cast<QWidget*>(box->button(QMessageBox::Yes)), Qt::Key_Escape);
+    box->close();
+    ASSERT_TRUE(box->isVisible());
+    QTest::keyClick(static_cast<QWidget*>(box->button(QMessageBox::Yes)), Qt::Key_Return);
+  });
+  const MessageBox box{"", "Save?", MessageIcon::question, MessageButtons::yesNo, true};
+  EXPECT_EQ(desktop.QtDesktop::messageBox(box), Answer::yes);
 }
 
 TEST_F(QtWindowsTest, ClipboardHasEveryForm) {

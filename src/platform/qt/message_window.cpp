@@ -1,5 +1,6 @@
 #include "platform/qt/message_window.h"
 
+#include <QKeyEvent>
 #include <QMessageBox>
 
 #include "platform/qt/convert.h"
@@ -48,6 +49,17 @@ Answer answerOf(int button) {
   }
 }
 
+// Leaves a box to its buttons.
+class WithoutEscape : public QObject {
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    const bool isEscape = event->type() == QEvent::KeyPress &&
+                          static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape;
+    if (event->type() == QEvent::Close) event->ignore();
+    return isEscape || event->type() == QEvent::Close;
+  }
+};
+
 }  // namespace
 
 Answer showMessageBox(Mirror& mirror, const MessageBox& box, const QString& emptyTitle) {
@@ -55,6 +67,8 @@ Answer showMessageBox(Mirror& mirror, const MessageBox& box, const QString& empt
                      toQt(box.text), buttonsOf(box.buttons), mirror.windows.top());
   window.setTextFormat(Qt::PlainText);
   window.setWindowModality(Qt::ApplicationModal);
+  WithoutEscape withoutEscape;
+  if (box.noLosesWork) window.installEventFilter(&withoutEscape);
   QEventLoop loop;
   QObject::connect(&window, &QDialog::finished, &loop, &QEventLoop::quit);
   window.show();
