@@ -3,8 +3,6 @@
 
 #include <gmock/gmock.h>
 
-#include <random>
-
 #include "editor/editor_visit.h"
 
 namespace tolmer::test {
@@ -179,44 +177,6 @@ TEST_F(DataEditor, CopiesFormulasHereAndNumbersElsewhere) {
     EXPECT_EQ(shown(0, 4), "Var4");
     cancel();
   });
-}
-
-// What the grid shows is what the sheet holds, whatever a student does, and undoing it all gives
-// the start back.
-TEST_F(DataEditor, ShowsTheSheetUnderARandomStudent) {
-  std::mt19937 random(3);
-  const auto upTo = [&](int most) { return std::uniform_int_distribution<int>(0, most)(random); };
-  const char* const entries[] = {"1", "-2.5", "=B1+1", "=SUM(Var1)", "abc", "", "1e300", "=1/0"};
-  const MenuItem* const commands[] = {
-      &editor.menu.mnuEditCut,       &editor.menu.mnuEditCopy,
-      &editor.menu.mnuEditPaste,     &editor.menu.mnuEditUndo,
-      &editor.menu.mnuEditRedo,      &editor.menu.mnuEditInsertRow,
-      &editor.menu.mnuEditDeleteRow, &editor.menu.mnuEditTypingReplaces};
-  desktop.onMessageBox = [](const MessageBox&) { return Answer::no; };
-  desktop.onModal = [&](Window& window) {
-    if (&window != &editor) return window.hide();
-    const SheetContent start = editor.sheet().content();
-    for (int action = 1; action <= 4000; ++action) {
-      const CellPosition cell{1 + upTo(12), 1 + upTo(6)};
-      if (upTo(2) == 0) {
-        const MenuItem& command = *commands[upTo(7)];
-        if (command.enabled()) raise(command.Click);
-      } else if (upTo(1)) {
-        editor.spdData.enter(cell, entries[upTo(7)]);
-      } else {
-        editor.spdData.press(cell, {.shift = upTo(2) == 0, .control = false});
-      }
-      if (action % 50 != 0) continue;
-      for (int row = 0; row <= 14; ++row)
-        for (int col = 0; col <= 8; ++col)
-          ASSERT_EQ(shown(row, col), editor.sheet().shownText(row, col)) << action;
-    }
-    while (editor.sheet().undo()) {
-    }
-    EXPECT_EQ(editor.sheet().content(), start);
-    editor.cmdCancel.click();
-  };
-  editor.ShowDataEditor();
 }
 
 // Editors of programs that are killed, one after the other.

@@ -1,21 +1,50 @@
 #include "editor/data_sheet_model.h"
 
 #include <algorithm>
+#include <cmath>
+
+#include "formula/sheet_names.h"
 
 namespace tolmer::test {
 namespace {
 
 using Kind = ModelCell::Kind;
 
+std::string addressText(const ModelCell::Place& place) {
+  return columnLetters(place.column) + (place.fixed ? "$" : "") + std::to_string(place.row);
+}
+std::string rangeText(const ModelCell::Place& first, const ModelCell::Place& last) {
+  return addressText(first) + ":" + addressText(last);
+}
+
 }  // namespace
 
 SheetModel::SheetModel(int rows, int columns)
-    : cells(static_cast<std::size_t>(rows) + 1,
-            std::vector<ModelCell>(static_cast<std::size_t>(columns) + 1)),
-      decimals(static_cast<std::size_t>(columns) + 1, 3) {
-  at(0, 0) = {.kind = Kind::text, .text = "Label"};
-  for (int c = 1; c <= columns; ++c)
-    at(0, c) = {.kind = Kind::text, .text = "Var" + std::to_string(c)};
+    : decimals(static_cast<std::size_t>(columns) + 1, 3), rows_(rows) {
+  nameBlankHeadings(columns);
+  put(0, 0, {.kind = Kind::text, .text = "Label"});
+}
+
+const ModelCell& SheetModel::at(int row, int column) const {
+  static const ModelCell empty;
+  const auto found = cells.find({row, column});
+  return found == cells.end() ? empty : found->second;
+}
+
+void SheetModel::put(int row, int column, ModelCell cell) {
+  if (cell.kind == Kind::empty)
+    cells.erase({row, column});
+  else
+    cells.insert_or_assign({row, column}, std::move(cell));
+}
+
+std::string SheetModel::formulaText(const ModelCell& cell) const {
+  if (cell.lost) return {};
+  if (cell.kind == Kind::random) return "=RAND()";
+  if (cell.kind == Kind::maximum)
+    return "=MAX(" + (cell.turned ? rangeText(cell.b, cell.a) : rangeText(cell.a, cell.b)) + ")";
+  if (cell.kind != Kind::difference) return {};
+  return "=" + rangeText(cell.a, cell.a) + " - " + rangeText(cell.b, cell.b);
 }
 
 bool SheetModel::holds(const ModelCell::Place& place) const {
@@ -25,14 +54,14 @@ bool SheetModel::holds(const ModelCell::Place& place) const {
 // A cell that is asked for while it is being calculated is part of a cycle, and so is wrong every
 // cell that asked for it.
 SheetModel::Result SheetModel::calculate(int row, int column, Results& results) const {
+  using State = Result::State;
   const ModelCell& cell = at(row, column);
-  if (cell.kind == Kind::empty) return {State::good, 0};
-  if (cell.kind == Kind::number) return {State::good, cell.number};
+  if (cell.kind <= Kind::number) return {State::good, cell.number};
   if (cell.kind == Kind::text || cell.lost) return {State::bad};
-  Result& result = results[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
-  if (result.state == State::running) return {State::bad};
-  if (result.state != State::fresh) return result;
-  result.state = State::running;
+  if (cell.kind == Kind::random) return {State::good, cell.number};
+  const auto [place, isNew] = results.try_emplace({row, column});
+  Result& result = place->second;
+  if (!isNew) return result.state == State::running ? Result{State::bad} : result;
   Result found{State::good};
   const auto take = [&](int r, int c) {
     const Result part = calculate(r, c, results);
@@ -57,100 +86,139 @@ SheetModel::Result SheetModel::calculate(int row, int column, Results& results) 
   return result = found;
 }
 
-std::vector<std::vector<std::optional<double>>> SheetModel::values() const {
-  Results results(cells.size(), std::vector<Result>(cells[0].size()));
-  std::vector<std::vector<std::optional<double>>> values(
-      cells.size(), std::vector<std::optional<double>>(cells[0].size()));
-  for (int r = 1; r <= rows(); ++r)
-    for (int c = 0; c <= columns(); ++c) {
-      if (at(r, c).kind == Kind::empty) continue;
-      const Result result = calculate(r, c, results);
-      if (result.state == State::good)
-        values[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)] = result.number;
-    }
+SheetModel::Values SheetModel::values() const {
+  Results results;
+  Values values;
+  for (const auto& [place, cell] : cells) {
+    if (place.first == 0) continue;
+    const Result result = calculate(place.first, place.second, results);
+    if (result.state == Result::State::good) values.emplace(place, result.number);
+  }
   return values;
 }
 
-int SheetModel::lastUsedRow() const {
-  int row = rows();
-  const auto isEmpty = [](const ModelCell& cell) { return cell.kind == Kind::empty; };
-  while (row > 0 && std::ranges::all_of(cells[static_cast<std::size_t>(row)], isEmpty)) --row;
-  return row;
+int SheetModel::lastUsedColumn() const {
+  int last = 0;
+  for (const auto& [place, cell] : cells)
+    if (place.first > 0) last = std::max(last, place.second);
+  return last;
+}
+
+ModelCases SheetModel::cases() const {
+  const Values values = this->values();
+  const int lastColumn = lastUsedColumn();
+  ModelCases cases;
+  std::map<int, double> seen;  // columns that have had a value
+  for (int r = 1; r <= lastUsedRow(); ++r) {
+    std::map<int, double> row;
+    for (int c = 1; c <= lastColumn; ++c)
+      if (const auto value = values.find({r, c}); value != values.end())
+        seen[c] = row[c] = value->second;
+    const std::string& label = at(r, 0).text;
+    cases.anyLabel = cases.anyLabel || !label.empty();
+    if (row.size() < seen.size()) {
+      ++cases.incomplete;
+    } else {
+      cases.values.push_back(row);
+      cases.labels.push_back(label);
+    }
+  }
+  for (int c = 1; c <= lastColumn && !cases.values.empty(); ++c) {
+    const auto single = [c](std::map<int, double>& row) { return static_cast<float>(row[c]); };
+    const float first = single(cases.values[0]);
+    cases.anyConstant =
+        cases.anyConstant || (first != 0 && std::ranges::all_of(cases.values, [&](auto& row) {
+                                return single(row) == first;
+                              }));
+  }
+  return cases;
+}
+
+void SheetModel::nameBlankHeadings(int lastColumn) {
+  for (int c = 1; c <= lastColumn; ++c)
+    if (at(0, c).kind == Kind::empty)
+      put(0, c, {.kind = Kind::text, .text = "Var" + std::to_string(c)});
+}
+
+// Cells of rows from first on; those that come to row 0 or below the sheet are gone.
+template <class NewRow>
+void SheetModel::moveRows(int first, NewRow newRow) {
+  const std::map<Place, ModelCell> before = std::move(cells);
+  cells.clear();
+  for (const auto& [place, cell] : before) {
+    const int row = place.first < first ? place.first : newRow(place.first);
+    if (place.first < first || (row > 0 && row <= rows_)) cells[{row, place.second}] = cell;
+  }
 }
 
 void SheetModel::insertRows(int first, int count) {
-  cells.insert(cells.begin() + first, static_cast<std::size_t>(count),
-               std::vector<ModelCell>(cells[0].size()));
-  cells.resize(cells.size() - static_cast<std::size_t>(count));
-  for (auto& row : cells)
-    for (ModelCell& cell : row)
-      if (cell.kind == Kind::difference || cell.kind == Kind::maximum) {
-        for (auto* place : {&cell.a, &cell.b})
-          if (place->row >= first) place->row += count;
-        if (cell.kind == Kind::difference)
-          cell.lost = cell.lost || !holds(cell.a) || !holds(cell.b);
-        else
-          cell.lost = cell.lost || !holds(cell.a);
-        cell.b.row = std::min(cell.b.row, rows());
-      }
-}
-
-void SheetModel::deleteRows(int first, int count) {
-  cells.erase(cells.begin() + first, cells.begin() + first + count);
-  cells.insert(cells.end(), static_cast<std::size_t>(count),
-               std::vector<ModelCell>(cells[0].size()));
-  const auto isGone = [&](int row) { return row >= first && row < first + count; };
-  for (auto& row : cells)
-    for (ModelCell& cell : row) {
-      if (cell.kind != Kind::difference && cell.kind != Kind::maximum) continue;
-      ModelCell::Place &a = cell.a, &b = cell.b;
-      if (cell.kind == Kind::difference) {
-        cell.lost = cell.lost || isGone(a.row) || isGone(b.row);
-      } else {
-        cell.lost = cell.lost || (isGone(a.row) && isGone(b.row));
-        if (isGone(a.row)) a.row = first + count;
-        if (isGone(b.row)) b.row = first - 1;
-      }
-      for (auto* place : {&a, &b})
-        if (place->row >= first + count) place->row -= count;
+  moveRows(first, [&](int row) { return row + count; });
+  for (auto& [place, cell] : cells)
+    if (cell.refersToRows()) {
+      for (auto* end : {&cell.a, &cell.b})
+        if (end->row >= first) end->row += count;
+      cell.lost = cell.lost || !holds(cell.a) || (cell.kind == Kind::difference && !holds(cell.b));
+      cell.b.row = std::min(cell.b.row, rows());
     }
 }
 
-ModelCell SheetModel::moved(ModelCell cell, int rows, int columns) const {
-  if (cell.kind != Kind::difference && cell.kind != Kind::maximum) return cell;
-  for (auto* place : {&cell.a, &cell.b}) {
-    if (!place->fixed) place->row += rows;
-    place->column += columns;
-    if (!holds(*place)) cell.lost = true;
+void SheetModel::deleteRows(int first, int last) {
+  if (first == 0) std::erase_if(cells, [](const auto& cell) { return cell.first.first == 0; });
+  first = std::max(first, 1);
+  const int count = last - first + 1;
+  const auto isGone = [&](int row) { return row >= first && row <= last; };
+  moveRows(first, [&](int row) { return isGone(row) ? 0 : row - count; });
+  for (auto& [place, cell] : cells) {
+    if (!cell.refersToRows()) continue;
+    ModelCell::Place &a = cell.a, &b = cell.b;
+    if (cell.kind == Kind::difference) {
+      cell.lost = cell.lost || isGone(a.row) || isGone(b.row);
+    } else {
+      cell.lost = cell.lost || (isGone(a.row) && isGone(b.row));
+      if (isGone(a.row)) a.row = last + 1;
+      if (isGone(b.row)) b.row = first - 1;
+    }
+    for (auto* end : {&a, &b})
+      if (end->row > last) end->row -= count;
   }
-  if (cell.kind == Kind::maximum && cell.a.row > cell.b.row) std::swap(cell.a, cell.b);
+}
+
+ModelCell SheetModel::moved(ModelCell cell, int rows, int columns) const {
+  if (!cell.refersToRows()) return cell;
+  for (auto* end : {&cell.a, &cell.b}) {
+    if (!end->fixed) end->row += rows;
+    end->column += columns;
+    if (!holds(*end)) cell.lost = true;
+  }
+  if (cell.kind == Kind::maximum && cell.a.row > cell.b.row) {
+    std::swap(cell.a, cell.b);
+    cell.turned = !cell.turned;
+  }
   return cell;
 }
 
-bool SheetModel::dependsOnOrder(int row, int column, int lastRow) const {
-  const ModelCell& cell = at(row, column);
-  if (cell.lost || !cell.isFormula() || cell.kind == Kind::plusOne) return false;
+bool SheetModel::dependsOnOrder(const Place& at, const ModelCell& cell, int lastRow) const {
+  if (cell.lost || !cell.refersToRows()) return false;
   const bool whole = cell.kind == Kind::maximum && cell.a.fixed && cell.b.fixed;
   if (whole && cell.a.row == 1 && cell.b.row >= lastRow) return false;
-  const auto isElsewhere = [&](const ModelCell::Place& place) {
-    return place.fixed || place.row != row;
+  const auto isElsewhere = [&](const ModelCell::Place& end) {
+    return end.fixed || end.row != at.first;
   };
   return isElsewhere(cell.a) || isElsewhere(cell.b);
 }
 
-void SheetModel::reorder(const std::vector<int>& order, bool makeValues) {
-  SheetModel before = *this;
-  const auto values = this->values();
+void SheetModel::reorder(const std::vector<int>& order) {
   const int lastRow = static_cast<int>(order.size());
-  for (int r = 1; r <= lastRow && makeValues; ++r)
-    for (int c = 1; c <= columns(); ++c)
-      if (const auto number = values[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)];
-          number && dependsOnOrder(r, c, lastRow))
-        before.at(r, c) = {.kind = Kind::number, .number = *number};
+  const Values values = this->values();
+  SheetModel before = *this;
+  for (auto& [place, cell] : before.cells)
+    if (const auto value = values.find(place);
+        value != values.end() && dependsOnOrder(place, cell, lastRow))
+      cell = {.kind = Kind::number, .number = value->second};
   for (int r = 1; r <= lastRow; ++r)
     for (int c = 0; c <= columns(); ++c) {
       const int from = order[static_cast<std::size_t>(r) - 1] + 1;
-      at(r, c) = moved(before.at(from, c), r - from, 0);
+      put(r, c, moved(before.at(from, c), r - from, 0));
     }
 }
 

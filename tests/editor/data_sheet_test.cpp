@@ -1,5 +1,5 @@
 // What a user sees of the sheet, one subject a test. What any order of actions may break is in
-// data_sheet_random_test.cpp.
+// data_editor_random_test.cpp.
 #include "editor/data_sheet.h"
 
 #include <gmock/gmock.h>
@@ -112,18 +112,6 @@ TEST(DataSheetTest, FormulasFollowWhatTheyReferTo) {
   EXPECT_EQ(sheet.shownText(2, 2), "#CYCLE");
   sheet.undo();
   EXPECT_EQ(sheet.shownText(2, 2), "10.000");
-}
-
-TEST(DataSheetTest, DeletingTheHeadingRowTakesTheNamesAndKeepsFormulasRight) {
-  DataSheet sheet(4, 2);
-  fill(sheet, 1, {"1", "2", "3"});
-  sheet.enter(3, 2, "=Var1+B2");
-  sheet.deleteRows(0, 1);
-  EXPECT_EQ(sheet.heading(1), "");
-  EXPECT_EQ(sheet.editText(2, 2), "=$B:$B+B1");
-  EXPECT_EQ(sheet.shownText(2, 2), "5.000");
-  sheet.undo();
-  EXPECT_EQ(sheet.editText(3, 2), "=Var1+B2");
 }
 
 TEST(DataSheetTest, RandomNumbersStayUntilTheyAreEdited) {
@@ -274,36 +262,15 @@ TEST(DataSheetTest, KnowsWhatIsUnsaved) {
   EXPECT_FALSE(sheet.undo());
 }
 
-TEST(DataSheetTest, UndoesATitleAsOneAndAnOpenedFileWithItsName) {
+TEST(DataSheetTest, CutsAnOpenedContentToItsSize) {
   DataSheet sheet(3, 2);
-  for (const char* title : {"U", "Us", "Use"}) sheet.setTitle(title);
-  sheet.undo();
-  EXPECT_EQ(sheet.title(), "User Supplied Data");
-  sheet.redo();
-  EXPECT_EQ(sheet.title(), "Use");
-  sheet.setTitle("User");
-  sheet.undo();
-  EXPECT_EQ(sheet.title(), "Use");
-
-  sheet.markSaved("first");
-  SheetContent content(4, 3);  // larger than the sheet
+  SheetContent content(4, 3);
   content.cells(4, 3) = content.cells(2, 1) = {.kind = DataCell::Kind::number, .number = 8};
   content.cells(0, 2) = {.kind = DataCell::Kind::text, .text = "Own"};
-  sheet.replaceWith(content, "second");
+  sheet.replaceWith(content, "file");
   EXPECT_EQ(sheet.heading(1), "Var1");
   EXPECT_EQ(sheet.heading(2), "Own");
   EXPECT_EQ(sheet.lastUsedRow(), 2);
-  EXPECT_FALSE(sheet.changeMade());
-  sheet.undo();
-  EXPECT_EQ(sheet.mtFileName(), "first");
-  EXPECT_TRUE(sheet.changeMade());
-  sheet.redo();
-  EXPECT_EQ(sheet.mtFileName(), "second");
-  sheet.setStandardDecimals(1, true);
-  sheet.restoreVisitStart();
-  EXPECT_EQ(sheet.title(), "User Supplied Data");
-  EXPECT_EQ(sheet.miStdDecDigits(), 3);
-  EXPECT_FALSE(sheet.changeMade() || sheet.undo());
 }
 
 }  // namespace

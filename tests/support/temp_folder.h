@@ -10,8 +10,9 @@ namespace tolmer::test {
 
 class TempFolder {
  public:
-  TempFolder() {
-    name_ = (std::filesystem::temp_directory_path() / "tolmer.XXXXXX").string();
+  explicit TempFolder(
+      const std::filesystem::path& within = std::filesystem::temp_directory_path()) {
+    name_ = (within / "tolmer.XXXXXX").string();
     if (!::mkdtemp(name_.data())) throw std::runtime_error("no temporary folder");
   }
   ~TempFolder() {
