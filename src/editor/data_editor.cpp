@@ -122,6 +122,10 @@ void frmDataEditor::wireControls() {
   spdData.EditDone = [this](CellPosition cell, const std::string& text, bool& bAccepted) {
     spdData_EditDone(cell, text, bAccepted);
   };
+  spdData.EditGivenUp = [this] {
+    refusal_.clear();
+    showStatus();
+  };
   spdData.LeaveCell = [this](CellPosition, CellPosition) {
     refusal_.clear();
     showStatus();
@@ -175,6 +179,8 @@ bool frmDataEditor::Form_KeyDown(const KeyPress& key) {
     desktop().showHelp({.file = "dataedit", .kind = HelpRequest::Kind::contents});
   else if (key.control && !key.shift && key.code == 'S')
     cmdSave_Click();
+  else if (key.code == keys::escape && txtHelp.visible())
+    closeInstructions();
   else
     return false;
   return true;

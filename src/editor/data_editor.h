@@ -127,6 +127,7 @@ class frmDataEditor : public Window, public EditorData {
   // --- data_editor_edit.cpp: blocks, rows, formats
   void command(GridCommand what);
   void copySelection(bool cut);
+  std::string htmlOf(const CopiedBlock& block, const CellAddress& first) const;
   void paste();
   // The text box that has the focus; null where the cells are meant.
   TextBox* focusedText();

@@ -6,6 +6,7 @@
 #include "editor/import_dialog.h"
 #include "editor/instructions.h"
 #include "platform/desktop.h"
+#include "platform/grid/grid_copy.h"
 
 namespace tolmer {
 namespace {
@@ -53,9 +54,23 @@ void frmDataEditor::copyText(TextBox& box, bool cut) {
 
 void frmDataEditor::copySelection(bool cut) {
   if (TextBox* box = focusedText()) return copyText(*box, cut);
-  CopiedBlock block = cut ? sheet_.cut(selectedRange()) : sheet_.copy(selectedRange());
+  const CellRange range = selectedRange();
+  CopiedBlock block = cut ? sheet_.cut(range) : sheet_.copy(range);
+  desktop().setClipboard(
+      {.text = block.exactText, .html = htmlOf(block, range.first), .cells = markOf(++copies_)});
   copied_ = std::move(block.table);
-  desktop().setClipboard({.text = block.exactText, .cells = markOf(++copies_)});
+}
+
+// In the looks that the cells have here.
+std::string frmDataEditor::htmlOf(const CopiedBlock& block, const CellAddress& first) const {
+  Sheet page(block.texts.lastRow() + 1, block.texts.lastColumn() + 1);
+  for (int row = 1; row <= page.rows(); ++row)
+    for (int col = 1; col <= page.cols(); ++col) {
+      Cell& cell = page.at(row, col);
+      cell.style = spdData.sheet().at(first.row + row, first.column + col).style;
+      cell.text = block.texts(row - 1, col - 1);
+    }
+  return copyHtml(page, page.body());
 }
 
 // One line takes the clipboard's lines as one.
@@ -161,7 +176,7 @@ void frmDataEditor::showInstructions(int index) {
   txtHelp.setText(instructions(index));
   txtHelp.setVisible(true);
   cmdClose.setVisible(true);
-  cmdClose.setFocus();
+  txtHelp.setFocus();  // where keys scroll
 }
 
 void frmDataEditor::closeInstructions() {

@@ -9,6 +9,7 @@ namespace tolmer {
 namespace {
 
 constexpr Colour headingGround = Colour::rgb(255, 255, 128);
+constexpr Colour refusalText = Colour::rgb(0xA8, 0x1E, 0x1E);
 constexpr Twips numberWidth = pixels(44);  // of the observations' numbers
 constexpr Twips rowHeight = pixels(20);
 constexpr Twips labelWidth = pixels(110);
@@ -104,6 +105,7 @@ void frmDataEditor::follow(const SheetChange& change) {
   if (change.all || change.title) txtTitle.setText(sheet_.title());
   if (change.all || change.file) showCaption();
   autosave_.changed();
+  refusal_.clear();
   showStatus();
 }
 
@@ -135,6 +137,7 @@ void frmDataEditor::showCaption() {
 void frmDataEditor::showStatus() {
   menu.mnuEditUndo.setEnabled(!sheet_.undoName().empty());
   menu.mnuEditRedo.setEnabled(!sheet_.redoName().empty());
+  lblStatus.setForeColour(refusal_.empty() ? colours::buttonText : refusalText);
   if (!refusal_.empty()) return lblStatus.setCaption(refusal_);
   const CellPosition at = spdData.activeCell();
   if (at.row < 1 || at.col < 1) return lblStatus.setCaption({});

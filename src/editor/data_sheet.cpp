@@ -19,6 +19,13 @@ std::string exactTextOf(const DataCell& cell, const CellValue& value) {
   return exactText(value.number);
 }
 
+std::string shownOrExact(std::string shown, std::string exact) {
+  const NumberReading reading = readNumber(shown);
+  const bool isWhole =
+      reading.kind == NumberReading::Kind::number && reading.number == readNumber(exact).number;
+  return isWhole ? std::move(shown) : std::move(exact);
+}
+
 Int16 withinDecimals(Int16 digits) { return std::clamp(digits, Int16{0}, maxDecimals); }
 
 // A name that comes may be another column's too: formulas still mean the columns they meant.
@@ -142,14 +149,15 @@ CopiedBlock DataSheet::copy(const CellRange& block) const {
   CopiedBlock copied;
   copied.table.copiedFrom = from.first;
   copied.table.cells.resize(from.last.row - from.first.row, from.last.column - from.first.column);
+  copied.texts.resize(from.last.row - from.first.row, from.last.column - from.first.column);
   for (int r = from.first.row; r <= from.last.row; ++r)
     for (int c = from.first.column; c <= from.last.column; ++c) {
       const DataCell& held = cell(r, c);
       copied.table.cells(r - from.first.row, c - from.first.column) = held;
-      const char end = c < from.last.column ? '\t' : '\n';
-      copied.shownText += tabbedCell(shownText(r, c)) + end;
-      copied.exactText +=
-          tabbedCell(r == 0 ? held.text : exactTextOf(held, formulas_.valueOf({r, c}))) + end;
+      std::string exact = r == 0 ? held.text : exactTextOf(held, formulas_.valueOf({r, c}));
+      copied.exactText += tabbedCell(exact) + (c < from.last.column ? '\t' : '\n');
+      copied.texts(r - from.first.row, c - from.first.column) =
+          shownOrExact(shownText(r, c), std::move(exact));
     }
   return copied;
 }

@@ -13,7 +13,8 @@ struct CopiedBlock {
   // For other programs, cells divided by tabs, every row ended by a line feed; a cell with a tab, a
   // line end or a leading quotation mark in quotation marks.
   std::string exactText;  // all digits
-  std::string shownText;  // as on the screen
+  // For a table in a text: as on the screen where that says the whole number, else all digits.
+  Matrix<std::string> texts;
 };
 
 }  // namespace tolmer

@@ -313,7 +313,7 @@ int characterNumber(std::string_view text, std::size_t place) {
 }
 
 Error placedError(std::string_view text, std::size_t place, const std::string& problem) {
-  return {"character " + std::to_string(characterNumber(text, place)), problem};
+  return {"Character " + std::to_string(characterNumber(text, place)), problem};
 }
 
 }  // namespace

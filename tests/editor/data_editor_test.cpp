@@ -41,6 +41,12 @@ TEST_F(DataEditor, RefusesWordsAmongNumbersAndSaysWhy) {
     EXPECT_EQ(shown(1, 1), "");
     EXPECT_THAT(editor.lblStatus.caption(), HasSubstr("much"));
     EXPECT_EQ(desktop.beeps(), 1);
+    go(1, 1);
+    editor.spdData.typeText("more");
+    key(keys::enter);
+    EXPECT_THAT(editor.lblStatus.caption(), HasSubstr("more"));
+    key(keys::escape);
+    EXPECT_EQ(editor.lblStatus.caption(), "B1 = Var1, Obs 1") << "there is nothing to mend now";
     click("cmdCancel");
   });
   EXPECT_TRUE(editor.UserCancel());
@@ -160,12 +166,27 @@ TEST_F(DataEditor, KeysOfTheGridAndOfTheWindow) {
   });
 }
 
+TEST_F(DataEditor, InstructionsCoverTheGridUntilTheyAreClosed) {
+  visit([&] {
+    for (const bool byKey : {true, false}) {
+      choose("Help/Instructions/Bringing Text Files into Editor");
+      EXPECT_TRUE(editor.txtHelp.visible());
+      EXPECT_EQ(editor.focus(), &editor.txtHelp) << "keys scroll there";
+      byKey ? key(keys::escape) : click("cmdClose");
+      EXPECT_FALSE(editor.txtHelp.visible());
+      EXPECT_EQ(editor.focus(), &editor.spdData);
+    }
+    click("cmdCancel");
+  });
+}
+
 TEST_F(DataEditor, CopiesFormulasHereAndNumbersElsewhere) {
   visit([&] {
     fill({{"1", "=B1*2"}, {"2"}});
     mark(1, 2, 1, 2);
     choose("Edit/Copy");
     EXPECT_EQ(desktop.clipboard().text, "2\n");
+    EXPECT_THAT(desktop.clipboard().html, HasSubstr(">2.000</td>"));
     editor.spdData.press({3, 3});
     choose("Edit/Paste");
     EXPECT_EQ(shown(2, 2), "4.000");

@@ -205,7 +205,10 @@ TEST(DataSheetTest, CopiesExactlyAndFillsWithFormulas) {
   sheet.enter(2, 1, "=B1/0");
   const CopiedBlock copied = sheet.copy(block(1, 0, 2, 1));
   EXPECT_EQ(copied.exactText, "5\" pipe\t0.30000000000000004\n\"\"\"q\"\"\"\t#DIV/0!\n");
-  EXPECT_EQ(copied.shownText, "5\" pipe\t0.300\n\"\"\"q\"\"\"\t#DIV/0!\n");
+  EXPECT_EQ(copied.texts(0, 1), "0.30000000000000004");
+  EXPECT_EQ(copied.texts(1, 1), "#DIV/0!");
+  sheet.enter(1, 1, "0.5");
+  EXPECT_EQ(sheet.copy(at(1, 1)).texts(0, 0), "0.500") << "nothing is lost by the screen's digits";
 
   sheet.enter(1, 2, "=B1+$B$1");
   sheet.paste(block(2, 2, 4, 2), sheet.copy(at(1, 2)).table);

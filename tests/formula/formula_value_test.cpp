@@ -253,7 +253,7 @@ TEST(FormulaText, ProblemsSayWhereAndWhat) {
   for (const Refusal& refusal : refusals) {
     const Result<Formula> formula = parseFormula(refusal.formula, names, 1);
     ASSERT_FALSE(formula) << refusal.formula;
-    EXPECT_EQ(formula.error().where, "character " + refusal.place) << refusal.formula;
+    EXPECT_EQ(formula.error().where, "Character " + refusal.place) << refusal.formula;
     EXPECT_THAT(formula.error().text, testing::HasSubstr(refusal.part)) << refusal.formula;
     const FormulaValue value = evaluate(compileFormula(refusal.formula, names, 1), SmallSheet(), 1);
     EXPECT_EQ(shown(value), refusal.shown) << refusal.formula;

@@ -36,7 +36,8 @@ TEST(GridCopyTest, HtmlCarriesHeadingsAlignmentAndMarks) {
   EXPECT_EQ(copyHtml(sheet, sheet.body()),
             "<table border=\"1\" cellspacing=\"0\" cellpadding=\"3\">\n"
             "<tr><th align=\"left\">P &lt;</th><td align=\"left\">A&amp;B</td></tr>\n"
-            "<tr><td align=\"right\" bgcolor=\"#00ffff\">0.003</td><td align=\"left\"></td></tr>\n"
+            "<tr><td align=\"right\" sdval=\"0.003\" sdnum=\"1033;\" "
+            "bgcolor=\"#00ffff\">0.003</td><td align=\"left\"></td></tr>\n"
             "</table>\n");
 }
 

@@ -70,7 +70,10 @@ TEST_F(GridEditTest, TypingReplacesOrExtendsAndF2OpensTheContentItself) {
   put({1, 1}, "12");
   grid.typeText("7");
   EXPECT_EQ(grid.editText(), "7");
+  int givenUp = 0;
+  grid.EditGivenUp = [&] { ++givenUp; };
   EXPECT_TRUE(key(keys::escape));
+  EXPECT_EQ(givenUp, 1);
   EXPECT_FALSE(grid.editMode());
   EXPECT_EQ(grid.text(1, 1), "12.0");
   grid.setEditModeReplace(false);

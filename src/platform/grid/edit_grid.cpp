@@ -170,6 +170,7 @@ bool EditGrid::pressKey(const KeyPress& key) {
 bool EditGrid::pressEditKey(const KeyPress& key) {
   if (key.code == keys::escape) {
     cancelEdit();
+    raise(EditGivenUp);
     return true;
   }
   if (key.code == keys::f2) {

@@ -62,6 +62,8 @@ class EditGrid : public Grid {
   // The text typed for the cell; taken where the argument is set True. Unchanged text is not asked
   // for.
   Event<CellPosition, const std::string&, bool&> EditDone;
+  // The user has given up the open edit; the cell keeps what it had.
+  Event<> EditGivenUp;
   // The active cell has changed from the first to the second.
   Event<CellPosition, CellPosition> LeaveCell;
   Event<GridCommand> Command;

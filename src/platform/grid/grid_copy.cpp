@@ -1,5 +1,7 @@
 #include "platform/grid/grid_copy.h"
 
+#include <charconv>
+#include <cmath>
 #include <string_view>
 
 #include "base/markup_text.h"
@@ -30,9 +32,24 @@ std::string htmlLines(std::string_view text) {
   return html;
 }
 
+bool isPlainNumber(std::string_view text) {
+  double number = 0;
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+  return read.ec == std::errc() && read.ptr == text.data() + text.size() && std::isfinite(number);
+}
+
+// LibreOffice Calc takes the number from here, and that it is in the writing of the United States
+// (language 1033). The cell's text it reads in the writing of its own country, where 1.234 may be
+// more than a thousand.
+std::string numberMark(const Cell& cell) {
+  if (cell.style.heading || cell.style.align == Align::left || !isPlainNumber(cell.text)) return {};
+  return " sdval=\"" + cell.text + "\" sdnum=\"1033;\"";
+}
+
 std::string htmlCell(const Cell& cell) {
   const std::string tag = cell.style.heading ? "th" : "td";
-  std::string html = '<' + tag + " align=\"" + std::string(alignName(cell.style.align)) + '"';
+  std::string html =
+      '<' + tag + " align=\"" + std::string(alignName(cell.style.align)) + '"' + numberMark(cell);
   if (const std::string back = paperColour(cell.style.back); !back.empty())
     html += " bgcolor=\"" + back + '"';
   return html + '>' + htmlLines(cell.text) + "</" + tag + '>';

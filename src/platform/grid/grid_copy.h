@@ -13,7 +13,8 @@ namespace tolmer {
 // read and write it. The block must lie in the sheet.
 std::string copyText(const Sheet& sheet, const CellBlock& block);
 
-// The same as a table for word processors, with alignment, headings and coloured backgrounds.
+// The same as a table for word processors, with alignment, headings and coloured backgrounds;
+// numbers are marked so that spreadsheets read them alike in every country.
 std::string copyHtml(const Sheet& sheet, const CellBlock& block);
 
 // All cells but the headings beside them, both ways.
