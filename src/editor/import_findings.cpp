@@ -11,6 +11,8 @@ namespace {
 const std::string stop = "Do not bring the text in";
 const std::string leaveEmpty = "Leave those cells empty";
 
+constexpr int markIsPoint = 0;
+constexpr int markIsComma = 1;
 constexpr int blankGroupsEmpty = 1;
 constexpr int percentDivided = 1;
 constexpr int percentEmpty = 2;
@@ -81,16 +83,19 @@ void ImportFindings::findDecimalMark() {
       notes_.push_back("The decimal mark is the point; commas between thousands were taken out.");
   } else if (comma.count == 0) {
     decimalMark_ = '.';
-    if (const Sighting point = of(Marks::eitherPoint); point.count)
-      notes_.push_back("The decimal mark is the point, also in " +
-                       quotation(field(point.row, point.column)) + ".");
+    // Three decimals throughout are usual; thousands in the writing of other countries look alike.
+    if (of(Marks::eitherPoint).count) askDecimalMark(of(Marks::eitherPoint), markIsPoint);
   } else {
     const bool onlyComma = of(Marks::comma).count && !of(Marks::point).count;
-    const auto chosen =
-        ask(ImportDoubt::decimalMark, "What is the decimal mark in " + seenAt(comma) + "?",
-            {"Point", "Comma"}, onlyComma ? std::optional(1) : std::nullopt);
-    if (chosen) decimalMark_ = *chosen == 0 ? '.' : ',';
+    askDecimalMark(comma, onlyComma ? std::optional(markIsComma) : std::nullopt);
   }
+}
+
+void ImportFindings::askDecimalMark(const Sighting& seen, std::optional<int> preset) {
+  const auto chosen =
+      ask(ImportDoubt::decimalMark, "What is the decimal mark in " + seenAt(seen) + "?",
+          {"Point", "Comma"}, preset);
+  if (chosen) decimalMark_ = *chosen == markIsPoint ? '.' : ',';
 }
 
 void ImportFindings::findSigns() {

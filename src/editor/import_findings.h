@@ -66,6 +66,7 @@ class ImportFindings {
   std::optional<Error> findRoom() const;
   void findShortRows();
   void findDecimalMark();
+  void askDecimalMark(const Sighting& seen, std::optional<int> preset);
   void findSigns();
   void findMissingAndWords();
 

@@ -23,6 +23,16 @@ std::string separatorName(char separator) {
   }
 }
 
+// Blank lines apart.
+bool hasInEveryLine(std::string_view text, char separator) {
+  while (!text.empty()) {
+    const std::string_view line = text.substr(0, text.find_first_of("\r\n"));
+    if (!line.empty() && line.find(separator) == line.npos) return false;
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+  }
+  return true;
+}
+
 bool isYear(std::string_view field) {
   return field.size() == 4 && (field[0] == '1' || field[0] == '2') &&
          std::all_of(field.begin(), field.end(), [](char c) { return c >= '0' && c <= '9'; });
@@ -66,7 +76,8 @@ std::optional<char> ImportFindings::separatorOfClipboard(const std::string& text
   const auto lastLine = text.find_last_not_of("\r\n");
   if (lastLine == std::string::npos || text.find_first_of("\r\n") > lastLine) return noSeparator;
   const auto even = evenSeparators(text, target_.origin);
-  if (even.empty()) return noSeparator;
+  if (even.empty())
+    return hasInEveryLine(text, ';') ? askSeparator({';'}, std::nullopt) : noSeparator;
   const bool clear = even.size() == 1 && even[0] != ' ' &&
                      !(even[0] == ',' && couldBeDecimals(text, target_.origin));
   return askSeparator(even, clear ? std::optional(0) : std::nullopt);

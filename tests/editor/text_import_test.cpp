@@ -73,7 +73,6 @@ TEST(TextImport, pastedBlocksLandAsTheyLook) {
        {},
        "|-5 7@1,1"},
       {"1,234.5\t2\n", "", {}, "|1234.5 2@1,1"},
-      {"1.234\t2\n", "", {}, "|1.234 2@1,1"},
       {"\"1\"\t\"2\"\n", "", {}, "|1 2@1,1"},
       // Names above numbers.
       {"a\tb\n1\t2\n", "place=0", {}, "[a][b]|1 2@1,1"},
@@ -92,6 +91,8 @@ TEST(TextImport, pastedBlocksLandAsTheyLook) {
       {"1,234\t999\n", "decimal", {{decimalMark, 1}}, "|1.234 999@1,1"},
       {"1,234\t999\n", "decimal", {{decimalMark, 0}}, "|1234 999@1,1"},
       {"1.234\t1,234\n", "decimal", {{decimalMark, 1}}, "|1234 1.234@1,1"},
+      {"1.234\t2\n", "decimal=0", {}, "|1.234 2@1,1"},
+      {"1.234\t2\n", "decimal=0", {{decimalMark, 1}}, "|1234 2@1,1"},
       // Signs, blanks, missing values, words.
       {"12 345\t1\n", "blanks", {{blankGroups, 0}}, "|12345 1@1,1"},
       {"12%\t1\n", "percent", {{percent, 1}}, "|0.12 1@1,1"},
@@ -106,6 +107,7 @@ TEST(TextImport, pastedBlocksLandAsTheyLook) {
       {"2\n=A1+1\n3\n", "words", {{words, 0}}, "|2||3@1,1"},
       // No tab at all.
       {"1;2\n3;4\n", "separator=0", {}, "|1 2|3 4@1,1"},
+      {"1;2\n3;4;5\n", "separator", {{separator, 0}, {shortRows, 0}}, "|1 2 |3 4 5@1,1"},
       {"1,5\n2,5\n", "separator", {{separator, 0}}, "|1 5|2 5@1,1"},
       {"1,5\n2,5\n", "separator", {{separator, 1}, {decimalMark, 1}}, "|1.5|2.5@1,1"},
       {"1  2\n 3 4 \n", "separator", {{separator, 0}}, "|1 2|3 4@1,1"},
