@@ -2,6 +2,8 @@
 
 #include <QDir>
 #include <QFileDialog>
+#include <QHeaderView>
+#include <QTreeView>
 #include <algorithm>
 
 #include "platform/qt/convert.h"
@@ -37,6 +39,15 @@ void followKind(QFileDialog& window, const FileQuestion& question, const QString
   window.setDefaultSuffix(extensions.empty() ? QString() : toQt(extensions.front()));
 }
 
+// By itself the list cuts sizes and dates short beside a wide column of names.
+void showWholeColumns(QFileDialog& window) {
+  const auto* list = window.findChild<QTreeView*>("treeView");
+  if (!list) return;
+  list->header()->setStretchLastSection(false);
+  list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
+  list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
+}
+
 void prepare(QFileDialog& window, const FileQuestion& question, FileUse use) {
   window.setWindowModality(Qt::ApplicationModal);
   window.setOption(QFileDialog::DontUseNativeDialog);
@@ -49,6 +60,7 @@ void prepare(QFileDialog& window, const FileQuestion& question, FileUse use) {
     QObject::connect(&window, &QFileDialog::filterSelected, &window,
                      [&window, &question, filters] { followKind(window, question, filters); });
   }
+  showWholeColumns(window);
   if (QDir(toQt(question.folder)).exists()) window.setDirectory(toQt(question.folder));
   if (!question.name.empty()) window.selectFile(toQt(question.name));
 }

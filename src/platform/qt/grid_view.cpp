@@ -38,8 +38,11 @@ int scrolledTo(const GridAxis& axis, int index, int value, int viewport) {
   if (index <= axis.frozen()) return value;
   const int room = viewport - axis.frozenEnd();
   const int begin = axis.start(index) - axis.frozenEnd();
-  const int end = begin + axis.size(index) + 1;
-  return std::min(std::max(value, end - room), begin);
+  const int least = begin + axis.size(index) + 1 - room;
+  if (least <= value) return std::min(value, begin);
+  // Scrolled on, what follows the frozen part is whole: the end of a number looks like a number.
+  const int first = axis.at(axis.frozenEnd() + least - 1) + 1;
+  return std::min(axis.start(first) - axis.frozenEnd(), begin);
 }
 
 // The pixels that the rows (columns) from one to the other take on the screen, the frame on their

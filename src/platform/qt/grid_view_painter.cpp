@@ -47,6 +47,11 @@ bool isAscii(const std::string& text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c <= '~'; });
 }
 
+bool isNumber(const std::string& text) {
+  return text.find_first_not_of("0123456789.+-eE") == std::string::npos &&
+         text.find_first_of("0123456789") != std::string::npos;
+}
+
 struct MeasuredRun {
   QGlyphRun run;
   double length;
@@ -134,10 +139,19 @@ class CellPainter {
       if (length <= room)
         return painter_.drawGlyphRun({textStart(place, content, length), baseLine}, run);
     }
-    const QString text = font.metrics.elidedText(toQt(content.text), Qt::ElideRight, room);
+    const QString text = shortened(content, font, room);
     const double length = std::min(font.metrics.horizontalAdvance(text), room);
     painter_.setFont(font.font);
     painter_.drawText(QPointF(textStart(place, content, length), baseLine), text);
+  }
+
+  // A number without its last digits would look like another one.
+  static QString shortened(const Cell& content, const CellFont& font, double room) {
+    const bool isFigure =
+        !content.style.heading && content.style.align == Align::right && isNumber(content.text);
+    if (!isFigure) return font.metrics.elidedText(toQt(content.text), Qt::ElideRight, room);
+    const double width = font.metrics.horizontalAdvance('#');
+    return QString(std::max(static_cast<int>(room / width), 1), '#');
   }
 
   static double textStart(const QRect& place, const Cell& content, double length) {
