@@ -1,41 +1,10 @@
 // The data editor as its host sets it up, and what its buttons and boxes do under mouse and keys.
-#include <gtest/gtest.h>
-
-#include "editor/data_editor.h"
-#include "support/headless_user.h"
-#include "support/script.h"
-#include "support/temp_folder.h"
+#include "editor/editor_visit.h"
 
 namespace tolmer::test {
 namespace {
 
-constexpr Colour lit = Colour::rgb(255, 255, 128);
-
-class DataEditorHost : public testing::Test {
- protected:
-  void visit(const std::function<void()>& actions) {
-    script.window("frmDataEditor", actions);
-    editor.ShowDataEditor();
-    script.finish();
-  }
-  void fill(const std::vector<std::vector<std::string>>& rows) {
-    for (std::size_t i = 0; i < rows.size(); ++i)
-      for (std::size_t j = 0; j < rows[i].size(); ++j)
-        EXPECT_TRUE(
-            editor.spdData.enter({static_cast<int>(i) + 2, static_cast<int>(j) + 2}, rows[i][j]));
-  }
-  void leave(Button& button) {
-    script.box("Data Changed", "There is unsaved data in the Data Editor. Do you want to save it?",
-               Answer::no);
-    button.click();
-  }
-
-  TempFolder folder;
-  HeadlessDesktop desktop;
-  HeadlessUser user{desktop};
-  Script script{desktop};
-  frmDataEditor editor{desktop, {folder.path() + "/tolmod", ""}};
-};
+class DataEditorHost : public EditorVisit {};
 
 // The third of four variables is one of two values.
 TEST_F(DataEditorHost, FourVariablesHaveABinaryOneThatIsChecked) {
@@ -63,7 +32,8 @@ TEST_F(DataEditorHost, FourVariablesHaveABinaryOneThatIsChecked) {
     script.box("Binary Variable Error", "You have only one 6 in your data");
     editor.cmdOK.click();
     fill({{"1", "3", "5"}, {"2", "4", "5"}, {"4", "8", "6"}, {"5", "7", "6"}, {"6", "9", "6"}});
-    leave(editor.cmdOK);
+    script.box(saveFirst, Answer::no);
+    editor.cmdOK.click();
   });
   EXPECT_EQ(editor.CompleteObservations(), 5);
   EXPECT_EQ(editor.DataValue(3, 5), 6);
@@ -82,11 +52,11 @@ TEST_F(DataEditorHost, AColourFollowsTheMouseAndFades) {
     desktop.advance(600);
     raise(editor.cmdSave.MouseMove);
     EXPECT_EQ(editor.cmdOpen.backColour(), colours::buttonFace);
-    EXPECT_EQ(editor.cmdSave.backColour(), lit);
+    EXPECT_TRUE(isLit(editor.cmdSave));
     EXPECT_EQ(editor.cmdSave.foreColour(), colours::black);
     desktop.advance(1000);
     EXPECT_EQ(editor.cmdSave.backColour(), colours::buttonFace);
-    editor.cmdCancel.click();
+    cancel();
   });
 }
 
@@ -94,16 +64,13 @@ TEST_F(DataEditorHost, AColourFollowsTheMouseAndFades) {
 TEST_F(DataEditorHost, SaveFlashesBeforeTheButtonThatLeaves) {
   visit([&] {
     fill({{"1", "2"}, {"3", "5"}, {"4", "4"}});
-    desktop.onSaveFile = [&](const FileQuestion&) { return folder.file("mine.zmm"); };
-    script.box("Data Changed", "There is unsaved data in the Data Editor. Do you want to save it?",
-               Answer::yes);
+    savesAs(folder.file("mine.zmm"));
+    script.box(saveFirst, Answer::yes);
     editor.cmdOK.click();
     std::string seen;
     for (int tenths = 0; editor.visible(); ++tenths) {
       ASSERT_LT(tenths, 30);
-      const char now = editor.cmdSave.backColour() == lit ? 'S'
-                       : editor.cmdOK.backColour() == lit ? 'O'
-                                                          : '-';
+      const char now = isLit(editor.cmdSave) ? 'S' : isLit(editor.cmdOK) ? 'O' : '-';
       if (seen.empty() || seen.back() != now) seen += now;
       raise(editor.cmdOpen.MouseMove);
       desktop.advance(100);
@@ -127,7 +94,7 @@ TEST_F(DataEditorHost, TheClipboardServesTheMarkedPartOfTheTitle) {
     EXPECT_EQ(editor.txtTitle.text(), "Prices and rents in K\xC3\xB6ln");
     EXPECT_EQ(editor.txtTitle.marked().first, 16U);
     EXPECT_EQ(editor.spdData.text(2, 2), "");
-    leave(editor.cmdCancel);
+    cancel();
   });
 }
 
