@@ -4,7 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "notebook/object_file.h"
-#include "notebook/sample_book.h"
+#include "support/sample_book.h"
 
 namespace tolmer {
 namespace {

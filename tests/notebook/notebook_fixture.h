@@ -10,8 +10,8 @@
 #include "notebook/notebook.h"
 #include "notebook/notebook_window.h"
 #include "notebook/object_file.h"
-#include "notebook/sample_book.h"
 #include "support/headless_user.h"
+#include "support/sample_book.h"
 #include "support/script.h"
 #include "support/temp_folder.h"
 

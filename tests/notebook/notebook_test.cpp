@@ -5,8 +5,8 @@
 
 #include <stdexcept>
 
-#include "notebook/sample_book.h"
 #include "platform/headless/headless_desktop.h"
+#include "support/sample_book.h"
 
 namespace tolmer {
 namespace {

@@ -4,11 +4,13 @@
 #include <gtest/gtest.h>
 
 #include "notebook/book_check.h"
-#include "notebook/sample_book.h"
+#include "notebook/full_book.h"
+#include "support/sample_book.h"
 
 namespace tolmer {
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -57,97 +59,73 @@ TEST(ObjectFile, isReadInTheOrderOfItsGrammar) {
 
 TEST(ObjectFile, everyCutIsAnErrorThatNamesFileAndLine) {
   const std::string whole = objectFileText(test::sampleBook());
+  int line = 1;
   // Without its last line end the file is still complete.
   for (std::size_t length = 0; length + 2 < whole.size(); ++length) {
-    const std::string message = errorOf(whole.substr(0, length));
-    ASSERT_THAT(message, StartsWith("b.nbo:")) << length;
+    if (length > 0 && whole[length - 1] == '\r') ++line;
+    ASSERT_THAT(errorOf(whole.substr(0, length)),
+                StartsWith("b.nbo:" + std::to_string(line) + ":"));
   }
 }
 
-// Every field in turn replaced: by a text, by numbers that point somewhere else. Whatever is
-// accepted must still hold together.
+// Every number and boolean in turn replaced: by a text, which is told by line and field, and by
+// numbers that point somewhere else. Whatever is accepted must still hold together.
 TEST(ObjectFile, noReplacedFieldLeadsOutOfBounds) {
   const std::string whole = objectFileText(test::sampleBook());
-  int refused = 0;
-  for (std::size_t start = 0; start < whole.size();) {
-    const std::size_t end = whole.find_first_of(",\r", start);
-    const bool isNumber = whole[start] != '"' && whole[start] != '#' && end > start;
+  int refused = 0, line = 1, field = 1;
+  for (std::size_t start = 0; start < whole.size(); ++field) {
+    const bool isText = whole[start] == '"';
+    const auto end = whole.find_first_of(",\r", isText ? whole.find('"', start + 1) : start);
     for (const char* other : {"x", "32767", "-32768", "0", "-1", "3"}) {
-      if (!isNumber) break;
+      if (isText) break;
       const auto book = read(whole.substr(0, start) + other + whole.substr(end));
-      if (book)
-        ASSERT_TRUE(checkBook(*book).empty()) << "at byte " << start << ": " << other;
-      else
-        ++refused;
-      ASSERT_FALSE(book && other[0] == 'x') << "at byte " << start;
+      refused += !book;
+      const std::string where =
+          "b.nbo:" + std::to_string(line) + ": field " + std::to_string(field) + ": ";
+      ASSERT_TRUE(!book || checkBook(*book).empty()) << where << other;
+      if (other[0] != 'x') continue;
+      ASSERT_THAT(book ? "no error" : book.error().message(),
+                  AllOf(StartsWith(where), HasSubstr("\"x\"")));
     }
+    if (whole[end] == '\r') ++line;
     start = whole.find_first_not_of(",\r\n", end);
   }
   EXPECT_GT(refused, 300);
 }
 
-// One row for each table: how many it may have, and a record that is right in a book which has at
-// least one page, scenario and database.
-struct TableCase {
-  std::string noun;
-  int bound;
-  std::string record;
-};
-
-std::string strings(int count) {
-  std::string text;
-  for (int i = 0; i < count; ++i) text += i ? ",\"\"" : "\"\"";
-  return text;
-}
-
-const std::vector<TableCase>& tableCases() {
-  static const std::vector<TableCase> cases = {{"section", 8, "s,1,1"},
-                                               {"page", 30, "1,0,0,0,0"},
-                                               {"scenario", 50, strings(172)},
-                                               {"database", 200, ",,1,,,,,0,0"},
-                                               {"text element", 200, "t,0,0"},
-                                               {"heading element", 30, "h"},
-                                               {"jump element", 40, "j,0,0,1,1"},
-                                               {"scenario element", 20, "1,1,0"},
-                                               {"outline element", 8, "1,0,0,0,0,0,1,1"},
-                                               {"bitmap element", 8, "b"},
-                                               {"check element", 20, "c,0,0,0"},
-                                               {"version element", 20, "v,0,0,0"},
-                                               {"page element", 450, "7,0,0"}};
-  return cases;
-}
-
-// A file in which table `full` has `rows` rows and every other table one.
-std::string fileWithTable(std::size_t full, int rows) {
-  std::string file = "title\nchapter\n";
-  for (std::size_t t = 0; t < tableCases().size(); ++t) {
-    const int count = t == full ? rows : 1;
-    file += std::to_string(count) + "\n";
-    for (int i = 0; i < count; ++i) file += tableCases()[t].record + "\n";
-    if (t == 2) file += strings(172) + "\n";
-    if (t == 3) file += strings(12) + "\n";
-  }
-  return file;
-}
-
+// A full book is read; one row more than a table may have is refused where the rows are counted.
 TEST(ObjectFile, everyTableTakesItsBoundAndNotOneMore) {
-  for (std::size_t t = 0; t < tableCases().size(); ++t) {
-    const auto& [noun, bound, record] = tableCases()[t];
-    EXPECT_EQ(errorOf(fileWithTable(t, bound)), "no error") << noun;
-    EXPECT_THAT(errorOf(fileWithTable(t, bound + 1)),
-                HasSubstr(": " + std::to_string(bound + 1) + " " + noun + "s, from 0 to " +
-                          std::to_string(bound) + " are possible"));
-    EXPECT_THAT(errorOf(fileWithTable(t, -1)), HasSubstr("-1 " + noun + "s"));
+  const std::string full = objectFileText(test::fullBook());
+  EXPECT_EQ(errorOf(full), "no error");
+  struct Table {
+    std::string noun;
+    int bound, defaults = 0;  // a line for each row and default
+  };
+  const Table tables[] = {{"section", 8},         {"page", 30},
+                          {"scenario", 50, 1},    {"database", 200, 2},
+                          {"text element", 200},  {"heading element", 30},
+                          {"jump element", 40},   {"scenario element", 20},
+                          {"outline element", 8}, {"bitmap element", 8},
+                          {"check element", 20},  {"version element", 20},
+                          {"page element", 450}};
+  std::size_t count = full.find("\n", full.find("\n") + 1) + 1;  // behind title and chapter
+  for (const auto& [noun, bound, defaults] : tables) {
+    const std::string number = std::to_string(bound);
+    ASSERT_EQ(full.substr(count, number.size() + 1), number + "\r") << noun;
+    for (const std::string& rows : {std::to_string(bound + 1), std::string("-1")})
+      EXPECT_THAT(errorOf(std::string(full).replace(count, number.size(), rows)),
+                  HasSubstr(": " + rows + " " + noun + "s, from 0 to " + number + " are possible"));
+    for (int line = 0; line <= bound + defaults; ++line) count = full.find("\n", count) + 1;
   }
 }
 
 TEST(ObjectFile, outlinesHaveOneOrTwoEntries) {
-  for (const char* entries : {"0", "3", "-1"}) {
-    std::string file = fileWithTable(0, 1);
-    const std::string record = tableCases()[8].record;
-    file.replace(file.find("1\n" + record) + 2, 1, entries);
-    EXPECT_THAT(errorOf(file), HasSubstr("outlines, from 1 to 2 are possible")) << entries;
-  }
+  const std::string file = objectFileText(test::sampleBook());
+  const auto entries = file.find("\r\n1\r\n2,") + 5;  // of the one outline element
+  for (const char* number : {"0", "3", "-1"})
+    EXPECT_THAT(errorOf(std::string(file).replace(entries, 1, number)),
+                HasSubstr("outlines, from 1 to 2 are possible"))
+        << number;
 }
 
 }  // namespace

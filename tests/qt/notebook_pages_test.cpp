@@ -10,6 +10,7 @@
 #include "notebook/notebook_window.h"
 #include "notebook/object_file.h"
 #include "support/qt_user.h"
+#include "support/sample_book.h"
 #include "support/temp_folder.h"
 
 namespace tolmer::test {
@@ -17,45 +18,20 @@ namespace {
 
 using K = ElementKind;
 
-void addPage(Book& book, PageRecord page, const std::vector<PageElement>& elements) {
-  page.iFirstElement = static_cast<Int16>(book.uPageElement.count() + 1);
-  page.iNumElements = static_cast<Int16>(elements.size());
-  for (const PageElement& element : elements) book.uPageElement.add(element);
-  book.uPage.add(page);
-}
-
 // A page of jumps, one on which a list stands between a check and a jump, one with an outline.
 Book bookOfThreePages() {
-  Book book;
-  book.tTitle = "Keys";
-  book.tChapter = "Ch. 99 Keys";
-  book.uSection.add({"One", 1, 3});
-  book.uSection.add({"Two", 3, 1});
-  for (const char* name : {"alpha", "beta"}) {
-    Scenario scenario;
-    scenario.tName = name;
-    book.uScenario.add(scenario);
-  }
-  for (const auto& [name, level] : {std::pair("Group", Int16{1}), {"First", Int16{2}}}) {
-    Database row;
-    row.tName = name;
-    row.iLevel = level;
-    row.tDataFileName = level == 1 ? groupMark : "first";
-    book.uDatabase.add(row);
-  }
-  for (const char* text : {"One text", "Another text"}) book.uText.add({text, false, 0});
-  book.uJump.add({"To the second page", false, 0, 0, 2});
-  book.uJump.add({"To the third page", false, 0, 1, 3});
-  book.uScenarioElement.add({2, 1, 1});
-  book.uCheck.add({"Read it?", false, 0, 0});
-  OutlineElement outline;
-  outline.iNumOutlines = 1;
-  outline.uEntry[1] = {0, 1, 0, 1, 2};
-  book.uOutline.add(outline);
+  Book book = sampleBook();
+  book.uSection[1] = {"One", 1, 3};
+  book.uSection[2] = {"Two", 3, 1};
+  book.uJump[1] = {"To the second page", false, 0, 0, 2};
+  book.uJump[2] = {"To the third page", false, 0, 1, 3};
+  book.uOutline[1].iNumOutlines = 1;
+  book.uPage.resize(0);
+  book.uPageElement.resize(0);
   addPage(book, {PageType::plain, 0, 0, 0, 0}, {{K::text, 1, 0}, {K::jump, 1, 0}, {K::jump, 2, 0}});
   addPage(book, {PageType::scenario, 0, 0, 1, 0},
           {{K::text, 1, 0}, {K::check, 1, 0}, {K::scenario, 1, 0}, {K::jump, 2, 0}});
-  addPage(book, {PageType::database, 0, 0, 0, 1}, {{K::text, 2, 0}, {K::outline, 1, 0}});
+  addPage(book, {PageType::database, 0, 0, 0, 1}, {{K::text, 1, 0}, {K::outline, 1, 0}});
   return book;
 }
 

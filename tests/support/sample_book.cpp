@@ -1,4 +1,4 @@
-#include "notebook/sample_book.h"
+#include "support/sample_book.h"
 
 #include <utility>
 
@@ -60,14 +60,14 @@ void addElements(Book& book) {
   book.uVersion.add({"Second version", true, 1, 8});
 }
 
+}  // namespace
+
 void addPage(Book& book, PageRecord page, const std::vector<PageElement>& elements) {
   page.iFirstElement = static_cast<Int16>(book.uPageElement.count() + 1);
   page.iNumElements = static_cast<Int16>(elements.size());
   for (const PageElement& element : elements) book.uPageElement.add(element);
   book.uPage.add(page);
 }
-
-}  // namespace
 
 Book sampleBook() {
   Book book;

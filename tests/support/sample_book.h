@@ -1,6 +1,8 @@
 // A small book with every kind of page and element, all its references right.
 #pragma once
 
+#include <vector>
+
 #include "notebook/book.h"
 
 namespace tolmer::test {
@@ -10,5 +12,8 @@ namespace tolmer::test {
 // a second, closed group with one more; page 3 (type 5) two pictures, two checks, two versions and
 // a jump to page 1 of its own section.
 Book sampleBook();
+
+// Adds a page of these elements behind the others.
+void addPage(Book& book, PageRecord page, const std::vector<PageElement>& elements);
 
 }  // namespace tolmer::test
