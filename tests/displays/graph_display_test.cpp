@@ -16,13 +16,13 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::Not;
 
-class GraphDisplayTest : public testing::Test {
+class GraphDisplayTest : public test::DisplayFixture {
  protected:
-  GraphDisplayTest() { test::analyse(state, desktop); }
+  GraphDisplayTest() {
+    state = noisyModel(24, 2);
+    test::analyse(state, desktop);
+  }
 
-  HeadlessDesktop desktop;
-  test::RecordingHost host;
-  AnalysisState state = noisyModel(24, 2);
   frmResidHist display{desktop, state, host};
   Graph& graph = display.gphResidHist;
 };

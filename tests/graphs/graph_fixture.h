@@ -14,6 +14,13 @@
 
 namespace tolmer::test {
 
+class DisplayFixture : public testing::Test {
+ protected:
+  HeadlessDesktop desktop;
+  RecordingHost host;
+  AnalysisState state;
+};
+
 inline void analyse(AnalysisState& state, HeadlessDesktop& desktop) {
   RedimAnalysisArrays(state);
   ComputeStatistics(state, desktop);

@@ -12,7 +12,7 @@ using test::all;
 using testing::ElementsAre;
 using testing::SizeIs;
 
-class NormalityPlot : public testing::Test {
+class NormalityPlot : public test::DisplayFixture {
  protected:
   NormalityPlot() { test::setInnerSize(plot, 480, 280); }
   void draw(const std::vector<float>& sorted, float standardError) {
@@ -20,9 +20,6 @@ class NormalityPlot : public testing::Test {
     plot.UpdateDisplay();
   }
 
-  HeadlessDesktop desktop;
-  test::RecordingHost host;
-  AnalysisState state;
   frmProbPlot plot{desktop, state, host};
   Graph& graph = plot.gphProbPlot;
 };

@@ -8,7 +8,6 @@
 
 #include "graphs/graph_fixture.h"
 #include "graphs/standardized_histogram.h"
-#include "support/graph_pictures.h"
 
 namespace tolmer {
 namespace {
@@ -20,7 +19,7 @@ using testing::HasSubstr;
 using testing::SizeIs;
 
 // Ten residuals from -4 to 6 in four classes, and a standard error of 3.
-class TenResiduals : public testing::Test {
+class TenResiduals : public test::DisplayFixture {
  protected:
   TenResiduals() {
     test::setResiduals(state, {-4, -3, -2, -1, -1, 0, 1, 2, 2, 6}, 3);
@@ -33,9 +32,6 @@ class TenResiduals : public testing::Test {
     test::setInnerSize(standardized, 480, 280);
   }
 
-  HeadlessDesktop desktop;
-  test::RecordingHost host;
-  AnalysisState state;
   frmResidHist residuals{desktop, state, host};
   frmStdResidHist standardized{desktop, state, host};
   Graph& gphResid = residuals.gphResidHist;
@@ -140,7 +136,8 @@ TEST_F(TenResiduals, AreToldInWords) {
 }
 
 // Pictures of whole analyses, from 3 cases to 500 and from tiny to huge numbers.
-class AnalysedHistograms : public testing::TestWithParam<std::tuple<int, float>> {
+class AnalysedHistograms : public test::DisplayFixture,
+                           public testing::WithParamInterface<std::tuple<int, float>> {
  protected:
   AnalysedHistograms() {
     const auto [cases, scale] = GetParam();
@@ -148,9 +145,6 @@ class AnalysedHistograms : public testing::TestWithParam<std::tuple<int, float>>
     for (int c = 1; c <= cases; ++c) state.sData(c, 2) *= scale;
     test::analyse(state, desktop);
   }
-  HeadlessDesktop desktop;
-  test::RecordingHost host;
-  AnalysisState state;
 };
 
 void expectBarsInside(const Picture& picture, std::size_t fewest) {

@@ -20,7 +20,7 @@ using testing::SizeIs;
 
 // Scatter plot 1 of a model with K predictors, whose choices K + 1 and K + 2 are the fitted values
 // and the residuals or the order of entry.
-class ScatterPlot : public testing::Test {
+class ScatterPlot : public test::DisplayFixture {
  protected:
   void use(AnalysisState model) {
     state = std::move(model);
@@ -47,9 +47,6 @@ class ScatterPlot : public testing::Test {
     return {};
   }
 
-  HeadlessDesktop desktop;
-  test::RecordingHost host;
-  AnalysisState state;
   frmScatterPlot plot{desktop, state, host, 1};
   Graph& graph = plot.gphScatter;
   const GraphSettings& settings = graph.settings;
@@ -301,13 +298,12 @@ TEST_F(ScatterPlot, DrawsTheChoicesOfThePlotInThePanel) {
 }
 
 // Every pair of axes at every size of window: nothing is cut, covered or lost.
-class AllPairs : public testing::TestWithParam<std::tuple<bool, float>> {};
+class AllPairs : public test::DisplayFixture,
+                 public testing::WithParamInterface<std::tuple<bool, float>> {};
 
 TEST_P(AllPairs, AreReadable) {
   const auto [intercept, scale] = GetParam();
-  HeadlessDesktop desktop;
-  test::RecordingHost host;
-  AnalysisState state = noisyModel(60, 3, intercept);
+  state = noisyModel(60, 3, intercept);
   for (int c = 1; c <= state.iNumCases; ++c) {
     state.sData(c, 1) = static_cast<float>(c % 3 == 0);
     state.sData(c, 4) *= scale;

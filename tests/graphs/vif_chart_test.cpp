@@ -15,7 +15,7 @@ using test::all;
 using testing::ElementsAre;
 using testing::SizeIs;
 
-class VifChart : public testing::Test {
+class VifChart : public test::DisplayFixture {
  protected:
   // The display of a fit with those variance inflation factors.
   void draw(const std::vector<float>& vifs) {
@@ -32,9 +32,6 @@ class VifChart : public testing::Test {
     return lengths;
   }
 
-  HeadlessDesktop desktop;
-  test::RecordingHost host;
-  AnalysisState state;
   frmVIFPlot chart{desktop, state, host};
   Graph& graph = chart.gphVIF;
 };
