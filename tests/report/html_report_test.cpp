@@ -3,9 +3,6 @@
 #include <set>
 
 #include "markup_reader.h"
-#include "platform/graph/graph.h"
-#include "platform/grid/grid.h"
-#include "platform/text_box.h"
 #include "report/html_table.h"
 #include "report_fixture.h"
 
@@ -32,32 +29,6 @@ class HtmlReport : public test::ReportFixture {
   }
 };
 
-// What a section must hold of its display.
-struct TextsOnPage {
-  std::vector<std::string> operator()(const Graph* graph) const {
-    return {graph->accessibleName(), graph->accessibleDescription()};
-  }
-  std::vector<std::string> operator()(const TextBox* box) const {
-    std::vector<std::string> paragraphs;
-    std::string_view text = box->text();
-    while (!text.empty()) {
-      const auto end = std::min(text.find("\r\n"), text.size());
-      std::string line(text.substr(0, end));
-      line.erase(line.find_last_not_of(' ') + 1);
-      if (!line.empty()) paragraphs.push_back(line);
-      text.remove_prefix(std::min(end + 2, text.size()));
-    }
-    return paragraphs;
-  }
-  std::vector<std::string> operator()(const Grid* grid) const {
-    std::vector<std::string> cells;
-    for (int row = 1; row <= grid->maxRows(); ++row)
-      for (int col = 1; col <= grid->maxCols(); ++col)
-        if (!grid->text(row, col).empty()) cells.push_back(grid->text(row, col));
-    return cells;
-  }
-};
-
 // Names as nasty as a file can bring them must neither break the page nor get lost.
 TEST_F(HtmlReport, WellFormedPageHoldsEveryDisplayWhole) {
   const std::string file = write(
@@ -77,7 +48,7 @@ TEST_F(HtmlReport, WellFormedPageHoldsEveryDisplayWhole) {
   for (const ReportedDisplay& display : run->displays()) {
     const Element& section = page.withId(display.name);
     EXPECT_THAT(texts(section),
-                IsSupersetOf(std::visit(TextsOnPage{}, display.window->shownControl())))
+                IsSupersetOf(std::visit(test::TextsOf{}, display.window->shownControl())))
         << display.name;
     const bool isGraph = std::holds_alternative<const Graph*>(display.window->shownControl());
     EXPECT_EQ(section.all("svg").size(), isGraph ? 1U : 0U);

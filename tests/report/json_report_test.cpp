@@ -2,9 +2,6 @@
 
 #include <cmath>
 
-#include "platform/graph/graph.h"
-#include "platform/grid/grid.h"
-#include "platform/text_box.h"
 #include "report_fixture.h"
 
 namespace tolmer {

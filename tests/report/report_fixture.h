@@ -1,30 +1,53 @@
 #pragma once
 
-#include <unistd.h>
-
 #include <filesystem>
 #include <fstream>
 #include <memory>
+#include <sstream>
 
 #include "json_reader.h"
+#include "platform/graph/graph.h"
+#include "platform/grid/grid.h"
+#include "platform/text_box.h"
 #include "report/csv_dataset.h"
 #include "report/model_by_name.h"
 #include "report/report_program.h"
 #include "report/report_run.h"
+#include "support/temp_folder.h"
 
 namespace tolmer::test {
+
+// The texts that a reader must find of a display, none of them empty.
+struct TextsOf {
+  using Texts = std::vector<std::string>;
+  Texts operator()(const Graph* graph) const {
+    return {graph->accessibleName(), graph->accessibleDescription()};
+  }
+  Texts operator()(const TextBox* box) const {
+    Texts paragraphs;
+    std::istringstream lines(box->text());
+    for (std::string line; std::getline(lines, line);) {
+      line.erase(line.find_last_not_of(" \r") + 1);
+      if (!line.empty()) paragraphs.push_back(line);
+    }
+    return paragraphs;
+  }
+  Texts operator()(const Grid* grid) const {
+    Texts cells;
+    for (int row = 1; row <= grid->maxRows(); ++row)
+      for (int col = 1; col <= grid->maxCols(); ++col)
+        if (!grid->text(row, col).empty()) cells.push_back(grid->text(row, col));
+    return cells;
+  }
+};
 
 // A folder with a table of ten flats, and the report program called as from a shell.
 class ReportFixture : public testing::Test {
  public:
   ReportFixture() {
-    folder =
-        std::filesystem::temp_directory_path() / ("tolmer_report_" + std::to_string(::getpid()));
-    std::filesystem::create_directories(folder / "data");
-    std::filesystem::create_directories(folder / "tolmod");
+    for (const char* part : {"data", "tolmod"}) std::filesystem::create_directory(folder / part);
     table = write("flats.csv", flats);
   }
-  ~ReportFixture() override { std::filesystem::remove_all(folder); }
 
  protected:
   std::string write(const std::string& name, std::string_view bytes) const {
@@ -60,7 +83,8 @@ class ReportFixture : public testing::Test {
       "Street,Rent,Size,Age\n"
       "A,700,40,30\nB,820,52,22\nC,1010,75,41\nD,640,38,50\nE,980,70,12\n"
       "F,1240,95,8\nG,560,30,61\nH,900,66,35\nI,1105,80,19\nJ,760,45,27\n";
-  std::filesystem::path folder;
+  const TempFolder temporary;
+  const std::filesystem::path folder = temporary.path();
   std::string table;
 };
 

@@ -2,9 +2,6 @@
 
 #include <sstream>
 
-#include "platform/graph/graph.h"
-#include "platform/grid/grid.h"
-#include "platform/text_box.h"
 #include "report/text_layout.h"
 #include "report_fixture.h"
 
@@ -32,20 +29,6 @@ class TextReport : public test::ReportFixture {
   }
 };
 
-// What must be read of a display.
-struct TextsOf {
-  std::vector<std::string> operator()(const Graph* graph) const {
-    return {graph->accessibleDescription()};
-  }
-  std::vector<std::string> operator()(const TextBox* box) const { return {box->text()}; }
-  std::vector<std::string> operator()(const Grid* grid) const {
-    std::vector<std::string> texts;
-    for (int row = 1; row <= grid->maxRows(); ++row)
-      for (int col = 1; col <= grid->maxCols(); ++col) texts.push_back(grid->text(row, col));
-    return texts;
-  }
-};
-
 TEST_F(TextReport, TellsAllDisplaysInReadingOrder) {
   ReportOptions options;
   options.y = "Rent";
@@ -65,7 +48,7 @@ TEST_F(TextReport, TellsAllDisplaysInReadingOrder) {
                                     "Scatter Plot 1", "Scatter Plot 2", "Scatter Plot 3"));
   const std::string read = words(text);
   for (const ReportedDisplay& display : run->displays())
-    for (const std::string& told : std::visit(TextsOf{}, display.window->shownControl()))
+    for (const std::string& told : std::visit(test::TextsOf{}, display.window->shownControl()))
       EXPECT_THAT(read, HasSubstr(words(told))) << display.name;
 }
 
