@@ -13,11 +13,10 @@
 namespace tolmer {
 namespace {
 
+using test::backOf;
 using test::cementAnalysis;
 using test::rowTexts;
 using testing::ElementsAre;
-
-Colour backOf(const Sheet& sheet, int row, int col) { return sheet.at(row, col).style.back; }
 
 void label(AnalysisState& state) {
   state.bLabeledData = true;

@@ -10,6 +10,7 @@
 namespace tolmer {
 namespace {
 
+using test::backOf;
 using test::bareAnalysis;
 using test::cementAnalysis;
 using test::rowTexts;
@@ -18,8 +19,6 @@ using testing::ElementsAre;
 enum Column { name = 1, estimate, stdError, tValue, pValue, vif, lower, upper };
 
 Sheet sheetOf(const AnalysisState& state) { return coefficientSheet(termEstimates(state)); }
-
-Colour backOf(const Sheet& sheet, int row, int col) { return sheet.at(row, col).style.back; }
 
 // One term for each p, or for each VIF where they are given.
 Sheet sheetWithP(const std::vector<float>& p) {

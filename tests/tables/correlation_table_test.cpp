@@ -12,6 +12,7 @@
 namespace tolmer {
 namespace {
 
+using test::backOf;
 using test::cementAnalysis;
 using test::rowTexts;
 using testing::Each;
@@ -26,8 +27,6 @@ Sheet sheetOf(int variables, float first, float r, int cases = 13) {
   }
   return correlationSheet(numbers);
 }
-
-Colour backOf(const Sheet& sheet, int row, int col) { return sheet.at(row, col).style.back; }
 
 // The figures are those of R 4.2: cor.
 TEST(CorrelationTableTest, Cement) {

@@ -53,4 +53,6 @@ inline std::vector<std::string> rowTexts(const Sheet& sheet, int row) {
   return texts;
 }
 
+inline Colour backOf(const Sheet& sheet, int row, int col) { return sheet.at(row, col).style.back; }
+
 }  // namespace tolmer::test
