@@ -1,8 +1,6 @@
 // A course of a test's own: a root folder with the program's folder and data files in it.
 #pragma once
 
-#include <unistd.h>
-
 #include <array>
 #include <filesystem>
 #include <fstream>
@@ -10,33 +8,26 @@
 #include <string_view>
 
 #include "data/data_sources.h"
+#include "support/temp_folder.h"
 
 namespace tolmer::test {
 
 class CourseFolder {
  public:
   CourseFolder() {
-    static int made = 0;
-    root_ = std::filesystem::temp_directory_path() /
-            ("tolmer_data_" + std::to_string(::getpid()) + "_" + std::to_string(++made));
-    std::filesystem::create_directories(root_ / "data");
-    std::filesystem::create_directories(root_ / "tolmod");
+    for (const char* part : {"data", "tolmod"}) std::filesystem::create_directory(root_.file(part));
   }
-  ~CourseFolder() { std::filesystem::remove_all(root_); }
-  CourseFolder(const CourseFolder&) = delete;
-  CourseFolder& operator=(const CourseFolder&) = delete;
 
   // Returns the host's full name.
   std::string write(const std::string& name, std::string_view bytes) const {
-    const auto path = root_ / "data" / name;
-    std::ofstream(path, std::ios::binary) << bytes;
-    return path.string();
+    std::ofstream(file(name), std::ios::binary) << bytes;
+    return file(name);
   }
-  std::string file(const std::string& name) const { return (root_ / "data" / name).string(); }
-  std::string programFolder() const { return (root_ / "tolmod").string(); }
+  std::string file(const std::string& name) const { return root_.file("data/" + name); }
+  std::string programFolder() const { return root_.file("tolmod"); }
 
  private:
-  std::filesystem::path root_;
+  TempFolder root_;
 };
 
 // Two scenarios as a notebook hands them out: parameters 1 to 7.

@@ -69,12 +69,6 @@ TEST_F(DataFile, FieldsAreCountedWhateverTheLines) {
   EXPECT_THAT(split.otCaseLabel.values(), ElementsAre("", "", ""));
 }
 
-TEST_F(DataFile, ValuesAreRoundedOnceToSingle) {
-  // Halfway between two singles but for its last digit; through a double it would round down.
-  const auto copy = readData("A\n1.00000005960464477540000001\n", 1, 1, false);
-  EXPECT_EQ(copy.osData(1, 1), 1.00000012F);
-}
-
 TEST_F(DataFile, MissingFileLeavesTheEmptySetWithItsIntercept) {
   WorkingCopy copy = sized(2, 1, false);
   copy.mtDataFileName = folder.file("nowhere.csv");
@@ -123,10 +117,6 @@ TEST_F(DataFile, InformationIsTakenLineByLineAsItStands) {
   const auto copy = readInfo(" Rents, 1990\n\"net\" rent, in francs\r\n\nnot read\n", 2);
   EXPECT_TRUE(desktop.boxes().empty());
   EXPECT_THAT(copy.otVarInfo.values(), ElementsAre(" Rents, 1990", "\"net\" rent, in francs", ""));
-}
-
-TEST_F(DataFile, InformationOfAnOlderEncoding) {
-  EXPECT_EQ(readInfo("caf\xE9 \x80\n", 0).otVarInfo(0), "café €");
 }
 
 TEST_F(DataFile, ShortInformationKeepsTheDefinitionsReadSoFar) {

@@ -73,6 +73,12 @@ class DesignerVisits : public ShippedProgram {
     if (upTo(1)) student.chooseModel();
     EXPECT_EQ(state().iModelCol, before);
     if (upTo(3) > 0) designer.cmdOK.click();
+    if (designer.visible()) {
+      EXPECT_EQ(state().iModelCol, before) << "refused or not yet told";
+    } else if (state().bModelHasChanged) {
+      EXPECT_EQ(state().iModelCol[1], designer.workingCopy().miDepVarCol);
+      EXPECT_LE(state().iNumPredictors, state().iNumCases - 2) << "what the cases allow";
+    }
     // Cancel may lead through the editor back to the designer.
     while (designer.visible()) designer.cmdCancel.click();
   }

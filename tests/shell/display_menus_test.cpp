@@ -51,6 +51,9 @@ TEST_F(DisplayMenus, BringEveryDisplayIntoEveryQuadrantOnce) {
       }
     parts().manager.RestoreInitialDisplays();
     expectSoundQuadrants(parts());
+    for (const auto& [tag, name] :
+         {std::pair{"11", "frmEstCoef"}, {"21", "frmANOVA"}, {"22", "frmResidHist"}})
+      EXPECT_EQ(displayAt(tag).name(), name);
   }
   EXPECT_THAT(desktop.boxes(), testing::IsEmpty());
 }

@@ -4,14 +4,12 @@
 #include <gtest/gtest.h>
 
 #include "notebook/notebook_window.h"
-#include "shell/module.h"
-#include "support/headless_user.h"
-#include "support/script.h"
+#include "shell/shipped_program.h"
 
 namespace tolmer::test {
 namespace {
 
-class NoData : public testing::Test {
+class NoData : public ShippedProgram {
  protected:
   NoData() { script.window("frmOpeningBook"); }
 
@@ -51,12 +49,6 @@ class NoData : public testing::Test {
       desktop.advance(1200);
     }
   }
-  AnalysisState& state() { return module.parts().state; }
-
-  HeadlessDesktop desktop;
-  HeadlessUser user{desktop};
-  Script script{desktop};
-  Module module{desktop, TOLMER_PROGRAM_FOLDER};
 };
 
 TEST_F(NoData, SectionWithoutDataLeavesAFrameWhoseMenusWork) {
