@@ -1,6 +1,7 @@
 // Cells on the clipboard. What spreadsheets make of such text was tried with LibreOffice Calc 7.4.
 #include "platform/grid/grid_copy.h"
 
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace tolmer {
@@ -36,9 +37,12 @@ TEST(GridCopyTest, HtmlCarriesHeadingsAlignmentAndMarks) {
   EXPECT_EQ(copyHtml(sheet, sheet.body()),
             "<table border=\"1\" cellspacing=\"0\" cellpadding=\"3\">\n"
             "<tr><th align=\"left\">P &lt;</th><td align=\"left\">A&amp;B</td></tr>\n"
-            "<tr><td align=\"right\" sdval=\"0.003\" sdnum=\"1033;\" "
+            "<tr><td align=\"right\" sdval=\"0.003\" sdnum=\"1033;0;0.000\" "
             "bgcolor=\"#00ffff\">0.003</td><td align=\"left\"></td></tr>\n"
             "</table>\n");
+  sheet.at(2, 1).text = "-1.5e-20";
+  EXPECT_THAT(copyHtml(sheet, {2, 1, 2, 1}),
+              testing::HasSubstr("sdval=\"-1.5e-20\" sdnum=\"1033;0;0.0E+00\""));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 #include "platform/grid/grid_copy.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <string_view>
@@ -38,12 +39,22 @@ bool isPlainNumber(std::string_view text) {
   return read.ec == std::errc() && read.ptr == text.data() + text.size() && std::isfinite(number);
 }
 
-// LibreOffice Calc takes the number from here, and that it is in the writing of the United States
-// (language 1033). The cell's text it reads in the writing of its own country, where 1.234 may be
-// more than a thousand.
+// As many decimals as the number shows: "0.00" for 2.50, "0.0E+00" for 1.5e-20.
+std::string numberFormat(std::string_view number) {
+  const auto exponent = number.find_first_of("eE");
+  const std::string_view mantissa = number.substr(0, exponent);
+  const auto point = std::min(mantissa.find('.'), mantissa.size());
+  const std::string decimals(mantissa.size() - point, '0');
+  return "0" + (decimals.size() > 1 ? '.' + decimals.substr(1) : "") +
+         (exponent == number.npos ? "" : "E+00");
+}
+
+// LibreOffice takes the number and its looks from here, and that it is in the writing of the United
+// States (language 1033). The cell's text it reads in the writing of its own country, where 1.234
+// may be more than a thousand.
 std::string numberMark(const Cell& cell) {
   if (cell.style.heading || cell.style.align == Align::left || !isPlainNumber(cell.text)) return {};
-  return " sdval=\"" + cell.text + "\" sdnum=\"1033;\"";
+  return " sdval=\"" + cell.text + "\" sdnum=\"1033;0;" + numberFormat(cell.text) + '"';
 }
 
 std::string htmlCell(const Cell& cell) {
