@@ -18,22 +18,15 @@
 namespace tolmer::test {
 namespace {
 
-Rect at(int row, int column = 0) {
-  return {pixels(20.0F + 180.0F * static_cast<float>(column)),
-          pixels(10.0F + 34.0F * static_cast<float>(row)), pixels(160), pixels(28)};
-}
-
 struct TestWindow : Window {
   explicit TestWindow(Desktop& desktop) : Window(desktop, "frmTest", WindowStyle::dialog, "Test") {
     setPlace({pixels(50), pixels(50), pixels(400), pixels(420)});
   }
 };
 
-class ControlsSuite : public testing::TestWithParam<StageKind> {
+class ControlsSuite : public StageTest {
  protected:
-  std::unique_ptr<Stage> stage = makeStage(GetParam());
-  User& user = stage->user();
-  TestWindow window{stage->desktop()};
+  TestWindow window{desktop};
 };
 
 TEST_P(ControlsSuite, TextBox) {
@@ -190,7 +183,7 @@ TEST_P(ControlsSuite, ButtonThatCannotBeUsedRefuses) {
 }
 
 TEST_P(ControlsSuite, ControlsMayGoInTheirOwnEvent) {
-  auto other = std::make_unique<TestWindow>(stage->desktop());
+  auto other = std::make_unique<TestWindow>(desktop);
   auto button = std::make_unique<Button>(other.get(), "cmd", "Close");
   button->setPlace(at(0));
   const std::string seen = "captured text that is long enough to lie on the heap";
@@ -253,11 +246,7 @@ TEST_P(ControlsSuite, MouseReachesTheNearestModelThatListens) {
   EXPECT_EQ(events, "up");
 }
 
-INSTANTIATE_TEST_SUITE_P(Desktops, ControlsSuite,
-                         testing::Values(StageKind::headless, StageKind::toolkit),
-                         [](const auto& info) {
-                           return info.param == StageKind::headless ? "headless" : "toolkit";
-                         });
+INSTANTIATE_TEST_SUITE_P(Desktops, ControlsSuite, bothStages, stageName);
 
 }  // namespace
 }  // namespace tolmer::test

@@ -56,7 +56,7 @@ struct EditWindow : Window {
   int keysUp = 0;
 };
 
-class GridEditSuite : public testing::TestWithParam<StageKind> {
+class GridEditSuite : public StageTest {
  protected:
   GridEditSuite() {
     window.show();
@@ -69,9 +69,7 @@ class GridEditSuite : public testing::TestWithParam<StageKind> {
   }
   void type(const std::string& text) { user.type("frmEdit", "spdData", text); }
 
-  std::unique_ptr<Stage> stage = makeStage(GetParam());
-  User& user = stage->user();
-  EditWindow window{stage->desktop()};
+  EditWindow window{desktop};
   EditGrid& grid = window.spdData;
 };
 
@@ -131,7 +129,6 @@ TEST_P(GridEditSuite, ShortcutsAreTheMenusButTextKeysStayInText) {
 }
 
 TEST_P(GridEditSuite, CellsComeBackInTheProgramsOwnForm) {
-  Desktop& desktop = stage->desktop();
   desktop.setClipboard({.text = "1\t2\n", .cells = "=A1\t2\n"});
   EXPECT_EQ(desktop.clipboardText(), "1\t2\n");
   EXPECT_EQ(desktop.clipboardCells(), "=A1\t2\n");
@@ -139,11 +136,7 @@ TEST_P(GridEditSuite, CellsComeBackInTheProgramsOwnForm) {
   EXPECT_EQ(desktop.clipboardCells(), "");
 }
 
-INSTANTIATE_TEST_SUITE_P(Desktops, GridEditSuite,
-                         testing::Values(StageKind::headless, StageKind::toolkit),
-                         [](const auto& info) {
-                           return info.param == StageKind::headless ? "headless" : "toolkit";
-                         });
+INSTANTIATE_TEST_SUITE_P(Desktops, GridEditSuite, bothStages, stageName);
 
 // The same questions on the desktop of either kind.
 template <class SomeDesktop>

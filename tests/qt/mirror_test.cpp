@@ -29,14 +29,11 @@
 #include "platform/tab_book.h"
 #include "platform/text_box.h"
 #include "platform/text_metrics.h"
+#include "qt/stage.h"
 #include "support/qt_user.h"
 
 namespace tolmer::test {
 namespace {
-
-Rect at(int row) {
-  return {pixels(20), pixels(10.0F + 34.0F * static_cast<float>(row)), pixels(160), pixels(28)};
-}
 
 class MirrorTest : public testing::Test {
  protected:

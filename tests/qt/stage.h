@@ -1,6 +1,8 @@
 // A desktop with its user and script; the interface suite runs on each kind.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <memory>
 
 #include "platform/desktop.h"
@@ -20,5 +22,25 @@ class Stage {
 
 enum class StageKind { headless, toolkit };
 std::unique_ptr<Stage> makeStage(StageKind kind);
+
+class StageTest : public testing::TestWithParam<StageKind> {
+ protected:
+  std::unique_ptr<Stage> stage = makeStage(GetParam());
+  Desktop& desktop = stage->desktop();
+  User& user = stage->user();
+  Script& script = stage->script();
+};
+
+// A suite of a class derived from StageTest runs on both desktops.
+inline const auto bothStages = testing::Values(StageKind::headless, StageKind::toolkit);
+inline std::string stageName(const testing::TestParamInfo<StageKind>& info) {
+  return info.param == StageKind::headless ? "headless" : "toolkit";
+}
+
+// Controls of usual size in rows from the top.
+inline Rect at(int row, int column = 0) {
+  return {pixels(20.0F + 180.0F * static_cast<float>(column)),
+          pixels(10.0F + 34.0F * static_cast<float>(row)), pixels(160), pixels(28)};
+}
 
 }  // namespace tolmer::test

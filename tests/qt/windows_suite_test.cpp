@@ -10,10 +10,6 @@
 namespace tolmer::test {
 namespace {
 
-Rect at(int row) {
-  return {pixels(20), pixels(10.0F + 34.0F * static_cast<float>(row)), pixels(160), pixels(28)};
-}
-
 struct Dialog : Window {
   Dialog(Desktop& desktop, std::string name)
       : Window(desktop, std::move(name), WindowStyle::dialog, "Dialog"),
@@ -45,13 +41,7 @@ struct Dialog : Window {
   std::string pressed;
 };
 
-class WindowsSuite : public testing::TestWithParam<StageKind> {
- protected:
-  std::unique_ptr<Stage> stage = makeStage(GetParam());
-  Desktop& desktop = stage->desktop();
-  User& user = stage->user();
-  Script& script = stage->script();
-};
+class WindowsSuite : public StageTest {};
 
 TEST_P(WindowsSuite, ReturnAndEscapePressTheirButtons) {
   Dialog dialog(desktop, "frm");
@@ -339,11 +329,7 @@ TEST_P(WindowsSuite, MenusOpenAndChoose) {
   EXPECT_ANY_THROW(user.menu("mdi", "File/Save"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Desktops, WindowsSuite,
-                         testing::Values(StageKind::headless, StageKind::toolkit),
-                         [](const auto& info) {
-                           return info.param == StageKind::headless ? "headless" : "toolkit";
-                         });
+INSTANTIATE_TEST_SUITE_P(Desktops, WindowsSuite, bothStages, stageName);
 
 }  // namespace
 }  // namespace tolmer::test
