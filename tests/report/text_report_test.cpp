@@ -47,9 +47,14 @@ TEST_F(TextReport, TellsAllDisplaysInReadingOrder) {
                                     "Normality Plot for Residuals", "Variance Inflation Factors",
                                     "Scatter Plot 1", "Scatter Plot 2", "Scatter Plot 3"));
   const std::string read = words(text);
-  for (const ReportedDisplay& display : run->displays())
-    for (const std::string& told : std::visit(test::TextsOf{}, display.window->shownControl()))
+  for (const ReportedDisplay& display : run->displays()) {
+    const ShownControl shown = display.window->shownControl();
+    for (const std::string& told : std::visit(test::TextsOf{}, shown))
       EXPECT_THAT(read, HasSubstr(words(told))) << display.name;
+    if (const auto* box = std::get_if<const TextBox*>(&shown)) {
+      EXPECT_THAT(read, HasSubstr(words((*box)->text()))) << "in the order of the box";
+    }
+  }
 }
 
 TEST_F(TextReport, FitsATerminalWithManyVariablesAndCases) {
