@@ -34,6 +34,7 @@ class OwnData : public EditorData {
   void tellLostWork() {
     const auto lost = findLostWork(autosaveFolder_);
     if (lost.empty()) return;
+    desktop_.doEvents();  // what stands behind the box is painted first
     desktop_.messageBox({.title = "Unsaved Data",
                          .text = "The program ended before the data in the Data Editor were saved "
                                  "(" +
