@@ -21,9 +21,9 @@ class DisplayMenus : public ShippedProgram {
     throw std::runtime_error("nothing stands at " + tag);
   }
   void replaceByPopup(const std::string& tag, DisplayId id) {
+    // Greyed or not: what stands already must stay.
     desktop.onPopupMenu = [&](MenuItem&, Window&) {
-      MenuItem& entry = *parts().menus.displays.entry(id.iCategory, id.iIndex);
-      if (entry.enabled()) entry.click();
+      parts().menus.displays.entry(id.iCategory, id.iIndex)->click();
     };
     user.rightClick(displayAt(tag).name());
   }
