@@ -16,7 +16,8 @@ constexpr Twips labelWidth = pixels(110);
 constexpr Twips columnWidth = pixels(84);
 
 constexpr int manyVariables = 6;  // from here on, not all of them are in sight
-constexpr Size wanted = {pixels(880), pixels(600)};
+// On larger screens two thirds of the width and three quarters of the height.
+constexpr Size least = {pixels(880), pixels(600)};
 constexpr Twips gap = pixels(10);
 constexpr Twips lineHeight = pixels(24);
 constexpr Twips buttonHeight = pixels(30);
@@ -57,9 +58,10 @@ void frmDataEditor::InitialiseGrid() {
   spdData.setScrollBars(isSmall ? ScrollBars::vertical : ScrollBars::both);
   resetGrid();
   const Size screen = desktop().screenSize();
-  const Twips asWideAs = isSmall ? widthOf(sheet_.variables()) : wanted.width;
-  setPlace({0, 0, std::min(asWideAs, screen.width - pixels(20)),
-            std::min(wanted.height, screen.height - pixels(80))});
+  const Twips width =
+      isSmall ? widthOf(sheet_.variables()) : std::max(least.width, screen.width * 2 / 3);
+  setPlace({0, 0, std::min(width, screen.width - pixels(20)),
+            std::min(std::max(least.height, screen.height * 3 / 4), screen.height - pixels(80))});
   placeControls();
   centreOnScreen();
   showAll();
