@@ -80,11 +80,13 @@ Decimal decimalOf(float value) {
   auto digits = sevenDigits(std::fabs(value));
   if (!digits) return decimalOf<singleDigits, 112>(value);
   digits->dropZeros();
+  std::array<char, singleDigits + 1> text;
+  const char* end = std::to_chars(text.data(), text.data() + text.size(), digits->number).ptr;
   Decimal decimal;
   decimal.negative = value < 0;
-  decimal.digits = std::to_string(digits->number);
-  decimal.point = decimal.count() - digits->places;
-  decimal.digits.resize(decimal.digits.find_last_not_of('0') + 1);
+  decimal.point = static_cast<int>(end - text.data()) - digits->places;
+  while (end > text.data() && end[-1] == '0') --end;
+  decimal.digits.assign<const char*>(text.data(), end);
   return decimal;
 }
 
@@ -120,30 +122,26 @@ Picture readPicture(std::string_view text) {
   return picture;
 }
 
-std::string leftOfPoint(const Decimal& value, const Picture& picture) {
-  std::string left = value.digits.substr(0, static_cast<std::size_t>(std::max(value.point, 0)));
-  left += zeros(value.point - static_cast<int>(left.size()));
-  left.insert(0, zeros(picture.leftZeros - static_cast<int>(left.size())));
-  if (picture.grouped)
-    for (int at = static_cast<int>(left.size()) - 3; at > 0; at -= 3)
-      left.insert(static_cast<std::size_t>(at), 1, ',');
-  return left;
-}
-
-std::string rightOfPoint(const Decimal& value, const Picture& picture) {
-  std::string right;
-  if (!value.digits.empty()) right = zeros(-value.point);
-  if (value.count() > value.point)
-    right += value.digits.substr(static_cast<std::size_t>(std::max(value.point, 0)));
-  return right + zeros(picture.fixedDecimals - static_cast<int>(right.size()));
+void groupThousands(std::string& text, int begin, int end) {
+  for (int at = end - 3; at > begin; at -= 3) text.insert(static_cast<std::size_t>(at), 1, ',');
 }
 
 std::string fixedText(Decimal value, const Picture& picture) {
   value.roundTo(value.point + picture.decimals);
-  std::string text = value.negative && !value.digits.empty() ? "-" : "";
-  text += leftOfPoint(value, picture);
-  if (picture.point) text += '.';
-  return text + rightOfPoint(value, picture);
+  const int sign = value.negative && !value.digits.empty() ? 1 : 0;
+  const int left = std::max({value.point, picture.leftZeros, 0});
+  const int right =
+      std::max(value.digits.empty() ? 0 : value.count() - value.point, picture.fixedDecimals);
+  const int point = picture.point ? 1 : 0;
+  std::string text(static_cast<std::size_t>(sign + left + point + std::max(right, 0)), '0');
+  if (sign == 1) text[0] = '-';
+  if (point == 1) text[static_cast<std::size_t>(sign + left)] = '.';
+  for (int i = 0; i < value.count(); ++i) {
+    const int place = left - value.point + i + (i < value.point ? 0 : point);
+    text[static_cast<std::size_t>(sign + place)] = value.digits[static_cast<std::size_t>(i)];
+  }
+  if (picture.grouped) groupThousands(text, sign, sign + left);
+  return text;
 }
 
 std::string exponentText(int exponent, int leastDigits) {
@@ -164,7 +162,8 @@ template <class Value>
 std::string byPicture(Value value, std::string_view picture) {
   if (picture.empty()) return generalText(value);
   if (!std::isfinite(value)) return "NA";
-  if (picture.find_first_not_of('*') == std::string_view::npos) return std::string(picture);
+  if (std::all_of(picture.begin(), picture.end(), [](char c) { return c == '*'; }))
+    return std::string(picture);
   const Picture parts = readPicture(picture);
   const Decimal decimal = decimalOf(value);
   return parts.scientific ? scientificText(decimal, parts) : fixedText(decimal, parts);

@@ -44,6 +44,17 @@ int advanceOf(const FontAdvances& table, char32_t code) {
   return advance > 0 ? advance : tabulatedAdvance(table, U'x');
 }
 
+// Of the letter that begins at `at`, which moves behind it.
+int nextAdvance(const FontAdvances& table, std::string_view text, std::size_t& at) {
+  constexpr CodePointRange plain = advanceRanges.front();
+  const auto byte = static_cast<unsigned char>(text[at]);
+  if (byte < plain.first || byte > plain.last || plain.last > 0x7F)
+    return advanceOf(table, nextCodePoint(text, at));
+  ++at;
+  const int advance = table.advances[byte - plain.first];
+  return advance > 0 ? advance : advanceOf(table, byte);
+}
+
 double pixelsPerUnit(const Font& font, const FontAdvances& table) {
   return static_cast<double>(font.pixels) / table.unitsPerEm;
 }
@@ -78,7 +89,7 @@ class LineBreaker {
   bool fits(long more) const { return static_cast<double>(width_ + more) <= room_; }
   long widthOf(std::string_view text) const {
     long width = 0;
-    for (std::size_t at = 0; at < text.size();) width += advanceOf(table_, nextCodePoint(text, at));
+    for (std::size_t at = 0; at < text.size();) width += nextAdvance(table_, text, at);
     return width;
   }
   void append(std::string_view text, long width) {
@@ -88,7 +99,7 @@ class LineBreaker {
   void addByCharacters(std::string_view word) {
     for (std::size_t at = 0; at < word.size();) {
       const std::size_t start = at;
-      const long width = advanceOf(table_, nextCodePoint(word, at));
+      const long width = nextAdvance(table_, word, at);
       if (!line_.empty() && !fits(width)) endLine();
       append(word.substr(start, at - start), width);
     }
@@ -119,7 +130,7 @@ void wrapParagraph(const FontAdvances& table, std::string_view text, double room
 double textWidth(const Font& font, std::string_view text) {
   const FontAdvances& table = fontAdvances(font.family, font.bold);
   long units = 0;
-  for (std::size_t at = 0; at < text.size();) units += advanceOf(table, nextCodePoint(text, at));
+  for (std::size_t at = 0; at < text.size();) units += nextAdvance(table, text, at);
   return static_cast<double>(units) * pixelsPerUnit(font, table);
 }
 

@@ -108,7 +108,9 @@ void JsonWriter::value(double number) {
 void JsonWriter::quote(std::string_view text) {
   text_ += '"';
   while (!text.empty()) {
-    const auto plain = std::find_if(text.begin(), text.end(), mustBeEscaped) - text.begin();
+    const auto plain =
+        std::find_if(text.begin(), text.end(), [](char c) { return mustBeEscaped(c); }) -
+        text.begin();
     text_ += text.substr(0, static_cast<std::size_t>(plain));
     text.remove_prefix(static_cast<std::size_t>(plain));
     if (text.empty()) break;

@@ -14,6 +14,9 @@ namespace tolmer {
 // Objects are laid out over several lines, arrays stand on one. The caller closes what it opens.
 class JsonWriter {
  public:
+  // What a report of the largest data set needs; memory is taken where it is written.
+  JsonWriter() { text_.reserve(1U << 20U); }
+
   void beginObject() { open('{', true); }
   void endObject() { close('}'); }
   void beginArray() { open('[', false); }
