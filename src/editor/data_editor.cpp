@@ -10,8 +10,6 @@ namespace tolmer {
 namespace {
 
 constexpr int lookInterval = 1000;  // milliseconds between looks whether to write the work aside
-constexpr int colourTime = 1000;    // a colour that follows the mouse fades
-constexpr int flashTime = 500;
 
 KeyPress withControl(int key) { return {.code = key, .control = true}; }
 
@@ -22,8 +20,7 @@ frmDataEditor::frmDataEditor(Desktop& desktop, EditorFolders folders)
       folders_(std::move(folders)),
       symbolFiles_(desktop, files_),
       autosave_(folders_.autosave, [&desktop] { return desktop.timers().now(); }),
-      tmrButton_(desktop.timers(), "tmrButton", colourTime),
-      tmrFlash_(desktop.timers(), "tmrFlash", flashTime),
+      lights_(desktop.timers(), {&cmdOpen, &cmdSave, &cmdOK, &cmdCancel}),
       tmrAutosave_(desktop.timers(), "tmrAutosave", lookInterval) {
   setSizable(true);
   setMenuBar(&menu.bar);
@@ -137,10 +134,6 @@ void frmDataEditor::wireControls() {
   cmdOK.Click = [this] { cmdOK_Click(); };
   cmdCancel.Click = [this] { cmdCancel_Click(); };
   cmdClose.Click = [this] { closeInstructions(); };
-  for (Button* button : {&cmdOpen, &cmdSave, &cmdOK, &cmdCancel})
-    button->MouseMove = [this, button] { lightUnderMouse(*button); };
-  tmrButton_.Tick = [this] { resetButtons(); };
-  tmrFlash_.Tick = [this] { tmrFlash_Tick(); };
   tmrAutosave_.Tick = [this] { tmrAutosave_Tick(); };
 }
 

@@ -1,13 +1,13 @@
 // The data editor: the student's own data as a small spreadsheet.
 #pragma once
 
-#include <deque>
 #include <functional>
 #include <optional>
 #include <string>
 
 #include "data/data_sources.h"
 #include "editor/autosave.h"
+#include "editor/button_lights.h"
 #include "editor/data_editor_menu.h"
 #include "editor/data_sheet.h"
 #include "editor/exit_check.h"
@@ -161,12 +161,6 @@ class frmDataEditor : public Window, public EditorData {
   // --- data_editor_exit.cpp: the ways out
   void cmdOK_Click();
   void cmdCancel_Click();
-  void flash(Button& button);
-  void flashAndLeave(Button& button, std::function<void()> leave);
-  void tmrFlash_Tick();
-  void lightUnderMouse(Button& button);
-  void light(Button& button);
-  void resetButtons();
   void leave();
 
   EditorFolders folders_;
@@ -175,16 +169,12 @@ class frmDataEditor : public Window, public EditorData {
   HostFiles files_;
   SymbolFileHost symbolFiles_;
   Autosave autosave_;
-  Timer tmrButton_;
-  Timer tmrFlash_;
+  ButtonLights lights_;
   Timer tmrAutosave_;
   ExitData exit_;
   std::string refusal_;  // why the last entry was not taken
   PasteTable copied_;    // what was copied here last, with its formulas
   int copies_ = 0;
-  std::deque<Button*> flashes_;  // the first is lit, or quiet after it
-  bool flashIsQuiet_ = false;
-  std::function<void()> afterFlash_;
   bool mbEditorOpen_ = false;
   bool mbUserCancel_ = false;
   bool activatedOnce_ = false;

@@ -75,7 +75,7 @@ void frmDataEditor::cmdOpen_Click() {
                             .icon = MessageIcon::question,
                             .buttons = MessageButtons::yesNo}) == Answer::no)
     return;
-  light(cmdOpen);
+  lights_.light(cmdOpen);
   const auto chosen = desktop().openFileDialog(
       {.title = "Open", .kinds = editorFileKinds(sheet_.variables()), .folder = dataFolder()});
   if (!chosen || wasGivenUp(chosen->path, false)) return;
@@ -130,7 +130,7 @@ void frmDataEditor::cmdSave_Click() {
 void frmDataEditor::saveAndLight(const std::function<void()>& save) {
   spdData.finishEdit();
   save();
-  if (!std::exchange(mbUserCancel_, false)) light(cmdSave);
+  if (!std::exchange(mbUserCancel_, false)) lights_.light(cmdSave);
 }
 
 void frmDataEditor::SaveCurrentFile() {
@@ -176,7 +176,7 @@ bool frmDataEditor::bfOKToContinue() {
   if (answer == Answer::no) return true;
   SaveFileAs();
   if (std::exchange(mbUserCancel_, false)) return false;
-  flash(cmdSave);
+  lights_.flash(cmdSave);
   return true;
 }
 
