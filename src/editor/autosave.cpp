@@ -42,10 +42,4 @@ void Autosave::clean() {
   if (files_) files_->removeWork();
 }
 
-void Autosave::finish() {
-  due_.reset();
-  if (files_) files_->remove();
-  files_.reset();
-}
-
 }  // namespace tolmer

@@ -74,8 +74,8 @@ class Autosave {
   static constexpr std::int64_t interval = 3000;
 
   Autosave(std::string folder, Clock now) : folder_(std::move(folder)), now_(std::move(now)) {}
-  // Without finish, the work stays and is offered at the next start.
-  ~Autosave() = default;
+
+  const std::string& folder() const { return folder_; }
 
   // The lost work becomes this visit's: nothing is ever without a copy.
   void adopt(LostWork work) { files_.emplace(std::move(work.files_)); }
@@ -86,10 +86,9 @@ class Autosave {
   // after a quiet time, is `interval` ago. A failure is told once and then tried again at the same
   // pace; the editor goes on without.
   std::optional<Error> poll(const Content& content, const std::string& from);
-  // The work is in a file of its own, or was thrown away: nothing of it is kept aside.
+  // The work is in a file of its own, or was thrown away: nothing of it is kept aside. What is not
+  // cleaned away is offered at the next start.
   void clean();
-  // The visit ends in order.
-  void finish();
 
  private:
   std::optional<Error> write(const Content& content, const std::string& from);

@@ -17,9 +17,8 @@ KeyPress withControl(int key) { return {.code = key, .control = true}; }
 
 frmDataEditor::frmDataEditor(Desktop& desktop, EditorFolders folders)
     : Window(desktop, "frmDataEditor", WindowStyle::dialog, "Data Editor"),
-      folders_(std::move(folders)),
-      symbolFiles_(desktop, files_),
-      autosave_(folders_.autosave, [&desktop] { return desktop.timers().now(); }),
+      files_(desktop, sheet_, std::move(folders.program)),
+      autosave_(std::move(folders.autosave), [&desktop] { return desktop.timers().now(); }),
       lights_(desktop.timers(), {&cmdOpen, &cmdSave, &cmdOK, &cmdCancel}),
       tmrAutosave_(desktop.timers(), "tmrAutosave", lookInterval) {
   setSizable(true);
@@ -63,8 +62,8 @@ void frmDataEditor::wireMenu() {
     list->Click = [this] { spdData.finishEdit(); };
   menu.mnuFileNew.Click = [this] { mnuFileNew_Click(); };
   menu.mnuFileOpen.Click = [this] { cmdOpen_Click(); };
-  menu.mnuFileSave.Click = [this] { saveAndLight([this] { SaveCurrentFile(); }); };
-  menu.mnuFileSaveAs.Click = [this] { saveAndLight([this] { SaveFileAs(); }); };
+  menu.mnuFileSave.Click = [this] { save(&DataSetFiles::SaveCurrentFile); };
+  menu.mnuFileSaveAs.Click = [this] { save(&DataSetFiles::SaveFileAs); };
   menu.mnuFileExitUse.Click = [this] { cmdOK_Click(); };
   menu.mnuFileExitDiscard.Click = [this] { cmdCancel_Click(); };
   menu.mnuEditUndo.Click = [this] { undoOrRedo(true); };
@@ -152,7 +151,7 @@ void frmDataEditor::Form_Activate() {
   if (sheet_.changeMade()) autosave_.changed();  // unsaved since an earlier visit
   spdData.setFocus();
   showStatus();
-  tmrAutosave_.setEnabled(!folders_.autosave.empty());
+  tmrAutosave_.setEnabled(!autosave_.folder().empty());
   if (std::exchange(activatedOnce_, true)) return;
   tellOptionalVariable();
   offerLostWork();
@@ -181,8 +180,8 @@ bool frmDataEditor::Form_KeyDown(const KeyPress& key) {
 
 // What a crash or a kill of an earlier program left behind.
 void frmDataEditor::offerLostWork() {
-  if (folders_.autosave.empty()) return;
-  for (LostWork& lost : findLostWork(folders_.autosave)) {
+  if (autosave_.folder().empty()) return;
+  for (LostWork& lost : findLostWork(autosave_.folder())) {
     const auto content = lost.content();
     if (!content) continue;
     const Answer answer =

@@ -1,24 +1,21 @@
 // The data editor: the student's own data as a small spreadsheet.
 #pragma once
 
-#include <functional>
-#include <optional>
 #include <string>
 
 #include "data/data_sources.h"
 #include "editor/autosave.h"
 #include "editor/button_lights.h"
 #include "editor/data_editor_menu.h"
+#include "editor/data_set_files.h"
 #include "editor/data_sheet.h"
 #include "editor/exit_check.h"
-#include "editor/text_import.h"
 #include "platform/button.h"
 #include "platform/grid/edit_grid.h"
 #include "platform/label.h"
 #include "platform/text_box.h"
 #include "platform/timer.h"
 #include "platform/window.h"
-#include "symbolfile/symbol_file.h"
 
 namespace tolmer {
 
@@ -134,9 +131,6 @@ class frmDataEditor : public Window, public EditorData {
   void copyText(TextBox& box, bool cut);
   void pasteInto(TextBox& box);
   void pasteText(const std::string& text);
-  void tellImportFailed(const std::string& title, const Error& error);
-  std::optional<ImportedTable> importTable(const TextImport& import, const SheetContent& into,
-                                           const std::string& source);
   void takePaste(const CellRange& target, const PasteTable& table);
   void undoOrRedo(bool undo);
   void insertOrDeleteRows(bool insert);
@@ -147,32 +141,23 @@ class frmDataEditor : public Window, public EditorData {
   // --- data_editor_files.cpp: whole data sets
   void mnuFileNew_Click();
   void cmdOpen_Click();
-  void openFile(const std::string& name);
-  void openText(const std::string& name);
   void cmdSave_Click();
-  void saveAndLight(const std::function<void()>& save);
-  void SaveCurrentFile();
-  void SaveFileAs();
-  bool SaveFile(const std::string& name);
-  bool wasGivenUp(const std::string& name, bool allowRetry);
-  bool bfOKToContinue();
-  std::string dataFolder() const;
+  void save(bool (DataSetFiles::*routine)());
 
   // --- data_editor_exit.cpp: the ways out
+  bool bfOKToContinue();
   void cmdOK_Click();
   void cmdCancel_Click();
   void leave();
 
-  EditorFolders folders_;
   EditorSetup setup_;
   DataSheet sheet_;
-  HostFiles files_;
-  SymbolFileHost symbolFiles_;
+  DataSetFiles files_;
   Autosave autosave_;
   ButtonLights lights_;
   Timer tmrAutosave_;
   ExitData exit_;
-  std::string refusal_;  // why the last entry was not taken
+  std::string refusal_;  // what the status line says in place of the cell: what was not done, why
   PasteTable copied_;    // what was copied here last, with its formulas
   int copies_ = 0;
   bool mbEditorOpen_ = false;

@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "editor/data_editor.h"
-#include "editor/import_dialog.h"
 #include "editor/instructions.h"
+#include "editor/table_from_text.h"
 #include "platform/desktop.h"
 #include "platform/grid/grid_copy.h"
 
@@ -13,13 +13,6 @@ namespace {
 
 // Marks cells on the clipboard as those that were copied last in this program.
 std::string markOf(int copies) { return "cells " + std::to_string(copies); }
-
-PasteTable tableOf(ImportedTable imported) {
-  PasteTable table;
-  table.cells = std::move(imported.cells);
-  table.headings = std::move(imported.headings);
-  return table;
-}
 
 }  // namespace
 
@@ -93,37 +86,11 @@ void frmDataEditor::paste() {
 void frmDataEditor::pasteText(const std::string& text) {
   if (text.empty()) return;
   const CellAddress at = selectedRange().first;
-  const auto import = TextImport::read(
-      text, {TextOrigin::clipboard, at.row, at.column, sheet_.observations(), sheet_.variables()});
-  if (!import) return tellImportFailed("Paste", import.error());
-  const auto table = importTable(*import, sheet_.content(), "the clipboard");
-  if (!table) return;
-  const CellAddress first{table->firstRow, table->firstColumn};
-  takePaste({first, first}, tableOf(*table));
-}
-
-void frmDataEditor::tellImportFailed(const std::string& title, const Error& error) {
-  desktop().messageBox({.title = title, .text = error.message(), .icon = MessageIcon::exclamation});
-}
-
-// Asks where something is in doubt, and shows what was taken for granted; nothing when called off
-// or refused.
-std::optional<ImportedTable> frmDataEditor::importTable(const TextImport& import,
-                                                        const SheetContent& into,
-                                                        const std::string& source) {
-  const auto preview = import.preview({});
-  if (!preview) {
-    tellImportFailed("Text Data", preview.error());
-    return std::nullopt;
-  }
-  if (!preview->isClear() || !preview->notes.empty())
-    return frmTextImport(desktop(), import, into, source).ask();
-  auto table = import.apply({});
-  if (!table) {
-    tellImportFailed("Text Data", table.error());
-    return std::nullopt;
-  }
-  return std::move(*table);
+  const auto landing = tableFromText(
+      desktop(), text,
+      {TextOrigin::clipboard, at.row, at.column, sheet_.observations(), sheet_.variables()},
+      sheet_.content(), "the clipboard");
+  if (landing) takePaste({landing->first, landing->first}, landing->table);
 }
 
 void frmDataEditor::takePaste(const CellRange& target, const PasteTable& table) {
@@ -162,8 +129,10 @@ void frmDataEditor::insertOrDeleteRows(bool insert) {
   if (!insert) return sheet_.deleteRows(range.first.row, range.last.row);
   const int lost = sheet_.insertRows(range.first.row, range.last.row);
   if (lost == 0) return;
-  refusal_ = (lost == 1 ? std::string("One row was") : std::to_string(lost) + " rows were") +
-             " pushed out at the end. Undo brings them back.";
+  refusal_ = lost == 1 ? std::string("One row was pushed out at the end. Undo brings it back.")
+                       : std::to_string(lost) +
+                             " rows were pushed out at the end. Undo brings "
+                             "them back.";
   showStatus();
 }
 

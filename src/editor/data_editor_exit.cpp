@@ -6,6 +6,20 @@
 
 namespace tolmer {
 
+bool frmDataEditor::bfOKToContinue() {
+  if (!sheet_.changeMade()) return true;
+  const Answer answer = desktop().messageBox(
+      {.title = "Data Changed",
+       .text = "There is unsaved data in the Data Editor. Do you want to save it?",
+       .icon = MessageIcon::question,
+       .buttons = MessageButtons::yesNo,
+       .noLosesWork = true});
+  if (answer == Answer::no) return true;
+  if (!files_.SaveFileAs()) return false;
+  lights_.flash(cmdSave);
+  return true;
+}
+
 void frmDataEditor::cmdOK_Click() {
   if (lights_.areFlashing()) return;
   spdData.finishEdit();

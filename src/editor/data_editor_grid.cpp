@@ -106,7 +106,7 @@ void frmDataEditor::follow(const SheetChange& change) {
   }
   if (change.all || change.title) txtTitle.setText(sheet_.title());
   if (change.all || change.file) showCaption();
-  autosave_.changed();
+  sheet_.changeMade() ? autosave_.changed() : autosave_.clean();
   refusal_.clear();
   showStatus();
 }

@@ -22,6 +22,16 @@ const Family& familyOf(int iNumberVariables) {
   return families[static_cast<std::size_t>(std::clamp(iNumberVariables, 1, last) - 1)];
 }
 
+// In small letters, without the dot.
+std::string extensionOf(const std::string& fileName) {
+  const auto dot = fileName.rfind('.');
+  if (dot == std::string::npos) return {};
+  std::string extension = fileName.substr(dot + 1);
+  std::transform(extension.begin(), extension.end(), extension.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return extension;
+}
+
 }  // namespace
 
 std::string tfFileFilter(int iNumberVariables, MessagePort& messages) {
@@ -40,12 +50,12 @@ std::vector<FileKind> editorFileKinds(int iNumberVariables) {
 }
 
 bool isTextData(const std::string& fileName) {
-  const auto dot = fileName.rfind('.');
-  if (dot == std::string::npos) return false;
-  std::string extension = fileName.substr(dot + 1);
-  std::transform(extension.begin(), extension.end(), extension.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  const std::string extension = extensionOf(fileName);
   return extension == "csv" || extension == "tsv" || extension == "txt";
+}
+
+char textSeparator(const std::string& fileName) {
+  return extensionOf(fileName) == "csv" ? ',' : '\t';
 }
 
 }  // namespace tolmer

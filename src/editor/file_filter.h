@@ -15,7 +15,8 @@ std::string tfFileFilter(int iNumberVariables, MessagePort& messages);
 // The same kinds for the file dialogs, with text data of other programs between them.
 std::vector<FileKind> editorFileKinds(int iNumberVariables);
 
-// Whether the name's extension is one of text data.
+// Whether the name's extension is one of text data, and what divides its fields then.
 bool isTextData(const std::string& fileName);
+char textSeparator(const std::string& fileName);
 
 }  // namespace tolmer

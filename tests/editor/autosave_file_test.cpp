@@ -57,8 +57,8 @@ TEST_F(AutosaveTest, writesWhatChangedEveryFewSecondsAndNothingElse) {
     autosave.poll(content, "");
   }
   EXPECT_EQ(written, 8);  // at 3, 7, .. 31 seconds
-  autosave.finish();
-  EXPECT_EQ(files(), 0);
+  autosave.clean();
+  EXPECT_EQ(files(), 1);  // the lock
 }
 
 TEST_F(AutosaveTest, workIsFoundOnlyWhenItsProgramIsGone) {
@@ -85,12 +85,12 @@ TEST_F(AutosaveTest, adoptedWorkIsNeverWithoutACopy) {
     EXPECT_EQ(titlesFound(), "");
   }  // crashed as well
   EXPECT_EQ(titlesFound(), "old of /home/ann/a.zmm;");
-  Autosave third(folder, clock);
-  third.adopt(std::move(findLostWork(folder).front()));
-  writeAside(third, "new");
-  third.clean();
-  EXPECT_EQ(files(), 1);  // the lock
-  third.finish();
+  {
+    Autosave third(folder, clock);
+    third.adopt(std::move(findLostWork(folder).front()));
+    writeAside(third, "new");
+    third.clean();
+  }
   EXPECT_EQ(files(), 0);
 }
 

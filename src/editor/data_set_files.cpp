@@ -1,0 +1,128 @@
+#include "editor/data_set_files.h"
+
+#include <cstdlib>
+#include <filesystem>
+#include <utility>
+
+#include "base/file_io.h"
+#include "base/paths.h"
+#include "editor/file_filter.h"
+#include "editor/sheet_headings.h"
+#include "editor/table_from_text.h"
+#include "editor/text_export.h"
+
+namespace tolmer {
+namespace {
+
+SheetContent contentOf(const LandingTable& landing, int observations, int variables) {
+  DataSheet sheet(observations, variables);
+  sheet.paste({landing.first, landing.first}, landing.table);
+  return sheet.content();
+}
+
+}  // namespace
+
+DataSetFiles::DataSetFiles(Desktop& desktop, DataSheet& sheet, std::string programFolder)
+    : desktop_(desktop),
+      sheet_(sheet),
+      programFolder_(std::move(programFolder)),
+      symbolFiles_(desktop, files_) {}
+
+// The user's folder beside the program's; where it can neither be found nor made, the user's
+// documents.
+std::string DataSetFiles::dataFolder() const {
+  const std::string own =
+      hostPath(tRemoveBackSlash(tParentFolder(tRemoveBackSlash(coursePath(programFolder_)))) +
+               "\\zmdata\\userdata");
+  std::error_code failed;
+  std::filesystem::create_directories(own, failed);
+  if (!failed && !isReadOnly(own)) return own;
+  const char* home = std::getenv("HOME");
+  return home ? std::string(home) + "/Documents" : std::string();
+}
+
+OpenOutcome DataSetFiles::open() {
+  const auto chosen = desktop_.openFileDialog(
+      {.title = "Open", .kinds = editorFileKinds(sheet_.variables()), .folder = dataFolder()});
+  if (!chosen || wasGivenUp(chosen->path, false)) return {};
+  return isTextData(chosen->path) ? OpenOutcome{openText(chosen->path)} : openFile(chosen->path);
+}
+
+// Opens and closes it once. Where that fails, the user has his say; only Abort gives it up.
+bool DataSetFiles::wasGivenUp(const std::string& name, bool allowRetry) {
+  SymbolFile file(symbolFiles_);
+  file.setFileSpec(name);
+  file.setAllowRetry(allowRetry);
+  file.setAllowAbortOperation(true);
+  file.OpenFile();
+  if (file.FileIsOpen()) file.CloseFile();
+  return file.UserErrorChoice() == SymbolFile::choseAbort;
+}
+
+OpenOutcome DataSetFiles::openFile(const std::string& name) {
+  const auto content = loadEditorFile(name, sheet_.observations(), sheet_.variables());
+  if (!content) {
+    desktop_.messageBox({.title = "Bad File",
+                         .text = "Could not load file " + name + ". Check file type.",
+                         .icon = MessageIcon::exclamation});
+    return {false, content.error().message()};
+  }
+  sheet_.replaceWith(*content, name);
+  sheet_.markSaved(name);
+  return {true};
+}
+
+bool DataSetFiles::openText(const std::string& name) {
+  const auto bytes = readWholeFile(name);
+  if (!bytes) {
+    desktop_.messageBox(
+        {.title = "Bad File", .text = bytes.error().message(), .icon = MessageIcon::exclamation});
+    return false;
+  }
+  const int observations = sheet_.observations();
+  const int variables = sheet_.variables();
+  const auto table =
+      tableFromText(desktop_, *bytes, {TextOrigin::file, 1, 1, observations, variables},
+                    newContent(observations, variables), name);
+  if (table) sheet_.replaceWith(contentOf(*table, observations, variables), {});
+  return table.has_value();
+}
+
+bool DataSetFiles::SaveCurrentFile() {
+  const std::string name = sheet_.mtFileName();
+  return !wasGivenUp(name, true) && !isToldReadOnly(name) && SaveFile(name);
+}
+
+bool DataSetFiles::SaveFileAs() {
+  const auto chosen = desktop_.saveFileDialog({.title = "Save As",
+                                               .kinds = editorFileKinds(sheet_.variables()),
+                                               .folder = dataFolder(),
+                                               .name = sheet_.mtFileName()});
+  return chosen && !isToldReadOnly(chosen->path) && SaveFile(chosen->path);
+}
+
+// The words speak of the folder, but it is the file that counts.
+bool DataSetFiles::isToldReadOnly(const std::string& name) {
+  if (!isReadOnly(name)) return false;
+  desktop_.messageBox({.title = "Read Only",
+                       .text = "This file is in a Read Only directory. Use Save As to save the "
+                               "file to a different directory.",
+                       .icon = MessageIcon::exclamation});
+  return true;
+}
+
+bool DataSetFiles::SaveFile(const std::string& name) {
+  const bool asText = isTextData(name);
+  const auto failure = asText ? saveSheetText(name, sheet_.content(), textSeparator(name))
+                              : saveEditorFile(name, sheet_.content());
+  if (failure) {
+    desktop_.messageBox({.title = "Save",
+                         .text = "The data were not saved. " + failure->message(),
+                         .icon = MessageIcon::exclamation});
+    return false;
+  }
+  if (!asText) sheet_.markSaved(name);
+  return true;
+}
+
+}  // namespace tolmer

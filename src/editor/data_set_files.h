@@ -1,0 +1,46 @@
+// Opening and saving whole data sets, with all that is asked and told on the way.
+#pragma once
+
+#include <string>
+
+#include "editor/data_sheet.h"
+#include "platform/desktop.h"
+#include "symbolfile/symbol_file.h"
+
+namespace tolmer {
+
+struct OpenOutcome {
+  bool opened = false;   // false: the sheet stands
+  std::string reason{};  // what is wrong with the file, a sentence; empty where a box has said it
+};
+
+class DataSetFiles {
+ public:
+  // The sheet outlives it. The program's folder is in the host's spelling.
+  DataSetFiles(Desktop& desktop, DataSheet& sheet, std::string programFolder);
+
+  // Puts the file that the user chooses into the sheet, without asking what becomes of the data
+  // there. Text of another program becomes a data set without a file of its own yet.
+  OpenOutcome open();
+
+  // Whether the data are in a file now. Text data, which loses formulas and formats, does not
+  // become the data set's file: the sheet stays unsaved.
+  bool SaveCurrentFile();
+  bool SaveFileAs();
+
+ private:
+  OpenOutcome openFile(const std::string& name);
+  bool openText(const std::string& name);
+  bool SaveFile(const std::string& name);
+  bool isToldReadOnly(const std::string& name);
+  bool wasGivenUp(const std::string& name, bool allowRetry);
+  std::string dataFolder() const;
+
+  Desktop& desktop_;
+  DataSheet& sheet_;
+  std::string programFolder_;
+  HostFiles files_;
+  SymbolFileHost symbolFiles_;
+};
+
+}  // namespace tolmer
