@@ -10,8 +10,8 @@
 namespace tolmer {
 
 struct OpenOutcome {
-  bool opened = false;   // false: the sheet stands
-  std::string reason{};  // what is wrong with the file, a sentence; empty where a box has said it
+  bool opened = false;   // false: the sheet stands, and a box has said so unless nothing was chosen
+  std::string reason{};  // what is wrong with the file, where the box cannot say it; a sentence
 };
 
 class DataSetFiles {

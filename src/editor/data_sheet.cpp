@@ -117,7 +117,6 @@ void DataSheet::commit(SheetEdit& edit, WithoutSteps emptyEdit) {
 }
 
 void DataSheet::follow(SheetChange change) {
-  ++revision_;
   if (change.empty()) return;
   formulas_.follow(change);
   if (Changed) Changed(change);
@@ -126,7 +125,6 @@ void DataSheet::follow(SheetChange change) {
 void DataSheet::markChanged() {
   touched_ = true;
   journal_.seal();
-  ++revision_;
 }
 
 EntryOutcome DataSheet::enter(int row, int col, std::string_view typed) {

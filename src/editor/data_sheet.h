@@ -93,8 +93,6 @@ class DataSheet {
   // marked.
   bool changeMade() const { return touched_ || !journal_.atKept(); }
   void markChanged();
-  // Another number after every change, of marks and of what is shown too.
-  std::uint64_t revision() const { return revision_; }
 
   // --- undo
   bool undo();
@@ -126,7 +124,6 @@ class DataSheet {
   SheetJournal journal_;
   SeedSource seeds_;
   bool touched_ = false;  // marked as changed without a change
-  std::uint64_t revision_ = 0;
   SheetState visitStart_;
 };
 

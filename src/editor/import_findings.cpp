@@ -209,7 +209,7 @@ Result<std::optional<DataCell>> ImportFindings::numberCell(int row, int column,
     return std::optional(DataCell{});
   DataCell cell;
   cell.kind = DataCell::Kind::number;
-  cell.number = shape.percent && percent == percentDivided ? number->value / 100 : number->value;
+  cell.number = shape.percent && percent == percentDivided ? *number / 100 : *number;
   return std::optional(cell);
 }
 

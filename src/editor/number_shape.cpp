@@ -173,15 +173,13 @@ NumberShape numberShape(std::string_view field) {
           parts->groupedByBlanks, parts->percent, parts->currency};
 }
 
-std::optional<FieldNumber> fieldNumber(std::string_view field, char decimalMark) {
+std::optional<double> fieldNumber(std::string_view field, char decimalMark) {
   const auto parts = partsOf(field);
   if (!parts) return std::nullopt;
   const std::string digits = digitsWith(parts->mantissa, decimalMark);
   if (digits.empty()) return std::nullopt;
   const auto read = readNumber((parts->negative ? "-" : "") + digits + parts->exponent);
-  if (read.kind != NumberReading::Kind::number) return std::nullopt;
-  const char other = decimalMark == '.' ? ',' : '.';
-  return FieldNumber{read.number, parts->mantissa.find(other) != std::string::npos};
+  return read.kind == NumberReading::Kind::number ? std::optional(read.number) : std::nullopt;
 }
 
 bool isMissingMark(std::string_view field) {

@@ -33,14 +33,9 @@ struct NumberShape {
 
 NumberShape numberShape(std::string_view field);
 
-struct FieldNumber {
-  double value = 0;  // of 12%: 12
-  bool marksRemoved = false;
-};
-
-// The number with that decimal mark, '.' or ','; the other one may divide thousands. nullopt where
-// the field is no such number or no double can hold it.
-std::optional<FieldNumber> fieldNumber(std::string_view field, char decimalMark);
+// The number with that decimal mark, '.' or ','; the other one may divide thousands. Of 12% it is
+// 12. nullopt where the field is no such number or no double can hold it.
+std::optional<double> fieldNumber(std::string_view field, char decimalMark);
 
 // A sign of a missing value as statistics programs and spreadsheets write them: NA . - * #DIV/0!
 bool isMissingMark(std::string_view field);
