@@ -31,7 +31,7 @@ DataSetFiles::DataSetFiles(Desktop& desktop, DataSheet& sheet, std::string progr
 // The user's folder beside the program's; where it can neither be found nor made, the user's
 // documents.
 std::string DataSetFiles::dataFolder() const {
-  const std::string own =
+  std::string own =
       hostPath(tRemoveBackSlash(tParentFolder(tRemoveBackSlash(coursePath(programFolder_)))) +
                "\\zmdata\\userdata");
   std::error_code failed;
