@@ -67,6 +67,13 @@ std::string hostPath(std::string_view coursePath) {
   return resolved.string();
 }
 
+std::string hostPathToWrite(std::string_view coursePath) {
+  std::string text(coursePath);
+  std::replace(text.begin(), text.end(), '\\', '/');
+  const fs::path path(text);
+  return (fs::path(hostPath(path.parent_path().string())) / path.filename()).string();
+}
+
 std::string coursePath(std::string_view hostPath) {
   std::string text(hostPath);
   std::replace(text.begin(), text.end(), '/', '\\');

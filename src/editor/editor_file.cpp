@@ -17,7 +17,7 @@ std::optional<Error> saveEditorFile(const std::string& fileName, const SheetCont
     return Error{fileName, "the data need " + std::to_string(bytes.size()) +
                                " bytes, and a file may have no more than " +
                                std::to_string(maxEditorFileBytes)};
-  auto failed = writeFileAtomically(hostPath(fileName), bytes);
+  auto failed = writeFileAtomically(hostPathToWrite(fileName), bytes);
   if (failed) failed->where = fileName;
   return failed;
 }
@@ -39,7 +39,7 @@ Result<SheetContent> loadEditorFile(const std::string& fileName, int observation
 
 // Root may write anywhere; a file that nobody may write is read-only for root as well.
 bool isReadOnly(const std::string& fileName) {
-  const std::string host = hostPath(fileName);
+  const std::string host = hostPathToWrite(fileName);
   struct stat about {};
   if (::stat(host.c_str(), &about) != 0) return false;
   return (about.st_mode & 0222) == 0 || ::access(host.c_str(), W_OK) != 0;

@@ -81,7 +81,7 @@ std::string sheetText(const SheetContent& sheet, char separator) {
 
 std::optional<Error> saveSheetText(const std::string& fileName, const SheetContent& sheet,
                                    char separator) {
-  auto failed = writeFileAtomically(hostPath(fileName), sheetText(sheet, separator));
+  auto failed = writeFileAtomically(hostPathToWrite(fileName), sheetText(sheet, separator));
   if (failed) failed->where = fileName;
   return failed;
 }

@@ -226,6 +226,21 @@ TEST_F(EditorFile, aSaveFollowsALinkAndKeepsTheMode) {
   EXPECT_FALSE(isReadOnly(folder.file("none")));
 }
 
+TEST_F(EditorFile, aSaveLeavesAFileAloneWhoseNameDiffersInCase) {
+  SheetContent sheet(editorObservations, editorVariables);
+  ASSERT_FALSE(saveEditorFile(name, sheet));
+  ASSERT_EQ(::chmod(name.c_str(), 0444), 0);
+  const SheetContent kept = sheet;
+  sheet.title = "other";
+  EXPECT_FALSE(isReadOnly(folder.file("A.zmm")));
+  ASSERT_FALSE(saveEditorFile(folder.file("A.zmm"), sheet));
+  EXPECT_EQ(*loadEditorFile(name), kept);
+  EXPECT_EQ(*loadEditorFile(folder.file("A.zmm")), sheet);
+  ASSERT_FALSE(saveSheetText(folder.file("a.CSV"), sheet, ','));
+  ASSERT_FALSE(saveSheetText(folder.file("a.csv"), sheet, ','));
+  EXPECT_TRUE(fs::exists(folder.file("a.CSV")) && fs::exists(folder.file("a.csv")));
+}
+
 // A child saves two sheets in turn until it is killed; the file is always one of them, whole.
 TEST_F(EditorFile, aKillAtAnyMomentLeavesTheOldOrTheNewFile) {
   Random random(9);
