@@ -1,8 +1,11 @@
 #include "editor/exit_check.h"
 
 #include <algorithm>
+#include <cmath>
+#include <limits>
 
 #include "editor/sheet_headings.h"
+#include "editor/sheet_number.h"
 #include "engine/number_format.h"
 #include "engine/number_picture.h"
 
@@ -67,7 +70,21 @@ void writeBack(const std::vector<float>& sVal, ExitData& data, int iVar) {
     data.mdValue(i, iVar) = sVal[static_cast<std::size_t>(i)];
 }
 
+// The analysis holds its data as singles.
+std::optional<MessageBox> checkSize(const DataSheet& sheet, const ExitData& data, int iVar) {
+  constexpr double largest = std::numeric_limits<float>::max();
+  for (int i = 1; i <= data.miCompleteObs; ++i)
+    if (std::fabs(data.mdValue(i, iVar)) > largest)
+      return MessageBox{"Variable Error",
+                        "Your Variable " + sheet.cell(0, iVar).text + " has the value " +
+                            exactText(data.mdValue(i, iVar)) +
+                            ". The analysis takes numbers up to 3.4e38.",
+                        MessageIcon::critical, MessageButtons::ok};
+  return std::nullopt;
+}
+
 std::optional<MessageBox> variableFault(const DataSheet& sheet, ExitData& data, int iVar) {
+  if (auto fault = checkSize(sheet, data, iVar)) return fault;
   const std::vector<float> sVal = variableValues(data, iVar);
   if (sheet.variables() != 4 || iVar != binaryVariable)
     return CheckConstantVariable(sVal, sheet.cell(0, iVar).text, data.miCompleteObs);

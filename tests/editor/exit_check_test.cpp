@@ -67,6 +67,18 @@ TEST(ExitCheckTest, ComparesValuesAsSingles) {
   EXPECT_THAT(messages.texts(), ElementsAre("Your Variable X has only 1 value: 1"));
 }
 
+TEST(ExitCheckTest, RefusesWhatNoSingleCanHold) {
+  DataSheet sheet(10, 2);
+  fill(sheet, {{"", "1", "3e38"}, {"", "2", "-4e38"}, {"", "3", "0"}});
+  sheet.enter(0, 2, "Debt");
+  RecordedMessages messages;
+  EXPECT_FALSE(bfDataAreValid(sheet, {}, messages).valid);
+  EXPECT_THAT(messages.texts(), ElementsAre("Your Variable Debt has the value -4e+38. The "
+                                            "analysis takes numbers up to 3.4e38."));
+  sheet.enter(2, 2, "-3.4e38");
+  EXPECT_TRUE(bfDataAreValid(sheet, {}, messages).valid);
+}
+
 TEST(ExitCheckTest, BinaryVariableCountsItsSecondValueFromTheSecondSightingOn) {
   const auto fault = [](std::vector<float> values) {
     const int observations = static_cast<int>(values.size());
