@@ -18,6 +18,7 @@ constexpr int percentDivided = 1;
 constexpr int percentEmpty = 2;
 constexpr int currencyEmpty = 1;
 constexpr int stopped = 1;  // of missing marks, words and short rows
+constexpr int firstRowStopped = 2;
 
 std::string quotation(const std::string& field) {
   constexpr std::size_t longest = 30;
@@ -41,6 +42,7 @@ Result<ImportFindings> ImportFindings::of(const std::string& text, const ImportT
   findings.lookAtFields();
   // How the text is cut decides everything else.
   if (!findings.questions_.empty() && !findings.questions_.front().chosen) return findings;
+  findings.findFirstRow();
   findings.findHeading();
   findings.findLanding();
   if (const auto error = findings.findRoom()) return *error;
@@ -48,6 +50,7 @@ Result<ImportFindings> ImportFindings::of(const std::string& text, const ImportT
   findings.findDecimalMark();
   findings.findSigns();
   findings.findMissingAndWords();
+  findings.findGapsOnTop();
   return findings;
 }
 
@@ -137,6 +140,22 @@ void ImportFindings::findMissingAndWords() {
         {leaveEmpty, stop}, std::nullopt);
 }
 
+// The check on leaving the editor knows a gap only below a column's first value.
+void ImportFindings::findGapsOnTop() {
+  if (target_.origin != TextOrigin::file || dataRows() < 1) return;
+  const int top = firstDataRow();
+  Sighting gaps;
+  for (int column = 0; column < columns(); ++column)
+    if (!landsAsLabel(column) && kindOf(column, top) == ColumnKind::numbers &&
+        !look(top, column).shape.isNumber())
+      gaps.add(top, column);
+  if (gaps.count == 0) return;
+  const std::string more =
+      gaps.count > 1 ? " (" + std::to_string(gaps.count) + " columns in all)" : "";
+  notes_.push_back("Column " + std::to_string(gaps.column + 1) + " begins without a value" + more +
+                   ". Above a variable's first value, the analysis takes empty cells as 0.");
+}
+
 std::string ImportFindings::place(int row, int column) const {
   return "line " + std::to_string(table_.lines[static_cast<std::size_t>(row)]) + ", column " +
          std::to_string(column + 1);
@@ -169,7 +188,8 @@ std::optional<int> ImportFindings::answerTo(ImportDoubt doubt) const {
 std::optional<Error> ImportFindings::refusal() const {
   for (const ImportQuestion& question : questions_)
     if (!question.chosen) return Error{"", "An answer is missing: " + question.text};
-  if (answerTo(ImportDoubt::shortRows) == stopped)
+  if (answerTo(ImportDoubt::shortRows) == stopped ||
+      answerTo(ImportDoubt::firstRow) == firstRowStopped)
     return Error{place(table_.firstShortRow, 0), "The row is too short."};
   return std::nullopt;
 }

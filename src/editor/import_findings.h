@@ -59,6 +59,11 @@ class ImportFindings {
   std::optional<char> separatorOfClipboard(const std::string& text);
   std::optional<char> separatorOfFile(const std::string& text);
   std::optional<char> askSeparator(const std::vector<char>& candidates, std::optional<int> preset);
+  bool firstRowIsShortOfAName() const;
+  bool firstColumnNamesCases() const;
+  void findFirstRow();
+  bool cornerIsBlank() const;
+  std::string firstName() const;
   void findHeading();
   std::optional<bool> headingByLook() const;
   bool firstRowIsYears() const;
@@ -69,6 +74,7 @@ class ImportFindings {
   void askDecimalMark(const Sighting& seen, std::optional<int> preset);
   void findSigns();
   void findMissingAndWords();
+  void findGapsOnTop();
 
   ColumnKind kindOf(int column, int fromRow) const;
   bool landsAsLabel(int column) const { return firstColumn_ + column == 0; }
@@ -94,7 +100,8 @@ class ImportFindings {
   ImportTarget target_;
   ImportAnswers answers_;
   TextTable table_;
-  Matrix<FieldLook> looks_;  // of all fields of the table
+  Matrix<FieldLook> looks_;     // of all fields of the table
+  bool namesAreShort_ = false;  // the first row is names, one less than columns
   bool heading_ = false;
   std::optional<char> decimalMark_;
   int firstRow_ = 1;

@@ -54,7 +54,9 @@ bool equalsLabel(const std::string& heading) { return heading == "Label" || head
 
 std::optional<Error> ImportFindings::findTable(const std::string& text) {
   const auto separator = chooseSeparator(text);
-  auto table = textTable(text, separator.value_or(noSeparator), target_.origin);
+  // As long as nobody has said what divides the fields, quotes are letters like others.
+  auto table = textTable(text, separator.value_or(noSeparator),
+                         separator ? target_.origin : TextOrigin::clipboard);
   if (!table) return table.error();
   if (table->rows.empty() || table->columns() == 0)
     return Error{"", "There are no data in the text."};
@@ -85,6 +87,7 @@ std::optional<char> ImportFindings::separatorOfClipboard(const std::string& text
 
 std::optional<char> ImportFindings::separatorOfFile(const std::string& text) {
   auto even = evenSeparators(text, target_.origin);
+  if (even == std::vector{' '}) return askSeparator(even, std::nullopt);
   std::erase(even, ' ');
   if (!even.empty() && even[0] == '\t') return '\t';
   if (even.size() == 1 && !(even[0] == ',' && couldBeDecimals(text, target_.origin))) {
@@ -124,6 +127,52 @@ ImportFindings::ColumnKind ImportFindings::kindOf(int column, int fromRow) const
   return numbers >= words ? ColumnKind::numbers : ColumnKind::words;
 }
 
+// Programs that number or name their cases write these in a first column without a name, some of
+// them without even an empty field over it.
+bool ImportFindings::firstRowIsShortOfAName() const {
+  if (table_.shortRows != 1 || table_.firstShortRow != 0 || table_.rows.size() < 2 ||
+      table_.shortLength + 1 != table_.columns())
+    return false;
+  for (int column = 0; column + 1 < columns(); ++column)
+    if (!field(0, column).empty() && !look(0, column).shape.isNumber()) return true;
+  return firstColumnNamesCases();
+}
+
+bool ImportFindings::firstColumnNamesCases() const {
+  if (kindOf(0, 1) == ColumnKind::words) return true;
+  for (int row = 1; row < static_cast<int>(table_.rows.size()); ++row)
+    if (field(row, 0) != std::to_string(row)) return false;
+  return true;
+}
+
+void ImportFindings::findFirstRow() {
+  if (!firstRowIsShortOfAName()) return;
+  namesAreShort_ = true;
+  const auto chosen = ask(ImportDoubt::firstRow,
+                          "The first row has one field less than the others (\"" + firstName() +
+                              "\" and so on). Over which column does it begin?",
+                          {"Over the second: the first has no name",
+                           "Over the first: the last has no name", "Do not bring the text in"},
+                          firstColumnNamesCases() ? std::optional(0) : std::nullopt);
+  if (chosen.value_or(0) != 0) return;
+  auto& names = table_.rows.front();
+  std::rotate(names.begin(), names.end() - 1, names.end());
+  lookAtFields();
+}
+
+// Nothing over a first column that is filled, which hints at names over the others.
+bool ImportFindings::cornerIsBlank() const {
+  if (target_.origin == TextOrigin::clipboard || !field(0, 0).empty()) return false;
+  return std::none_of(table_.rows.begin() + 1, table_.rows.end(),
+                      [](const auto& row) { return row.front().empty(); });
+}
+
+std::string ImportFindings::firstName() const {
+  for (const std::string& name : table_.rows.front())
+    if (!name.empty()) return name;
+  return {};
+}
+
 bool ImportFindings::firstRowIsYears() const {
   bool years = false;
   for (int column = 0; column < columns(); ++column) {
@@ -146,10 +195,12 @@ std::optional<bool> ImportFindings::headingByLook() const {
     const std::string& text = field(0, column);
     const FieldLook& seen = look(0, column);
     const bool isWord = !text.empty() && !seen.missing && !seen.shape.isNumber();
+    if (column == 0 && cornerIsBlank()) continue;
     if (overNumbers || kindOf(column, 1) == ColumnKind::empty) ++(isWord ? words : others);
   }
   if (!anyNumbers && words == 0 && others > 0) return false;
   if (!anyNumbers || (words > 0 && others > 0) || firstRowIsYears()) return std::nullopt;
+  if (words == 0 && cornerIsBlank()) return std::nullopt;
   return words > 0;
 }
 
@@ -157,13 +208,13 @@ void ImportFindings::findHeading() {
   const bool pasted = target_.origin == TextOrigin::clipboard;
   const bool cursorOnNames = pasted && target_.row == 0;
   const bool onlyLabels = pasted && columns() == 1 && target_.column == 0;
-  auto heading = headingByLook();
+  auto heading = namesAreShort_ ? true : headingByLook();
   if (!heading && (cursorOnNames || onlyLabels)) heading = cursorOnNames;
   if (cursorOnNames && table_.rows.size() == 1) heading = true;
   if (!heading) {
     const auto chosen =
         ask(ImportDoubt::heading,
-            "Does the first row hold the names of the columns (\"" + field(0, 0) + "\" and so on)?",
+            "Does the first row hold the names of the columns (\"" + firstName() + "\" and so on)?",
             {"Yes, names", "No, data"}, std::nullopt);
     heading = chosen.value_or(0) == 0;
   }
@@ -182,7 +233,12 @@ void ImportFindings::findLanding() {
     const bool labels = named || kindOf(0, firstDataRow()) == ColumnKind::words;
     firstColumn_ = labels ? 0 : 1;
     if (labels) notes_.push_back("The first column holds the labels of the cases.");
-  } else if (heading_ && target_.row > 0 && (questions_.empty() || questions_.back().chosen)) {
+    return;
+  }
+  if (firstColumn_ == 0 && columns() > 1 && kindOf(0, firstDataRow()) == ColumnKind::numbers &&
+      !(heading_ && (field(0, 0).empty() || equalsLabel(field(0, 0)))))
+    notes_.push_back("The first column becomes the labels of the cases, though it holds numbers.");
+  if (heading_ && target_.row > 0 && (questions_.empty() || questions_.back().chosen)) {
     ask(ImportDoubt::headingPlace,
         "The first row holds names, and the block lands below the row of headings. What is to "
         "become "
@@ -205,7 +261,7 @@ std::optional<Error> ImportFindings::findRoom() const {
 }
 
 void ImportFindings::findShortRows() {
-  if (table_.firstShortRow < 0) return;
+  if (table_.firstShortRow < 0 || namesAreShort_) return;
   ask(ImportDoubt::shortRows,
       "Rows have different lengths: line " +
           std::to_string(table_.lines[static_cast<std::size_t>(table_.firstShortRow)]) + " has " +

@@ -163,11 +163,21 @@ NumberShape::Marks marksOf(const Parts& parts) {
   return Marks::noNumber;
 }
 
+// Only an exponent or a great many digits can make it so.
+bool isTooLarge(const Parts& parts) {
+  constexpr std::size_t surelyFits = 300;
+  if (parts.exponent.empty() && parts.mantissa.size() < surelyFits) return false;
+  for (const char mark : {'.', ','})
+    if (const auto digits = digitsWith(parts.mantissa, mark); !digits.empty())
+      return readNumber(digits + parts.exponent).kind == NumberReading::Kind::tooLarge;
+  return false;
+}
+
 }  // namespace
 
 NumberShape numberShape(std::string_view field) {
   const auto parts = partsOf(field);
-  if (!parts) return {};
+  if (!parts || isTooLarge(*parts)) return {};
   return {marksOf(*parts),
           std::count_if(parts->mantissa.begin(), parts->mantissa.end(), isMark) > 1,
           parts->groupedByBlanks, parts->percent, parts->currency};

@@ -21,6 +21,7 @@ namespace tolmer {
 
 enum class ImportDoubt {
   separator,     // what divides the fields
+  firstRow,      // one field less than all others: over which column it begins
   heading,       // is the first row names?
   headingPlace,  // names above a block that lands further down
   shortRows,     // rows of different length

@@ -85,10 +85,12 @@ std::size_t widestRow(const TextTable& table, TextOrigin origin) {
   return width;
 }
 
-bool isEven(const TextTable& table) {
-  return std::all_of(table.rows.begin(), table.rows.end(), [&table](const auto& row) {
-    return row.size() == table.rows.front().size() || isBlankLine(row);
-  });
+bool isEven(const TextTable& table, TextOrigin origin) {
+  const std::size_t first = table.rows.front().size();
+  const std::size_t width = table.rows.size() > 1 ? table.rows[1].size() : first;
+  if (first != width && (origin == TextOrigin::clipboard || first + 1 != width)) return false;
+  return std::all_of(table.rows.begin() + 1, table.rows.end(),
+                     [width](const auto& row) { return row.size() == width || isBlankLine(row); });
 }
 
 }  // namespace
@@ -105,7 +107,7 @@ Result<TextTable> textTable(std::string text, char separator, TextOrigin origin)
   const std::size_t width = widestRow(*table, origin);
   for (std::size_t i = 0; i < table->rows.size(); ++i) {
     auto& row = table->rows[i];
-    if (row.size() < width && !isBlankLine(row) && table->firstShortRow < 0) {
+    if (row.size() < width && !isBlankLine(row) && table->shortRows++ == 0) {
       table->firstShortRow = static_cast<int>(i);
       table->shortLength = row.size();
     }
@@ -119,7 +121,7 @@ std::vector<char> evenSeparators(const std::string& text, TextOrigin origin) {
   for (const char separator : {'\t', ';', ',', ' '}) {
     if (text.find(separator) == std::string::npos) continue;
     const auto table = rawTable(text, separator, origin);
-    if (table && !table->rows.empty() && table->rows.front().size() > 1 && isEven(*table))
+    if (table && !table->rows.empty() && table->rows.front().size() > 1 && isEven(*table, origin))
       even.push_back(separator);
   }
   return even;

@@ -23,6 +23,7 @@ struct TextTable {
   std::vector<int> lines;                      // where each row begins in the text, from 1
   int firstShortRow = -1;       // the first row that had fewer fields than the longest one
   std::size_t shortLength = 0;  // the number of fields that it had
+  int shortRows = 0;            // how many had fewer
 
   int blankLines = 0;  // left out of the rows
 
@@ -36,7 +37,8 @@ Result<std::string> foreignText(std::string bytes);
 Result<TextTable> textTable(std::string text, char separator, TextOrigin origin);
 
 // The separators that give the same number of fields, more than one, in every row, out of tab,
-// semicolon, comma and blank, in this order.
+// semicolon, comma and blank, in this order. In a file the first row may have one less: names over
+// a table whose first column has none.
 std::vector<char> evenSeparators(const std::string& text, TextOrigin origin);
 
 }  // namespace tolmer

@@ -13,7 +13,7 @@ constexpr ImportTarget atFirstCell{.origin = TextOrigin::clipboard, .row = 1, .c
 constexpr ImportTarget asFile{};
 
 std::string doubts(const ImportPreview& preview) {
-  const char* names[] = {"separator", "heading", "place",    "short",   "decimal",
+  const char* names[] = {"separator", "first",   "heading",  "place",   "short", "decimal",
                          "blanks",    "percent", "currency", "missing", "words"};
   std::string all;
   for (const ImportQuestion& question : preview.questions) {
@@ -94,6 +94,7 @@ TEST(TextImport, pastedBlocksLandAsTheyLook) {
       {"1.234\t2\n", "decimal=0", {}, "|1.234 2@1,1"},
       {"1.234\t2\n", "decimal=0", {{decimalMark, 1}}, "|1234 2@1,1"},
       // Signs, blanks, missing values, words.
+      {"1\n2\n1e400\n", "words", {{words, 0}}, "|1|2|@1,1"},
       {"12 345\t1\n", "blanks", {{blankGroups, 0}}, "|12345 1@1,1"},
       {"12%\t1\n", "percent", {{percent, 1}}, "|0.12 1@1,1"},
       {"\xE2\x82\xAC 12\t-$3.50\n", "currency", {{currency, 0}}, "|12 -3.5@1,1"},
@@ -173,6 +174,50 @@ std::string block(int rows, int columns) {
     for (int column = 0; column < columns; ++column)
       text += exactText(1.0 / (3 + row * columns + column)) + (column + 1 < columns ? "\t" : "\n");
   return text;
+}
+
+// As R, Python and older programs write tables: a first column that numbers or names the cases has
+// an empty heading or none at all, and blanks may divide the fields.
+TEST(TextImport, namesStandOverTheirColumnsWhereTheFirstHasNone) {
+  using enum ImportDoubt;
+  const Sample samples[] = {
+      {"\"\",x,y\n1,5,2\n2,6,3\n", "", {}, "[][x][y]|'1 5 2|'2 6 3@1,0"},
+      {",1990,2000\n1,1.5,2\n2,1.6,3\n",
+       "heading",
+       {{heading, 0}},
+       "[][1990][2000]|'1 1.5 2|'2 1.6 3@1,0"},
+      {",0,1\na,1.5,2\nb,1.6,3\n", "heading", {{heading, 0}}, "[][0][1]|'a 1.5 2|'b 1.6 3@1,0"},
+      {"x\ty\n1\t5\t2\n2\t6\t3\n", "first=0", {}, "[][x][y]|'1 5 2|'2 6 3@1,0"},
+      {"x\ty\nUlm\t5\t2\nRom\t6\t3\n", "first=0", {}, "[][x][y]|'Ulm 5 2|'Rom 6 3@1,0"},
+      {"1940\t1945\nUlm\t5\t2\nRom\t6\t3\n", "first=0", {}, "[][1940][1945]|'Ulm 5 2|'Rom 6 3@1,0"},
+      {"x,y\n7,5,\n8,6,3\n", "first", {{firstRow, 1}}, "[x][y][]|7 5 |8 6 3@1,1"},
+      {"x,y\n7,5,4\n8,6,3\n", "first", {{firstRow, 2}}, "line 1, column 1: The row is too short."},
+      {"x y\n1 5\n2 6\n", "separator", {{separator, 0}}, "[x][y]|1 5|2 6@1,1"},
+      {"\"x\" \"y\"\n\"New York\" 5 2\n\"Rom\" 6 3\n",
+       "separator",
+       {{separator, 0}},
+       "[][x][y]|'New York 5 2|'Rom 6 3@1,0"},
+  };
+  for (const Sample& sample : samples) {
+    SCOPED_TRACE(sample.text);
+    EXPECT_EQ(asked(sample.text, asFile), sample.asked);
+    EXPECT_EQ(landed(sample.text, asFile, sample.answers), sample.landed);
+  }
+}
+
+TEST(TextImport, whatWouldSurpriseLaterIsTold) {
+  const auto notes = [](const char* text, int row, TextOrigin origin = TextOrigin::clipboard) {
+    return TextImport::read(text, {origin, row, 0})->preview({})->notes;
+  };
+  EXPECT_EQ(
+      notes("x\ty\tz\n1\tNA\t\n2\t6\t8\n", 1, TextOrigin::file),
+      std::vector<std::string>{"Column 2 begins without a value (2 columns in all). Above a "
+                               "variable's first value, the analysis takes empty cells as 0."});
+  EXPECT_TRUE(notes("x\ty\n1\t5\n2\t\n", 1, TextOrigin::file).empty());
+  EXPECT_EQ(notes("1\t5\n2\t6\n", 1),
+            std::vector<std::string>{
+                "The first column becomes the labels of the cases, though it holds numbers."});
+  EXPECT_TRUE(notes("\tx\n1\t5\n2\t6\n", 0).empty());
 }
 
 TEST(TextImport, whatHasNoRoomIsRefusedWithTheNumbers) {
