@@ -16,8 +16,8 @@ class Gate;
 // The key as event procedures name it; 0 for one that they do not know.
 KeyPress toKeyPress(const QKeyEvent& event);
 
-// Raises MouseDown, MouseUp, MouseMove, KeyDown and the focus events, and Click of those kinds whose widgets
-// have no click of their own (label, panel, image, the ground of a window).
+// Raises MouseDown, MouseUp, MouseMove, KeyDown and the focus events, and Click of those kinds
+// whose widgets have no click of their own (label, panel, image, the ground of a window).
 //
 // A release of the right button goes to the nearest model, outwards, that has a MouseUp handler.
 class InputFilter : public QObject {
