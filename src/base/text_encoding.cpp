@@ -15,14 +15,15 @@ constexpr std::array<char16_t, 32> windows1252 = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-void appendCodePoint(std::string& text, char16_t code) {
+void appendCodePoint(std::string& text, char32_t code) {
   if (code < 0x80) {
     text += static_cast<char>(code);
   } else if (code < 0x800) {
     text += static_cast<char>(0xC0 | (code >> 6));
     text += static_cast<char>(0x80 | (code & 0x3F));
   } else {
-    text += static_cast<char>(0xE0 | (code >> 12));
+    if (code >= 0x10000) text += static_cast<char>(0xF0 | (code >> 18));
+    text += static_cast<char>(code >= 0x10000 ? 0x80 | ((code >> 12) & 0x3F) : 0xE0 | (code >> 12));
     text += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
     text += static_cast<char>(0x80 | (code & 0x3F));
   }
@@ -80,12 +81,35 @@ std::string utf8FromWindows1252(std::string_view bytes) {
   for (const char c : bytes) {
     const Byte byte = static_cast<Byte>(c);
     const bool mapped = byte >= 0x80 && byte <= 0x9F;
-    appendCodePoint(text, mapped ? windows1252[byte - 0x80u] : static_cast<char16_t>(byte));
+    appendCodePoint(text, mapped ? windows1252[byte - 0x80u] : static_cast<char32_t>(byte));
+  }
+  return text;
+}
+
+std::string utf8FromUtf16(std::string_view bytes, bool lowByteFirst) {
+  const auto unit = [&](std::size_t at) {
+    const char32_t first = static_cast<Byte>(bytes[at]);
+    const char32_t second = static_cast<Byte>(bytes[at + 1]);
+    return lowByteFirst ? first | (second << 8) : (first << 8) | second;
+  };
+  std::string text;
+  for (std::size_t at = 0; at + 1 < bytes.size(); at += 2) {
+    char32_t code = unit(at);
+    if (code >= 0xD800 && code < 0xE000) {
+      const char32_t low = code < 0xDC00 && at + 3 < bytes.size() ? unit(at + 2) : 0;
+      const bool isPair = low >= 0xDC00 && low < 0xE000;
+      code = isPair ? 0x10000 + ((code - 0xD800) << 10) + (low - 0xDC00) : U'\uFFFD';
+      if (isPair) at += 2;
+    }
+    appendCodePoint(text, code);
   }
   return text;
 }
 
 std::string utf8FromFile(std::string bytes) {
+  for (const char* const mark : {"\xFF\xFE", "\xFE\xFF"})
+    if (bytes.starts_with(mark))
+      return utf8FromUtf16(std::string_view(bytes).substr(2), mark[0] == '\xFF');
   if (bytes.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
   return isUtf8(bytes) ? bytes : utf8FromWindows1252(bytes);
 }

@@ -15,8 +15,12 @@ bool isUtf8(std::string_view bytes);
 // (0x81, 0x8D, 0x8F, 0x90, 0x9D) become the C1 control codes of the same number.
 std::string utf8FromWindows1252(std::string_view bytes);
 
-// The content of a text file: without a leading byte-order mark, taken as UTF-8 where it is valid
-// UTF-8 and as Windows-1252 where it is not.
+// Two bytes to a unit, the lower one first or last; half a pair becomes U+FFFD, a last odd byte is
+// dropped.
+std::string utf8FromUtf16(std::string_view bytes, bool lowByteFirst);
+
+// The content of a text file: without a leading byte-order mark, taken as UTF-16 where the mark
+// says so, else as UTF-8 where it is valid UTF-8 and as Windows-1252 where it is not.
 std::string utf8FromFile(std::string bytes);
 
 // The number of bytes that the first `characters` characters of `text` take, at most all of them.

@@ -28,6 +28,14 @@ TEST(FileText, isUtf8WhereItCanBeAndWindows1252Otherwise) {
   EXPECT_EQ(utf8FromFile("\x81\x8D"), "\xC2\x81\xC2\x8D");
 }
 
+TEST(FileText, isUtf16WhereItsMarkSaysSo) {
+  using namespace std::string_literals;
+  EXPECT_EQ(utf8FromFile("\xFF\xFEG\0\xF6\0\xAC\x20\x3D\xD8\x00\xDE"s), "Gö€\xF0\x9F\x98\x80");
+  EXPECT_EQ(utf8FromFile("\xFE\xFF\0G\0\xF6\x20\xAC\xD8\x3D\xDE\x00"s), "Gö€\xF0\x9F\x98\x80");
+  for (const auto& broken : {"\xFF\xFE\x3D\xD8"s, "\xFF\xFE\x00\xDE"s, "\xFF\xFE\x3D\xD8\xAC"s})
+    EXPECT_EQ(utf8FromFile(broken), "\xEF\xBF\xBD");
+}
+
 TEST(FileText, losesItsByteOrderMarkOnce) {
   EXPECT_EQ(utf8FromFile("\xEF\xBB\xBFx"), "x");
   EXPECT_EQ(utf8FromFile("\xEF\xBB\xBF\xEF\xBB\xBFx"), "\xEF\xBB\xBFx");
