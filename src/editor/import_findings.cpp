@@ -44,6 +44,7 @@ Result<ImportFindings> ImportFindings::of(const std::string& text, const ImportT
   if (!findings.questions_.empty() && !findings.questions_.front().chosen) return findings;
   findings.findFirstRow();
   findings.findHeading();
+  findings.findUnits();
   findings.findLanding();
   if (const auto error = findings.findRoom()) return *error;
   findings.findShortRows();
@@ -113,8 +114,9 @@ void ImportFindings::findSigns() {
     if (shape.currency) currencies.add(row, column);
   });
   if (groups.count)
-    ask(ImportDoubt::blankGroups, "There are blanks within numbers, first " + seenAt(groups) + ".",
-        {"Take the blanks out", leaveEmpty}, std::nullopt);
+    ask(ImportDoubt::blankGroups,
+        "There are blanks or apostrophes within numbers, first " + seenAt(groups) + ".",
+        {"Take them out", leaveEmpty}, std::nullopt);
   if (percents.count)
     ask(ImportDoubt::percent, "There are percent signs, first " + seenAt(percents) + ".",
         {"12% is 12", "12% is 0.12", leaveEmpty}, std::nullopt);

@@ -34,7 +34,7 @@ class ImportFindings {
   // where the answer was not to bring such a thing in.
   Result<std::optional<DataCell>> cell(int row, int column) const;
 
-  int firstDataRow() const { return heading_ ? 1 : 0; }
+  int firstDataRow() const { return (heading_ ? 1 : 0) + unitRows_; }
   int dataRows() const { return static_cast<int>(table_.rows.size()) - firstDataRow(); }
   int columns() const { return static_cast<int>(table_.columns()); }
   const std::string& field(int row, int column) const {
@@ -67,6 +67,7 @@ class ImportFindings {
   void findHeading();
   std::optional<bool> headingByLook() const;
   bool firstRowIsYears() const;
+  void findUnits();
   void findLanding();
   std::optional<Error> findRoom() const;
   void findShortRows();
@@ -103,6 +104,7 @@ class ImportFindings {
   Matrix<FieldLook> looks_;     // of all fields of the table
   bool namesAreShort_ = false;  // the first row is names, one less than columns
   bool heading_ = false;
+  int unitRows_ = 0;
   std::optional<char> decimalMark_;
   int firstRow_ = 1;
   int firstColumn_ = 1;

@@ -61,6 +61,9 @@ std::optional<Error> ImportFindings::findTable(const std::string& text) {
   if (table->rows.empty() || table->columns() == 0)
     return Error{"", "There are no data in the text."};
   table_ = std::move(*table);
+  if (table_.titleLines > 0)
+    notes_.push_back("Lines above the table were left out: " + std::to_string(table_.titleLines) +
+                     ", the first is \"" + table_.firstTitle + "\".");
   if (table_.blankLines > 0)
     notes_.push_back("Blank lines were left out: " + std::to_string(table_.blankLines) + ".");
   return std::nullopt;
@@ -221,6 +224,21 @@ void ImportFindings::findHeading() {
   heading_ = *heading;
   if (cursorOnNames && !heading_)
     notes_.push_back("The first row holds data: the block begins below the headings.");
+}
+
+// Units of measurement below the names: as a row without numbers they would become a case.
+void ImportFindings::findUnits() {
+  if (target_.origin != TextOrigin::file || !heading_ || dataRows() < 2) return;
+  std::string first;
+  for (int column = 0; column < columns(); ++column) {
+    if (kindOf(column, 2) != ColumnKind::numbers) continue;
+    if (look(1, column).shape.isNumber() || look(1, column).missing) return;
+    if (first.empty()) first = field(1, column);
+  }
+  if (first.empty()) return;
+  unitRows_ = 1;
+  notes_.push_back("Line " + std::to_string(table_.lines[1]) +
+                   " has no numbers below the names (\"" + first + "\") and was left out.");
 }
 
 // Words in a file's first column are labels; so is what a saved sheet calls "Label".

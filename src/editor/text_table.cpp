@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "base/text_encoding.h"
+#include "editor/number_shape.h"
 #include "editor/sheet_number.h"
 #include "fieldfile/record_reader.h"
 
@@ -47,6 +48,35 @@ bool isBlankLine(const std::vector<std::string>& row) {
   return row.size() == 1 && row.front().empty();
 }
 
+std::size_t usedLength(const std::vector<std::string>& row) {
+  std::size_t used = row.size();
+  while (used > 0 && row[used - 1].empty()) --used;
+  return used;
+}
+
+bool isTitle(const std::vector<std::string>& row) {
+  return usedLength(row) <= 1 && !numberShape(row.front()).isNumber();
+}
+
+bool isRowOfNames(const std::vector<std::string>& row) {
+  return usedLength(row) >= 3 && std::none_of(row.begin(), row.end(), [](const auto& field) {
+           return numberShape(field).isNumber();
+         });
+}
+
+// What spreadsheets and programs write above the names: the study's title, its source, "sep=;".
+void leaveOutTitles(TextTable& table) {
+  constexpr std::ptrdiff_t most = 20;
+  const auto names = std::find_if_not(table.rows.begin(), table.rows.end(), isTitle);
+  const auto above = names - table.rows.begin();
+  if (above == 0 || above > most || names == table.rows.end() || !isRowOfNames(*names)) return;
+  for (auto row = table.rows.begin(); row != names; ++row)
+    if (!isBlank(*row) && table.titleLines++ == 0) table.firstTitle = row->front();
+  table.blankLines += static_cast<int>(above) - table.titleLines;
+  table.rows.erase(table.rows.begin(), names);
+  table.lines.erase(table.lines.begin(), table.lines.begin() + above);
+}
+
 Result<TextTable> rawTable(std::string text, char separator, TextOrigin origin) {
   if (separator == ' ') text = withSingleBlanks(text);
   const char divider = separator == noSeparator ? '\x1F' : separator;
@@ -69,13 +99,8 @@ Result<TextTable> rawTable(std::string text, char separator, TextOrigin origin) 
   while (origin == TextOrigin::file && !table.rows.empty() && isBlank(table.rows.back()))
     table.rows.pop_back();
   table.lines.resize(table.rows.size());
+  if (origin == TextOrigin::file && separator != noSeparator) leaveOutTitles(table);
   return table;
-}
-
-std::size_t usedLength(const std::vector<std::string>& row) {
-  std::size_t used = row.size();
-  while (used > 0 && row[used - 1].empty()) --used;
-  return used;
 }
 
 std::size_t widestRow(const TextTable& table, TextOrigin origin) {
@@ -96,9 +121,11 @@ bool isEven(const TextTable& table, TextOrigin origin) {
 }  // namespace
 
 Result<std::string> foreignText(std::string bytes) {
+  const bool isUtf16 = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
+  if (isUtf16) bytes = utf8FromFile(std::move(bytes));
   if (bytes.find('\0') != std::string::npos) return Error{"", "This is no text file."};
   std::replace_if(bytes.begin(), bytes.end(), isControl, ' ');
-  return utf8FromFile(std::move(bytes));
+  return isUtf16 ? bytes : utf8FromFile(std::move(bytes));
 }
 
 Result<TextTable> textTable(std::string text, char separator, TextOrigin origin) {

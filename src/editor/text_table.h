@@ -25,12 +25,15 @@ struct TextTable {
   std::size_t shortLength = 0;  // the number of fields that it had
   int shortRows = 0;            // how many had fewer
 
-  int blankLines = 0;  // left out of the rows
+  int blankLines = 0;        // left out of the rows
+  int titleLines = 0;        // likewise: words above the table, one to a row
+  std::string firstTitle{};  // of these
 
   std::size_t columns() const { return rows.empty() ? 0 : rows.front().size(); }
 };
 
-// The text of foreign bytes: UTF-8, or Windows-1252 where it is not; a byte-order mark dropped.
+// The text of foreign bytes: UTF-16 behind its mark, else UTF-8, or Windows-1252 where it is not; a
+// byte-order mark dropped.
 // Bytes that are no text are refused.
 Result<std::string> foreignText(std::string bytes);
 

@@ -205,6 +205,30 @@ TEST(TextImport, namesStandOverTheirColumnsWhereTheFirstHasNone) {
   }
 }
 
+TEST(TextImport, whatStandsRoundTheNamesIsLeftOutAndTold) {
+  const auto told = [](const std::string& text) {
+    std::string all;
+    const auto preview = TextImport::read(text, asFile)->preview({});
+    for (const std::string& note : preview->notes) all += note + "|";
+    return all;
+  };
+  const std::string table = "[a][b][c]|1 2 3|4 5 6@1,1";
+  const std::string above = "Fields are divided by commas.|Lines above the table were left out: ";
+  EXPECT_EQ(landed("My study\n\na,b,c\n1,2,3\n4,5,6\n", asFile), table);
+  EXPECT_EQ(told("My study\n\na,b,c\n1,2,3\n4,5,6\n"),
+            above + "1, the first is \"My study\".|Blank lines were left out: 1.|");
+  EXPECT_EQ(landed("# x\n# y,,\n,,\na,b,c\n1,2,3\n4,5,6\n", asFile), table);
+  EXPECT_EQ(landed("sep=;\na;b;c\n1;2;3\n4;5;6\n", asFile), table);
+  EXPECT_EQ(landed("a,b,c\n(EUR),,%\n1,2,3\n4,5,6\n", asFile), table);
+  EXPECT_EQ(told("a,b,c\n(EUR),,%\n1,2,3\n4,5,6\n"),
+            "Fields are divided by commas.|"
+            "Line 2 has no numbers below the names (\"(EUR)\") and was left out.|");
+  // Cases, and numbers, never.
+  EXPECT_EQ(landed("Ulm,,\nRom,1,2\nPau,3,4\n", asFile), "|'Ulm  |'Rom 1 2|'Pau 3 4@1,0");
+  EXPECT_EQ(asked("a,b,c\nx,NA,1\n1,2,3\n4,5,6\n", asFile), "missing=0 words");
+  EXPECT_EQ(asked("7,,\na,b,c\n4,5,6\n4,5,7\n", asFile), "words");
+}
+
 TEST(TextImport, whatWouldSurpriseLaterIsTold) {
   const auto notes = [](const char* text, int row, TextOrigin origin = TextOrigin::clipboard) {
     return TextImport::read(text, {origin, row, 0})->preview({})->notes;
