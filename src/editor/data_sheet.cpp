@@ -85,13 +85,6 @@ std::string DataSheet::shownText(int row, int col) const {
 
 std::string DataSheet::editText(int row, int col) const { return tolmer::editText(cell(row, col)); }
 
-int DataSheet::lastUsedRow() const {
-  for (int r = observations(); r > 0; --r)
-    for (int c = 0; c <= variables(); ++c)
-      if (cell(r, c).kind != DataCell::Kind::empty) return r;
-  return 0;
-}
-
 int DataSheet::lastUsedColumn() const {
   int last = 0;
   for (int r = 1; r <= observations(); ++r)
@@ -205,15 +198,14 @@ int DataSheet::orderDependentFormulas() const {
       tolmer::orderDependentFormulas(content(), formulas_.names(), lastUsedRow()).size());
 }
 
-SortOutcome DataSheet::sort(int keyColumn, bool ascending, SortedFormulas formulas) {
+void DataSheet::sort(int keyColumn, bool ascending) {
   std::vector<SortKey> keys;
   const int lastRow = lastUsedRow();
   for (int r = 1; r <= lastRow; ++r)
     keys.push_back(sortKey(cell(r, keyColumn), formulas_.valueOf({r, keyColumn})));
   SheetEdit edit = beginEdit("Sort");
-  const SortOutcome outcome = sortRows(edit, keys, ascending, formulas, formulas_);
+  sortRows(edit, keys, ascending, formulas_);
   commit(edit, WithoutSteps::marks);
-  return outcome;
 }
 
 void DataSheet::setDecimals(int col, Int16 digits) {

@@ -47,7 +47,7 @@ class DataSheet {
   // What is put into the open cell: all digits of a number, the formula.
   std::string editText(int row, int col) const;
   // The last row and column with content, headings not counted; 0 where there is none.
-  int lastUsedRow() const;
+  int lastUsedRow() const { return tolmer::lastUsedRow(content()); }
   int lastUsedColumn() const;
 
   // --- cells
@@ -63,9 +63,9 @@ class DataSheet {
   // --- rows, see sheet_rows.h
   int insertRows(int first, int last);
   void deleteRows(int first, int last);
-  // Formulas that sort() would change, or make values of.
+  // Formulas that sort() would make values of.
   int orderDependentFormulas() const;
-  SortOutcome sort(int keyColumn, bool ascending, SortedFormulas formulas);
+  void sort(int keyColumn, bool ascending);
 
   // --- format and title
   Int16 decimals(int col) const { return content().decimals[static_cast<std::size_t>(col)]; }

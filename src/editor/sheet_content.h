@@ -40,4 +40,9 @@ struct SheetContent {
   friend bool operator==(const SheetContent&, const SheetContent&) = default;
 };
 
+// Whether any cell of the row holds something, the label included.
+bool isUsed(const SheetContent& content, int row);
+// The last used case; 0 where there is none.
+int lastUsedRow(const SheetContent& content);
+
 }  // namespace tolmer

@@ -79,18 +79,6 @@ DataCell SheetEdit::formulaCell(std::string text) {
   return cell;
 }
 
-bool SheetEdit::isUsed(int row) const {
-  const DataCell* cells = content().cells.row(row);
-  return std::any_of(cells, cells + content().variables() + 1,
-                     [](const DataCell& cell) { return cell.kind != DataCell::Kind::empty; });
-}
-
-int SheetEdit::lastUsedRow() const {
-  int row = content().observations();
-  while (row > 0 && !isUsed(row)) --row;
-  return row;
-}
-
 // Spares most formulas the reading: the old name must be in it, or a new one that reads like one of
 // its addresses.
 bool SheetEdit::Renaming::mayConcern(const std::string& folded) const {

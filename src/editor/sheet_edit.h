@@ -44,9 +44,6 @@ class SheetEdit {
   // The cell for a formula, with a seed of its own where it needs one.
   DataCell formulaCell(std::string text);
 
-  // The last used row, 0 where none is; headings do not count.
-  int lastUsedRow() const;
-  bool isUsed(int row) const;
   std::vector<CellAddress> formulas() const { return formulasOf(content()); }
 
   // Ends the action: formulas that stood before it call renamed columns by their new names.

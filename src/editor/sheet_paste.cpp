@@ -72,9 +72,7 @@ class Paster {
   void pasteCell(const DataCell& from, CellAddress at, CellAddress corner) {
     Result<DataCell> cell = converted(from, at, corner);
     if (cell) return edit_.put(at, std::move(*cell));
-    if (outcome.refused++ > 0) return;
-    outcome.firstRefused = at;
-    outcome.reason = cell.error().message();
+    if (outcome.refused++ == 0) outcome.reason = cell.error().message();
   }
 
   Result<DataCell> converted(const DataCell& from, CellAddress at, CellAddress corner) {

@@ -30,7 +30,6 @@ struct PasteOutcome {
   bool pasted = false;   // false: nothing has changed
   std::string reason{};  // why not, or why the first cell was refused; a sentence
   int refused = 0;       // cells that keep their old value, because theirs is not for their column
-  CellAddress firstRefused{};
 };
 
 // The target's upper left cell takes the table's. A target that is a whole multiple of the table is

@@ -39,11 +39,10 @@ bool dependsOnOrder(const FormulaToken& token, int row, int lastRow) {
   return token.first.fixedRow || token.last.fixedRow || top != row || bottom != row;
 }
 
-bool makeValue(SheetEdit& edit, CellAddress at, const SheetFormulas& results) {
+void makeValue(SheetEdit& edit, CellAddress at, const SheetFormulas& results) {
   const CellValue value = results.valueOf(at);
-  if (value.kind != CellValue::Kind::number) return false;
-  edit.put(at, {.kind = DataCell::Kind::number, .number = value.number});
-  return true;
+  if (value.kind == CellValue::Kind::number)
+    edit.put(at, {.kind = DataCell::Kind::number, .number = value.number});
 }
 
 void moveFormulas(SheetEdit& edit, const std::vector<std::uint16_t>& from) {
@@ -60,8 +59,9 @@ int insertRows(SheetEdit& edit, int first, int last) {
   const int count = last - first + 1;
   const int lastRow = edit.content().observations();
   int pushedOut = 0;
-  for (int r = lastRow - count + 1; r <= lastRow; ++r) pushedOut += edit.isUsed(r) ? 1 : 0;
-  const bool moves = edit.lastUsedRow() >= first;
+  for (int r = lastRow - count + 1; r <= lastRow; ++r)
+    pushedOut += isUsed(edit.content(), r) ? 1 : 0;
+  const bool moves = lastUsedRow(edit.content()) >= first;
   edit.clear(rowBlock(edit, lastRow - count + 1, lastRow));
   if (moves) rotateDown(edit, first, count);
   rewriteFormulas(edit, [&](const std::string& text) {
@@ -74,7 +74,7 @@ void deleteRows(SheetEdit& edit, int first, int last) {
   const bool headingsToo = first == 0;
   first = std::max(first, 1);
   const int count = last - first + 1;
-  const bool moves = edit.lastUsedRow() > last;
+  const bool moves = lastUsedRow(edit.content()) > last;
   edit.clear(rowBlock(edit, first, last));
   if (moves) rotateDown(edit, first, edit.content().observations() - last);
   rewriteFormulas(edit, [&](const std::string& text) {
@@ -94,20 +94,15 @@ std::vector<CellAddress> orderDependentFormulas(const SheetContent& content,
   return found;
 }
 
-SortOutcome sortRows(SheetEdit& edit, const std::vector<SortKey>& keys, bool ascending,
-                     SortedFormulas formulas, const SheetFormulas& results) {
-  const auto dependent =
-      orderDependentFormulas(edit.content(), edit.names(), static_cast<int>(keys.size()));
-  SortOutcome outcome{.rows = static_cast<int>(keys.size()),
-                      .otherRows = static_cast<int>(dependent.size())};
-  auto order = sortedOrder(keys, ascending);
-  if (std::ranges::is_sorted(order)) return outcome;
-  if (formulas == SortedFormulas::madeValues)
-    for (const CellAddress at : dependent)
-      outcome.madeValues += makeValue(edit, at, results) ? 1 : 0;
+void sortRows(SheetEdit& edit, const std::vector<SortKey>& keys, bool ascending,
+              const SheetFormulas& results) {
+  const auto order = sortedOrder(keys, ascending);
+  if (std::ranges::is_sorted(order)) return;
+  for (const CellAddress at :
+       orderDependentFormulas(edit.content(), edit.names(), static_cast<int>(keys.size())))
+    makeValue(edit, at, results);
   edit.reorder(1, order);
   moveFormulas(edit, order);
-  return outcome;
 }
 
 }  // namespace tolmer

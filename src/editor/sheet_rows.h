@@ -15,23 +15,15 @@ int insertRows(SheetEdit& edit, int first, int last);
 // With first 0 the headings lose their text, too.
 void deleteRows(SheetEdit& edit, int first, int last);
 
-// What becomes of a formula that points to other rows, whose result a new order would change.
-enum class SortedFormulas { moved, madeValues };
-
-struct SortOutcome {
-  int rows = 0;        // the sorted block, from row 1 to the last used one
-  int otherRows = 0;   // formulas that point to other rows
-  int madeValues = 0;  // of these; those without a value move
-};
-
 // The formulas whose result depends on the order of rows 1..lastRow: those that refer to a row
 // other than their own, by "$" to their own, or by LAG. Whole columns and fixed ranges over all
 // rows do not count.
 std::vector<CellAddress> orderDependentFormulas(const SheetContent& content,
                                                 const SheetNames& names, int lastRow);
 
-// Sorts rows 1..keys.size() by the keys of their cells. Formulas move as copied ones do.
-SortOutcome sortRows(SheetEdit& edit, const std::vector<SortKey>& keys, bool ascending,
-                     SortedFormulas formulas, const SheetFormulas& results);
+// Sorts rows 1..keys.size() by the keys of their cells. Formulas move as copied ones do; where the
+// rows change places, those that depend on the order become their values, if they have one.
+void sortRows(SheetEdit& edit, const std::vector<SortKey>& keys, bool ascending,
+              const SheetFormulas& results);
 
 }  // namespace tolmer

@@ -94,7 +94,7 @@ void frmSortOptions::Form_Activate() {
 
 void frmSortOptions::cmdOK_Click() {
   if (!agreesToValues()) return;
-  sheet_.sort(miSortCol_, optAscending.value(), SortedFormulas::madeValues);
+  sheet_.sort(miSortCol_, optAscending.value());
   hide();
 }
 

@@ -56,13 +56,6 @@ bool isNamed(const SheetContent& sheet, int column) {
   return !heading.empty() && heading != defaultHeading(column, sheet.variables());
 }
 
-int lastUsedRow(const SheetContent& sheet) {
-  for (int row = sheet.observations(); row > 0; --row)
-    for (int column = 0; column <= sheet.variables(); ++column)
-      if (sheet.cells(row, column).kind != DataCell::Kind::empty) return row;
-  return 0;
-}
-
 }  // namespace
 
 std::string sheetText(const SheetContent& sheet, char separator) {
