@@ -25,6 +25,7 @@ frmDataEditor::frmDataEditor(Desktop& desktop, EditorFolders folders)
   setMenuBar(&menu.bar);
   describeControls();
   wireMenu();
+  wireOptionsAndHelp();
   wireControls();
 }
 
@@ -77,6 +78,9 @@ void frmDataEditor::wireMenu() {
     spdData.setEditModeReplace(!spdData.editModeReplace());
     menu.mnuEditTypingReplaces.setChecked(spdData.editModeReplace());
   };
+}
+
+void frmDataEditor::wireOptionsAndHelp() {
   menu.mnuOptionFormatStd.Click = [this] {
     frmNumericFormat dialog(desktop(), sheet_, true);
     showDialog(dialog);

@@ -101,6 +101,7 @@ class frmDataEditor : public Window, public EditorData {
   // --- data_editor.cpp: the visit
   void describeControls();
   void wireMenu();
+  void wireOptionsAndHelp();
   void wireControls();
   void Form_Activate();
   bool Form_KeyDown(const KeyPress& key);

@@ -110,6 +110,7 @@ std::optional<char> ImportFindings::separatorOfFile(const std::string& text) {
 std::optional<char> ImportFindings::askSeparator(const std::vector<char>& candidates,
                                                  std::optional<int> preset) {
   std::vector<std::string> choices;
+  choices.reserve(candidates.size() + 1);
   for (const char separator : candidates) choices.push_back(separatorName(separator));
   choices.push_back(separatorName(noSeparator));
   const auto chosen = ask(ImportDoubt::separator, "What divides the columns?", choices, preset);

@@ -92,6 +92,11 @@ class DataEditorFiles : public EditorVisit {
     choose("File/Save As...");
     desktop.onSaveFile = nullptr;  // from now on nobody may ask for a name
   }
+  void failsToSaveAs(const std::string& file, const std::string& why) {
+    savesAs(file);
+    script.box(notSaved(file + ": cannot be written: " + why));
+    choose("File/Save As...");
+  }
   // The box for a file that fails comes up with these buttons, and this is done in it.
   void fileError(const std::string& file, const std::string& description,
                  const std::string& buttons, std::function<void()> actions) {
@@ -362,21 +367,13 @@ TEST_F(DataEditorFiles, AFullDiskOrAFolderThatTakesNothingKeepsTheSheetAndTheOld
       script.box(notSaved(mine + ": cannot be written: File too large"));
       click("cmdSave");
     }
-    const std::string inFile = mine + "/a.zmm";  // a folder that is a file
-    savesAs(inFile);
-    script.box(notSaved(inFile + ": cannot be written: Not a directory"));
-    choose("File/Save As...");
-    savesAs(gone);
-    script.box(notSaved(gone + ": cannot be written: No such file or directory"));
-    choose("File/Save As...");
-    savesAs(locked);
+    failsToSaveAs(mine + "/a.zmm", "Not a directory");  // a folder that is a file
     {
       const Nobody nobody;
       ASSERT_TRUE(nobody.works());
-      script.box(notSaved(locked + ": cannot be written: Permission denied"));
-      choose("File/Save As...");
+      failsToSaveAs(locked, "Permission denied");
     }
-    savesAs(gone);
+    failsToSaveAs(gone, "No such file or directory");
     EXPECT_EQ(bytesOf(mine), before);
     EXPECT_EQ(std::distance(fs::directory_iterator(folder.path()), {}), 3)
         << "mine, locked and zmdata";
