@@ -14,8 +14,8 @@ struct SourceEntry {
   int line = 0;
   std::string keyword;  // of two words where that is a keyword: "default scenario"
   std::vector<std::string> modifiers;
-  std::string
-      text;  // continuation lines joined by one blank, or a line end where they begin with |
+  // Continuation lines joined by one blank, or by a line end where they begin with "|".
+  std::string text;
 };
 
 // Empty lines and lines that begin with "#" are left out; a line that begins with a blank goes on

@@ -98,7 +98,7 @@ class Control : public Observed {
   // Raised by the front end; the place is in twips relative to the control.
   Event<MouseButton> MouseDown;
   Event<MouseButton> MouseUp;
-  // The mouse moves over it, no button held.
+  // The mouse moves over it, no button held. Set before its window is first shown, or not raised.
   Event<> MouseMove;
   Event<> GotFocus;
   Event<> LostFocus;
