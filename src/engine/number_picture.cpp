@@ -133,14 +133,16 @@ std::string fixedText(Decimal value, const Picture& picture) {
   const int right =
       std::max(value.digits.empty() ? 0 : value.count() - value.point, picture.fixedDecimals);
   const int point = picture.point ? 1 : 0;
-  std::string text(static_cast<std::size_t>(sign + left + point + std::max(right, 0)), '0');
+  const int pointAt = sign + left;
+  const int length = pointAt + point + std::max(right, 0);
+  std::string text(static_cast<std::size_t>(length), '0');
   if (sign == 1) text[0] = '-';
-  if (point == 1) text[static_cast<std::size_t>(sign + left)] = '.';
+  if (point == 1) text[static_cast<std::size_t>(pointAt)] = '.';
   for (int i = 0; i < value.count(); ++i) {
-    const int place = left - value.point + i + (i < value.point ? 0 : point);
-    text[static_cast<std::size_t>(sign + place)] = value.digits[static_cast<std::size_t>(i)];
+    const int place = pointAt - value.point + i + (i < value.point ? 0 : point);
+    text[static_cast<std::size_t>(place)] = value.digits[static_cast<std::size_t>(i)];
   }
-  if (picture.grouped) groupThousands(text, sign, sign + left);
+  if (picture.grouped) groupThousands(text, sign, pointAt);
   return text;
 }
 
