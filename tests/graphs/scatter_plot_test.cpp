@@ -91,6 +91,9 @@ TEST_F(ScatterPlot, ShiftsBothAxesAndEveryPoint) {
   EXPECT_EQ(settings.y.title, "Fitted Y");
   EXPECT_EQ(settings.points[1].value, state.Fit.sFitted[2]);
   EXPECT_LE(settings.y.minimum, *std::min_element(&state.Fit.sFitted[1], &state.Fit.sFitted[7]));
+  state.Fit.sFitted[6] = 100;  // the last case reaches farthest
+  draw(negative, fitted);
+  EXPECT_GE(settings.y.maximum, 100);
 }
 
 TEST_F(ScatterPlot, NamesTheTwoValuesOfABinaryVariable) {
