@@ -29,6 +29,12 @@ std::string entryInAnyCase(const fs::path& folder, const std::string& name) {
   return found;
 }
 
+std::string withSlashes(std::string_view coursePath) {
+  std::string text(coursePath);
+  std::replace(text.begin(), text.end(), '\\', '/');
+  return text;
+}
+
 }  // namespace
 
 std::string tAddBackSlash(std::string_view tStringToAddTo) {
@@ -48,8 +54,7 @@ std::string tParentFolder(std::string_view tPath) {
 }
 
 std::string hostPath(std::string_view coursePath) {
-  std::string text(coursePath);
-  std::replace(text.begin(), text.end(), '\\', '/');
+  std::string text = withSlashes(coursePath);
   std::error_code failed;
   if (fs::exists(text, failed)) return text;
 
@@ -68,9 +73,7 @@ std::string hostPath(std::string_view coursePath) {
 }
 
 std::string hostPathToWrite(std::string_view coursePath) {
-  std::string text(coursePath);
-  std::replace(text.begin(), text.end(), '\\', '/');
-  const fs::path path(text);
+  const fs::path path(withSlashes(coursePath));
   return (fs::path(hostPath(path.parent_path().string())) / path.filename()).string();
 }
 

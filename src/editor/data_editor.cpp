@@ -184,7 +184,6 @@ bool frmDataEditor::Form_KeyDown(const KeyPress& key) {
 
 // What a crash or a kill of an earlier program left behind.
 void frmDataEditor::offerLostWork() {
-  if (autosave_.folder().empty()) return;
   for (LostWork& lost : findLostWork(autosave_.folder())) {
     const auto content = lost.content();
     if (!content) continue;

@@ -1,5 +1,6 @@
 // The sheet on the screen: grid, title, caption and status line.
 #include <algorithm>
+#include <filesystem>
 #include <utility>
 
 #include "editor/data_editor.h"
@@ -34,11 +35,6 @@ CellStyle styleOf(int row, int col) {
   if (row == 1) style.back = headingGround;
   style.heading = row == 1;
   return style;
-}
-
-std::string fileNameOf(const std::string& path) {
-  const auto cut = path.find_last_of('/');
-  return cut == std::string::npos ? path : path.substr(cut + 1);
 }
 
 }  // namespace
@@ -104,8 +100,8 @@ void frmDataEditor::follow(const SheetChange& change) {
     for (const CellAddress& cell : change.cells) showCell(cell.row, cell.column);
     for (const int column : change.decimals) showColumn(column);
   }
-  if (change.all || change.title) txtTitle.setText(sheet_.title());
-  if (change.all || change.file) showCaption();
+  if (change.title) txtTitle.setText(sheet_.title());
+  if (change.file) showCaption();
   sheet_.changeMade() ? autosave_.changed() : autosave_.clean();
   refusal_.clear();
   showStatus();
@@ -130,7 +126,9 @@ void frmDataEditor::showAll() {
 
 void frmDataEditor::showCaption() {
   const std::string& name = sheet_.mtFileName();
-  setCaption(name.empty() ? "Data Editor" : "Data Editor [" + fileNameOf(name) + "]");
+  setCaption(name.empty()
+                 ? "Data Editor"
+                 : "Data Editor [" + std::filesystem::path(name).filename().string() + "]");
   menu.mnuFileSave.setEnabled(!name.empty());
 }
 

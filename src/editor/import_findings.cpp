@@ -58,9 +58,12 @@ Result<ImportFindings> ImportFindings::of(const std::string& text, const ImportT
 void ImportFindings::lookAtFields() {
   const int rows = static_cast<int>(table_.rows.size());
   looks_.resize(rows - 1, columns() - 1);
-  for (int row = 0; row < rows; ++row)
-    for (int column = 0; column < columns(); ++column)
-      looks_(row, column) = {numberShape(field(row, column)), isMissingMark(field(row, column))};
+  for (int row = 0; row < rows; ++row) lookAtRow(row);
+}
+
+void ImportFindings::lookAtRow(int row) {
+  for (int column = 0; column < columns(); ++column)
+    looks_(row, column) = {numberShape(field(row, column)), isMissingMark(field(row, column))};
 }
 
 template <class See>

@@ -85,6 +85,7 @@ class ImportFindings {
   };
   const FieldLook& look(int row, int column) const { return looks_(row, column); }
   void lookAtFields();
+  void lookAtRow(int row);
   // Calls see(row, column, look) for the fields of data rows that are to be numbers.
   template <class See>
   void eachValue(See see) const;

@@ -161,7 +161,7 @@ void ImportFindings::findFirstRow() {
   if (chosen.value_or(0) != 0) return;
   auto& names = table_.rows.front();
   std::rotate(names.begin(), names.end() - 1, names.end());
-  lookAtFields();
+  lookAtRow(0);
 }
 
 // Nothing over a first column that is filled, which hints at names over the others.

@@ -16,6 +16,18 @@ std::string shownText(const ImportFindings& findings, int row, int column) {
 
 }  // namespace
 
+struct TextImport::Look {
+  ImportAnswers answers;
+  Result<ImportFindings> findings;
+};
+
+const TextImport::Look& TextImport::look(const ImportAnswers& answers) const {
+  if (!last_ || last_->answers != answers)
+    last_ =
+        std::make_shared<const Look>(Look{answers, ImportFindings::of(text_, target_, answers)});
+  return *last_;
+}
+
 bool ImportPreview::isAnswered() const {
   return std::all_of(questions.begin(), questions.end(),
                      [](const ImportQuestion& question) { return question.chosen.has_value(); });
@@ -28,7 +40,7 @@ Result<TextImport> TextImport::read(std::string bytes, ImportTarget target) {
 }
 
 Result<ImportPreview> TextImport::preview(const ImportAnswers& answers) const {
-  const auto findings = ImportFindings::of(text_, target_, answers);
+  const auto& findings = look(answers).findings;
   if (!findings) return findings.error();
   ImportPreview preview{findings->questions(),
                         findings->notes(),
@@ -46,7 +58,7 @@ Result<ImportPreview> TextImport::preview(const ImportAnswers& answers) const {
 }
 
 Result<ImportedTable> TextImport::apply(const ImportAnswers& answers) const {
-  const auto findings = ImportFindings::of(text_, target_, answers);
+  const auto& findings = look(answers).findings;
   if (!findings) return findings.error();
   if (const auto refused = findings->refusal()) return *refused;
   ImportedTable table{findings->headings(), findings->firstRow(), findings->firstColumn(),

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -88,10 +89,15 @@ class TextImport {
   Result<ImportedTable> apply(const ImportAnswers& answers) const;
 
  private:
+  struct Look;
+
   TextImport(std::string text, ImportTarget target) : text_(std::move(text)), target_(target) {}
+  const Look& look(const ImportAnswers& answers) const;
 
   std::string text_;
   ImportTarget target_;
+  // A table is mostly applied with the answers of the last preview.
+  mutable std::shared_ptr<const Look> last_;
 };
 
 }  // namespace tolmer

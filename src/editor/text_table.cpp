@@ -121,11 +121,10 @@ bool isEven(const TextTable& table, TextOrigin origin) {
 }  // namespace
 
 Result<std::string> foreignText(std::string bytes) {
-  const bool isUtf16 = bytes.starts_with("\xFF\xFE") || bytes.starts_with("\xFE\xFF");
-  if (isUtf16) bytes = utf8FromFile(std::move(bytes));
-  if (bytes.find('\0') != std::string::npos) return Error{"", "This is no text file."};
-  std::replace_if(bytes.begin(), bytes.end(), isControl, ' ');
-  return isUtf16 ? bytes : utf8FromFile(std::move(bytes));
+  std::string text = utf8FromFile(std::move(bytes));
+  if (text.find('\0') != std::string::npos) return Error{"", "This is no text file."};
+  std::replace_if(text.begin(), text.end(), isControl, ' ');
+  return text;
 }
 
 Result<TextTable> textTable(std::string text, char separator, TextOrigin origin) {

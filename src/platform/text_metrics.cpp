@@ -47,9 +47,9 @@ int advanceOf(const FontAdvances& table, char32_t code) {
 // Of the letter that begins at `at`, which moves behind it.
 int nextAdvance(const FontAdvances& table, std::string_view text, std::size_t& at) {
   constexpr CodePointRange plain = advanceRanges.front();
+  static_assert(plain.last <= 0x7F);
   const auto byte = static_cast<unsigned char>(text[at]);
-  if (byte < plain.first || byte > plain.last || plain.last > 0x7F)
-    return advanceOf(table, nextCodePoint(text, at));
+  if (byte < plain.first || byte > plain.last) return advanceOf(table, nextCodePoint(text, at));
   ++at;
   const int advance = table.advances[byte - plain.first];
   return advance > 0 ? advance : advanceOf(table, byte);
