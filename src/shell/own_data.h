@@ -31,17 +31,7 @@ class OwnData : public EditorData {
   void ShowDataEditor() override { editor().ShowDataEditor(); }
 
   // Says at the start of the program what a crash or a kill left behind; the editor offers it.
-  void tellLostWork() {
-    const auto lost = findLostWork(autosaveFolder_);
-    if (lost.empty()) return;
-    desktop_.doEvents();  // what stands behind the box is painted first
-    desktop_.messageBox({.title = "Unsaved Data",
-                         .text = "The program ended before the data in the Data Editor were saved "
-                                 "(" +
-                                 lost.front().timeWritten() +
-                                 "). Open the Data Editor from the Notebook to bring them back.",
-                         .icon = MessageIcon::information});
-  }
+  void tellLostWork();
 
   frmDataEditor& editor() {
     if (!editor_) setUp();
@@ -49,17 +39,7 @@ class OwnData : public EditorData {
   }
 
  private:
-  void setUp() {
-    editor_ =
-        std::make_unique<frmDataEditor>(desktop_, EditorFolders{programFolder_, autosaveFolder_});
-    editor_->setChangeTitleEnabled(false);
-    editor_->setNumberVariables(numberVariables);
-    editor_->setMaxObservations(500);
-    editor_->setMinObservations(3);
-    editor_->setAllowNoData(true);
-    editor_->setCopyChangedData(false);
-    editor_->SetupEditor();
-  }
+  void setUp();
 
   Desktop& desktop_;
   const std::string& programFolder_;
