@@ -41,6 +41,14 @@ function(tolmer_program name)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${TOLMER_PROGRAM_FOLDER}")
 endfunction()
 
+# Where the sources and the built programs lie, for the few tests that read them: a header, so that
+# the other objects do not depend on the folder and come from the compiler's cache in any checkout.
+file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/generated/support/tree.h" CONTENT
+"#pragma once
+#define TOLMER_SOURCE_DIR \"@CMAKE_SOURCE_DIR@\"
+#define TOLMER_PROGRAM_FOLDER \"@TOLMER_PROGRAM_FOLDER@\"
+" @ONLY)
+
 # One precompiled header serves all test targets.
 add_library(tolmer_test_headers INTERFACE)
 
@@ -53,11 +61,10 @@ function(tolmer_test name)
     return()
   endif()
   add_executable(${name}_test ${sources})
-  target_include_directories(${name}_test PRIVATE "${CMAKE_SOURCE_DIR}/tests")
+  target_include_directories(${name}_test PRIVATE
+    "${CMAKE_SOURCE_DIR}/tests" "${CMAKE_BINARY_DIR}/generated")
   target_link_libraries(${name}_test PRIVATE tolmer_options ${arg_LINKS} GTest::gmock
     GTest::gtest_main)
-  target_compile_definitions(${name}_test PRIVATE
-    TOLMER_SOURCE_DIR="${CMAKE_SOURCE_DIR}" TOLMER_PROGRAM_FOLDER="${TOLMER_PROGRAM_FOLDER}")
   if(TARGET tolmer_test_pch AND NOT arg_NO_SHARED_HEADERS)
     target_precompile_headers(${name}_test REUSE_FROM tolmer_test_pch)
   endif()

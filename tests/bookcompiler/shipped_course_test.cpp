@@ -14,6 +14,7 @@
 #include "platform/headless/headless_desktop.h"
 #include "support/layout_check.h"
 #include "support/temp_folder.h"
+#include "support/tree.h"
 
 namespace tolmer {
 namespace {

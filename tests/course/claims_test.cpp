@@ -7,6 +7,7 @@
 
 #include "base/file_io.h"
 #include "course/claim.h"
+#include "support/tree.h"
 
 namespace tolmer {
 namespace {

@@ -8,6 +8,7 @@
 #include "base/file_io.h"
 #include "figures/figure_table.h"
 #include "support/temp_folder.h"
+#include "support/tree.h"
 
 namespace tolmer {
 namespace {

@@ -10,6 +10,7 @@
 #include "help/topic_page.h"
 #include "help/topic_reader.h"
 #include "support/temp_folder.h"
+#include "support/tree.h"
 
 namespace tolmer {
 namespace {

@@ -9,6 +9,7 @@
 #include "help/help_text.h"
 #include "help/topic_page.h"
 #include "shell/shipped_program.h"
+#include "support/tree.h"
 
 namespace tolmer::test {
 namespace {

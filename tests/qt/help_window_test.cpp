@@ -12,6 +12,7 @@
 #include "support/qt_user.h"
 #include "support/script.h"
 #include "support/temp_folder.h"
+#include "support/tree.h"
 
 namespace tolmer::test {
 namespace {

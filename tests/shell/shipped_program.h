@@ -6,6 +6,7 @@
 #include "shell/module.h"
 #include "support/headless_user.h"
 #include "support/script.h"
+#include "support/tree.h"
 
 namespace tolmer::test {
 
