@@ -41,14 +41,6 @@ function(tolmer_program name)
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${TOLMER_PROGRAM_FOLDER}")
 endfunction()
 
-# Where the sources and the built programs lie, for the few tests that read them: a header, so that
-# the other objects do not depend on the folder and come from the compiler's cache in any checkout.
-file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/generated/support/tree.h" CONTENT
-"#pragma once
-#define TOLMER_SOURCE_DIR \"@CMAKE_SOURCE_DIR@\"
-#define TOLMER_PROGRAM_FOLDER \"@TOLMER_PROGRAM_FOLDER@\"
-" @ONLY)
-
 # One precompiled header serves all test targets.
 add_library(tolmer_test_headers INTERFACE)
 
