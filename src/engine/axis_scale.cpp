@@ -26,7 +26,8 @@ AxisScale ComputeScale(float sLow, float sHigh) {
   if (sStep == 0) return scale;
   scale.sStep = sStep;
   scale.sAxisMin = static_cast<float>(std::floor(double{sLow} / sStep + 0.01) * sStep);
-  scale.iSteps = asSteps(std::floor((double{sHigh} - scale.sAxisMin) / sStep + 1));
+  // A whole number takes the type of its partner: all singles, so that 1 / 0.2 is 5 here.
+  scale.iSteps = asSteps(std::floor((sHigh - scale.sAxisMin) / sStep + 1));
   return scale;
 }
 

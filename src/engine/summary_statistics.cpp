@@ -17,8 +17,8 @@ std::vector<float> columnValues(const AnalysisState& state, int column) {
 
 void describe(AnalysisState& state, int i, std::span<const float> values) {
   double sum = 0;
-  double minimum = 999999999;
-  double maximum = -999999999;
+  double minimum = values.empty() ? 0 : values.front();
+  double maximum = minimum;
   for (const float value : values) {
     sum += value;
     if (value < minimum) minimum = value;

@@ -10,8 +10,7 @@ namespace tolmer {
 
 // Fills dDescStat (rows mean, standard deviation with divisor n, minimum, maximum) and tVarFormat
 // for the model variables 1..iNumPredictors + 1. A variable whose values are all equal is reported
-// as "Zero range for ...", and the work goes on. The search for the range starts at 999999999 and
-// -999999999, so larger values leave those as minimum or maximum.
+// as "Zero range for ...", and the work goes on.
 void SummaryStats(AnalysisState& state, MessagePort& messages);
 
 // Fills iVarType from the data and the range in dDescStat. Whole numbers of range exactly 1 count

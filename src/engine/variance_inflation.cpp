@@ -21,9 +21,7 @@ void chooseAuxiliaryTerms(AnalysisState& state, int i) {
     if (state.iModelCol[j] != dependent) state.iTermCol[++term] = state.iModelCol[j];
 }
 
-float inflation(float sRSquared) {
-  return sRSquared < 1 ? static_cast<float>(1.0 / (1.0 - sRSquared)) : noFiniteVIF;
-}
+float inflation(float sRSquared) { return sRSquared < 1 ? 1 / (1 - sRSquared) : noFiniteVIF; }
 
 void fitOneByOne(AnalysisState& state, MessagePort& messages) {
   const int K = state.iNumPredictors;

@@ -66,13 +66,10 @@ void frmScatterPlot::takeChoices() {
 }
 
 void frmScatterPlot::FindYHatMax() {
-  msYHatMin = 9999999.0F;
-  msYHatMax = -9999999.0F;
-  for (int i = 1; i <= state_.iNumCases; ++i) {
-    const float sFitted = state_.Fit.sFitted[static_cast<std::size_t>(i)];
-    msYHatMin = std::min(msYHatMin, sFitted);
-    msYHatMax = std::max(msYHatMax, sFitted);
-  }
+  const auto first = state_.Fit.sFitted.begin() + 1;
+  const auto [least, largest] = std::minmax_element(first, first + state_.iNumCases);
+  msYHatMin = *least;
+  msYHatMax = *largest;
 }
 
 void frmScatterPlot::DrawScatterPlot() {

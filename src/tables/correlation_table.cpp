@@ -15,11 +15,11 @@ namespace {
 constexpr const char* picture = "0.0000";
 
 // |t| of r against 0; beyond any limit for a perfect correlation.
-double magnitudeOfT(double r, int n) {
-  const double unexplained = 1 - r * r;
-  if (unexplained <= 0) return std::numeric_limits<double>::infinity();
+float magnitudeOfT(float r, int n) {
+  const float unexplained = 1 - r * r;
+  if (unexplained <= 0) return std::numeric_limits<float>::infinity();
   if (n == 2) return 0;
-  return std::fabs(r / std::sqrt(unexplained / (n - 2)));
+  return std::fabs(r / std::sqrt(unexplained / static_cast<float>(n - 2)));
 }
 
 // Marks correlations by the values of t that they have to exceed.

@@ -94,6 +94,9 @@ TEST_F(ScatterPlot, ShiftsBothAxesAndEveryPoint) {
   state.Fit.sFitted[6] = 100;  // the last case reaches farthest
   draw(negative, fitted);
   EXPECT_GE(settings.y.maximum, 100);
+  for (std::size_t i = 1; i <= 6; ++i) state.Fit.sFitted[i] += 3e7F;
+  draw(negative, fitted);
+  EXPECT_GE(settings.y.minimum, 2.9e7F) << "the axis holds the fitted values, not a start value";
 }
 
 TEST_F(ScatterPlot, NamesTheTwoValuesOfABinaryVariable) {
@@ -105,7 +108,7 @@ TEST_F(ScatterPlot, NamesTheTwoValuesOfABinaryVariable) {
   EXPECT_EQ(settings.x.labelFormat, "0");
   EXPECT_EQ(settings.points[0].x, 0.5F);
   EXPECT_EQ(settings.points[1].x, 1.5F);
-  EXPECT_THAT(settings.y.labels, ElementsAre("0.0", "0.2", "0.4", "0.6", "0.8", "1.0"))
+  EXPECT_THAT(settings.y.labels, ElementsAre("0.0", "0.2", "0.4", "0.6", "0.8", "1.0", "1.2"))
       << "an ordinary axis";
 }
 

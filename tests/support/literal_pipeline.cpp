@@ -150,7 +150,7 @@ void summaryStats(AnalysisState& s, MessagePort& messages) {
   for (int i = 1; i <= s.iNumPredictors + 1; ++i) {
     const int column = s.iModelCol[i];
     std::vector<float> scratch(1);
-    double sum = 0, squares = 0, minimum = 999999999, maximum = -999999999;
+    double sum = 0, squares = 0, minimum = s.sData(1, column), maximum = minimum;
     for (int c = 1; c <= s.iNumCases; ++c) {
       const double value = s.sData(c, column);
       sum += value;
@@ -209,8 +209,7 @@ void computeVIFs(AnalysisState& s, MessagePort& messages) {
     for (int j = 2; j <= K + 1; ++j)
       if (s.iModelCol[j] != s.iModelCol[i]) s.iTermCol[term++] = s.iModelCol[j];
     multipleRegression(s, K, true, messages);
-    s.sVIF[i - 1] =
-        s.Fit.sRSquared < 1 ? static_cast<float>(1.0 / (1.0 - double{s.Fit.sRSquared})) : 999.999F;
+    s.sVIF[i - 1] = s.Fit.sRSquared < 1 ? 1.0F / (1.0F - s.Fit.sRSquared) : 999.999F;
   }
 }
 
