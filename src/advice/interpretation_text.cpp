@@ -37,7 +37,7 @@ bool isFilled(const AnalysisState& state) {
 // With a leading blank, where a negative number has its sign.
 std::string counted(int number) { return " " + std::to_string(number); }
 
-std::string percentage(float share) { return formatNumber(100.0 * share, "0.0"); }
+std::string percentage(float share) { return formatNumber(100 * share, "0.0"); }
 
 // "thesample" belongs to the text.
 const char* sampleSizeAdvice(const AnalysisState& state) {
