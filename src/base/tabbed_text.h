@@ -6,8 +6,19 @@
 
 namespace tolmer {
 
-// The cell as it stands in such a text: in quotation marks, those inside doubled, where it holds a
-// tab or a line end, or begins with a quotation mark.
+// Would a spreadsheet carry this text out instead of showing it? It begins with "=" or "@", or with
+// a sign and is no number: "=1+1", "-A1", "+SUM(A1)". Numbers ("-1,234.5", "+2E-05") and signs
+// alone
+// ("---") are none.
+bool looksLikeFormula(std::string_view text);
+
+// On its way to other programs such a text gets an apostrophe before it, by which spreadsheets know
+// that it is text; on its way back it loses that one again. Any other text stays as it is.
+std::string withTextMark(std::string_view text);
+std::string_view withoutTextMark(std::string_view text);
+
+// The cell as it stands in such a text: with its text mark, and in quotation marks, those inside
+// doubled, where it holds a tab or a line end, or begins with a quotation mark.
 std::string tabbedCell(std::string_view text);
 
 }  // namespace tolmer

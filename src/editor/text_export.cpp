@@ -5,6 +5,7 @@
 
 #include "base/file_io.h"
 #include "base/paths.h"
+#include "base/tabbed_text.h"
 #include "editor/sheet_headings.h"
 #include "editor/sheet_number.h"
 
@@ -35,7 +36,7 @@ std::string exportedText(const SheetContent& sheet, int row, int column) {
   if (row == 0 && cell.text.empty()) return defaultHeading(column, sheet.variables());
   switch (cell.kind) {
     case DataCell::Kind::text:
-      return cell.text;
+      return withTextMark(cell.text);
     case DataCell::Kind::number:
     case DataCell::Kind::formula:
       return std::isfinite(cell.number) ? exactText(cell.number) : "";

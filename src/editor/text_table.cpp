@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/tabbed_text.h"
 #include "base/text_encoding.h"
 #include "editor/number_shape.h"
 #include "editor/sheet_number.h"
@@ -19,7 +20,7 @@ bool isControl(char c) {
 // A cell is one line: what would break it is a blank.
 std::string onOneLine(std::string_view field) {
   const auto breaks = [](char c) { return c == '\t' || c == '\n' || c == '\r'; };
-  field = withoutOuterBlanks(field);
+  field = withoutTextMark(withoutOuterBlanks(field));
   std::string line(field);
   if (std::none_of(field.begin(), field.end(), breaks)) return line;
   std::replace_if(line.begin(), line.end(), breaks, ' ');

@@ -19,7 +19,8 @@ TEST(ComputeScale, PrintsItsTable) {
            {0, 10, 0, 2, 6},
            {3, 3, 3, 1, 5},
            {5, 4, 5, 1, 5},
-           // A fifth as a single is a little more than a fifth, but 1 divided by it is 5 in singles.
+           // A fifth as a single is a little more than a fifth, but 1 divided by it is 5 in
+           // singles.
            {0, 1, 0, 0.2F, 6},
            {0, 1.9F, 0, 0.2F, 10},
            {0, 2, 0, 0.5F, 5},

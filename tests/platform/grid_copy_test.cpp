@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/tabbed_text.h"
+
 namespace tolmer {
 namespace {
 
@@ -43,6 +45,17 @@ TEST(GridCopyTest, HtmlCarriesHeadingsAlignmentAndMarks) {
   sheet.at(2, 1).text = "-1.5e-20";
   EXPECT_THAT(copyHtml(sheet, {2, 1, 2, 1}),
               testing::HasSubstr("sdval=\"-1.5e-20\" sdnum=\"1033;0;0.0E+00\""));
+}
+
+TEST(GridCopyTest, WhatASpreadsheetWouldCarryOutLeavesAsTextAndComesBack) {
+  const Sheet sheet =
+      sheetOf({{"=1+1", "@SUM(A1)", "-A1", "+2-3"}, {"-1,890.4", "+2.5E-05", "---", "-"}});
+  EXPECT_EQ(copyText(sheet, sheet.body()),
+            "'=1+1\t'@SUM(A1)\t'-A1\t'+2-3\n-1,890.4\t+2.5E-05\t---\t-\n");
+  EXPECT_THAT(copyHtml(sheet, {1, 1, 1, 1}),
+              testing::HasSubstr("'\\@'\" sdnum=\"1033;0;@\">=1+1<"));
+  EXPECT_EQ(withoutTextMark("'=1+1"), "=1+1");
+  EXPECT_EQ(withoutTextMark("'tis"), "'tis");
 }
 
 }  // namespace

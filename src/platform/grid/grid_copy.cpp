@@ -49,10 +49,12 @@ std::string numberFormat(std::string_view number) {
          (exponent == number.npos ? "" : "E+00");
 }
 
+// Text that a spreadsheet would carry out is marked as text, for the one and the other spreadsheet.
 // LibreOffice takes the number and its looks from here, and that it is in the writing of the United
 // States (language 1033). The cell's text it reads in the writing of its own country, where 1.234
 // may be more than a thousand.
 std::string numberMark(const Cell& cell) {
+  if (looksLikeFormula(cell.text)) return " style=\"mso-number-format:'\\@'\" sdnum=\"1033;0;@\"";
   if (cell.style.heading || cell.style.align == Align::left || !isPlainNumber(cell.text)) return {};
   return " sdval=\"" + cell.text + "\" sdnum=\"1033;0;" + numberFormat(cell.text) + '"';
 }
