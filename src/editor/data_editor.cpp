@@ -126,8 +126,9 @@ void frmDataEditor::wireControls() {
     refusal_.clear();
     showStatus();
   };
-  spdData.LeaveCell = [this](CellPosition, CellPosition) {
+  spdData.LeaveCell = [this](CellPosition cell, CellPosition) {
     refusal_.clear();
+    if (cell != told_.cell) told_ = {};
     showStatus();
   };
   spdData.SelectionChange = [this] { showStatus(); };

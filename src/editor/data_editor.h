@@ -151,6 +151,13 @@ class frmDataEditor : public Window, public EditorData {
   void cmdCancel_Click();
   void leave();
 
+  // What was made of an entry that is not written so; stays in the status line while the cursor is
+  // in that cell and in the next one.
+  struct EntryTold {
+    CellPosition cell{};
+    std::string text{};
+  };
+
   EditorSetup setup_;
   DataSheet sheet_;
   DataSetFiles files_;
@@ -159,7 +166,8 @@ class frmDataEditor : public Window, public EditorData {
   Timer tmrAutosave_;
   ExitData exit_;
   std::string refusal_;  // what the status line says in place of the cell: what was not done, why
-  PasteTable copied_;    // what was copied here last, with its formulas
+  EntryTold told_;
+  PasteTable copied_;  // what was copied here last, with its formulas
   int copies_ = 0;
   bool mbEditorOpen_ = false;
   bool mbUserCancel_ = false;

@@ -149,6 +149,7 @@ void frmDataEditor::showStatus() {
                               : columnLetters(col) + std::to_string(row) + " = " + name + ", Obs " +
                                     std::to_string(row);
   if (row > 0 && !content.empty()) text += ":  " + content;
+  if (!told_.text.empty()) text = told_.text + "  |  " + text;
   lblStatus.setCaption(std::move(text));
 }
 
@@ -156,6 +157,7 @@ void frmDataEditor::spdData_EditDone(CellPosition cell, const std::string& text,
   const EntryOutcome outcome = sheet_.enter(cell.row - 1, cell.col - 1, text);
   bAccepted = outcome.accepted;
   refusal_ = outcome.accepted ? std::string() : outcome.reason;
+  told_ = {cell, outcome.taken};
   if (!outcome.accepted) desktop().beep();
   showStatus();
 }

@@ -122,11 +122,11 @@ void DataSheet::markChanged() {
 
 EntryOutcome DataSheet::enter(int row, int col, std::string_view typed) {
   SheetEdit edit = beginEdit("Typing");
-  Result<DataCell> cell = cellFromText(edit, {row, col}, typed);
-  if (!cell) return {false, cell.error().message()};
-  edit.put({row, col}, std::move(*cell));
+  Result<CellEntry> entry = cellFromText(edit, {row, col}, typed);
+  if (!entry) return {false, entry.error().message()};
+  edit.put({row, col}, std::move(entry->cell));
   commit(edit);
-  return {};
+  return {.taken = std::move(entry->taken)};
 }
 
 void DataSheet::clear(const CellRange& block) {

@@ -18,6 +18,7 @@ namespace tolmer {
 struct EntryOutcome {
   bool accepted = true;
   std::string reason{};  // why not; a sentence. The old value stays
+  std::string taken{};   // what was read otherwise than it is written; a sentence
 };
 
 // Row 0 holds the headings, rows 1..observations() the cases; column 0 the labels, columns

@@ -17,6 +17,7 @@ constexpr int blankGroupsEmpty = 1;
 constexpr int percentDivided = 1;
 constexpr int percentEmpty = 2;
 constexpr int currencyEmpty = 1;
+constexpr int bracketsEmpty = 1;
 constexpr int stopped = 1;  // of missing marks, words and short rows
 constexpr int firstRowStopped = 2;
 
@@ -109,12 +110,14 @@ void ImportFindings::findSigns() {
   Sighting groups;
   Sighting percents;
   Sighting currencies;
+  Sighting brackets;
   eachValue([&](int row, int column, const FieldLook& seenField) {
     const NumberShape& shape = seenField.shape;
     if (!shape.isNumber()) return;
     if (shape.groupedByBlanks) groups.add(row, column);
     if (shape.percent) percents.add(row, column);
     if (shape.currency) currencies.add(row, column);
+    if (shape.bracketed) brackets.add(row, column);
   });
   if (groups.count)
     ask(ImportDoubt::blankGroups,
@@ -126,6 +129,9 @@ void ImportFindings::findSigns() {
   if (currencies.count)
     ask(ImportDoubt::currency, "There are signs of currency, first " + seenAt(currencies) + ".",
         {"Take the signs off", leaveEmpty}, std::nullopt);
+  if (brackets.count)
+    ask(ImportDoubt::brackets, "There are numbers in brackets, first " + seenAt(brackets) + ".",
+        {"(5) is -5", leaveEmpty}, std::nullopt);
 }
 
 void ImportFindings::findMissingAndWords() {
@@ -221,20 +227,24 @@ Result<std::optional<DataCell>> ImportFindings::emptied(ImportDoubt doubt, int e
 
 Result<std::optional<DataCell>> ImportFindings::numberCell(int row, int column,
                                                            const NumberShape& shape) const {
-  const auto number = fieldNumber(field(row, column), *decimalMark_);
+  const auto percent = answerTo(ImportDoubt::percent);
+  const auto number =
+      fieldNumber(field(row, column), *decimalMark_,
+                  percent == percentDivided ? Percent::divided : Percent::asWritten);
   if (!number) return emptied(ImportDoubt::words, 0, row, column, "no number");
   const auto groups = answerTo(ImportDoubt::blankGroups);
-  const auto percent = answerTo(ImportDoubt::percent);
   const auto currency = answerTo(ImportDoubt::currency);
+  const auto brackets = answerTo(ImportDoubt::brackets);
   if ((shape.groupedByBlanks && !groups) || (shape.percent && !percent) ||
-      (shape.currency && !currency))
+      (shape.currency && !currency) || (shape.bracketed && !brackets))
     return std::optional<DataCell>();
   if ((shape.groupedByBlanks && groups == blankGroupsEmpty) ||
-      (shape.percent && percent == percentEmpty) || (shape.currency && currency == currencyEmpty))
+      (shape.percent && percent == percentEmpty) || (shape.currency && currency == currencyEmpty) ||
+      (shape.bracketed && brackets == bracketsEmpty))
     return std::optional(DataCell{});
   DataCell cell;
   cell.kind = DataCell::Kind::number;
-  cell.number = shape.percent && percent == percentDivided ? *number / 100 : *number;
+  cell.number = *number;
   return std::optional(cell);
 }
 

@@ -28,6 +28,7 @@ struct Parts {
   bool groupedByBlanks = false;
   bool percent = false;
   bool currency = false;
+  bool bracketed = false;
   std::string mantissa;  // digits, points and commas
   std::string exponent;  // "e-5" or empty
 };
@@ -71,16 +72,24 @@ void takeSigns(std::string_view& text, Parts& parts) {
     }
     return takeFront(text, "+");
   };
-  bool sign = takeSign();
+  const bool isBracketed = text.starts_with('(') && takeBack(text, ")");
+  if (isBracketed) takeFront(text, "(");
+  parts.bracketed = parts.negative = isBracketed;
+  bool sign = isBracketed || takeSign();
   parts.percent = takeBack(text, "%");
   for (const auto currency : currencies)
     if (takeFront(text, currency) || takeBack(text, currency)) parts.currency = true;
   if (!sign) takeSign();
 }
 
-// Blanks and apostrophes stand before groups of three digits, or it is no number.
+// Blanks and apostrophes stand before groups of three digits, or it is no number; and "2019 500" or
+// "0 250" are two.
 bool takeBlanks(std::string& digits, bool& grouped) {
-  if (std::none_of(digits.begin(), digits.end(), isGap)) return true;
+  const auto first =
+      static_cast<std::size_t>(std::find_if(digits.begin(), digits.end(), isGap) - digits.begin());
+  if (first == digits.size()) return true;
+  if (allDigits(std::string_view(digits).substr(0, first)) && (first > 3 || digits[0] == '0'))
+    return false;
   std::string closed;
   for (std::size_t i = 0; i < digits.size(); ++i) {
     if (!isGap(digits[i])) {
@@ -180,16 +189,23 @@ NumberShape numberShape(std::string_view field) {
   if (!parts || isTooLarge(*parts)) return {};
   return {marksOf(*parts),
           std::count_if(parts->mantissa.begin(), parts->mantissa.end(), isMark) > 1,
-          parts->groupedByBlanks, parts->percent, parts->currency};
+          parts->groupedByBlanks,
+          parts->percent,
+          parts->currency,
+          parts->bracketed};
 }
 
-std::optional<double> fieldNumber(std::string_view field, char decimalMark) {
+std::optional<double> fieldNumber(std::string_view field, char decimalMark, Percent percent) {
   const auto parts = partsOf(field);
   if (!parts) return std::nullopt;
   const std::string digits = digitsWith(parts->mantissa, decimalMark);
   if (digits.empty()) return std::nullopt;
-  const auto read = readNumber((parts->negative ? "-" : "") + digits + parts->exponent);
-  return read.kind == NumberReading::Kind::number ? std::optional(read.number) : std::nullopt;
+  const bool divided = parts->percent && percent == Percent::divided;
+  // A division would leave 12.3% a little off 0.123.
+  const std::string exponent = divided && parts->exponent.empty() ? "e-2" : parts->exponent;
+  const auto read = readNumber((parts->negative ? "-" : "") + digits + exponent);
+  if (read.kind != NumberReading::Kind::number) return std::nullopt;
+  return divided && !parts->exponent.empty() ? read.number / 100 : read.number;
 }
 
 bool isMissingMark(std::string_view field) {

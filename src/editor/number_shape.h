@@ -22,6 +22,7 @@ struct NumberShape {
   bool groupedByBlanks = false;  // 12 345 or 12'345
   bool percent = false;
   bool currency = false;
+  bool bracketed = false;  // (5), which is -5 in accounts
 
   bool isNumber() const { return marks != Marks::noNumber; }
   // Whether it is a number with that decimal mark, or with any while that is open.
@@ -33,9 +34,12 @@ struct NumberShape {
 
 NumberShape numberShape(std::string_view field);
 
-// The number with that decimal mark, '.' or ','; the other one may divide thousands. Of 12% it is
-// 12. nullopt where the field is no such number or no double can hold it.
-std::optional<double> fieldNumber(std::string_view field, char decimalMark);
+enum class Percent { asWritten, divided };  // 12% is 12, or 0.12
+
+// The number with that decimal mark, '.' or ','; the other one may divide thousands. nullopt where
+// the field is no such number or no double can hold it.
+std::optional<double> fieldNumber(std::string_view field, char decimalMark,
+                                  Percent percent = Percent::asWritten);
 
 // A sign of a missing value as statistics programs and spreadsheets write them: NA . - * #DIV/0!
 bool isMissingMark(std::string_view field);

@@ -49,7 +49,7 @@ CellValue SheetFormulas::valueOf(CellAddress cell) const {
     case DataCell::Kind::empty:
       return CellValue::empty();
     case DataCell::Kind::text:
-      return CellValue::text();
+      return CellValue::ofText(held.text);
     case DataCell::Kind::number:
       return CellValue::ofNumber(held.number);
     case DataCell::Kind::formula:

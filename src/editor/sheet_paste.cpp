@@ -53,7 +53,7 @@ class Paster {
 
   void pasteHeadings(int column) {
     for (const std::string& heading : table_.headings) {
-      if (!heading.empty()) edit_.put({0, column}, *cellFromText(edit_, {0, column}, heading));
+      if (!heading.empty()) edit_.put({0, column}, cellFromText(edit_, {0, column}, heading)->cell);
       ++column;
     }
   }
@@ -82,7 +82,9 @@ class Paster {
       return DataCell{.kind = Kind::number, .number = from.number};
     if (isValue && from.kind == Kind::formula && table_.copiedFrom)
       return edit_.formulaCell(movedText(from.text, corner));
-    return cellFromText(edit_, at, from.text.empty() ? exactText(from.number) : from.text);
+    auto entry = cellFromText(edit_, at, from.text.empty() ? exactText(from.number) : from.text);
+    if (!entry) return entry.error();
+    return std::move(entry->cell);
   }
 
   std::string movedText(const std::string& text, CellAddress corner) const {

@@ -31,7 +31,9 @@ void rotateDown(SheetEdit& edit, int first, int rows) {
 // another order.
 bool dependsOnOrder(const FormulaToken& token, int row, int lastRow) {
   using Kind = FormulaToken::Kind;
-  if (token.kind == Kind::function) return token.function->function == FormulaFunction::LAG;
+  if (token.kind == Kind::function)
+    return token.function->function == FormulaFunction::LAG ||
+           token.function->function == FormulaFunction::ROW;
   if (token.kind != Kind::area || token.first.cell.row == 0) return false;
   const auto [top, bottom] = std::minmax(token.first.cell.row, token.last.cell.row);
   const bool fixed = token.first.fixedRow && token.last.fixedRow;

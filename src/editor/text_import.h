@@ -30,8 +30,9 @@ enum class ImportDoubt {
   blankGroups,  // 12 345
   percent,
   currency,
-  missing,  // NA and the like
-  words     // words among numbers
+  brackets,  // (5)
+  missing,   // NA and the like
+  words      // words among numbers
 };
 
 struct ImportQuestion {

@@ -1,10 +1,12 @@
 #include "formula/aggregates.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <vector>
 
+#include "formula/comparison.h"
 #include "formula/scalar_functions.h"
 
 namespace tolmer {
@@ -14,6 +16,14 @@ using enum FormulaFunction;
 using Kind = CellValue::Kind;
 
 constexpr double infinity = std::numeric_limits<double>::infinity();
+
+// By columns, as data are read; ends where take returns false.
+template <class Take>
+void forEachCell(const CellSource& cells, const CellRange& range, Take take) {
+  for (int column = range.first.column; column <= range.last.column; ++column)
+    for (int row = range.first.row; row <= range.last.row; ++row)
+      if (!take(cells.cellValue({row, column}))) return;
+}
 
 class Numbers {
  public:
@@ -38,7 +48,7 @@ class Numbers {
         count += operand.value.kind == Kind::number || operand.value.kind == Kind::empty;
         continue;
       }
-      forEachCell(operand.range, [&](const CellValue& cell) {
+      forEachCell(cells_, operand.range, [&](const CellValue& cell) {
         count += cell.kind == Kind::number;
         return true;
       });
@@ -47,18 +57,10 @@ class Numbers {
   }
 
  private:
-  // By columns, as data are read; ends where take returns false.
-  template <class Take>
-  void forEachCell(const CellRange& range, Take take) const {
-    for (int column = range.first.column; column <= range.last.column; ++column)
-      for (int row = range.first.row; row <= range.last.row; ++row)
-        if (!take(cells_.cellValue({row, column}))) return;
-  }
-
   template <class Take>
   FormulaError ofRange(const CellRange& range, Take& take) const {
     FormulaError error = FormulaError::none;
-    forEachCell(range, [&](const CellValue& cell) {
+    forEachCell(cells_, range, [&](const CellValue& cell) {
       if (cell.kind == Kind::error) error = cell.error;
       if (cell.kind == Kind::number && !std::isfinite(cell.number)) error = FormulaError::number;
       if (cell.kind == Kind::number && error == FormulaError::none) take(cell.number);
@@ -110,22 +112,23 @@ Summary summaryOf(const Numbers& numbers) {
 
 // The deviations' own sum takes the rounding of the mean away (Chan, Golub and LeVeque 1983, The
 // American Statistician 37, 242-247: the corrected two-pass algorithm).
-double variance(const Numbers& numbers, const Summary& summary) {
+double squaredDeviations(const Numbers& numbers, const Summary& summary) {
   double squares = 0, rest = 0;
   numbers.forEach([&](double number) {
     const double deviation = number - summary.mean();
     squares += deviation * deviation;
     rest += deviation;
   });
-  return std::max(0.0, (squares - rest * rest / summary.count) / (summary.count - 1));
+  return std::max(0.0, squares - rest * rest / summary.count);
 }
 
 CellValue spread(FormulaFunction function, const Numbers& numbers, const Summary& summary) {
-  if (summary.count < 2) return CellValue::ofError(FormulaError::divisionByZero);
+  const int divisor = summary.count - (function == STDEV || function == VAR ? 1 : 0);
+  if (divisor < 1) return CellValue::ofError(FormulaError::divisionByZero);
   // max() above would hide what is not a number.
   if (!std::isfinite(summary.sum)) return CellValue::ofError(FormulaError::number);
-  const double value = variance(numbers, summary);
-  return checkedNumber(function == STDEV ? std::sqrt(value) : value);
+  const double value = squaredDeviations(numbers, summary) / divisor;
+  return checkedNumber(function == STDEV || function == STDEVP ? std::sqrt(value) : value);
 }
 
 CellValue median(const Numbers& numbers) {
@@ -145,6 +148,108 @@ CellValue average(const Summary& summary) {
   return checkedNumber(summary.mean());
 }
 
+CellValue valueError() { return CellValue::ofError(FormulaError::value); }
+
+CellValue countIf(const Operand& where, const CellValue& wanted, const CellSource& cells) {
+  const Criterion criterion(wanted);
+  if (criterion.error() != FormulaError::none) return CellValue::ofError(criterion.error());
+  int count = 0;
+  forEachCell(cells, where.range, [&](const CellValue& cell) {
+    count += criterion.isMetBy(cell);
+    return true;
+  });
+  return CellValue::ofNumber(count);
+}
+
+// One plus the numbers that come before.
+CellValue rank(std::span<const Operand> operands, const CellSource& cells) {
+  const CellValue& ranked = operands[0].value;
+  if (ranked.kind == Kind::text || (operands.size() > 2 && operands[2].value.kind == Kind::text))
+    return valueError();
+  const bool rising = operands.size() > 2 && operands[2].value.number != 0;
+  int before = 0;
+  bool isThere = false;
+  const FormulaError error = Numbers(operands.subspan(1, 1), cells).forEach([&](double number) {
+    if (areNearlyEqual(number, ranked.number))
+      isThere = true;
+    else
+      before += rising == (number < ranked.number);
+  });
+  if (error != FormulaError::none) return CellValue::ofError(error);
+  return isThere ? CellValue::ofNumber(before + 1) : valueError();
+}
+
+using Pairs = std::array<std::vector<double>, 2>;
+
+// Both ranges have one shape.
+FormulaError pairsOf(const CellRange& one, const CellRange& other, const CellSource& cells,
+                     Pairs& pairs) {
+  FormulaError error = FormulaError::none;
+  CellAddress apart{other.first.row - one.first.row, other.first.column - one.first.column};
+  for (int column = one.first.column; column <= one.last.column; ++column)
+    for (int row = one.first.row; row <= one.last.row; ++row) {
+      const CellValue left = cells.cellValue({row, column});
+      const CellValue right = cells.cellValue({row + apart.row, column + apart.column});
+      for (const CellValue& value : {left, right})
+        if (value.kind == Kind::error && error == FormulaError::none) error = value.error;
+      if (left.kind != Kind::number || right.kind != Kind::number) continue;
+      pairs[0].push_back(left.number);
+      pairs[1].push_back(right.number);
+    }
+  return error;
+}
+
+// The distances from the mean, divided by the largest, so that no square is too large or too small.
+// False where there are none.
+bool standardize(std::vector<double>& numbers) {
+  double mean = 0, largest = 0;
+  for (const double number : numbers) mean += number / static_cast<double>(numbers.size());
+  for (double& number : numbers) largest = std::max(largest, std::fabs(number -= mean));
+  // What rounding of the mean leaves of equal numbers is no spread.
+  if (!(largest > std::fabs(mean) * 0x1p-50)) return false;
+  for (double& number : numbers) number /= largest;
+  return true;
+}
+
+CellValue correlation(std::span<const Operand> operands, const CellSource& cells) {
+  const CellRange& one = operands[0].range;
+  const CellRange& other = operands[1].range;
+  if (one.last.row - one.first.row != other.last.row - other.first.row ||
+      one.last.column - one.first.column != other.last.column - other.first.column)
+    return valueError();
+  Pairs pairs;
+  const FormulaError error = pairsOf(one, other, cells, pairs);
+  if (error != FormulaError::none) return CellValue::ofError(error);
+  if (!standardize(pairs[0]) || !standardize(pairs[1]))
+    return CellValue::ofError(FormulaError::divisionByZero);
+  double products = 0;
+  std::array<double, 2> squares{};
+  std::array<double, 2> rests{};
+  const auto count = static_cast<double>(pairs[0].size());
+  for (std::size_t i = 0; i < pairs[0].size(); ++i) {
+    products += pairs[0][i] * pairs[1][i];
+    for (std::size_t side = 0; side < 2; ++side) {
+      squares[side] += pairs[side][i] * pairs[side][i];
+      rests[side] += pairs[side][i];
+    }
+  }
+  for (std::size_t side = 0; side < 2; ++side) squares[side] -= rests[side] * rests[side] / count;
+  products -= rests[0] * rests[1] / count;
+  return checkedNumber(std::clamp(products / std::sqrt(squares[0] * squares[1]), -1.0, 1.0));
+}
+
+// Functions of which some arguments are ranges and others values.
+CellValue rangeResult(FormulaFunction function, std::span<const Operand> operands,
+                      const CellSource& cells) {
+  for (std::size_t i = 0; i < operands.size(); ++i) {
+    const Operand& operand = operands[i];
+    if (!operand.isRange && operand.value.kind == Kind::error) return operand.value;
+    if (!operand.isRange && formOf(function).takesMany(static_cast<int>(i))) return valueError();
+  }
+  if (function == COUNTIF) return countIf(operands[0], operands[1].value, cells);
+  return function == RANK ? rank(operands, cells) : correlation(operands, cells);
+}
+
 CellValue truth(const Summary& summary, bool holds) {
   if (summary.count == 0) return CellValue::ofError(FormulaError::value);
   return CellValue::ofNumber(holds ? 1 : 0);
@@ -154,6 +259,8 @@ CellValue truth(const Summary& summary, bool holds) {
 
 CellValue aggregateResult(FormulaFunction function, std::span<const Operand> operands,
                           const CellSource& cells) {
+  if (function == COUNTIF || function == RANK || function == CORREL)
+    return rangeResult(function, operands, cells);
   const Numbers numbers(operands, cells);
   if (function == COUNT) return CellValue::ofNumber(numbers.countWithoutErrors());
   if (function == MEDIAN) return median(numbers);

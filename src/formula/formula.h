@@ -3,6 +3,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -18,6 +19,7 @@ namespace tolmer {
 // The language
 //
 //   Values      1.5  .5  2e-3  5%; the decimal mark is a point in every country
+//   Texts       "north", a quotation mark inside written twice; to be compared and counted
 //   Cells       B1 is the first observation of variable 1, column A holds the labels; "$" before
 //               letters or digits keeps that part when the formula is copied
 //   Ranges      B1:B20, B1:D20, and whole columns as B:B or B:D
@@ -26,7 +28,7 @@ namespace tolmer {
 //   Operators   comparison, then + -, then * /, then ^, then signs, then %: so -2^2 is 4 and 2^3^2
 //               is 64, as in the usual spreadsheets; equal operators go from left to right.
 //               Comparisons (= <> < <= > >=) give 1 or 0, take numbers as equal that agree to about
-//               15 digits, and cannot be chained
+//               15 digits, and cannot be chained; those of texts are in comparison.h
 //   Functions   see formula_functions.h; arguments are parted by comma or semicolon
 //
 // Where one value is needed, a whole column means its cell in the formula's own row; functions that
@@ -34,7 +36,8 @@ namespace tolmer {
 //
 // An empty cell is 0 in arithmetic and nothing in functions that take many values; these skip text,
 // too, elsewhere text is #VALUE!. Letters of addresses, names and functions may be of any case. A
-// word that is both a name and an address is refused: [X1] is the variable, X1:X1 the cell.
+// word that is both a name and an address is refused: [X1] is the variable, X1:X1 the cell. Where
+// a typed X1 cannot well be the cell, it is kept as [X1].
 //
 // What students type is limited, so that no formula can be too much for a dialog or for a file.
 inline constexpr std::size_t maxTypedFormula = 1000;  // bytes
@@ -45,6 +48,8 @@ inline constexpr int maxFormulaOperands = 255;        // waiting for their opera
 struct FormulaStep {
   enum class Kind : std::uint8_t {
     number,  // push
+    text,    // push texts[index]
+    row,     // push `number`, plus the formula's own row where index is 1
     error,   // push
     cell,    // push the value of areas[index], a single cell
     area,    // push areas[index] itself, for a function that takes many values
@@ -59,7 +64,7 @@ struct FormulaStep {
   char symbol = 0;
   FormulaFunction function = FormulaFunction::SUM;
   FormulaError error = FormulaError::none;
-  int index = 0;  // of an area; a step; the number of a random call
+  int index = 0;  // of an area or a text; a step; the number of a random call
   int count = 0;
   double number = 0;
 };
@@ -79,17 +84,24 @@ struct FormulaProblem {
 };
 
 struct Formula {
-  std::string text;        // as typed, with "="
+  std::string text;        // as it is kept, with "="
   std::uint64_t seed = 0;  // of the random functions
   SheetSize size;
   std::optional<FormulaProblem> problem;  // then there are no steps
   std::vector<FormulaStep> steps;
   std::vector<FormulaArea> areas;
+  std::vector<std::string> texts;
   int randomCalls = 0;  // the seed matters where this is above 0
 };
 
-// Reads what a user has typed. The error says at which character, counted from 1, and why.
-Result<Formula> parseFormula(std::string_view text, const SheetNames& names, std::uint64_t seed);
+// Whether nobody can well mean that cell, because its column is unused: a word that is its address
+// and a variable's name is the variable then.
+using MeansNoCell = std::function<bool(CellAddress cell)>;
+
+// Reads what a user has typed: behind "=", or behind a sign as in +B1*2, which is kept as =+B1*2.
+// The error says at which of the typed characters, counted from 1, and why.
+Result<Formula> parseFormula(std::string_view typed, const SheetNames& names, std::uint64_t seed,
+                             const MeansNoCell& meansNoCell = {});
 
 // Reads what a sheet has stored: always a formula, with its problem where it has one, and without a
 // limit of length, because inserted rows and longer names make a text grow.

@@ -3,6 +3,7 @@
 #include <type_traits>
 
 #include "formula/aggregates.h"
+#include "formula/comparison.h"
 #include "formula/formula.h"
 #include "formula/scalar_functions.h"
 
@@ -31,6 +32,11 @@ CellValue asNumber(const CellValue& value) {
 
 bool isError(const CellValue& value) { return value.kind == Kind::error; }
 
+bool isOfTexts(char symbol, const CellValue& left, const CellValue& right) {
+  return std::string_view("=<>lgn").find(symbol) != std::string_view::npos && !isError(left) &&
+         !isError(right) && (left.kind == Kind::text || right.kind == Kind::text);
+}
+
 // The stack below is not to be cleared for every formula.
 static_assert(std::is_trivially_default_constructible_v<Operand>);
 
@@ -54,6 +60,10 @@ class Machine {
     switch (step.kind) {
       case StepKind::number:
         return push(CellValue::ofNumber(step.number));
+      case StepKind::text:
+        return push(CellValue::ofText(formula_.texts[step.index]));
+      case StepKind::row:
+        return push(CellValue::ofNumber(step.number + (step.index == 1 ? row_ : 0)));
       case StepKind::error:
         return push(CellValue::ofError(step.error));
       case StepKind::cell:
@@ -94,8 +104,13 @@ class Machine {
   }
 
   void binary(char symbol) {
-    const CellValue right = asNumber(pop());
-    const CellValue left = asNumber(top());
+    const CellValue second = pop(), first = top();
+    if (isOfTexts(symbol, first, second)) {
+      top() = comparedWithText(symbol, first, second);
+      return;
+    }
+    const CellValue right = asNumber(second);
+    const CellValue left = asNumber(first);
     top() = isError(left)    ? left
             : isError(right) ? right
                              : binaryResult(symbol, left.number, right.number);

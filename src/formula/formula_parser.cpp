@@ -4,6 +4,7 @@
 
 #include "formula/formula.h"
 #include "formula/formula_tokens.h"
+#include "formula/rewrite.h"
 
 namespace tolmer {
 namespace {
@@ -23,6 +24,7 @@ class Parser {
     if (!failed()) return;
     formula_.steps.clear();
     formula_.areas.clear();
+    formula_.texts.clear();
     formula_.randomCalls = 0;
   }
 
@@ -156,6 +158,10 @@ class Parser {
       case TokenKind::number:
         push(StepKind::number).number = take().number;
         return;
+      case TokenKind::text:
+        push(StepKind::text).index = static_cast<int>(formula_.texts.size());
+        formula_.texts.push_back(take().text);
+        return;
       case TokenKind::error:
         push(StepKind::error).error = take().error;
         return;
@@ -211,7 +217,8 @@ class Parser {
     deeper([&] {
       if (form.function == FormulaFunction::IF) return callIf(token);
       if (form.function == FormulaFunction::LAG) return callLag(token);
-      const int count = arguments(form.takesMany());
+      if (form.function == FormulaFunction::ROW) return callRow(token);
+      const int count = arguments(form);
       expectClosing();
       checkCount(token, count);
       if (failed()) return;
@@ -221,12 +228,12 @@ class Parser {
     });
   }
 
-  int arguments(bool takesMany) {
+  int arguments(const FunctionForm& form) {
     if (peekSymbol() == ')') return 0;
     int count = 0;
     do {
       comparison();
-      if (!takesMany) needValue();
+      if (!form.takesMany(count)) needValue();
       ++count;
     } while (accept(','));
     return count;
@@ -268,20 +275,46 @@ class Parser {
     formula_.steps[branch].count = formula_.steps[jump].index = stepCount();
   }
 
-  void callLag(const FormulaToken& token) {
+  // Nothing but a cell, which becomes the last of the areas; or a lost one: then, and after a
+  // problem, false.
+  bool cellArgument(const FormulaToken& function) {
     const int before = stepCount();
     comparison();
-    if (failed()) return;
+    if (failed()) return false;
     const StepKind kind = formula_.steps.back().kind;
     const bool isError = kind == StepKind::error;
     if (stepCount() != before + 1 || (kind != StepKind::area && !isError))
-      return failAt(token.begin, "LAG takes a cell or the name of a variable.");
-    if (!isError && !toSingleCell(formula_.areas.back())) return;
+      failAt(function.begin,
+             std::string(function.function->name) + " takes a cell or the name of a variable.");
+    return !failed() && !isError && toSingleCell(formula_.areas.back());
+  }
+
+  void callLag(const FormulaToken& token) {
+    const bool isCell = cellArgument(token);
     const int rows = accept(',') ? lagRows() : 1;
     expectClosing();
-    if (isError || failed()) return;
+    if (!isCell || failed()) return;
     CellRange& cells = formula_.areas.back().cells;
     cells.first.row = cells.last.row -= rows;
+  }
+
+  // The number of a row hangs on no cell: ROW(B3) may stand in B3.
+  void callRow(const FormulaToken& token) {
+    FormulaArea own;
+    own.ownRow = true;
+    if (peekSymbol() == ')') {
+      push(StepKind::area);
+    } else {
+      if (!cellArgument(token)) return expectClosing();
+      own = formula_.areas.back();
+      formula_.areas.pop_back();
+    }
+    expectClosing();
+    if (failed()) return;
+    FormulaStep& step = formula_.steps.back();
+    step.kind = StepKind::row;
+    step.number = own.cells.first.row;
+    step.index = own.ownRow ? 1 : 0;
   }
 
   // A plain number, because what a formula depends on must not change with a cell.
@@ -316,6 +349,33 @@ Error placedError(std::string_view text, std::size_t place, const std::string& p
   return {"Character " + std::to_string(characterNumber(text, place)), problem};
 }
 
+// The place in the typed text of a place in the kept one, which is the same with bytes put in.
+std::size_t typedPlace(std::string_view typed, std::string_view kept, std::size_t place) {
+  std::size_t at = 0;
+  for (const char c : kept.substr(0, place))
+    if (at < typed.size() && typed[at] == c) ++at;
+  return at;
+}
+
+// X1:X3 reads as three variables, but these would be cells, and empty ones at that.
+std::optional<FormulaProblem> rangeOfNames(const Formula& formula, const SheetNames& names,
+                                           const MeansNoCell& meansNoCell) {
+  const auto isVariable = [&](const WrittenAddress& end) {
+    return names.lookUp(end.text).found != SheetNames::Found::none && meansNoCell(end.cell);
+  };
+  for (const FormulaToken& token : formulaTokens(formula.text, 1, names)) {
+    if (token.kind != TokenKind::area || !token.isRange || token.first.cell == token.last.cell ||
+        !isVariable(token.first) || !isVariable(token.last))
+      continue;
+    const std::string first(token.first.text), last(token.last.text);
+    return FormulaProblem{FormulaError::value, token.begin,
+                          first + ":" + last +
+                              " are empty cells. Write the variables one by one, " +
+                              "as in SUM(@[" + first + "],@[" + last + "])."};
+  }
+  return std::nullopt;
+}
+
 }  // namespace
 
 Formula compileFormula(std::string_view text, const SheetNames& names, std::uint64_t seed) {
@@ -331,12 +391,19 @@ Formula compileFormula(std::string_view text, const SheetNames& names, std::uint
   return formula;
 }
 
-Result<Formula> parseFormula(std::string_view text, const SheetNames& names, std::uint64_t seed) {
-  if (text.size() > maxTypedFormula)
-    return placedError(text, maxTypedFormula,
+Result<Formula> parseFormula(std::string_view typed, const SheetNames& names, std::uint64_t seed,
+                             const MeansNoCell& meansNoCell) {
+  if (typed.size() > maxTypedFormula)
+    return placedError(typed, maxTypedFormula,
                        "The formula is longer than " + std::to_string(maxTypedFormula) + " bytes.");
+  std::string text(typed);
+  if (text.starts_with('+') || text.starts_with('-')) text.insert(0, "=");
+  if (meansNoCell) text = withNamesBracketed(text, names, meansNoCell);
   Formula formula = compileFormula(text, names, seed);
-  if (formula.problem) return placedError(text, formula.problem->place, formula.problem->text);
+  if (!formula.problem && meansNoCell) formula.problem = rangeOfNames(formula, names, meansNoCell);
+  if (formula.problem)
+    return placedError(typed, typedPlace(typed, text, formula.problem->place),
+                       formula.problem->text);
   return formula;
 }
 

@@ -119,9 +119,17 @@ class Tokenizer {
   }
 
   void quotation() {
-    const std::size_t end = text_.find('"', place_ + 1);
-    place_ = end == std::string_view::npos ? text_.size() : end + 1;
-    bad(FormulaError::syntax, "Formulas calculate with numbers, not with text in quotes.");
+    token_.kind = Kind::text;
+    for (std::size_t place = place_ + 1; place < text_.size(); ++place) {
+      if (text_[place] == '"' && at(place + 1) != '"') {
+        place_ = place + 1;
+        return;
+      }
+      if (text_[place] == '"') ++place;
+      token_.text += text_[place];
+    }
+    place_ = text_.size();
+    bad(FormulaError::syntax, "The quotation mark is not closed.");
   }
 
   void errorLiteral() {
@@ -211,19 +219,23 @@ class Tokenizer {
   void single(std::string_view word) {
     const std::optional<WrittenAddress> address = readAddress(word, false);
     const bool isName = names_.lookUp(word).found != SheetNames::Found::none;
-    if (isName && address && isInSheet(*address)) return bothMeanings(word);
+    if (isName && address && isInSheet(*address)) return bothMeanings(word, *address);
     if (isName) return named(word);
     if (address) return area(*address, *address, false);
     if (findFunction(word))
       return bad(FormulaError::syntax, quoted(word) + " needs its values in brackets.");
     named(word);
+    if (const std::string folded = foldedName(word); folded == "true" || folded == "false")
+      token_.problem += " Write 1 for true and 0 for false.";
     if (readAddress(word, true))
       token_.problem +=
           " A whole column is written as " + std::string(word) + ":" + std::string(word) + ".";
   }
 
-  void bothMeanings(std::string_view word) {
+  void bothMeanings(std::string_view word, const WrittenAddress& address) {
     const std::string text(word);
+    token_.isNameAndCell = true;
+    token_.first = address;
     bad(FormulaError::name, quoted(word) + " is a variable and a cell. Write [" + text +
                                 "] for the variable or " + text + ":" + text + " for the cell.");
   }

@@ -25,7 +25,7 @@ struct WrittenAddress {
 };
 
 struct FormulaToken {
-  enum class Kind : std::uint8_t { end, number, symbol, area, name, function, error, bad };
+  enum class Kind : std::uint8_t { end, number, text, symbol, area, name, function, error, bad };
   Kind kind = Kind::end;
   std::size_t begin = 0, end = 0;           // bytes of the text
   char symbol = 0;                          // + - * / ^ % ( ) , @ = < > and l g n for <= >= <>
@@ -35,6 +35,8 @@ struct FormulaToken {
   int column = 0;                  // of a name
   WrittenAddress first{}, last{};  // of an area; alike for a single cell
   bool isRange = false;            // written with a colon
+  bool isNameAndCell = false;      // bad, because the word is both; `first` is the cell
+  std::string text{};              // of a text, without its quotes
   std::string problem{};           // of bad
 };
 

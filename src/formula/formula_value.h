@@ -3,6 +3,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 #include <string_view>
 
 #include "formula/sheet_names.h"
@@ -13,7 +14,7 @@ namespace tolmer {
 enum class FormulaError : std::uint8_t {
   none,
   divisionByZero,
-  value,      // text, or several cells, where a number is needed
+  value,      // text, or several cells, where a number is needed; no place for a RANK
   reference,  // a cell outside the sheet, or one that has been deleted
   name,       // nothing is called so
   number,     // no real number, or one too large
@@ -39,13 +40,19 @@ struct FormulaValue {
 struct CellValue {
   enum class Kind : std::uint8_t { empty, number, text, error };
   Kind kind;
-  FormulaError error;  // of kind error alone
-  double number;       // of kind number alone
+  FormulaError error;       // of kind error alone
+  double number;            // of kind number alone
+  const std::string* text;  // of kind text alone, owned by the sheet or by the formula
 
-  static CellValue ofNumber(double number) { return {Kind::number, FormulaError::none, number}; }
-  static CellValue ofError(FormulaError error) { return {Kind::error, error, 0}; }
-  static CellValue text() { return {Kind::text, FormulaError::none, 0}; }
-  static CellValue empty() { return {Kind::empty, FormulaError::none, 0}; }
+  static CellValue ofNumber(double number) {
+    return {Kind::number, FormulaError::none, number, nullptr};
+  }
+  static CellValue ofError(FormulaError error) { return {Kind::error, error, 0, nullptr}; }
+  static CellValue ofText(const std::string& text) {
+    return {Kind::text, FormulaError::none, 0, &text};
+  }
+  static CellValue ofText(std::string&&) = delete;
+  static CellValue empty() { return {Kind::empty, FormulaError::none, 0, nullptr}; }
 };
 
 // The sheet, as formulas see it. It is asked for cells inside its size alone.

@@ -160,4 +160,12 @@ std::string withVariableRenamed(std::string_view text, const SheetNames& names, 
   });
 }
 
+std::string withNamesBracketed(std::string_view text, const SheetNames& names,
+                               const std::function<bool(CellAddress cell)>& meansNoCell) {
+  return respelled(text, names, [&](const FormulaToken& token) -> std::optional<std::string> {
+    if (!token.isNameAndCell || !meansNoCell(token.first.cell)) return std::nullopt;
+    return bracketedName(token.first.text);
+  });
+}
+
 }  // namespace tolmer

@@ -4,6 +4,7 @@
 // written X1:X1.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -27,5 +28,9 @@ std::string withRowsDeleted(std::string_view text, const SheetNames& names, int 
 // column's, becomes $B:$B.
 std::string withVariableRenamed(std::string_view text, const SheetNames& names, int column,
                                 const std::string& newName);
+
+// Bare words that are a name and an address become "[X1]" where meansNoCell(address) holds.
+std::string withNamesBracketed(std::string_view text, const SheetNames& names,
+                               const std::function<bool(CellAddress cell)>& meansNoCell);
 
 }  // namespace tolmer

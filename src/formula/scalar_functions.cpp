@@ -7,6 +7,8 @@
 #include <numbers>
 #include <string>
 
+#include "formula/normal_distribution.h"
+
 namespace tolmer {
 namespace {
 
@@ -174,6 +176,11 @@ CellValue functionResult(FormulaFunction function, std::span<const double> value
       return modulus(first, second);
     case NOT:
       return truth(first == 0);
+    case NORMSINV:
+      return first > 0 && first < 1 ? CellValue::ofNumber(normalQuantile(first)) : numberError();
+    case NORMSDIST:
+      return checkedNumber(values.size() > 1 && second == 0 ? normalDensity(first)
+                                                            : normalProbability(first));
     default:
       return CellValue::ofError(FormulaError::value);
   }

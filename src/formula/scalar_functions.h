@@ -19,7 +19,7 @@ bool areNearlyEqual(double a, double b);
 // The symbols of FormulaStep.
 CellValue binaryResult(char symbol, double left, double right);
 
-// A function of single values, without IF, LAG and the random ones.
+// A function of single values, without IF, LAG, ROW and the random ones.
 CellValue functionResult(FormulaFunction function, std::span<const double> values);
 
 // Half away from zero at so many digits behind the point, or before it for negative ones. Halves

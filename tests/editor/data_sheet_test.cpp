@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <map>
 
 #include "editor/sheet_number.h"
 
@@ -36,7 +37,7 @@ struct Entry {
   const char* edited;  // nullptr: refused
 };
 
-TEST(DataSheetTest, ValueCellsTakePlainNumbersOnly) {
+TEST(DataSheetTest, ValueCellsTakeWhatCanOnlyBeOneNumber) {
   for (const Entry& entry : {
            Entry{" 12 ", "12.000", "12"},
            Entry{"+.5", "0.500", "0.5"},
@@ -54,6 +55,29 @@ TEST(DataSheetTest, ValueCellsTakePlainNumbersOnly) {
            Entry{"inf", "", nullptr},
            Entry{"nan", "", nullptr},
            Entry{"+-1", "", nullptr},
+           Entry{"-5*2", "-10.000", "=-5*2"},
+           Entry{"$5", "5.000", "5"},
+           Entry{"-5 \xE2\x82\xAC", "-5.000", "-5"},
+           Entry{"(1,234,567.5)", "-1234567.500", "-1234567.5"},
+           Entry{"1 234", "1234.000", "1234"},
+           Entry{"1\xC2\xA0"
+                 "234",
+                 "1234.000", "1234"},
+           Entry{"1\xE2\x80\xAF"
+                 "234",
+                 "1234.000", "1234"},
+           Entry{"1\xE2\x80\x89"
+                 "234",
+                 "1234.000", "1234"},
+           Entry{"\xE2\x88\x92"
+                 "5",
+                 "-5.000", "-5"},
+           Entry{"1234 567", "", nullptr},
+           Entry{"(5", "", nullptr},
+           Entry{"1,234", "", nullptr},
+           Entry{"50%", "", nullptr},
+           Entry{"NA", "", nullptr},
+           Entry{"-", "", nullptr},
            Entry{"0x10", "", nullptr},
            Entry{"1 2", "", nullptr},
            Entry{"=1+", "", nullptr},
@@ -67,8 +91,19 @@ TEST(DataSheetTest, ValueCellsTakePlainNumbersOnly) {
     EXPECT_EQ(sheet.shownText(1, 1), entry.edited ? entry.shown : "7.000") << entry.typed;
   }
   DataSheet sheet(3, 2);
-  EXPECT_EQ(sheet.enter(1, 1, "1,5").reason,
-            "\"1,5\" has a comma. Write the decimal mark as a point: 1.5.");
+  for (const auto& [typed, told] : std::map<std::string, std::string>{
+           {"1,5", "\"1,5\" has a comma. Write the decimal mark as a point: 1.5."},
+           {"1.234,5", "\"1.234,5\" has a comma. Write the decimal mark as a point: 1234.5."},
+           {"1.234.567", "\"1.234.567\" has points between thousands. Write 1234567."},
+           {"1,234", "\"1,234\" can be 1234 or 1.234. Write the one you mean."},
+           {"$1,234", "\"$1,234\" can be 1234 or 1.234. Write the one you mean."},
+           {"12.3%", "\"12.3%\" can be 12.3 or 0.123. Write the one you mean."},
+           {"NA", "\"NA\" is not a number. Leave the cell empty where a value is missing."},
+           {"B1*2", "\"B1*2\" is not a number. A formula begins with \"=\"."},
+           {"-Nowhere", "Character 2: There is no variable called \"Nowhere\"."}})
+    EXPECT_EQ(sheet.enter(1, 1, typed).reason, told);
+  EXPECT_EQ(sheet.enter(1, 1, "$5").taken, "\"$5\" was taken as 5.");
+  EXPECT_EQ(sheet.enter(1, 1, "+5").taken, "");
   sheet.enter(1, 0, " =A1\n\"x\" ");
   EXPECT_EQ(sheet.shownText(1, 0), " =A1 \"x\" ") << "a label is text, on one line";
   sheet.enter(1, 0, "   ");
@@ -112,6 +147,41 @@ TEST(DataSheetTest, FormulasFollowWhatTheyReferTo) {
   EXPECT_EQ(sheet.shownText(2, 2), "#CYCLE");
   sheet.undo();
   EXPECT_EQ(sheet.shownText(2, 2), "10.000");
+}
+
+TEST(DataSheetTest, NamesThatAreCellsWorkBareWhereTheColumnIsUnused) {
+  DataSheet sheet(5, 30);
+  sheet.enter(0, 1, "X1");
+  fill(sheet, 1, {"2", "4"});
+  EXPECT_EQ(sheet.enter(1, 2, "=X1*2").taken,
+            "Taken with the variable, not the cell of that name: =[X1]*2");
+  EXPECT_EQ(sheet.shownText(1, 2), "4.000");
+  sheet.enter(0, 1, "V1");
+  EXPECT_EQ(sheet.editText(1, 2), "=[V1]*2");
+  EXPECT_FALSE(sheet.enter(1, 21, "=V1").accepted) << "in column V itself";
+  sheet.enter(5, 21, "7");
+  EXPECT_EQ(sheet.shownText(1, 2), "4.000") << "what is stored stays as it was taken";
+  EXPECT_THAT(sheet.enter(2, 2, "=V1").reason, HasSubstr("Write [V1]"));
+}
+
+TEST(DataSheetTest, FormulasWithLabelsAndRowsFollowSortingAndEditing) {
+  DataSheet sheet(4, 3);
+  fill(sheet, 0, {"north", "South", "north"});
+  fill(sheet, 1, {"3", "1", "2"});
+  for (int row = 1; row <= 3; ++row) sheet.enter(row, 2, "=IF(Label=\"NORTH\",1,0)");
+  for (int row = 1; row <= 3; ++row) sheet.enter(row, 3, "=ROW()");
+  EXPECT_EQ(sheet.orderDependentFormulas(), 3);
+  sheet.sort(1, true);
+  EXPECT_THAT(column(sheet, 2, 3), ElementsAre("0.000", "1.000", "1.000"));
+  EXPECT_THAT(column(sheet, 3, 3), ElementsAre("2.000", "3.000", "1.000"));
+  sheet.enter(1, 0, "North");
+  EXPECT_EQ(sheet.shownText(1, 2), "1.000");
+  sheet.enter(0, 0, "Region");
+  EXPECT_EQ(sheet.editText(1, 2), "=IF(Region=\"NORTH\",1,0)");
+  sheet.enter(4, 3, "=ROW()");
+  sheet.insertRows(1, 1);
+  EXPECT_EQ(sheet.enter(1, 3, "=ROW()+ROW(C3)").accepted, true);
+  EXPECT_EQ(sheet.shownText(1, 3), "4.000");
 }
 
 TEST(DataSheetTest, RandomNumbersStayUntilTheyAreEdited) {

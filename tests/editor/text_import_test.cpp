@@ -13,8 +13,8 @@ constexpr ImportTarget atFirstCell{.origin = TextOrigin::clipboard, .row = 1, .c
 constexpr ImportTarget asFile{};
 
 std::string doubts(const ImportPreview& preview) {
-  const char* names[] = {"separator", "first",   "heading",  "place",   "short", "decimal",
-                         "blanks",    "percent", "currency", "missing", "words"};
+  const char* names[] = {"separator", "first",   "heading",  "place",    "short",   "decimal",
+                         "blanks",    "percent", "currency", "brackets", "missing", "words"};
   std::string all;
   for (const ImportQuestion& question : preview.questions) {
     all += std::string(all.empty() ? "" : " ") + names[static_cast<int>(question.doubt)];
@@ -98,6 +98,11 @@ TEST(TextImport, pastedBlocksLandAsTheyLook) {
       {"12 345\t1\n", "blanks", {{blankGroups, 0}}, "|12345 1@1,1"},
       {"12%\t1\n", "percent", {{percent, 1}}, "|0.12 1@1,1"},
       {"\xE2\x82\xAC 12\t-$3.50\n", "currency", {{currency, 0}}, "|12 -3.5@1,1"},
+      {"($1,200.5)\t(7%)\n(3\t1\n",
+       "percent currency brackets words",
+       {{percent, 1}, {currency, 0}, {brackets, 0}, {words, 0}},
+       "|-1200.5 -0.07| 1@1,1"},
+      {"12.3%\t2019 500\n", "percent words", {{percent, 1}, {words, 0}}, "|0.123 @1,1"},
       {"1\tNA\n.\t#DIV/0!\n", "missing=0", {}, "|1 | @1,1"},
       {"1\tNA\n", "missing=0", {{missing, 1}}, "line 1, column 2: \"NA\" is a missing value."},
       {"1\n2\nthree\n", "words", {{words, 0}}, "|1|2|@1,1"},

@@ -3,8 +3,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <array>
 #include <cmath>
 
+#include "formula/normal_distribution.h"
 #include "formula/small_sheet.h"
 
 namespace tolmer::test {
@@ -137,6 +139,150 @@ TEST(FormulaValue, EmptyCellsAndTextCountDifferentlyInArithmeticAndInStatistics)
                    });
 }
 
+TEST(FormulaValue, TextsAreComparedAndCounted) {
+  SmallSheet sheet({"Sex", "Age"});
+  for (const auto& [address, text] : std::map<std::string, std::string>{{"A1", "Male "},
+                                                                        {"A2", "fem\"ale"},
+                                                                        {"A4", "male"},
+                                                                        {"A6", "Ärzte"},
+                                                                        {"B1", "20"},
+                                                                        {"B2", "30"},
+                                                                        {"B4", "30"},
+                                                                        {"B5", "5"}})
+    sheet.put(address, text);
+  sheet.type("B6", "=1/0");
+  sheet.cells[{5, 0}] = CellValue::ofText(sheet.texts[{5, 0}] = "7");
+  expectAll(sheet, {
+                       {"=IF(A1=\"male\",1,0)", "1"},
+                       {"=IF(Sex<>\"MALE\";1;0)", "0"},
+                       {"=A2=\"FEM\"\"ALE\"", "1"},
+                       {"=A1=A4", "1"},
+                       {"=A6=\"äRZTE\"", "1"},
+                       {"=A1=A2", "0"},
+                       {"=A3=\"\"", "1"},
+                       {"=A1<>\"\"", "1"},
+                       {"=A3=\"male\"", "0"},
+                       {"=IF(A1=\"x\",\"a\",\"b\")=\"b\"", "1"},
+                       {"=A5=7", "1"},  // labels are text, whatever they look like
+                       {"=A1=7", "0"},
+                       {"=B1=\"20\"", "1"},
+                       {"=B3=\"20\"", "0"},
+                       {"=A1<\"z\"", "#VALUE!"},
+                       {"=A1+1", "#VALUE!"},
+                       {"=-\"a\"", "#VALUE!"},
+                       {"=IF(A1,1,0)", "#VALUE!"},
+                       {"=IF(B1=20,\"\",1)", "#VALUE!"},
+                       {"=B6=\"a\"", "#DIV/0!"},
+                       {"=SUM(\"2\")", "#VALUE!"},
+                       {"=COUNTIF(Sex,\"male\")", "2"},
+                       {"=COUNTIF(Sex,Sex)", "2"},
+                       {"=COUNTIF(A1:A6,\"<>male\")", "3"},
+                       {"=COUNTIF(A1:A6,\"*male*\")", "2"},
+                       {"=COUNTIF(A1:A6,\"*MALE\")", "2"},
+                       {"=COUNTIF(A:A,\"?rzte\")", "1"},
+                       {"=COUNTIF(A:A,\"?\")", "1"},
+                       {"=COUNTIF(A1:A6,\"\")", "1"},
+                       {"=COUNTIF(A1:A6,\"<>\")", "5"},
+                       {"=COUNTIF(A:B,7)", "1"},
+                       {"=COUNTIF(Age,\">=20\")", "3"},
+                       {"=COUNTIF(Age,\" < 20 \")", "1"},
+                       {"=COUNTIF(Age,\"<>30\")", "2"},
+                       {"=COUNTIF(Age,B2)", "2"},
+                       {"=COUNTIF(Age,\">m\")", "#VALUE!"},
+                       {"=COUNTIF(Age,B6)", "#DIV/0!"},
+                       {"=COUNTIF(5,5)", "#VALUE!"},
+                   });
+}
+
+// Expected values: R 4.2.2.
+TEST(FormulaValue, RanksCorrelationsAndNormalQuantiles) {
+  SmallSheet sheet({"Label", "x", "y", "flat"});
+  const std::vector<std::array<const char*, 3>> rows = {
+      {"1", "2.5", "0.1"}, {"2", "3", "0.1"},   {"4", "8", "0.1"}, {"9", "", ""},
+      {"7", "6", "0.1"},   {"11", "14", "0.1"}, {"3", "1", "0.1"}, {"", "4", ""}};
+  for (std::size_t row = 0; row < rows.size(); ++row)
+    for (std::size_t column = 0; column < 3; ++column)
+      sheet.put(columnLetters(static_cast<int>(column) + 1) + std::to_string(row + 1),
+                rows[row][column]);
+  for (const auto& [address, text] : std::map<std::string, std::string>{{"E1", "5"},
+                                                                        {"E2", "3"},
+                                                                        {"E3", "5"},
+                                                                        {"E4", "1"},
+                                                                        {"E5", "9"},
+                                                                        {"F1", "1e200"},
+                                                                        {"F2", "2e200"},
+                                                                        {"F3", "4e200"},
+                                                                        {"G1", "1e-200"},
+                                                                        {"G2", "2e-200"},
+                                                                        {"G3", "3e-200"}})
+    sheet.put(address, text);
+  expectAll(sheet,
+            {
+                {"=ROW()", "4"},
+                {"=ROW(B7)+ROW(x)", "11"},
+                {"=ROW(#REF!)", "#REF!"},
+                {"=RANK(E1,E$1:E$5)", "2"},
+                {"=RANK(E3,E1:E5,0)", "2"},
+                {"=RANK.EQ(E2,E1:E5)", "4"},
+                {"=RANK(E3,E1:E5,1)", "3"},
+                {"=RANK(x,x)", "2"},
+                {"=RANK(6,E1:E5)", "#VALUE!"},
+                {"=ROUND(CORREL(x,y),14)", "0.88345497684229"},
+                {"=ROUND(PEARSON(F1:F3,G1:G3),14)", "0.98198050606197"},
+                {"=CORREL(x,-1)", "#VALUE!"},
+                {"=CORREL(B1:B3,C1:C2)", "#VALUE!"},
+                {"=CORREL(x,flat)", "#DIV/0!"},
+                {"=CORREL(B1,C1)", "#DIV/0!"},
+                {"=CORREL(B1:B2,C1:C2)", "1"},
+                {"=STDEV.S(E1:E5)-STDEV(E1:E5)+ROUND(VAR.S(E1:E5),12)", "8.8"},
+                {"=ROUND(VAR.P(E1:E5),12)", "7.04"},
+                {"=STDEVP(2,4)+STDEV.P(5)", "1"},
+                {"=NORM.S.INV(0.5)", "0"},
+                {"=NORMSINV(0)", "#NUM!"},
+                {"=NORMSINV(1)", "#NUM!"},
+                {"=ROUND(NORMSDIST(-1.96)+NORM.S.DIST(1.96,1),15)", "1"},
+                {"=ROUND(NORM.S.DIST(1.5,0),15)", "0.129517595665892"},
+            },
+            4);
+  for (const auto& [probability, quantile] :
+       std::map<double, double>{{1e-300, -37.047096299361201},
+                                {1e-20, -9.2623400897984052},
+                                {1e-9, -5.9978070150076865},
+                                {0.0745, -1.443072674370901},
+                                {0.075, -1.4395314709384557},
+                                {0.3, -0.52440051270804067},
+                                {0.925, 1.4395314709384559},
+                                {0.975, 1.9599639845400536},
+                                {0.9999, 3.7190164854557084},
+                                {1 - 1e-12, 7.0344869100478356}}) {
+    EXPECT_NEAR(normalQuantile(probability) / quantile, 1, 1e-15) << probability;
+  }
+  // R computes by the same algorithm; the probability of a quantile is another way.
+  for (double p = 1e-12; p < 1; p += 0.00137)
+    EXPECT_NEAR(normalProbability(normalQuantile(p)) / p, 1, 1e-14) << p;
+}
+
+TEST(FormulaText, TypedWordsBecomeVariablesWhereNoCellIsMeant) {
+  const SheetNames names({}, {"Label", "X1", "X3", "B2", "X"});
+  const auto typed = [&](const std::string& text) {
+    const auto formula =
+        parseFormula(text, names, 1, [](CellAddress cell) { return cell.column >= 5; });
+    return formula ? formula->text : formula.error().message();
+  };
+  EXPECT_EQ(typed("=x1*2+LN( X3 )"), "=[x1]*2+LN( [X3] )");
+  EXPECT_EQ(typed("+X1"), "=+[X1]");
+  EXPECT_EQ(typed("-B1*2"), "=-B1*2");
+  EXPECT_EQ(typed("=$X1+X1:X1+X2"), "=$X1+X1:X1+X2") << "written as cells";
+  EXPECT_EQ(
+      typed("+X1+B2"),
+      "Character 5: \"B2\" is a variable and a cell. Write [B2] for the variable or B2:B2 for "
+      "the cell.");
+  EXPECT_EQ(typed("=1+SUM(X1:X3)"),
+            "Character 8: X1:X3 are empty cells. Write the variables one by one, as in "
+            "SUM(@[X1],@[X3]).");
+  EXPECT_EQ(shown(SmallSheet(names.headings()).value("=X1")), "#NAME?") << "as stored";
+}
+
 TEST(FormulaValue, AnErrorTravelsAndIsPassedOverByCountAlone) {
   SmallSheet sheet;
   sheet.type("B1", "=1/0");
@@ -227,7 +373,11 @@ TEST(FormulaText, ProblemsSayWhereAndWhat) {
       {"=1+2)", "5", "no opening bracket", "#SYNTAX"},
       {"=[Größe]+?", "10", "\"?\"", "#SYNTAX"},
       {"=[Var", "2", "not closed", "#SYNTAX"},
-      {"=IF(B1=\"a\",1,2)", "8", "not with text", "#SYNTAX"},
+      {"=IF(B1=\"a,1,2)", "8", "not closed", "#SYNTAX"},
+      {"=ROW(B1:B2)", "6", "Several cells", "#VALUE!"},
+      {"=ROW(1)", "2", "ROW takes a cell", "#SYNTAX"},
+      {"=RANK(B1:B2,B1:B9)", "7", "Several cells", "#VALUE!"},
+      {"=NORM.S.DIST(1,TRUE)", "16", "Write 1 for true", "#NAME?"},
       {"=1<B3<5", "6", "AND(1<B1,B1<5)", "#SYNTAX"},
       {"=SUM", "2", "in brackets", "#SYNTAX"},
       {"=SQRT(1,2)", "2", "SQRT takes 1 value, not 2", "#SYNTAX"},

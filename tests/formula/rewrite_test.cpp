@@ -34,6 +34,7 @@ TEST(Rewrite, MovesRelativePartsAndNothingElse) {
       {"=X2:X2", -1, 0, "=X1:X1"},
       {"=B1+\"B1\"+)", 1, 0, "=B2+\"B1\"+)"},
       {"=LOG10(B10)", 90, 0, "=LOG10(B100)"},
+      {"=B1=\"B1 \"\"B1\"+ROW(B1)", 1, 0, "=B2=\"B1 \"\"B1\"+ROW(B2)"},
       {"B1 is a text", 1, 1, "B1 is a text"},
   };
   for (const Move& move : moves)
@@ -93,13 +94,14 @@ class Law : public testing::Test {
 
   // Rows 3..9 and columns 2..4 leave room on all sides.
   SmallSheet filled() {
+    static const std::string word = "word";
     SmallSheet sheet(sheetNames.headings(), size);
     for (int row = 3; row <= 9; ++row)
       for (int column = 2; column <= 4; ++column)
         if (const int kind = draw(0, 9); kind > 1)
           sheet.cells[{row, column}] = CellValue::ofNumber(draw(1, 999));
         else if (kind == 1)
-          sheet.cells[{row, column}] = CellValue::text();
+          sheet.cells[{row, column}] = CellValue::ofText(word);
     return sheet;
   }
 

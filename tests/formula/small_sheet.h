@@ -31,7 +31,7 @@ class SmallSheet : public CellSource {
     } else if (double number = 0; isNumber(text, number)) {
       cells[cell] = CellValue::ofNumber(number);
     } else if (!text.empty()) {
-      cells[cell] = CellValue::text();
+      cells[cell] = CellValue::ofText(texts[cell] = text);
     }
   }
 
@@ -60,6 +60,7 @@ class SmallSheet : public CellSource {
   SheetNames names;
   Calculator calculator;
   std::map<CellAddress, CellValue> cells;
+  std::map<CellAddress, std::string> texts;
 
  private:
   static bool isNumber(const std::string& text, double& number) {
