@@ -104,6 +104,7 @@ void frmDataEditor::follow(const SheetChange& change) {
   if (change.file) showCaption();
   sheet_.changeMade() ? autosave_.changed() : autosave_.clean();
   refusal_.clear();
+  told_ = {};
   showStatus();
 }
 

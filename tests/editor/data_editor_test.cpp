@@ -47,6 +47,12 @@ TEST_F(DataEditor, RefusesWordsAmongNumbersAndSaysWhy) {
     EXPECT_THAT(editor.lblStatus.caption(), HasSubstr("more"));
     key(keys::escape);
     EXPECT_EQ(editor.lblStatus.caption(), "B1 = Var1, Obs 1") << "there is nothing to mend now";
+    editor.spdData.typeText("$5");
+    key(keys::enter);
+    EXPECT_EQ(editor.lblStatus.caption(), "\"$5\" was taken as 5.  |  B2 = Var1, Obs 2");
+    key(keys::down);
+    EXPECT_EQ(editor.lblStatus.caption(), "B3 = Var1, Obs 3");
+    script.box(saveFirst, Answer::no);
     click("cmdCancel");
   });
   EXPECT_TRUE(editor.UserCancel());
