@@ -22,12 +22,10 @@ bool takeCase(const DataSheet& sheet, int r, CompleteCases& cases) {
   bool complete = true;
   for (int c = 1; c <= cases.usedVariables; ++c) {
     const auto value = sheet.value(r, c);
-    if (value) {
-      data.mdValue(slot, c) = *value;
+    if (value) data.mdValue(slot, c) = *value;
+    if (sheet.cell(r, c).kind != DataCell::Kind::empty)
       cases.bVarHasData[static_cast<std::size_t>(c)] = true;
-    } else if (cases.bVarHasData[static_cast<std::size_t>(c)]) {
-      complete = false;
-    }
+    if (!value && cases.bVarHasData[static_cast<std::size_t>(c)]) complete = false;
   }
   return complete;
 }

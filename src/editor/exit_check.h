@@ -23,13 +23,14 @@ struct ExitData {
 struct CompleteCases {
   ExitData data;
   int iIncomplete = 0;
-  std::vector<bool> bVarHasData;  // (0..V)
+  std::vector<bool> bVarHasData;  // (0..V); an error of a formula counts, too
   int usedVariables = 0;          // up to the last used column
 };
 
-// A case is incomplete where a variable that has had a value in this row or above has none. So the
-// rows above a variable's first value stay complete with 0 for it, and a row above all data is a
-// case of zeros. Errors of formulas are no values. Rows below the last used one are no cases.
+// A case is incomplete where a variable that has had content in this row or above has no value. So
+// the rows above a variable's first content stay complete with 0 for it, and a row above all data
+// is a case of zeros. An error of a formula is content without a value, so that its case is
+// incomplete in any row. Rows below the last used one are no cases.
 CompleteCases completeCases(const DataSheet& sheet);
 
 // Refuses a variable whose first iObs values, of sVal(1..iObs), are all the same and not 0. A

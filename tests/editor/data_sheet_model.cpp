@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 #include "formula/sheet_names.h"
 
@@ -108,12 +109,13 @@ ModelCases SheetModel::cases() const {
   const Values values = this->values();
   const int lastColumn = lastUsedColumn();
   ModelCases cases;
-  std::map<int, double> seen;  // columns that have had a value
+  std::set<int> seen;  // columns that have had content
   for (int r = 1; r <= lastUsedRow(); ++r) {
     std::map<int, double> row;
-    for (int c = 1; c <= lastColumn; ++c)
-      if (const auto value = values.find({r, c}); value != values.end())
-        seen[c] = row[c] = value->second;
+    for (int c = 1; c <= lastColumn; ++c) {
+      if (at(r, c).kind != Kind::empty) seen.insert(c);
+      if (const auto value = values.find({r, c}); value != values.end()) row[c] = value->second;
+    }
     const std::string& label = at(r, 0).text;
     cases.anyLabel = cases.anyLabel || !label.empty();
     if (row.size() < seen.size()) {

@@ -46,6 +46,23 @@ TEST(ExitCheckTest, CountsAGapOnlyBelowTheFirstValueOfItsColumn) {
   EXPECT_EQ(cases.data.mtLabel[4], "d");
 }
 
+TEST(ExitCheckTest, AnErrorMakesItsCaseIncompleteInAnyRow) {
+  DataSheet sheet(12, 3);
+  fill(sheet, {{"", "5", "=LAG(Var1)"},            // nothing lies above
+               {"", "6", "=LAG(Var1)"},            //
+               {"", "8", "=LAG(Var1)", "=LN(0)"},  // in another column's first row
+               {"", "9", "=LAG(Var1)", ""},        // a gap below content
+               {"", "9", "", "2"},                 //
+               {"", "7", "=LAG(Var1)", "=1/Var1"}});
+  const CompleteCases cases = completeCases(sheet);
+  EXPECT_EQ(cases.iIncomplete, 4);
+  ASSERT_EQ(cases.data.miCompleteObs, 2);
+  EXPECT_EQ(cases.data.mdValue(1, 1), 6);
+  EXPECT_EQ(cases.data.mdValue(1, 2), 5);
+  EXPECT_EQ(cases.data.mdValue(1, 3), 0) << "above the first content of its column";
+  EXPECT_EQ(cases.data.mdValue(2, 2), 9);
+}
+
 TEST(ExitCheckTest, WantsDataInTheFirstSoManyVariables) {
   DataSheet sheet(10, 3);
   fill(sheet, {{"", "1", "4"}, {"", "2", "6"}, {"", "3", "5"}});
