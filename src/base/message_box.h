@@ -6,7 +6,8 @@
 namespace tolmer {
 
 enum class MessageIcon { none, critical, question, exclamation, information };
-enum class MessageButtons { ok, okCancel, yesNo };
+// Of saveDontSaveCancel the first answers yes and the second no.
+enum class MessageButtons { ok, okCancel, yesNo, saveDontSaveCancel };
 enum class Answer { ok, cancel, yes, no };
 
 struct MessageBox {

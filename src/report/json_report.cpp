@@ -30,6 +30,7 @@ const char* iconName(MessageIcon icon) {
 
 const char* buttonsName(MessageButtons buttons) {
   if (buttons == MessageButtons::okCancel) return "okcancel";
+  if (buttons == MessageButtons::saveDontSaveCancel) return "savedontsavecancel";
   return buttons == MessageButtons::yesNo ? "yesno" : "ok";
 }
 

@@ -13,6 +13,7 @@
 #include <QStyle>
 #include <QTest>
 #include <QTimer>
+#include <QWindow>
 
 #include "platform/button.h"
 #include "platform/label.h"
@@ -198,7 +199,7 @@ TEST_F(QtWindowsTest, CoveredWindowIsPaintedWhenTheCoverGoes) {
   EXPECT_TRUE(widgetOf(frame).updatesEnabled());
 }
 
-TEST_F(QtWindowsTest, BoxShowsTheProgramsNameAndEscapeMeansNo) {
+TEST_F(QtWindowsTest, BoxShowsTheProgramsNameAndEscapeMeansNoOrCancel) {
   QString title;
   const auto escape = [&] {
     auto* box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
@@ -208,11 +209,28 @@ TEST_F(QtWindowsTest, BoxShowsTheProgramsNameAndEscapeMeansNo) {
   };
   for (const auto& [buttons, expected] : {std::pair{MessageButtons::yesNo, Answer::no},
                                           {MessageButtons::okCancel, Answer::cancel},
+                                          {MessageButtons::saveDontSaveCancel, Answer::cancel},
                                           {MessageButtons::ok, Answer::ok}}) {
     QTimer::singleShot(0, qApp, escape);
     const MessageBox box{"", "a < b & c", MessageIcon::exclamation, buttons};
     EXPECT_EQ(desktop.QtDesktop::messageBox(box), expected);
     EXPECT_EQ(title, "Tolmer");
+  }
+}
+
+TEST_F(QtWindowsTest, SaveAndDontSaveHaveLettersAndSaveIsReturn) {
+  for (const auto& [key, held, expected] : {std::tuple{Qt::Key_S, Qt::AltModifier, Answer::yes},
+                                            {Qt::Key_D, Qt::AltModifier, Answer::no},
+                                            {Qt::Key_C, Qt::AltModifier, Answer::cancel},
+                                            {Qt::Key_Return, Qt::NoModifier, Answer::yes}}) {
+    QTimer::singleShot(0, qApp, [key = key, held = held] {
+      QWidget* box = QApplication::activeModalWidget();
+      EXPECT_TRUE(QTest::qWaitForWindowActive(box));
+      QTest::keyClick(box->windowHandle(), key, held);
+    });
+    EXPECT_EQ(desktop.QtDesktop::messageBox(
+                  {.title = "", .text = "?", .buttons = MessageButtons::saveDontSaveCancel}),
+              expected);
   }
 }
 

@@ -27,7 +27,9 @@ namespace {
 constexpr Twips menuBarHeight = pixels(22);
 
 Answer firstButton(MessageButtons buttons) {
-  return buttons == MessageButtons::yesNo ? Answer::yes : Answer::ok;
+  const bool isYes =
+      buttons == MessageButtons::yesNo || buttons == MessageButtons::saveDontSaveCancel;
+  return isYes ? Answer::yes : Answer::ok;
 }
 
 // Keeps the list of modal windows right when an exception leaves the loop.

@@ -2,6 +2,8 @@
 
 #include <QKeyEvent>
 #include <QMessageBox>
+#include <QPushButton>
+#include <utility>
 
 #include "platform/qt/convert.h"
 
@@ -30,6 +32,8 @@ QMessageBox::StandardButtons buttonsOf(MessageButtons buttons) {
       return QMessageBox::Ok | QMessageBox::Cancel;
     case MessageButtons::yesNo:
       return QMessageBox::Yes | QMessageBox::No;
+    case MessageButtons::saveDontSaveCancel:
+      return QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel;
     case MessageButtons::ok:
       break;
   }
@@ -41,12 +45,23 @@ Answer answerOf(int button) {
     case QMessageBox::Cancel:
       return Answer::cancel;
     case QMessageBox::Yes:
+    case QMessageBox::Save:
       return Answer::yes;
     case QMessageBox::No:
+    case QMessageBox::Discard:
       return Answer::no;
     default:
       return Answer::ok;
   }
+}
+
+// The toolkit's words for these say something else and have no letters.
+void nameButtons(QMessageBox& window) {
+  const std::pair<QMessageBox::StandardButton, const char*> names[] = {
+      {QMessageBox::Save, "&Save"},
+      {QMessageBox::Discard, "&Don't Save"},
+      {QMessageBox::Cancel, "&Cancel"}};
+  for (const auto& [button, name] : names) window.button(button)->setText(QLatin1String(name));
 }
 
 // Leaves a box to its buttons.
@@ -66,6 +81,7 @@ Answer showMessageBox(Mirror& mirror, const MessageBox& box, const QString& empt
   QMessageBox window(iconOf(box.icon), box.title.empty() ? emptyTitle : toQt(box.title),
                      toQt(box.text), buttonsOf(box.buttons), mirror.windows.top());
   window.setTextFormat(Qt::PlainText);
+  if (box.buttons == MessageButtons::saveDontSaveCancel) nameButtons(window);
   window.setWindowModality(Qt::ApplicationModal);
   WithoutEscape withoutEscape;
   if (box.noLosesWork) window.installEventFilter(&withoutEscape);
