@@ -4,9 +4,11 @@
 #include <QDesktopServices>
 #include <QProcess>
 #include <QScreen>
+#include <QSessionManager>
 #include <QStandardPaths>
 #include <QStyle>
 #include <QUrl>
+#include <algorithm>
 
 #include "base/program_folder.h"
 #include "platform/qt/clipboard.h"
@@ -22,11 +24,27 @@ namespace tolmer {
 QtDesktop::QtDesktop() : alarm_(timers(), mirror_.gate) {
   // The program ends by its own rules, not when no window happens to stand.
   QGuiApplication::setQuitOnLastWindowClosed(false);
+  QObject::connect(
+      qGuiApp, &QGuiApplication::commitDataRequest, &session_,
+      [this](QSessionManager& session) { sessionEnds(session); }, Qt::DirectConnection);
 }
 
 QtDesktop::~QtDesktop() {
   // No loop runs any more that would carry out deferred deletions.
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+}
+
+// As if the main window was closed. Where the user stays, the end of the session is called off;
+// where he cannot be asked, nothing is done that he would have to be asked for.
+void QtDesktop::sessionEnds(QSessionManager& session) {
+  const auto all = windows();
+  const auto frame = std::ranges::find(all, WindowStyle::frame, &Window::style);
+  if (frame == all.end() || !session.allowsInteraction()) return;
+  mirror_.gate.enter([&] {
+    if ((*frame)->requestClose()) return;
+    session.release();
+    session.cancel();
+  });
 }
 
 int QtDesktop::run() { return mirror_.gate.runApplication(); }

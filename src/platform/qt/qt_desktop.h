@@ -1,12 +1,15 @@
 // The desktop with a screen.
 #pragma once
 
+#include <QObject>
 #include <memory>
 #include <string>
 
 #include "platform/desktop.h"
 #include "platform/qt/alarm.h"
 #include "platform/qt/mirror.h"
+
+class QSessionManager;
 
 namespace tolmer {
 
@@ -58,11 +61,14 @@ class QtDesktop : public Desktop {
   Gate& gate() { return mirror_.gate; }
 
  private:
+  void sessionEnds(QSessionManager& session);
+
   Mirror mirror_;
   Alarm alarm_;
   bool busyPointer_ = false;
   std::string helpFolder_;
   std::unique_ptr<HelpWindow> help_;
+  QObject session_;  // listens as long as the windows stand
 };
 
 }  // namespace tolmer
