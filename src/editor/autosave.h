@@ -86,6 +86,11 @@ class Autosave {
   // after a quiet time, is `interval` ago. A failure is told once and then tried again at the same
   // pace; the editor goes on without.
   std::optional<Error> poll(const Content& content, const std::string& from);
+  // Without waiting, where there are changes.
+  std::optional<Error> flush(const Content& content, const std::string& from) {
+    if (due_) due_ = now_();
+    return poll(content, from);
+  }
   // The work is in a file of its own, or was thrown away: nothing of it is kept aside. What is not
   // cleaned away is offered at the next start.
   void clean();

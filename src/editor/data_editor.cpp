@@ -29,6 +29,9 @@ frmDataEditor::frmDataEditor(Desktop& desktop, EditorFolders folders)
   wireControls();
 }
 
+// However the program ends, what is unsaved stays aside unless the user has said otherwise.
+frmDataEditor::~frmDataEditor() { writeAside(Writing::now); }
+
 void frmDataEditor::describeControls() {
   cmdOK.setTip("Exit Editor and Use Data");
   cmdCancel.setTip("Exit Editor and Discard Data");
@@ -60,7 +63,7 @@ void frmDataEditor::describeControls() {
 
 void frmDataEditor::wireMenu() {
   for (MenuItem* list : {&menu.mnuFile, &menu.mnuEdit, &menu.mnuOption})
-    list->Click = [this] { spdData.finishEdit(); };
+    list->Click = [this] { spdData.commitEdit(); };
   menu.mnuFileNew.Click = [this] { mnuFileNew_Click(); };
   menu.mnuFileOpen.Click = [this] { cmdOpen_Click(); };
   menu.mnuFileSave.Click = [this] { save(&DataSetFiles::SaveCurrentFile); };
@@ -122,14 +125,10 @@ void frmDataEditor::wireControls() {
   spdData.EditDone = [this](CellPosition cell, const std::string& text, bool& bAccepted) {
     spdData_EditDone(cell, text, bAccepted);
   };
-  spdData.EditGivenUp = [this] {
-    refusal_.clear();
-    showStatus();
-  };
+  spdData.EditGivenUp = [this] { forgetRefusal(); };
   spdData.LeaveCell = [this](CellPosition cell, CellPosition) {
-    refusal_.clear();
     if (cell != told_.cell) told_ = {};
-    showStatus();
+    forgetRefusal();
   };
   spdData.SelectionChange = [this] { showStatus(); };
   spdData.Command = [this](GridCommand what) { command(what); };
@@ -153,7 +152,7 @@ void frmDataEditor::Form_Activate() {
   mbEditorOpen_ = true;
   mbUserCancel_ = false;
   sheet_.startVisit();
-  if (sheet_.changeMade()) autosave_.changed();  // unsaved since an earlier visit
+  if (sheet_.unsaved()) autosave_.changed();  // since an earlier visit
   spdData.setFocus();
   showStatus();
   tmrAutosave_.setEnabled(!autosave_.folder().empty());
@@ -178,9 +177,17 @@ bool frmDataEditor::Form_KeyDown(const KeyPress& key) {
     cmdSave_Click();
   else if (key.code == keys::escape && txtHelp.visible())
     closeInstructions();
+  else if (key.code == keys::escape && spdData.editMode() && !spdData.hasFocus())
+    giveUpEntry();
   else
     return false;
   return true;
+}
+
+// From wherever the focus has gone while the entry stayed open.
+void frmDataEditor::giveUpEntry() {
+  spdData.setFocus();
+  spdData.pressKey({.code = keys::escape});
 }
 
 // What a crash or a kill of an earlier program left behind.
@@ -200,18 +207,25 @@ void frmDataEditor::offerLostWork() {
       continue;
     }
     sheet_.replaceWith(content->sheet, content->from);
-    sheet_.markChanged();
+    sheet_.markNeverSaved();
     autosave_.adopt(std::move(lost));
     return;
   }
 }
 
 void frmDataEditor::tmrAutosave_Tick() {
-  if (!sheet_.changeMade()) return autosave_.clean();
-  const auto failure = autosave_.poll([this] { return sheet_.content(); }, sheet_.mtFileName());
-  if (!failure) return;
-  refusal_ = "The work could not be written aside: " + failure->message();
+  writeAside(Writing::whenDue);
   showStatus();
+}
+
+void frmDataEditor::writeAside(Writing when) {
+  if (!sheet_.unsaved()) return autosave_.clean();
+  if (autosave_.folder().empty()) return;
+  const Autosave::Content content = [this] { return sheet_.content(); };
+  const std::string& from = sheet_.mtFileName();
+  const auto failure =
+      when == Writing::now ? autosave_.flush(content, from) : autosave_.poll(content, from);
+  if (failure) refusal_ = "The work could not be written aside: " + failure->message();
 }
 
 }  // namespace tolmer

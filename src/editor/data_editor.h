@@ -40,6 +40,7 @@ struct EditorSetup {
 class frmDataEditor : public Window, public EditorData {
  public:
   frmDataEditor(Desktop& desktop, EditorFolders folders);
+  ~frmDataEditor() override;
 
   // --- for the host, before SetupEditor
   Int16 NumberVariables() const { return setup_.NumberVariables; }
@@ -78,6 +79,10 @@ class frmDataEditor : public Window, public EditorData {
   // Sets the editor up where the host has not.
   void ShowDataEditor() override;
 
+  // Before the program ends: asks once what becomes of data that are in no file. False where the
+  // program is to go on, with everything as it was.
+  bool mayEndProgram();
+
   // The document, for dialogs and tests.
   DataSheet& sheet() { return sheet_; }
 
@@ -105,9 +110,12 @@ class frmDataEditor : public Window, public EditorData {
   void wireControls();
   void Form_Activate();
   bool Form_KeyDown(const KeyPress& key);
+  void giveUpEntry();
   void tellOptionalVariable();
   void offerLostWork();
   void tmrAutosave_Tick();
+  enum class Writing { whenDue, now };
+  void writeAside(Writing when);
 
   // --- data_editor_grid.cpp: the sheet on the screen
   void InitialiseGrid();
@@ -120,6 +128,8 @@ class frmDataEditor : public Window, public EditorData {
   void showStatus();
   void showCaption();
   void spdData_EditDone(CellPosition cell, const std::string& text, bool& bAccepted);
+  bool entryIsTaken();
+  void forgetRefusal();
   CellRange selectedRange() const;
 
   // --- data_editor_edit.cpp: blocks, rows, formats
@@ -144,9 +154,15 @@ class frmDataEditor : public Window, public EditorData {
   void cmdOpen_Click();
   void cmdSave_Click();
   void save(bool (DataSetFiles::*routine)());
+  // Save: under the name it has, else a new one.
+  auto savingRoutine() const {
+    return menu.mnuFileSave.enabled() ? &DataSetFiles::SaveCurrentFile : &DataSetFiles::SaveFileAs;
+  }
+  bool replacingLosesData() const { return sheet_.changeMade() || sheet_.unsaved(); }
 
   // --- data_editor_exit.cpp: the ways out
   bool bfOKToContinue();
+  bool holdsUnsavedWork() const;
   void cmdOK_Click();
   void cmdCancel_Click();
   void leave();

@@ -17,7 +17,7 @@ std::string markOf(int copies) { return "cells " + std::to_string(copies); }
 }  // namespace
 
 void frmDataEditor::command(GridCommand what) {
-  spdData.finishEdit();
+  if (!focusedText() && !entryIsTaken()) return;
   switch (what) {
     case GridCommand::erase:
       return sheet_.clear(selectedRange());
@@ -105,7 +105,7 @@ void frmDataEditor::takePaste(const CellRange& target, const PasteTable& table) 
 }
 
 void frmDataEditor::undoOrRedo(bool undo) {
-  spdData.finishEdit();
+  if (!entryIsTaken()) return;
   if (!(undo ? sheet_.undo() : sheet_.redo())) desktop().beep();
   // The standard of the decimals shows nowhere, but it too can be undone and redone.
   showStatus();
@@ -113,7 +113,7 @@ void frmDataEditor::undoOrRedo(bool undo) {
 
 // The test before a deletion looks at columns, that before an insertion at rows.
 void frmDataEditor::insertOrDeleteRows(bool insert) {
-  spdData.finishEdit();
+  if (!entryIsTaken()) return;
   const bool isBlock = !spdData.selection().blocks().empty();
   const CellRange range = selectedRange();
   const bool refused = !isBlock ? range.first.row == 0
@@ -137,6 +137,7 @@ void frmDataEditor::insertOrDeleteRows(bool insert) {
 }
 
 void frmDataEditor::showDialog(Window& dialog) {
+  if (!entryIsTaken()) return;
   dialog.showModal();
   showStatus();
 }

@@ -7,8 +7,8 @@
 namespace tolmer {
 
 void frmDataEditor::mnuFileNew_Click() {
-  spdData.finishEdit();
-  if (sheet_.changeMade() &&
+  if (!entryIsTaken()) return;
+  if (replacingLosesData() &&
       desktop().messageBox({.title = "Data Changed",
                             .text = "The current data has not been saved. Do you want to clear the "
                                     "current data anyway?",
@@ -20,8 +20,8 @@ void frmDataEditor::mnuFileNew_Click() {
 }
 
 void frmDataEditor::cmdOpen_Click() {
-  spdData.finishEdit();
-  if (sheet_.changeMade() &&
+  if (!entryIsTaken()) return;
+  if (replacingLosesData() &&
       desktop().messageBox({.title = "Data Changed",
                             .text = "The current data has not been saved. Do you want to load new "
                                     "data anyway?",
@@ -39,13 +39,10 @@ void frmDataEditor::cmdOpen_Click() {
   showStatus();
 }
 
-void frmDataEditor::cmdSave_Click() {
-  save(menu.mnuFileSave.enabled() ? &DataSetFiles::SaveCurrentFile : &DataSetFiles::SaveFileAs);
-}
+void frmDataEditor::cmdSave_Click() { save(savingRoutine()); }
 
 void frmDataEditor::save(bool (DataSetFiles::*routine)()) {
-  spdData.finishEdit();
-  if ((files_.*routine)()) lights_.light(cmdSave);
+  if (entryIsTaken() && (files_.*routine)()) lights_.light(cmdSave);
 }
 
 }  // namespace tolmer

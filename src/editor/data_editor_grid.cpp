@@ -102,10 +102,9 @@ void frmDataEditor::follow(const SheetChange& change) {
   }
   if (change.title) txtTitle.setText(sheet_.title());
   if (change.file) showCaption();
-  sheet_.changeMade() ? autosave_.changed() : autosave_.clean();
-  refusal_.clear();
+  sheet_.unsaved() ? autosave_.changed() : autosave_.clean();
   told_ = {};
-  showStatus();
+  forgetRefusal();
 }
 
 void frmDataEditor::showCell(int row, int col) {
@@ -160,6 +159,20 @@ void frmDataEditor::spdData_EditDone(CellPosition cell, const std::string& text,
   refusal_ = outcome.accepted ? std::string() : outcome.reason;
   told_ = {cell, outcome.taken};
   if (!outcome.accepted) desktop().beep();
+  showStatus();
+}
+
+// First of all that needs the open entry in its cell. Where it is refused nothing else is done: it
+// stays open with its text, and the status line says why.
+bool frmDataEditor::entryIsTaken() {
+  if (spdData.commitEdit()) return true;
+  spdData.setFocus();
+  return false;
+}
+
+// As long as the refused entry is open, its reason stands.
+void frmDataEditor::forgetRefusal() {
+  if (!spdData.editMode()) refusal_.clear();
   showStatus();
 }
 

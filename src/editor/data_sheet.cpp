@@ -120,6 +120,11 @@ void DataSheet::markChanged() {
   journal_.seal();
 }
 
+void DataSheet::markNeverSaved() {
+  neverSaved_ = true;
+  markChanged();
+}
+
 EntryOutcome DataSheet::enter(int row, int col, std::string_view typed) {
   SheetEdit edit = beginEdit("Typing");
   Result<CellEntry> entry = cellFromText(edit, {row, col}, typed);
@@ -246,6 +251,7 @@ void DataSheet::setTitle(std::string title) {
 
 void DataSheet::startOver(int observations, int variables) {
   visitStart_ = {.content = newContent(observations, variables)};
+  visitStartUnsaved_ = false;
   restoreVisitStart();
 }
 
@@ -264,12 +270,18 @@ void DataSheet::replaceAll(std::string_view name, SheetContent content, std::str
   commit(edit);
   journal_.keep();
   touched_ = false;
+  neverSaved_ = false;
 }
 
 void DataSheet::markSaved(std::string fileName) {
   state_.mtFileName = std::move(fileName);
   journal_.keep();
   touched_ = false;
+  neverSaved_ = false;
+  if (state_.content == visitStart_.content)
+    visitStartUnsaved_ = false;
+  else if (state_.mtFileName == visitStart_.mtFileName)
+    visitStartUnsaved_ = true;  // its file holds something else now
   follow({.file = true});
 }
 
@@ -290,6 +302,7 @@ bool DataSheet::redo() {
 void DataSheet::startVisit() {
   journal_.forget();
   visitStart_ = state_;
+  visitStartUnsaved_ = unsaved();
 }
 
 void DataSheet::restoreVisitStart() {
@@ -297,6 +310,7 @@ void DataSheet::restoreVisitStart() {
   journal_.forget();
   journal_.keep();
   touched_ = false;
+  neverSaved_ = visitStartUnsaved_;
   follow({.all = true});
 }
 

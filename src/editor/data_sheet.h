@@ -94,6 +94,11 @@ class DataSheet {
   // marked.
   bool changeMade() const { return touched_ || !journal_.atKept(); }
   void markChanged();
+  // Whether something in the sheet is in no file and was not thrown away in words. It outlives
+  // restoreVisitStart(), and marks alone are nothing to lose.
+  bool unsaved() const { return neverSaved_ || !journal_.atKept(); }
+  // The whole content is in no file of the user's.
+  void markNeverSaved();
 
   // --- undo
   bool undo();
@@ -124,8 +129,10 @@ class DataSheet {
   SheetFormulas formulas_{state_.content};
   SheetJournal journal_;
   SeedSource seeds_;
-  bool touched_ = false;  // marked as changed without a change
+  bool touched_ = false;     // marked as changed without a change
+  bool neverSaved_ = false;  // what the journal keeps is in no file
   SheetState visitStart_;
+  bool visitStartUnsaved_ = false;
 };
 
 }  // namespace tolmer

@@ -21,7 +21,10 @@ MainFlow::MainFlow(ShellParts& parts) : parts_(parts), state_(parts.state) {
   parts_.panel.showNotebook = [this] { showNotebook(); };
   parts_.panel.changeDataSource = [this] { changeDataSource(); };
   parts_.analysis.RestoreInitialDisplays = [this] { parts_.manager.RestoreInitialDisplays(); };
-  parts_.frame.QueryUnload = [this](bool&) { state_.bAllowUnload = true; };
+  parts_.frame.QueryUnload = [this](bool& bCancel) {
+    bCancel = !parts_.ownData.mayEndProgram();
+    if (!bCancel) state_.bAllowUnload = true;
+  };
   parts_.frame.Unload = [this] { ExitModule(); };
 }
 

@@ -30,6 +30,9 @@ class OwnData : public EditorData {
   bool UserCancel() const override { return editor_ && editor_->UserCancel(); }
   void ShowDataEditor() override { editor().ShowDataEditor(); }
 
+  // Before the program ends; false where the student wants to stay.
+  bool mayEndProgram() { return !editor_ || editor_->mayEndProgram(); }
+
   // Says at the start of the program what a crash or a kill left behind; the editor offers it.
   void tellLostWork();
 

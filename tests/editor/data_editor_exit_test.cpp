@@ -165,6 +165,57 @@ TEST_F(DataEditorExit, CancelAsksOnlyWhereSomethingIsUnsaved) {
   EXPECT_EQ(shown(1, 1), "1.000");
 }
 
+TEST_F(DataEditorExit, ARefusedEntryStaysOpenUntilItIsMendedOrGivenUp) {
+  visit([&] {
+    fill({{"12"}, {"3"}, {"5"}});
+    savesAs(folder.file("mine.zmm"));
+    click("cmdSave");
+    go(1, 1);
+    editor.spdData.typeText("12,5");
+    const auto stays = [&](const std::string& after) {
+      EXPECT_EQ(editor.spdData.editText(), "12,5") << after;
+      EXPECT_THAT(editor.lblStatus.caption(), testing::HasSubstr("Write the decimal mark"))
+          << after;
+      EXPECT_TRUE(editor.spdData.editMode() && editor.visible()) << after;
+    };
+    for (const std::string entry :
+         {"File/New", "File/Open...", "File/Save", "File/Save As...",
+          "File/Close Editor and Use Data", "Edit/Undo", "Edit/Cut", "Edit/Copy", "Edit/Paste",
+          "Edit/Insert Row", "Edit/Delete Row", "Options/Format/Standard Format...",
+          "Options/Format/Individual Column Format...", "Options/Sort..."}) {
+      choose(entry);
+      stays(entry);
+    }
+    for (const std::string button : {"cmdOK", "cmdSave", "cmdOpen"}) {
+      click(button);
+      stays(button);
+    }
+    user.key("frmDataEditor", {.code = 'S', .control = true});
+    go(3, 1);
+    script.box(saveFirst, Answer::yes);  // what is refused is unsaved
+    user.close("frmDataEditor");
+    EXPECT_EQ(editor.focus(), &editor.spdData);
+    click("txtTitle");
+    editor.txtTitle.setText("Rents");
+    stays("the title");
+    script.box(beforeTheEnd, Answer::yes);
+    EXPECT_FALSE(editor.mayEndProgram());
+    stays("the end");
+    click("txtTitle");
+    key(keys::escape);
+    EXPECT_FALSE(editor.spdData.editMode()) << "also from the title";
+    EXPECT_EQ(shown(1, 1), "12.000");
+    click("cmdSave");
+    go(1, 1);
+    editor.spdData.typeText("x");
+    script.box(saveFirst, Answer::no);
+    click("cmdCancel");
+  });
+  EXPECT_TRUE(editor.UserCancel());
+  EXPECT_FALSE(editor.spdData.editMode());
+  EXPECT_EQ(loadEditorFile(folder.file("mine.zmm"))->cells(1, 1).number, 12);
+}
+
 TEST_F(DataEditorExit, TheSnapshotOutlivesDialogsAndHoldsEverything) {
   visit([&] {
     fill({{"3", "1"}, {"1", "2"}, {"2", "4"}});

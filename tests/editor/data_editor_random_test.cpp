@@ -188,8 +188,9 @@ class RandomStudent : public RandomEdits {
 
   void newSheet() {
     tell("New");
-    const bool agrees = !editor_.sheet().changeMade() || !oneIn(3);
-    if (editor_.sheet().changeMade()) box("Data Changed", agrees ? Answer::ok : Answer::cancel);
+    const bool asks = editor_.sheet().changeMade() || editor_.sheet().unsaved();
+    const bool agrees = !asks || !oneIn(3);
+    if (asks) box("Data Changed", agrees ? Answer::ok : Answer::cancel);
     command('N', editor_.menu.mnuFileNew);
     if (agrees) replaced(SheetModel(model_.rows(), model_.columns()));
   }
@@ -262,9 +263,9 @@ class RandomStudent : public RandomEdits {
   }
 
   void open() {
-    const bool changed = editor_.sheet().changeMade();
-    const bool agrees = !changed || !oneIn(4);
-    if (changed) box("Data Changed", agrees ? Answer::yes : Answer::no);
+    const bool asks = editor_.sheet().changeMade() || editor_.sheet().unsaved();
+    const bool agrees = !asks || !oneIn(4);
+    if (asks) box("Data Changed", agrees ? Answer::yes : Answer::no);
     const int what = agrees ? upTo(9) : 9;
     if (what <= 4 && !files_.empty()) return openSaved(anyOf(files_));
     if (what <= 6 && !texts_.empty()) return openText(anyOf(texts_));

@@ -3,6 +3,10 @@
 
 #include <gmock/gmock.h>
 
+#include <filesystem>
+
+#include "base/file_io.h"
+#include "editor/editor_file.h"
 #include "editor/editor_visit.h"
 
 namespace tolmer::test {
@@ -237,6 +241,13 @@ class LostWork : public EditorVisit {
     return asked;
   }
   static void nothing(frmDataEditor&, HeadlessDesktop&) {}
+  // The first value of what lies aside while its program still runs.
+  std::optional<double> aside() {
+    for (const auto& entry : std::filesystem::directory_iterator(folder.path() + "/aside"))
+      if (entry.path().extension() == ".zmm")
+        return editorFileContent(*readWholeFile(entry.path().string()))->sheet.cells(1, 1).number;
+    return std::nullopt;
+  }
 };
 
 TEST_F(LostWork, IsBroughtBackAtTheNextStart) {
@@ -274,6 +285,64 @@ TEST_F(LostWork, IsAlsoWhatAnEarlierVisitLeftUnsaved) {
             nothing});
   EXPECT_EQ(killedIn({[](auto& next, auto&) { EXPECT_EQ(next.sheet().value(1, 1), 2); }}),
             "Unsaved Data");
+}
+
+TEST_F(LostWork, LiesAsideUntilItIsSavedOrThrownAwayInWords) {
+  std::optional<frmDataEditor> own(
+      std::in_place, desktop, EditorFolders{folder.path() + "/tolmod", folder.path() + "/aside"});
+  const auto visitOwn = [&](const std::function<void()>& actions) {
+    script.window("frmDataEditor", actions);
+    own->ShowDataEditor();
+  };
+  const auto type = [&](int row, const std::string& text) { own->spdData.enter({row, 2}, text); };
+  visitOwn([&] {
+    for (int row = 2; row <= 4; ++row) type(row, std::to_string(5 + row));
+    script.box(saveFirst, Answer::no);
+    own->cmdOK.click();
+  });
+  EXPECT_EQ(aside(), 7);
+  visitOwn([&] {
+    type(2, "9");
+    script.box(saveFirst, Answer::no);
+    own->cmdCancel.click();
+  });
+  EXPECT_EQ(aside(), 7) << "back to what was never saved";
+  visitOwn([&] {
+    script.box("Data Changed",
+               "The current data has not been saved. Do you want to clear the current data anyway?",
+               Answer::cancel);
+    own->menu.mnuFileNew.click();
+    own->cmdCancel.click();
+  });
+  script.box(beforeTheEnd, Answer::cancel);
+  EXPECT_FALSE(own->mayEndProgram());
+  savesAs(std::nullopt);
+  script.box(beforeTheEnd, Answer::yes);
+  EXPECT_FALSE(own->mayEndProgram());
+  EXPECT_EQ(aside(), 7);
+  savesAs(folder.file("mine.zmm"));
+  script.box(beforeTheEnd, Answer::yes);
+  EXPECT_TRUE(own->mayEndProgram());
+  EXPECT_TRUE(own->mayEndProgram()) << "nothing to ask about any more";
+  EXPECT_EQ(aside(), std::nullopt);
+  EXPECT_EQ(loadEditorFile(folder.file("mine.zmm"))->cells(1, 1).number, 7);
+  own->sheet().enter(1, 1, "8");
+  script.box(beforeTheEnd, Answer::no);
+  EXPECT_TRUE(own->mayEndProgram());
+  own.reset();
+  EXPECT_TRUE(findLostWork(folder.path() + "/aside").empty());
+}
+
+TEST_F(LostWork, IsAlsoWhatWasTypedJustBeforeTheProgramWasEndedAtAnError) {
+  {
+    frmDataEditor own(desktop, {folder.path() + "/tolmod", folder.path() + "/aside"});
+    script.window("frmDataEditor", [&] {
+      own.spdData.enter({2, 2}, "5");
+      throw ProgramEnded{1};
+    });
+    EXPECT_THROW(own.ShowDataEditor(), ProgramEnded);
+  }
+  EXPECT_EQ(findLostWork(folder.path() + "/aside").size(), 1u);
 }
 
 }  // namespace

@@ -306,6 +306,30 @@ TEST(DataSheetTest, StandardFormatLeavesChangedColumnsAlone) {
   EXPECT_EQ(four.heading(3), "Binary");
 }
 
+TEST(DataSheetTest, CancelUnmarksTheDataButDoesNotSaveThem) {
+  DataSheet sheet(5, 5);
+  sheet.markChanged();
+  EXPECT_FALSE(sheet.unsaved()) << "nothing to lose";
+  sheet.enter(1, 1, "5");
+  const auto cancelAfter = [&](auto&& actions) {
+    sheet.startVisit();
+    actions();
+    sheet.restoreVisitStart();
+    EXPECT_FALSE(sheet.changeMade());
+    return sheet.unsaved();
+  };
+  EXPECT_TRUE(cancelAfter([] {}));
+  EXPECT_TRUE(cancelAfter([&] { sheet.clearAll(); }));
+  EXPECT_FALSE(cancelAfter([&] { sheet.markSaved("a"); }));
+  sheet.markSaved("a");
+  EXPECT_FALSE(cancelAfter([&] { sheet.enter(1, 1, "6"); }));
+  EXPECT_TRUE(cancelAfter([&] {
+    sheet.enter(1, 1, "6");
+    sheet.markSaved("a");
+    sheet.enter(1, 1, "7");
+  })) << "the file holds 6, the sheet 5";
+}
+
 TEST(DataSheetTest, KnowsWhatIsUnsaved) {
   DataSheet sheet(3, 2);
   EXPECT_FALSE(sheet.changeMade());

@@ -18,6 +18,12 @@ inline const MessageBox saveFirst{
     "Data Changed", "There is unsaved data in the Data Editor. Do you want to save it?",
     MessageIcon::question, MessageButtons::yesNo};
 
+inline const MessageBox beforeTheEnd{
+    "Unsaved Data",
+    "The data in the Data Editor have not been saved. Do you want to save them before the program "
+    "ends?",
+    MessageIcon::question, MessageButtons::saveDontSaveCancel};
+
 class EditorVisit : public testing::Test {
  protected:
   // One visit, in which the student does this and leaves.

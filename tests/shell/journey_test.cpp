@@ -102,6 +102,27 @@ TEST_F(Journey, WorkLostByACrashIsToldAtTheStartAndOfferedByTheEditor) {
   EXPECT_TRUE(findLostWork(aside.path()).empty());
 }
 
+TEST_F(Journey, EveryEndAsksOnceAboutUnsavedDataOfOnesOwn) {
+  const MessageBox unsaved{"Unsaved Data",
+                           "The data in the Data Editor have not been saved. Do you want to save "
+                           "them before the program ends?",
+                           MessageIcon::question, MessageButtons::saveDontSaveCancel};
+  module.parts().ownData.editor().sheet().enter(1, 1, "5");
+  script.window("frmOpeningBook");
+  script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdCancel"); });
+  script.box("Tolmer", "Exit module?", Answer::yes);
+  script.box(unsaved, Answer::cancel);
+  script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdOK"); });
+  script.window("frmModelDesign", [&] { user.click("frmModelDesign", "cmdOK"); });
+  script.window("frmHint", [&] { user.click("frmHint", "cmdOK"); });
+  module.Main();
+  script.box(unsaved, Answer::cancel);
+  user.menu("mdiReg", "File/Exit");
+  EXPECT_FALSE(desktop.ended() || state().bAllowUnload);
+  script.box(unsaved, Answer::no);
+  EXPECT_THROW(user.close("mdiReg"), ProgramEnded);
+}
+
 TEST_F(Journey, CancelInTheDesignerGoesBackToTheNotebook) {
   script.window("frmOpeningBook");
   script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdOK"); });

@@ -125,12 +125,6 @@ bool EditGrid::commitEdit() {
   return true;
 }
 
-void EditGrid::finishEdit() {
-  if (asking_) return;
-  const Life life = life_;
-  if (!commitEdit() && !life.expired()) cancelEdit();
-}
-
 void EditGrid::cancelEdit() {
   if (editing_) close();
 }
@@ -245,7 +239,7 @@ void EditGrid::selectionChanged(CellPosition activeBefore) {
   const Life life = life_;
   if (!movesByEntry_) tabbedFrom_ = 0;
   if (activeBefore != activeCell()) {
-    finishEdit();
+    commitEdit();
     if (!life.expired()) raise(LeaveCell, activeBefore, CellPosition(activeCell()));
     if (life.expired()) return;
   }

@@ -18,7 +18,7 @@ enum class GridCommand { erase, cut, copy, paste, undo, redo };
 //
 // Typing begins an edit, and there keys that move end it; F2 or a double click opens the cell with
 // its content, and there they move within the text, until F2 changes over. A refused text stays
-// open to be mended, unless the user has gone to another control: then the cell keeps what it had.
+// open to be mended or given up by Escape, also while another control has the focus.
 class EditGrid : public Grid {
  public:
   using Grid::Grid;
@@ -38,10 +38,9 @@ class EditGrid : public Grid {
   void startEdit();
   // Opens it by typing; behind what stands there already in an open one.
   void typeText(std::string_view text);
-  // Hands the text over and closes; false where it was refused and stays open.
+  // Hands the text over and closes; false where it was refused and stays open. Done of itself when
+  // the focus goes and when the active cell changes.
   bool commitEdit();
-  // As when the focus goes: commits, and where that is refused cancels.
-  void finishEdit();
   void cancelEdit();
 
   bool canEdit(CellPosition cell) const;
@@ -73,7 +72,7 @@ class EditGrid : public Grid {
  protected:
   void selectionChanged(CellPosition activeBefore) override;
   void reshaped() override;
-  void focusLeft() override { finishEdit(); }
+  void focusLeft() override { commitEdit(); }
 
  private:
   // How keys act that move: on the cell, or within its text.

@@ -119,7 +119,7 @@ void GridCellEditor::focusOutEvent(QFocusEvent* event) {
   // decides for itself.
   const bool comesBack = event->reason() == Qt::ActiveWindowFocusReason;
   if (isHidden() || comesBack || QApplication::focusWidget() == &view_) return;
-  view_.enter([this] { grid_.finishEdit(); });
+  view_.enter([this] { grid_.commitEdit(); });
 }
 
 }  // namespace tolmer
