@@ -2,11 +2,13 @@
 
 #include <fcntl.h>
 #include <sys/stat.h>
+#include <sys/xattr.h>
 #include <unistd.h>
 
 #include <array>
 #include <cerrno>
 #include <cstdio>
+#include <ctime>
 #include <filesystem>
 #include <memory>
 #include <system_error>
@@ -33,34 +35,77 @@ bool writeAll(int descriptor, std::string_view bytes) {
   return true;
 }
 
-// mkstemp gives an owner-only file; a replaced file keeps its mode, a new one gets the usual one.
-mode_t modeFor(const std::string& target) {
-  struct stat old {};
-  if (::stat(target.c_str(), &old) == 0) return old.st_mode & 0777;
-  const mode_t mask = ::umask(0);
-  ::umask(mask);
-  return 0666 & ~mask;
-}
+// The file behind a name, and what it is now.
+struct Target {
+  std::string called;  // as the caller named it
+  std::string path;    // behind all links
+  std::string folder;  // of the path
+  bool isThere = false;
+  struct stat before {};  // where it is there
 
-bool fillAndClose(int descriptor, std::string_view bytes, mode_t mode) {
-  const bool filled =
-      ::fchmod(descriptor, mode) == 0 && writeAll(descriptor, bytes) && ::fsync(descriptor) == 0;
-  const int reason = errno;
-  const bool closed = ::close(descriptor) == 0;
-  if (!filled) errno = reason;
-  return filled && closed;
-}
+  Error error(int code) const { return systemError(called, "cannot be written", code); }
+};
 
-// A link stays a link: what it points to is replaced.
-std::string behindLinks(const std::string& fileName) {
-  std::error_code none;
-  const auto target = std::filesystem::canonical(fileName, none);
-  return none ? fileName : target.string();
+// A link stays a link, also one to a file that is not there yet.
+std::string behindLinks(std::string fileName) {
+  constexpr int mostLinks = 40;  // more go in a circle, as the system sees it
+  std::error_code failed;
+  for (int links = 0; links < mostLinks; ++links) {
+    const auto next = std::filesystem::read_symlink(fileName, failed);
+    if (failed) return fileName;
+    fileName = (std::filesystem::path(fileName).parent_path() / next).string();
+  }
+  return fileName;
 }
 
 std::string folderOf(const std::string& fileName) {
   const std::string folder = std::filesystem::path(fileName).parent_path().string();
   return folder.empty() ? "." : folder;
+}
+
+Result<Target> targetOf(const std::string& fileName) {
+  Target target{.called = fileName, .path = behindLinks(fileName), .folder = {}};
+  target.folder = folderOf(target.path);
+  target.isThere = ::stat(target.path.c_str(), &target.before) == 0;
+  if (!target.isThere && errno != ENOENT) return target.error(errno);
+  if (target.isThere && S_ISDIR(target.before.st_mode)) return target.error(EISDIR);
+  if (target.isThere && !S_ISREG(target.before.st_mode))
+    return Error{fileName, "cannot be written: it is no ordinary file"};
+  return target;
+}
+
+bool takesOverRights(int descriptor, const struct stat& from) {
+  struct stat now {};
+  if (::fstat(descriptor, &now) != 0) return false;
+  if ((now.st_uid != from.st_uid || now.st_gid != from.st_gid) &&
+      ::fchown(descriptor, from.st_uid, from.st_gid) != 0)
+    return false;
+  return ::fchmod(descriptor, from.st_mode & 07777) == 0;
+}
+
+// Whether another file can take the target's place unnoticed. mkstemp gives an owner-only file; a
+// new target gets the usual mode, where the file system has modes.
+bool canStandIn(int descriptor, const Target& target) {
+  if (!target.isThere) {
+    const mode_t mask = ::umask(0);
+    ::umask(mask);
+    static_cast<void>(::fchmod(descriptor, 0666 & ~mask));
+    return true;
+  }
+  return target.before.st_nlink == 1 &&
+         ::getxattr(target.path.c_str(), "system.posix_acl_access", nullptr, 0) < 0 &&
+         takesOverRights(descriptor, target.before);
+}
+
+bool closed(int descriptor, bool wellSoFar) {
+  const int reason = errno;
+  const bool closed = ::close(descriptor) == 0;
+  if (!wellSoFar) errno = reason;
+  return wellSoFar && closed;
+}
+
+bool fillAndClose(int descriptor, std::string_view bytes) {
+  return closed(descriptor, writeAll(descriptor, bytes) && ::fsync(descriptor) == 0);
 }
 
 // The new name is on the disk only when its folder is. Some file systems cannot do it; the file
@@ -70,6 +115,71 @@ void flushFolder(const std::string& folder) {
   if (descriptor < 0) return;
   ::fsync(descriptor);
   ::close(descriptor);
+}
+
+// What saves that were killed left in the folder. Younger ones may be at work.
+void removeLeftovers(const std::string& folder) {
+  constexpr std::time_t day = 24 * 60 * 60;
+  constexpr std::string_view beginning = ".tolmer-";
+  std::error_code failed;
+  for (std::filesystem::directory_iterator at(folder, failed), end; !failed && at != end;
+       at.increment(failed)) {
+    const std::string name = at->path().filename().string();
+    struct stat about {};
+    if (name.starts_with(beginning) && name.size() == beginning.size() + 6 &&
+        ::lstat(at->path().c_str(), &about) == 0 && S_ISREG(about.st_mode) &&
+        about.st_mtime < std::time(nullptr) - day)
+      ::unlink(at->path().c_str());
+  }
+}
+
+// Takes the room first, so that a full disk changes nothing.
+bool makeRoom(int descriptor, const Target& target, std::size_t size) {
+  const int failed = size == 0 ? 0 : ::posix_fallocate(descriptor, 0, static_cast<off_t>(size));
+  if (failed) static_cast<void>(::ftruncate(descriptor, target.before.st_size));
+  errno = failed;
+  return failed == 0;
+}
+
+// "a.saving-XXXXXX.zmm" beside "a.zmm", flushed; empty where it cannot be made. Its name is one
+// that the user sees and can open.
+std::string writeCopy(const Target& target, std::string_view bytes) {
+  const std::filesystem::path path(target.path);
+  const std::string extension = path.extension().string();
+  std::string copy = target.folder + "/" + path.stem().string() + ".saving-XXXXXX" + extension;
+  const int descriptor = ::mkostemps(copy.data(), static_cast<int>(extension.size()), O_CLOEXEC);
+  if (descriptor < 0) return {};
+  if (fillAndClose(descriptor, bytes)) {
+    flushFolder(target.folder);
+    return copy;
+  }
+  const int reason = errno;
+  ::unlink(copy.c_str());
+  errno = reason;
+  return {};
+}
+
+// Into the file itself, where another could not have its owner, its access list or its other
+// names. A whole copy lies beside it until all is on the disk.
+std::optional<Error> writeInPlace(const Target& target, std::string_view bytes) {
+  const int descriptor = ::open(target.path.c_str(), O_WRONLY | O_CLOEXEC);
+  if (descriptor < 0) return target.error(errno);
+  const std::string copy = writeCopy(target, bytes);
+  if (copy.empty() || !makeRoom(descriptor, target, bytes.size())) {
+    const Error error = target.error(errno);
+    if (!copy.empty()) ::unlink(copy.c_str());
+    ::close(descriptor);
+    return error;
+  }
+  if (closed(descriptor, writeAll(descriptor, bytes) &&
+                             ::ftruncate(descriptor, static_cast<off_t>(bytes.size())) == 0 &&
+                             ::fsync(descriptor) == 0)) {
+    ::unlink(copy.c_str());
+    return std::nullopt;
+  }
+  Error error = target.error(errno);
+  error.text += ". A whole copy is in " + copy;
+  return error;
 }
 
 }  // namespace
@@ -88,19 +198,41 @@ Result<std::string> readWholeFile(const std::string& hostFileName) {
 }
 
 std::optional<Error> writeFileAtomically(const std::string& hostFileName, std::string_view bytes) {
-  const std::string target = behindLinks(hostFileName);
-  const std::string folder = folderOf(target);
-  std::string beside = folder + "/.tolmer-XXXXXX";
+  const auto target = targetOf(hostFileName);
+  if (!target) return target.error();
+  removeLeftovers(target->folder);
+  std::string beside = target->folder + "/.tolmer-XXXXXX";
   const int descriptor = ::mkostemp(beside.data(), O_CLOEXEC);
-  if (descriptor < 0) return systemError(hostFileName, "cannot be written", errno);
-  if (fillAndClose(descriptor, bytes, modeFor(target)) &&
-      std::rename(beside.c_str(), target.c_str()) == 0) {
-    flushFolder(folder);
+  if (descriptor < 0) return target->error(errno);
+  if (!canStandIn(descriptor, *target)) {
+    ::close(descriptor);
+    ::unlink(beside.c_str());
+    return writeInPlace(*target, bytes);
+  }
+  if (fillAndClose(descriptor, bytes) && std::rename(beside.c_str(), target->path.c_str()) == 0) {
+    flushFolder(target->folder);
     return std::nullopt;
   }
   const int reason = errno;
   ::unlink(beside.c_str());
-  return systemError(hostFileName, "cannot be written", reason);
+  return target->error(reason);
+}
+
+std::optional<std::int64_t> secondsWritten(const std::string& hostFileName) {
+  struct stat about {};
+  if (::stat(hostFileName.c_str(), &about) != 0) return std::nullopt;
+  return static_cast<std::int64_t>(about.st_mtime);
+}
+
+std::string timeWritten(const std::string& hostFileName) {
+  const auto seconds = secondsWritten(hostFileName);
+  if (!seconds) return {};
+  const auto time = static_cast<std::time_t>(*seconds);
+  std::tm parts{};
+  localtime_r(&time, &parts);
+  std::string text(32, '\0');
+  text.resize(std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &parts));
+  return text;
 }
 
 }  // namespace tolmer

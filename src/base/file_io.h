@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,8 +20,18 @@ inline constexpr std::size_t maxFileBytes = std::size_t{64} << 20;
 Result<std::string> readWholeFile(const std::string& hostFileName);
 
 // Writes beside the target, flushes to disk and renames over it, so that a crash or a full disk
-// leaves the old file whole. A replaced file keeps its mode; a symbolic link stays one. Nothing
-// stays behind after a failure (a kill may leave a hidden ".tolmer-..."); nullopt is success.
+// leaves the old file whole. A replaced file keeps owner, group, mode, access list and other names;
+// where a new one could not have them, the old one is overwritten while a copy
+// "a.saving-XXXXXX.zmm" lies beside it. A symbolic link stays one. Folders and devices are refused.
+// Nothing stays behind after a failure, but for that copy where the old file is damaged, which the
+// error then names. A kill may leave a hidden ".tolmer-..." or that copy; the former go a day
+// later, with any writing to the folder. nullopt is success.
 std::optional<Error> writeFileAtomically(const std::string& hostFileName, std::string_view bytes);
+
+// When a file was written last, in seconds since 1970; nullopt where there is none.
+std::optional<std::int64_t> secondsWritten(const std::string& hostFileName);
+
+// The same as "2026-11-21 18:05", in local time; empty where there is none.
+std::string timeWritten(const std::string& hostFileName);
 
 }  // namespace tolmer

@@ -29,6 +29,7 @@ std::optional<Error> Autosave::poll(const Content& content, const std::string& f
 }
 
 std::optional<Error> Autosave::write(const Content& content, const std::string& from) {
+  keepOwned();
   if (!files_) {
     auto files = VisitFiles::create(folder_);
     if (!files) return files.error();
@@ -39,7 +40,14 @@ std::optional<Error> Autosave::write(const Content& content, const std::string& 
 
 void Autosave::clean() {
   due_.reset();
+  if (!files_ || !files_->hasWork()) return;
+  keepOwned();
   if (files_) files_->removeWork();
+}
+
+// Where the lock file was cleared away it is made anew, unless another program took the work.
+void Autosave::keepOwned() {
+  if (files_ && !files_->isOwned()) files_ = VisitFiles::take(files_->path());
 }
 
 }  // namespace tolmer

@@ -3,7 +3,8 @@
 // Each visit owns two files of a folder: "visit-XXXXXX.zmm", an editor's file that also names the
 // file it was opened from, and "visit-XXXXXX.lock", locked by the program that owns it. The system
 // drops the lock when the program ends in whatever way, so what lies there unlocked is lost work,
-// and of two programs that look for it only one can take it.
+// and of two programs that look for it only one can take it. A file system without locks has the
+// owner's name in the lock file instead.
 #pragma once
 
 #include <cstdint>
@@ -14,6 +15,7 @@
 #include <vector>
 
 #include "base/error.h"
+#include "base/file_io.h"
 #include "editor/editor_file.h"
 
 namespace tolmer {
@@ -27,13 +29,17 @@ class VisitFiles {
  public:
   // Makes the folder where it is missing.
   static Result<VisitFiles> create(const std::string& folder);
-  // Takes over the files of a visit; nullopt where another program owns them or there are none.
-  static std::optional<VisitFiles> take(const std::string& folder, const std::string& name);
+  // Takes over the files of a visit, named without their endings; nullopt where another program
+  // owns them. Makes the lock file where it is gone.
+  static std::optional<VisitFiles> take(const std::string& path);
 
   VisitFiles(VisitFiles&& other) noexcept;
   VisitFiles& operator=(VisitFiles&& other) noexcept;
   ~VisitFiles();
 
+  const std::string& path() const { return path_; }
+  // False once another program has cleared the lock file away.
+  bool isOwned() const;
   std::string workFile() const { return path_ + ".zmm"; }
   bool hasWork() const;
   void removeWork();
@@ -55,9 +61,12 @@ class LostWork {
 
   Result<EditorFileContent> content() const;
   // When it was written last, in seconds since 1970.
-  std::int64_t written() const;
-  std::string timeWritten() const;  // "2026-11-21 18:05", in local time
+  std::int64_t written() const { return secondsWritten(files_.workFile()).value_or(0); }
+  std::string timeWritten() const { return tolmer::timeWritten(files_.workFile()); }
   void discard() { files_.remove(); }
+  // For work that cannot be read: it stays under this name and is found no more.
+  std::string keptFile() const;
+  void keepAside();
 
  private:
   friend class Autosave;
@@ -97,6 +106,7 @@ class Autosave {
 
  private:
   std::optional<Error> write(const Content& content, const std::string& from);
+  void keepOwned();
 
   std::string folder_;
   Clock now_;

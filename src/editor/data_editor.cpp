@@ -194,7 +194,10 @@ void frmDataEditor::giveUpEntry() {
 void frmDataEditor::offerLostWork() {
   for (LostWork& lost : findLostWork(autosave_.folder())) {
     const auto content = lost.content();
-    if (!content) continue;
+    if (!content) {
+      offerToKeep(lost, content.error());
+      continue;
+    }
     const Answer answer =
         desktop().messageBox({.title = "Unsaved Data",
                               .text = "The program ended before its data were saved (" +
@@ -208,9 +211,22 @@ void frmDataEditor::offerLostWork() {
     }
     sheet_.replaceWith(content->sheet, content->from);
     sheet_.markNeverSaved();
+    files_.takeUp(content->from, lost.written());
     autosave_.adopt(std::move(lost));
     return;
   }
+}
+
+void frmDataEditor::offerToKeep(LostWork& lost, const Error& fault) {
+  const Answer answer = desktop().messageBox(
+      {.title = "Unsaved Data",
+       .text = "The program ended before its data were saved (" + lost.timeWritten() +
+               "), and the copy that it kept of them cannot be read: " + fault.message() +
+               ". Do you want to keep that copy? It will be " + lost.keptFile() + ".",
+       .icon = MessageIcon::question,
+       .buttons = MessageButtons::yesNo,
+       .noLosesWork = true});
+  answer == Answer::no ? lost.discard() : lost.keepAside();
 }
 
 void frmDataEditor::tmrAutosave_Tick() {

@@ -113,6 +113,7 @@ class frmDataEditor : public Window, public EditorData {
   void giveUpEntry();
   void tellOptionalVariable();
   void offerLostWork();
+  void offerToKeep(LostWork& lost, const Error& fault);
   void tmrAutosave_Tick();
   enum class Writing { whenDue, now };
   void writeAside(Writing when);

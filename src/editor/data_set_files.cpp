@@ -2,6 +2,7 @@
 
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
 #include <utility>
 
 #include "base/file_io.h"
@@ -69,6 +70,7 @@ OpenOutcome DataSetFiles::openFile(const std::string& name) {
   }
   sheet_.replaceWith(*content, name);
   sheet_.markSaved(name);
+  remember(name);
   return {true};
 }
 
@@ -90,7 +92,35 @@ bool DataSetFiles::openText(const std::string& name) {
 
 bool DataSetFiles::SaveCurrentFile() {
   const std::string name = sheet_.mtFileName();
-  return !wasGivenUp(name, true) && !isToldReadOnly(name) && SaveFile(name);
+  return !wasGivenUp(name, true) && !isToldReadOnly(name) && mayOverwrite(name) && SaveFile(name);
+}
+
+void DataSetFiles::takeUp(const std::string& name, std::int64_t written) {
+  const auto changed = secondsWritten(name);
+  if (changed && *changed <= written) remember(name);
+}
+
+void DataSetFiles::remember(const std::string& name) {
+  if (const auto bytes = readWholeFile(name))
+    known_[name] = std::hash<std::string>{}(*bytes);
+  else
+    known_.erase(name);
+}
+
+bool DataSetFiles::mayOverwrite(const std::string& name) {
+  if (!secondsWritten(name)) return true;  // it is not there
+  const auto bytes = readWholeFile(name);
+  const auto known = known_.find(name);
+  if (bytes && known != known_.end() && known->second == std::hash<std::string>{}(*bytes))
+    return true;
+  return desktop_.messageBox(
+             {.title = "File Changed",
+              .text = "Another program has changed the file " + name +
+                      " since it was opened or saved here (" + timeWritten(name) +
+                      "). Do you want to overwrite it? Answer No to leave it as it is; Save As "
+                      "saves the data to a different file.",
+              .icon = MessageIcon::exclamation,
+              .buttons = MessageButtons::yesNo}) == Answer::yes;
 }
 
 bool DataSetFiles::SaveFileAs() {
@@ -121,7 +151,9 @@ bool DataSetFiles::SaveFile(const std::string& name) {
                          .icon = MessageIcon::exclamation});
     return false;
   }
-  if (!asText) sheet_.markSaved(name);
+  if (asText) return true;
+  sheet_.markSaved(name);
+  remember(name);
   return true;
 }
 

@@ -1,6 +1,9 @@
 // Opening and saving whole data sets, with all that is asked and told on the way.
 #pragma once
 
+#include <cstddef>
+#include <cstdint>
+#include <map>
 #include <string>
 
 #include "editor/data_sheet.h"
@@ -23,8 +26,13 @@ class DataSetFiles {
   // there. Text of another program becomes a data set without a file of its own yet.
   OpenOutcome open();
 
-  // Whether the data are in a file now. Text data, which loses formulas and formats, does not
-  // become the data set's file: the sheet stays unsaved.
+  // The sheet holds work brought back that belongs to this file, where there is one, and was
+  // written aside then, in seconds since 1970.
+  void takeUp(const std::string& name, std::int64_t written);
+
+  // Whether the data are in a file now. A file that another program has changed since it was opened
+  // or saved here is overwritten only after a question. Text data, which loses formulas and
+  // formats, does not become the data set's file: the sheet stays unsaved.
   bool SaveCurrentFile();
   bool SaveFileAs();
 
@@ -33,6 +41,8 @@ class DataSetFiles {
   bool openText(const std::string& name);
   bool SaveFile(const std::string& name);
   bool isToldReadOnly(const std::string& name);
+  bool mayOverwrite(const std::string& name);
+  void remember(const std::string& name);
   bool wasGivenUp(const std::string& name, bool allowRetry);
   std::string dataFolder() const;
 
@@ -41,6 +51,7 @@ class DataSetFiles {
   std::string programFolder_;
   HostFiles files_;
   SymbolFileHost symbolFiles_;
+  std::map<std::string, std::size_t> known_;  // of the bytes that were last read or written here
 };
 
 }  // namespace tolmer

@@ -7,7 +7,6 @@
 #include <system_error>
 
 #include "base/file_io.h"
-#include "base/paths.h"
 
 namespace tolmer {
 
@@ -17,20 +16,17 @@ std::optional<Error> saveEditorFile(const std::string& fileName, const SheetCont
     return Error{fileName, "the data need " + std::to_string(bytes.size()) +
                                " bytes, and a file may have no more than " +
                                std::to_string(maxEditorFileBytes)};
-  auto failed = writeFileAtomically(hostPathToWrite(fileName), bytes);
-  if (failed) failed->where = fileName;
-  return failed;
+  return writeFileAtomically(fileName, bytes);
 }
 
 Result<SheetContent> loadEditorFile(const std::string& fileName, int observations, int variables) {
-  const std::string host = hostPath(fileName);
   std::error_code failed;
-  const auto size = std::filesystem::file_size(host, failed);
+  const auto size = std::filesystem::file_size(fileName, failed);
   if (failed) return Error{fileName, "cannot be opened: " + failed.message()};
   if (size > maxEditorFileBytes)
     return Error{fileName, "has " + std::to_string(size) + " bytes, more than " +
                                std::to_string(maxEditorFileBytes)};
-  auto bytes = readWholeFile(host);
+  auto bytes = readWholeFile(fileName);
   if (!bytes) return Error{fileName, bytes.error().text};
   auto content = editorFileContent(*bytes, observations, variables);
   if (!content) return Error{fileName, content.error().message()};
@@ -39,10 +35,9 @@ Result<SheetContent> loadEditorFile(const std::string& fileName, int observation
 
 // Root may write anywhere; a file that nobody may write is read-only for root as well.
 bool isReadOnly(const std::string& fileName) {
-  const std::string host = hostPathToWrite(fileName);
   struct stat about {};
-  if (::stat(host.c_str(), &about) != 0) return false;
-  return (about.st_mode & 0222) == 0 || ::access(host.c_str(), W_OK) != 0;
+  if (::stat(fileName.c_str(), &about) != 0) return false;
+  return (about.st_mode & 0222) == 0 || ::access(fileName.c_str(), W_OK) != 0;
 }
 
 }  // namespace tolmer

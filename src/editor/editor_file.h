@@ -51,12 +51,12 @@ Result<EditorFileContent> editorFileContent(std::string_view bytes,
                                             int observations = editorObservations,
                                             int variables = editorVariables);
 
-// Whole or not at all. A sheet that would pass the limit, so that it could not be loaded again, is
+// Whole or not at all. File names are the host's, as the user chose them: a backslash is a letter
+// like any other. A sheet that would pass the limit, so that it could not be loaded again, is
 // refused and nothing written. nullopt is success.
 std::optional<Error> saveEditorFile(const std::string& fileName, const SheetContent& sheet);
 
-// A file over the limit is refused without reading it. Names are in the host's or in course
-// spelling.
+// A file over the limit is refused without reading it.
 Result<SheetContent> loadEditorFile(const std::string& fileName,
                                     int observations = editorObservations,
                                     int variables = editorVariables);

@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "base/file_io.h"
-#include "base/paths.h"
 #include "base/tabbed_text.h"
 #include "editor/sheet_headings.h"
 #include "editor/sheet_number.h"
@@ -75,9 +74,7 @@ std::string sheetText(const SheetContent& sheet, char separator) {
 
 std::optional<Error> saveSheetText(const std::string& fileName, const SheetContent& sheet,
                                    char separator) {
-  auto failed = writeFileAtomically(hostPathToWrite(fileName), sheetText(sheet, separator));
-  if (failed) failed->where = fileName;
-  return failed;
+  return writeFileAtomically(fileName, sheetText(sheet, separator));
 }
 
 }  // namespace tolmer

@@ -16,7 +16,7 @@ namespace tolmer {
 // line end or blanks at an end. Lines end in a line feed. `separator` is ',' or a tab.
 std::string sheetText(const SheetContent& sheet, char separator);
 
-// Whole or not at all; the name in the host's or in course spelling. nullopt is success.
+// Whole or not at all; the name is the host's. nullopt is success.
 std::optional<Error> saveSheetText(const std::string& fileName, const SheetContent& sheet,
                                    char separator);
 

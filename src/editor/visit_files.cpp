@@ -6,13 +6,16 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <filesystem>
+#include <set>
 #include <system_error>
 #include <utility>
 
+#include "base/file_io.h"
 #include "editor/autosave.h"
+#include "editor/visit_owner.h"
 
 namespace tolmer {
 namespace {
@@ -20,23 +23,44 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr std::string_view lockEnding = ".lock";
+constexpr std::string_view workEnding = ".zmm";
 
 Error systemError(const std::string& fileName, int code) {
   return {fileName, "work cannot be written aside: " + std::generic_category().message(code)};
 }
 
-std::int64_t secondsWritten(const std::string& fileName) {
-  struct stat about {};
-  return ::stat(fileName.c_str(), &about) == 0 ? static_cast<std::int64_t>(about.st_mtime) : 0;
-}
-
-// Another program may have removed the file between its opening and the lock.
-bool lockIsOnTheFile(int descriptor, const std::string& fileName) {
+// Another program may have removed the file since its opening.
+bool isTheFile(int descriptor, const std::string& fileName) {
   struct stat opened {};
   struct stat named {};
-  return ::flock(descriptor, LOCK_EX | LOCK_NB) == 0 && ::fstat(descriptor, &opened) == 0 &&
-         ::stat(fileName.c_str(), &named) == 0 && opened.st_ino == named.st_ino &&
-         opened.st_dev == named.st_dev;
+  return ::fstat(descriptor, &opened) == 0 && ::stat(fileName.c_str(), &named) == 0 &&
+         opened.st_ino == named.st_ino && opened.st_dev == named.st_dev;
+}
+
+std::string ownerIn(int descriptor) {
+  std::string text(512, '\0');
+  const ssize_t got = ::pread(descriptor, text.data(), text.size(), 0);
+  text.resize(got > 0 ? static_cast<std::size_t>(got) : 0);
+  return text;
+}
+
+bool sign(int descriptor) {
+  const std::string owner = ownerName();
+  return ::ftruncate(descriptor, 0) == 0 &&
+         ::pwrite(descriptor, owner.data(), owner.size(), 0) == static_cast<ssize_t>(owner.size());
+}
+
+// Locks the file or, where the file system has no locks, signs it. 0, or the system's reason.
+int claim(int descriptor, const std::string& path) {
+  const bool locked = ::flock(descriptor, LOCK_EX | LOCK_NB) == 0;
+  if (!locked && errno == EWOULDBLOCK) return EWOULDBLOCK;
+  const std::string lockName = path + std::string(lockEnding);
+  const auto lastSign =
+      std::max(secondsWritten(lockName), secondsWritten(path + std::string(workEnding)))
+          .value_or(0);
+  if (ownerRuns(ownerIn(descriptor), lastSign)) return EWOULDBLOCK;
+  if (!locked && !sign(descriptor)) return errno;
+  return isTheFile(descriptor, lockName) ? 0 : EWOULDBLOCK;
 }
 
 std::string environment(const char* name) {
@@ -57,23 +81,25 @@ Result<VisitFiles> VisitFiles::create(const std::string& folder) {
   std::error_code failed;
   fs::create_directories(folder, failed);
   if (failed) return systemError(folder, failed.value());
-  for (int tries = 0; tries < 10; ++tries) {
+  int reason = EWOULDBLOCK;
+  for (int tries = 0; tries < 10 && reason == EWOULDBLOCK; ++tries) {
     std::string name = folder + "/visit-XXXXXX" + std::string(lockEnding);
     const int lock = ::mkostemps(name.data(), static_cast<int>(lockEnding.size()), O_CLOEXEC);
     if (lock < 0) return systemError(folder, errno);
-    if (lockIsOnTheFile(lock, name))
-      return VisitFiles(name.substr(0, name.size() - lockEnding.size()), lock);
-    ::close(lock);  // a search for lost work came between
+    const std::string path = name.substr(0, name.size() - lockEnding.size());
+    reason = claim(lock, path);
+    if (reason == 0) return VisitFiles(path, lock);
+    ::unlink(name.c_str());  // a search for lost work came between, or there is no room to sign
+    ::close(lock);
   }
-  return systemError(folder, EBUSY);
+  return systemError(folder, reason);
 }
 
-std::optional<VisitFiles> VisitFiles::take(const std::string& folder, const std::string& name) {
-  const std::string path = folder + "/" + name;
+std::optional<VisitFiles> VisitFiles::take(const std::string& path) {
   const std::string lockName = path + std::string(lockEnding);
-  const int lock = ::open(lockName.c_str(), O_RDWR | O_CLOEXEC | O_NOFOLLOW);
+  const int lock = ::open(lockName.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
   if (lock < 0) return std::nullopt;
-  if (lockIsOnTheFile(lock, lockName)) return VisitFiles(path, lock);
+  if (claim(lock, path) == 0) return VisitFiles(path, lock);
   ::close(lock);
   return std::nullopt;
 }
@@ -89,9 +115,12 @@ VisitFiles& VisitFiles::operator=(VisitFiles&& other) noexcept {
 
 VisitFiles::~VisitFiles() {
   if (lock_ < 0) return;
-  if (!hasWork()) ::unlink(lockFile().c_str());
+  if (!hasWork() && isOwned()) ::unlink(lockFile().c_str());
+  static_cast<void>(::ftruncate(lock_, 0));  // a signature ends here, as a lock does
   ::close(lock_);
 }
+
+bool VisitFiles::isOwned() const { return lock_ >= 0 && isTheFile(lock_, lockFile()); }
 
 bool VisitFiles::hasWork() const { return ::access(workFile().c_str(), F_OK) == 0; }
 
@@ -105,26 +134,27 @@ void VisitFiles::remove() {
   ::close(std::exchange(lock_, -1));
 }
 
-std::int64_t LostWork::written() const { return secondsWritten(files_.workFile()); }
+std::string LostWork::keptFile() const {
+  const fs::path work = files_.workFile();
+  return (work.parent_path() / ("kept" + work.filename().string().substr(5))).string();
+}
 
-std::string LostWork::timeWritten() const {
-  const auto time = static_cast<std::time_t>(written());
-  std::tm parts{};
-  localtime_r(&time, &parts);
-  std::string text(32, '\0');
-  text.resize(std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &parts));
-  return text;
+void LostWork::keepAside() {
+  if (std::rename(files_.workFile().c_str(), keptFile().c_str()) == 0) files_.remove();
 }
 
 std::vector<LostWork> findLostWork(const std::string& folder) {
-  std::vector<std::string> names;
+  std::set<std::string> paths;  // without ending: one of the two files may be gone
   std::error_code failed;
-  for (fs::directory_iterator at(folder, failed), end; !failed && at != end; at.increment(failed))
-    if (at->path().extension() == lockEnding && at->path().stem().string().starts_with("visit-"))
-      names.push_back(at->path().stem().string());
+  for (fs::directory_iterator at(folder, failed), end; !failed && at != end; at.increment(failed)) {
+    fs::path name = at->path();
+    if (name.filename().string().starts_with("visit-") &&
+        (name.extension() == lockEnding || name.extension() == workEnding))
+      paths.insert(name.replace_extension().string());
+  }
   std::vector<LostWork> found;
-  for (const std::string& name : names) {
-    auto files = VisitFiles::take(folder, name);
+  for (const std::string& path : paths) {
+    auto files = VisitFiles::take(path);
     if (files && files->hasWork()) found.emplace_back(std::move(*files));
   }
   std::sort(found.begin(), found.end(),

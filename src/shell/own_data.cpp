@@ -1,5 +1,7 @@
 #include "shell/own_data.h"
 
+#include <algorithm>
+
 #include "platform/desktop.h"
 
 namespace tolmer {
@@ -7,13 +9,19 @@ namespace tolmer {
 void OwnData::tellLostWork() {
   const auto lost = findLostWork(autosaveFolder_);
   if (lost.empty()) return;
+  const auto readable = std::find_if(lost.begin(), lost.end(), [](const LostWork& work) {
+    return static_cast<bool>(work.content());
+  });
+  const bool someCanBeRead = readable != lost.end();
   desktop_.doEvents();  // what stands behind the box is painted first
-  desktop_.messageBox({.title = "Unsaved Data",
-                       .text = "The program ended before the data in the Data Editor were saved "
-                               "(" +
-                               lost.front().timeWritten() +
-                               "). Open the Data Editor from the Notebook to bring them back.",
-                       .icon = MessageIcon::information});
+  desktop_.messageBox(
+      {.title = "Unsaved Data",
+       .text = "The program ended before the data in the Data Editor were saved (" +
+               (someCanBeRead ? *readable : lost.front()).timeWritten() +
+               (someCanBeRead ? "). Open the Data Editor from the Notebook to bring them back."
+                              : "), and the copy that it kept of them cannot be read. Open the "
+                                "Data Editor from the Notebook to keep or delete it."),
+       .icon = MessageIcon::information});
 }
 
 void OwnData::setUp() {

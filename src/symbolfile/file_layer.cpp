@@ -10,8 +10,6 @@
 #include <filesystem>
 #include <system_error>
 
-#include "base/paths.h"
-
 namespace tolmer {
 namespace {
 
@@ -54,7 +52,7 @@ Meaning meaningOf(int hostError) {
 
 bool folderIsMissing(const std::string& fileSpec) {
   std::error_code ignored;
-  const auto folder = std::filesystem::path(hostPath(fileSpec)).parent_path();
+  const auto folder = std::filesystem::path(fileSpec).parent_path();
   return !folder.empty() && !std::filesystem::exists(folder, ignored);
 }
 
@@ -109,8 +107,7 @@ int HostFiles::freeHandle() const {
 
 std::optional<FileFailure> HostFiles::open(int handle, const std::string& fileSpec,
                                            bool exclusive) {
-  const std::string name = hostPath(fileSpec);
-  const int descriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+  const int descriptor = ::open(fileSpec.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
   if (descriptor < 0) return failureFromHost(errno, fileSpec);
   int failed = refusal(descriptor, exclusive);
   std::FILE* stream = failed ? nullptr : ::fdopen(descriptor, "rb");

@@ -39,7 +39,7 @@ class FileLayer {
   // The lowest number without an open file, from 1.
   virtual int freeHandle() const = 0;
   // `exclusive` keeps others who open through this layer from reading, in any program. The name is
-  // in the host's or in course spelling.
+  // the host's, which may have backslashes in it.
   virtual std::optional<FileFailure> open(int handle, const std::string& fileSpec,
                                           bool exclusive) = 0;
   virtual std::optional<FileFailure> close(int handle) = 0;

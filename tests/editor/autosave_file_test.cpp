@@ -1,10 +1,13 @@
 // Work written aside: when, for whom, and who finds it.
 #include <gtest/gtest.h>
+#include <chrono>
 #include <cstdlib>
 #include <filesystem>
+#include <fstream>
 
 #include "editor/autosave.h"
-#include "editor/killed_program.h"
+#include "support/faults.h"
+#include "support/killed_program.h"
 #include "support/temp_folder.h"
 
 namespace tolmer {
@@ -127,6 +130,66 @@ TEST_F(AutosaveTest, aFailureIsToldOnceAndTriedAgain) {
   EXPECT_EQ(files(), 2);
 }
 
+TEST_F(AutosaveTest, aFileSystemWithoutLocksHasTheOwnersNames) {
+  const test::FailingCall locks(test::Call::flock, ENOLCK);
+  {
+    Autosave running(folder, clock);
+    writeAside(running, "mine");
+    EXPECT_EQ(files(), 2);
+    EXPECT_EQ(titlesFound(), "");  // its program still runs
+  }
+  EXPECT_EQ(titlesFound(), "mine of /home/ann/a.zmm;");
+  findLostWork(folder).front().discard();
+  std::optional<Autosave> killed;
+  test::killWhileWorking(
+      [&] {
+        if (!killed) killed.emplace(folder, clock);
+        writeAside(*killed, "killed");
+      },
+      0);
+  EXPECT_EQ(titlesFound(), "killed of /home/ann/a.zmm;");
+  // A program of another machine may still run, but not if it was quiet for so long.
+  auto file = fs::directory_iterator(folder)->path();
+  std::ofstream(file.replace_extension(".lock")) << "elsewhere 0 1 2";
+  EXPECT_EQ(titlesFound(), "");
+  const auto before = fs::last_write_time(file) - std::chrono::hours(25);
+  for (const char* ending : {".lock", ".zmm"})
+    fs::last_write_time(file.replace_extension(ending), before);
+  EXPECT_EQ(titlesFound(), "killed of /home/ann/a.zmm;");
+  fs::remove_all(folder);
+  const test::FullDisk full(0);
+  Autosave unsigned_(folder, clock);
+  unsigned_.changed();
+  now += Autosave::interval;
+  EXPECT_TRUE(poll(unsigned_, "x"));
+  EXPECT_EQ(files(), 0);
+}
+
+TEST_F(AutosaveTest, aLockFileThatSomebodyClearedAwayHidesNoWork) {
+  const auto clear = [&] {
+    for (const auto& entry : fs::directory_iterator(folder))
+      if (entry.path().extension() == ".lock") fs::remove(entry.path());
+  };
+  {
+    Autosave running(folder, clock);
+    writeAside(running, "one");
+    clear();
+    writeAside(running, "two");
+    EXPECT_EQ(titlesFound(), "");  // it still runs
+    clear();
+  }
+  EXPECT_EQ(titlesFound(), "two of /home/ann/a.zmm;");
+  Autosave running(folder, clock);
+  running.adopt(std::move(findLostWork(folder).front()));
+  clear();
+  running.clean();
+  EXPECT_EQ(titlesFound(), "");
+  writeAside(running, "three");
+  fs::remove_all(folder);
+  writeAside(running, "four");
+  EXPECT_EQ(files(), 2);
+}
+
 // The child is killed while it writes as fast as it can; what it leaves is whole.
 TEST_F(AutosaveTest, aKilledProgramLeavesItsWorkToBeFound) {
   int found = 0;
@@ -137,7 +200,7 @@ TEST_F(AutosaveTest, aKilledProgramLeavesItsWorkToBeFound) {
           if (!autosave) autosave.emplace(folder, clock);
           writeAside(*autosave, "work");
         },
-        static_cast<unsigned>(200 * kill), kill % 2 == 0);
+        static_cast<unsigned>(200 * kill), kill % 2);
     for (LostWork& work : findLostWork(folder)) {
       const auto content = work.content();
       ASSERT_TRUE(content) << content.error().message();

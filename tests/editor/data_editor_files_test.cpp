@@ -1,14 +1,12 @@
 // New, Open, Save and Save As through the editor's window, and what goes wrong with files.
-#include <sys/resource.h>
 #include <sys/stat.h>
-#include <unistd.h>
 
-#include <csignal>
 #include <filesystem>
 
 #include "base/file_io.h"
 #include "editor/editor_file.h"
 #include "editor/editor_visit.h"
+#include "support/faults.h"
 
 namespace tolmer::test {
 namespace {
@@ -32,48 +30,18 @@ MessageBox badFile(const std::string& name) {
           MessageIcon::exclamation};
 }
 
+MessageBox changedElsewhere(const std::string& name) {
+  return {"File Changed",
+          "Another program has changed the file " + name + " since it was opened or saved here (" +
+              timeWritten(name) +
+              "). Do you want to overwrite it? Answer No to leave it as it is; Save As saves the "
+              "data to a different file.",
+          MessageIcon::exclamation, MessageButtons::yesNo};
+}
+
 MessageBox notSaved(const std::string& why) {
   return {"Save", "The data were not saved. " + why, MessageIcon::exclamation};
 }
-
-// While it lives, a file that grows beyond so many bytes fails as on a full disk.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t bytes) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    ::getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit small{bytes, before_.rlim_max};
-    ::setrlimit(RLIMIT_FSIZE, &small);
-  }
-  ~FullDisk() {
-    ::setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, SIG_DFL);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  rlimit before_{};
-};
-
-// While it lives, folders that are closed to others are closed to this program, too: root may write
-// anywhere.
-class Nobody {
- public:
-  Nobody() : before_(::geteuid()) {
-    if (before_ == 0) works_ = ::seteuid(65534) == 0;
-  }
-  ~Nobody() {
-    if (before_ == 0) works_ = ::seteuid(before_) == 0;
-  }
-  Nobody(const Nobody&) = delete;
-  Nobody& operator=(const Nobody&) = delete;
-  bool works() const { return works_; }
-
- private:
-  uid_t before_;
-  bool works_ = true;
-};
 
 class DataEditorFiles : public EditorVisit {
  protected:
@@ -301,6 +269,7 @@ TEST_F(DataEditorFiles, AFileThatVanishedMayBePutBackGivenUpOrWrittenAnew) {
     fileError(mine, missing, buttons, [&] {
       write(mine, fileWith(9));
       user.click("frmFileError", "cmdRetry");
+      script.box(changedElsewhere(mine), Answer::yes);
     });
     choose("File/Save");
     EXPECT_EQ(loadEditorFile(mine)->cells(1, 1).number, 2);
@@ -367,6 +336,11 @@ TEST_F(DataEditorFiles, AFullDiskOrAFolderThatTakesNothingKeepsTheSheetAndTheOld
       script.box(notSaved(mine + ": cannot be written: File too large"));
       click("cmdSave");
     }
+    {
+      const FailingCall flush(Call::fsync, EIO);
+      script.box(notSaved(mine + ": cannot be written: Input/output error"));
+      click("cmdSave");
+    }
     failsToSaveAs(mine + "/a.zmm", "Not a directory");  // a folder that is a file
     {
       const Nobody nobody;
@@ -388,6 +362,76 @@ TEST_F(DataEditorFiles, AFullDiskOrAFolderThatTakesNothingKeepsTheSheetAndTheOld
     EXPECT_TRUE(editor.visible());
     EXPECT_EQ(shown(1, 1), "2.000");
     cancel();
+  });
+}
+
+TEST_F(DataEditorFiles, AFileThatAnotherProgramChangedIsOverwrittenOnlyIfTheUserSaysSo) {
+  visit([&] {
+    fill({{"1"}});
+    saveTo(mine);
+    desktop.advance(1000);
+    const auto othersSave = [&](double value) { write(mine, fileWith(value)); };
+    type(1, 1, "2");
+    othersSave(9);
+    script.box(changedElsewhere(mine), Answer::no);
+    user.key("frmDataEditor", {.code = 'S', .control = true});
+    EXPECT_EQ(loadEditorFile(mine)->cells(1, 1).number, 9);
+    EXPECT_TRUE(editor.sheet().changeMade());
+    EXPECT_FALSE(isLit(editor.cmdSave));
+    script.box(changedElsewhere(mine), Answer::yes);
+    click("cmdSave");
+    EXPECT_EQ(loadEditorFile(mine)->cells(1, 1).number, 2);
+    type(1, 1, "3");
+    write(mine, bytesOf(mine));  // written anew, but nothing has changed
+    click("cmdSave");
+    // What was opened counts as known, and each file for itself.
+    othersSave(8);
+    opens(mine);
+    click("cmdOpen");
+    saveTo(folder.file("other.zmm"));
+    choose("Edit/Undo");  // the opening
+    type(1, 1, "4");
+    click("cmdSave");
+    EXPECT_EQ(loadEditorFile(mine)->cells(1, 1).number, 4);
+    othersSave(7);
+    type(1, 1, "5");
+    saveTo(mine);  // the file dialog has asked
+    EXPECT_EQ(loadEditorFile(mine)->cells(1, 1).number, 5);
+    click("cmdCancel");
+  });
+}
+
+TEST_F(DataEditorFiles, ABackslashInANameIsALetter) {
+  const std::string name = folder.file("sub\\mine.zmm");
+  const std::string text = folder.file("sub\\mine.csv");
+  fs::create_directory(folder.file("sub"));
+  visit([&] {
+    fill({{"1"}, {"2"}});
+    saveTo(text);
+    saveTo(name);
+    type(1, 1, "3");
+    click("cmdSave");
+    EXPECT_TRUE(fs::is_empty(folder.file("sub")));
+    EXPECT_EQ(bytesOf(text), "Var1\n1\n2\n");
+    type(1, 1, "4");
+    script.box(loadAnyway, Answer::yes);
+    opens(name);
+    click("cmdOpen");
+    EXPECT_EQ(shown(1, 1) + editor.caption(), "3.000Data Editor [sub\\mine.zmm]");
+    click("cmdCancel");
+  });
+}
+
+TEST_F(DataEditorFiles, TextThatCannotBeReadIsToldAndTheSheetStands) {
+  const std::string text = folder.file("huge.csv");
+  write(text, "1\n");
+  fs::resize_file(text, maxFileBytes + 1);
+  visit([&] {
+    opens(text);
+    script.box({"Bad File", text + ": is larger than 64 MB", MessageIcon::exclamation});
+    click("cmdOpen");
+    EXPECT_FALSE(editor.sheet().changeMade());
+    click("cmdCancel");
   });
 }
 

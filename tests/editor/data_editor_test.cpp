@@ -3,7 +3,10 @@
 
 #include <gmock/gmock.h>
 
+#include <chrono>
+#include <deque>
 #include <filesystem>
+#include <fstream>
 
 #include "base/file_io.h"
 #include "editor/editor_file.h"
@@ -11,6 +14,8 @@
 
 namespace tolmer::test {
 namespace {
+
+namespace fs = std::filesystem;
 
 using testing::HasSubstr;
 
@@ -221,7 +226,12 @@ class LostWork : public EditorVisit {
     std::string asked;
     own.onMessageBox = [&](const MessageBox& box) {
       if (asked.empty()) asked = box.title;
-      return box.title == saveFirst.title ? Answer::no : Answer::yes;
+      if (box.title == saveFirst.title) return Answer::no;
+      boxes.push_back(box.text);
+      if (answers.empty()) return Answer::yes;
+      const Answer answer = answers.front();
+      answers.pop_front();
+      return answer;
     };
     own.onSaveFile = [&](const FileQuestion&) { return folder.file("mine.zmm"); };
     own.onOpenFile = own.onSaveFile;
@@ -242,13 +252,98 @@ class LostWork : public EditorVisit {
   }
   static void nothing(frmDataEditor&, HeadlessDesktop&) {}
   // The first value of what lies aside while its program still runs.
-  std::optional<double> aside() {
-    for (const auto& entry : std::filesystem::directory_iterator(folder.path() + "/aside"))
+  std::optional<double> firstValueAside() {
+    for (const auto& entry : fs::directory_iterator(aside))
       if (entry.path().extension() == ".zmm")
         return editorFileContent(*readWholeFile(entry.path().string()))->sheet.cells(1, 1).number;
     return std::nullopt;
   }
+  static Actions sees(std::optional<double> value) {
+    return [value](frmDataEditor& next, HeadlessDesktop&) {
+      EXPECT_EQ(next.sheet().value(1, 1), value);
+    };
+  }
+  void leaveBehind(double value, const std::string& from = {}) {
+    Autosave crashed(aside, [time = 0]() mutable { return time += 10000; });
+    crashed.changed();
+    SheetContent content(editorObservations, editorVariables);
+    content.cells(1, 1) = {.kind = DataCell::Kind::number, .number = value};
+    ASSERT_FALSE(crashed.poll([&] { return content; }, from));
+  }
+  std::ptrdiff_t filesAside() { return std::distance(fs::directory_iterator(aside), {}); }
+
+  const std::string aside = folder.path() + "/aside";
+  std::deque<Answer> answers;      // to the next boxes but that for saving
+  std::vector<std::string> boxes;  // their texts
 };
+
+TEST_F(LostWork, IsThrownAwayByANoAndEachIsAskedAbout) {
+  leaveBehind(1);
+  leaveBehind(2);
+  leaveBehind(3);
+  double back = 0;
+  answers = {Answer::no, Answer::yes};
+  killedIn({[&](auto& next, auto&) {
+    back = *next.sheet().value(1, 1);
+    next.spdData.enter({2, 2}, "7");
+  }});
+  EXPECT_EQ(boxes.size(), 2u);
+  boxes.clear();
+  answers = {Answer::no, Answer::no};
+  killedIn({sees(std::nullopt)});
+  EXPECT_EQ(boxes.size(), 2u) << "what was brought back and changed, and the third";
+  EXPECT_TRUE(back == 1 || back == 2 || back == 3);
+  EXPECT_EQ(killedIn({nothing}), "");
+  EXPECT_EQ(filesAside(), 0);
+}
+
+TEST_F(LostWork, ThatCannotBeReadIsKeptOrDeletedAsTheUserSays) {
+  for (const Answer answer : {Answer::yes, Answer::no}) {
+    leaveBehind(1);
+    for (const auto& entry : fs::directory_iterator(aside))
+      if (entry.path().extension() == ".zmm") fs::resize_file(entry, 20);
+    answers = {answer};
+    boxes.clear();
+    killedIn({sees(std::nullopt)});
+    ASSERT_EQ(boxes.size(), 1u);
+    EXPECT_NE(boxes[0].find("is damaged or cut off: its last line is missing"), std::string::npos);
+    EXPECT_EQ(filesAside(), answer == Answer::yes ? 1 : 0);
+    if (answer == Answer::no) continue;
+    const std::string kept = fs::directory_iterator(aside)->path();
+    EXPECT_NE(boxes[0].find(kept), std::string::npos);
+    EXPECT_EQ(killedIn({nothing}), "") << "it is not asked about again";
+    fs::remove(kept);
+  }
+}
+
+TEST_F(LostWork, OfAFileThatChangedSinceDoesNotOverwriteItUnasked) {
+  const auto savesOver = [&](std::chrono::seconds later) {
+    const std::string file = folder.file("mine.zmm");
+    EXPECT_FALSE(saveEditorFile(file, SheetContent(editorObservations, editorVariables)));
+    leaveBehind(5, file);
+    fs::last_write_time(file, fs::last_write_time(file) + later);
+    answers = {Answer::yes, Answer::no};
+    boxes.clear();
+    killedIn({[](auto& next, auto&) { next.cmdSave.click(); }});
+    const bool saved = loadEditorFile(file)->cells(1, 1).number == 5;
+    if (!saved) findLostWork(aside).front().discard();
+    return saved;
+  };
+  EXPECT_TRUE(savesOver(std::chrono::seconds(-10)));
+  EXPECT_EQ(boxes.size(), 1u);
+  EXPECT_FALSE(savesOver(std::chrono::seconds(10)));
+  EXPECT_EQ(boxes.size(), 2u);
+}
+
+TEST_F(LostWork, ThatCannotBeWrittenAsideIsToldInTheStatusLine) {
+  std::ofstream(aside) << "a file where a folder should be";
+  killedIn({[](auto& next, auto& own) {
+    next.spdData.enter({2, 2}, "42");
+    own.advance(5000);
+    EXPECT_TRUE(next.lblStatus.caption().starts_with("The work could not be written aside: "))
+        << next.lblStatus.caption();
+  }});
+}
 
 TEST_F(LostWork, IsBroughtBackAtTheNextStart) {
   killedIn({[](auto& killed, auto&) { killed.spdData.enter({2, 2}, "42"); }});
@@ -300,13 +395,13 @@ TEST_F(LostWork, LiesAsideUntilItIsSavedOrThrownAwayInWords) {
     script.box(saveFirst, Answer::no);
     own->cmdOK.click();
   });
-  EXPECT_EQ(aside(), 7);
+  EXPECT_EQ(firstValueAside(), 7);
   visitOwn([&] {
     type(2, "9");
     script.box(saveFirst, Answer::no);
     own->cmdCancel.click();
   });
-  EXPECT_EQ(aside(), 7) << "back to what was never saved";
+  EXPECT_EQ(firstValueAside(), 7) << "back to what was never saved";
   visitOwn([&] {
     script.box("Data Changed",
                "The current data has not been saved. Do you want to clear the current data anyway?",
@@ -319,12 +414,12 @@ TEST_F(LostWork, LiesAsideUntilItIsSavedOrThrownAwayInWords) {
   savesAs(std::nullopt);
   script.box(beforeTheEnd, Answer::yes);
   EXPECT_FALSE(own->mayEndProgram());
-  EXPECT_EQ(aside(), 7);
+  EXPECT_EQ(firstValueAside(), 7);
   savesAs(folder.file("mine.zmm"));
   script.box(beforeTheEnd, Answer::yes);
   EXPECT_TRUE(own->mayEndProgram());
   EXPECT_TRUE(own->mayEndProgram()) << "nothing to ask about any more";
-  EXPECT_EQ(aside(), std::nullopt);
+  EXPECT_EQ(firstValueAside(), std::nullopt);
   EXPECT_EQ(loadEditorFile(folder.file("mine.zmm"))->cells(1, 1).number, 7);
   own->sheet().enter(1, 1, "8");
   script.box(beforeTheEnd, Answer::no);

@@ -12,10 +12,10 @@
 
 #include "base/file_io.h"
 #include "editor/editor_file_cell.h"
-#include "editor/killed_program.h"
 #include "editor/sheet_number.h"
 #include "editor/text_export.h"
 #include "editor/text_import.h"
+#include "support/killed_program.h"
 #include "support/temp_folder.h"
 
 namespace tolmer {

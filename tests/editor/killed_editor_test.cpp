@@ -8,8 +8,8 @@
 #include <random>
 
 #include "editor/data_editor.h"
-#include "editor/killed_program.h"
 #include "platform/headless/headless_desktop.h"
+#include "support/killed_program.h"
 #include "support/temp_folder.h"
 
 namespace tolmer::test {
@@ -18,6 +18,8 @@ namespace {
 constexpr int kills = 200;
 constexpr int saveEvery = 7;
 constexpr int secondsLost = 3;  // written aside at most every three, and looked at every second
+
+constexpr unsigned longestDelay = 1000;  // in microseconds: within the next second or two
 
 // Seen by the test and the program it kills. A number is entered each second.
 struct Progress {
@@ -70,7 +72,8 @@ TEST(KilledEditor, LosesSecondsAndNeverAFile) {
           if (!typist) typist.emplace(folder.path(), aside, progress);
           typist->oneSecond();
         },
-        std::uniform_int_distribution<unsigned>(0, 12000)(random));
+        std::uniform_int_distribution<unsigned>(0, longestDelay)(random),
+        std::uniform_int_distribution<int>(0, 2 * saveEvery)(random));
     int onDisk = 0;
     if (std::filesystem::exists(folder.file("mine.zmm"))) {
       const auto file = loadEditorFile(folder.file("mine.zmm"));

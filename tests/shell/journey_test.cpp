@@ -123,6 +123,22 @@ TEST_F(Journey, EveryEndAsksOnceAboutUnsavedDataOfOnesOwn) {
   EXPECT_THROW(user.close("mdiReg"), ProgramEnded);
 }
 
+TEST_F(Journey, LostWorkThatCannotBeReadIsToldAsSuch) {
+  const TempFolder aside;
+  const std::string work = aside.file("visit-abcdef.zmm");  // without its lock file
+  ASSERT_FALSE(writeFileAtomically(work, "damaged"));
+  module.parts().tAutosaveFolder = aside.path();
+  script.box("Unsaved Data",
+             "The program ended before the data in the Data Editor were saved (" +
+                 timeWritten(work) +
+                 "), and the copy that it kept of them cannot be read. Open the Data Editor from "
+                 "the Notebook to keep or delete it.");
+  script.window("frmOpeningBook");
+  script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdCancel"); });
+  script.box("Tolmer", "Exit module?", Answer::yes);
+  EXPECT_THROW(module.Main(), ProgramEnded);
+}
+
 TEST_F(Journey, CancelInTheDesignerGoesBackToTheNotebook) {
   script.window("frmOpeningBook");
   script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdOK"); });

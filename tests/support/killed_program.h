@@ -10,23 +10,22 @@
 
 namespace tolmer::test {
 
-// Runs `work` over and over in a process of its own, and kills that so many microseconds after the
-// work was first done, or after the start.
+// Runs `work` over and over in a process of its own, and kills that so many microseconds after it
+// has said that the work was done so many times: what it got done does not hang on how busy the
+// machine is.
 inline void killWhileWorking(const std::function<void()>& work, unsigned microseconds,
-                             bool afterFirst = true) {
+                             int timesDone = 1) {
   int ready[2];
   ASSERT_EQ(::pipe(ready), 0);
   const pid_t child = ::fork();
   ASSERT_GE(child, 0);
   if (child == 0) {
-    work();
-    if (::write(ready[1], "x", 1) != 1) ::_exit(1);
-    for (;;) work();
+    for (int times = 0;; ++times) {
+      work();
+      if (times < timesDone && ::write(ready[1], "x", 1) != 1) ::_exit(1);
+    }
   }
-  char byte = 0;
-  if (afterFirst) {
-    EXPECT_EQ(::read(ready[0], &byte, 1), 1);
-  }
+  for (char byte = 0; timesDone > 0; --timesDone) EXPECT_EQ(::read(ready[0], &byte, 1), 1);
   ::usleep(microseconds);
   ::kill(child, SIGKILL);
   EXPECT_EQ(::waitpid(child, nullptr, 0), child);
