@@ -42,10 +42,11 @@ void QuadrantManager::ShowInitialChildren() {
 }
 
 // All quadrants are emptied before the first is filled: a display of the start layout may stand in
-// the place of another.
+// the place of another. A maximised panel would have them lie over it.
 void QuadrantManager::RestoreInitialDisplays() {
   const UpdateLock lock(frame_);
   state_.bAllowUnload = true;
+  panel_.setState(WindowState::normal);
   for (const Place& place : startLayout) hideOccupant(place.iRow, place.iCol);
   for (const Place& place : startLayout)
     showInQuadrant(place.iRow, place.iCol, place.iCategory, place.iIndex);
