@@ -204,12 +204,21 @@ void MainFlow::changeModel() {
   if (state_.bModelHasChanged) parts_.analysis.RunAnalysis();
 }
 
+// A choice of data that is given up leaves the source of those in force, which the panel's button
+// leads to.
 void MainFlow::showNotebook() {
+  const Int16 iDataSource = state_.iDataSource;
+  const bool bUseDefaultData = state_.bUseDefaultData;
   do {
     state_.bNewDataRequested = false;
     parts_.notebook.ShowNotebook();
     parts_.desktop.doEvents();
-    if (parts_.notebook.LastAction() != NoteBook::closedByCancel) LoadModelAndData();
+    const bool bLeft = parts_.notebook.LastAction() == NoteBook::closedByCancel;
+    if (!bLeft) LoadModelAndData();
+    if (bLeft || state_.bNewDataRequested) {
+      state_.iDataSource = iDataSource;
+      state_.bUseDefaultData = bUseDefaultData;
+    }
   } while (state_.bNewDataRequested);
 }
 

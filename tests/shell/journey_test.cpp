@@ -9,6 +9,8 @@
 #include "platform/graph/graph.h"
 #include "platform/grid/grid.h"
 #include "shell/shipped_program.h"
+#include "support/designer_student.h"
+#include "support/stand_in_editor.h"
 #include "support/temp_folder.h"
 
 namespace tolmer::test {
@@ -172,6 +174,45 @@ TEST_F(Journey, TheNotebookComesBackAndCancelLeavesEverything) {
   user.click("frmControlPanel", "cmdShowNotebook");
   EXPECT_EQ(state().iCompletedFits, 1);
   EXPECT_EQ(user.window("frmEstCoef").tag(), "11");
+}
+
+TEST_F(Journey, AChoiceOfDataThatIsGivenUpLeavesTheSource) {
+  StandInEditor editor;
+  editor.cases = 6;
+  editor.variables = {{"x", {1, 2, 3, 4, 5, 7}}, {"y", {2, 4, 5, 4, 5, 9}}};
+  module.parts().editor = &editor;
+  startWithDefaultExample();
+  const auto choosePage = [&](int section, int page) {
+    script.window("frmNotebook", [this, section, page] {
+      module.parts().notebook.window().goTo(section, page);
+      user.click("frmNotebook", "cmdOK");
+    });
+  };
+  choosePage(5, 1);
+  script.window("frmModelDesign", [&] {
+    DesignerStudent(dynamic_cast<frmModelDesign&>(user.window("frmModelDesign")), 1).chooseModel();
+    user.click("frmModelDesign", "cmdOK");
+  });
+  user.click("frmControlPanel", "cmdShowNotebook");
+  ASSERT_EQ(state().iDataSource, dataEditor);
+
+  choosePage(4, 2);
+  script.window("frmModelDesign", [&] { user.click("frmModelDesign", "cmdCancel"); });
+  script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdCancel"); });
+  user.click("frmControlPanel", "cmdShowNotebook");
+  EXPECT_EQ(state().iDataSource, dataEditor);
+  const int shown = editor.shown;
+  editor.cancelled = true;
+  user.click("frmControlPanel", "cmdChangeDataSource");
+  EXPECT_EQ(editor.shown, shown + 1);
+}
+
+TEST_F(Journey, ARefitRestoresAMaximisedPanel) {
+  startWithDefaultExample();
+  user.maximise("frmControlPanel");
+  module.parts().analysis.RunAnalysis();
+  EXPECT_EQ(user.window("frmControlPanel").state(), WindowState::normal);
+  EXPECT_TRUE(user.window("frmResidHist").visible());
 }
 
 TEST_F(Journey, ThePanelCannotBeReplacedAndDisplaysCannotBeClosed) {
