@@ -181,7 +181,9 @@ void frmNotebook::outOutline_DblClick(int Index) {
   if (cmdOK.enabled()) cmdOK_Click();
 }
 
+// The box speaks of pressing OK, which a grey one does not allow.
 void frmNotebook::imgPicture_Click() {
+  if (!cmdOK.enabled()) return;
   tmrFlashOK.setEnabled(true);
   desktop().beep();
   desktop().doEvents();

@@ -299,6 +299,10 @@ TEST_F(NotebookWindow, aClickOnAPictureFlashesOKAndTellsThatItIsASample) {
         EXPECT_FALSE(window().tmrFlashOK.enabled());
         EXPECT_EQ(window().cmdOK.backColour(), colours::buttonFace);
         EXPECT_EQ(window().cmdOK.foreColour(), colours::buttonText);
+        window().cmdOK.setEnabled(false);
+        click("imgPicture(1)");
+        EXPECT_EQ(desktop.beeps(), 1) << "nothing to press";
+        window().cmdOK.setEnabled(true);
         click("cmdOK");
       },
       2, 3);
