@@ -46,7 +46,8 @@ class Desktop : public MessagePort {
 
   virtual Size screenSize() const = 0;  // twips, less what the system keeps for itself
   virtual Twips scrollBarThickness() const = 0;
-  virtual void popupMenu(MenuItem& menu, Window& window) = 0;  // at the mouse
+  // At the mouse where that is over the window, else (a key asked for it) in the window's middle.
+  virtual void popupMenu(MenuItem& menu, Window& window) = 0;
   virtual void beep() = 0;
   virtual void setBusyPointer(bool busy) = 0;
   virtual void setClipboard(const ClipboardContent& content) = 0;

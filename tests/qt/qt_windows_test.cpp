@@ -9,6 +9,7 @@
 #include <QMdiSubWindow>
 #include <QMessageBox>
 #include <QMimeData>
+#include <QPlainTextEdit>
 #include <QScrollArea>
 #include <QStyle>
 #include <QTest>
@@ -18,6 +19,7 @@
 #include "platform/button.h"
 #include "platform/label.h"
 #include "platform/menu.h"
+#include "platform/text_box.h"
 #include "support/qt_user.h"
 
 namespace tolmer::test {
@@ -44,6 +46,7 @@ struct OneChild : FrameWindow {
   QMdiSubWindow& sub() const { return dynamic_cast<QMdiSubWindow&>(widgetOf(child)); }
   MenuItem bar{nullptr, "bar"};
   MenuItem file{&bar, "mnuFile", "&File"};
+  MenuItem copy{&file, "mnuFileCopy", "&Copy"};
   Window child;
 };
 
@@ -110,6 +113,61 @@ TEST_F(QtWindowsTest, PopupMenuOpensAndChooses) {
     EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
   }
   EXPECT_EQ(copies, 2);
+}
+
+// A key asks for the menu while the mouse is anywhere.
+TEST_F(QtWindowsTest, PopupMenuOpensInsideItsWindow) {
+  OneChild frame(desktop);
+  MenuItem menu(nullptr, "mnuMenuTop");
+  MenuItem copy(&menu, "mnuHistoCopy", "&Copy");
+  const QRect child(frame.sub().mapToGlobal(QPoint()), frame.sub().size());
+  for (const QPoint& mouse : {child.bottomRight() + QPoint(90, 60), child.center()}) {
+    QCursor::setPos(mouse);
+    desktop.popupMenu(menu, frame.child);
+    QWidget* popup = QApplication::activePopupWidget();
+    ASSERT_NE(popup, nullptr);
+    EXPECT_EQ(popup->pos(), child.center());
+    popup->close();
+  }
+}
+
+TEST_F(QtWindowsTest, CopyKeyTakesWhatIsMarkedAndElseTheEntrysWords) {
+  OneChild frame(desktop);
+  frame.copy.setShortcut({.code = 'C', .control = true});
+  frame.copy.Click = [&] { desktop.setClipboard({.text = "all"}); };
+  Window second(desktop, "frmSecond", WindowStyle::child, "Second");
+  TextBox text(&second, "txt");
+  text.setPlace({0, 0, pixels(200), pixels(80)});
+  text.setMultiLine(true);
+  text.setReadOnly(true);
+  text.setText("one two");
+  frame.adopt(second);
+  second.setPlace({pixels(10), pixels(330), pixels(300), pixels(160)});
+  second.show();
+  text.setFocus();
+  desktop.settle();
+  auto& lines = dynamic_cast<QPlainTextEdit&>(widgetOf(text));
+  const auto copied = [&] {
+    user.key("mdi", {.code = 'C', .control = true});
+    return desktop.clipboardText();
+  };
+  EXPECT_EQ(copied(), "all");
+  lines.moveCursor(QTextCursor::Start);
+  lines.moveCursor(QTextCursor::EndOfWord, QTextCursor::KeepAnchor);
+  EXPECT_EQ(copied(), "one");
+}
+
+// Otherwise the two would part where the frame is minimised: the window manager is told the owner
+// as a window comes to the screen.
+TEST_F(QtWindowsTest, WindowThatWasThereBeforeTheFrameBelongsToItOnceShownAgain) {
+  Window hider(desktop, "frmHider", WindowStyle::bare);
+  hider.setPlace({0, 0, pixels(300), pixels(200)});
+  hider.show();
+  OneChild frame(desktop);
+  hider.show();
+  desktop.settle();
+  EXPECT_EQ(widgetOf(hider).windowHandle()->transientParent(), widgetOf(frame).windowHandle());
+  EXPECT_TRUE(widgetOf(hider).isVisible());
 }
 
 TEST_F(QtWindowsTest, FrameKeepsItsMaximisedState) {

@@ -33,6 +33,10 @@ class DialogPeer : public WindowPeer {
 
   void bringUp() override {
     if (!window().visible() || !widget()) return;
+    if (!dialog_->windowHandle()->transientParent() && mirror_.windows.top() != dialog_) {
+      dialog_->hide();
+      show(true);
+    }
     mirror_.windows.shown(window(), *widget());
     dialog_->raise();
     dialog_->activateWindow();

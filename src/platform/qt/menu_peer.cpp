@@ -111,13 +111,16 @@ void fillMenuBar(Mirror& mirror, QMenuBar& widget, MenuItem& bar) {
   }
 }
 
-void popUpMenu(Mirror& mirror, MenuItem& menu) {
+void popUpMenu(Mirror& mirror, MenuItem& menu, const QWidget* window) {
   if (!menu.peer()) {
     auto peer = std::make_unique<PopupPeer>(new QMenu);
     fillMenu(mirror, *peer->menu(), menu);
     menu.setPeer(std::move(peer));
   }
-  static_cast<PopupPeer*>(menu.peer())->menu()->popup(QCursor::pos());
+  QPoint place = QCursor::pos();
+  if (window && !window->rect().contains(window->mapFromGlobal(place)))
+    place = window->mapToGlobal(window->rect().center());
+  static_cast<PopupPeer*>(menu.peer())->menu()->popup(place);
 }
 
 }  // namespace tolmer

@@ -11,7 +11,8 @@ namespace tolmer {
 // Puts the entries of `bar` into the widget, once.
 void fillMenuBar(Mirror& mirror, QMenuBar& widget, MenuItem& bar);
 
-// Opens the menu at the mouse and returns at once; the choice arrives as the entry's Click.
-void popUpMenu(Mirror& mirror, MenuItem& menu);
+// Opens the menu at the mouse, or in the middle of `window` where the mouse is elsewhere, and
+// returns at once; the choice arrives as the entry's Click.
+void popUpMenu(Mirror& mirror, MenuItem& menu, const QWidget* window);
 
 }  // namespace tolmer

@@ -74,7 +74,9 @@ Twips QtDesktop::scrollBarThickness() const {
   return toTwips(QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent));
 }
 
-void QtDesktop::popupMenu(MenuItem& menu, Window&) { popUpMenu(mirror_, menu); }
+void QtDesktop::popupMenu(MenuItem& menu, Window& window) {
+  popUpMenu(mirror_, menu, ControlPeer::widgetOf(window));
+}
 
 void QtDesktop::beep() { QApplication::beep(); }
 

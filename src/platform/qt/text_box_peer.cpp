@@ -1,5 +1,6 @@
 #include "platform/text_box.h"
 
+#include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 #include <QScrollBar>
@@ -7,6 +8,7 @@
 #include <utility>
 
 #include "platform/qt/convert.h"
+#include "platform/qt/event_hook.h"
 #include "platform/qt/make_peer.h"
 
 namespace tolmer {
@@ -25,7 +27,10 @@ constexpr std::array<std::pair<int, Slider::SliderAction>, 6> scrollActions{
 class TextBoxPeer : public ControlPeer {
  public:
   TextBoxPeer(Mirror& mirror, TextBox& box, QWidget* ground)
-      : ControlPeer(mirror, box, ground), box_(box) {}
+      : ControlPeer(mirror, box, ground), box_(box), keyHook_([this](QEvent& event) {
+          if (event.type() == QEvent::ShortcutOverride) claim(static_cast<QKeyEvent&>(event));
+          return false;
+        }) {}
 
  private:
   QWidget* create(QWidget* ground) override {
@@ -41,10 +46,16 @@ class TextBoxPeer : public ControlPeer {
     }
     lines_ = new QPlainTextEdit(ground);
     lines_->setTabChangesFocus(true);
+    lines_->installEventFilter(&keyHook_);
     on(lines_, &QPlainTextEdit::textChanged, [this] { changedTo(lines_->toPlainText()); });
     on(lines_, &QPlainTextEdit::cursorPositionChanged, [this] { reportMarked(); });
     on(lines_, &QPlainTextEdit::selectionChanged, [this] { reportMarked(); });
     return lines_;
+  }
+  // The toolkit leaves the key for copying to the menu wherever several lines can only be read; but
+  // what is marked there is what the user wants.
+  void claim(QKeyEvent& event) const {
+    if (event.matches(QKeySequence::Copy) && lines_->textCursor().hasSelection()) event.accept();
   }
   void changedTo(const QString& text) {
     tell([&box = box_, utf8 = text.toStdString()] { box.setText(utf8); });
@@ -95,6 +106,7 @@ class TextBoxPeer : public ControlPeer {
   }
 
   TextBox& box_;
+  EventHook keyHook_;
   QLineEdit* line_ = nullptr;
   QPlainTextEdit* lines_ = nullptr;
 };
