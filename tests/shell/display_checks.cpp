@@ -2,29 +2,68 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
 #include <set>
 
 #include "displays/unattended_host.h"
 #include "platform/graph/graph.h"
-#include "platform/graph/svg_writer.h"
 #include "platform/grid/grid.h"
 #include "platform/headless/headless_desktop.h"
+#include "state/model_variables.h"
 
 namespace tolmer::test {
 namespace {
 
-std::string contentOf(const Graph* graph) {
-  return writeSvg(graph->picture(), "", graph->accessibleDescription());
-}
-std::string contentOf(const Grid* grid) {
-  std::string content;
-  for (int row = 1; row <= grid->maxRows(); ++row)
-    for (int col = 1; col <= grid->maxCols(); ++col) content += grid->text(row, col) + "\t";
-  return content;
-}
-std::string contentOf(const TextBox* box) { return box->text(); }
+// Numbers as they are, to the last bit.
+class Bytes {
+ public:
+  template <class... Numbers>
+  void add(Numbers... numbers) {
+    (text_.append(reinterpret_cast<const char*>(&numbers), sizeof numbers), ...);
+  }
+  void add(const std::string& text) { text_ += text + '\n'; }
+  void operator()(const BoxPrimitive& box) {
+    add(box.place.left, box.place.bottom, box.place.width, box.place.height);
+  }
+  void operator()(const LinePrimitive& line) {
+    for (const ViewPoint& point : line.points) add(point.x, point.y);
+    add(line.width, line.dashed);
+  }
+  void operator()(const SymbolPrimitive& symbol) {
+    add(symbol.centre.x, symbol.centre.y, symbol.diameter);
+  }
+  void operator()(const TextPrimitive& text) {
+    add(text.anchor.x, text.anchor.y, text.pixels);
+    add(text.text);
+  }
+  const std::string& text() const { return text_; }
 
-std::string contentOf(const DisplayWindow& display) {
+ private:
+  std::string text_;
+};
+
+using Content = std::variant<std::string, Sheet>;
+
+Content contentOf(const Graph* graph) {
+  Bytes bytes;
+  bytes.add(graph->accessibleDescription());
+  for (const Primitive& primitive : graph->picture().primitives) std::visit(bytes, primitive);
+  return bytes.text();
+}
+Content contentOf(const Grid* grid) { return grid->sheet(); }
+Content contentOf(const TextBox* box) { return box->text(); }
+
+// Line and caption of a plot follow the options at its last drawing, not those of now.
+Content dataOf(const DisplayWindow& plot) {
+  const GraphSettings& settings = plot.GraphPointer->settings;
+  Bytes bytes;
+  bytes.add(settings.x.title + settings.y.title);
+  for (const GraphPoint& point : settings.points) bytes.add(point.x, point.value);
+  return bytes.text();
+}
+
+Content contentOf(const DisplayWindow& display, DisplayId id) {
+  if (id.iCategory == scatterDisplays) return dataOf(display);
   return std::visit([](const auto* shown) { return contentOf(shown); }, display.shownControl());
 }
 
@@ -56,32 +95,28 @@ void expectPanelFitsPlots(ShellParts& parts) {
   EXPECT_EQ(panel.tmrFlashUpdate.enabled(), pending);
 }
 
-// Line and caption of a plot follow the options at its last drawing, not those of now.
-std::string dataOf(const DisplayWindow& plot) {
-  const GraphSettings& settings = plot.GraphPointer->settings;
-  std::string data = settings.x.title + "\n" + settings.y.title;
-  for (const GraphPoint& point : settings.points)
-    data += "\n" + std::to_string(point.x) + " " + std::to_string(point.value);
-  return data;
+void expectInPlace(const ShellParts& parts, const Window& child) {
+  const AnalysisState& state = parts.state;
+  const Rect place{child.tag()[1] == '1' ? 0 : state.sQuadrantWidth,
+                   child.tag()[0] == '1' ? 0 : state.sQuadrantHeight, state.sQuadrantWidth,
+                   state.sQuadrantHeight};
+  EXPECT_TRUE(child.place() == place) << child.name();
+  EXPECT_TRUE(child.state() != WindowState::maximised || parts.frame.activeChild() == &child)
+      << child.name() << " is maximised behind the others";
 }
 
 // The plots draw the choices of the plot that is current.
-void expectFreshDisplay(ShellParts& parts, const DisplayWindow& display, DisplayId id) {
+FreshDisplays::Drawn drawnAnew(AnalysisState& state, Size inner, DisplayId id) {
   HeadlessDesktop desktop;
   UnattendedHost host;
-  AnalysisState& state = parts.state;
   const Int16 iCurrentPlot = state.iCurrentPlot;
   AllDisplays displays(desktop, state, host);
   DisplayWindow& fresh = *displays.display(id.iCategory, id.iIndex);
   if (id.iCategory == scatterDisplays) state.iCurrentPlot = static_cast<Int16>(id.iIndex);
-  fresh.reportInnerSize({display.innerWidth(), display.innerHeight()});
+  fresh.reportInnerSize(inner);
   fresh.UpdateDisplay();
-  if (id.iCategory == scatterDisplays)
-    EXPECT_EQ(dataOf(display), dataOf(fresh)) << display.name();
-  else
-    EXPECT_EQ(contentOf(display), contentOf(fresh)) << display.name();
-  EXPECT_EQ(display.caption(), fresh.caption());
   state.iCurrentPlot = iCurrentPlot;
+  return {fresh.caption(), contentOf(fresh, id)};
 }
 
 }  // namespace
@@ -100,9 +135,11 @@ void expectSoundQuadrants(ShellParts& parts) {
     places.insert(display.tag());
   }
   EXPECT_EQ(places, (std::set<std::string>{"11", "21", "22"}));
+  places.insert("12");  // the panel's
   for (const Window* child : parts.frame.childWindows()) {
-    const auto* display = dynamic_cast<const DisplayWindow*>(child);
-    EXPECT_TRUE(!display || !display->visible() || places.contains(display->tag()));
+    if (!child->visible()) continue;
+    EXPECT_EQ(places.erase(child->tag()), 1U) << child->name() << " is one too many";
+    expectInPlace(parts, *child);
   }
   expectPanelFitsPlots(parts);
   EXPECT_TRUE(parts.state.bProcessResize);
@@ -110,10 +147,45 @@ void expectSoundQuadrants(ShellParts& parts) {
   EXPECT_EQ(parts.frame.updateLocks(), 0);
 }
 
-void expectFreshDisplays(ShellParts& parts) {
-  for (const DisplayId id : AllDisplays::ids())
-    if (parts.state.iDisplayState(id.iCategory, id.iIndex) == displayShown)
-      expectFreshDisplay(parts, *parts.displays.display(id.iCategory, id.iIndex), id);
+void expectSoundRecord(const AnalysisState& state) {
+  const int n = state.iNumCases, K = state.iNumPredictors, columns = state.iNumCols;
+  const auto has = [](const auto& array, int last) { return std::ssize(array) == last + 1; };
+  ASSERT_TRUE(isAnalysed(state) && n > 0 && K > 0);
+  ASSERT_TRUE(state.sData.lastRow() == n && state.sData.lastColumn() == columns);
+  ASSERT_TRUE(has(state.tVarName, columns) && has(state.tVarDesc, columns));
+  ASSERT_TRUE(has(state.tCaseLabel, n) && has(state.iModelCol, K + 2) &&
+              has(state.iVarType, K + 1));
+  ASSERT_TRUE(has(state.Fit.sFitted, n) && has(state.sSortedResid, n) && has(state.sVIF, K));
+  ASSERT_EQ(state.iNumTerms, state.bUseIntercept ? K + 1 : K);
+  ASSERT_TRUE(has(state.Fit.sCoef, state.iNumTerms) && has(state.iTermCol, state.iNumTerms + 1));
+  std::set<Int16> model(state.iModelCol.begin() + 1, state.iModelCol.end() - 1);
+  ASSERT_EQ(std::ssize(model), K + 1) << "a variable twice";
+  ASSERT_TRUE(*model.begin() >= 1 && *model.rbegin() <= columns);
+  for (int i = 1; i <= n; ++i)
+    for (int j = 0; j <= columns; ++j)
+      ASSERT_TRUE(j == 0 ? state.sData(i, 0) == 1 : std::isfinite(state.sData(i, j))) << i << j;
 }
+
+void FreshDisplays::expectShown(ShellParts& parts) {
+  constexpr int onceInAWhile = 64;
+  AnalysisState& state = parts.state;
+  if (state.iCompletedFits != fits_ || ++looks_ % onceInAWhile == 0) drawn_.clear();
+  fits_ = state.iCompletedFits;
+  for (const DisplayId id : AllDisplays::ids()) {
+    if (state.iDisplayState(id.iCategory, id.iIndex) != displayShown) continue;
+    const DisplayWindow& display = *parts.displays.display(id.iCategory, id.iIndex);
+    const bool isPlot = id.iCategory == scatterDisplays;
+    const auto plot = static_cast<std::size_t>(isPlot ? id.iIndex : 0);
+    const Size inner{display.innerWidth(), display.innerHeight()};
+    const Key key{id.iCategory,          id.iIndex,   state.iPlotXVar[plot],
+                  state.iPlotYVar[plot], inner.width, inner.height};
+    auto at = drawn_.find(key);
+    if (at == drawn_.end()) at = drawn_.emplace(key, drawnAnew(state, inner, id)).first;
+    EXPECT_TRUE(contentOf(display, id) == at->second.content) << display.name();
+    EXPECT_EQ(display.caption(), at->second.caption);
+  }
+}
+
+void expectFreshDisplays(ShellParts& parts) { FreshDisplays().expectShown(parts); }
 
 }  // namespace tolmer::test

@@ -1,10 +1,7 @@
-// All displays in all quadrants, by both menus; and a student who does anything.
+// All displays in all quadrants, by both menus.
 #include <gmock/gmock.h>
 
-#include <random>
-
 #include "platform/graph/graph.h"
-
 #include "shell/display_checks.h"
 #include "shell/shipped_program.h"
 
@@ -124,103 +121,6 @@ TEST_F(DisplayMenus, ARefitShowsNewNumbersEverywhere) {
     replaceByPopup("21", id);
     expectFreshDisplays(parts());
   }
-}
-
-// Always the same student for the same seed.
-class RandomStudent {
- public:
-  RandomStudent(ShellParts& parts, HeadlessUser& user, Script& script, HeadlessDesktop& desktop,
-                unsigned seed)
-      : parts_(parts), user_(user), script_(script), desktop_(desktop), random_(seed) {
-    desktop_.onPopupMenu = [this](MenuItem&, Window&) { choose(parts_.menus.displays); };
-  }
-
-  void act() {
-    switch (upTo(11)) {
-      case 0:
-      case 1:
-        return user_.rightClick(child().name());
-      case 2:
-      case 3:
-        child().activate();
-        parts_.frame.mnuWindow.click();
-        return choose(parts_.frame.displays);
-      case 4:
-        return clickOnDisplay();
-      case 5:
-        return chooseAxis(upTo(1) ? parts_.panel.cboXAxisVar : parts_.panel.cboYAxisVar);
-      case 6:
-        if (parts_.panel.cmdUpdateGraphs.canBeUsed())
-          user_.click("frmControlPanel", "cmdUpdateGraphs");
-        return;
-      case 7:
-        return (upTo(1) ? parts_.frame.mnuShowRegression : parts_.frame.mnuShowCorrelation).click();
-      case 8:
-        return upTo(2) ? parts_.frame.toggleMaximised() : parts_.frame.activateNext(upTo(1) == 1);
-      case 9:
-        return parts_.frame.reportInnerSize({pixels(static_cast<float>(200 + upTo(1800))),
-                                             pixels(static_cast<float>(100 + upTo(900)))});
-      case 10:
-        desktop_.advance(upTo(1200));
-        return parts_.frame.mnuEditCopy.click();
-      default:
-        if (upTo(9) == 0) changeModel();
-    }
-  }
-
- private:
-  int upTo(int most) { return std::uniform_int_distribution<int>(0, most)(random_); }
-  Window& child() {
-    std::vector<Window*> shown;
-    for (Window* window : parts_.frame.childWindows()) {
-      if (!window->visible()) continue;
-      if (window->state() == WindowState::maximised) return *window;  // covers the others
-      shown.push_back(window);
-    }
-    return *shown[static_cast<std::size_t>(upTo(static_cast<int>(shown.size()) - 1))];
-  }
-  void choose(DisplayMenu& menu) {
-    const auto ids = AllDisplays::ids();
-    const DisplayId id = ids[static_cast<std::size_t>(upTo(static_cast<int>(ids.size()) - 1))];
-    MenuItem& entry = *menu.entry(id.iCategory, id.iIndex);
-    if (entry.enabled()) entry.click();
-  }
-  void clickOnDisplay() {
-    const auto* display = dynamic_cast<DisplayWindow*>(&child());
-    if (!display) return;
-    user_.click(display->name(),
-                display->GraphPointer ? display->GraphPointer->name() : std::string());
-  }
-  void chooseAxis(ComboBox& list) {
-    if (list.canBeUsed())
-      user_.choose(
-          "frmControlPanel", list.name(),
-          list.items()[static_cast<std::size_t>(upTo(static_cast<int>(list.items().size()) - 1))]);
-  }
-  void changeModel() {
-    script_.window("frmModelDesign", [&] {
-      user_.click("frmModelDesign", "chkUseIntercept");
-      user_.click("frmModelDesign", "cmdOK");
-    });
-    user_.click("frmControlPanel", "cmdChangeModel");
-  }
-
-  ShellParts& parts_;
-  HeadlessUser& user_;
-  Script& script_;
-  HeadlessDesktop& desktop_;
-  std::mt19937 random_;
-};
-
-TEST_F(DisplayMenus, HoldUnderARandomStudent) {
-  RandomStudent student(parts(), user, script, desktop, 17);
-  for (int action = 1; action <= 10000; ++action) {
-    student.act();
-    expectSoundQuadrants(parts());
-    if (action % 40 == 0) expectFreshDisplays(parts());
-    if (HasFailure()) FAIL() << "after action " << action;
-  }
-  EXPECT_THAT(desktop.boxes(), testing::IsEmpty());
 }
 
 }  // namespace

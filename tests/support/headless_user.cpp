@@ -74,18 +74,23 @@ void pressEnter(Window& window) {
   if (target && target->canBeUsed()) press(*target);
 }
 
-// Are keys that edit text the business of the control?
-bool editsText(const Control* focus) {
+// Are keys that edit text the business of the control? Text that can only be read keeps the key for
+// copying while some of it is marked.
+bool editsText(const Control* focus, const KeyPress& key) {
   if (!focus) return false;
+  if (const auto* box = dynamic_cast<const TextBox*>(focus))
+    return !box->readOnly() || (key.code == 'C' && box->marked().length > 0);
   const auto* grid = dynamic_cast<const EditGrid*>(focus);
-  return focus->kind() == ControlKind::textBox || (grid && grid->editMode());
+  return grid && grid->editMode();
 }
 
+// A child's menu is the frame's.
 bool pressShortcut(Window& window, const KeyPress& key) {
-  MenuItem* entry = window.menuBar() ? window.menuBar()->withShortcut(key) : nullptr;
+  MenuItem* bar = (window.frame() ? *window.frame() : window).menuBar();
+  MenuItem* entry = bar ? bar->withShortcut(key) : nullptr;
   const bool isTextKey = key.control && std::string_view("ACVXYZ").find(
                                             static_cast<char>(key.code)) != std::string_view::npos;
-  if (!entry || !entry->enabled() || (isTextKey && editsText(window.focus()))) return false;
+  if (!entry || !entry->enabled() || (isTextKey && editsText(window.focus(), key))) return false;
   entry->click();
   return true;
 }
@@ -155,6 +160,10 @@ void HeadlessUser::doKey(Window& window, const KeyPress& key) {
   if (pressShortcut(window, key)) return;
   bool taken = false;
   Control* focus = window.focus();
+  if (auto* box = dynamic_cast<TextBox*>(focus); box && key.control && key.code == 'C') {
+    if (box->marked().length > 0) desktop_.setClipboard({.text = box->markedText()});
+    return;
+  }
   auto* grid = focus && focus->kind() == ControlKind::grid ? static_cast<Grid*>(focus) : nullptr;
   if (focus) raise(focus->KeyDown, key, taken);
   // As the filter of the screen's keys does.
