@@ -25,6 +25,21 @@ Error systemError(const std::string& fileName, std::string_view what, int code) 
   return {fileName, std::string(what) + ": " + std::generic_category().message(code)};
 }
 
+// A pipe would be waited for, and a device might be read for ever.
+Result<File> openRegularFile(const std::string& name, struct stat& about) {
+  const int descriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
+  if (descriptor < 0) return systemError(name, "cannot be opened", errno);
+  File file(::fdopen(descriptor, "rb"));
+  if (!file || ::fstat(descriptor, &about) != 0) {
+    const int reason = errno;
+    if (!file) ::close(descriptor);
+    return systemError(name, "cannot be opened", reason);
+  }
+  if (S_ISDIR(about.st_mode)) return Error{name, "is a folder, not a file"};
+  if (!S_ISREG(about.st_mode)) return Error{name, "is a pipe or a device, not a file"};
+  return file;
+}
+
 bool writeAll(int descriptor, std::string_view bytes) {
   while (!bytes.empty()) {
     const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
@@ -184,17 +199,27 @@ std::optional<Error> writeInPlace(const Target& target, std::string_view bytes) 
 
 }  // namespace
 
-Result<std::string> readWholeFile(const std::string& hostFileName) {
-  const File file(std::fopen(hostFileName.c_str(), "rb"));
-  if (!file) return systemError(hostFileName, "cannot be opened", errno);
+Result<std::string> readWholeFile(const std::string& hostFileName, std::size_t limit) {
+  struct stat about {};
+  const auto file = openRegularFile(hostFileName, about);
+  if (!file) return file.error();
+  const Error tooLarge{hostFileName, "is larger than " + std::to_string(limit >> 20) + " MB"};
+  const auto expected = static_cast<std::size_t>(about.st_size);  // the system's own files say 0
+  if (expected > limit) return tooLarge;
   std::string bytes;
+  bytes.reserve(expected);
   std::array<char, 1 << 14> buffer;
-  while (const std::size_t got = std::fread(buffer.data(), 1, buffer.size(), file.get())) {
+  while (const std::size_t got = std::fread(buffer.data(), 1, buffer.size(), file->get())) {
     bytes.append(buffer.data(), got);
-    if (bytes.size() > maxFileBytes) return Error{hostFileName, "is larger than 64 MB"};
+    if (bytes.size() > limit) return tooLarge;
   }
-  if (std::ferror(file.get())) return systemError(hostFileName, "cannot be read", errno);
+  if (std::ferror(file->get())) return systemError(hostFileName, "cannot be read", errno);
   return bytes;
+}
+
+bool isRegularFile(const std::string& hostFileName) {
+  std::error_code none;
+  return std::filesystem::is_regular_file(hostFileName, none);
 }
 
 std::optional<Error> writeFileAtomically(const std::string& hostFileName, std::string_view bytes) {

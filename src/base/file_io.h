@@ -15,9 +15,14 @@ namespace tolmer {
 // the memory.
 inline constexpr std::size_t maxFileBytes = std::size_t{64} << 20;
 
-// The bytes of a file, named in the host's spelling. The error names the file and the system's
-// reason.
-Result<std::string> readWholeFile(const std::string& hostFileName);
+// The bytes of a regular file (or a link to one), named in the host's spelling. Anything else that
+// has a name, and a file of more than `limit` bytes, is refused unread. The error names the file
+// and the reason.
+Result<std::string> readWholeFile(const std::string& hostFileName,
+                                  std::size_t limit = maxFileBytes);
+
+// Whether there is such a file. False where the folder cannot be looked into.
+bool isRegularFile(const std::string& hostFileName);
 
 // Writes beside the target, flushes to disk and renames over it, so that a crash or a full disk
 // leaves the old file whole. A replaced file keeps owner, group, mode, access list and other names;

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tolmer {
 namespace {
@@ -64,6 +65,14 @@ std::size_t characterLength(std::string_view bytes, std::size_t start) {
   return lead.following + 1;
 }
 
+// A control character that is no tab or line end. U+0080 to U+009F are led by 0xC2.
+bool acts(std::string_view character) {
+  const Byte first = static_cast<Byte>(character[0]);
+  if (character.size() == 2) return first == 0xC2 && static_cast<Byte>(character[1]) < 0xA0;
+  const bool breaks = first == '\t' || first == '\r' || first == '\n';
+  return first == 0x7F || (first < 0x20 && !breaks);
+}
+
 }  // namespace
 
 bool isUtf8(std::string_view bytes) {
@@ -112,6 +121,32 @@ std::string utf8FromFile(std::string bytes) {
       return utf8FromUtf16(std::string_view(bytes).substr(2), mark[0] == '\xFF');
   if (bytes.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
   return isUtf8(bytes) ? bytes : utf8FromWindows1252(bytes);
+}
+
+std::string withoutControls(std::string text) {
+  const std::string_view all = text;
+  std::size_t end = 0;
+  for (std::size_t at = 0; at < all.size();) {
+    const std::size_t length = characterLength(all, at);
+    const bool shows = length > 0 && !acts(all.substr(at, length));
+    if (!shows) text[end++] = '?';
+    for (std::size_t i = 0; shows && i < length; ++i) text[end++] = text[at + i];
+    at += std::max<std::size_t>(length, 1);
+  }
+  text.resize(end);
+  return text;
+}
+
+std::string onOneLine(std::string text) {
+  std::string line;
+  for (const char c : withoutControls(std::move(text))) {
+    const bool breaks = c == '\r' || c == '\n' || c == '\t';
+    if (!breaks)
+      line += c;
+    else if (!line.ends_with(' '))
+      line += ' ';
+  }
+  return line;
 }
 
 std::size_t utf8Prefix(std::string_view text, std::size_t characters) {

@@ -23,6 +23,14 @@ std::string utf8FromUtf16(std::string_view bytes, bool lowByteFirst);
 // says so, else as UTF-8 where it is valid UTF-8 and as Windows-1252 where it is not.
 std::string utf8FromFile(std::string bytes);
 
+// Text that does nothing where it is shown but be read: control characters (C0 but for tab and
+// line ends, DEL, C1) and bytes that are no UTF-8 become question marks.
+std::string withoutControls(std::string text);
+
+// The same on one line: tabs and line ends become a blank. For what goes to a terminal within a
+// sentence: names, cells, file names.
+std::string onOneLine(std::string text);
+
 // The number of bytes that the first `characters` characters of `text` take, at most all of them.
 std::size_t utf8Prefix(std::string_view text, std::size_t characters);
 

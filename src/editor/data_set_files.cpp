@@ -75,7 +75,9 @@ OpenOutcome DataSetFiles::openFile(const std::string& name) {
 }
 
 bool DataSetFiles::openText(const std::string& name) {
-  const auto bytes = readWholeFile(name);
+  // Many times what a full sheet needs; a longer text could only be refused, after a long look.
+  constexpr std::size_t most = std::size_t{2} << 20;
+  const auto bytes = readWholeFile(name, most);
   if (!bytes) {
     desktop_.messageBox(
         {.title = "Bad File", .text = bytes.error().message(), .icon = MessageIcon::exclamation});

@@ -9,6 +9,8 @@
 #include <string_view>
 #include <utility>
 
+#include "base/file_io.h"
+
 namespace tolmer {
 namespace {
 
@@ -18,6 +20,7 @@ constexpr std::size_t mostBytes = 4096;     // comments may stand before the tag
 constexpr std::string_view blanks = " \t\r\n";
 
 std::string firstBytes(const std::string& hostFile) {
+  if (!isRegularFile(hostFile)) return {};
   std::string bytes(mostBytes, '\0');
   std::ifstream file(hostFile, std::ios::binary);
   file.read(bytes.data(), mostBytes);

@@ -1,6 +1,6 @@
 #include "shell/menu_commands.h"
 
-#include <filesystem>
+#include "base/file_io.h"
 
 namespace tolmer {
 
@@ -73,7 +73,7 @@ long MenuCommands::topicOf(const DisplayWindow& display) {
 
 void MenuCommands::mnuFileWorktext_Click() {
   const std::string worktext = parts_.tProgramFolder + "/Worktext/Ch17.pdf";
-  if (!std::filesystem::exists(worktext)) {
+  if (!isRegularFile(worktext)) {
     parts_.desktop.messageBox(
         {.title = "Worktext not Found",
          .text = "Either your Zelmar CD has been removed from your CD reader or your Worktext "

@@ -167,8 +167,24 @@ TEST_F(FileIo, aFailedReadNamesTheFileAndTheReason) {
   ASSERT_FALSE(missing);
   EXPECT_EQ(missing.error().message(),
             (folder / "none").string() + ": cannot be opened: No such file or directory");
-  EXPECT_FALSE(readWholeFile(folder));
-  EXPECT_EQ(readWholeFile("/dev/zero").error().text, "is larger than 64 MB");
+  EXPECT_EQ(readWholeFile(folder).error().text, "is a folder, not a file");
+}
+
+// Whoever opened a pipe without a writer would wait for ever.
+TEST_F(FileIo, onlyRegularFilesOfTheRightSizeAreRead) {
+  const std::string pipe = folder / "pipe", link = folder / "link", large = folder / "large";
+  ASSERT_EQ(::mkfifo(pipe.c_str(), 0600), 0);
+  fs::create_symlink(pipe, link);
+  for (const std::string& name : {pipe, link, std::string("/dev/zero")})
+    EXPECT_EQ(readWholeFile(name).error().text, "is a pipe or a device, not a file") << name;
+  ASSERT_FALSE(writeFileAtomically(large, std::string((1 << 20) + 1, 'x')));
+  EXPECT_EQ(readWholeFile(large, 1 << 20).error().text, "is larger than 1 MB");
+  fs::remove(link);
+  fs::create_symlink(large, link);
+  EXPECT_EQ(readWholeFile(link)->size(), (1U << 20) + 1);
+  fs::create_symlink(folder / "loop", folder / "loop");
+  EXPECT_FALSE(isRegularFile(folder / "loop"));
+  EXPECT_GT(readWholeFile("/proc/self/status")->size(), 0U) << "the system says its size is 0";
 }
 
 }  // namespace

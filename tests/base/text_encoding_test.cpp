@@ -49,5 +49,13 @@ TEST(Prefix, countsCharactersAndNotBytes) {
   EXPECT_EQ(utf8Prefix("", 1), 0u);
 }
 
+TEST(TextEncoding, nothingThatActsOnATerminalIsKept) {
+  EXPECT_EQ(withoutControls("a\x1b[31m\x7f\xC2\x9b\xC2\x80\xC2\xA0\t\r\nä"),
+            "a?[31m???\xC2\xA0\t\r\nä");
+  EXPECT_EQ(withoutControls("\x9b\xE4\xC2"), "???") << "no UTF-8: the first byte acts as it is";
+  EXPECT_EQ(withoutControls(std::string("\0x", 2)), "?x");
+  EXPECT_EQ(onOneLine("a\r\n\tb\x1b"), "a b?");
+}
+
 }  // namespace
 }  // namespace tolmer

@@ -2,6 +2,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/file_io.h"
 #include "displays/display_window.h"
 #include "editor/sheet_headings.h"
 #include "notebook/note_splash.h"
@@ -52,10 +53,38 @@ TEST_F(Journey, WorktextThatIsMissingIsToldAndCopyTakesTheFittedModel) {
              "Either your Zelmar CD has been removed from your CD reader or your Worktext files "
              "have been moved!");
   user.menu("mdiReg", "File/View Worktext");
+
+  // A folder that cannot be looked into.
+  const TempFolder course;
+  std::filesystem::create_symlink("Worktext", course.file("Worktext"));
+  module.parts().tProgramFolder = course.path();
+  script.box("Worktext not Found",
+             "Either your Zelmar CD has been removed from your CD reader or your Worktext files "
+             "have been moved!");
+  user.menu("mdiReg", "File/View Worktext");
   module.parts().frame.activate(module.parts().panel);
   module.parts().panel.txtFittedModel.setFocus();
   user.menu("mdiReg", "Edit/Copy");
   EXPECT_EQ(desktop.clipboard().text, module.parts().panel.txtFittedModel.text());
+}
+
+TEST_F(Journey, WorktextIsHandedToTheProgramThatOpensItOrItsPathIsTold) {
+  startWithDefaultExample();
+  const TempFolder course;
+  std::filesystem::create_directory(course.file("Worktext"));
+  const std::string worktext = course.file("Worktext/Ch17.pdf");
+  ASSERT_FALSE(writeFileAtomically(worktext, "%PDF"));
+  module.parts().tProgramFolder = course.path();
+  std::string opened;
+  desktop.onOpenDocument = [&](const std::string& path) {
+    opened = path;
+    return true;
+  };
+  user.menu("mdiReg", "File/View Worktext");
+  EXPECT_EQ(opened, worktext);
+  desktop.onOpenDocument = nullptr;
+  script.box("Worktext", "No program of this computer opens " + worktext + ".");
+  user.menu("mdiReg", "File/View Worktext");
 }
 
 TEST_F(Journey, CancelInTheNotebookAsksAndStaysOnNo) {

@@ -26,6 +26,8 @@ class HeadlessDesktop : public Desktop {
   // window without onModal waits for its timers alone.
   std::function<Answer(const MessageBox&)> onMessageBox;
   std::function<void(Window&)> onModal;
+  // Whether some program opens the document; none does without it.
+  std::function<bool(const std::string&)> onOpenDocument;
   std::function<void(MenuItem&, Window&)> onPopupMenu;
   // The path that is chosen, or nothing. Unset, a dialog is an exception that names it.
   std::function<std::optional<std::string>(const FileQuestion&)> onOpenFile;
@@ -60,7 +62,9 @@ class HeadlessDesktop : public Desktop {
   std::optional<ChosenFile> saveFileDialog(const FileQuestion& question) override;
   void showHelp(const HelpRequest& request) override { helpRequests_.push_back(request); }
   bool activateProgram(const std::string&) override { return false; }
-  bool openDocument(const std::string&) override { return false; }
+  bool openDocument(const std::string& path) override {
+    return onOpenDocument && onOpenDocument(path);
+  }
   [[noreturn]] void endProgram(int status) override;
 
  private:

@@ -6,6 +6,7 @@
 #include <QScrollBar>
 #include <QTextDocument>
 
+#include "base/file_io.h"
 #include "help/topic_page.h"
 #include "platform/qt/theme.h"
 
@@ -67,6 +68,7 @@ QVariant HelpPage::loadResource(int type, const QUrl& name) {
 
 // As many dots as the screen has, so that lines stay sharp on a fine one.
 QImage HelpPage::picture(const QString& name) const {
+  if (!isRegularFile((folder_ + "/" + name).toStdString())) return {};
   QImageReader reader(folder_ + "/" + name);
   const qreal dots = devicePixelRatioF();
   if (reader.format() == "svg") reader.setScaledSize((QSizeF(reader.size()) * dots).toSize());

@@ -4,6 +4,7 @@
 #include <QPainter>
 #include <QPixmapCache>
 
+#include "base/file_io.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/make_peer.h"
 
@@ -44,6 +45,7 @@ class PictureWidget : public QWidget {
   }
 
   void read(QSize room, double ratio) {
+    if (!isRegularFile(file_.toStdString())) return;
     // The named format spares a look at every format the system knows.
     QImageReader reader(file_, file_.endsWith(".svg", Qt::CaseInsensitive) ? "svg" : "png");
     reader.setAutoDetectImageFormat(false);
