@@ -3,8 +3,8 @@
 #include <cstdlib>
 #include <string>
 
+#include "base/checksum.h"
 #include "editor/editor_file.h"
-#include "editor/editor_file_cell.h"
 
 namespace {
 
@@ -12,11 +12,8 @@ constexpr int observations = 6;
 constexpr int variables = 4;
 
 // The check sum keeps all but a few inputs from the lines behind it; so it is put right.
-std::string withRightCheck(std::string lines) {
-  const std::uint32_t sum = tolmer::editorFileChecksum(lines);
-  lines += "crc ";
-  for (int shift = 28; shift >= 0; shift -= 4) lines += "0123456789ABCDEF"[(sum >> shift) & 15];
-  return lines + "\n";
+std::string withRightCheck(const std::string& lines) {
+  return lines + "crc " + tolmer::checksumText(lines) + "\n";
 }
 
 void tryFile(const std::string& bytes) {

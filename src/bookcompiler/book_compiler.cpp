@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "base/file_io.h"
+#include "base/text_encoding.h"
 #include "bookcompiler/source_keywords.h"
 #include "bookcompiler/source_lines.h"
 #include "bookcompiler/student_view.h"
@@ -40,8 +41,19 @@ std::string folderOf(const std::string& file) {
   return folder.empty() ? "." : folder;
 }
 
-void checkFiles(const SourcedBook& sourced, const CourseFolders& folders, Complaints& complaints) {
-  for (const DataSetClaim& claim : sourced.dataSets) checkDataSet(claim, folders, complaints);
+// What the files hold goes into the scenario's parameters.
+void checkFiles(SourcedBook& sourced, const CourseFolders& folders, Complaints& complaints) {
+  for (const DataSetClaim& claim : sourced.dataSets) {
+    const auto found = checkDataSet(claim, folders, complaints);
+    if (!found) continue;
+    Book& book = sourced.book;
+    auto& parameter =
+        (claim.scenario == 0 ? book.uDefaultScenario : book.uScenario[claim.scenario]).tParameter;
+    parameter[5] = std::to_string(found->cases);
+    parameter[6] = std::to_string(found->columns);
+    parameter[8] = stampText(found->dataStamp);
+    if (found->infoStamp) parameter[9] = stampText(*found->infoStamp);
+  }
   for (const FileClaim& file : sourced.courseFiles)
     checkCourseFile(file.line, file.name, folders, complaints);
   for (const FileClaim& file : sourced.pictures)
@@ -53,7 +65,7 @@ void checkFiles(const SourcedBook& sourced, const CourseFolders& folders, Compla
 CompiledBook compileBook(std::string_view source, const CourseFolders& folders) {
   Complaints complaints;
   const auto entries = parseSource(source, complaints);
-  const SourcedBook sourced = buildBook(entries, complaints);
+  SourcedBook sourced = buildBook(entries, complaints);
   checkFiles(sourced, folders, complaints);
   // references are right only where there are no errors
   if (!complaints.hasErrors()) warnForStudents(sourced, folders, complaints);
@@ -71,16 +83,17 @@ int compileNotebook(const std::vector<std::string>& arguments, std::string& repo
   }
   const auto source = readWholeFile(parsed->source);
   if (!source) {
-    report += source.error().message() + "\n";
+    report += onOneLine(source.error().message()) + "\n";
     return 1;
   }
   const auto compiled = compileBook(*source, {parsed->root, folderOf(parsed->output)});
   for (const Complaint& complaint : compiled.complaints)
-    report += parsed->source + ":" + std::to_string(complaint.line) + ": " +
-              (complaint.isWarning ? "warning: " : "") + complaint.text + "\n";
+    report += onOneLine(parsed->source + ":" + std::to_string(complaint.line) + ": " +
+                        (complaint.isWarning ? "warning: " : "") + complaint.text) +
+              "\n";
   if (compiled.hasErrors) return 1;
   if (const auto error = writeFileAtomically(parsed->output, compiled.objectText)) {
-    report += error->message() + "\n";
+    report += onOneLine(error->message()) + "\n";
     return 1;
   }
   return 0;

@@ -1,5 +1,7 @@
 #include "bookcompiler/scenario_text.h"
 
+#include <algorithm>
+
 #include "fieldfile/number_text.h"
 
 namespace tolmer {
@@ -35,8 +37,14 @@ class ParameterReader {
          std::to_string(highest) + ", not \"" + text + "\"");
     return 0;
   }
+  // 0 for an empty text.
+  Int16 size(const std::string& text, const char* what, int highest) {
+    return text.empty() ? Int16{0} : number(text, what, 1, highest);
+  }
   std::string path(const std::string& text, const char* what) {
     if (!text.starts_with('\\')) fail(std::string(what) + " must begin with a backslash");
+    if (leavesItsFolder(text))
+      fail(std::string(what) + " must not lead out of the course by \"..\"");
     return text;
   }
   void fail(std::string text) {
@@ -52,6 +60,15 @@ class ParameterReader {
 };
 
 }  // namespace
+
+bool leavesItsFolder(std::string_view path) {
+  while (!path.empty()) {
+    const auto end = std::min(path.find_first_of("\\/"), path.size());
+    if (path.substr(0, end) == "..") return true;
+    path.remove_prefix(std::min(end + 1, path.size()));
+  }
+  return false;
+}
 
 std::optional<DataSetClaim> parseParameters(int line, const std::string& text, bool needsDependent,
                                             Scenario& scenario, Complaints& complaints) {
@@ -69,10 +86,11 @@ std::optional<DataSetClaim> parseParameters(int line, const std::string& text, b
   if (read.flag(parts[2], "parameter 3, is there an information file,"))
     claim.infoFile = read.path(parts[1], "parameter 2, the information file,");
   claim.labeled = read.flag(parts[3], "parameter 4, are there labels,");
-  claim.cases = read.number(parts[4], "parameter 5, the number of cases,", 1, highest);
-  claim.columns = read.number(parts[5], "parameter 6, the number of columns,", 1, highest);
+  claim.cases = read.size(parts[4], "parameter 5, the number of cases,", highest);
+  claim.columns = read.size(parts[5], "parameter 6, the number of columns,", highest);
   const int last = claim.columns > 0 ? claim.columns : highest;
-  read.number(parts[6], "parameter 7, the dependent column,", needsDependent ? 1 : 0, last);
+  claim.dependent =
+      read.number(parts[6], "parameter 7, the dependent column,", needsDependent ? 1 : 0, last);
   return read.failed() ? std::nullopt : std::optional(claim);
 }
 

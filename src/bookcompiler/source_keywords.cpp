@@ -287,7 +287,9 @@ class SourceKeywords {
     if (hasParameters_) fail("a second \"parameters:\" of this scenario");
     hasParameters_ = true;
     auto claim = parseParameters(line_, entry.text, needsDependent_, *scenario_, complaints_);
-    if (claim) result_.dataSets.push_back(*std::move(claim));
+    if (!claim) return;
+    claim->scenario = scenario_ == &book().uDefaultScenario ? 0 : book().uScenario.count();
+    result_.dataSets.push_back(*std::move(claim));
   }
 
   // --- outlines

@@ -1,11 +1,9 @@
 #include "data/data_file.h"
 
-#include <optional>
 #include <string>
 #include <utility>
 
-#include "base/error.h"
-#include "fieldfile/field_reader.h"
+#include "fieldfile/file_stamp.h"
 
 namespace tolmer {
 namespace {
@@ -34,37 +32,43 @@ std::optional<Error> readRecord(FieldReader& reader, WorkingCopy& copy, int iCas
   return std::nullopt;
 }
 
-std::optional<Error> readDataFile(WorkingCopy& copy) {
-  auto reader = FieldReader::open(copy.mtDataFileName);
-  if (!reader) return reader.error();
-  if (auto error = readHeadings(*reader, copy)) return error;
-  for (int i = 1; i <= copy.miNumCases; ++i)
-    if (auto error = readRecord(*reader, copy, i)) return error;
-  return std::nullopt;
-}
-
-std::optional<Error> readInfoFile(WorkingCopy& copy) {
-  auto reader = FieldReader::open(copy.mtDataFileInfoName);
-  if (!reader) return reader.error();
-  for (int i = 0; i <= copy.miNumCols; ++i)
-    if (auto error = take(reader->readLine(), copy.otVarInfo(i))) return error;
-  return std::nullopt;
-}
-
-void reportProblem(const std::string& fileName, MessagePort& messages) {
-  messages.messageBox({"Error", "Problem with file " + fileName + ". Check file and path.",
+void reportProblem(const std::string& fileName, const Error& error, MessagePort& messages) {
+  const std::string reason = error.text == changedFile ? " " + error.text : "";
+  messages.messageBox({"Error", "Problem with file " + fileName + ". Check file and path." + reason,
                        MessageIcon::exclamation, MessageButtons::ok});
+}
+
+using ReadFields = std::optional<Error> (*)(FieldReader&, WorkingCopy&);
+
+void readFile(const std::string& fileName, const std::optional<FileStamp>& stamp, ReadFields read,
+              WorkingCopy& copy, MessagePort& messages) {
+  auto reader = openStamped(fileName, stamp);
+  const auto error = reader ? read(*reader, copy) : reader.error();
+  if (error) reportProblem(fileName, *error, messages);
 }
 
 }  // namespace
 
+std::optional<Error> readDataFields(FieldReader& reader, WorkingCopy& copy) {
+  if (auto error = readHeadings(reader, copy)) return error;
+  for (int i = 1; i <= copy.miNumCases; ++i)
+    if (auto error = readRecord(reader, copy, i)) return error;
+  return std::nullopt;
+}
+
+std::optional<Error> readInfoLines(FieldReader& reader, WorkingCopy& copy) {
+  for (int i = 0; i <= copy.miNumCols; ++i)
+    if (auto error = take(reader.readLine(), copy.otVarInfo(i))) return error;
+  return std::nullopt;
+}
+
 void ReadNewData(WorkingCopy& copy, MessagePort& messages) {
   setInterceptColumn(copy);
-  if (readDataFile(copy)) reportProblem(copy.mtDataFileName, messages);
+  readFile(copy.mtDataFileName, copy.dataStamp, readDataFields, copy, messages);
 }
 
 void ReadVarInfo(WorkingCopy& copy, MessagePort& messages) {
-  if (readInfoFile(copy)) reportProblem(copy.mtDataFileInfoName, messages);
+  readFile(copy.mtDataFileInfoName, copy.infoStamp, readInfoLines, copy, messages);
 }
 
 }  // namespace tolmer

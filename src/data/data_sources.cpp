@@ -31,6 +31,8 @@ void takeParameters(WorkingCopy& copy, const Parameter& parameter, bool isExampl
   reportFaults(parameters.faults, messages);
   copy.mtDataFileName = dataFileName(programFolder, parameters.dataFile);
   copy.mtDataFileInfoName = dataFileName(programFolder, parameters.infoFile);
+  copy.dataStamp = parameters.dataStamp;
+  copy.infoStamp = parameters.infoStamp;
   copy.mbInfoAvailable = parameters.infoAvailable;
   copy.mbLabeledData = parameters.labeledData;
   copy.miNumCases = parameters.numCases;
@@ -107,6 +109,8 @@ void LoadNewDatabase(WorkingCopy& copy, const ScenarioSource& scenarios,
 void LoadFromDataEditor(WorkingCopy& copy, const EditorData& editor) {
   copy.mtDataFileName = "None";
   copy.mtDataFileInfoName = "None";
+  copy.dataStamp.reset();
+  copy.infoStamp.reset();
   copy.mbInfoAvailable = false;
   copy.mbLabeledData = editor.DataLabelsEntered();
   copy.miNumCases = editor.CompleteObservations();

@@ -17,6 +17,7 @@ namespace tolmer {
 //   5 number of cases
 //   6 number of variables
 //   7 column of the dependent variable, for an example
+//   8 stamp of 1, and 9 of 2, where the notebook's compiler has written them
 class ScenarioSource {
  public:
   virtual ~ScenarioSource() = default;

@@ -95,6 +95,8 @@ ScenarioParameters scenarioParameters(const std::function<std::string(int)>& par
     result.faults += "Parameters 5 and 6 (cases and variables) are too large for a data file.";
     result.numCases = result.numCols = 0;
   }
+  result.dataStamp = stampFromText(parameter(8));
+  result.infoStamp = stampFromText(parameter(9));
   if (isExample) result.depVarCol = reader.column(7, "dependent variable", result.numCols);
   return result;
 }

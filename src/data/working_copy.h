@@ -2,9 +2,11 @@
 // shared: the analysis state changes only when a model is accepted.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "data/indexed_array.h"
+#include "fieldfile/file_stamp.h"
 #include "state/analysis_state.h"
 #include "state/matrix.h"
 
@@ -13,12 +15,14 @@ namespace tolmer {
 // Cases and columns count from 1. Element 0 of an array is empty unless its line says otherwise.
 struct WorkingCopy {
   Int16 miNumCases = 0;
-  Int16 miNumCols = 0;             // variables; the intercept column is not counted
-  std::string mtDataFileName;      // the host's full name; "None" for data of the editor
-  std::string mtDataFileInfoName;  // likewise
-  bool mbLabeledData = false;      // every case has a label
-  bool mbInfoAvailable = false;    // there is a variable-information file
-  std::string mtLabelColName;      // heading of the label column
+  Int16 miNumCols = 0;                 // variables; the intercept column is not counted
+  std::string mtDataFileName;          // the host's full name; "None" for data of the editor
+  std::string mtDataFileInfoName;      // likewise
+  std::optional<FileStamp> dataStamp;  // of mtDataFileName, where the notebook has one
+  std::optional<FileStamp> infoStamp;  // of mtDataFileInfoName, likewise
+  bool mbLabeledData = false;          // every case has a label
+  bool mbInfoAvailable = false;        // there is a variable-information file
+  std::string mtLabelColName;          // heading of the label column
   Int16 miNumPredictors = 0;
   Int16 miDepVarCol = 0;                // 0 for none
   bool mbModelHasChanged = false;       // result of CheckForChanges

@@ -17,21 +17,6 @@ constexpr std::string_view alphabet =
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 bool isLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 
-std::uint32_t checksumStep(std::uint32_t sum, char byte) {
-  sum ^= static_cast<unsigned char>(byte);
-  for (int bit = 0; bit < 8; ++bit) sum = (sum >> 1) ^ (sum & 1 ? 0xEDB88320U : 0U);
-  return sum;
-}
-
-const std::array<std::uint32_t, 256>& checksumTable() {
-  static const auto table = [] {
-    std::array<std::uint32_t, 256> steps{};
-    for (std::size_t i = 0; i < steps.size(); ++i) steps[i] = checksumStep(0, static_cast<char>(i));
-    return steps;
-  }();
-  return table;
-}
-
 void appendPacked(std::string& out, double number) {
   auto bits = std::bit_cast<std::uint64_t>(number);
   out += '~';
@@ -110,14 +95,6 @@ std::optional<DataCell> formulaFromText(std::string_view text, const DataCell& a
 }
 
 }  // namespace
-
-std::uint32_t editorFileChecksum(std::string_view bytes) {
-  const auto& table = checksumTable();
-  std::uint32_t sum = 0xFFFFFFFFU;
-  for (const char byte : bytes)
-    if (byte != '\r') sum = (sum >> 8) ^ table[(sum ^ static_cast<unsigned char>(byte)) & 255];
-  return ~sum;
-}
 
 void appendEscaped(std::string& out, std::string_view text) {
   for (const char c : text) {

@@ -10,10 +10,6 @@
 
 namespace tolmer {
 
-// CRC-32 of the bytes as in ISO 3309, carriage returns left out: a transfer that changes line ends
-// does no damage.
-std::uint32_t editorFileChecksum(std::string_view bytes);
-
 // Appends the cell. `above` is the cell over it, which a packed formula may refer to.
 void appendCell(std::string& out, const DataCell& cell, const DataCell& above, bool packed);
 

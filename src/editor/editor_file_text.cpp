@@ -3,6 +3,7 @@
 #include <charconv>
 #include <system_error>
 
+#include "base/checksum.h"
 #include "editor/editor_file.h"
 #include "editor/editor_file_cell.h"
 
@@ -13,7 +14,6 @@ constexpr std::string_view magic = "ZMDATA ";
 constexpr int version = 1;
 constexpr std::string_view checkMark = "crc ";
 constexpr std::string_view fromMark = "from\t\"";
-constexpr std::size_t checkLength = 8;
 
 // Rows of the trailer, counted from M, the number of observations.
 constexpr int decimalsRow = 52;
@@ -22,14 +22,6 @@ constexpr int titleRow = 54;
 
 Error damaged(std::string_view reason) {
   return {"", "is damaged or cut off: " + std::string(reason)};
-}
-
-std::string checkText(std::string_view bytes) {
-  std::array<char, checkLength> digits;
-  const std::uint32_t sum = editorFileChecksum(bytes);
-  for (std::size_t i = 0; i < checkLength; ++i)
-    digits[i] = "0123456789ABCDEF"[(sum >> (28 - 4 * i)) & 15];
-  return {digits.data(), digits.size()};
 }
 
 int usedColumns(const SheetContent& sheet, int row) {
@@ -72,7 +64,7 @@ std::string bytesOf(const SheetContent& sheet, std::string_view from, bool packe
     appendEscaped(out, from);
     out += '\n';
   }
-  return out + std::string(checkMark) + checkText(out) + "\n";
+  return out + std::string(checkMark) + checksumText(out) + "\n";
 }
 
 template <class Number>
@@ -164,13 +156,13 @@ class Reader {
 
 // What stands before the check line, if the check is right.
 Result<std::string_view> checkedLines(std::string_view bytes) {
-  constexpr std::size_t tail = checkMark.size() + checkLength + 1;
+  constexpr std::size_t tail = checkMark.size() + checksumLength + 1;
   if (bytes.size() <= tail || !bytes.ends_with('\n')) return damaged("its last line is missing");
   const auto lines = bytes.substr(0, bytes.size() - tail);
   const auto check = bytes.substr(lines.size());
   if (!lines.ends_with('\n') || !check.starts_with(checkMark))
     return damaged("its last line is missing");
-  if (check.substr(checkMark.size(), checkLength) != checkText(lines))
+  if (check.substr(checkMark.size(), checksumLength) != checksumText(lines))
     return damaged("the check sum differs");
   return lines;
 }

@@ -12,8 +12,6 @@ namespace {
 
 constexpr std::string_view blanks = " \t";
 constexpr std::string_view lineEnds = "\r\n";
-constexpr std::string_view fieldEnds = ",\r\n";
-constexpr std::string_view numberEnds = ", \t\r\n";
 
 std::string_view withoutTrailingBlanks(std::string_view text) {
   const auto last = text.find_last_not_of(blanks);
@@ -41,8 +39,13 @@ Result<FieldReader> FieldReader::open(const std::string& fileName) {
   return FieldReader(fileName, std::move(*bytes));
 }
 
-FieldReader::FieldReader(std::string fileName, std::string bytes)
-    : fileName_(std::move(fileName)), text_(utf8FromFile(std::move(bytes))) {}
+FieldReader::FieldReader(std::string fileName, std::string bytes, FieldMarks marks)
+    : fileName_(std::move(fileName)),
+      text_(utf8FromFile(std::move(bytes))),
+      marks_(marks),
+      blanks_(marks.separator == '\t' ? " " : blanks),
+      fieldEnds_(marks.separator + std::string(lineEnds)),
+      numberEnds_(fieldEnds_ + blanks_) {}
 
 Error FieldReader::errorAt(FieldPlace place, std::string_view text) const {
   return {fileName_ + ":" + std::to_string(place.line),
@@ -54,7 +57,7 @@ Error FieldReader::errorFound(std::string_view expected, std::string_view found)
 }
 
 void FieldReader::skipBlanks() {
-  at_ = std::min(text_.find_first_not_of(blanks, at_), text_.size());
+  at_ = std::min(text_.find_first_not_of(blanks_, at_), text_.size());
 }
 
 void FieldReader::skipLineEnd() {
@@ -67,7 +70,7 @@ void FieldReader::skipLineEnd() {
 void FieldReader::finishField(std::size_t end) {
   at_ = end;
   skipBlanks();
-  if (!atEnd() && text_[at_] == ',')
+  if (!atEnd() && text_[at_] == marks_.separator)
     ++at_;
   else
     skipLineEnd();
@@ -75,7 +78,7 @@ void FieldReader::finishField(std::size_t end) {
 }
 
 std::size_t FieldReader::bareEnd() const {
-  return std::min(text_.find_first_of(fieldEnds, at_), text_.size());
+  return std::min(text_.find_first_of(fieldEnds_, at_), text_.size());
 }
 
 Result<std::string> FieldReader::readText() {
@@ -92,8 +95,9 @@ Result<std::string> FieldReader::readQuoted() {
   const std::size_t start = at_ + 1;
   const std::size_t end = text_.find('"', start);
   if (end == std::string::npos) return errorHere("the closing quote of a text is missing");
-  const std::size_t next = std::min(text_.find_first_not_of(blanks, end + 1), text_.size());
-  if (next < text_.size() && fieldEnds.find(text_[next]) == std::string_view::npos)
+  const std::size_t next = std::min(text_.find_first_not_of(blanks_, end + 1), text_.size());
+  const bool isDivided = marks_.separator == ' ' && next > end + 1;
+  if (next < text_.size() && !isDivided && fieldEnds_.find(text_[next]) == std::string::npos)
     return errorHere("a text goes on behind its closing quote");
   std::string text = text_.substr(start, end - start);
   for (std::size_t i = 0; i < text.size(); ++i)
@@ -106,7 +110,7 @@ Result<std::string> FieldReader::readQuoted() {
 Result<std::string_view> FieldReader::numberAhead(std::string_view expected) {
   skipBlanks();
   if (atEnd()) return errorHere(std::string(expected) + " was expected, but the file ends here");
-  const std::size_t end = std::min(text_.find_first_of(numberEnds, at_), text_.size());
+  const std::size_t end = std::min(text_.find_first_of(numberEnds_, at_), text_.size());
   return std::string_view(text_).substr(at_, end - at_);
 }
 
@@ -124,10 +128,24 @@ Result<float> FieldReader::readSingle() {
   constexpr std::string_view expected = "a number";
   const auto digits = numberAhead(expected);
   if (!digits) return digits.error();
-  const auto number = digits->empty() ? 0.0f : singleFromText(*digits);
+  const auto number = digits->empty() ? 0.0f : singleOf(*digits);
   if (!number) return errorFound(expected, *digits);
   finishField(at_ + digits->size());
   return *number;
+}
+
+// With a decimal comma a point divides nothing that could be read.
+std::optional<float> FieldReader::singleOf(std::string_view digits) const {
+  if (marks_.decimal == '.') return singleFromText(digits);
+  std::string plain(digits);
+  if (plain.find('.') != plain.npos) return std::nullopt;
+  std::replace(plain.begin(), plain.end(), marks_.decimal, '.');
+  return singleFromText(plain);
+}
+
+bool FieldReader::nextIsEmpty() {
+  const auto ahead = numberAhead("");
+  return ahead && ahead->empty();
 }
 
 Result<bool> FieldReader::readBoolean() {

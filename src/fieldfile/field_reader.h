@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -23,13 +24,21 @@ struct FieldPlace {
   int field = 1;
 };
 
+// The signs that divide fields and decimals. Behind a tab a blank is the only blank, and where
+// blanks divide, many count as one.
+struct FieldMarks {
+  char separator = ',';  // or ';', a tab, a blank
+  char decimal = '.';    // or ','
+  bool operator==(const FieldMarks&) const = default;
+};
+
 class FieldReader {
  public:
   // The whole file, its name in course or host spelling. UTF-8, or Windows-1252 where it is not.
   static Result<FieldReader> open(const std::string& fileName);
 
   // Reads `bytes`; `fileName` is what errors name.
-  FieldReader(std::string fileName, std::string bytes);
+  FieldReader(std::string fileName, std::string bytes, FieldMarks marks = {});
 
   // Each takes the next field, or leaves the reader where it was and returns an error that names
   // file, line and field. At the end of the file there is no next field.
@@ -42,8 +51,14 @@ class FieldReader {
   // The rest of the present line as it stands, without its line end.
   Result<std::string> readLine();
 
+  // True where the next field is there and holds nothing: as a number it would be 0.
+  bool nextIsEmpty();
+
   // True when only blanks and line ends are left.
   bool onlyBlanksLeft() const;
+
+  // All of it, as UTF-8.
+  std::string_view text() const { return text_; }
 
   // Where the next field begins.
   FieldPlace place() const { return place_; }
@@ -61,9 +76,14 @@ class FieldReader {
   std::size_t bareEnd() const;
   Result<std::string> readQuoted();
   Result<std::string_view> numberAhead(std::string_view expected);
+  std::optional<float> singleOf(std::string_view digits) const;
 
   std::string fileName_;
   std::string text_;
+  FieldMarks marks_;
+  std::string blanks_;
+  std::string fieldEnds_;
+  std::string numberEnds_;
   std::size_t at_ = 0;
   FieldPlace place_;
 };

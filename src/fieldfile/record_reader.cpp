@@ -12,6 +12,9 @@ Error errorAtLine(const std::string& fileName, int line, std::string_view text) 
 Result<FieldRecord> RecordReader::next() {
   FieldRecord record{line_, {}};
   for (bool more = true; more;) {
+    if (record.fields.size() == mostFields)
+      return errorAtLine(fileName_, record.line,
+                         "more than " + std::to_string(mostFields) + " fields");
     auto field = opensQuotedField() ? quotedField() : Result<FieldSpan>(bareField());
     if (!field) return field.error();
     record.fields.push_back(*field);

@@ -5,6 +5,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -13,10 +14,13 @@
 
 namespace tolmer {
 
-// A part of the text; offsets stay true when the text is moved, views would not.
+// A part of the text; offsets stay true when the text is moved, views would not. A file has no more
+// than 64 MB, and a table millions of these.
 struct FieldSpan {
-  std::size_t begin = 0;
-  std::size_t length = 0;
+  FieldSpan(std::size_t from, std::size_t size)
+      : begin(static_cast<std::uint32_t>(from)), length(static_cast<std::uint32_t>(size)) {}
+  std::uint32_t begin;
+  std::uint32_t length;
   std::string_view in(std::string_view text) const { return text.substr(begin, length); }
 };
 
@@ -42,7 +46,11 @@ class RecordReader {
         separator_(separator),
         strayQuotes_(strayQuotes) {}
 
+  // Columns are counted with 16 signed bits, and the labels have one more.
+  static constexpr std::size_t mostFields = 32768;
+
   bool atEnd() const { return at_ >= text_.size(); }
+  // A record of more fields is an error, found without reading on.
   Result<FieldRecord> next();
 
  private:

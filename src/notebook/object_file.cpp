@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "base/checksum.h"
 #include "notebook/book_check.h"
 #include "notebook/book_part.h"
 #include "notebook/object_file_format.h"
@@ -108,9 +109,30 @@ class BookWriter {
   bool atLineStart_ = true;
 };
 
+constexpr std::string_view checkMark = "crc ";
+
+// The last line, where it is a checksum; empty in a file that has none, or none whole.
+std::string_view checkLine(std::string_view text) {
+  while (text.ends_with('\n') || text.ends_with('\r')) text.remove_suffix(1);
+  const std::string_view line = text.substr(text.find_last_of("\r\n") + 1);
+  const bool isCheck = line.starts_with(checkMark) &&
+                       line.size() == checkMark.size() + checksumLength &&
+                       line.size() < text.size();
+  return isCheck ? line : std::string_view();
+}
+
+bool isDamaged(std::string_view text) {
+  const std::string_view line = checkLine(text);
+  if (line.empty()) return false;
+  const auto content = text.substr(0, static_cast<std::size_t>(line.data() - text.data()));
+  return line.substr(checkMark.size()) != checksumText(content);
+}
+
 }  // namespace
 
 Result<Book> readBook(FieldReader& fields) {
+  if (isDamaged(fields.text()))
+    return fields.errorAt(fields.place(), "the checksum at the end of the file does not fit it");
   Book book;
   BookReader reader(fields);
   object_file_format::wholeBook(reader, book);
@@ -121,7 +143,8 @@ Result<Book> readBook(FieldReader& fields) {
 std::string objectFileText(const Book& book) {
   BookWriter writer;
   object_file_format::wholeBook(writer, book);
-  return std::move(writer).text();
+  const std::string text = std::move(writer).text();
+  return text + std::string(checkMark) + checksumText(text) + "\r\n";
 }
 
 }  // namespace tolmer

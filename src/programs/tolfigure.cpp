@@ -3,12 +3,13 @@
 #include <string>
 #include <vector>
 
+#include "base/text_encoding.h"
 #include "figures/course_figures.h"
 
 namespace {
 
 int failed(const tolmer::Error& error) {
-  std::fprintf(stderr, "tolfigure: %s\n", error.message().c_str());
+  std::fprintf(stderr, "tolfigure: %s\n", tolmer::onOneLine(error.message()).c_str());
   return 1;
 }
 

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "base/program_folder.h"
+#include "base/text_encoding.h"
 #include "report/report_program.h"
 
 namespace {
@@ -58,7 +59,7 @@ int main(int argc, char** argv) {
   try {
     return run({argv + 1, argv + argc});
   } catch (const std::exception& fault) {
-    std::fprintf(stderr, "tolreport: %s\n", fault.what());
+    std::fprintf(stderr, "tolreport: %s\n", tolmer::onOneLine(fault.what()).c_str());
     return tolmer::ReportOutcome::dataAtFault;
   }
 }

@@ -4,6 +4,7 @@
 #include <optional>
 #include <vector>
 
+#include "base/text_encoding.h"
 #include "fieldfile/number_text.h"
 
 namespace tolmer {
@@ -83,7 +84,7 @@ class Builder {
     }
     if (copy.mbLabeledData)
       for (int i = 1; i <= copy.miNumCases; ++i)
-        copy.otCaseLabel(i) = table_.cell(i - 1, labelColumn_);
+        copy.otCaseLabel(i) = onOneLine(std::string(table_.cell(i - 1, labelColumn_)));
   }
 
   const CsvTable& table_;

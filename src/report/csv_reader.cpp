@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <optional>
+#include <set>
 #include <utility>
 
 #include "base/file_io.h"
@@ -13,34 +14,15 @@ namespace {
 // Cases and variables are counted with 16 signed bits.
 constexpr int mostRows = 32767;
 constexpr int mostColumns = 32767;
+// What keeps the reading below a second and 64 MiB.
+constexpr std::size_t mostCells = 2000000;
+constexpr std::size_t mostBytes = std::size_t{16} << 20;
 
 std::string_view trimmed(std::string_view text) {
   const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
   while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
   while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
   return text;
-}
-
-// A name or a cell goes on to terminals and pages, where a control character would act.
-void replaceControls(std::string& content) {
-  const auto acts = [](char c) {
-    const auto code = static_cast<unsigned char>(c);
-    return (code < 0x20 && c != '\t' && c != '\r' && c != '\n') || code == 0x7F;
-  };
-  std::replace_if(content.begin(), content.end(), acts, '?');
-}
-
-// A name stands within sentences and scales: line ends in it become blanks.
-std::string onOneLine(std::string_view text) {
-  std::string line;
-  for (const char c : text) {
-    const bool breaks = c == '\r' || c == '\n' || c == '\t';
-    if (!breaks)
-      line += c;
-    else if (!line.ends_with(' '))
-      line += ' ';
-  }
-  return line;
 }
 
 Error errorAtLine(const std::string& fileName, int line, std::string_view text) {
@@ -66,7 +48,7 @@ std::string takeQuoted(std::string_view& list) {
 }  // namespace
 
 Result<CsvTable> CsvTable::open(const std::string& fileName) {
-  auto bytes = readWholeFile(fileName);
+  auto bytes = readWholeFile(fileName, mostBytes);
   if (!bytes) return bytes.error();
   return parse(fileName, std::move(*bytes));
 }
@@ -74,8 +56,7 @@ Result<CsvTable> CsvTable::open(const std::string& fileName) {
 Result<CsvTable> CsvTable::parse(std::string fileName, std::string bytes) {
   CsvTable table;
   table.fileName_ = std::move(fileName);
-  table.content_ = utf8FromFile(std::move(bytes));
-  replaceControls(table.content_);
+  table.content_ = withoutControls(utf8FromFile(std::move(bytes)));
   RecordReader reader(table.fileName_, table.content_);
   while (!reader.atEnd()) {
     auto record = reader.next();
@@ -93,6 +74,9 @@ Result<CsvTable> CsvTable::parse(std::string fileName, std::string bytes) {
     if (table.rows() == mostRows)
       return errorAtLine(table.fileName_, record->line,
                          "more than " + std::to_string(mostRows) + " cases");
+    if (table.cells_.size() + record->fields.size() > mostCells)
+      return errorAtLine(table.fileName_, record->line,
+                         "more than " + std::to_string(mostCells) + " cells");
     table.cells_.insert(table.cells_.end(), record->fields.begin(), record->fields.end());
     table.lines_.push_back(record->line);
   }
@@ -109,10 +93,12 @@ Result<bool> CsvTable::takeHeading(const FieldRecord& heading) {
   if (count > mostColumns)
     return errorAtLine(fileName_, heading.line,
                        "more than " + std::to_string(mostColumns) + " columns");
+  std::set<std::string> taken;
   for (int column = 0; column < count; ++column) {
-    std::string name = onOneLine(trimmed(text(heading.fields[static_cast<std::size_t>(column)])));
+    const auto field = trimmed(text(heading.fields[static_cast<std::size_t>(column)]));
+    std::string name = onOneLine(std::string(field));
     if (name.empty()) name = "Col " + std::to_string(column + 1);
-    if (find(name) >= 0)
+    if (!taken.insert(name).second)
       return Error{
           fileName_ + ":" + std::to_string(heading.line) + ":" + std::to_string(column + 1),
           "a second column is named \"" + name + "\""};

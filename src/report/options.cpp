@@ -156,7 +156,7 @@ const char* const reportUsage =
 
 Fits a multiple regression and reports it.
 
-FILE is a table of comma-separated values with a heading.
+FILE is a table of comma-separated values with a heading, of 16 MB at most.
   --labels COLUMN      column with the names of the cases
 Instead of a file:
   --example N          the N-th example of the course, from 1

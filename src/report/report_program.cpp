@@ -1,7 +1,9 @@
 #include "report/report_program.h"
 
 #include <memory>
+#include <optional>
 
+#include "base/text_encoding.h"
 #include "report/course_data.h"
 #include "report/csv_dataset.h"
 #include "report/csv_reader.h"
@@ -16,7 +18,7 @@ namespace tolmer {
 namespace {
 
 ReportOutcome failed(int status, const Error& error) {
-  return {status, {}, "tolreport: " + error.message() + "\n"};
+  return {status, {}, "tolreport: " + onOneLine(error.message()) + "\n"};
 }
 
 ReportOutcome usageFault(const Error& error) {
@@ -44,10 +46,29 @@ Size displaySize(ReportFormat format) {
                                       : Size{pixels(960), pixels(500)};
 }
 
+// A course's texts, and the name of any file, may hold what acts on a terminal.
+void makePrintable(WorkingCopy& copy) {
+  copy.mtDataFileName = onOneLine(copy.mtDataFileName);
+  copy.mtLabelColName = onOneLine(copy.mtLabelColName);
+  for (int j = 1; j <= copy.miNumCols; ++j) copy.otColName(j) = onOneLine(copy.otColName(j));
+  for (int i = 1; i <= copy.miNumCases; ++i) copy.otCaseLabel(i) = onOneLine(copy.otCaseLabel(i));
+}
+
+// A table of the correlations of all has a cell for every two.
+std::optional<Error> tooManyPredictors(const WorkingCopy& copy) {
+  constexpr int most = 500;
+  if (copy.miNumPredictors <= most) return std::nullopt;
+  return Error{copy.mtDataFileName, std::to_string(copy.miNumPredictors) +
+                                        " independent variables, a report has at most " +
+                                        std::to_string(most) + "; choose them with --x"};
+}
+
 // The common end of both ways to a data set.
 ReportOutcome reportOn(WorkingCopy& copy, const ReportOptions& options,
                        const ReportSurroundings& around) {
+  makePrintable(copy);
   if (auto error = chooseModelByName(copy, options)) return usageFault(*error);
+  if (auto error = tooManyPredictors(copy)) return usageFault(*error);
   const auto plots = plotAxesByName(copy, options.plots);
   if (!plots) return usageFault(plots.error());
   // A window's worth of members: not on the stack.

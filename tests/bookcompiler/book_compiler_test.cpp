@@ -5,6 +5,7 @@
 
 #include <filesystem>
 
+#include "base/checksum.h"
 #include "base/file_io.h"
 #include "notebook/object_file.h"
 #include "support/temp_folder.h"
@@ -190,6 +191,9 @@ TEST_F(BookCompiler, aFifthScenarioOfAPageIsRefused) {
 
 TEST_F(BookCompiler, checksTheSevenParametersAndReadsTheDataSetsAsTheProgramWill) {
   put("data/bad.csv", "Y,X\n1,2\n3,x\n5,6\n");
+  put("data/gap.csv", "Town,Y,X\nA,1,2\nB,3,\nC,5,6\n");
+  put("data/odd.csv", "Y,X\n1,2\n3\n5,6\n");
+  put("data/unsure.csv", "Y;X\n1,234;2\n3,456;4\n");
   put("data/short.inf", "Comment\nFirst\n");
   const auto with = [this](const std::string& values) {
     return complaints("title: T\nchapter: C\ndefault scenario: D\nparameters: " + values +
@@ -214,15 +218,59 @@ TEST_F(BookCompiler, checksTheSevenParametersAndReadsTheDataSetsAsTheProgramWill
       {"data\\a.csv, \\data\\a.inf, True, False, 3, 2, 1", "parameter 1, the data file, must"},
       {"\\data\\a.csv, a.inf, True, False, 3, 2, 1", "parameter 2, the information file, must"},
       {"\\data\\c.csv, , False, False, 3, 2, 1", "4: \\data\\c.csv: cannot be opened"},
-      {"\\data\\a.csv, , False, False, 4, 2, 1", "4: \\data\\a.csv:5: field 9: a number was"},
-      {"\\data\\a.csv, , False, False, 2, 2, 1", "\\data\\a.csv:4: field 7: the file goes on"},
-      {"\\data\\a.csv, , False, False, 3, 3, 1", "field 3: the name of a column was expected"},
-      {"\\data\\a.csv, , False, False, 6, 1, 1", "field 2: a number was expected, not \"X\""},
+      {"\\data\\a.csv, , False, False, 4, 2, 1",
+       "4: the parameters say 4 cases, \\data\\a.csv has 3"},
+      {"\\data\\a.csv, , False, False, 2, 2, 1", "the parameters say 2 cases, \\data\\a.csv has 3"},
+      {"\\data\\a.csv, , False, False, 3, 3, 1",
+       "the parameters say 3 columns of numbers, \\data\\a.csv has 2"},
+      {"\\data\\a.csv, , False, False, 6, 1, 1",
+       "the parameters say 1 columns of numbers, \\data\\a.csv has 2"},
       {"\\data\\b.csv, , False, False, 2, 3, 1", "\\data\\b.csv:2: field 4: a number was"},
+      {"\\data\\b.csv, , False, False, 2, 2, 1", "say 2 columns of numbers, \\data\\b.csv has 3"},
+      {"\\data\\a.csv, , False, False, , , 3", "the dependent column is 3, \\data\\a.csv has 2"},
+      {"\\data\\..\\..\\a.csv, , False, False, , , 1", "must not lead out of the course"},
+      {"\\data\\gap.csv, , False, True, 3, 2, 1",
+       "4: \\data\\gap.csv:3: column 3 (X): the cell is empty"},
+      {"\\data\\gap.csv, , False, True, , , 1", "gap.csv:3: column 3 (X): the cell is empty"},
+      {"\\data\\odd.csv, , False, False, , , 1", "\\data\\odd.csv:3: 1 fields, other lines have 2"},
+      {"\\data\\unsure.csv, , False, False, , , 1", "commas may divide decimals or thousands"},
       {"\\data\\bad.csv, , False, False, 3, 2, 1", "\\data\\bad.csv:3: field 6: a number was"},
       {"\\data\\a.csv, \\data\\short.inf, True, False, 3, 2, 1", "4: \\data\\short.inf:3: field 3"},
   };
   for (const auto& one : cases) EXPECT_THAT(with(one.values), HasSubstr(one.complaint));
+}
+
+// What is written for the program: the counted sizes, and how to know and read the file again.
+TEST_F(BookCompiler, countsTheDataAndReadsTheMarksOfTheEditor) {
+  const struct {
+    const char* bytes;
+    const char* marks;
+  } cases[] = {{"Town,Y,X\nA,1,2.5\nB,3,4\n", "comma point"},
+               {"Town;Y;X\nKöln;1,5;2\nBonn;3,25;4\n\n", "semicolon comma"},
+               {"Town;Y;X\nA;1.5;2\nB;3;4\n", "semicolon point"},
+               {"Town\tY\tX\nA b\t1,5\t2\nB\t3\t4\n", "tab comma"},
+               {"Town Y   X\nA   1.5 2\n\"B\" 3   4\n", "blank point"}};
+  for (const auto& [bytes, marks] : cases) {
+    SCOPED_TRACE(bytes);
+    put("data/c.csv", bytes);
+    const Book book = compiled(
+        "title: T\nchapter: C\ndefault scenario: D\nparameters: \\data\\c.csv, \\data\\a.inf, "
+        "True, "
+        "True, , , 1\nsection: S\npage: plain\n");
+    const auto& parameter = book.uDefaultScenario.tParameter;
+    EXPECT_EQ(parameter[5], "2");
+    EXPECT_EQ(parameter[6], "2");
+    EXPECT_EQ(parameter[8], "crc " + checksumText(bytes) + " " + marks);
+    EXPECT_THAT(parameter[9], HasSubstr(" comma point"));
+  }
+}
+
+TEST_F(BookCompiler, aPathNeverLeadsOutOfItsFolder) {
+  const std::string outline = head + "section: S\npage: database\noutline:\ndatabase 1: D\n";
+  for (const std::string& source :
+       {minimal + "picture: ..\\tolmod\\p.png\n", minimal + "picture: ../tolmod/p.png\n",
+        outline + "data: \\tolmod\\..\\data\\a.csv\n", outline + "labels: \\..\\a.inf\n"})
+    EXPECT_THAT(complaints(source), HasSubstr("must not lead out of its folder")) << source;
 }
 
 TEST_F(BookCompiler, onlyExamplesNeedADependentColumn) {
@@ -317,6 +365,11 @@ TEST_F(BookCompiler, isAProgramWithThreeExitStatuses) {
   EXPECT_EQ(compileNotebook({bad, output, "--root", folders.root}, report), 1);
   EXPECT_EQ(report, bad + ":7: unknown keyword \"foo\"\n");
   EXPECT_EQ(*readWholeFile(output), before) << "a refused source leaves the old book";
+  report.clear();
+  put("e\x1b[2J.txt", minimal + "f\xC2\x9boo: x\n");
+  EXPECT_EQ(
+      compileNotebook({folders.root + "/e\x1b[2J.txt", output, "--root", folders.root}, report), 1);
+  EXPECT_EQ(report, folders.root + "/e?[2J.txt:7: unknown keyword \"f?oo\"\n");
   EXPECT_EQ(compileNotebook({folders.root + "/none", output, "--root", folders.root}, report), 1);
   EXPECT_EQ(compileNotebook({source, folders.root + "/none/x", "--root", folders.root}, report), 1);
 }

@@ -33,7 +33,7 @@ class CourseFolder {
 // Two scenarios as a notebook hands them out: parameters 1 to 7.
 class StandInScenarios : public ScenarioSource {
  public:
-  using Parameters = std::array<std::string, 7>;
+  using Parameters = std::array<std::string, 9>;
   Parameters last;
   Parameters standard;
 

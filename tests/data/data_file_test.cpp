@@ -1,5 +1,6 @@
 #include "data/data_file.h"
 
+#include "base/checksum.h"
 #include "course_folder.h"
 #include "platform/headless/headless_desktop.h"
 
@@ -67,6 +68,28 @@ TEST_F(DataFile, FieldsAreCountedWhateverTheLines) {
   EXPECT_EQ(split.osData(1, 2), 2.0F);
   EXPECT_EQ(split.osData(2, 2), 4.0F);
   EXPECT_THAT(split.otCaseLabel.values(), ElementsAre("", "", ""));
+}
+
+// Cut within its last number a file still reads; the notebook's stamp knows.
+TEST_F(DataFile, NothingIsReadOfAFileThatIsNotTheOneOfTheStamp) {
+  const std::string whole = "A;B\n1,5;2\n3;45\n";
+  WorkingCopy copy = sized(2, 2, false);
+  copy.dataStamp = stampFromText("crc " + checksumText(whole) + " semicolon comma");
+  ASSERT_TRUE(copy.dataStamp);
+  copy.mtDataFileName = folder.write("set.csv", whole);
+  ReadNewData(copy, desktop);
+  EXPECT_TRUE(desktop.boxes().empty());
+  EXPECT_EQ(copy.osData(1, 1), 1.5F);
+  EXPECT_EQ(copy.osData(2, 2), 45.0F);
+
+  WorkingCopy cut = sized(2, 2, false);
+  cut.dataStamp = copy.dataStamp;
+  cut.mtDataFileName = folder.write("set.csv", whole.substr(0, whole.size() - 2));
+  ReadNewData(cut, desktop);
+  ASSERT_EQ(desktop.boxes().size(), 1U);
+  EXPECT_EQ(desktop.boxes()[0].box.text, "Problem with file " + folder.file("set.csv") +
+                                             ". Check file and path. " + changedFile);
+  EXPECT_EQ(cut.osData(2, 2), 0.0F);
 }
 
 TEST_F(DataFile, MissingFileLeavesTheEmptySetWithItsIntercept) {

@@ -10,6 +10,7 @@
 #include <limits>
 #include <random>
 
+#include "base/checksum.h"
 #include "base/file_io.h"
 #include "editor/editor_file_cell.h"
 #include "editor/sheet_number.h"
@@ -85,9 +86,7 @@ SheetContent fullSheet(Make cell, int rows = editorObservations) {
 // With the right check sum, so that the fault is found by reading.
 std::string withCheck(std::string lines) {
   const std::string whole = editorFileBytes(SheetContent(500, 50));
-  char sum[9];
-  std::snprintf(sum, sizeof sum, "%08X", editorFileChecksum(lines));
-  return lines + whole.substr(whole.size() - 13, 4) + sum + "\n";
+  return lines + whole.substr(whole.size() - 13, 4) + checksumText(lines) + "\n";
 }
 
 class EditorFile : public testing::Test {

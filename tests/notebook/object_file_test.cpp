@@ -24,6 +24,29 @@ std::string errorOf(std::string text) {
   return book ? "no error" : book.error().message();
 }
 
+// Up to where the told format ends.
+std::string recordsOf(const Book& book) {
+  const std::string text = objectFileText(book);
+  return text.substr(0, text.rfind("crc "));
+}
+
+// Whatever is changed in a file with its checksum is found, and a file without one is read.
+TEST(ObjectFile, damageAnywhereIsFoundByTheChecksum) {
+  const std::string whole = objectFileText(test::sampleBook());
+  const std::string records = recordsOf(test::sampleBook());
+  EXPECT_EQ(errorOf(records), "no error");
+  EXPECT_EQ(errorOf(records + "crc 123"), "no error") << "cut within the checksum";
+  std::string otherLineEnds = whole;
+  std::erase(otherLineEnds, '\r');
+  EXPECT_EQ(errorOf(otherLineEnds), "no error");
+  for (std::size_t at = 0; at + 2 < records.size(); ++at) {
+    if (records[at] == '\r') continue;
+    std::string damaged = whole;
+    damaged[at] = static_cast<char>(damaged[at] ^ 1);
+    ASSERT_THAT(errorOf(damaged), HasSubstr("the checksum at the end of the file")) << at;
+  }
+}
+
 TEST(ObjectFile, whatIsWrittenIsReadBack) {
   const Book book = test::sampleBook();
   const auto again = read(objectFileText(book));
@@ -58,7 +81,7 @@ TEST(ObjectFile, isReadInTheOrderOfItsGrammar) {
 }
 
 TEST(ObjectFile, everyCutIsAnErrorThatNamesFileAndLine) {
-  const std::string whole = objectFileText(test::sampleBook());
+  const std::string whole = recordsOf(test::sampleBook());
   int line = 1;
   // Without its last line end the file is still complete.
   for (std::size_t length = 0; length + 2 < whole.size(); ++length) {
@@ -71,7 +94,7 @@ TEST(ObjectFile, everyCutIsAnErrorThatNamesFileAndLine) {
 // Every number and boolean in turn replaced: by a text, which is told by line and field, and by
 // numbers that point somewhere else. Whatever is accepted must still hold together.
 TEST(ObjectFile, noReplacedFieldLeadsOutOfBounds) {
-  const std::string whole = objectFileText(test::sampleBook());
+  const std::string whole = recordsOf(test::sampleBook());
   int refused = 0, line = 1, field = 1;
   for (std::size_t start = 0; start < whole.size(); ++field) {
     const bool isText = whole[start] == '"';
@@ -95,7 +118,7 @@ TEST(ObjectFile, noReplacedFieldLeadsOutOfBounds) {
 
 // A full book is read; one row more than a table may have is refused where the rows are counted.
 TEST(ObjectFile, everyTableTakesItsBoundAndNotOneMore) {
-  const std::string full = objectFileText(test::fullBook());
+  const std::string full = recordsOf(test::fullBook());
   EXPECT_EQ(errorOf(full), "no error");
   struct Table {
     std::string noun;
@@ -120,7 +143,7 @@ TEST(ObjectFile, everyTableTakesItsBoundAndNotOneMore) {
 }
 
 TEST(ObjectFile, outlinesHaveOneOrTwoEntries) {
-  const std::string file = objectFileText(test::sampleBook());
+  const std::string file = recordsOf(test::sampleBook());
   const auto entries = file.find("\r\n1\r\n2,") + 5;  // of the one outline element
   for (const char* number : {"0", "3", "-1"})
     EXPECT_THAT(errorOf(std::string(file).replace(entries, 1, number)),

@@ -56,6 +56,17 @@ TEST_F(HtmlReport, WellFormedPageHoldsEveryDisplayWhole) {
   }
 }
 
+TEST_F(HtmlReport, TellsTheMessagesOfTheRunAboveItsDisplays) {
+  const std::string twins = write("twins.csv", "Y,A,B\n1,1,1\n3,2,2\n2,3,3\n5,4,4\n4,5,5\n");
+  const std::string html = output({twins, "--y", "Y"}, "html");
+  const auto messages = html.find("<h2>Messages</h2>");
+  ASSERT_NE(messages, html.npos);
+  EXPECT_LT(messages, html.find("<svg"));
+  EXPECT_THAT(texts(page({twins, "--y", "Y"})),
+              Contains(StartsWith("Singular variance-covariance matrix")));
+  EXPECT_EQ(output({table, "--y", "Rent"}, "html").find("<h2>Messages</h2>"), html.npos);
+}
+
 TEST_F(HtmlReport, StandsAloneAndItsLinksLeadSomewhere) {
   const Element page = this->page({table, "--y", "Rent"});
   std::set<std::string> ids;

@@ -1,5 +1,6 @@
 #include "report/report_program.h"
 
+#include "base/text_encoding.h"
 #include "notebook/object_file.h"
 #include "report_fixture.h"
 
@@ -63,6 +64,41 @@ TEST_F(ReportProgram, FaultsGoToStandardErrorWithTheirStatus) {
   const ReportOutcome help = report({"--help"});
   EXPECT_EQ(help.status, 0);
   EXPECT_THAT(help.output, StartsWith("Usage: tolreport FILE"));
+}
+
+// More than a report shows is refused before it costs memory.
+TEST_F(ReportProgram, LimitsAreToldWhereTheyArePassed) {
+  std::string names = "x0", numbers = "1";
+  for (int i = 1; i < 502; ++i) {
+    names += ",x" + std::to_string(i);
+    numbers += ",1";
+  }
+  const std::string wide = write("wide.csv", names + "\n" + numbers + "\n" + numbers + "\n");
+  const ReportOutcome outcome = report({wide, "--y", "x0"});
+  EXPECT_EQ(outcome.status, 2);
+  EXPECT_THAT(outcome.errors, HasSubstr("501 independent variables, a report has at most 500"));
+  std::string cells = names + "\n";
+  for (int row = 0; row < 3985; ++row) cells += numbers + "\n";
+  EXPECT_THAT(report({write("cells.csv", cells), "--y", "x0"}).errors,
+              HasSubstr("cells.csv:3986: more than 2000000 cells"));
+  EXPECT_THAT(report({write("row.csv", std::string(40000, ',')), "--y", "x0"}).errors,
+              HasSubstr("row.csv:1: more than 32768 fields"));
+}
+
+TEST_F(ReportProgram, NothingOfAFileActsOnTheTerminal) {
+  const auto isQuiet = [](std::string text) {
+    std::erase(text, '\n');
+    return text == onOneLine(text);
+  };
+  const std::string nasty = write("n\x1b[2J\xC2\x9b.csv",
+                                  "T,Y\x1b]0;x\x07,A\xC2\x90\xC2\x9f,B\x7f\n\"a\r\x9b\xC3\",1,2,4\n"
+                                  "b\t\x1b[1m,3,1,3\nc,4,4,2\nd,2,3,7\ne,5,6,1\n");
+  const std::string page = output({nasty, "--y", "Y?]0;x?", "--labels", "T"}, "text");
+  EXPECT_TRUE(isQuiet(page));
+  EXPECT_THAT(page, HasSubstr("Y?]0;x?"));
+  EXPECT_TRUE(isQuiet(report({nasty, "--y", "Y\x1b"}).errors));
+  EXPECT_TRUE(isQuiet(report({"none\x1b[2J\x9b"}).errors));
+  EXPECT_TRUE(isQuiet(report({"--no\x1bsuch"}).errors));
 }
 
 // A course with examples on two pages of its third section, the second one with a wrong path.
