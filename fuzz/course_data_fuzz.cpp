@@ -76,7 +76,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   dataFile.fill(bytes.substr(0, end));
   infoFile.fill(end == bytes.npos ? std::string_view() : bytes.substr(end + 1));
 
-  DataSetClaim claim{.line = 1, .dataFile = dataFile.coursePath()};
+  DataSetClaim claim;
+  claim.dataFile = dataFile.coursePath();
   if (end != bytes.npos) claim.infoFile = infoFile.coursePath();
   claim.labeled = (data[0] & 1) != 0;
   claim.cases = static_cast<Int16>((data[0] >> 1) & 7);
