@@ -62,6 +62,18 @@ class GridEditorTest : public testing::Test {
     desktop.settle();
   }
 
+  void drag(QPoint from, QPoint to) {
+    QWindow* handle = widgetOf(window).windowHandle();
+    const auto place = [this](QPoint at) {
+      return view().viewport()->mapTo(&widgetOf(window), at);
+    };
+    QTest::mousePress(handle, Qt::LeftButton, {}, place(from));
+    QTest::mouseMove(handle, place((from + to) / 2));
+    QTest::mouseMove(handle, place(to));
+    QTest::mouseRelease(handle, Qt::LeftButton, {}, place(to));
+    desktop.settle();
+  }
+
   ScriptedQtDesktop desktop;
   QtUser user{desktop};
   Window window{desktop, "frmEdit", WindowStyle::dialog, "Edit"};
@@ -106,6 +118,52 @@ TEST_F(GridEditorTest, TheMouseOnAnotherCellEntersOrStaysWhereRefused) {
   EXPECT_TRUE(line().hasFocus());
   EXPECT_EQ(line().text(), "no");
   EXPECT_EQ(grid.text(6, 3), "");
+}
+
+TEST_F(GridEditorTest, TheMousePutsAddressesWhereTheCaretIs) {
+  grid.AskPointing = [](const std::string& before, const std::string&, bool& can) {
+    can = before.ends_with("(") || before == "=";
+  };
+  grid.AskAddress = [](const CellBlock& block, std::string& address) {
+    address = "r" + std::to_string(block.row) + "-" + std::to_string(block.row2);
+  };
+  grid.setText(4, 2, "=\xC3\xA9()");
+  grid.startEdit();
+  QTest::keyClick(&line(), Qt::Key_Left);
+  drag(view().cellRect({6, 3}).center(), view().cellRect({8, 3}).center());
+  EXPECT_EQ(line().text().toStdString(), "=\xC3\xA9(r6-8)");
+  EXPECT_EQ(line().cursorPosition(), 7);
+  EXPECT_TRUE(line().hasFocus());
+  EXPECT_EQ(grid.pointed(), (CellBlock{6, 3, 8, 3}));
+  QTest::keyClicks(&line(), "+");
+  EXPECT_FALSE(grid.pointed());
+  EXPECT_EQ(grid.editText(), "=\xC3\xA9(r6-8+)");
+}
+
+TEST_F(GridEditorTest, TheCornerOfTheSelectionIsDrawnOutAndItsMenuOpensAtTheCell) {
+  grid.setFills(true);
+  grid.setFirstDataCell({2, 2});
+  CellBlock from, to;
+  grid.Fill = [&](const CellBlock& source, const CellBlock& target) { from = source, to = target; };
+  grid.select({{4, 2, 5, 2}});
+  drag(view().fillCorner().center(), view().cellRect({7, 3}).center());
+  EXPECT_EQ(from, (CellBlock{4, 2, 5, 2}));
+  EXPECT_EQ(to, (CellBlock{4, 2, 7, 2}));
+  grid.setActiveCell({1, 2});
+  EXPECT_TRUE(view().fillCorner().isEmpty()) << "a name is filled nowhere";
+
+  grid.setActiveCell({5, 3});
+  MenuItem top{nullptr, "mnuTop"};
+  MenuItem cut{&top, "mnuCut", "Cu&t"};
+  grid.MouseUp = [&](MouseButton button) {
+    if (button == MouseButton::right) desktop.popupMenu(top, window);
+  };
+  QTest::keyClick(&view(), Qt::Key_F10, Qt::ShiftModifier);
+  ASSERT_NE(QApplication::activePopupWidget(), nullptr);
+  const QPoint cell = view().viewport()->mapToGlobal(view().cellRect({5, 3}).bottomLeft());
+  EXPECT_EQ(QApplication::activePopupWidget()->pos(), cell);
+  QApplication::activePopupWidget()->close();
+  grid.MouseUp = nullptr;
 }
 
 TEST_F(GridEditorTest, AMenuEntersWhatIsTypedAndGivesTheFocusBack) {

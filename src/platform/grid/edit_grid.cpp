@@ -56,33 +56,56 @@ std::string EditGrid::contentOf(CellPosition cell) const {
   return content;
 }
 
-void EditGrid::open(CellPosition cell, std::string text, Keys keysThen) {
+void EditGrid::open(CellPosition cell, std::string text, Keys keysThen, bool marked) {
   editCell_ = cell;
   editText_ = std::move(text);
+  mark_ = marked ? TextMark{0, editText_.size()} : TextMark{editText_.size(), 0};
   keys_ = keysThen;
   editing_ = true;
+  pointed_.reset();
   tell(Change::text);
+  raise(EditChanged);
 }
 
 void EditGrid::close() {
   editing_ = false;
+  pointed_.reset();
   tell(Change::text);
+  raise(EditChanged);
 }
 
-void EditGrid::setEditText(std::string_view text) {
+void EditGrid::setEditText(std::string_view text, TextMark mark) {
   if (!editing_) return;
   editText_ = oneLine(text);
+  mark_.first = std::min(mark.first, editText_.size());
+  mark_.length = std::min(mark.length, editText_.size() - mark_.first);
+  pointed_.reset();
+  tell(Change::text);
+  raise(EditChanged);
+}
+
+void EditGrid::reportEditMark(TextMark mark) {
+  if (!editing_ || mark == mark_) return;
+  mark_ = mark;
+  if (!pointed_) return;
+  pointed_.reset();
   tell(Change::text);
 }
 
-void EditGrid::startEdit() {
+void EditGrid::startEdit() { startEdit(false); }
+
+void EditGrid::startEdit(bool marked) {
   if (editing_ || !canEdit(activeCell())) return;
   contentBefore_ = contentOf(activeCell());
-  open(activeCell(), oneLine(contentBefore_), Keys::stay);
+  open(activeCell(), oneLine(contentBefore_), Keys::stay, marked);
 }
 
 void EditGrid::typeText(std::string_view text) {
-  if (editing_) return setEditText(editText_ + std::string(text));
+  if (editing_) {
+    std::string typed = editText_;
+    typed.replace(mark_.first, mark_.length, text);
+    return setEditText(typed, {mark_.first + text.size(), 0});
+  }
   if (!canEdit(activeCell())) return;
   contentBefore_ = contentOf(activeCell());
   open(activeCell(), oneLine((replaces_ ? std::string() : contentBefore_) + std::string(text)),
@@ -113,6 +136,7 @@ bool EditGrid::enter(CellPosition cell, const std::string& text) {
 
 bool EditGrid::commitEdit() {
   if (!editing_) return true;
+  const Life life = life_;
   // A box that tells the reason may take the focus, which would commit again.
   if (asking_) return false;
   if (editText_ != contentBefore_) {
@@ -120,8 +144,11 @@ bool EditGrid::commitEdit() {
     const bool accepted = enter(editCell_, std::string(editText_));
     if (!asking.gridIsThere()) return accepted;
     if (!accepted) return !editing_;
+    close();
+  } else {
+    close();
+    if (!life.expired()) raise(EditGivenUp);
   }
-  close();
   return true;
 }
 
@@ -136,19 +163,39 @@ void EditGrid::reshaped() {
 // --- the user
 
 void EditGrid::press(CellPosition cell, ClickKeys held) {
+  if (hasCell(cell) && canPoint()) return pointTo(cell, held.shift && pointed_);
   const Life life = life_;
   if (!commitEdit() || life.expired()) return;
   Grid::press(cell, held);
 }
 
 void EditGrid::dragTo(CellPosition cell) {
-  if (!editing_) Grid::dragTo(cell);
+  if (!editing_) return Grid::dragTo(cell);
+  if (pointed_ && hasCell(cell) && cell != pointed_->head) pointTo(cell, true);
 }
 
+// A name is typed anew more often than mended.
 void EditGrid::doubleClick(CellPosition cell) {
   const Life life = life_;
   Grid::doubleClick(cell);
-  if (!life.expired() && cell == activeCell()) startEdit();
+  if (!life.expired() && cell == activeCell())
+    startEdit(sheet().at(cell.row, cell.col).style.heading);
+}
+
+void EditGrid::pressForMenu(CellPosition cell) {
+  const Life life = life_;
+  if (!commitEdit() || life.expired() || !sheet().contains(cell)) return;
+  const bool isRow = cell.col == 0, isCol = cell.row == 0;
+  const bool isSelected = selection().covers({isCol ? 1 : cell.row, isRow ? 1 : cell.col}) &&
+                          (!isRow || selection().covers({cell.row, maxCols()})) &&
+                          (!isCol || selection().covers({maxRows(), cell.col}));
+  if (!isSelected) Grid::press(cell);
+}
+
+void EditGrid::setColumnTags(std::vector<std::string> tags) {
+  if (tags == columnTags_) return;
+  columnTags_ = std::move(tags);
+  tell(Change::look);
 }
 
 void EditGrid::dragColWidth(int col, Twips width) {
@@ -162,20 +209,22 @@ bool EditGrid::pressKey(const KeyPress& key) {
 }
 
 bool EditGrid::pressEditKey(const KeyPress& key) {
+  const Life life = life_;
   if (key.code == keys::escape) {
     cancelEdit();
-    raise(EditGivenUp);
+    if (!life.expired()) raise(EditGivenUp);
     return true;
   }
   if (key.code == keys::f2) {
     keys_ = keys_ == Keys::move ? Keys::stay : Keys::move;
     return true;
   }
+  if (keys_ == Keys::move && pointByKey(key)) return true;
   if (isEntryKey(key)) {
     commitAndMove(key);
     return true;
   }
-  if (keys_ == Keys::move && !key.shift && cellByEditKey(*this, key)) {
+  if (keys_ == Keys::move && !key.shift && cellBy(key, activeCell())) {
     commitAndMove(key);
     return true;
   }
@@ -189,7 +238,17 @@ void EditGrid::commitAndMove(const KeyPress& key) {
   if (commitEdit() && !life.expired()) pressCellKey(key);
 }
 
+std::optional<CellPosition> EditGrid::cellBy(const KeyPress& key, CellPosition from) const {
+  if (key.code == keys::home && key.control && !key.alt && hasCell(firstDataCell_))
+    return firstDataCell_;
+  return cellByEditKey(*this, key, from);
+}
+
 bool EditGrid::pressCellKey(const KeyPress& key) {
+  if (key.code == keys::escape && fillTarget_) {
+    cancelFill();
+    return true;
+  }
   if (const auto command = commandOf(key)) {
     raise(Command, *command);
     return true;
@@ -207,7 +266,7 @@ bool EditGrid::pressCellKey(const KeyPress& key) {
     if (key.code == keys::backspace && editing_) open(editCell_, {}, Keys::move);
     return true;
   }
-  const auto target = cellByEditKey(*this, key);
+  const auto target = cellBy(key, key.shift ? selection().head() : activeCell());
   if (!target) return Grid::pressKey(key);
   moveBy(*target, key.shift);
   return true;

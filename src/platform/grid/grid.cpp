@@ -202,12 +202,23 @@ void Grid::setActiveCell(CellPosition cell) {
   if (hasCell(cell)) changeSelection([&] { selection_.moveTo(cell); });
 }
 
-void Grid::select(const CellBlock& block) {
-  const CellBlock inside = {std::max(block.row, 1), std::max(block.col, 1),
-                            std::min(block.row2, maxRows()), std::min(block.col2, maxCols())};
-  if (selectionMode_ == SelectionMode::none || inside.row > inside.row2 || inside.col > inside.col2)
-    return;
-  changeSelection([&] { selection_.take(inside); });
+CellBlock Grid::inside(const CellBlock& block) const {
+  return {std::max(block.row, 1), std::max(block.col, 1), std::min(block.row2, maxRows()),
+          std::min(block.col2, maxCols())};
+}
+
+void Grid::select(const CellBlock& block) { select(std::vector{block}); }
+
+void Grid::select(const std::vector<CellBlock>& blocks) {
+  std::vector<CellBlock> taken;
+  for (const CellBlock& block : blocks)
+    if (const CellBlock part = inside(block); part.row <= part.row2 && part.col <= part.col2)
+      taken.push_back(part);
+  if (selectionMode_ == SelectionMode::none || taken.empty()) return;
+  changeSelection([&] {
+    selection_.clear();
+    for (const CellBlock& block : taken) selection_.add(block);
+  });
 }
 
 void Grid::unmarkBlocks() {
@@ -216,7 +227,7 @@ void Grid::unmarkBlocks() {
 
 void Grid::press(CellPosition cell, ClickKeys held) {
   if (selectionMode_ == SelectionMode::none || !sheet_.contains(cell)) return;
-  if (!hasCell(cell)) return pressHeading(cell, held.shift);
+  if (!hasCell(cell)) return pressHeading(cell, held);
   pressedHeading_ = {};
   if (held.control)
     changeSelection([&] { selection_.toggle(cell); });
@@ -224,13 +235,18 @@ void Grid::press(CellPosition cell, ClickKeys held) {
     moveBy(cell, held.shift);
 }
 
-void Grid::pressHeading(CellPosition heading, bool extends) {
+void Grid::pressHeading(CellPosition heading, ClickKeys held) {
   const bool isRow = heading.row > 0;
-  const bool goesOn = extends && (isRow ? pressedHeading_.row : pressedHeading_.col) > 0;
-  if (!goesOn && extends)
+  const bool goesOn = held.shift && (isRow ? pressedHeading_.row : pressedHeading_.col) > 0;
+  if (!goesOn && held.shift)
     pressedHeading_ = isRow ? CellPosition{activeCell().row, 0} : CellPosition{0, activeCell().col};
   else if (!goesOn)
     pressedHeading_ = heading;
+  if (!goesOn) {
+    addsHeaded_ = held.control && selectionMode_ == SelectionMode::cells;
+    // Its place, which takeHeaded fills.
+    if (addsHeaded_ && !selection_.blocks().empty()) selection_.add(selection_.blocks().back());
+  }
   takeHeaded(heading);
 }
 
@@ -239,8 +255,10 @@ void Grid::takeHeaded(CellPosition heading) {
   const bool byRow = pressedHeading_.row > 0;
   const bool byCol = pressedHeading_.col > 0;
   const CellBlock span = blockBetween(pressedHeading_, heading);
-  select({byRow ? span.row : 1, byCol ? span.col : 1, byRow ? span.row2 : maxRows(),
-          byCol ? span.col2 : maxCols()});
+  const CellBlock whole{byRow ? span.row : 1, byCol ? span.col : 1, byRow ? span.row2 : maxRows(),
+                        byCol ? span.col2 : maxCols()};
+  if (!addsHeaded_) return select(whole);
+  changeSelection([&] { selection_.replaceLast(inside(whole)); });
 }
 
 void Grid::dragTo(CellPosition cell) {

@@ -76,11 +76,14 @@ class Grid : public Control {
   CellPosition activeCell() const { return selection_.active(); }
   void setActiveCell(CellPosition cell);
   void select(const CellBlock& block);
+  // Several blocks, the first cell of the last one active.
+  void select(const std::vector<CellBlock>& blocks);
   void unmarkBlocks();
 
   // --- the user, told by the front end; each raises SelectionChange where something changed
   // A press of the left button: with Shift up to this cell, with Control this one too. On a heading
-  // it takes the whole row or column, and a drag or Shift from there several of them.
+  // it takes the whole row or column, with Control that one too, and a drag or Shift from there
+  // several of them.
   virtual void press(CellPosition cell, ClickKeys held = {});
   virtual void dragTo(CellPosition cell);
   // The release over a cell, or a second click on it.
@@ -109,9 +112,10 @@ class Grid : public Control {
   friend class RedrawLock;
   void tellLayout();
   void tellCells(const CellBlock& block);
-  void pressHeading(CellPosition heading, bool extends);
+  void pressHeading(CellPosition heading, ClickKeys held);
   void takeHeaded(CellPosition heading);
   void lockRedraw(int step);
+  CellBlock inside(const CellBlock& block) const;
   template <class Work>
   void changeSelection(Work work);
 
@@ -123,6 +127,7 @@ class Grid : public Control {
   mutable bool axesAreStale_ = true;
   GridSelection selection_;
   CellPosition pressedHeading_;  // the one where a drag or Shift goes on from
+  bool addsHeaded_ = false;      // its rows or columns stand beside other blocks
   SelectionMode selectionMode_ = SelectionMode::cells;
   ScrollBars scrollBars_ = ScrollBars::none;
   int frozenRows_ = 0;

@@ -88,28 +88,7 @@ std::optional<Step> stepOf(int code) {
   }
 }
 
-}  // namespace
-
-std::optional<CellPosition> cellByEditKey(const Grid& grid, const KeyPress& key) {
-  if (!key.control || key.alt) return cellByKey(grid, key);
-  const CellPosition from = key.shift ? grid.selection().head() : grid.activeCell();
-  if (const auto step = stepOf(key.code)) return edgeOfData(grid, from, *step);
-  if (key.code != keys::end) return cellByKey(grid, key);
-  const CellPosition last = lastUsedCell(grid.sheet());
-  return CellPosition{std::max(last.row, 1), std::max(last.col, 1)};
-}
-
-CellPosition lastUsedCell(const Sheet& sheet) {
-  CellPosition last;
-  for (int row = 1; row <= sheet.rows(); ++row)
-    for (int col = 1; col <= sheet.cols(); ++col)
-      if (!sheet.at(row, col).text.empty()) last = {row, std::max(last.col, col)};
-  return last;
-}
-
-std::optional<CellPosition> cellByKey(const Grid& grid, const KeyPress& key) {
-  if (key.alt) return std::nullopt;
-  const CellPosition from = key.shift ? grid.selection().head() : grid.activeCell();
+std::optional<CellPosition> cellFrom(const Grid& grid, const KeyPress& key, CellPosition from) {
   switch (key.code) {
     case keys::up:
       return CellPosition{byArrow(grid.rowAxis(), from.row, -1, key.control), from.col};
@@ -130,6 +109,31 @@ std::optional<CellPosition> cellByKey(const Grid& grid, const KeyPress& key) {
     default:
       return std::nullopt;
   }
+}
+
+}  // namespace
+
+std::optional<CellPosition> cellByEditKey(const Grid& grid, const KeyPress& key,
+                                          CellPosition from) {
+  if (key.alt) return std::nullopt;
+  if (!key.control) return cellFrom(grid, key, from);
+  if (const auto step = stepOf(key.code)) return edgeOfData(grid, from, *step);
+  if (key.code != keys::end) return cellFrom(grid, key, from);
+  const CellPosition last = lastUsedCell(grid.sheet());
+  return CellPosition{std::max(last.row, 1), std::max(last.col, 1)};
+}
+
+CellPosition lastUsedCell(const Sheet& sheet) {
+  CellPosition last;
+  for (int row = 1; row <= sheet.rows(); ++row)
+    for (int col = 1; col <= sheet.cols(); ++col)
+      if (!sheet.at(row, col).text.empty()) last = {row, std::max(last.col, col)};
+  return last;
+}
+
+std::optional<CellPosition> cellByKey(const Grid& grid, const KeyPress& key) {
+  if (key.alt) return std::nullopt;
+  return cellFrom(grid, key, key.shift ? grid.selection().head() : grid.activeCell());
 }
 
 }  // namespace tolmer

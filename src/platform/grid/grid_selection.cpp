@@ -87,9 +87,19 @@ void GridSelection::unmark(CellPosition cell) {
 }
 
 void GridSelection::take(const CellBlock& block) {
+  blocks_.clear();
+  add(block);
+}
+
+void GridSelection::add(const CellBlock& block) {
   anchor_ = {block.row, block.col};
   head_ = {block.row2, block.col2};
-  blocks_ = {shaped(block)};
+  blocks_.push_back(shaped(block));
+}
+
+void GridSelection::replaceLast(const CellBlock& block) {
+  if (!blocks_.empty()) blocks_.pop_back();
+  add(block);
 }
 
 }  // namespace tolmer

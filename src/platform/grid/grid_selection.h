@@ -35,6 +35,10 @@ class GridSelection {
   void toggle(CellPosition cell);
   // This block alone, its first cell active.
   void take(const CellBlock& block);
+  // This block, too, its first cell active.
+  void add(const CellBlock& block);
+  // This block in place of the last one, beside the others.
+  void replaceLast(const CellBlock& block);
   // The marks go, the active cell stays.
   void clear() { blocks_.clear(); }
 

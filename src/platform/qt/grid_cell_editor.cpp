@@ -17,6 +17,13 @@ constexpr int ownMargin = 2;   // that the toolkit leaves beside the text
 constexpr int caretRoom = 12;  // behind the text, for the caret and the next letter
 constexpr int textMargin = static_cast<int>(Grid::sideMargin / twipsPerPixel) - ownMargin;
 
+int bytesOf(const QString& text) { return static_cast<int>(text.toUtf8().size()); }
+
+// A place in the bytes of the text as one in its letters.
+int letters(const std::string& text, std::size_t bytes) {
+  return static_cast<int>(toQt(text.substr(0, bytes)).size());
+}
+
 bool isRedoKey(const QKeyEvent& event) {
   return event.key() == Qt::Key_Y && event.modifiers() == Qt::ControlModifier;
 }
@@ -30,15 +37,43 @@ GridCellEditor::GridCellEditor(GridView& view, EditGrid& grid)
   setTextMargins(textMargin, 0, textMargin, 0);
   hide();
   connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
-    view_.enter([&] { grid_.setEditText(text.toStdString()); });
+    view_.enter([&] { grid_.setEditText(text.toStdString(), mark()); });
   });
+  const auto report = [this] {
+    if (toQt(grid_.editText()) == text()) view_.enter([this] { grid_.reportEditMark(mark()); });
+  };
+  connect(this, &QLineEdit::cursorPositionChanged, this, report);
+  connect(this, &QLineEdit::selectionChanged, this, [this, report] {
+    // Where the mouse goes next, the mark is still meant.
+    if (hasFocus()) report();
+  });
+}
+
+TextMark GridCellEditor::mark() const {
+  const int first = hasSelectedText() ? selectionStart() : cursorPosition();
+  return {static_cast<std::size_t>(bytesOf(text().left(first))),
+          static_cast<std::size_t>(bytesOf(selectedText()))};
+}
+
+void GridCellEditor::setMark(TextMark mark) {
+  const std::string& text = grid_.editText();
+  const int first = letters(text, mark.first);
+  const int length = letters(text, mark.first + mark.length) - first;
+  if (length > 0)
+    setSelection(first, length);
+  else
+    setCursorPosition(first);
 }
 
 void GridCellEditor::follow() {
   if (!grid_.editMode()) return close();
   const bool opens = isHidden();
-  // Setting the text that stands there would send the caret to its end.
-  if (opens || text() != toQt(grid_.editText())) setText(toQt(grid_.editText()));
+  // Setting the text that stands there would take its undo away.
+  if (opens || text() != toQt(grid_.editText())) {
+    const QSignalBlocker quiet(this);
+    setText(toQt(grid_.editText()));
+    setMark(grid_.editMark());
+  }
   if (opens) open();
   stand();
 }

@@ -33,6 +33,8 @@ class GridCellEditor : public QLineEdit {
  private:
   void open();
   void close();
+  TextMark mark() const;
+  void setMark(TextMark mark);
 
   GridView& view_;
   EditGrid& grid_;

@@ -21,6 +21,7 @@ namespace tolmer {
 namespace {
 
 constexpr int dragTick = 40;  // milliseconds
+constexpr int fillCornerSize = 7;
 
 MouseButton modelButton(Qt::MouseButton button) {
   return button == Qt::RightButton ? MouseButton::right : MouseButton::left;
@@ -98,6 +99,7 @@ void GridView::refresh(Change what) {
     viewport()->update(placeOf(grid_.changedCells()));
   if (has(what, Change::value)) showSelection();
   if (editor_ && has(what, Change::text)) editor_->follow();
+  if (editor_ && has(what, Change::text)) showDrawnBlocks();
   if (editor_ && has(what, Change::items)) editor_->stand();
   if (has(what, Change::items) && QAccessible::isActive()) {
     QAccessibleTableModelChangeEvent event(this, QAccessibleTableModelChangeEvent::ModelReset);
@@ -180,24 +182,60 @@ void GridView::showSelection() {
   } else {
     viewport()->update();
   }
-  if (isVisible()) showHead();
+  if (isVisible()) showHead(before.active() != shown_.active());
   tellFocusedCell();
 }
 
-// To mark whole rows or columns is no wish to see their ends.
-void GridView::showHead() {
+// To mark whole rows or columns is no wish to see their ends. A block that was marked at one stroke
+// is seen from its first cell on.
+void GridView::showHead(bool isNew) {
   CellPosition head = shown_.head();
+  CellPosition first = shown_.active();
   if (!shown_.blocks().empty()) {
     const CellBlock& last = shown_.blocks().back();
-    if (last.row == 1 && last.row2 == grid_.maxRows()) head.row = 0;
-    if (last.col == 1 && last.col2 == grid_.maxCols()) head.col = 0;
+    if (last.row == 1 && last.row2 == grid_.maxRows()) head.row = first.row = 0;
+    if (last.col == 1 && last.col2 == grid_.maxCols()) head.col = first.col = 0;
   }
   bringIntoView(head);
+  if (isNew) bringIntoView(first);
 }
 
 void GridView::repaintCell(CellPosition cell) {
-  // The frame around the active cell lies on its lines.
-  viewport()->update(cellRect(cell).adjusted(-2, -2, 2, 2));
+  // The frame around the active cell lies on its lines, and its fill corner across them.
+  viewport()->update(cellRect(cell).adjusted(-2, -2, fillCornerSize, fillCornerSize));
+}
+
+QRect GridView::fillCorner() const {
+  const auto block = editGrid_ ? editGrid_->fillSource() : std::nullopt;
+  if (!block || editGrid_->fillTarget()) return {};
+  const CellPosition cell{block->row2, block->col2};
+  const QPoint corner = cellRect(cell).bottomRight();
+  if (!partOf(cell).adjusted(-1, -1, 1, 1).contains(corner)) return {};
+  const int half = fillCornerSize / 2;
+  return {corner.x() + 1 - half, corner.y() + 1 - half, fillCornerSize, fillCornerSize};
+}
+
+bool GridView::isOnFillCorner(QPoint place) const {
+  const QRect corner = fillCorner();
+  return !corner.isEmpty() && corner.adjusted(-1, -1, 1, 1).contains(place);
+}
+
+bool GridView::pressFillCorner(QPoint place) {
+  if (!isOnFillCorner(place)) return false;
+  filling_ = dragging_ = true;
+  enter([this] { editGrid_->startFill(); });
+  return true;
+}
+
+// What is pointed at and where a fill reaches is framed.
+void GridView::showDrawnBlocks() {
+  const auto pointed = editGrid_->pointed();
+  const auto fill = editGrid_->fillTarget();
+  if (pointed == shownPointed_ && fill == shownFill_) return;
+  shownPointed_ = pointed;
+  shownFill_ = fill;
+  viewport()->update();
+  if (pointed && !dragging_) bringIntoView({pointed->row2, pointed->col2});
 }
 
 void GridView::tellFocusedCell() {
@@ -241,7 +279,9 @@ void GridView::scrollContentsBy(int dx, int dy) {
 void GridView::mousePressEvent(QMouseEvent* event) {
   if (!isModelButton(event->button())) return;
   const QPoint place = event->position().toPoint();
-  if (columnDrag_ && event->button() == Qt::LeftButton && columnDrag_->press(place)) return;
+  if (columnDrag_ && event->button() == Qt::LeftButton &&
+      (columnDrag_->press(place) || pressFillCorner(place)))
+    return;
   const CellPosition cell = cellAt(place);
   dragging_ = event->button() == Qt::LeftButton && isOverCells(place);
   const ClickKeys held{event->modifiers().testFlag(Qt::ShiftModifier),
@@ -249,11 +289,16 @@ void GridView::mousePressEvent(QMouseEvent* event) {
   const QPointer<GridView> alive(this);
   enter([&] { tolmer::raise(grid_.MouseDown, modelButton(event->button())); });
   if (alive && dragging_) enter([&] { grid_.press(cell, held); });
+  const bool asksMenu = event->button() == Qt::RightButton && editGrid_ && isOverCells(place);
+  if (alive && asksMenu) enter([&] { editGrid_->pressForMenu(cell); });
 }
 
 void GridView::mouseMoveEvent(QMouseEvent* event) {
   if (columnDrag_ && !dragging_ && columnDrag_->moveTo(event->position().toPoint())) return;
-  if (!dragging_) return;
+  if (!dragging_) {
+    if (isOnFillCorner(event->position().toPoint())) viewport()->setCursor(Qt::CrossCursor);
+    return;
+  }
   dragPlace_ = event->position().toPoint();
   if (viewport()->rect().contains(dragPlace_))
     dragTimer_.stop();
@@ -266,7 +311,7 @@ void GridView::dragTo(QPoint place) {
   const QRect inside = viewport()->rect();
   place.setX(std::clamp(place.x(), inside.left(), inside.right()));
   place.setY(std::clamp(place.y(), inside.top(), inside.bottom()));
-  enter([&] { grid_.dragTo(cellAt(place)); });
+  enter([&] { filling_ ? editGrid_->fillTo(cellAt(place)) : grid_.dragTo(cellAt(place)); });
 }
 
 void GridView::timerEvent(QTimerEvent* event) {
@@ -288,14 +333,16 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
   const bool clicked = event->button() == Qt::LeftButton && isOverCells(place);
   const CellPosition cell = cellAt(place);
+  const bool fills = event->button() == Qt::LeftButton && filling_;
   if (event->button() == Qt::LeftButton) endDrag();
+  if (fills) return enter([this] { editGrid_->endFill(); });
   const QPointer<GridView> alive(this);
   raiseMouseUp(modelButton(event->button()));
   if (alive && clicked) enter([&] { grid_.click(cell); });
 }
 
 void GridView::endDrag() {
-  dragging_ = false;
+  dragging_ = filling_ = false;
   dragTimer_.stop();
 }
 
@@ -304,7 +351,10 @@ void GridView::showEvent(QShowEvent*) {
   if (grid_.selectionMode() != SelectionMode::none) bringIntoView(shown_.head());
 }
 
-void GridView::hideEvent(QHideEvent*) { endDrag(); }
+void GridView::hideEvent(QHideEvent*) {
+  if (filling_) enter([this] { editGrid_->cancelFill(); });
+  endDrag();
+}
 
 void GridView::raiseMouseUp(MouseButton button) {
   enter([&] { tolmer::raise(grid_.MouseUp, button); });
@@ -313,6 +363,8 @@ void GridView::raiseMouseUp(MouseButton button) {
 void GridView::mouseDoubleClickEvent(QMouseEvent* event) {
   const QPoint place = event->position().toPoint();
   if (columnDrag_ && columnDrag_->doubleClick(place)) return;
+  if (event->button() == Qt::LeftButton && isOnFillCorner(place))
+    return enter([this] { editGrid_->fillBeside(); });
   if (event->button() == Qt::LeftButton && isOverCells(place))
     enter([&] { grid_.doubleClick(cellAt(place)); });
 }

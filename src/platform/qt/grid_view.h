@@ -5,6 +5,7 @@
 #include <QBasicTimer>
 #include <functional>
 #include <memory>
+#include <optional>
 
 #include "platform/grid/edit_grid.h"
 
@@ -25,12 +26,18 @@ class GridView : public QAbstractScrollArea {
   void refresh(Change what);
 
   Grid& grid() const { return grid_; }
+  const EditGrid* editGrid() const { return editGrid_; }
   // Where the cell lies now, without its lines; outside the viewport where it is scrolled away.
   QRect cellRect(CellPosition cell) const;
   // The part of the viewport in which the cell shows: what is frozen, or what scrolls.
   QRect partOf(CellPosition cell) const;
   // What the frame of the active cell surrounds: the cell, or the line open over it.
   QRect activePlace() const;
+  // The square at the lower right corner of the selection that is drawn out to fill cells; empty
+  // where there is none.
+  QRect fillCorner() const;
+  // The block with its lines, as far as it shows.
+  QRect placeOf(const CellBlock& block) const;
   // The keyboard is in the grid, in a cell or on it.
   bool holdsFocus() const;
   // The cell at that place, the nearest one beside all cells.
@@ -68,13 +75,16 @@ class GridView : public QAbstractScrollArea {
  private:
   void setScrollRanges();
   void showSelection();
-  void showHead();
+  void showHead(bool isNew);
   void repaintCell(CellPosition cell);
-  QRect placeOf(const CellBlock& block) const;
   void tellFocusedCell();
   bool isOverCells(QPoint place) const;
   void raiseMouseUp(MouseButton button);
   bool scrollByKey(int key);
+  void openMenuAtCell();
+  bool pressFillCorner(QPoint place);
+  bool isOnFillCorner(QPoint place) const;
+  void showDrawnBlocks();
   bool leavesByKey(const QKeyEvent& event);
   void typeKey(const QKeyEvent& event, bool& taken);
   void dragTo(QPoint place);
@@ -85,7 +95,9 @@ class GridView : public QAbstractScrollArea {
   GridCellEditor* editor_ = nullptr;  // with editGrid_
   std::unique_ptr<GridColumnDrag> columnDrag_;
   GridSelection shown_;  // as painted last
+  std::optional<CellBlock> shownPointed_, shownFill_;
   bool dragging_ = false;
+  bool filling_ = false;     // the drag draws the fill corner
   bool focusByKey_ = false;  // the focus came by the keyboard: it has to be seen
   QPoint dragPlace_;
   QBasicTimer dragTimer_;  // scrolls while a drag rests outside the viewport

@@ -7,6 +7,7 @@
 #include "platform/qt/grid_cell_editor.h"
 #include "platform/qt/grid_view.h"
 #include "platform/qt/input_filter.h"
+#include "platform/qt/menu_peer.h"
 
 // Keys and input methods of a grid.
 namespace tolmer {
@@ -14,7 +15,7 @@ namespace tolmer {
 void GridView::keyPressEvent(QKeyEvent* event) {
   const bool isMenuKey = event->key() == Qt::Key_Menu ||
                          (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
-  if (isMenuKey) return raiseMouseUp(MouseButton::right);
+  if (isMenuKey) return openMenuAtCell();
   if (editGrid_ && leavesByKey(*event)) return;
   const bool isTable = grid_.selectionMode() == SelectionMode::none;
   // The first cell may be a frozen one, which is on the screen always: the rest comes back too.
@@ -23,6 +24,12 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   enter([&] { taken = grid_.pressKey(toKeyPress(*event)) || taken; });
   if (!taken && editGrid_) typeKey(*event, taken);
   if (!taken) QAbstractScrollArea::keyPressEvent(event);
+}
+
+void GridView::openMenuAtCell() {
+  if (grid_.selectionMode() == SelectionMode::none) return raiseMouseUp(MouseButton::right);
+  const PopupPlace place(viewport()->mapToGlobal(cellRect(grid_.activeCell()).bottomLeft()));
+  raiseMouseUp(MouseButton::right);
 }
 
 // Tab goes to the next cell, so other keys have to lead out of the grid.

@@ -19,6 +19,7 @@ namespace {
 // Lighter than the lines around controls: cells are told apart by their alignment first.
 constexpr QColor lineColour{0xE2, 0xE5, 0xEA};
 constexpr double selectionStrength = 0.22;
+constexpr int tagMargin = 4;
 constexpr int sideMargin = static_cast<int>(Grid::sideMargin / twipsPerPixel);
 
 QColor mixed(QColor ground, QColor over, double share) {
@@ -105,7 +106,8 @@ class CellPainter {
     const int line = isFace && !content.style.heading ? 1 : 0;
     painter_.fillRect(place.adjusted(0, 0, line, line), ground(cell, content));
     if (isFace && content.style.heading) paintHeadingLine(place, cell.row <= 1);
-    if (!content.text.empty()) paintText(place, content);
+    const QRect room = cell.row == 1 ? paintTag(place, cell.col, content) : place;
+    if (!content.text.empty()) paintText(room, content);
   }
 
  private:
@@ -125,24 +127,42 @@ class CellPainter {
       painter_.fillRect(place.right() + 1, place.top(), 1, place.height() + 1, theme::line);
   }
 
+  // A small letter opposite the text; the room that it leaves.
+  QRect paintTag(QRect place, int col, const Cell& content) {
+    const EditGrid* grid = view_.editGrid();
+    const auto index = static_cast<std::size_t>(col);
+    if (!grid || col == 0 || index >= grid->columnTags().size()) return place;
+    const QString tag = toQt(grid->columnTags()[index]);
+    const bool isLeft = content.style.align == Align::right;
+    const int width = static_cast<int>(std::ceil(heading_.metrics.horizontalAdvance(tag)));
+    painter_.setFont(heading_.font);
+    painter_.setPen(theme::accent);
+    const int left = isLeft ? place.left() + tagMargin : place.right() + 1 - tagMargin - width;
+    painter_.drawText(QPointF(left, baseLine(place, heading_)), tag);
+    return isLeft ? place.adjusted(width, 0, 0, 0) : place.adjusted(0, 0, -width, 0);
+  }
+
+  static double baseLine(const QRect& place, const CellFont& font) {
+    const double middle = place.top() + place.height() / 2.0;
+    return std::floor(middle + (font.metrics.ascent() - font.metrics.descent()) / 2);
+  }
+
   void paintText(const QRect& place, const Cell& content) {
     const CellFont& font = content.style.heading ? heading_ : body_;
     const double room = place.width() - 2 * sideMargin;
-    const double middle = place.top() + place.height() / 2.0;
-    const double baseLine =
-        std::floor(middle + (font.metrics.ascent() - font.metrics.descent()) / 2);
     painter_.setPen(toQt(content.style.fore));
     // Most cells are figures: their glyphs straight from the font are drawn three times as fast as
     // text that is shaped.
     if (font.glyphs.isValid() && isAscii(content.text)) {
       const auto [run, length] = glyphRun(font.glyphs, toQt(content.text));
       if (length <= room)
-        return painter_.drawGlyphRun({textStart(place, content, length), baseLine}, run);
+        return painter_.drawGlyphRun({textStart(place, content, length), baseLine(place, font)},
+                                     run);
     }
     const QString text = shortened(content, font, room);
     const double length = std::min(font.metrics.horizontalAdvance(text), room);
     painter_.setFont(font.font);
-    painter_.drawText(QPointF(textStart(place, content, length), baseLine), text);
+    painter_.drawText(QPointF(textStart(place, content, length), baseLine(place, font)), text);
   }
 
   // A number without its last digits would look like another one.
@@ -193,6 +213,23 @@ void paintFrame(QPainter& painter, const GridView& view) {
                                      : QRectF(place).adjusted(-0.5, -0.5, 0.5, 0.5));
 }
 
+// What is pointed at or will be filled. It is clipped with the part of the grid that its last cell
+// scrolls in.
+void paintDrawnBlock(QPainter& painter, const GridView& view, const CellBlock& block) {
+  painter.setClipRect(view.partOf({block.row2, block.col2}).adjusted(-1, -1, 0, 0));
+  painter.setPen(QPen(theme::accent, 2, Qt::DashLine));
+  painter.setBrush(Qt::NoBrush);
+  painter.drawRect(QRectF(view.placeOf(block)).adjusted(1.5, 1.5, -2.5, -2.5));
+}
+
+void paintFillCorner(QPainter& painter, const GridView& view) {
+  const QRect corner = view.fillCorner();
+  if (corner.isEmpty() || !view.holdsFocus()) return;
+  painter.setClipping(false);
+  painter.fillRect(corner, Qt::white);
+  painter.fillRect(corner.adjusted(1, 1, -1, -1), theme::accent);
+}
+
 // One of the four parts that scroll alike: corner, upper strip, left strip, body.
 struct Part {
   bool upper;
@@ -235,6 +272,11 @@ void paintGrid(QPainter& painter, const GridView& view, const QRect& area) {
       if (!part.place.isEmpty()) paintPart(painter, cells, view, part, scrolled);
     }
   paintFrame(painter, view);
+  if (const EditGrid* edited = view.editGrid()) {
+    for (const auto& block : {edited->pointed(), edited->fillTarget()})
+      if (block) paintDrawnBlock(painter, view, *block);
+    paintFillCorner(painter, view);
+  }
 }
 
 }  // namespace tolmer

@@ -4,13 +4,14 @@
 #include <QCursor>
 #include <QMenu>
 #include <QPointer>
+#include <optional>
 
 #include "platform/qt/convert.h"
 
 namespace tolmer {
 namespace {
 
-// Of letters, digits and function keys.
+// Of letters, digits, function keys and the Delete key.
 QKeySequence keySequence(const KeyPress& key) {
   if (key.code == 0) return {};
   const bool isFunctionKey = key.code >= keys::f1 && key.code < keys::f1 + 12;
@@ -18,8 +19,10 @@ QKeySequence keySequence(const KeyPress& key) {
   held.setFlag(Qt::ShiftModifier, key.shift);
   held.setFlag(Qt::ControlModifier, key.control);
   held.setFlag(Qt::AltModifier, key.alt);
-  return QKeyCombination(
-      held, static_cast<Qt::Key>(isFunctionKey ? Qt::Key_F1 + key.code - keys::f1 : key.code));
+  const int code = isFunctionKey                 ? Qt::Key_F1 + key.code - keys::f1
+                   : key.code == keys::deleteKey ? static_cast<int>(Qt::Key_Delete)
+                                                 : key.code;
+  return QKeyCombination(held, static_cast<Qt::Key>(code));
 }
 
 // Follows one entry.
@@ -100,7 +103,12 @@ void fillMenu(Mirror& mirror, QMenu& widget, const MenuItem& menu) {
   }
 }
 
+std::optional<QPoint> popupPlace;
+
 }  // namespace
+
+PopupPlace::PopupPlace(QPoint place) { popupPlace = place; }
+PopupPlace::~PopupPlace() { popupPlace.reset(); }
 
 void fillMenuBar(Mirror& mirror, QMenuBar& widget, MenuItem& bar) {
   if (!widget.actions().isEmpty()) return;
@@ -117,8 +125,8 @@ void popUpMenu(Mirror& mirror, MenuItem& menu, const QWidget* window) {
     fillMenu(mirror, *peer->menu(), menu);
     menu.setPeer(std::move(peer));
   }
-  QPoint place = QCursor::pos();
-  if (window && !window->rect().contains(window->mapFromGlobal(place)))
+  QPoint place = popupPlace.value_or(QCursor::pos());
+  if (!popupPlace && window && !window->rect().contains(window->mapFromGlobal(place)))
     place = window->mapToGlobal(window->rect().center());
   static_cast<PopupPeer*>(menu.peer())->menu()->popup(place);
 }
