@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "editor/formula_pointing.h"
 #include "editor/numeric_format.h"
 #include "editor/sort_options.h"
 #include "platform/desktop.h"
@@ -26,7 +27,9 @@ frmDataEditor::frmDataEditor(Desktop& desktop, EditorFolders folders)
   describeControls();
   wireMenu();
   wireOptionsAndHelp();
+  wireCellMenu();
   wireControls();
+  wireGrid();
 }
 
 // However the program ends, what is unsaved stays aside unless the user has said otherwise.
@@ -53,12 +56,17 @@ void frmDataEditor::describeControls() {
   menu.mnuFileSave.setEnabled(false);
   menu.mnuFileNew.setShortcut(withControl('N'));
   menu.mnuFileOpen.setShortcut(withControl('O'));
+  menu.mnuFileSave.setShortcut(withControl('S'));
   menu.mnuFileSaveAs.setShortcut({.code = 'S', .shift = true, .control = true});
   menu.mnuEditUndo.setShortcut(withControl('Z'));
   menu.mnuEditRedo.setShortcut(withControl('Y'));
   menu.mnuEditCut.setShortcut(withControl('X'));
   menu.mnuEditCopy.setShortcut(withControl('C'));
   menu.mnuEditPaste.setShortcut(withControl('V'));
+  menu.mnuEditFillDown.setShortcut(withControl('D'));
+  menu.mnuEditFind.setShortcut(withControl('F'));
+  menu.mnuEditReplace.setShortcut(withControl('H'));
+  menu.mnuHelpContents.setShortcut({.code = keys::f1});
 }
 
 void frmDataEditor::wireMenu() {
@@ -77,6 +85,10 @@ void frmDataEditor::wireMenu() {
   menu.mnuEditPaste.Click = [this] { command(GridCommand::paste); };
   menu.mnuEditInsertRow.Click = [this] { insertOrDeleteRows(true); };
   menu.mnuEditDeleteRow.Click = [this] { insertOrDeleteRows(false); };
+  menu.mnuEditFillDown.Click = [this] { fillDown(); };
+  menu.mnuEditFillSeries.Click = [this] { fillSeries(); };
+  menu.mnuEditFind.Click = [this] { find(false); };
+  menu.mnuEditReplace.Click = [this] { find(true); };
   menu.mnuEditTypingReplaces.Click = [this] {
     spdData.setEditModeReplace(!spdData.editModeReplace());
     menu.mnuEditTypingReplaces.setChecked(spdData.editModeReplace());
@@ -106,6 +118,23 @@ void frmDataEditor::wireOptionsAndHelp() {
   menu.mnuHelpInstructSheet.Click = [this] { showInstructions(1); };
 }
 
+// The same as in the menu above the sheet.
+void frmDataEditor::wireCellMenu() {
+  for (const auto& [entry, like] : {std::pair{&cellMenu.mnuCellsCut, &menu.mnuEditCut},
+                                    {&cellMenu.mnuCellsCopy, &menu.mnuEditCopy},
+                                    {&cellMenu.mnuCellsPaste, &menu.mnuEditPaste},
+                                    {&cellMenu.mnuCellsInsertRow, &menu.mnuEditInsertRow},
+                                    {&cellMenu.mnuCellsDeleteRow, &menu.mnuEditDeleteRow},
+                                    {&cellMenu.mnuCellsFillDown, &menu.mnuEditFillDown},
+                                    {&cellMenu.mnuCellsFillSeries, &menu.mnuEditFillSeries},
+                                    {&cellMenu.mnuCellsSort, &menu.mnuOptionSort}}) {
+    entry->setShortcut(like->shortcut());
+    entry->Click = [like] { like->click(); };
+  }
+  cellMenu.mnuCellsClear.setShortcut({.code = keys::deleteKey});
+  cellMenu.mnuCellsClear.Click = [this] { command(GridCommand::erase); };
+}
+
 void frmDataEditor::wireControls() {
   Activate = [this] { Form_Activate(); };
   Resize = [this] { placeControls(); };
@@ -119,25 +148,41 @@ void frmDataEditor::wireControls() {
     if (txtTitle.text() != sheet_.title()) sheet_.setTitle(txtTitle.text());
   };
   txtTitle.LostFocus = [this] { sheet_.markChanged(); };
-  spdData.AskContent = [this](CellPosition cell, std::string& text) {
-    text = sheet_.editText(cell.row - 1, cell.col - 1);
-  };
-  spdData.EditDone = [this](CellPosition cell, const std::string& text, bool& bAccepted) {
-    spdData_EditDone(cell, text, bAccepted);
-  };
-  spdData.EditGivenUp = [this] { forgetRefusal(); };
-  spdData.LeaveCell = [this](CellPosition cell, CellPosition) {
-    if (cell != told_.cell) told_ = {};
-    forgetRefusal();
-  };
-  spdData.SelectionChange = [this] { showStatus(); };
-  spdData.Command = [this](GridCommand what) { command(what); };
   cmdOpen.Click = [this] { cmdOpen_Click(); };
   cmdSave.Click = [this] { cmdSave_Click(); };
   cmdOK.Click = [this] { cmdOK_Click(); };
   cmdCancel.Click = [this] { cmdCancel_Click(); };
   cmdClose.Click = [this] { closeInstructions(); };
   tmrAutosave_.Tick = [this] { tmrAutosave_Tick(); };
+}
+
+void frmDataEditor::wireGrid() {
+  spdData.AskContent = [this](CellPosition cell, std::string& text) {
+    text = sheet_.editText(cell.row - 1, cell.col - 1);
+  };
+  spdData.EditDone = [this](CellPosition cell, const std::string& text, bool& bAccepted) {
+    spdData_EditDone(cell, text, bAccepted);
+  };
+  spdData.EditGivenUp = [this] { forgetMessages(); };
+  spdData.LeaveCell = [this](CellPosition cell, CellPosition) {
+    if (cell != told_.cell) told_ = {};
+    forgetMessages();
+  };
+  spdData.SelectionChange = [this] { forgetMessages(); };
+  spdData.Command = [this](GridCommand what) { command(what); };
+  spdData.EditChanged = [this] { spdData_EditChanged(); };
+  spdData.AskPointing = [this](const std::string& before, const std::string& behind, bool& bCan) {
+    bCan = typesFormula() && takesAddress(before, behind, sheet_.names());
+  };
+  spdData.AskAddress = [this](const CellBlock& block, std::string& address) {
+    address = addressOf(rangeOf(block), sheet_.names());
+  };
+  spdData.Fill = [this](const CellBlock& from, const CellBlock& to) {
+    fill(rangeOf(from), rangeOf(to));
+  };
+  spdData.MouseUp = [this](MouseButton button) {
+    if (button == MouseButton::right) openCellMenu();
+  };
 }
 
 void frmDataEditor::ShowDataEditor() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "data/data_sources.h"
 #include "editor/autosave.h"
@@ -10,6 +11,7 @@
 #include "editor/data_set_files.h"
 #include "editor/data_sheet.h"
 #include "editor/exit_check.h"
+#include "editor/find_dialog.h"
 #include "platform/button.h"
 #include "platform/grid/edit_grid.h"
 #include "platform/label.h"
@@ -87,6 +89,7 @@ class frmDataEditor : public Window, public EditorData {
   DataSheet& sheet() { return sheet_; }
 
   DataEditorMenu menu;
+  DataEditorCellMenu cellMenu;
   Label lblTitle{this, "lblTitle", "&Title:"};
   TextBox txtTitle{this, "txtTitle"};
   EditGrid spdData{this, "spdData"};
@@ -107,7 +110,9 @@ class frmDataEditor : public Window, public EditorData {
   void describeControls();
   void wireMenu();
   void wireOptionsAndHelp();
+  void wireCellMenu();
   void wireControls();
+  void wireGrid();
   void Form_Activate();
   bool Form_KeyDown(const KeyPress& key);
   void giveUpEntry();
@@ -127,16 +132,26 @@ class frmDataEditor : public Window, public EditorData {
   void showColumn(int col);
   void showAll();
   void showStatus();
+  std::string statusText() const;
+  void refuse(std::string reason);
+  void forgetMessages();
   void showCaption();
   void spdData_EditDone(CellPosition cell, const std::string& text, bool& bAccepted);
   bool entryIsTaken();
-  void forgetRefusal();
   CellRange selectedRange() const;
+  std::vector<CellRange> selectedRanges() const;
+  static CellRange rangeOf(const CellBlock& block);
+  void markRanges(const std::vector<CellRange>& ranges);
+
+  // --- data_editor_formula.cpp: a formula while it is typed
+  bool typesFormula() const;
+  void spdData_EditChanged();
+  std::string pointingText() const;
 
   // --- data_editor_edit.cpp: blocks, rows, formats
   void command(GridCommand what);
   void copySelection(bool cut);
-  std::string htmlOf(const CopiedBlock& block, const CellAddress& first) const;
+  std::string htmlOf(const CopiedBlock& block) const;
   void paste();
   // The text box that has the focus; null where the cells are meant.
   TextBox* focusedText();
@@ -144,8 +159,16 @@ class frmDataEditor : public Window, public EditorData {
   void pasteInto(TextBox& box);
   void pasteText(const std::string& text);
   void takePaste(const CellRange& target, const PasteTable& table);
+  void tellRefused(int refused, const std::string& reason);
+  bool isOneBlock(const std::string& command);
   void undoOrRedo(bool undo);
   void insertOrDeleteRows(bool insert);
+  bool mayChangeRows(bool insert) const;
+  void fillDown();
+  void fillSeries();
+  void fill(const CellRange& from, const CellRange& to);
+  void openCellMenu();
+  void find(bool replaces);
   void showDialog(Window& dialog);
   void showInstructions(int index);
   void closeInstructions();
@@ -183,9 +206,12 @@ class frmDataEditor : public Window, public EditorData {
   Timer tmrAutosave_;
   ExitData exit_;
   std::string refusal_;  // what the status line says in place of the cell: what was not done, why
+  std::string notice_;   // the same, where something was done
   EntryTold told_;
   PasteTable copied_;  // what was copied here last, with its formulas
   int copies_ = 0;
+  FindRequest findRequest_;
+  bool entryIsOpen_ = false;
   bool mbEditorOpen_ = false;
   bool mbUserCancel_ = false;
   bool activatedOnce_ = false;

@@ -4,13 +4,13 @@
 #include <utility>
 
 #include "editor/data_editor.h"
+#include "editor/dialog_parts.h"
 #include "platform/desktop.h"
 
 namespace tolmer {
 namespace {
 
 constexpr Colour headingGround = Colour::rgb(255, 255, 128);
-constexpr Colour refusalText = Colour::rgb(0xA8, 0x1E, 0x1E);
 constexpr Twips numberWidth = pixels(44);  // of the observations' numbers
 constexpr Twips rowHeight = pixels(20);
 constexpr Twips labelWidth = pixels(110);
@@ -50,6 +50,8 @@ void frmDataEditor::InitialiseGrid() {
   }
   spdData.showHeadings(false, true);
   const bool isSmall = sheet_.variables() < manyVariables;
+  spdData.setFirstDataCell({2, 2});
+  spdData.setFills(true);
   spdData.freeze(1, isSmall ? spdData.maxCols() : 1);
   spdData.setScrollBars(isSmall ? ScrollBars::vertical : ScrollBars::both);
   resetGrid();
@@ -104,7 +106,7 @@ void frmDataEditor::follow(const SheetChange& change) {
   if (change.file) showCaption();
   sheet_.unsaved() ? autosave_.changed() : autosave_.clean();
   told_ = {};
-  forgetRefusal();
+  forgetMessages();
 }
 
 void frmDataEditor::showCell(int row, int col) {
@@ -138,28 +140,31 @@ void frmDataEditor::showStatus() {
   menu.mnuEditUndo.setEnabled(!sheet_.undoName().empty());
   menu.mnuEditRedo.setEnabled(!sheet_.redoName().empty());
   lblStatus.setForeColour(refusal_.empty() ? colours::buttonText : refusalText);
-  if (!refusal_.empty()) return lblStatus.setCaption(refusal_);
+  lblStatus.setCaption(refusal_.empty() ? statusText() : refusal_);
+}
+
+std::string frmDataEditor::statusText() const {
+  if (!notice_.empty()) return notice_;
+  if (typesFormula()) return pointingText();
   const CellPosition at = spdData.activeCell();
-  if (at.row < 1 || at.col < 1) return lblStatus.setCaption({});
-  const int row = at.row - 1;
-  const int col = at.col - 1;
-  const std::string name = sheet_.heading(col);
-  const std::string content = sheet_.editText(row, col);
-  std::string text = row == 0 ? "Name of column " + columnLetters(col)
-                              : columnLetters(col) + std::to_string(row) + " = " + name + ", Obs " +
-                                    std::to_string(row);
-  if (row > 0 && !content.empty()) text += ":  " + content;
-  if (!told_.text.empty()) text = told_.text + "  |  " + text;
-  lblStatus.setCaption(std::move(text));
+  if (at.row < 1 || at.col < 1) return {};
+  const std::string cell = describedCell(sheet_, {at.row - 1, at.col - 1});
+  return told_.text.empty() ? cell : told_.text + "  |  " + cell;
+}
+
+void frmDataEditor::refuse(std::string reason) {
+  refusal_ = std::move(reason);
+  desktop().beep();
+  showStatus();
 }
 
 void frmDataEditor::spdData_EditDone(CellPosition cell, const std::string& text, bool& bAccepted) {
   const EntryOutcome outcome = sheet_.enter(cell.row - 1, cell.col - 1, text);
   bAccepted = outcome.accepted;
-  refusal_ = outcome.accepted ? std::string() : outcome.reason;
   told_ = {cell, outcome.taken};
-  if (!outcome.accepted) desktop().beep();
-  showStatus();
+  if (!outcome.accepted) return refuse(outcome.reason);
+  refusal_.clear();
+  forgetMessages();
 }
 
 // First of all that needs the open entry in its cell. Where it is refused nothing else is done: it
@@ -171,19 +176,44 @@ bool frmDataEditor::entryIsTaken() {
 }
 
 // As long as the refused entry is open, its reason stands.
-void frmDataEditor::forgetRefusal() {
+void frmDataEditor::forgetMessages() {
   if (!spdData.editMode()) refusal_.clear();
+  notice_.clear();
   showStatus();
 }
 
 // The block last marked, or the active cell.
-CellRange frmDataEditor::selectedRange() const {
-  const auto& blocks = spdData.selection().blocks();
+CellRange frmDataEditor::selectedRange() const { return selectedRanges().back(); }
+
+CellRange frmDataEditor::rangeOf(const CellBlock& block) {
+  return {{std::max(block.row, 1) - 1, std::max(block.col, 1) - 1},
+          {block.row2 - 1, block.col2 - 1}};
+}
+
+std::vector<CellRange> frmDataEditor::selectedRanges() const {
+  std::vector<CellBlock> blocks = spdData.selection().blocks();
   const CellPosition at = spdData.activeCell();
-  CellBlock block = blocks.empty() ? CellBlock{at.row, at.col, at.row, at.col} : blocks.back();
-  block.row = std::max(block.row, 1);
-  block.col = std::max(block.col, 1);
-  return {{block.row - 1, block.col - 1}, {block.row2 - 1, block.col2 - 1}};
+  if (blocks.empty()) blocks.push_back({at.row, at.col, at.row, at.col});
+  std::vector<CellRange> ranges;
+  for (const CellBlock& block : blocks) ranges.push_back(rangeOf(block));
+  return ranges;
+}
+
+// More than a screen can show are not marked: the first of them is gone to.
+void frmDataEditor::markRanges(const std::vector<CellRange>& ranges) {
+  constexpr std::size_t most = 100;
+  if (ranges.empty()) return;
+  const CellRange& first = ranges.front();
+  const bool isCell = first.first == first.last;
+  if (ranges.size() > most || (ranges.size() == 1 && isCell))
+    return spdData.setActiveCell({first.first.row + 1, first.first.column + 1});
+  std::vector<CellBlock> blocks;
+  for (const CellRange& range : ranges)
+    blocks.push_back(
+        {range.first.row + 1, range.first.column + 1, range.last.row + 1, range.last.column + 1});
+  // The one marked last has the cursor.
+  std::ranges::reverse(blocks);
+  spdData.select(blocks);
 }
 
 }  // namespace tolmer

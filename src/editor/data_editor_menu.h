@@ -1,4 +1,4 @@
-// The data editor's menu.
+// The data editor's menus.
 #pragma once
 
 #include "platform/menu.h"
@@ -28,6 +28,12 @@ struct DataEditorMenu {
   MenuItem mnuEditInsertRow{&mnuEdit, "mnuEditInsertRow", "&Insert Row"};
   MenuItem mnuEditDeleteRow{&mnuEdit, "mnuEditDeleteRow", "&Delete Row"};
   MenuItem mnuEditBar3{&mnuEdit, "mnuEditBar3", "-"};
+  MenuItem mnuEditFillDown{&mnuEdit, "mnuEditFillDown", "Fill Do&wn"};
+  MenuItem mnuEditFillSeries{&mnuEdit, "mnuEditFillSeries", "Fill &Series"};
+  MenuItem mnuEditBar4{&mnuEdit, "mnuEditBar4", "-"};
+  MenuItem mnuEditFind{&mnuEdit, "mnuEditFind", "&Find..."};
+  MenuItem mnuEditReplace{&mnuEdit, "mnuEditReplace", "R&eplace..."};
+  MenuItem mnuEditBar5{&mnuEdit, "mnuEditBar5", "-"};
   MenuItem mnuEditTypingReplaces{&mnuEdit, "mnuEditTypingReplaces", "&Typing Replaces Cell"};
 
   MenuItem mnuOption{&bar, "mnuOption", "&Options"};
@@ -49,6 +55,23 @@ struct DataEditorMenu {
   MenuItem mnuHelpInstructSheet{&mnuHelpInstruct, "mnuHelpInstruct(1)",
                                 "Bringing Spreadsheet &Files into Editor"};
   MenuItem mnuHelpUsing{&mnuHelp, "mnuHelpUsing", "&Using Help"};
+};
+
+// On the right mouse button in the sheet: what can be done with the cells there.
+struct DataEditorCellMenu {
+  MenuItem top{nullptr, "mnuCells"};
+  MenuItem mnuCellsCut{&top, "mnuCellsCut", "Cu&t"};
+  MenuItem mnuCellsCopy{&top, "mnuCellsCopy", "&Copy"};
+  MenuItem mnuCellsPaste{&top, "mnuCellsPaste", "&Paste"};
+  MenuItem mnuCellsClear{&top, "mnuCellsClear", "C&lear"};
+  MenuItem mnuCellsBar1{&top, "mnuCellsBar1", "-"};
+  MenuItem mnuCellsInsertRow{&top, "mnuCellsInsertRow", "&Insert Row"};
+  MenuItem mnuCellsDeleteRow{&top, "mnuCellsDeleteRow", "&Delete Row"};
+  MenuItem mnuCellsBar2{&top, "mnuCellsBar2", "-"};
+  MenuItem mnuCellsFillDown{&top, "mnuCellsFillDown", "Fill Do&wn"};
+  MenuItem mnuCellsFillSeries{&top, "mnuCellsFillSeries", "Fill &Series"};
+  MenuItem mnuCellsBar3{&top, "mnuCellsBar3", "-"};
+  MenuItem mnuCellsSort{&top, "mnuCellsSort", "S&ort..."};
 };
 
 }  // namespace tolmer

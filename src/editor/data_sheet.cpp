@@ -26,6 +26,22 @@ std::string shownOrExact(std::string shown, std::string exact) {
   return isWhole ? std::move(shown) : std::move(exact);
 }
 
+// The lines of all spans, in their order in the sheet; nothing where two have one in common.
+std::optional<std::vector<int>> linesOf(std::vector<std::pair<int, int>> spans) {
+  std::ranges::sort(spans);
+  std::vector<int> lines;
+  for (const auto& [first, last] : spans) {
+    if (!lines.empty() && first <= lines.back()) return std::nullopt;
+    for (int line = first; line <= last; ++line) lines.push_back(line);
+  }
+  return lines;
+}
+
+std::pair<int, int> rowSpan(const CellRange& block) { return {block.first.row, block.last.row}; }
+std::pair<int, int> columnSpan(const CellRange& block) {
+  return {block.first.column, block.last.column};
+}
+
 Int16 withinDecimals(Int16 digits) { return std::clamp(digits, Int16{0}, maxDecimals); }
 
 // A name that comes may be another column's too: formulas still mean the columns they meant.
@@ -130,30 +146,72 @@ EntryOutcome DataSheet::enter(int row, int col, std::string_view typed) {
   Result<CellEntry> entry = cellFromText(edit, {row, col}, typed);
   if (!entry) return {false, entry.error().message()};
   edit.put({row, col}, std::move(entry->cell));
+  edit.showAt({{row, col}, {row, col}});
   commit(edit);
   return {.taken = std::move(entry->taken)};
 }
 
-void DataSheet::clear(const CellRange& block) {
+void DataSheet::clear(std::span<const CellRange> blocks) {
   SheetEdit edit = beginEdit("Delete");
-  edit.clear(clipped(block));
+  for (const CellRange& block : blocks) {
+    edit.clear(clipped(block));
+    edit.showAt(clipped(block));
+  }
   commit(edit, WithoutSteps::marks);
+}
+
+CopiedBlock DataSheet::copyOf(std::vector<int> rows, std::vector<int> columns) const {
+  CopiedBlock copied;
+  const int lastRow = static_cast<int>(rows.size()) - 1;
+  const int lastColumn = static_cast<int>(columns.size()) - 1;
+  copied.table.cells.resize(lastRow, lastColumn);
+  copied.texts.resize(lastRow, lastColumn);
+  for (int i = 0; i <= lastRow; ++i)
+    for (int j = 0; j <= lastColumn; ++j) {
+      const int r = rows[static_cast<std::size_t>(i)];
+      const int c = columns[static_cast<std::size_t>(j)];
+      const DataCell& held = cell(r, c);
+      copied.table.cells(i, j) = held;
+      std::string exact = r == 0 ? held.text : exactTextOf(held, formulas_.valueOf({r, c}));
+      copied.exactText += tabbedCell(exact) + (j < lastColumn ? '\t' : '\n');
+      copied.texts(i, j) = shownOrExact(shownText(r, c), std::move(exact));
+    }
+  copied.rows = std::move(rows);
+  copied.columns = std::move(columns);
+  return copied;
 }
 
 CopiedBlock DataSheet::copy(const CellRange& block) const {
   const CellRange from = clipped(block);
-  CopiedBlock copied;
+  CopiedBlock copied = copyOf(*linesOf({rowSpan(from)}), *linesOf({columnSpan(from)}));
   copied.table.copiedFrom = from.first;
-  copied.table.cells.resize(from.last.row - from.first.row, from.last.column - from.first.column);
-  copied.texts.resize(from.last.row - from.first.row, from.last.column - from.first.column);
-  for (int r = from.first.row; r <= from.last.row; ++r)
-    for (int c = from.first.column; c <= from.last.column; ++c) {
-      const DataCell& held = cell(r, c);
-      copied.table.cells(r - from.first.row, c - from.first.column) = held;
-      std::string exact = r == 0 ? held.text : exactTextOf(held, formulas_.valueOf({r, c}));
-      copied.exactText += tabbedCell(exact) + (c < from.last.column ? '\t' : '\n');
-      copied.texts(r - from.first.row, c - from.first.column) =
-          shownOrExact(shownText(r, c), std::move(exact));
+  return copied;
+}
+
+std::optional<CopiedBlock> DataSheet::copy(std::span<const CellRange> blocks) const {
+  if (blocks.size() == 1) return copy(blocks.front());
+  std::vector<std::pair<int, int>> rows, columns;
+  for (const CellRange& block : blocks) {
+    rows.push_back(rowSpan(clipped(block)));
+    columns.push_back(columnSpan(clipped(block)));
+  }
+  const bool sideBySide = std::ranges::count(rows, rows[0]) == std::ssize(rows);
+  if (!sideBySide && std::ranges::count(columns, columns[0]) != std::ssize(columns))
+    return std::nullopt;
+  (sideBySide ? rows : columns).resize(1);
+  auto rowLines = linesOf(std::move(rows)), columnLines = linesOf(std::move(columns));
+  if (!rowLines || !columnLines) return std::nullopt;
+  CopiedBlock copied = copyOf(std::move(*rowLines), std::move(*columnLines));
+  for (int i = 0; i <= copied.table.cells.lastRow(); ++i)
+    for (int j = 0; j <= copied.table.cells.lastColumn(); ++j) {
+      DataCell& held = copied.table.cells(i, j);
+      if (held.kind != DataCell::Kind::formula) continue;
+      const CellAddress at{copied.rows[static_cast<std::size_t>(i)],
+                           copied.columns[static_cast<std::size_t>(j)]};
+      const CellValue value = formulas_.valueOf(at);
+      held = value.kind == CellValue::Kind::number
+                 ? DataCell{.kind = DataCell::Kind::number, .number = value.number}
+                 : DataCell{.kind = DataCell::Kind::text, .text = exactTextOf(held, value)};
     }
   return copied;
 }
@@ -163,6 +221,7 @@ CopiedBlock DataSheet::cut(const CellRange& block) {
   copied.table.wasCut = true;
   SheetEdit edit = beginEdit("Cut");
   edit.clear(clipped(block));
+  edit.showAt(clipped(block));
   commit(edit, WithoutSteps::marks);
   return copied;
 }
@@ -171,6 +230,22 @@ PasteOutcome DataSheet::paste(const CellRange& target, const PasteTable& table) 
   SheetEdit edit = beginEdit("Paste");
   PasteOutcome outcome = tolmer::paste(edit, clipped(target), table);
   commit(edit, outcome.pasted ? WithoutSteps::marks : WithoutSteps::isNothing);
+  return outcome;
+}
+
+FillOutcome DataSheet::fill(const CellRange& from, const CellRange& to) {
+  SheetEdit edit = beginEdit("Fill");
+  FillOutcome outcome = tolmer::fill(edit, clipped(from), clipped(to));
+  edit.showAt(clipped(to));
+  commit(edit, WithoutSteps::marks);
+  return outcome;
+}
+
+ReplaceOutcome DataSheet::replace(const FindWords& words, const std::string& by,
+                                  std::span<const CellAddress> cells) {
+  SheetEdit edit = beginEdit("Replace");
+  ReplaceOutcome outcome = tolmer::replace(edit, words, by, cells);
+  commit(edit);
   return outcome;
 }
 
@@ -188,13 +263,32 @@ void DataSheet::nameBlankHeadings() {
 int DataSheet::insertRows(int first, int last) {
   SheetEdit edit = beginEdit("Insert Row");
   const int pushedOut = tolmer::insertRows(edit, first, std::min(last, observations()));
+  edit.showAt(clipped({{first, 0}, {last, variables()}}));
   commit(edit, WithoutSteps::marks);
   return pushedOut;
 }
 
 void DataSheet::deleteRows(int first, int last) {
+  const CellRange block{{first, 0}, {last, variables()}};
+  deleteRows({&block, 1});
+}
+
+void DataSheet::deleteRows(std::span<const CellRange> blocks) {
+  std::vector<bool> goes(static_cast<std::size_t>(observations()) + 1);
   SheetEdit edit = beginEdit("Delete Row");
-  tolmer::deleteRows(edit, first, std::min(last, observations()));
+  for (const CellRange& block : blocks) {
+    const auto [first, last] = rowSpan(clipped(block));
+    std::fill(goes.begin() + first, goes.begin() + last + 1, true);
+    edit.showAt({{first, 0}, {last, variables()}});
+  }
+  // From below, so that the rows above keep their numbers.
+  for (int last = observations(); last >= 0; --last) {
+    if (!goes[static_cast<std::size_t>(last)]) continue;
+    int first = last;
+    while (first > 0 && goes[static_cast<std::size_t>(first) - 1]) --first;
+    tolmer::deleteRows(edit, first, last);
+    last = first;
+  }
   commit(edit, WithoutSteps::marks);
 }
 
@@ -210,6 +304,7 @@ void DataSheet::sort(int keyColumn, bool ascending) {
     keys.push_back(sortKey(cell(r, keyColumn), formulas_.valueOf({r, keyColumn})));
   SheetEdit edit = beginEdit("Sort");
   sortRows(edit, keys, ascending, formulas_);
+  edit.showAt({{1, 0}, {lastRow, variables()}});
   commit(edit, WithoutSteps::marks);
 }
 
@@ -285,18 +380,18 @@ void DataSheet::markSaved(std::string fileName) {
   follow({.file = true});
 }
 
-bool DataSheet::undo() {
+const SheetJournal::Action* DataSheet::undo() {
   SheetChange change;
-  if (!journal_.undo(state_, change)) return false;
-  follow(std::move(change));
-  return true;
+  const SheetJournal::Action* undone = journal_.undo(state_, change);
+  if (undone) follow(std::move(change));
+  return undone;
 }
 
-bool DataSheet::redo() {
+const SheetJournal::Action* DataSheet::redo() {
   SheetChange change;
-  if (!journal_.redo(state_, change)) return false;
-  follow(std::move(change));
-  return true;
+  const SheetJournal::Action* redone = journal_.redo(state_, change);
+  if (redone) follow(std::move(change));
+  return redone;
 }
 
 void DataSheet::startVisit() {

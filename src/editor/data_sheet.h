@@ -10,6 +10,8 @@
 
 #include "editor/sheet_copy.h"
 #include "editor/sheet_edit.h"
+#include "editor/sheet_fill.h"
+#include "editor/sheet_find.h"
 #include "editor/sheet_paste.h"
 #include "editor/sheet_rows.h"
 
@@ -41,6 +43,8 @@ class DataSheet {
   const SheetContent& content() const { return state_.content; }
   const DataCell& cell(int row, int col) const { return content().cells(row, col); }
   const std::string& heading(int iVar) const { return cell(0, iVar).text; }
+  // The headings, as formulas know them.
+  const SheetNames& names() const { return formulas_.names(); }
   // Nothing in empty cells, labels, headings, and where a formula has an error.
   std::optional<double> value(int row, int col) const;
   // With the column's decimals; the error of a formula.
@@ -53,17 +57,29 @@ class DataSheet {
 
   // --- cells
   EntryOutcome enter(int row, int col, std::string_view typed);
-  void clear(const CellRange& block);
+  void clear(std::span<const CellRange> blocks);
+  void clear(const CellRange& block) { clear({&block, 1}); }
   CopiedBlock copy(const CellRange& block) const;
+  // Of several blocks those side by side or one below the other become one; its formulas become
+  // their results, since they stand no longer as they stood. Nothing where the blocks have neither
+  // all their rows nor all their columns in common.
+  std::optional<CopiedBlock> copy(std::span<const CellRange> blocks) const;
   CopiedBlock cut(const CellRange& block);
   // See sheet_paste.h.
   PasteOutcome paste(const CellRange& target, const PasteTable& table);
+  // See sheet_fill.h.
+  FillOutcome fill(const CellRange& from, const CellRange& to);
+  // See sheet_find.h. All of them are replaced at one stroke.
+  ReplaceOutcome replace(const FindWords& words, const std::string& by,
+                         std::span<const CellAddress> cells);
   // Columns up to the last used one without a name get one. No change of the data by the user.
   void nameBlankHeadings();
 
   // --- rows, see sheet_rows.h
   int insertRows(int first, int last);
   void deleteRows(int first, int last);
+  // The rows of all blocks.
+  void deleteRows(std::span<const CellRange> blocks);
   // Formulas that sort() would make values of.
   int orderDependentFormulas() const;
   void sort(int keyColumn, bool ascending);
@@ -101,8 +117,9 @@ class DataSheet {
   void markNeverSaved();
 
   // --- undo
-  bool undo();
-  bool redo();
+  // What was undone or redone, until the next change; null where there is nothing.
+  const SheetJournal::Action* undo();
+  const SheetJournal::Action* redo();
   // For the menu, "Paste"; empty where there is nothing to undo.
   std::string_view undoName() const { return journal_.undoName(); }
   std::string_view redoName() const { return journal_.redoName(); }
@@ -124,6 +141,7 @@ class DataSheet {
   void follow(SheetChange change);
   void replaceAll(std::string_view name, SheetContent content, std::string fileName);
   CellRange clipped(const CellRange& block) const;
+  CopiedBlock copyOf(std::vector<int> rows, std::vector<int> columns) const;
 
   SheetState state_;
   SheetFormulas formulas_{state_.content};

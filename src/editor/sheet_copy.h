@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "editor/sheet_content.h"
 #include "editor/sheet_paste.h"
@@ -15,6 +16,8 @@ struct CopiedBlock {
   std::string exactText;  // all digits
   // For a table in a text: as on the screen where that says the whole number, else all digits.
   Matrix<std::string> texts;
+  // Where they stand in the sheet.
+  std::vector<int> rows, columns;
 };
 
 }  // namespace tolmer

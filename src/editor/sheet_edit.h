@@ -46,6 +46,9 @@ class SheetEdit {
 
   std::vector<CellAddress> formulas() const { return formulasOf(content()); }
 
+  // The user will find the action there when it is undone.
+  void showAt(const CellRange& place) { action_.places.push_back(place); }
+
   // Ends the action: formulas that stood before it call renamed columns by their new names.
   SheetJournal::Action finish();
   SheetChange& change() { return change_; }

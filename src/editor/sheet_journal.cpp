@@ -65,22 +65,22 @@ bool SheetJournal::continues(std::string_view name) const {
   return !sealed_ && place_ > 0 && actions_[place_ - 1].name == name;
 }
 
-bool SheetJournal::undo(SheetState& state, SheetChange& change) {
-  if (place_ == 0) return false;
+const SheetJournal::Action* SheetJournal::undo(SheetState& state, SheetChange& change) {
+  if (place_ == 0) return nullptr;
   --place_;
   auto& steps = actions_[place_].steps;
   std::for_each(steps.rbegin(), steps.rend(),
                 [&](SheetStep& step) { perform(step, state, change); });
   sealed_ = true;
-  return true;
+  return &actions_[place_];
 }
 
-bool SheetJournal::redo(SheetState& state, SheetChange& change) {
-  if (place_ == actions_.size()) return false;
+const SheetJournal::Action* SheetJournal::redo(SheetState& state, SheetChange& change) {
+  if (place_ == actions_.size()) return nullptr;
   for (SheetStep& step : actions_[place_].steps) perform(step, state, change);
   ++place_;
   sealed_ = true;
-  return true;
+  return &actions_[place_ - 1];
 }
 
 std::string_view SheetJournal::undoName() const {

@@ -67,6 +67,8 @@ class SheetJournal {
   struct Action {
     std::string_view name;  // for the menu: "Typing"
     std::vector<SheetStep> steps{};
+    // Where it happened, to be looked at when it is undone; empty where it is seen at no cell.
+    std::vector<CellRange> places{};
   };
 
   // Behind the present place; what was undone can no longer be redone. An action without steps
@@ -77,9 +79,9 @@ class SheetJournal {
   bool continues(std::string_view name) const;
   void seal() { sealed_ = true; }
 
-  // False where there is nothing to undo or redo.
-  bool undo(SheetState& state, SheetChange& change);
-  bool redo(SheetState& state, SheetChange& change);
+  // What was undone or redone, until the next change; null where there is nothing.
+  const Action* undo(SheetState& state, SheetChange& change);
+  const Action* redo(SheetState& state, SheetChange& change);
   std::string_view undoName() const;
   std::string_view redoName() const;
 

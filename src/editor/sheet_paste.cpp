@@ -47,6 +47,12 @@ CellAddress repeats(const CellRange& target, const PasteTable& table) {
   return {std::max(rows / table.rows(), 1), std::max(columns / table.columns(), 1)};
 }
 
+Result<DataCell> typedCell(SheetEdit& edit, CellAddress at, const std::string& text) {
+  auto entry = cellFromText(edit, at, text);
+  if (!entry) return entry.error();
+  return std::move(entry->cell);
+}
+
 class Paster {
  public:
   Paster(SheetEdit& edit, const PasteTable& table) : edit_(edit), table_(table) {}
@@ -75,22 +81,11 @@ class Paster {
     if (outcome.refused++ == 0) outcome.reason = cell.error().message();
   }
 
+  // Formulas that were cut stay as they were.
   Result<DataCell> converted(const DataCell& from, CellAddress at, CellAddress corner) {
-    if (from.kind == Kind::empty) return DataCell{};
-    const bool isValue = at.row > 0 && at.column > 0;
-    if (isValue && from.kind == Kind::number)
-      return DataCell{.kind = Kind::number, .number = from.number};
-    if (isValue && from.kind == Kind::formula && table_.copiedFrom)
-      return edit_.formulaCell(movedText(from.text, corner));
-    auto entry = cellFromText(edit_, at, from.text.empty() ? exactText(from.number) : from.text);
-    if (!entry) return entry.error();
-    return std::move(entry->cell);
-  }
-
-  std::string movedText(const std::string& text, CellAddress corner) const {
-    if (table_.wasCut) return text;
-    return movedFormula(text, edit_.names(), corner.row - table_.copiedFrom->row,
-                        corner.column - table_.copiedFrom->column);
+    if (from.kind == Kind::formula && !table_.copiedFrom) return typedCell(edit_, at, from.text);
+    const CellAddress source = table_.wasCut ? corner : table_.copiedFrom.value_or(corner);
+    return copiedCell(edit_, from, at, corner.row - source.row, corner.column - source.column);
   }
 
   SheetEdit& edit_;
@@ -98,6 +93,19 @@ class Paster {
 };
 
 }  // namespace
+
+Result<DataCell> copiedCell(SheetEdit& edit, const DataCell& from, CellAddress to, int rows,
+                            int columns) {
+  if (from.kind == Kind::empty) return DataCell{};
+  const bool isValue = to.row > 0 && to.column > 0;
+  if (isValue && from.kind == Kind::number)
+    return DataCell{.kind = Kind::number, .number = from.number};
+  if (isValue && from.kind == Kind::formula)
+    return edit.formulaCell(rows == 0 && columns == 0
+                                ? from.text
+                                : movedFormula(from.text, edit.names(), rows, columns));
+  return typedCell(edit, to, from.text.empty() ? exactText(from.number) : from.text);
+}
 
 PasteOutcome paste(SheetEdit& edit, const CellRange& target, const PasteTable& table) {
   const CellAddress at = target.first;
@@ -109,6 +117,11 @@ PasteOutcome paste(SheetEdit& edit, const CellRange& target, const PasteTable& t
   for (int r = 0; r < times.row; ++r)
     for (int c = 0; c < times.column; ++c)
       paster.pasteAt({at.row + r * table.rows(), at.column + c * table.columns()});
+  if (table.rows() == 0) return std::move(paster.outcome);
+  const int columns = std::max(table.columns(), static_cast<int>(table.headings.size()));
+  edit.showAt({at,
+               {std::min(at.row + times.row * table.rows() - 1, edit.content().observations()),
+                std::min(at.column + times.column * columns - 1, edit.content().variables())}});
   return std::move(paster.outcome);
 }
 

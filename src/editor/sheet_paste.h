@@ -32,6 +32,12 @@ struct PasteOutcome {
   int refused = 0;       // cells that keep their old value, because theirs is not for their column
 };
 
+// What becomes of a cell that is copied in the sheet to another place, so many rows and columns
+// away, where its formula moves along. A number may carry the text it was written with. Refused
+// where it is not for that column.
+Result<DataCell> copiedCell(SheetEdit& edit, const DataCell& from, CellAddress to, int rows,
+                            int columns);
+
 // The target's upper left cell takes the table's. A target that is a whole multiple of the table is
 // filled with it. Empty cells of the table empty theirs. Nothing is pasted where a cell that is not
 // empty would lie outside the sheet.

@@ -75,7 +75,7 @@ class RandomStudent : public RandomEdits {
     using Action = void (RandomStudent::*)();
     // The longest first; so many of a thousand.
     static const std::vector<std::pair<int, Action>> all{
-        {360, &RandomStudent::type},        {170, &RandomStudent::undo},
+        {335, &RandomStudent::type},        {170, &RandomStudent::undo},
         {90, &RandomStudent::redo},         {80, &RandomStudent::copyAndPaste},
         {70, &RandomStudent::pasteForeign}, {55, &RandomStudent::clear},
         {30, &RandomStudent::insertRows},   {25, &RandomStudent::deleteRows},
@@ -83,7 +83,8 @@ class RandomStudent : public RandomEdits {
         {15, &RandomStudent::lookAround},   {12, &RandomStudent::retitle},
         {12, &RandomStudent::format},       {12, &RandomStudent::formatColumns},
         {8, &RandomStudent::leaveByOK},     {5, &RandomStudent::leaveByCancel},
-        {4, &RandomStudent::open},          {4, &RandomStudent::newSheet}};
+        {4, &RandomStudent::open},          {4, &RandomStudent::newSheet},
+        {20, &RandomStudent::fillDown},     {5, &RandomStudent::replaceAll}};
     int reached = 0;
     for (const auto& [share, action] : all)
       if (choice < (reached += share)) {

@@ -106,7 +106,8 @@ class RandomEdits : public RandomVisit {
   void endEntry(bool accepted) {
     EditGrid& grid = editor_.spdData;
     const int beeps = desktop_.beeps();
-    const int way = upTo(5);
+    int way = upTo(5);
+    if (way == 2 && grid.canPoint()) way = 3;  // a press would go on with the formula
     const bool shift = oneIn(3);
     if (way == 0)
       editor_.menu.mnuEdit.click();
@@ -282,6 +283,37 @@ class RandomEdits : public RandomVisit {
       for (int c = 0; c < std::ssize(table.cells[0]); ++c)
         model_.put(at.row + r, at.column + c,
                    table.cells[static_cast<std::size_t>(r)][static_cast<std::size_t>(c)]);
+  }
+
+  void fillDown() {
+    CellRange block = mark(1, 0);
+    if (block.first.row == block.last.row) --block.first.row;
+    tell("fill down " + named(block.first) + " to " + named(block.last));
+    const SheetModel before = model_;
+    step([&] {
+      each(block, [&](int r, int c) {
+        if (block.first.row == 0 || r == block.first.row) return;
+        ModelCell cell = model_.moved(before.at(block.first.row, c), r - block.first.row, 0);
+        if (cell.kind == Kind::random) cell.number = unseen;
+        model_.put(r, c, cell);
+      });
+      command('D', editor_.menu.mnuEditFillDown);
+    });
+  }
+
+  void replaceAll() {
+    tell("replace w by v");
+    window("frmFind", [this](Window& window) {
+      dynamic_cast<frmFind&>(window).chkCase.setValue(1);  // AW is a column
+      user_.type("frmFind", "txtFind", "w");
+      user_.type("frmFind", "txtReplace", "v");
+      user_.click("frmFind", "cmdReplaceAll");
+      user_.click("frmFind", "cmdClose");
+    });
+    step([&] {
+      for (auto& [place, cell] : model_.cells) std::ranges::replace(cell.text, 'w', 'v');
+      command('F', editor_.menu.mnuEditFind);
+    });
   }
 
   // --- rows
