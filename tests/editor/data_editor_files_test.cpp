@@ -428,7 +428,7 @@ TEST_F(DataEditorFiles, TextThatCannotBeReadIsToldAndTheSheetStands) {
   fs::resize_file(text, maxFileBytes + 1);
   visit([&] {
     opens(text);
-    script.box({"Bad File", text + ": is larger than 64 MB", MessageIcon::exclamation});
+    script.box({"Bad File", text + ": is larger than 2 MB", MessageIcon::exclamation});
     click("cmdOpen");
     EXPECT_FALSE(editor.sheet().changeMade());
     click("cmdCancel");
