@@ -2,31 +2,24 @@
 #include <benchmark/benchmark.h>
 
 #include "filled_display.h"
-#include "graphs/residual_histogram.h"
-#include "graphs/standardized_histogram.h"
 
 namespace tolmer {
 namespace {
 
-template <class Display>
-void updateDisplay(benchmark::State& run) {
-  FilledDisplay<Display> drawn(500, 10);
-  for (auto _ : run) {
-    drawn.display.UpdateDisplay();
-    benchmark::DoNotOptimize(drawn.display.GraphPointer->picture());
-  }
+void updateDisplay(benchmark::State& run, const char* form) {
+  FilledDisplay drawn(form, 500, 10);
+  for (auto _ : run) drawn.window.UpdateDisplay();
 }
 
 // As the report and the clipboard write it.
-template <class Display>
-void copyGraph(benchmark::State& run) {
-  FilledDisplay<Display> drawn(500, 10);
-  for (auto _ : run) drawn.display.CopyGraph();
+void copyGraph(benchmark::State& run, const char* form) {
+  FilledDisplay drawn(form, 500, 10);
+  for (auto _ : run) drawn.window.CopyGraph();
 }
 
-BENCHMARK(updateDisplay<frmResidHist>)->Unit(benchmark::kMicrosecond);
-BENCHMARK(updateDisplay<frmStdResidHist>)->Unit(benchmark::kMicrosecond);
-BENCHMARK(copyGraph<frmResidHist>)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(updateDisplay, frmResidHist, "frmResidHist")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(updateDisplay, frmStdResidHist, "frmStdResidHist")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(copyGraph, frmResidHist, "frmResidHist")->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace tolmer

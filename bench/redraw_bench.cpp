@@ -8,11 +8,11 @@
 #include <QPainter>
 #include <QWidget>
 
-#include "displays/unattended_host.h"
 #include "engine/pipeline.h"
 #include "platform/qt/control_peer.h"
 #include "platform/qt/qt_desktop.h"
 #include "shell/all_displays.h"
+#include "support/recording_host.h"
 #include "support/regression_data.h"
 
 namespace tolmer {
@@ -49,7 +49,7 @@ class OneDisplay {
 
  private:
   QtDesktop desktop_;
-  UnattendedHost host_;
+  test::RecordingHost host_;
   AnalysisState state_;
   FrameWindow frame_{desktop_, "mdiReg", "Tolmer"};
   AllDisplays displays_{desktop_, state_, host_};
@@ -76,7 +76,8 @@ void bareText(benchmark::State& run) {
 
 void registerAll() {
   benchmark::RegisterBenchmark("bareText", bareText)->Unit(benchmark::kMillisecond);
-  for (const DisplayId id : AllDisplays::ids()) {
+  for (const Display& display : displayList()) {
+    const DisplayId id = display.id;
     const std::string name =
         "redraw/" + std::to_string(id.iCategory) + "." + std::to_string(id.iIndex);
     if (id.iCategory != scatterDisplays) {

@@ -6,29 +6,18 @@
 #include <charconv>
 
 #include "filled_display.h"
-#include "tables/anova_table.h"
-#include "tables/coefficient_table.h"
-#include "tables/correlation_table.h"
-#include "tables/data_list.h"
-#include "tables/description_table.h"
-#include "tables/residual_list.h"
 
 namespace tolmer {
 namespace {
 
-template <class Display>
-void updateDisplay(benchmark::State& run) {
-  FilledDisplay<Display> table(500, 49);
-  for (auto _ : run) {
-    table.display.UpdateDisplay();
-    benchmark::DoNotOptimize(table.display.grid().sheet());
-  }
+void updateDisplay(benchmark::State& run, const char* form) {
+  FilledDisplay table(form, 500, 49);
+  for (auto _ : run) table.window.UpdateDisplay();
 }
 
-template <class Display>
-void copyGraph(benchmark::State& run) {
-  FilledDisplay<Display> table(500, 49);
-  for (auto _ : run) table.display.CopyGraph();
+void copyGraph(benchmark::State& run, const char* form) {
+  FilledDisplay table(form, 500, 49);
+  for (auto _ : run) table.window.CopyGraph();
 }
 
 void writeFigures(benchmark::State& run) {
@@ -42,14 +31,14 @@ void writeFigures(benchmark::State& run) {
 }
 
 BENCHMARK(writeFigures)->Unit(benchmark::kMicrosecond);
-BENCHMARK(updateDisplay<frmEstCoef>)->Unit(benchmark::kMicrosecond);
-BENCHMARK(updateDisplay<frmANOVA>)->Unit(benchmark::kMicrosecond);
-BENCHMARK(updateDisplay<frmDescStats>)->Unit(benchmark::kMicrosecond);
-BENCHMARK(updateDisplay<frmCorrMatrix>)->Unit(benchmark::kMicrosecond);
-BENCHMARK(updateDisplay<frmResidList>)->Unit(benchmark::kMicrosecond);
-BENCHMARK(updateDisplay<frmDataList>)->Unit(benchmark::kMicrosecond);
-BENCHMARK(copyGraph<frmEstCoef>)->Unit(benchmark::kMicrosecond);
-BENCHMARK(copyGraph<frmDataList>)->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(updateDisplay, frmEstCoef, "frmEstCoef")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(updateDisplay, frmANOVA, "frmANOVA")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(updateDisplay, frmDescStats, "frmDescStats")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(updateDisplay, frmCorrMatrix, "frmCorrMatrix")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(updateDisplay, frmResidList, "frmResidList")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(updateDisplay, frmDataList, "frmDataList")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(copyGraph, frmEstCoef, "frmEstCoef")->Unit(benchmark::kMicrosecond);
+BENCHMARK_CAPTURE(copyGraph, frmDataList, "frmDataList")->Unit(benchmark::kMicrosecond);
 
 }  // namespace
 }  // namespace tolmer

@@ -1,34 +1,33 @@
-// The display of what a fit means.
+// A fit in plain English, by fixed rules.
 #pragma once
 
-#include "displays/display_window.h"
-#include "platform/button.h"
-#include "platform/frame.h"
-#include "platform/text_box.h"
+#include <string>
+#include <vector>
+
+#include "state/analysis_state.h"
 
 namespace tolmer {
 
-class frmInterpretation : public DisplayWindow {
- public:
-  frmInterpretation(Desktop& desktop, AnalysisState& state, DisplayHost& host);
-
-  void PositionControls() override;
-  // The text, as text.
-  void CopyGraph() override;
-  ShownControl shownControl() const override { return &txtInterpretation; }
-
-  // Has the focus at first, without a size, so that no caret blinks in the text. The keys that
-  // scroll work from here, too.
-  Button cmdFocus{this, "cmdFocus"};
-  Frame fraInterpretation{this, "fraInterpretation"};
-  TextBox txtInterpretation{&fraInterpretation, "txtInterpretation"};
-
- protected:
-  void drawDisplay() override;
-
- private:
-  void Form_Resize();
-  void Form_KeyDown(const KeyPress& key, bool& bTaken);
+struct Section {
+  std::string heading;  // in capitals
+  std::string text;     // one paragraph
 };
+
+// Three sections. After a failed fit they speak of the numbers that the record holds; none before
+// the first fit.
+std::vector<Section> interpretation(const AnalysisState& state);
+
+// Headings and paragraphs on lines of their own, with an empty line between the sections; line ends
+// are "\r\n".
+std::string wholeText(const std::vector<Section>& sections);
+
+// The texts of the sections.
+// The equation, the number of cases for each predictor, the explained variation, outliers.
+std::string fittedModelText(const AnalysisState& state);
+// Variables whose largest magnitude lies above 10,000 or below 0.1, and how to rescale them.
+// Dummies and a variable that is zero throughout are left alone.
+std::string dataConditioningText(const AnalysisState& state);
+// The largest variance inflation factor and the sum of all.
+std::string varianceInflationText(const AnalysisState& state);
 
 }  // namespace tolmer

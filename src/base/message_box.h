@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 namespace tolmer {
 
@@ -25,6 +26,31 @@ class MessagePort {
  public:
   virtual ~MessagePort() = default;
   virtual Answer messageBox(const MessageBox& box) = 0;
+};
+
+// A message box that was shown, and the answer it got.
+struct AnsweredBox {
+  MessageBox box;
+  Answer answer = Answer::ok;
+};
+
+constexpr Answer firstButton(MessageButtons buttons) {
+  const bool isYes =
+      buttons == MessageButtons::yesNo || buttons == MessageButtons::saveDontSaveCancel;
+  return isYes ? Answer::yes : Answer::ok;
+}
+
+// Where nobody reads them: keeps all message boxes and answers with their first button.
+class MessageLog : public MessagePort {
+ public:
+  Answer messageBox(const MessageBox& box) override {
+    boxes_.push_back({box, firstButton(box.buttons)});
+    return boxes_.back().answer;
+  }
+  const std::vector<AnsweredBox>& boxes() const { return boxes_; }
+
+ private:
+  std::vector<AnsweredBox> boxes_;
 };
 
 }  // namespace tolmer

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <vector>
 
-#include "engine/number_format.h"
-#include "engine/number_picture.h"
+#include "engine/picture_choice.h"
+#include "engine/picture_text.h"
 #include "platform/desktop.h"
 #include "platform/grid/grid_copy.h"
 #include "platform/grid/grid_fit.h"

@@ -6,8 +6,8 @@
 
 #include "editor/sheet_headings.h"
 #include "editor/sheet_number.h"
-#include "engine/number_format.h"
-#include "engine/number_picture.h"
+#include "engine/picture_choice.h"
+#include "engine/picture_text.h"
 
 namespace tolmer {
 namespace {

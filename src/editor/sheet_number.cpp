@@ -6,7 +6,7 @@
 #include <cmath>
 #include <system_error>
 
-#include "engine/number_picture.h"
+#include "engine/picture_text.h"
 
 namespace tolmer {
 namespace {

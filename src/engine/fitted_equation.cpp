@@ -2,8 +2,8 @@
 
 #include <cmath>
 
-#include "engine/number_format.h"
-#include "engine/number_picture.h"
+#include "engine/picture_choice.h"
+#include "engine/picture_text.h"
 
 namespace tolmer {
 namespace {

@@ -41,4 +41,12 @@ void FitRegression(AnalysisState& state, MessagePort& messages) {
   ++state.iCompletedFits;
 }
 
+void Analyse(AnalysisState& state, MessagePort& messages) {
+  state.bAnalysing = true;
+  RedimAnalysisArrays(state);
+  ComputeStatistics(state, messages);
+  FitRegression(state, messages);
+  state.bAnalysing = false;
+}
+
 }  // namespace tolmer

@@ -1,4 +1,4 @@
-// The two halves of an analysis, from the data and model in AnalysisState to the results in it.
+// An analysis in two halves, from the data and model in AnalysisState to the results in it.
 // RedimAnalysisArrays comes before them. Neither stops at a message: after a fit that failed, the
 // later steps run on what the record holds.
 #pragma once
@@ -15,5 +15,9 @@ void ComputeStatistics(AnalysisState& state, MessagePort& messages);
 // Fits the model, then DurbinWatson, SortResiduals, SetResidClasses, FreqTallyDec and
 // TallyStdResids; adds one to iCompletedFits.
 void FitRegression(AnalysisState& state, MessagePort& messages);
+
+// A whole analysis: RedimAnalysisArrays and both halves, with bAnalysing set meanwhile, since a
+// message may stand for long and displays be resized behind it.
+void Analyse(AnalysisState& state, MessagePort& messages);
 
 }  // namespace tolmer

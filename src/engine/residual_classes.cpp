@@ -38,20 +38,27 @@ void SetResidClasses(AnalysisState& state) {
   state.sResidClassLimit[classes + 1] = static_cast<float>(lowest + range * 1.0001);
 }
 
-void FreqTallyDec(AnalysisState& state, MessagePort& messages) {
-  const int classes = state.iNumResidClasses;
+int residClassOf(const AnalysisState& state, float sResid) {
   const auto& limit = state.sResidClassLimit;
+  if (!(limit[1] <= sResid && sResid < limit[state.iNumResidClasses + 1])) return 0;
+  int j = 1;
+  while (sResid >= limit[j + 1]) ++j;
+  return j;
+}
+
+int stdResidClassOf(const AnalysisState& state, float sResid) {
+  if (state.Fit.sStdErr == 0) return 0;
+  const float z = sResid / state.Fit.sStdErr;
+  if (z != z) return 0;
+  return static_cast<int>(std::clamp(std::floor(z) + 5, 1.0F, 8.0F));
+}
+
+void FreqTallyDec(AnalysisState& state, MessagePort& messages) {
   state.iResidClassCount.fill(0);
   state.iResidOutside = 0;
   for (int i = 1; i <= state.iNumCases; ++i) {
-    const float r = state.sSortedResid[i];
-    if (!(limit[1] <= r && r < limit[classes + 1])) {
-      ++state.iResidOutside;
-      continue;
-    }
-    int j = 1;
-    while (r >= limit[j + 1]) ++j;
-    ++state.iResidClassCount[j];
+    const int j = residClassOf(state, state.sSortedResid[i]);
+    ++(j == 0 ? state.iResidOutside : state.iResidClassCount[j]);
   }
   if (state.iResidOutside == 0) return;
   const std::string lie = state.iResidOutside == 1
@@ -65,12 +72,9 @@ void FreqTallyDec(AnalysisState& state, MessagePort& messages) {
 void TallyStdResids(AnalysisState& state) {
   state.iStdResidClassCount.fill(0);
   state.iStdResidOutside = 0;
-  if (state.Fit.sStdErr == 0) return;
-  for (int i = 1; i <= state.iNumCases; ++i) {
-    const float z = state.sSortedResid[i] / state.Fit.sStdErr;
-    if (z != z) continue;
-    ++state.iStdResidClassCount[static_cast<int>(std::clamp(std::floor(z) + 5, 1.0F, 8.0F))];
-  }
+  for (int i = 1; i <= state.iNumCases; ++i)
+    if (const int j = stdResidClassOf(state, state.sSortedResid[i]); j > 0)
+      ++state.iStdResidClassCount[j];
   state.iStdResidOutside =
       static_cast<Int16>(state.iStdResidClassCount[1] + state.iStdResidClassCount[8]);
 }

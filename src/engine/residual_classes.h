@@ -15,8 +15,13 @@ void SortResiduals(AnalysisState& state);
 // from the least residual to just beyond the largest.
 void SetResidClasses(AnalysisState& state);
 
-// iResidClassCount and iResidOutside. Classes are closed below and open above; residuals outside
-// all of them are reported.
+// The class of a residual among sResidClassLimit, 0 for one outside of all: classes are closed below
+// and open above.
+int residClassOf(const AnalysisState& state, float sResid);
+// Among the eight classes of TallyStdResids; 0 for one without a standardised value.
+int stdResidClassOf(const AnalysisState& state, float sResid);
+
+// iResidClassCount and iResidOutside. Residuals outside all classes are reported.
 void FreqTallyDec(AnalysisState& state, MessagePort& messages);
 
 // iStdResidClassCount and iStdResidOutside: residuals in units of Fit.sStdErr, class 1 below -3,

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <vector>
 
-#include "engine/number_format.h"
+#include "engine/picture_choice.h"
 
 namespace tolmer {
 namespace {

@@ -5,6 +5,7 @@
 
 #include "engine/auxiliary_fits.h"
 #include "engine/least_squares.h"
+#include "engine/picture_text.h"
 
 namespace tolmer {
 namespace {
@@ -65,5 +66,7 @@ void ComputeVIFs(AnalysisState& state, MessagePort& messages) {
   else
     fitOneByOne(state, messages);
 }
+
+std::string inflationText(float sVIF) { return formatNumber(sVIF, sVIF > 999.99 ? "0" : "0.0"); }
 
 }  // namespace tolmer

@@ -1,6 +1,8 @@
 // Variance inflation factors: how well each predictor follows from the others.
 #pragma once
 
+#include <string>
+
 #include "base/message_box.h"
 #include "state/analysis_state.h"
 
@@ -13,5 +15,11 @@ namespace tolmer {
 // iTermCol and Fit hold the auxiliary regressions afterwards. One that is singular shows its
 // message and takes the R-squared that Fit happens to hold.
 void ComputeVIFs(AnalysisState& state, MessagePort& messages);
+
+// A VIF above this is worth a warning.
+inline constexpr float highVIF = 10;
+
+// As all displays show it: one decimal, none where there is no finite VIF.
+std::string inflationText(float sVIF);
 
 }  // namespace tolmer

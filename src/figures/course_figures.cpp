@@ -1,17 +1,13 @@
 #include "figures/course_figures.h"
 
 #include <charconv>
+#include <cstddef>
 #include <map>
-#include <memory>
 
 #include "base/file_io.h"
 #include "figures/field_lines.h"
 #include "figures/figure_table.h"
-#include "figures/side_by_side.h"
-#include "platform/graph/graph.h"
 #include "platform/graph/svg_writer.h"
-#include "platform/text_box.h"
-#include "report/grid_table.h"
 
 namespace tolmer {
 namespace {
@@ -20,14 +16,70 @@ constexpr std::size_t fieldCount = 6;
 enum Field { file, dataSet, dependent, independent, display, size };
 
 // "640x400"; nullopt for anything else.
-std::optional<DisplaySize> sizeFrom(const std::string& text) {
-  DisplaySize read;
+std::optional<ViewSize> sizeFrom(const std::string& text) {
+  int width = 0;
+  int height = 0;
   const char* end = text.data() + text.size();
-  const auto width = std::from_chars(text.data(), end, read.width);
-  if (width.ec != std::errc() || width.ptr == end || *width.ptr != 'x') return std::nullopt;
-  const auto height = std::from_chars(width.ptr + 1, end, read.height);
-  if (height.ec != std::errc() || height.ptr != end) return std::nullopt;
-  return read;
+  const auto across = std::from_chars(text.data(), end, width);
+  if (across.ec != std::errc() || across.ptr == end || *across.ptr != 'x') return std::nullopt;
+  const auto down = std::from_chars(across.ptr + 1, end, height);
+  if (down.ec != std::errc() || down.ptr != end) return std::nullopt;
+  return ViewSize{1.0 * width, 1.0 * height};
+}
+
+struct DescribedPicture {
+  Picture picture;
+  std::string title;
+  std::string description;
+};
+
+constexpr std::size_t columns = 2;
+constexpr double gap = 10;
+
+struct Shift {
+  double x;
+  double y;
+
+  void operator()(ViewPoint& point) const {
+    point.x += x;
+    point.y += y;
+  }
+  void operator()(BoxPrimitive& box) const {
+    box.place.left += x;
+    box.place.bottom += y;
+  }
+  void operator()(LinePrimitive& line) const {
+    for (ViewPoint& point : line.points) (*this)(point);
+  }
+  void operator()(SymbolPrimitive& symbol) const { (*this)(symbol.centre); }
+  void operator()(TextPrimitive& text) const { (*this)(text.anchor); }
+};
+
+// Sentences of two pictures do not run into one another.
+void append(std::string& text, const std::string& more) {
+  if (!text.empty()) text += ' ';
+  text += more;
+}
+
+// Two in a row, of equal size, from the upper left. Titles and descriptions follow one another.
+DescribedPicture sideBySide(const std::vector<DescribedPicture>& parts) {
+  DescribedPicture whole;
+  if (parts.empty()) return whole;
+  const ViewSize cell = parts.front().picture.size;
+  const std::size_t rows = (parts.size() + columns - 1) / columns;
+  whole.picture.size = {columns * cell.width + gap,
+                        static_cast<double>(rows) * (cell.height + gap) - gap};
+  for (std::size_t i = 0; i < parts.size(); ++i) {
+    const Shift shift{static_cast<double>(i % columns) * (cell.width + gap),
+                      static_cast<double>(rows - 1 - i / columns) * (cell.height + gap)};
+    for (Primitive primitive : parts[i].picture.primitives) {
+      std::visit(shift, primitive);
+      whole.picture.primitives.push_back(std::move(primitive));
+    }
+    append(whole.title, parts[i].title);
+    append(whole.description, parts[i].description);
+  }
+  return whole;
 }
 
 Result<CourseFigure> figureFrom(const FieldLine& line, const std::string& where) {
@@ -82,28 +134,27 @@ class Maker {
     if (!figure.beside.empty()) return together(figure);
     const auto shown = draw(figure);
     if (!shown) return shown.error();
-    const auto* const graph = std::get_if<const Graph*>(&*shown);
+    const auto* const graph = std::get_if<GraphContent>(&*shown);
     if ((graph != nullptr) != figure.file.ends_with(".svg"))
       return Error{figure.where, graph ? "a graph's file ends in .svg" : "only graphs are .svg"};
     if (graph)
-      return writeGraph(figure, {(*graph)->picture(), (*graph)->accessibleName(),
-                                 (*graph)->accessibleDescription()});
-    if (const auto* const grid = std::get_if<const Grid*>(&*shown))
-      return figureTable(displayTable(**grid));
-    return std::get<const TextBox*>(*shown)->text();
+      return writeGraph(
+          figure, {graph->plot.picture(), figure.display.display->caption, graph->description});
+    if (const auto* const table = std::get_if<TableContent>(&*shown)) return figureTable(*table);
+    return wholeText(std::get<Sections>(*shown));
   }
 
  private:
-  Result<ShownControl> draw(const CourseFigure& figure) {
-    auto& model = analysed_[figure.model];
-    if (!model) {
+  Result<DisplayContent> draw(const CourseFigure& figure) {
+    auto model = analysed_.find(figure.model);
+    if (model == analysed_.end()) {
       auto opened = AnalysedModel::open(figure.model, dataFolder_);
       if (!opened) return Error{figure.where, opened.error().message()};
-      model = std::move(*opened);
+      model = analysed_.emplace(figure.model, std::move(*opened)).first;
     }
-    const auto drawn = model->draw(figure.display, figure.size);
+    auto drawn = model->second.draw(figure.display, figure.size);
     if (!drawn) return Error{figure.where, drawn.error().message()};
-    return (*drawn)->shownControl();
+    return drawn;
   }
 
   Result<std::string> together(const CourseFigure& figure) {
@@ -124,7 +175,7 @@ class Maker {
   }
 
   std::string dataFolder_;
-  std::map<CourseModel, std::unique_ptr<AnalysedModel>> analysed_;
+  std::map<CourseModel, AnalysedModel> analysed_;
   std::map<std::string, DescribedPicture> graphs_;
 };
 

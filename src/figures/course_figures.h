@@ -7,7 +7,6 @@
 
 #include "base/error.h"
 #include "figures/course_model.h"
-#include "figures/drawn_display.h"
 
 namespace tolmer {
 
@@ -16,7 +15,7 @@ struct CourseFigure {
   std::string where;  // in the list, for errors
   CourseModel model;
   DisplayChoice display;
-  DisplaySize size;
+  ViewSize size{960, 500};
   std::vector<std::string> beside;  // graphs made before it, which it sets side by side
 };
 

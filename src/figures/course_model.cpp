@@ -1,9 +1,15 @@
 #include "figures/course_model.h"
 
+#include <cstddef>
+#include <optional>
+
+#include "engine/fitted_equation.h"
 #include "fieldfile/number_text.h"
+#include "figures/field_lines.h"
 #include "report/csv_dataset.h"
 #include "report/csv_reader.h"
 #include "report/model_by_name.h"
+#include "report/report_run.h"
 
 namespace tolmer {
 namespace {
@@ -12,6 +18,32 @@ constexpr std::string_view noIntercept = "no intercept";
 
 bool namesCases(const CsvTable& table) {
   return table.rows() > 0 && !singleFromText(table.cell(0, 0));
+}
+
+std::optional<Error> takeWord(DisplayChoice& choice, const std::string& word) {
+  if (word == "no-line") {
+    choice.regressionLine = false;
+  } else if (word == "no-correlation") {
+    choice.correlation = false;
+  } else if (const std::size_t colon = word.find(':'); colon != word.npos) {
+    choice.x = word.substr(0, colon);
+    choice.y = word.substr(colon + 1);
+  } else {
+    return Error{"", "\"" + word + "\" is neither a pair of axes nor an option of a display"};
+  }
+  return std::nullopt;
+}
+
+// The axes of the choice, in a record that only this choice is drawn from.
+std::optional<Error> chooseAxes(AnalysisState& state, const WorkingCopy& copy,
+                                const DisplayChoice& choice) {
+  if (choice.x.empty() || choice.display->id.iCategory != scatterDisplays) return std::nullopt;
+  const int plot = choice.display->id.iIndex;
+  const auto axes = chooseAxesByName(copy, {{plot, choice.x, choice.y}});
+  if (!axes) return axes.error();
+  state.iPlotXVar.at(static_cast<std::size_t>(plot)) = axes->front().x;
+  state.iPlotYVar.at(static_cast<std::size_t>(plot)) = axes->front().y;
+  return std::nullopt;
 }
 
 }  // namespace
@@ -38,6 +70,39 @@ Result<WorkingCopy> modelledData(const CourseModel& model, const std::string& da
   if (!copy) return copy.error();
   if (auto error = chooseModelByName(*copy, options)) return *error;
   return copy;
+}
+
+Result<DisplayChoice> displayChoice(std::string_view text) {
+  const std::vector<std::string> words = wordsOf(text);
+  const std::string form = words.empty() ? std::string() : words.front();
+  DisplayChoice choice;
+  choice.display = findDisplay(form);
+  if (!choice.display) return Error{"", "there is no display \"" + form + "\""};
+  for (std::size_t i = 1; i < words.size(); ++i)
+    if (auto error = takeWord(choice, words[i])) return *error;
+  return choice;
+}
+
+AnalysedModel::AnalysedModel(const WorkingCopy& copy) : copy_(copy) {
+  MessageLog messages;
+  state_ = analysisOf(copy, messages);
+}
+
+Result<AnalysedModel> AnalysedModel::open(const CourseModel& model, const std::string& dataFolder) {
+  const auto copy = modelledData(model, dataFolder);
+  if (!copy) return copy.error();
+  return AnalysedModel(*copy);
+}
+
+std::string AnalysedModel::equation() const { return fittedEquation(state_); }
+
+Result<DisplayContent> AnalysedModel::draw(const DisplayChoice& choice, ViewSize size) const {
+  AnalysisState state = state_;
+  state.bShowRegressionLine = choice.regressionLine;
+  state.bShowCorrelation = choice.correlation;
+  if (auto error = chooseAxes(state, copy_, choice)) return *error;
+  MessageLog messages;
+  return contentOf(*choice.display, state, size, messages);
 }
 
 }  // namespace tolmer

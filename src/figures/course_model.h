@@ -1,11 +1,14 @@
-// A model of one of the course's data sets, as lists write it down.
+// Models of the course's data sets and displays of them, as lists write them down.
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/error.h"
+#include "base/message_box.h"
 #include "data/working_copy.h"
+#include "displays/display_list.h"
 
 namespace tolmer {
 
@@ -25,5 +28,33 @@ CourseModel courseModel(const std::string& dataSet, const std::string& y, std::s
 // The data set out of that folder (with its separator) with the model chosen. A first column that
 // does not hold numbers names the cases.
 Result<WorkingCopy> modelledData(const CourseModel& model, const std::string& dataFolder);
+
+// What a list writes behind the name of a display.
+struct DisplayChoice {
+  const Display* display = nullptr;
+  std::string x;  // axes of a scatter plot; empty for those that it starts with
+  std::string y;
+  bool regressionLine = true;
+  bool correlation = true;
+};
+
+// "frmScatterPlot1 Fitted:Residuals no-line no-correlation": axes and both words may be missing.
+// X may be "Entry", the order of entry.
+Result<DisplayChoice> displayChoice(std::string_view text);
+
+// An analysis that its displays can be asked of.
+class AnalysedModel {
+ public:
+  static Result<AnalysedModel> open(const CourseModel& model, const std::string& dataFolder);
+
+  std::string equation() const;
+  Result<DisplayContent> draw(const DisplayChoice& choice, ViewSize size = {960, 500}) const;
+
+ private:
+  explicit AnalysedModel(const WorkingCopy& copy);
+
+  WorkingCopy copy_;
+  AnalysisState state_;
+};
 
 }  // namespace tolmer

@@ -1,6 +1,5 @@
 #include "figures/figure_table.h"
 
-#include <algorithm>
 #include <array>
 #include <string_view>
 #include <utility>
@@ -31,53 +30,41 @@ std::string escaped(std::string_view text) {
 
 // A ground once set holds for all cells that follow, so that each cell sets its own. A line that
 // takes it back vanishes whole: the text stands on the next one.
-std::string cellText(const DisplayCell& cell) {
-  const std::string_view tint = printedColour(cell.back);
+std::string cellText(const TableCell& cell) {
+  const std::string_view tint = printedColour(backOf(cell));
   const std::string ground = tint.empty() ? "!}\n" : ":#" + std::string(tint) + "}";
   return "|{set:cellbgcolor" + ground + escaped(cell.text) + "\n";
 }
 
-std::string rowText(const DisplayRow& row) {
+std::string rowText(const TableRow& row) {
   std::string text;
-  for (const DisplayCell& cell : row) text += cellText(cell);
+  for (const TableCell& cell : row) text += cellText(cell);
   return text + "\n";
 }
 
-std::string columnsText(const DisplayRow& heads) {
+std::string columnsText(const TableRow& heads) {
   std::string text;
-  for (const DisplayCell& head : heads)
+  for (const TableCell& head : heads)
     text += std::string(text.empty() ? "" : ",") + (head.align == Align::right ? ">" : "<");
   return text;
 }
 
-bool isUsed(const DisplayTable& table, const DisplayCell& word) {
-  return std::any_of(table.rows.begin(), table.rows.end(), [&](const DisplayRow& row) {
-    return std::any_of(row.begin(), row.end(), [&](const DisplayCell& cell) {
-      return cell.back == word.back && cell.text != word.text;
-    });
-  });
-}
-
-DisplayRow keyRow(const DisplayTable& table, const TableParts& parts) {
-  DisplayRow row;
-  for (const DisplayCell& word : parts.key)
-    if (isUsed(table, word)) row.push_back(word);
-  if (!row.empty()) row.resize(parts.heads.size());
-  return row;
-}
-
 }  // namespace
 
-std::string figureTable(const DisplayTable& table) {
+std::string figureTable(const TableContent& table) {
   const TableParts parts = partsOf(table);
   if (parts.bodies.empty()) return {};
   std::string text = "[%header%autowidth%unbreakable,frame=ends,cols=\"" +
                      columnsText(parts.heads) + "\"]\n|===\n" + rowText(parts.heads);
   for (std::size_t i = 0; i < parts.bodies.size(); ++i) {
-    if (i > 0) text += rowText(DisplayRow(parts.heads.size()));
-    for (const DisplayRow& row : parts.bodies[i]) text += rowText(row);
+    if (i > 0) text += rowText(TableRow(parts.heads.size()));
+    for (const TableRow& row : parts.bodies[i]) text += rowText(row);
   }
-  if (const DisplayRow key = keyRow(table, parts); !key.empty()) text += rowText(key);
+  if (!parts.key.empty()) {
+    TableRow key = parts.key;
+    key.resize(parts.heads.size());
+    text += rowText(key);
+  }
   return text + "|===\n";
 }
 

@@ -3,13 +3,12 @@
 
 #include <string>
 
-#include "report/display_table.h"
+#include "tables/table_content.h"
 
 namespace tolmer {
 
-// The rows of the display, its first as header; the key explains only colours that are in use. The
-// signs that AsciiDoc reads as marks within a word are not expected in the texts, bars and braces
-// are escaped.
-std::string figureTable(const DisplayTable& table);
+// The rows of the display, its first as header, its key last. The signs that AsciiDoc reads as
+// marks within a word are not expected in the texts, bars and braces are escaped.
+std::string figureTable(const TableContent& table);
 
 }  // namespace tolmer

@@ -20,4 +20,12 @@ std::string axisTitle(const AnalysisState& state, int iChoice) {
   return isResiduals(state, iChoice) ? "Residuals" : variableName(state, iChoice + 1);
 }
 
+void chooseStartAxes(AnalysisState& state) {
+  const Int16 K = state.iNumPredictors;
+  state.iPlotXVar = {0, static_cast<Int16>(K + 1), 0, 1};
+  state.iPlotYVar = {0, static_cast<Int16>(K + 2), static_cast<Int16>(K + 1), 0};
+  state.iSavedPlotXVar = state.iPlotXVar;
+  state.iSavedPlotYVar = state.iPlotYVar;
+}
+
 }  // namespace tolmer

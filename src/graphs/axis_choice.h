@@ -26,4 +26,8 @@ std::vector<float> chosenValues(const AnalysisState& state, int iChoice);
 // "Residuals" for the choice K + 2.
 std::string axisTitle(const AnalysisState& state, int iChoice);
 
+// The pairs that a new analysis begins with: residuals on fitted values, fitted values on the
+// dependent variable, the dependent variable on the first predictor. Sets the saved ones, too.
+void chooseStartAxes(AnalysisState& state);
+
 }  // namespace tolmer

@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "engine/number_format.h"
-#include "engine/number_picture.h"
+#include "engine/picture_choice.h"
+#include "engine/picture_text.h"
 
 namespace tolmer {
 namespace {
@@ -26,18 +26,32 @@ void setUserLimits(Axis& axis, const AxisScale& scale, float sShift) {
   axis.labels.clear();
 }
 
+// The picture for values from element 1.
+std::string scalePicture(const std::vector<float>& sValues) {
+  const int count = static_cast<int>(sValues.size()) - 1;
+  return FindFormatString(sValues, count, 3, 7, false, true, false, true);
+}
+
 void labelTicks(Axis& axis, const AxisScale& scale) {
-  const int count = scale.iSteps + 1;
-  std::vector<float> sTicks(static_cast<std::size_t>(count) + 1);
-  for (int i = 1; i <= count; ++i) sTicks[static_cast<std::size_t>(i)] = tickValue(scale, i);
-  axis.labelFormat = FindFormatString(sTicks, count, 3, 7, false, true, false, true);
-  for (int i = 1; i <= count; ++i)
+  std::vector<float> sTicks{0};
+  for (int i = 1; i <= scale.iSteps + 1; ++i) sTicks.push_back(tickValue(scale, i));
+  axis.labelFormat = scalePicture(sTicks);
+  for (int i = 1; i <= scale.iSteps + 1; ++i)
     axis.setLabel(i, formatNumber(sTicks[static_cast<std::size_t>(i)], axis.labelFormat));
 }
 
 }  // namespace
 
 float axisShift(float sAxisMin) { return sAxisMin < 0 ? -sAxisMin : 0; }
+
+std::vector<std::string> scaleTexts(const std::vector<float>& sValues) {
+  std::vector<float> sFromOne{0};
+  sFromOne.insert(sFromOne.end(), sValues.begin(), sValues.end());
+  const std::string picture = scalePicture(sFromOne);
+  std::vector<std::string> texts;
+  for (const float sValue : sValues) texts.push_back(formatNumber(sValue, picture));
+  return texts;
+}
 
 void setScaledAxis(Axis& axis, const AxisScale& scale, float sShift) {
   setUserLimits(axis, scale, sShift);

@@ -1,6 +1,9 @@
 // The rule by which all numeric axes of graphs are scaled and labelled.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "engine/axis_scale.h"
 #include "platform/graph/graph_settings.h"
 
@@ -10,8 +13,10 @@ namespace tolmer {
 // graph, overlays included. Labels show the values without it.
 float axisShift(float sAxisMin);
 
-// User limits from the scale, shifted, and a label for each of its iSteps + 1 ticks, all in the one
-// number picture that suits them.
+// Values of an axis as texts, all in the one number picture that suits them.
+std::vector<std::string> scaleTexts(const std::vector<float>& sValues);
+
+// User limits from the scale, shifted, and a label for each of its iSteps + 1 ticks.
 void setScaledAxis(Axis& axis, const AxisScale& scale, float sShift);
 
 // A variable of two values one apart: half a unit of margin on each side, and the two values alone

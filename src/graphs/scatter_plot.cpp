@@ -1,20 +1,114 @@
 #include "graphs/scatter_plot.h"
 
 #include <algorithm>
+#include <cmath>
 #include <cstddef>
+#include <limits>
+#include <string>
+#include <utility>
 #include <vector>
 
-#include "engine/number_picture.h"
+#include "engine/axis_scale.h"
+#include "engine/correlation.h"
+#include "engine/picture_text.h"
 #include "graphs/axis_choice.h"
 #include "graphs/axis_labels.h"
-#include "graphs/overlay_text.h"
-#include "graphs/plot_correlation.h"
-#include "graphs/scatter_description.h"
-#include "platform/desktop.h"
-#include "platform/graph/palette.h"
+#include "graphs/graph_texts.h"
 
 namespace tolmer {
 namespace {
+
+// What a series in order of entry is seen to swing about: the mean of a variable or of the fitted
+// values, and zero for the residuals.
+double centreOf(const AnalysisState& state, int iYChoice) {
+  if (isResiduals(state, iYChoice)) return 0;
+  if (!isFitted(state, iYChoice)) return state.dDescStat(1, iYChoice + 1);
+  double sum = 0;
+  for (int t = 1; t <= state.iNumCases; ++t) sum += state.Fit.sFitted[static_cast<std::size_t>(t)];
+  return sum / state.iNumCases;
+}
+
+// Lag-one autocorrelation about that centre, in order of entry; NaN where no value departs from it.
+float plotAutocorrelation(const AnalysisState& state, int iYChoice) {
+  const std::vector<float> values = chosenValues(state, iYChoice);
+  const double centre = centreOf(state, iYChoice);
+  double products = 0;
+  double squares = 0;
+  double before = 0;
+  for (int t = 1; t <= state.iNumCases; ++t) {
+    const double deviation = values[static_cast<std::size_t>(t)] - centre;
+    products += deviation * before;
+    squares += deviation * deviation;
+    before = deviation;
+  }
+  if (squares == 0) return std::numeric_limits<float>::quiet_NaN();
+  return static_cast<float>(products / squares);
+}
+
+std::string cases(const AnalysisState& state) { return spokenCount(state.iNumCases, "case"); }
+
+std::string correlationSentence(const std::string& x, const std::string& y, float r) {
+  if (std::isnan(r)) return "There is no correlation, since one of them does not vary.";
+  const std::string number = formatNumber(r, "0.0000");
+  std::string text = "The correlation is " + number;
+  if (x != y && number != "0.0000")
+    text += ": higher " + x + " goes with " + (r > 0 ? "higher " : "lower ") + y;
+  return text + ".";
+}
+
+std::string pairOfVariables(const AnalysisState& state, int iXChoice, int iYChoice) {
+  const std::string x = axisTitle(state, iXChoice);
+  const std::string y = axisTitle(state, iYChoice);
+  const float r = plotCorrelation(state, iXChoice, iYChoice).value();
+  return "Scatter plot of " + y + " against " + x + ", " + cases(state) +
+         (state.bShowRegressionLine ? ", with the least-squares line. " : ". ") +
+         correlationSentence(x, y, r);
+}
+
+std::string residualsAgainst(const AnalysisState& state, int iXChoice) {
+  const auto first = state.Fit.sResid.begin() + 1;
+  const auto last = first + state.iNumCases;
+  const float sBand = 3 * state.Fit.sStdErr;
+  const auto outside = std::count_if(first, last, [&](float e) { return std::abs(e) > sBand; });
+  const auto largest =
+      std::max_element(first, last, [](float a, float b) { return std::abs(a) < std::abs(b); });
+  return "Scatter plot of " + spokenCount(state.iNumCases, "residual") + " against " +
+         axisTitle(state, iXChoice) +
+         ", with a zero line and bands at plus and minus 3 standard errors (" +
+         spokenNumber(sBand) + "); " + std::to_string(outside) + (outside == 1 ? " lies" : " lie") +
+         " outside the bands. The largest in size is " + spokenNumber(*largest) + ", case " +
+         std::to_string(largest - first + 1) + ".";
+}
+
+int crossings(const AnalysisState& state, const std::vector<float>& values, double centre) {
+  int count = 0;
+  for (std::size_t t = 2; t <= static_cast<std::size_t>(state.iNumCases); ++t)
+    if ((values[t] - centre) * (values[t - 1] - centre) < 0) ++count;
+  return count;
+}
+
+std::string orderOfEntry(const AnalysisState& state, int iYChoice) {
+  const std::vector<float> values = chosenValues(state, iYChoice);
+  const auto first = values.begin() + 1;
+  const auto [least, largest] = std::minmax_element(first, first + state.iNumCases);
+  const auto place = [&](auto value) {
+    return spokenNumber(*value) + " (case " + std::to_string(value - first + 1) + ")";
+  };
+  const bool residuals = isResiduals(state, iYChoice);
+  const int count = crossings(state, values, centreOf(state, iYChoice));
+  return "Line of " + (residuals ? "the residuals" : axisTitle(state, iYChoice)) + " of " +
+         cases(state) + " in order of entry, between " + place(least) + " and " + place(largest) +
+         (residuals ? ". The sign changes " : ". It crosses its mean ") +
+         spokenCount(count, "time") + "; the autocorrelation is " +
+         formatNumber(plotAutocorrelation(state, iYChoice), "0.000") + ".";
+}
+
+// Two sentences.
+std::string scatterDescription(const AnalysisState& state, int iXChoice, int iYChoice) {
+  if (isEntryOrder(state, iXChoice)) return orderOfEntry(state, iYChoice);
+  if (isResiduals(state, iYChoice)) return residualsAgainst(state, iXChoice);
+  return pairOfVariables(state, iXChoice, iYChoice);
+}
 
 // One label and tick mark at every so many cases, which makes 5 to 15 of them for 5 to 639 cases.
 int labelDistance(int iNumCases) {
@@ -26,53 +120,74 @@ int labelDistance(int iNumCases) {
   return iNumCases > 9 ? 2 : 1;
 }
 
-}  // namespace
+// One drawing of a plot.
+class ScatterPlot {
+ public:
+  ScatterPlot(const AnalysisState& state, int iNumber, ViewSize size, MessagePort& messages)
+      : state_(state), messages_(messages), plot_(size, {{200, 150, 100, 100}, true, "+3SE"}) {
+    const auto at = static_cast<std::size_t>(iNumber);
+    miXChoice = choice(state.iPlotXVar.at(at));
+    miYChoice = choice(state.iPlotYVar.at(at));
+  }
 
-frmScatterPlot::frmScatterPlot(Desktop& desktop, AnalysisState& state, DisplayHost& host,
-                               int iNumber)
-    : GraphDisplay(desktop, state, host, "frmScatterPlot" + std::to_string(iNumber),
-                   "Scatter Plot " + std::to_string(iNumber)),
-      miNumber(static_cast<Int16>(iNumber)) {
-  Form_Load(gphScatter);
-  Activate = [this] { UpdateControls(); };
-  UpdateControls();
-}
+  GraphContent content();
 
-void frmScatterPlot::UpdateControls() {
-  state_.iCurrentPlot = miNumber;
-  host_.controlsEnabled();
-}
+ private:
+  struct Range {
+    float sLow;
+    float sHigh;
+  };
 
-void frmScatterPlot::drawDisplay() {
-  if (!hasFit()) return;
-  takeChoices();
+  // A list without a selection has the index -1.
+  int choice(Int16 iListIndex) const {
+    return std::clamp<int>(iListIndex, 0, state_.iNumPredictors + 2);
+  }
+  // The range of the fitted values.
+  void FindYHatMax();
+  void DrawScatterPlot();
+  void DrawTimePlot();
+  // The zero line of residuals and their bands at three standard errors.
+  void DrawHorizontalAxis();
+  void drawBand(double dStdErrs, const char* tText);
+  // Where a residual stands, in view units.
+  double viewHeight(double dResidual) const;
+  void ShowCorr();
+  void ShowAutoCorr();
+
+  void beginPlot(GraphType type, int iSymbol);
+  void scaleVertically();
+  float scaleHorizontally();  // returns the shift
+  // Least and largest value of what stands on an axis, by its choice.
+  Range rangeOf(int iChoice) const;
+
+  const AnalysisState& state_;
+  MessagePort& messages_;
+  Plot plot_;
+  int miXChoice = 0;  // list indices, see axis_choice.h
+  int miYChoice = 0;
+  float msYHatMin = 0;
+  float msYHatMax = 0;
+  float msYShift = 0;
+};
+
+GraphContent ScatterPlot::content() {
   FindYHatMax();
   if (isEntryOrder(state_, miXChoice))
     DrawTimePlot();
   else
     DrawScatterPlot();
   if (isResiduals(state_, miYChoice) && !isEntryOrder(state_, miXChoice)) DrawHorizontalAxis();
-  describe(scatterDescription(state_, miXChoice, miYChoice));
+  return {std::move(plot_), scatterDescription(state_, miXChoice, miYChoice), {}};
 }
 
-// A list without a selection has the index -1.
-void frmScatterPlot::takeChoices() {
-  const auto plot = static_cast<std::size_t>(state_.iCurrentPlot);
-  const auto last = static_cast<Int16>(state_.iNumPredictors + 2);
-  miXChoice = std::clamp(state_.iPlotXVar.at(plot), Int16{0}, last);
-  miYChoice = std::clamp(state_.iPlotYVar.at(plot), Int16{0}, last);
-  miXCol = static_cast<Int16>(miXChoice + 1);
-  miYCol = static_cast<Int16>(miYChoice + 1);
-}
-
-void frmScatterPlot::FindYHatMax() {
+void ScatterPlot::FindYHatMax() {
   const auto first = state_.Fit.sFitted.begin() + 1;
   const auto [least, largest] = std::minmax_element(first, first + state_.iNumCases);
   msYHatMin = *least;
   msYHatMax = *largest;
 }
 
-void frmScatterPlot::DrawScatterPlot() {
+void ScatterPlot::DrawScatterPlot() {
   beginPlot(GraphType::symbols, openCircle);
   scaleVertically();
   const float sXShift = scaleHorizontally();
@@ -80,27 +195,26 @@ void frmScatterPlot::DrawScatterPlot() {
   const std::vector<float> sY = chosenValues(state_, miYChoice);
   for (int i = 1; i <= state_.iNumCases; ++i) {
     const auto c = static_cast<std::size_t>(i);
-    gphScatter.setPoint(i, sX[c] + sXShift, sY[c] + msYShift);
+    plot_.setPoint(i, sX[c] + sXShift, sY[c] + msYShift, i);
   }
   if (state_.bShowRegressionLine && !isResiduals(state_, miYChoice))
-    gphScatter.settings.lineStatistics = leastSquaresLine;
-  gphScatter.setDrawMode(Graph::draw);
+    plot_.settings.lineStatistics = leastSquaresLine;
+  plot_.setDrawMode(Plot::draw);
   if (state_.bShowCorrelation) ShowCorr();
 }
 
-void frmScatterPlot::beginPlot(GraphType type, int iSymbol) {
-  GraphSettings& settings = gphScatter.settings;
-  settings = {};
+void ScatterPlot::beginPlot(GraphType type, int iSymbol) {
+  GraphSettings& settings = plot_.settings;
   settings.graphType = type;
   settings.y.title = axisTitle(state_, miYChoice);
   settings.pointColour = palette::brightBlue;
   settings.pointSymbol = iSymbol;
   settings.symbolSize = symbolSizeFor(state_.iNumCases);
-  gphScatter.setNumPoints(state_.iNumCases);
+  plot_.setNumPoints(state_.iNumCases);
 }
 
 // The bands at three standard errors shall fit.
-void frmScatterPlot::scaleVertically() {
+void ScatterPlot::scaleVertically() {
   Range range = rangeOf(miYChoice);
   if (isResiduals(state_, miYChoice)) {
     range.sLow = std::min(range.sLow, -3 * state_.Fit.sStdErr);
@@ -108,15 +222,15 @@ void frmScatterPlot::scaleVertically() {
   }
   const AxisScale scale = ComputeScale(range.sLow, range.sHigh);
   msYShift = axisShift(scale.sAxisMin);
-  setScaledAxis(gphScatter.settings.y, scale, msYShift);
+  setScaledAxis(plot_.settings.y, scale, msYShift);
 }
 
-float frmScatterPlot::scaleHorizontally() {
-  Axis& axis = gphScatter.settings.x;
+float ScatterPlot::scaleHorizontally() {
+  Axis& axis = plot_.settings.x;
   axis.title = axisTitle(state_, miXChoice);
   const Range range = rangeOf(miXChoice);
   if (!isFitted(state_, miXChoice) &&
-      state_.iVarType[static_cast<std::size_t>(miXCol)] == dummyVariable)
+      state_.iVarType[static_cast<std::size_t>(miXChoice) + 1] == dummyVariable)
     return setBinaryAxis(axis, range.sLow);
   const AxisScale scale = ComputeScale(range.sLow, range.sHigh);
   const float sShift = axisShift(scale.sAxisMin);
@@ -124,7 +238,7 @@ float frmScatterPlot::scaleHorizontally() {
   return sShift;
 }
 
-frmScatterPlot::Range frmScatterPlot::rangeOf(int iChoice) const {
+ScatterPlot::Range ScatterPlot::rangeOf(int iChoice) const {
   if (isFitted(state_, iChoice)) return {msYHatMin, msYHatMax};
   if (isResiduals(state_, iChoice))
     return {state_.sSortedResid[1],
@@ -133,9 +247,9 @@ frmScatterPlot::Range frmScatterPlot::rangeOf(int iChoice) const {
           static_cast<float>(state_.dDescStat(4, iChoice + 1))};
 }
 
-void frmScatterPlot::DrawTimePlot() {
+void ScatterPlot::DrawTimePlot() {
   beginPlot(GraphType::lineWithSymbols, filledCircle);
-  GraphSettings& settings = gphScatter.settings;
+  GraphSettings& settings = plot_.settings;
   settings.x.title = "Order of Entry";
   settings.labelEvery = labelDistance(state_.iNumCases);
   settings.tickEvery = settings.labelEvery;
@@ -143,54 +257,69 @@ void frmScatterPlot::DrawTimePlot() {
   setAutomaticAxis(settings.y, ComputeScale(range.sLow, range.sHigh));
   const std::vector<float> values = chosenValues(state_, miYChoice);
   for (int i = 1; i <= state_.iNumCases; ++i) {
-    gphScatter.setPointLabel(i, generalText(static_cast<float>(i)));
-    gphScatter.setPoint(i, static_cast<float>(i), values[static_cast<std::size_t>(i)]);
+    plot_.setPointLabel(i, generalText(static_cast<float>(i)));
+    plot_.setPoint(i, static_cast<float>(i), values[static_cast<std::size_t>(i)], i);
   }
-  gphScatter.setDrawMode(Graph::draw);
+  plot_.setDrawMode(Plot::draw);
   if (state_.bShowCorrelation) ShowAutoCorr();
 }
 
-void frmScatterPlot::DrawHorizontalAxis() {
-  const double left = gphScatter.SDKInfo(7);
+void ScatterPlot::DrawHorizontalAxis() {
+  const double left = plot_.SDKInfo(7);
   const double y0 = viewHeight(0);
-  DrawingView& view = gphScatter.GSUseView();
+  DrawingView& view = plot_.GSUseView();
   view.GSLoadRFont(100);
-  view.GSLineAbs(left, y0, left + gphScatter.SDKInfo(5), y0, 1, 2, palette::black);
+  view.GSLineAbs(left, y0, left + plot_.SDKInfo(5), y0, 1, 2, palette::black);
   drawBand(3, "+3SE");
   drawBand(-3, "-3SE");
 }
 
-double frmScatterPlot::viewHeight(double dResidual) const {
-  const Axis& axis = gphScatter.settings.y;
+double ScatterPlot::viewHeight(double dResidual) const {
+  const Axis& axis = plot_.settings.y;
   const float sRange = axis.maximum - axis.minimum;
   const double value = dResidual + msYShift;
-  return (value - axis.minimum) * gphScatter.SDKInfo(6) / sRange + gphScatter.SDKInfo(8);
+  return (value - axis.minimum) * plot_.SDKInfo(6) / sRange + plot_.SDKInfo(8);
 }
 
-void frmScatterPlot::drawBand(double dStdErrs, const char* tText) {
-  const double left = gphScatter.SDKInfo(7);
-  const double right = left + gphScatter.SDKInfo(5);
-  const double bottom = gphScatter.SDKInfo(8);
+void ScatterPlot::drawBand(double dStdErrs, const char* tText) {
+  const double left = plot_.SDKInfo(7);
+  const double right = left + plot_.SDKInfo(5);
+  const double bottom = plot_.SDKInfo(8);
   const double y = viewHeight(dStdErrs * state_.Fit.sStdErr);
-  DrawingView& view = gphScatter.GSUseView();
-  if (y > bottom && y < bottom + gphScatter.SDKInfo(6))
+  DrawingView& view = plot_.GSUseView();
+  if (y > bottom && y < bottom + plot_.SDKInfo(6))
     view.GSLineAbs(left, y, right, y, 1, 2, palette::brightRed);
   view.GSRText(right, y, overlayText::plain, tText);
 }
 
-void frmScatterPlot::ShowCorr() {
+void ScatterPlot::ShowCorr() {
   const auto r = plotCorrelation(state_, miXChoice, miYChoice);
   if (!r) {
-    desktop().messageBox({.title = {}, .text = "Error in ShowCorr."});
+    messages_.messageBox({.title = {}, .text = "Error in ShowCorr."});
     return;
   }
-  drawCaption(gphScatter, "Correlation = " + formatNumber(*r, "0.0000"), "Correlation = 0.3333");
+  drawCaption(plot_, "Correlation = " + formatNumber(*r, "0.0000"), "Correlation = 0.3333");
 }
 
-void frmScatterPlot::ShowAutoCorr() {
+void ScatterPlot::ShowAutoCorr() {
   const float r = plotAutocorrelation(state_, miYChoice);
-  drawCaption(gphScatter, "Autocorrelation = " + formatNumber(r, "0.000"),
-              "Autocorrelation = 0.333");
+  drawCaption(plot_, "Autocorrelation = " + formatNumber(r, "0.000"), "Autocorrelation = 0.333");
+}
+
+}  // namespace
+
+GraphContent scatterPlot(const AnalysisState& state, int iNumber, ViewSize size,
+                         MessagePort& messages) {
+  return ScatterPlot(state, iNumber, size, messages).content();
+}
+
+std::optional<float> plotCorrelation(const AnalysisState& state, int iXChoice, int iYChoice) {
+  const int K = state.iNumPredictors;
+  if (iXChoice == iYChoice) return 1.0F;
+  if (iXChoice <= K && iYChoice <= K) return state.sCorr(iXChoice + 1, iYChoice + 1);
+  if (isEntryOrder(state, iXChoice)) return std::nullopt;
+  if (isResiduals(state, iYChoice) && iXChoice >= 1) return 0.0F;
+  return Correlation(chosenValues(state, iXChoice), chosenValues(state, iYChoice), state.iNumCases);
 }
 
 }  // namespace tolmer

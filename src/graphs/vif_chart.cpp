@@ -2,11 +2,11 @@
 
 #include <cmath>
 #include <cstddef>
+#include <utility>
 
 #include "base/text_encoding.h"
-#include "graphs/overlay_text.h"
-#include "graphs/spoken_text.h"
-#include "platform/graph/palette.h"
+#include "engine/variance_inflation.h"
+#include "graphs/graph_texts.h"
 #include "state/model_variables.h"
 
 namespace tolmer {
@@ -18,60 +18,61 @@ constexpr std::size_t nameLength = 10;  // characters of a predictor's name
 
 double log10Of(double value) { return std::log(value) / std::log(10.0); }
 
-}  // namespace
-
-frmVIFPlot::frmVIFPlot(Desktop& desktop, AnalysisState& state, DisplayHost& host)
-    : GraphDisplay(desktop, state, host, "frmVIFPlot", "Variance Inflation Factors") {
-  gphVIF.settings.graphType = GraphType::horizontalBars;
-  Form_Load(gphVIF);
-  gphVIF.Click = [this] { host_.axisListsDisabled(); };
+float inflation(const AnalysisState& state, int iPredictor) {
+  return state.sVIF[static_cast<std::size_t>(iPredictor)];
 }
 
-void frmVIFPlot::drawDisplay() {
-  if (!hasFit()) return;
-  DrawVIFBarChart();
-  OverlayReferenceLines();
-  describe(description());
+const std::string& predictorName(const AnalysisState& state, int iPredictor) {
+  return variableName(state, iPredictor + 1);
 }
 
-void frmVIFPlot::DrawVIFBarChart() {
-  gphVIF.resetData(graphData::all);
-  gphVIF.setNumPoints(state_.iNumPredictors);
-  gphVIF.settings.labelEvery = 1;
-  gphVIF.settings.tickEvery = 1;
-  gphVIF.settings.x.title = " ";
-  Axis& scale = gphVIF.settings.y;
-  scale.scaleMode = ScaleMode::userLimits;
-  scale.minimum = 0;
-  scale.maximum = scaleMaximum;
-  gphVIF.settings.pointColour = palette::brightBlue;
-  for (int i = 1; i <= state_.iNumPredictors; ++i) {
-    const std::string& name = predictorName(i);
-    gphVIF.setPointLabel(i, name.substr(0, utf8Prefix(name, nameLength)));
-    gphVIF.setPoint(i, 0, static_cast<float>(barLength(i)));
-  }
-  gphVIF.setDrawMode(Graph::draw);
-}
-
-double frmVIFPlot::barLength(int iPredictor) const {
+// On the scale of logarithms to base 10.
+double barLength(const AnalysisState& state, int iPredictor) {
   // A single predictor is collinear with nothing and has no VIF.
-  if (state_.iNumPredictors == 1) return 0;
-  const double v = log10Of(state_.sVIF[static_cast<std::size_t>(iPredictor)]);
+  if (state.iNumPredictors == 1) return 0;
+  const double v = log10Of(inflation(state, iPredictor));
   if (v > longestBar) return longestBar;
   return v > 0 ? v : 0;
 }
 
-const std::string& frmVIFPlot::predictorName(int iPredictor) const {
-  return variableName(state_, iPredictor + 1);
+std::vector<PlottedBar> barsOf(const AnalysisState& state) {
+  std::vector<PlottedBar> bars;
+  for (int i = 1; i <= state.iNumPredictors; ++i) {
+    const std::string& name = predictorName(state, i);
+    bars.push_back({name.substr(0, utf8Prefix(name, nameLength)),
+                    {},
+                    barLength(state, i),
+                    state.iNumPredictors == 1 ? "" : inflationText(inflation(state, i)),
+                    {},
+                    {}});
+  }
+  return bars;
 }
 
-void frmVIFPlot::OverlayReferenceLines() {
-  const double m = gphVIF.settings.y.maximum;
-  DrawingView& view = gphVIF.GSUseView();
-  const double left = gphVIF.SDKInfo(7);
-  const double bottom = gphVIF.SDKInfo(8);
-  const double width = gphVIF.SDKInfo(5);
-  const double top = gphVIF.SDKInfo(6) + bottom;
+void DrawVIFBarChart(Plot& plot, const std::vector<PlottedBar>& bars) {
+  plot.settings.graphType = GraphType::horizontalBars;
+  plot.setNumPoints(static_cast<int>(bars.size()));
+  plot.settings.x.title = " ";
+  Axis& scale = plot.settings.y;
+  scale.scaleMode = ScaleMode::userLimits;
+  scale.minimum = 0;
+  scale.maximum = scaleMaximum;
+  plot.settings.pointColour = palette::brightBlue;
+  int i = 0;
+  for (const PlottedBar& bar : bars) {
+    plot.setPointLabel(++i, bar.label);
+    plot.setPoint(i, 0, static_cast<float>(bar.length));
+  }
+  plot.setDrawMode(Plot::draw);
+}
+
+void OverlayReferenceLines(Plot& plot) {
+  const double m = plot.settings.y.maximum;
+  DrawingView& view = plot.GSUseView();
+  const double left = plot.SDKInfo(7);
+  const double bottom = plot.SDKInfo(8);
+  const double width = plot.SDKInfo(5);
+  const double top = plot.SDKInfo(6) + bottom;
   view.GSLoadRFont(100);
   for (const int q : {1, 2, 5, 10, 20, 50, 100, 200, 500, 1000}) {
     const double x = log10Of(q) * width / m + left;
@@ -83,24 +84,34 @@ void frmVIFPlot::OverlayReferenceLines() {
   view.GSRText(captionLeft, 10.0, overlayText::plain, caption);
 }
 
-std::string frmVIFPlot::description() const {
-  const int K = state_.iNumPredictors;
+std::string spokenChart(const AnalysisState& state) {
+  const int K = state.iNumPredictors;
   if (K == 1)
-    return "Bar chart of variance inflation factors without a bar: " + predictorName(1) +
+    return "Bar chart of variance inflation factors without a bar: " + predictorName(state, 1) +
            " is the only predictor.";
   int largest = 1;
   int large = 0;
   std::string each;
-  const auto vif = [&](int i) { return state_.sVIF[static_cast<std::size_t>(i)]; };
   for (int i = 1; i <= K; ++i) {
-    if (vif(i) > vif(largest)) largest = i;
-    if (vif(i) > 10) ++large;
-    each += (i == 1 ? "" : ", ") + predictorName(i) + ' ' + spokenNumber(vif(i));
+    if (inflation(state, i) > inflation(state, largest)) largest = i;
+    if (inflation(state, i) > highVIF) ++large;
+    each +=
+        (i == 1 ? "" : ", ") + predictorName(state, i) + ' ' + spokenNumber(inflation(state, i));
   }
   return "Bar chart of the variance inflation factors of " + std::to_string(K) +
          " predictors on a logarithmic scale from 1 to 1000. The largest is " +
-         spokenNumber(vif(largest)) + " for " + predictorName(largest) + "; " +
+         spokenNumber(inflation(state, largest)) + " for " + predictorName(state, largest) + "; " +
          std::to_string(large) + " of " + std::to_string(K) + " exceed 10. " + each + ".";
+}
+
+}  // namespace
+
+GraphContent vifChart(const AnalysisState& state, ViewSize size, MessagePort&) {
+  std::vector<PlottedBar> bars = barsOf(state);
+  Plot plot(size, {{200, 100, 100, 100}, false, {}, true});
+  DrawVIFBarChart(plot, bars);
+  OverlayReferenceLines(plot);
+  return {std::move(plot), spokenChart(state), std::move(bars)};
 }
 
 }  // namespace tolmer

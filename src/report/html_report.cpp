@@ -5,56 +5,113 @@
 #include <vector>
 
 #include "base/markup_text.h"
-#include "platform/graph/graph.h"
 #include "platform/graph/svg_writer.h"
-#include "platform/text_box.h"
-#include "report/grid_table.h"
-#include "report/headed_text.h"
-#include "report/html_style.h"
 #include "report/html_table.h"
-#include "report/reading_order.h"
 #include "state/model_variables.h"
 
 namespace tolmer {
 namespace {
 
+// A style sheet without any outside resource. On paper (A4) displays keep together and pages break
+// between them; lists longer than a page begin a new one, break between rows and repeat their
+// heads; a table too wide for an upright page lies on a landscape one in smaller letters.
+// Neither '<' nor '&' may stand here, so that the page is well-formed for readers of XML too.
+constexpr std::string_view pageStyle = R"(
+:root { color-scheme: light; }
+body { font: 16px/1.5 "Noto Sans", system-ui, sans-serif; color: #222; background: #fff;
+  max-width: 62rem; margin: 2rem auto; padding: 0 1.5rem; }
+h1 { font-size: 1.75rem; line-height: 1.25; margin: 0 0 1rem; }
+h2 { font-size: 1.2rem; line-height: 1.3; margin: 0 0 .5rem; text-align: left; }
+h3 { font-size: .95rem; letter-spacing: .04em; margin: 1rem 0 .25rem; }
+p { margin: 0 0 .75rem; }
+.facts { margin: 0; }
+.facts dt { float: left; clear: left; color: #555; }
+.facts dd { margin: 0 0 .15rem 12.5em; overflow-wrap: anywhere; }
+nav, section, .messages { margin-top: 2.25rem; }
+nav ol { columns: 2; margin: 0; padding-left: 1.5rem; }
+nav a { color: #1f4e8c; }
+.messages { background: #fff3cd; border-left: 4px solid #b58900; padding: .75rem 1rem .1rem; }
+.equation { font-size: 1.1rem; background: #f4f6f8; border-left: 4px solid #3465a4;
+  padding: .75rem 1rem; overflow-wrap: anywhere; }
+.table { overflow-x: auto; margin-bottom: .75rem; }
+table { border-collapse: collapse; font-size: .9rem; font-variant-numeric: tabular-nums; }
+caption { text-align: left; padding: 0 0 .25rem; }
+th, td { padding: .25em .5em; border-bottom: 1px solid #d5d5d5; white-space: nowrap;
+  font-weight: normal; text-align: left; }
+th { font-weight: 600; }
+thead th, .face { background: #ececec; }
+thead th, thead td { border-bottom: 2px solid #888; }
+.right { text-align: right; }
+.marked { color: #000; font-weight: 600; }
+.figures td { padding-right: 2rem; }
+.key { font-size: .9rem; }
+.key span { color: #000; padding: .1rem .6rem; margin-left: .4rem; border: 1px solid #999; }
+.unseen { position: absolute; width: 1px; height: 1px; overflow: hidden; clip-path: inset(50%);
+  white-space: nowrap; }
+figure { margin: 0; }
+svg { display: block; max-width: 100%; height: auto; }
+.spoken { font-size: .9rem; color: #333; margin: .5rem 0 0; }
+@page { size: A4; margin: 16mm;
+  @bottom-right { content: counter(page) " / " counter(pages); font: 8pt sans-serif; color: #555; } }
+@page across { size: A4 landscape; }
+@media print {
+  body { margin: 0; padding: 0; max-width: none; font-size: 10pt; line-height: 1.4; }
+  h1 { font-size: 16pt; }
+  h2 { font-size: 12pt; }
+  h2, h3, caption { break-after: avoid; }
+  nav { display: none; }
+  section, .messages { margin-top: 7mm; }
+  .equation { font-size: 10.5pt; }
+  .prose, .equation, .table, figure, tr { break-inside: avoid; page-break-inside: avoid; }
+  .table { overflow: visible; margin-bottom: 3mm; }
+  .key { break-before: avoid; }
+  table { font-size: 9pt; line-height: 1.25; }
+  .across { page: across; }
+  .across table, .cut table { font-size: 8pt; }
+  .cut table { line-height: 1.2; }
+  .cut th, .cut td { padding: .15em .5em; }
+  .long { break-before: page; break-inside: auto; page-break-inside: auto; }
+  thead { display: table-header-group; }
+  th, td, .key span, .equation, .messages { print-color-adjust: exact;
+    -webkit-print-color-adjust: exact; }
+}
+)";
+
+std::string_view withoutEndBlanks(std::string_view text) {
+  return text.substr(0, text.find_last_not_of(' ') + 1);
+}
+
 struct ShownHtml {
-  std::string title;  // of the display
+  const ReportedDisplay& shown;
 
   // The sentence that tells the graph stands below it, for everybody.
-  std::string operator()(const Graph* graph) const {
-    return "<figure>\n<figcaption><h2>" + markupText(title) + "</h2></figcaption>\n" +
-           writeSvg(graph->picture(), graph->accessibleName(), graph->accessibleDescription()) +
-           "<p class=\"spoken\">" + markupText(graph->accessibleDescription()) +
-           "</p>\n</figure>\n";
+  std::string operator()(const GraphContent& graph) const {
+    return "<figure>\n<figcaption><h2>" + markupText(shown.title) + "</h2></figcaption>\n" +
+           writeSvg(graph.plot.picture(), shown.display->caption, graph.description) +
+           "<p class=\"spoken\">" + markupText(graph.description) + "</p>\n</figure>\n";
   }
 
-  std::string operator()(const Grid* grid) const { return tableHtml(displayTable(*grid), title); }
+  std::string operator()(const TableContent& table) const { return tableHtml(table, shown.title); }
 
-  std::string operator()(const TextBox* box) const {
-    std::string html = "<h2>" + markupText(title) + "</h2>\n";
-    for (const HeadedPart& part : headedParts(box->text())) {
-      html += "<div class=\"prose\">\n";
-      if (!part.heading.empty()) html += "<h3>" + markupText(part.heading) + "</h3>\n";
-      for (const std::string_view paragraph : part.paragraphs)
-        html += "<p>" + markupText(paragraph) + "</p>\n";
-      html += "</div>\n";
-    }
+  std::string operator()(const Sections& sections) const {
+    std::string html = "<h2>" + markupText(shown.title) + "</h2>\n";
+    for (const Section& section : sections)
+      html += "<div class=\"prose\">\n<h3>" + markupText(section.heading) + "</h3>\n<p>" +
+              markupText(withoutEndBlanks(section.text)) + "</p>\n</div>\n";
     return html;
   }
 };
 
-std::string displayHtml(const ReportedDisplay& display) {
-  return "<section id=\"" + std::string(display.name) + "\">\n" +
-         std::visit(ShownHtml{display.window->caption()}, display.window->shownControl()) +
-         "</section>\n";
+std::string displayHtml(const ReportedDisplay& shown) {
+  return "<section id=\"" + std::string(shown.display->form) + "\">\n" +
+         std::visit(ShownHtml{shown}, shown.content) + "</section>\n";
 }
 
-std::string contentsHtml(const std::vector<ReportedDisplay>& displays) {
+std::string contentsHtml(const std::vector<const ReportedDisplay*>& displays) {
   std::string html = "<nav aria-label=\"Contents\">\n<h2>Contents</h2>\n<ol>\n";
-  for (const ReportedDisplay& display : displays)
-    html += "<li><a href=\"#" + std::string(display.name) + "\">" +
-            markupText(display.window->caption()) + "</a></li>\n";
+  for (const ReportedDisplay* shown : displays)
+    html += "<li><a href=\"#" + std::string(shown->display->form) + "\">" +
+            markupText(shown->title) + "</a></li>\n";
   return html + "</ol>\n</nav>\n";
 }
 
@@ -95,23 +152,23 @@ std::string headHtml(const std::string& title) {
 }
 
 // Lists of cases come last, where they break no page that others share.
-std::vector<ReportedDisplay> inPageOrder(ReportRun& run) {
-  auto displays = inReadingOrder(run);
+std::vector<const ReportedDisplay*> inPageOrder(const ReportRun& run) {
+  auto displays = run.inReadingOrder();
   std::stable_partition(displays.begin(), displays.end(),
-                        [](const ReportedDisplay& display) { return !isCaseList(display); });
+                        [](const ReportedDisplay* shown) { return !shown->display->listsCases; });
   return displays;
 }
 
 }  // namespace
 
-std::string htmlReport(ReportRun& run, std::string_view date) {
+std::string htmlReport(const ReportRun& run, std::string_view date) {
   const std::string title = markupText("Multiple regression of " + variableName(run.state(), 1));
   const auto displays = inPageOrder(run);
   std::string html = headHtml(title) + "<body>\n<header>\n<h1>" + title + "</h1>\n" +
                      factsHtml(run, date) + "</header>\n<main>\n" + messagesHtml(run) +
                      "<section>\n<h2>Fitted Model</h2>\n<p class=\"equation\">" +
                      markupText(run.equation()) + "</p>\n</section>\n" + contentsHtml(displays);
-  for (const ReportedDisplay& display : displays) html += displayHtml(display);
+  for (const ReportedDisplay* shown : displays) html += displayHtml(*shown);
   return html + "</main>\n</body>\n</html>\n";
 }
 

@@ -10,6 +10,6 @@ namespace tolmer {
 
 // One page that needs nothing beside it: equation, tables as tables, graphs as SVG, messages of
 // the run. `date` as it is to be printed.
-std::string htmlReport(ReportRun& run, std::string_view date);
+std::string htmlReport(const ReportRun& run, std::string_view date);
 
 }  // namespace tolmer

@@ -12,7 +12,7 @@ namespace tolmer {
 namespace {
 
 // How a table lies on paper. The room is that between the margins of A4 in parts of the letters'
-// size (html_style.cpp), less a little for fonts wider than Noto Sans; a table of more rows does
+// size (html_report.cpp), less a little for fonts wider than Noto Sans; a table of more rows does
 // not fit on one page and may break between rows.
 struct Setting {
   std::string_view name;
@@ -25,7 +25,7 @@ constexpr Setting cut{"cut", 60, 52};        // blocks of columns below one anot
 
 constexpr double cellPadding = 1;
 
-double widthOf(const DisplayCell& cell, bool isBold) {
+double widthOf(const TableCell& cell, bool isBold) {
   constexpr float pixels = 100;
   return textWidth({FontFamily::interface, pixels, isBold}, cell.text) / pixels + cellPadding;
 }
@@ -34,35 +34,35 @@ std::string_view alignClass(Align align) { return align == Align::right ? "right
 
 // "th" or "td" with classes, divided by blanks.
 std::string element(std::string_view tag, std::string_view attributes, std::string_view classes,
-                    const DisplayCell& cell) {
+                    const TableCell& cell) {
   std::string html = "<" + std::string(tag) + std::string(attributes);
   if (!classes.empty()) html += " class=\"" + std::string(classes) + "\"";
-  if (cell.isMarked()) html += " style=\"background:" + backName(cell.back) + "\"";
+  if (isColoured(cell)) html += " style=\"background:" + backName(cell) + "\"";
   return html + ">" + markupText(cell.text) + "</" + std::string(tag) + ">";
 }
 
-std::string dataCell(const DisplayCell& cell) {
+std::string dataCell(const TableCell& cell) {
   std::string classes(alignClass(cell.align));
   const auto add = [&classes](const char* name) {
     classes += (classes.empty() ? "" : " ") + std::string(name);
   };
-  if (cell.isHeading()) add("face");
-  if (cell.isMarked()) add("marked");
+  if (isFramed(cell)) add("face");
+  if (isColoured(cell)) add("marked");
   return element("td", "", classes, cell);
 }
 
-std::string columnHead(const DisplayCell& head) {
+std::string columnHead(const TableCell& head) {
   if (head.text.empty()) return "<td></td>";
   return element("th", " scope=\"col\"", alignClass(head.align), head);
 }
 
-std::string rowHead(const DisplayCell& cell) {
+std::string rowHead(const TableCell& cell) {
   return element("th", " scope=\"row\"", alignClass(cell.align), cell);
 }
 
 class TableWriter {
  public:
-  TableWriter(const DisplayTable& table, std::string_view title)
+  TableWriter(const TableContent& table, std::string_view title)
       : parts_(partsOf(table)), title_(markupText(title)) {
     const std::vector<double> widths = columnWidths();
     const double whole = std::accumulate(widths.begin(), widths.end(), 0.0);
@@ -84,15 +84,15 @@ class TableWriter {
     std::vector<double> widths;
     for (std::size_t column = 0; column < parts_.heads.size(); ++column) {
       double widest = widthOf(parts_.heads[column], true);
-      for (const DisplayRow& row : firstBody())
+      for (const TableRow& row : firstBody())
         widest = std::max(widest, widthOf(row[column], column < parts_.leadColumns));
       widths.push_back(widest);
     }
     return widths;
   }
 
-  const std::vector<DisplayRow>& firstBody() const {
-    static const std::vector<DisplayRow> none;
+  const std::vector<TableRow>& firstBody() const {
+    static const std::vector<TableRow> none;
     return parts_.bodies.empty() ? none : parts_.bodies.front();
   }
 
@@ -108,7 +108,7 @@ class TableWriter {
            "</caption>\n";
   }
 
-  std::string cellHtml(const DisplayCell& cell, std::size_t column) const {
+  std::string cellHtml(const TableCell& cell, std::size_t column) const {
     return column < parts_.leadColumns && !cell.text.empty() ? rowHead(cell) : dataCell(cell);
   }
 
@@ -120,7 +120,7 @@ class TableWriter {
     html += "><table>\n" + captionHtml(block) + "<thead>\n<tr>";
     for (const std::size_t column : block) html += columnHead(parts_.heads[column]);
     html += "</tr>\n</thead>\n<tbody>\n";
-    for (const DisplayRow& row : firstBody()) {
+    for (const TableRow& row : firstBody()) {
       html += "<tr>";
       for (const std::size_t column : block) html += cellHtml(row[column], column);
       html += "</tr>\n";
@@ -129,12 +129,12 @@ class TableWriter {
   }
 
   // Names at the left and figures at the right of one another.
-  std::string figuresHtml(const std::vector<DisplayRow>& rows) const {
+  std::string figuresHtml(const std::vector<TableRow>& rows) const {
     std::string html = "<div class=\"table figures\"><table>\n<caption class=\"unseen\">" + title_ +
                        ": summary figures</caption>\n<tbody>\n";
-    for (const DisplayRow& row : rows) {
+    for (const TableRow& row : rows) {
       html += "<tr>";
-      for (const DisplayCell& cell : row) {
+      for (const TableCell& cell : row) {
         if (cell.text.empty()) continue;
         html += cell.align == Align::left ? rowHead(cell) : dataCell(cell);
       }
@@ -146,10 +146,10 @@ class TableWriter {
   std::string keyHtml() const {
     if (parts_.key.empty()) return {};
     std::string html = "<p class=\"key\">Key: ";
-    for (const DisplayCell& word : parts_.key) {
+    for (const TableCell& word : parts_.key) {
       if (&word != &parts_.key.front()) html += " ";
-      html += "<span style=\"background:" + backName(word.back) + "\">" + markupText(word.text) +
-              "</span>";
+      html +=
+          "<span style=\"background:" + backName(word) + "\">" + markupText(word.text) + "</span>";
     }
     return html + "</p>\n";
   }
@@ -162,7 +162,7 @@ class TableWriter {
 
 }  // namespace
 
-std::string tableHtml(const DisplayTable& table, std::string_view title) {
+std::string tableHtml(const TableContent& table, std::string_view title) {
   return TableWriter(table, title).html();
 }
 

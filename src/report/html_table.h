@@ -4,7 +4,7 @@
 #include <string>
 #include <string_view>
 
-#include "report/display_table.h"
+#include "tables/table_content.h"
 
 namespace tolmer {
 
@@ -12,6 +12,6 @@ namespace tolmer {
 // an upright sheet of paper is marked to lie on a landscape one; one too wide for that is cut into
 // several of some of the columns each. Figures of another kind below the first ones are a table of
 // their own.
-std::string tableHtml(const DisplayTable& table, std::string_view title);
+std::string tableHtml(const TableContent& table, std::string_view title);
 
 }  // namespace tolmer

@@ -1,16 +1,202 @@
 #include "report/json_report.h"
 
+#include <algorithm>
+#include <cstddef>
+#include <string>
+#include <string_view>
 #include <utility>
+#include <variant>
+#include <vector>
 
-#include "platform/grid/grid.h"
-#include "platform/text_box.h"
-#include "report/display_table.h"
-#include "report/graph_json.h"
 #include "report/json_writer.h"
-#include "report/state_json.h"
+#include "report/table_parts.h"
 
 namespace tolmer {
 namespace {
+
+// The numbers of the state, under its own names. Arrays begin at the state's element 1, except
+// tVarName, which begins at "Intercept".
+
+// Elements first..last of an array, as far as it reaches.
+template <class Array>
+void writeArray(JsonWriter& json, std::string_view name, const Array& array, int first, int last) {
+  json.key(name);
+  json.beginArray();
+  last = std::min(last, static_cast<int>(array.size()) - 1);
+  for (int i = first; i <= last; ++i) json.value(array[static_cast<std::size_t>(i)]);
+  json.endArray();
+}
+
+template <class Value>
+void writeMatrix(JsonWriter& json, std::string_view name, const Matrix<Value>& matrix, int lastRow,
+                 int lastColumn) {
+  json.key(name);
+  json.beginArray();
+  for (int row = 1; row <= std::min(lastRow, matrix.lastRow()); ++row) {
+    json.beginArray();
+    for (int column = 1; column <= std::min(lastColumn, matrix.lastColumn()); ++column)
+      json.value(matrix(row, column));
+    json.endArray();
+  }
+  json.endArray();
+}
+
+void writeModel(JsonWriter& json, const AnalysisState& state) {
+  const int variables = state.iNumPredictors + 1;
+  json.member("iNumCases", state.iNumCases);
+  json.member("iNumPredictors", state.iNumPredictors);
+  json.member("iNumTerms", state.iNumTerms);
+  json.member("bUseIntercept", state.bUseIntercept);
+  writeArray(json, "iModelCol", state.iModelCol, 1, variables);
+  writeArray(json, "tVarName", state.tVarName, 0, state.iNumCols);
+  writeArray(json, "iVarType", state.iVarType, 1, variables);
+  writeArray(json, "tVarFormat", state.tVarFormat, 1, variables);
+  writeMatrix(json, "dDescStat", state.dDescStat, 4, variables);
+  writeMatrix(json, "sCorr", state.sCorr, variables, variables);
+  writeArray(json, "sVIF", state.sVIF, 1, state.iNumPredictors);
+}
+
+void writeFit(JsonWriter& json, const Fit& fit, int cases, int terms) {
+  writeArray(json, "sFitted", fit.sFitted, 1, cases);
+  writeArray(json, "sResid", fit.sResid, 1, cases);
+  writeArray(json, "sCoef", fit.sCoef, 1, terms);
+  writeArray(json, "sCoefSE", fit.sCoefSE, 1, terms);
+  writeArray(json, "sCoefT", fit.sCoefT, 1, terms);
+  writeArray(json, "sCoefP", fit.sCoefP, 1, terms);
+  json.key("sVarCovDiagonal");
+  json.beginArray();
+  for (int i = 1; i <= std::min(terms, fit.sVarCov.lastRow()); ++i) json.value(fit.sVarCov(i, i));
+  json.endArray();
+  json.member("sSSR", fit.sSSR);
+  json.member("sSSE", fit.sSSE);
+  json.member("sSST", fit.sSST);
+  json.member("sStdErr", fit.sStdErr);
+  json.member("sRSquared", fit.sRSquared);
+  json.member("sR", fit.sR);
+  json.member("sF", fit.sF);
+  json.member("sFProb", fit.sFProb);
+  json.member("sDurbinWatson", fit.sDurbinWatson);
+  json.member("bSingular", fit.bSingular);
+}
+
+void writeResiduals(JsonWriter& json, const AnalysisState& state) {
+  const int classes = state.iNumResidClasses;
+  writeArray(json, "sSortedResid", state.sSortedResid, 1, state.iNumCases);
+  json.member("iNumResidClasses", state.iNumResidClasses);
+  writeArray(json, "sResidClassLimit", state.sResidClassLimit, 1, classes + 1);
+  writeArray(json, "iResidClassCount", state.iResidClassCount, 1, classes);
+  json.member("iResidOutside", state.iResidOutside);
+  writeArray(json, "iStdResidClassCount", state.iStdResidClassCount, 1, 8);
+  json.member("iStdResidOutside", state.iStdResidOutside);
+}
+
+void writeState(JsonWriter& json, const AnalysisState& state) {
+  json.beginObject();
+  writeModel(json, state);
+  writeFit(json, state.Fit, state.iNumCases, state.iNumTerms);
+  writeResiduals(json, state);
+  json.endObject();
+}
+
+using Labels = std::vector<std::string>;
+
+void writeLabels(JsonWriter& json, std::string_view name, const Labels& labels) {
+  json.key(name);
+  json.beginArray();
+  for (const std::string& label : labels) json.value(label);
+  json.endArray();
+}
+
+void writeAxis(JsonWriter& json, std::string_view name, const Axis& axis, const Labels& labels) {
+  json.key(name);
+  json.beginObject();
+  json.member("mode", static_cast<int>(axis.scaleMode));
+  json.member("min", axis.minimum);
+  json.member("max", axis.maximum);
+  json.member("ticks", axis.ticks);
+  writeLabels(json, "labels", labels);
+  json.endObject();
+}
+
+// Bars and lines with symbols space their points evenly: they have no x position.
+void writePoints(JsonWriter& json, const GraphSettings& settings) {
+  json.key("points");
+  json.beginArray();
+  for (const GraphPoint& point : settings.points) {
+    json.beginArray();
+    if (settings.graphType == GraphType::symbols)
+      json.value(point.x);
+    else
+      json.null();
+    json.value(point.value);
+    json.endArray();
+  }
+  json.endArray();
+}
+
+struct CallWriter {
+  JsonWriter& json;
+
+  void operator()(const BoxCall& box) const {
+    json.value("box");
+    for (const double length : {box.x, box.y, box.width, box.height}) json.value(length);
+    json.value(box.pattern);
+    json.value(box.colour);
+  }
+  void operator()(const LineCall& line) const {
+    json.value("line");
+    for (const double place : {line.x1, line.y1, line.x2, line.y2}) json.value(place);
+    for (const int attribute : {line.mode, line.style, line.colour}) json.value(attribute);
+  }
+  void operator()(const TextCall& text) const {
+    json.value("text");
+    json.value(text.x);
+    json.value(text.y);
+    json.value(text.flags);
+    json.value(text.text);
+  }
+};
+
+void writeOverlay(JsonWriter& json, const Plot& plot) {
+  json.key("overlay");
+  json.beginArray();
+  for (const OverlayCall& call : plot.overlay()) {
+    json.beginArray();
+    std::visit(CallWriter{json}, call);
+    json.endArray();
+  }
+  json.endArray();
+}
+
+void writePlotArea(JsonWriter& json, const Plot& plot) {
+  json.key("plot");
+  json.beginObject();
+  json.member("left", plot.SDKInfo(7));
+  json.member("bottom", plot.SDKInfo(8));
+  json.member("width", plot.SDKInfo(5));
+  json.member("height", plot.SDKInfo(6));
+  json.endObject();
+}
+
+void writeGraph(JsonWriter& json, const Plot& plot) {
+  const GraphSettings& settings = plot.settings;
+  json.beginObject();
+  json.member("type", static_cast<int>(settings.graphType));
+  json.member("bottomTitle", settings.x.title);
+  json.member("leftTitle", settings.y.title);
+  // The points of a line are named along its horizontal axis.
+  const bool isLine = settings.graphType == GraphType::lineWithSymbols;
+  writeAxis(json, "x", settings.x, isLine ? settings.pointLabels : settings.x.labels);
+  writeAxis(json, "y", settings.y, settings.y.labels);
+  writePoints(json, settings);
+  if (!settings.pointLabels.empty()) writeLabels(json, "pointLabels", settings.pointLabels);
+  json.member("symbol", settings.pointSymbol);
+  json.member("symbolSize", settings.symbolSize);
+  json.member("lineStatistics", settings.lineStatistics);
+  writeOverlay(json, plot);
+  writePlotArea(json, plot);
+  json.endObject();
+}
 
 const char* iconName(MessageIcon icon) {
   switch (icon) {
@@ -64,43 +250,42 @@ void writeMessages(JsonWriter& json, const ReportRun& run) {
 }
 
 template <class TextOf>
-void writeCells(JsonWriter& json, std::string_view name, const Sheet& sheet, TextOf textOf) {
+void writeCells(JsonWriter& json, std::string_view name, const TableContent& table, TextOf textOf) {
   json.key(name);
   json.beginArray();
-  for (int row = 1; row <= sheet.rows(); ++row) {
+  for (int row = 1; row <= table.rows(); ++row) {
     json.beginArray();
-    for (int col = 1; col <= sheet.cols(); ++col)
-      json.value(std::string_view(textOf(sheet.at(row, col))));
+    for (const TableCell& cell : table.row(row)) json.value(std::string_view(textOf(cell)));
     json.endArray();
   }
   json.endArray();
 }
 
-void writeTable(JsonWriter& json, const Sheet& sheet) {
+void writeTable(JsonWriter& json, const TableContent& table) {
   json.beginObject();
-  json.member("rows", sheet.rows());
-  json.member("cols", sheet.cols());
-  writeCells(json, "cells", sheet,
-             [](const Cell& cell) -> const std::string& { return cell.text; });
-  writeCells(json, "back", sheet, [](const Cell& cell) { return backName(cell.style.back); });
+  json.member("rows", table.rows());
+  json.member("cols", table.cols());
+  writeCells(json, "cells", table,
+             [](const TableCell& cell) -> const std::string& { return cell.text; });
+  writeCells(json, "back", table, backName);
   json.endObject();
 }
 
 struct ShownWriter {
   JsonWriter& json;
 
-  void operator()(const Graph* graph) const { writeGraph(json, *graph); }
-  void operator()(const Grid* grid) const { writeTable(json, grid->sheet()); }
-  void operator()(const TextBox* box) const {
+  void operator()(const GraphContent& graph) const { writeGraph(json, graph.plot); }
+  void operator()(const TableContent& table) const { writeTable(json, table); }
+  void operator()(const Sections& sections) const {
     json.beginObject();
-    json.member("text", box->text());
+    json.member("text", wholeText(sections));
     json.endObject();
   }
 };
 
 }  // namespace
 
-std::string jsonReport(ReportRun& run) {
+std::string jsonReport(const ReportRun& run) {
   JsonWriter json;
   json.beginObject();
   writeMessages(json, run);
@@ -109,9 +294,9 @@ std::string jsonReport(ReportRun& run) {
   writeState(json, run.state());
   json.key("displays");
   json.beginObject();
-  for (const ReportedDisplay& display : run.displays()) {
-    json.key(display.name);
-    std::visit(ShownWriter{json}, display.window->shownControl());
+  for (const ReportedDisplay& shown : run.displays()) {
+    json.key(shown.display->form);
+    std::visit(ShownWriter{json}, shown.content);
   }
   json.endObject();
   json.endObject();

@@ -7,6 +7,6 @@
 
 namespace tolmer {
 
-std::string jsonReport(ReportRun& run);
+std::string jsonReport(const ReportRun& run);
 
 }  // namespace tolmer

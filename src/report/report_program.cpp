@@ -1,6 +1,5 @@
 #include "report/report_program.h"
 
-#include <memory>
 #include <optional>
 
 #include "base/text_encoding.h"
@@ -11,7 +10,6 @@
 #include "report/json_report.h"
 #include "report/model_by_name.h"
 #include "report/options.h"
-#include "report/plot_axes.h"
 #include "report/text_report.h"
 
 namespace tolmer {
@@ -27,7 +25,7 @@ ReportOutcome usageFault(const Error& error) {
   return outcome;
 }
 
-std::string written(ReportRun& run, ReportFormat format, const ReportSurroundings& around) {
+std::string written(const ReportRun& run, ReportFormat format, const ReportSurroundings& around) {
   switch (format) {
     case ReportFormat::json:
       return jsonReport(run);
@@ -41,9 +39,8 @@ std::string written(ReportRun& run, ReportFormat format, const ReportSurrounding
 
 // On a page, where graphs are set among text, they are smaller, so that their letters keep the size
 // of the text when a sheet of A4 takes them in.
-Size displaySize(ReportFormat format) {
-  return format == ReportFormat::html ? Size{pixels(720), pixels(400)}
-                                      : Size{pixels(960), pixels(500)};
+ViewSize graphSize(ReportFormat format) {
+  return format == ReportFormat::html ? ViewSize{720, 400} : ViewSize{960, 500};
 }
 
 // A course's texts, and the name of any file, may hold what acts on a terminal.
@@ -69,12 +66,10 @@ ReportOutcome reportOn(WorkingCopy& copy, const ReportOptions& options,
   makePrintable(copy);
   if (auto error = chooseModelByName(copy, options)) return usageFault(*error);
   if (auto error = tooManyPredictors(copy)) return usageFault(*error);
-  const auto plots = plotAxesByName(copy, options.plots);
-  if (!plots) return usageFault(plots.error());
-  // A window's worth of members: not on the stack.
-  const auto run = std::make_unique<ReportRun>(displaySize(options.format));
-  run->analyse(copy, *plots);
-  return {ReportOutcome::done, written(*run, options.format, around), {}};
+  const auto axes = chooseAxesByName(copy, options.plots);
+  if (!axes) return usageFault(axes.error());
+  const ReportRun run(copy, *axes, graphSize(options.format));
+  return {ReportOutcome::done, written(run, options.format, around), {}};
 }
 
 ReportOutcome reportOnTable(const ReportOptions& options, const ReportSurroundings& around) {
@@ -91,11 +86,11 @@ ReportOutcome reportOnTable(const ReportOptions& options, const ReportSurroundin
 
 // Data that the program would open on in part are no data for a report.
 ReportOutcome reportOnCourse(const ReportOptions& options, const ReportSurroundings& around) {
-  HeadlessDesktop desktop;
-  auto copy = courseDataSet(options, desktop);
+  MessageLog messages;
+  auto copy = courseDataSet(options, messages);
   if (!copy) return failed(ReportOutcome::dataAtFault, copy.error());
-  if (!desktop.boxes().empty())
-    return failed(ReportOutcome::dataAtFault, {"", desktop.boxes().front().box.text});
+  if (!messages.boxes().empty())
+    return failed(ReportOutcome::dataAtFault, {"", messages.boxes().front().box.text});
   return reportOn(*copy, options, around);
 }
 

@@ -1,56 +1,35 @@
 #include "report/report_run.h"
 
+#include <cstddef>
+
 #include "data/model_transfer.h"
+#include "engine/fitted_equation.h"
+#include "engine/pipeline.h"
+#include "graphs/axis_choice.h"
 
 namespace tolmer {
-ReportRun::ReportRun(Size displaySize) : displaySize_(displaySize) {
-  displays_.created = [this](DisplayWindow& display) { place(display); };
-}
 
-// The panel's commands follow the data source, so there must be one; the scatter plots have the
-// regression line and the correlation that are ticked when the program starts.
-AnalysisState ReportRun::startState() {
+AnalysisState analysisOf(const WorkingCopy& copy, MessagePort& messages) {
   AnalysisState state;
-  state.iDataSource = scenarioExample;
   state.bShowRegressionLine = true;
   state.bShowCorrelation = true;
+  CopyModuleVarsToGlobal(copy, state);
+  Analyse(state, messages);
+  chooseStartAxes(state);
   return state;
 }
 
-// The display is updated once, by the analysis, not also by its change of size.
-void ReportRun::place(DisplayWindow& display) {
-  state_.bProcessResize = false;
-  state_.bStartingUp = true;
-  display.setPlace({0, 0, displaySize_.width, displaySize_.height});
-  display.PositionControls();
-  state_.bStartingUp = false;
-  state_.bProcessResize = true;
-}
-
-void ReportRun::analyse(const WorkingCopy& copy, const std::vector<PlotAxes>& plots) {
-  CopyModuleVarsToGlobal(copy, state_);
-  InitDisplayTable(state_);
-  for (const auto [iCategory, iIndex] : AllDisplays::ids())
-    if (iCategory != scatterDisplays) state_.iDisplayState(iCategory, iIndex) = displayShown;
-  state_.bStartingAnalysis = true;
-  analysis_.RunAnalysis();
-  for (const auto [plot, x, y] : plots) {
+ReportRun::ReportRun(const WorkingCopy& copy, const std::vector<ChosenAxes>& axes,
+                     ViewSize graphSize)
+    : state_(analysisOf(copy, messages_)) {
+  for (const auto [plot, x, y] : axes) {
     state_.iPlotXVar[static_cast<std::size_t>(plot)] = x;
     state_.iPlotYVar[static_cast<std::size_t>(plot)] = y;
   }
-  showScatterPlots();
-}
-
-// A scatter plot draws the axes of the plot that was last activated, which is itself when it comes
-// to the screen. The start axes stand only after the analysis, so these displays are shown then.
-void ReportRun::showScatterPlots() {
-  for (const auto [iCategory, iIndex] : AllDisplays::ids()) {
-    if (iCategory != scatterDisplays) continue;
-    state_.iDisplayState(iCategory, iIndex) = displayShown;
-    DisplayWindow* window = displays_.display(iCategory, iIndex);
-    window->UpdateControls();
-    window->UpdateDisplay();
-  }
+  displays_.reserve(displayList().size());
+  for (const Display& display : displayList())
+    displays_.push_back(
+        {&display, titleOf(display, state_), contentOf(display, state_, graphSize, messages_)});
 }
 
 std::vector<std::string> ReportRun::messageTexts() const {
@@ -69,13 +48,13 @@ std::string_view ReportRun::dataFile() const {
   return name.substr(name.find_last_of("/\\") + 1);
 }
 
-std::vector<ReportedDisplay> ReportRun::displays() {
-  std::vector<ReportedDisplay> reported;
-  for (const auto [iCategory, iIndex] : AllDisplays::ids()) {
-    DisplayWindow* window = displays_.display(iCategory, iIndex);
-    reported.push_back({window->name(), window});
-  }
-  return reported;
+std::string ReportRun::equation() const { return fittedEquation(state_); }
+
+std::vector<const ReportedDisplay*> ReportRun::inReadingOrder() const {
+  std::vector<const ReportedDisplay*> ordered;
+  for (const Display* display : tolmer::inReadingOrder())
+    ordered.push_back(&displays_[static_cast<std::size_t>(display - displayList().data())]);
+  return ordered;
 }
 
 }  // namespace tolmer

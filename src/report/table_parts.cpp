@@ -1,44 +1,31 @@
 #include "report/table_parts.h"
 
 #include <algorithm>
+#include <iterator>
 #include <numeric>
 #include <string_view>
 
 namespace tolmer {
 namespace {
 
-bool isEmpty(const DisplayRow& row) {
-  return std::all_of(row.begin(), row.end(),
-                     [](const DisplayCell& cell) { return cell.text.empty(); });
-}
-
-// Only texts on colours.
-bool isKey(const DisplayRow& row) {
-  return std::all_of(row.begin(), row.end(),
-                     [](const DisplayCell& cell) { return cell.text.empty() || cell.isMarked(); });
-}
-
-bool isFigure(std::string_view text) {
-  return text == "NA" || text == "---" || text.find_first_not_of("0123456789+-.,E") == text.npos;
-}
-
-bool holdsFigures(const std::vector<DisplayRow>& rows, std::size_t column) {
-  return std::all_of(rows.begin(), rows.end(),
-                     [column](const DisplayRow& row) { return isFigure(row[column].text); });
+bool holdsWords(const std::vector<TableRow>& rows, std::size_t column) {
+  return std::any_of(rows.begin(), rows.end(),
+                     [column](const TableRow& row) { return row[column].role == CellRole::text; });
 }
 
 void alignColumn(TableParts& parts, std::size_t column) {
   auto& rows = parts.bodies.front();
-  const Align centred = holdsFigures(rows, column) ? Align::right : Align::left;
-  for (DisplayRow& row : rows)
+  const Align centred = holdsWords(rows, column) ? Align::left : Align::right;
+  for (TableRow& row : rows)
     if (row[column].align == Align::centre) row[column].align = centred;
   parts.heads[column].align = rows.front()[column].align;
 }
 
-std::size_t leadColumnsOf(const std::vector<DisplayRow>& rows, std::size_t columns) {
+std::size_t leadColumnsOf(const std::vector<TableRow>& rows, std::size_t columns) {
   const auto names = [&rows](std::size_t column) {
-    return std::all_of(rows.begin(), rows.end(),
-                       [column](const DisplayRow& row) { return row[column].isHeading(); });
+    return std::all_of(rows.begin(), rows.end(), [column](const TableRow& row) {
+      return row[column].role == CellRole::heading;
+    });
   };
   std::size_t count = 0;
   while (count + 1 < columns && names(count)) ++count;
@@ -46,23 +33,24 @@ std::size_t leadColumnsOf(const std::vector<DisplayRow>& rows, std::size_t colum
 }
 
 // A label out of a file may have lines of its own.
-void putOnOneLine(DisplayRow& row) {
+void putOnOneLine(TableRow& row) {
   const auto breaks = [](char c) { return c == '\r' || c == '\n' || c == '\t'; };
-  for (DisplayCell& cell : row) std::replace_if(cell.text.begin(), cell.text.end(), breaks, ' ');
+  for (TableCell& cell : row) std::replace_if(cell.text.begin(), cell.text.end(), breaks, ' ');
 }
 
-void takeRows(TableParts& parts, const DisplayTable& table) {
+bool isKey(const TableCell& cell) { return cell.role == CellRole::key; }
+
+void takeRows(TableParts& parts, const TableContent& table) {
   bool isDivided = true;
-  for (std::size_t i = 1; i < table.rows.size(); ++i) {
-    const DisplayRow& row = table.rows[i];
-    if (isEmpty(row)) {
+  for (int i = 2; i <= table.rows(); ++i) {
+    const auto row = table.row(i);
+    if (table.isFrame(i)) {
       isDivided = true;
-    } else if (isKey(row)) {
-      std::copy_if(row.begin(), row.end(), std::back_inserter(parts.key),
-                   [](const DisplayCell& cell) { return !cell.text.empty(); });
+    } else if (std::any_of(row.begin(), row.end(), isKey)) {
+      std::copy_if(row.begin(), row.end(), std::back_inserter(parts.key), isKey);
     } else {
       if (isDivided) parts.bodies.emplace_back();
-      parts.bodies.back().push_back(row);
+      parts.bodies.back().emplace_back(row.begin(), row.end());
       isDivided = false;
     }
   }
@@ -100,16 +88,34 @@ struct BlockCutter {
 
 }  // namespace
 
-bool TableParts::explains(const DisplayCell& cell) const {
-  return cell.isMarked() && std::any_of(key.begin(), key.end(), [&cell](const DisplayCell& word) {
-           return word.back == cell.back;
+bool TableParts::explains(const TableCell& cell) const {
+  return isColoured(cell) && std::any_of(key.begin(), key.end(), [&cell](const TableCell& word) {
+           return word.mark == cell.mark;
          });
 }
 
-TableParts partsOf(const DisplayTable& table) {
+bool isColoured(const TableCell& cell) {
+  return cell.mark != CellMark::none && cell.mark != CellMark::itself;
+}
+
+std::string backName(const TableCell& cell) {
+  if (isFramed(cell)) return "face";
+  const Colour back = backOf(cell);
+  if (back == colours::white) return "white";
+  constexpr std::string_view hex = "0123456789ABCDEF";
+  std::string name = "#";
+  for (const unsigned part : {back.red, back.green, back.blue}) {
+    name += hex[part >> 4U];
+    name += hex[part & 15U];
+  }
+  return name;
+}
+
+TableParts partsOf(const TableContent& table) {
   TableParts parts;
-  if (table.rows.empty()) return parts;
-  parts.heads = table.rows.front();
+  if (table.rows() == 0) return parts;
+  const auto heads = table.row(1);
+  parts.heads.assign(heads.begin(), heads.end());
   takeRows(parts, table);
   if (parts.bodies.empty()) return parts;
   putOnOneLine(parts.heads);

@@ -2,27 +2,36 @@
 #pragma once
 
 #include <cstddef>
+#include <string>
 #include <vector>
 
-#include "report/display_table.h"
+#include "tables/table_content.h"
 
 namespace tolmer {
 
+using TableRow = std::vector<TableCell>;
+
 struct TableParts {
-  DisplayRow heads;  // of the columns
-  // The rows below, divided where the display has an empty one. The heads speak of the first part;
-  // in the others each figure stands behind its own name.
-  std::vector<std::vector<DisplayRow>> bodies;
-  DisplayRow key;               // the texts that explain colours, on their colours
+  TableRow heads;  // of the columns
+  // The rows below, divided where the display has one of its frame alone. The heads speak of the
+  // first part; in the others each figure stands behind its own name.
+  std::vector<std::vector<TableRow>> bodies;
+  TableRow key;                 // tells what marks mean
   std::size_t leadColumns = 1;  // at the left, name their rows
 
-  // Whether the key has a word for this cell's colour.
-  bool explains(const DisplayCell& cell) const;
+  // Whether the key has a word for this cell's mark.
+  bool explains(const TableCell& cell) const;
 };
 
 // Heads and first rows are set alike: what the display centres stands right where the column holds
 // figures, so that their points are in line, and left where it holds words.
-TableParts partsOf(const DisplayTable& table);
+TableParts partsOf(const TableContent& table);
+
+// A mark that stands out by its colour: not that of a variable with itself.
+bool isColoured(const TableCell& cell);
+
+// "white", "face" for the look of headings, or "#RRGGBB".
+std::string backName(const TableCell& cell);
 
 // Columns that stand side by side, counted from 0.
 using ColumnBlock = std::vector<std::size_t>;

@@ -13,22 +13,36 @@ constexpr std::string_view indent = "  ";
 constexpr std::string_view between = "  ";  // columns
 constexpr std::string_view plain = "\x1b[0m";
 
-struct Mark {
+std::string_view signOf(CellMark mark) {
+  switch (mark) {
+    case CellMark::pBelow01:
+      return "**";
+    case CellMark::pBelow05:
+      return "*";
+    case CellMark::highVIF:
+      return "!";
+    case CellMark::outlier:
+      return "+";
+    default:
+      return {};
+  }
+}
+
+struct TerminalColour {
   Colour back;
-  std::string_view mark;
   std::string_view escape;  // ECMA-48, select graphic rendition
 };
 
-constexpr Mark marks[] = {{colours::cyan, "**", "\x1b[46;30m"},
-                          {colours::green, "*", "\x1b[42;30m"},
-                          {colours::red, "!", "\x1b[41;97m"},
-                          {Colour::rgb(255, 255, 0), "+", "\x1b[43;30m"}};
+constexpr TerminalColour terminalColours[] = {{colours::cyan, "\x1b[46;30m"},
+                                              {colours::green, "\x1b[42;30m"},
+                                              {colours::red, "\x1b[41;97m"},
+                                              {colours::yellow, "\x1b[43;30m"}};
 
-// Null for the ground of cells and headings.
-const Mark* markOf(const DisplayCell& cell) {
-  const auto* found = std::find_if(std::begin(marks), std::end(marks),
-                                   [&cell](const Mark& mark) { return mark.back == cell.back; });
-  return found == std::end(marks) ? nullptr : found;
+// Empty for the ground of cells and headings.
+std::string_view escapeOf(const TableCell& cell) {
+  for (const TerminalColour& one : terminalColours)
+    if (one.back == backOf(cell)) return one.escape;
+  return {};
 }
 
 struct Column {
@@ -43,11 +57,11 @@ struct Column {
 
 class TableSetter {
  public:
-  TableSetter(const DisplayTable& table, bool coloured)
+  TableSetter(const TableContent& table, bool coloured)
       : parts_(partsOf(table)), coloured_(coloured), columns_(parts_.heads.size()) {
     measure(parts_.heads);
     for (const auto& body : parts_.bodies)
-      for (const DisplayRow& row : body) measure(row);
+      for (const TableRow& row : body) measure(row);
   }
 
   std::string text(std::size_t width) const {
@@ -63,30 +77,29 @@ class TableSetter {
   }
 
  private:
-  void measure(const DisplayRow& row) {
+  void measure(const TableRow& row) {
     for (std::size_t i = 0; i < row.size(); ++i) {
       columns_[i].text = std::max(columns_[i].text, terminalWidth(row[i].text));
       columns_[i].mark = std::max(columns_[i].mark, markText(row[i]).size());
     }
   }
 
-  std::string_view markText(const DisplayCell& cell) const {
-    const Mark* mark = parts_.explains(cell) ? markOf(cell) : nullptr;
-    return mark ? mark->mark : std::string_view();
+  std::string_view markText(const TableCell& cell) const {
+    return parts_.explains(cell) ? signOf(cell.mark) : std::string_view();
   }
 
-  std::string inColour(const DisplayCell& cell, const std::string& text) const {
-    const Mark* mark = coloured_ ? markOf(cell) : nullptr;
-    return mark ? std::string(mark->escape) + text + std::string(plain) : text;
+  std::string inColour(const TableCell& cell, const std::string& text) const {
+    const std::string_view escape = coloured_ ? escapeOf(cell) : std::string_view();
+    return escape.empty() ? text : std::string(escape) + text + std::string(plain);
   }
 
-  std::string cellText(const DisplayCell& cell, const Column& column) const {
+  std::string cellText(const TableCell& cell, const Column& column) const {
     std::string text = inColour(cell, padded(cell.text, column.text, cell.align));
     if (column.mark > 0) text += " " + padded(markText(cell), column.mark, Align::left);
     return text;
   }
 
-  std::string rowText(const DisplayRow& row, const ColumnBlock& block) const {
+  std::string rowText(const TableRow& row, const ColumnBlock& block) const {
     std::string line(indent);
     for (const std::size_t i : block) {
       if (i != block.front()) line += between;
@@ -100,14 +113,14 @@ class TableSetter {
     std::string lines = rowText(parts_.heads, block);
     for (const auto& body : parts_.bodies) {
       if (&body != &parts_.bodies.front()) lines += "\n";
-      for (const DisplayRow& row : body) lines += rowText(row, block);
+      for (const TableRow& row : body) lines += rowText(row, block);
     }
     return lines;
   }
 
   std::string keyText() const {
     std::string line(indent);
-    for (const DisplayCell& word : parts_.key) {
+    for (const TableCell& word : parts_.key) {
       if (&word != &parts_.key.front()) line += "   ";
       line += std::string(markText(word)) + " " + inColour(word, word.text);
     }
@@ -121,7 +134,7 @@ class TableSetter {
 
 }  // namespace
 
-std::string tableText(const DisplayTable& table, std::size_t width, bool coloured) {
+std::string tableText(const TableContent& table, std::size_t width, bool coloured) {
   return TableSetter(table, coloured).text(width);
 }
 

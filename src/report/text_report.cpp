@@ -1,16 +1,76 @@
 #include "report/text_report.h"
 
-#include "platform/graph/graph.h"
-#include "platform/text_box.h"
-#include "report/grid_table.h"
-#include "report/headed_text.h"
-#include "report/reading_order.h"
+#include <algorithm>
+#include <cmath>
+#include <vector>
+
 #include "report/table_text.h"
-#include "report/text_bars.h"
 #include "report/text_layout.h"
 
 namespace tolmer {
 namespace {
+
+constexpr int barColumns = 40;
+constexpr int decadeColumns = 13;
+constexpr int decades = 3;  // of the VIF chart's scale
+
+std::string barLine(const std::string& label, std::size_t width, int eighths,
+                    const std::string& figure) {
+  return "  " + padded(label, width, Align::right) + " │" + barText(eighths) +
+         (eighths > 0 ? " " : "") + figure + "\n";
+}
+
+// The longest bar fills the columns.
+std::string classBars(const std::vector<PlottedBar>& bars) {
+  int largest = 0;
+  std::size_t width = 0;
+  for (const PlottedBar& bar : bars) {
+    largest = std::max(largest, static_cast<int>(bar.length));
+    width = std::max({width, terminalWidth(bar.label), terminalWidth(bar.upperLimit)});
+  }
+  if (largest == 0) return "  No residual lies in a class.\n";
+  std::string text;
+  for (const PlottedBar& bar : bars) {
+    const int count = static_cast<int>(bar.length);
+    const int eighths = (count * barColumns * 8 + largest / 2) / largest;
+    text += barLine(padded(bar.label, width, Align::right) + " to " +
+                        padded(bar.upperLimit, width, Align::right),
+                    2 * width + 4, count > 0 ? std::max(eighths, 1) : 0, bar.figure);
+  }
+  return text;
+}
+
+// The scale below bars whose ground line stands in `column`.
+std::string logarithmicScale(std::size_t column) {
+  std::string line = std::string(column, ' ') + "└";
+  std::string labels = std::string(column, ' ') + "1";
+  for (const char* label : {"10", "100", "1000"}) {
+    for (int i = 1; i < decadeColumns; ++i) line += "─";
+    line += "┴";
+    column += decadeColumns;
+    labels += std::string(column - labels.size(), ' ') + label;
+  }
+  return line + "\n" + labels + "\n";
+}
+
+// As the VIF chart is drawn, on a scale of decades.
+std::string inflationBars(const std::vector<PlottedBar>& bars) {
+  std::size_t width = 0;
+  for (const PlottedBar& bar : bars) width = std::max(width, terminalWidth(bar.label));
+  std::string text;
+  for (const PlottedBar& bar : bars) {
+    const double shown = std::min(double{static_cast<float>(bar.length)}, double{decades});
+    text += barLine(bar.label, width, static_cast<int>(std::lround(shown * decadeColumns * 8)),
+                    bar.figure);
+  }
+  return text + logarithmicScale(width + 3);
+}
+
+// Graphs that a terminal can show; a single predictor has no bar to show.
+std::string barsText(const std::vector<PlottedBar>& bars) {
+  if (bars.size() < 2) return {};
+  return bars.front().upperLimit.empty() ? inflationBars(bars) : classBars(bars);
+}
 
 constexpr std::size_t lineWidth = 78;
 constexpr std::size_t indent = 2;
@@ -29,36 +89,23 @@ std::string messagesText(const ReportRun& run) {
 
 // What stands below the heading of a display.
 struct ShownText {
-  const AnalysisState& state;
-  std::string_view name;
   bool coloured;
 
-  std::string operator()(const Grid* grid) const {
-    return tableText(displayTable(*grid), lineWidth, coloured);
+  std::string operator()(const TableContent& table) const {
+    return tableText(table, lineWidth, coloured);
   }
 
-  std::string operator()(const Graph* graph) const {
-    const std::string bars = barsOf(*graph);
-    return wrapped(graph->accessibleDescription(), lineWidth, indent) + "\n" +
-           (bars.empty() ? "" : "\n" + bars);
+  std::string operator()(const GraphContent& graph) const {
+    const std::string bars = barsText(graph.bars);
+    return wrapped(graph.description, lineWidth, indent) + "\n" + (bars.empty() ? "" : "\n" + bars);
   }
 
-  std::string operator()(const TextBox* box) const {
+  std::string operator()(const Sections& sections) const {
     std::string text;
-    for (const HeadedPart& part : headedParts(box->text())) {
-      if (!text.empty()) text += "\n";
-      if (!part.heading.empty()) text += wrapped(part.heading, lineWidth, indent) + "\n";
-      for (const std::string_view paragraph : part.paragraphs)
-        text += wrapped(paragraph, lineWidth, indent) + "\n";
-    }
+    for (const Section& section : sections)
+      text += (text.empty() ? "" : "\n") + wrapped(section.heading, lineWidth, indent) + "\n" +
+              wrapped(section.text, lineWidth, indent) + "\n";
     return text;
-  }
-
- private:
-  std::string barsOf(const Graph& graph) const {
-    if (name == "frmResidHist") return residualBars(state);
-    if (name == "frmStdResidHist") return standardizedBars(state);
-    return name == "frmVIFPlot" ? inflationBars(state, graph) : std::string();
   }
 };
 
@@ -75,15 +122,13 @@ std::string summaryLine(const ReportRun& run) {
 
 }  // namespace
 
-std::string textReport(ReportRun& run, bool coloured) {
+std::string textReport(const ReportRun& run, bool coloured) {
   std::string text = messagesText(run);
   if (!text.empty()) text += "\n";
   text += wrapped(summaryLine(run), lineWidth, 0) + "\n\n";
   text += wrapped(run.equation(), lineWidth, indent) + "\n";
-  for (const ReportedDisplay& display : inReadingOrder(run))
-    text +=
-        heading(display.window->caption(), coloured) +
-        std::visit(ShownText{run.state(), display.name, coloured}, display.window->shownControl());
+  for (const ReportedDisplay* shown : run.inReadingOrder())
+    text += heading(shown->title, coloured) + std::visit(ShownText{coloured}, shown->content);
   return text;
 }
 

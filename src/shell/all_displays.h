@@ -1,21 +1,13 @@
-// All displays of the program by category and index, each made at its first use.
+// The windows of all displays, each made at its first use.
 #pragma once
 
 #include <functional>
 #include <memory>
-#include <span>
 #include <vector>
 
-#include "displays/display_window.h"
+#include "displaywindows/display_window.h"
 
 namespace tolmer {
-
-// A display is known by its category (DisplayCategory) and, from 1, its index in it.
-struct DisplayId {
-  int iCategory;
-  int iIndex;
-  friend bool operator==(const DisplayId&, const DisplayId&) = default;
-};
 
 class AllDisplays {
  public:
@@ -23,11 +15,9 @@ class AllDisplays {
 
   // Null for a pair that names no display.
   DisplayWindow* display(int iCategory, int iIndex);
-  static bool exists(int iCategory, int iIndex);
-  // In the order of categories and indices.
-  static std::span<const DisplayId> ids();
+  DisplayWindow& display(const Display& display);
 
-  // UpdateDisplay of every display whose iDisplayState is displayShown, in the order of ids().
+  // UpdateDisplay of every display whose iDisplayState is displayShown, in the order of the list.
   void updateShown();
 
   // Called once for each display that is made.
@@ -37,7 +27,7 @@ class AllDisplays {
   Desktop& desktop_;
   AnalysisState& state_;
   DisplayHost& host_;
-  std::vector<std::unique_ptr<DisplayWindow>> displays_;  // as ids(); null before its first use
+  std::vector<std::unique_ptr<DisplayWindow>> displays_;  // as displayList(); null before its use
 };
 
 }  // namespace tolmer

@@ -15,12 +15,7 @@ Analysis::Analysis(AnalysisState& state, Desktop& desktop, AllDisplays& displays
 
 void Analysis::RunAnalysis() {
   if (!hasModel(state_)) return;
-  // A message of the fit may stand for long, and displays be resized behind it.
-  state_.bAnalysing = true;
-  RedimAnalysisArrays(state_);
-  ComputeStatistics(state_, desktop_);
-  FitRegression(state_, desktop_);
-  state_.bAnalysing = false;
+  Analyse(state_, desktop_);
   BuildFittedModelText();
   state_.bDisplaysReady = true;
   if (!state_.bStartingAnalysis && RestoreInitialDisplays) RestoreInitialDisplays();

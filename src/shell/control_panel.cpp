@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "graphs/axis_choice.h"
 #include "platform/desktop.h"
 
 namespace tolmer {
@@ -211,12 +212,8 @@ void frmControlPanel::showModel(std::string tEquation) {
   txtFittedModel.setText(std::move(tEquation));
   txtFittedModel.setVisible(true);
   txtFittedModel.setEnabled(true);
-  const Int16 K = state_.iNumPredictors;
   state_.iCurrentPlot = 1;
-  state_.iPlotXVar = {0, static_cast<Int16>(K + 1), 0, 1};
-  state_.iPlotYVar = {0, static_cast<Int16>(K + 2), static_cast<Int16>(K + 1), 0};
-  state_.iSavedPlotXVar = state_.iPlotXVar;
-  state_.iSavedPlotYVar = state_.iPlotYVar;
+  chooseStartAxes(state_);
   InitializeComboBoxes();
   showChoices();
   SetupChangeDataSourceButton();

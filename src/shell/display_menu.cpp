@@ -1,41 +1,43 @@
 #include "shell/display_menu.h"
 
-#include <utility>
-
-#include "state/analysis_state.h"
+#include <cstddef>
 
 namespace tolmer {
 
-DisplayMenu::DisplayMenu(MenuItem& parent, const DisplayMenuCaptions& captions)
+DisplayMenu::DisplayMenu(MenuItem& parent, const char* Display::*words, const char* scatterListName)
     : mnuGraphList(&parent, "mnuGraphList", "&Graphs"),
-      mnuScatterList(&parent, captions.scatterListName, "&Scatter Plots"),
+      mnuScatterList(&parent, scatterListName, "&Scatter Plots"),
       mnuTableList(&parent, "mnuTableList", "&Tables") {
-  int iIndex = 0;
-  for (const char* caption : captions.graphs)
-    add(mnuGraphList, "mnuGraphType", graphDisplays, ++iIndex, caption);
-  for (iIndex = 1; iIndex <= 3; ++iIndex)
-    add(mnuScatterList, "mnuScatterPlotType", scatterDisplays, iIndex,
-        "Scatter Plot &" + std::to_string(iIndex));
-  iIndex = 0;
-  for (const char* caption : captions.tables)
-    add(mnuTableList, "mnuTableType", tableDisplays, ++iIndex, caption);
-  add(parent, "mnuInterpretation", textDisplays, 1, "&Interpretation");
+  for (const Display& display : displayList()) {
+    switch (display.id.iCategory) {
+      case graphDisplays:
+        add(mnuGraphList, "mnuGraphType", display.id, display.*words);
+        break;
+      case scatterDisplays:
+        add(mnuScatterList, "mnuScatterPlotType", display.id, display.*words);
+        break;
+      case tableDisplays:
+        add(mnuTableList, "mnuTableType", display.id, display.*words);
+        break;
+      default:
+        add(parent, "mnuInterpretation", display.id, display.*words);
+    }
+  }
 }
 
-void DisplayMenu::add(MenuItem& list, const char* name, int iCategory, int iIndex,
-                      std::string caption) {
+void DisplayMenu::add(MenuItem& list, const char* name, DisplayId id, const char* words) {
   auto item = std::make_unique<MenuItem>(
-      &list, std::string(name) + "(" + std::to_string(iIndex) + ")", std::move(caption));
-  item->Click = [this, iCategory, iIndex] {
-    if (chosen) chosen(iCategory, iIndex);
+      &list, std::string(name) + "(" + std::to_string(id.iIndex) + ")", words);
+  item->Click = [this, id] {
+    if (chosen) chosen(id.iCategory, id.iIndex);
   };
-  entries_.push_back({iCategory, iIndex, std::move(item)});
+  entries_.push_back(std::move(item));
 }
 
 MenuItem* DisplayMenu::entry(int iCategory, int iIndex) {
-  for (const Entry& entry : entries_)
-    if (entry.iCategory == iCategory && entry.iIndex == iIndex) return entry.item.get();
-  return nullptr;
+  const Display* display = findDisplay({iCategory, iIndex});
+  if (!display) return nullptr;
+  return entries_[static_cast<std::size_t>(display - displayList().data())].get();
 }
 
 }  // namespace tolmer

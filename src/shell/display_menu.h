@@ -1,28 +1,24 @@
-// The list of all displays in a menu. The main menu and the right-click menu each carry one, with
-// captions of their own.
+// The list of all displays in a menu: the main menu and the right-click menu each carry one, with
+// words of their own.
 #pragma once
 
-#include <array>
 #include <functional>
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "displays/display_list.h"
 #include "platform/menu.h"
 
 namespace tolmer {
-
-struct DisplayMenuCaptions {
-  std::array<const char*, 4> graphs;
-  std::array<const char*, 6> tables;
-  const char* scatterListName;  // the name of the entry "&Scatter Plots"
-};
 
 // Entries: mnuGraphList with mnuGraphType(1..4), the scatter list with mnuScatterPlotType(1..3),
 // mnuTableList with mnuTableType(1..6), and mnuInterpretation(1).
 class DisplayMenu {
  public:
-  DisplayMenu(MenuItem& parent, const DisplayMenuCaptions& captions);
+  // `words` are the menu's own in the table of displays, `scatterListName` the name of its entry
+  // "&Scatter Plots".
+  DisplayMenu(MenuItem& parent, const char* Display::*words, const char* scatterListName);
 
   // The entry of a display; null for a pair that names none.
   MenuItem* entry(int iCategory, int iIndex);
@@ -35,14 +31,18 @@ class DisplayMenu {
   MenuItem mnuTableList;
 
  private:
-  void add(MenuItem& list, const char* name, int iCategory, int iIndex, std::string caption);
+  void add(MenuItem& list, const char* name, DisplayId id, const char* words);
 
-  struct Entry {
-    int iCategory;
-    int iIndex;
-    std::unique_ptr<MenuItem> item;
-  };
-  std::vector<Entry> entries_;
+  std::vector<std::unique_ptr<MenuItem>> entries_;  // as displayList()
+};
+
+// Holds the menu of a right click on a display.
+class frmMenus {
+ public:
+  MenuItem mnuMenuTop{nullptr, "mnuMenuTop", "Right click menu"};
+  MenuItem mnuHistoCopy{&mnuMenuTop, "mnuHistoCopy", "&Copy"};
+  MenuItem mnuHistoBar1{&mnuMenuTop, "mnuHistoBar1", "-"};
+  DisplayMenu displays{mnuMenuTop, &Display::popupWords, "mnuScatterPlotList"};
 };
 
 }  // namespace tolmer

@@ -18,7 +18,6 @@ inline constexpr long helpOnHelp = 2;
 inline constexpr long helpContents = 101;
 inline constexpr long helpSearch = 103;
 inline constexpr long helpOnPanel = 111;
-inline constexpr long helpOnDisplays = 200;  // and 10 * category + index of one
 
 class MainFlow : public ScenarioSource {
  public:

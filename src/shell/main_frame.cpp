@@ -1,20 +1,9 @@
 #include "shell/main_frame.h"
 
 namespace tolmer {
-namespace {
-
-constexpr DisplayMenuCaptions captions = {
-    {"&Residual Histogram", "Residual &Standardized Histogram", "Residual &Normality Plot",
-     "&VIF Chart"},
-    {"&Estimated Coefficients", "&ANOVA Calculations", "&Residual List", "&Data List",
-     "&Correlation Matrix", "Descriptive &Statistics"},
-    "mnuScatterList"};
-
-}  // namespace
-
 mdiReg::mdiReg(Desktop& desktop)
     : FrameWindow(desktop, "mdiReg", "Tolmer Analysis"),
-      displays(mnuWindow, captions),
+      displays(mnuWindow, &Display::menuWords, "mnuScatterList"),
       mnuOptions(&menu, "mnuOptions", "&Options"),
       mnuShowRegression(&mnuOptions, "mnuShowRegression",
                         "Display &Regression Line on Scatterplots"),

@@ -51,7 +51,7 @@ void MenuCommands::wireHelp() {
   wireHelpKey(parts_.panel, [] { return helpOnPanel; });
   parts_.displays.created = [this, before = parts_.displays.created](DisplayWindow& display) {
     if (before) before(display);
-    wireHelpKey(display, [this, &display] { return topicOf(display); });
+    wireHelpKey(display, [&display] { return display.display().helpTopic(); });
   };
 }
 
@@ -60,15 +60,6 @@ void MenuCommands::wireHelpKey(Window& window, std::function<long()> topic) {
     taken = press.code == keys::f1;
     if (taken) flow_.ShowHelpTopic(topic());
   };
-}
-
-// Only a display on the screen has the keyboard; the others need not be made for the question.
-long MenuCommands::topicOf(const DisplayWindow& display) {
-  for (const auto& [iCategory, iIndex] : AllDisplays::ids())
-    if (parts_.state.iDisplayState(iCategory, iIndex) == displayShown &&
-        parts_.displays.display(iCategory, iIndex) == &display)
-      return helpOnDisplays + 10 * iCategory + iIndex;
-  return helpOnDisplays;
 }
 
 void MenuCommands::mnuFileWorktext_Click() {

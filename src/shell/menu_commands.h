@@ -16,7 +16,6 @@ class MenuCommands {
   void wireOptions();
   void wireHelp();
   void wireHelpKey(Window& window, std::function<long()> topic);
-  long topicOf(const DisplayWindow& display);
   void mnuFileWorktext_Click();
   void mnuEditCopy_Click();
   void mnuWindow_Click();

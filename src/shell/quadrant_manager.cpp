@@ -55,7 +55,7 @@ void QuadrantManager::RestoreInitialDisplays() {
 }
 
 void QuadrantManager::ShowNewWindow(int iCategory, int iIndex) {
-  if (!AllDisplays::exists(iCategory, iIndex)) {
+  if (!findDisplay({iCategory, iIndex})) {
     messages_.messageBox({.title = {}, .text = "Error in ShowNewWindow"});
     return;
   }

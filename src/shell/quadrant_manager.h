@@ -2,11 +2,10 @@
 #pragma once
 
 #include "base/message_box.h"
-#include "displays/display_window.h"
 #include "shell/all_displays.h"
 #include "shell/control_panel.h"
+#include "shell/display_menu.h"
 #include "shell/main_frame.h"
-#include "shell/popup_menu.h"
 
 namespace tolmer {
 

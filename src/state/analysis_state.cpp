@@ -48,12 +48,4 @@ void RedimFitArrays(AnalysisState& state, int iTerms) {
   state.Fit.sVarCov.resize(iTerms + 1, iTerms + 1);
 }
 
-void InitDisplayTable(AnalysisState& state) {
-  constexpr std::array<int, 5> lastIndex = {0, 4, 3, 6, 1};
-  for (int category = 1; category <= 4; ++category)
-    for (int index = 1; index <= 6; ++index)
-      state.iDisplayState(category, index) =
-          index <= lastIndex[static_cast<std::size_t>(category)] ? displayHidden : noSuchDisplay;
-}
-
 }  // namespace tolmer

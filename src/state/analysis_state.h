@@ -122,7 +122,4 @@ void RedimAnalysisArrays(AnalysisState& state);
 // For a fit of iTerms terms: iTermCol and the coefficient arrays of Fit, emptied.
 void RedimFitArrays(AnalysisState& state, int iTerms);
 
-// Every display that exists is hidden, every other entry is noSuchDisplay.
-void InitDisplayTable(AnalysisState& state);
-
 }  // namespace tolmer

@@ -3,7 +3,8 @@
 
 #include <optional>
 
-#include "displays/table_display.h"
+#include "state/analysis_state.h"
+#include "tables/table_content.h"
 
 namespace tolmer {
 
@@ -34,18 +35,8 @@ struct AnovaNumbers {
 
 AnovaNumbers anovaNumbers(const AnalysisState& state);
 
-// Heads, three sources of variation, a separator and three rows of summary figures; without
-// numbers the heads alone.
-Sheet anovaSheet(const std::optional<AnovaNumbers>& numbers);
-
-class frmANOVA : public TableDisplay {
- public:
-  frmANOVA(Desktop& desktop, AnalysisState& state, DisplayHost& host);
-
- protected:
-  Sheet content() const override;
-  // The separator has a fifth of the height of the heads.
-  void lowerRows() override;
-};
+// Heads, three sources of variation, a row that divides, and three rows of summary figures; before
+// an analysis the heads alone.
+TableContent anovaTable(const AnalysisState& state);
 
 }  // namespace tolmer

@@ -4,11 +4,11 @@
 #include <array>
 #include <utility>
 
-#include "engine/number_format.h"
-#include "engine/number_picture.h"
+#include "engine/picture_choice.h"
+#include "engine/picture_text.h"
 #include "engine/t_distribution.h"
-#include "tables/rows_below.h"
-#include "tables/table_style.h"
+#include "engine/variance_inflation.h"
+#include "state/model_variables.h"
 
 namespace tolmer {
 namespace {
@@ -22,15 +22,6 @@ constexpr std::array heads = {"Variable", "Est Coeff", "Std Error", "t",
 // level does not reach it.
 constexpr float strictLevel = 0.01F;
 constexpr float usualLevel = 0.05F;
-constexpr float highVIF = 10;
-
-const CellStyle plain = bodyStyle(Align::right);
-
-struct Marks {
-  Mark below01 = pBelow01;
-  Mark below05 = pBelow05;
-  Mark vif{"VIF > 10", colours::red};
-};
 
 int storedTerms(const AnalysisState& state) {
   const auto last = [](const auto& values) { return static_cast<int>(values.size()) - 1; };
@@ -54,38 +45,37 @@ std::string estimatePicture(float value) {
   return FindFormatStringValue(value, 4, 8, true, false, true, true);
 }
 
-void putP(Sheet& sheet, int row, float sP, Marks& marks) {
-  CellStyle style = plain;
-  if (sP < strictLevel)
-    marks.below01.put(style);
-  else if (sP < usualLevel)
-    marks.below05.put(style);
-  put(sheet, row, pValue, formatNumber(sP, "0.000"), style);
+CellMark markOfP(float sP) {
+  if (sP < strictLevel) return CellMark::pBelow01;
+  return sP < usualLevel ? CellMark::pBelow05 : CellMark::none;
 }
 
-void putVIF(Sheet& sheet, int row, const std::optional<float>& sVIF, Marks& marks) {
-  if (!sVIF) return put(sheet, row, vif, "---", plain);
-  CellStyle style = plain;
-  if (*sVIF > highVIF) marks.vif.put(style);
-  put(sheet, row, vif, formatNumber(*sVIF, *sVIF > 999.99 ? "0" : "0.0"), style);
+void putVIF(TableContent& table, int row, const std::optional<float>& sVIF) {
+  if (!sVIF) return table.figure(row, vif, "---", Align::right);
+  table.figure(row, vif, inflationText(*sVIF), Align::right,
+               *sVIF > highVIF ? CellMark::highVIF : CellMark::none);
 }
 
-void putTerm(Sheet& sheet, int row, const TermEstimate& term, Marks& marks) {
+void putTerm(TableContent& table, int row, const TermEstimate& term) {
+  const auto figure = [&](int col, float value, const std::string& picture) {
+    table.figure(row, col, formatNumber(value, picture), Align::right);
+  };
   const std::string picture = estimatePicture(term.sCoef);
-  put(sheet, row, name, shortened(term.tName), headingStyle(Align::left));
-  put(sheet, row, estimate, formatNumber(term.sCoef, picture), plain);
-  put(sheet, row, stdError, formatNumber(term.sCoefSE, estimatePicture(term.sCoefSE)), plain);
-  put(sheet, row, tValue, formatNumber(term.sCoefT, "0.00"), plain);
-  putP(sheet, row, term.sCoefP, marks);
-  putVIF(sheet, row, term.sVIF, marks);
-  put(sheet, row, lower, formatNumber(term.sLower, picture), plain);
-  put(sheet, row, upper, formatNumber(term.sUpper, picture), plain);
+  table.heading(row, name, shortened(term.tName), Align::left);
+  figure(estimate, term.sCoef, picture);
+  figure(stdError, term.sCoefSE, estimatePicture(term.sCoefSE));
+  figure(tValue, term.sCoefT, "0.00");
+  figure(pValue, term.sCoefP, "0.000");
+  table.at(row, pValue).mark = markOfP(term.sCoefP);
+  putVIF(table, row, term.sVIF);
+  figure(lower, term.sLower, picture);
+  figure(upper, term.sUpper, picture);
 }
 
-void putLegends(Sheet& sheet, const Marks& marks) {
-  putLegend(sheet, marks.below05.occurs ? stdError : pValue, marks.below01);
-  putLegend(sheet, pValue, marks.below05);
-  putLegend(sheet, lower, marks.vif);
+void putKey(TableContent& table) {
+  table.key(table.has(CellMark::pBelow05) ? stdError : pValue, CellMark::pBelow01);
+  table.key(pValue, CellMark::pBelow05);
+  table.key(lower, CellMark::highVIF);
 }
 
 }  // namespace
@@ -104,21 +94,20 @@ std::vector<TermEstimate> termEstimates(const AnalysisState& state) {
   return terms;
 }
 
-Sheet coefficientSheet(const std::vector<TermEstimate>& terms) {
-  const int lastTermRow = static_cast<int>(terms.size()) + 1;
-  Sheet sheet(lastTermRow + rowsBelow, upper);
+TableContent coefficientTable(const std::vector<TermEstimate>& terms) {
+  TableContent table(static_cast<int>(terms.size()) + 1 + TableContent::rowsBelow, upper);
   for (int column = name; column <= upper; ++column)
-    put(sheet, 1, column, heads[static_cast<std::size_t>(column - 1)],
-        headingStyle(column == name ? Align::left : Align::right));
-  Marks marks;
-  for (int row = 2; row <= lastTermRow; ++row)
-    putTerm(sheet, row, terms[static_cast<std::size_t>(row - 2)], marks);
-  styleRowsBelow(sheet);
-  putLegends(sheet, marks);
-  return sheet;
+    table.heading(1, column, heads[static_cast<std::size_t>(column - 1)],
+                  column == name ? Align::left : Align::right);
+  int row = 1;
+  for (const TermEstimate& term : terms) putTerm(table, ++row, term);
+  table.frameRowsBelow();
+  putKey(table);
+  return table;
 }
 
-frmEstCoef::frmEstCoef(Desktop& desktop, AnalysisState& state, DisplayHost& host)
-    : TableDisplay(desktop, state, host, "frmEstCoef", "Estimated Coefficients", "spdEstCoef") {}
+TableContent coefficientTable(const AnalysisState& state) {
+  return coefficientTable(isAnalysed(state) ? termEstimates(state) : std::vector<TermEstimate>());
+}
 
 }  // namespace tolmer

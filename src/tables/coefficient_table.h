@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "displays/table_display.h"
-#include "state/model_variables.h"
+#include "state/analysis_state.h"
+#include "tables/table_content.h"
 
 namespace tolmer {
 
@@ -25,19 +25,10 @@ struct TermEstimate {
 // The terms in the order of the fit. While the record is between two fits, those it has room for.
 std::vector<TermEstimate> termEstimates(const AnalysisState& state);
 
-// Heads, one row a term, and three rows below of which the middle one explains the colours: p below
-// .01 cyan, p below .05 green, VIF above 10 red.
-Sheet coefficientSheet(const std::vector<TermEstimate>& terms);
-
-class frmEstCoef : public TableDisplay {
- public:
-  frmEstCoef(Desktop& desktop, AnalysisState& state, DisplayHost& host);
-
- protected:
-  Sheet content() const override {
-    return coefficientSheet(isAnalysed(state_) ? termEstimates(state_)
-                                               : std::vector<TermEstimate>());
-  }
-};
+// Heads, one row a term, and rows below with the key. A p below .01 is marked, or else one below
+// .05, and a VIF above highVIF.
+TableContent coefficientTable(const std::vector<TermEstimate>& terms);
+// Before an analysis without terms.
+TableContent coefficientTable(const AnalysisState& state);
 
 }  // namespace tolmer

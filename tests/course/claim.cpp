@@ -7,9 +7,6 @@
 
 #include "base/file_io.h"
 #include "figures/field_lines.h"
-#include "platform/graph/graph.h"
-#include "platform/text_box.h"
-#include "report/grid_table.h"
 
 namespace tolmer {
 namespace {
@@ -37,10 +34,6 @@ std::optional<Number> numberFrom(std::string_view text) {
                 match[1].length() > 0};
 }
 
-bool isText(const Claim& claim, const ShownControl& shown) {
-  return !std::holds_alternative<const Grid*>(shown) || claim.display == "equation";
-}
-
 // The texts of a display, and every number in it.
 std::optional<std::string> faultInText(const Claim& claim, std::string_view text) {
   if (text.find(claim.number) != text.npos) return std::nullopt;
@@ -51,42 +44,42 @@ std::optional<std::string> faultInText(const Claim& claim, std::string_view text
   return "is not in \"" + all + "\"";
 }
 
-std::string textOf(const Claim& claim, const Graph& graph) {
-  if (claim.row == "description") return graph.accessibleDescription();
+std::string textOf(const Claim& claim, const GraphContent& graph) {
+  if (claim.row == "description") return graph.description;
   std::string text;
-  for (const OverlayCall& call : graph.overlay())
+  for (const OverlayCall& call : graph.plot.overlay())
     if (const auto* drawn = std::get_if<TextCall>(&call)) text += drawn->text + "\n";
   return text;
 }
 
-std::string_view trimmed(const DisplayCell& cell) { return withoutBlanks(cell.text); }
+std::string_view trimmed(const TableCell& cell) { return withoutBlanks(cell.text); }
 
 // The row of that name among the columns that name rows: in the second one where cases are named.
-const DisplayRow* rowNamed(const DisplayTable& table, const std::string& name) {
-  for (const std::size_t column : {0, 1})
-    for (const DisplayRow& row : table.rows)
-      if (column < row.size() && trimmed(row[column]) == name) return &row;
-  return nullptr;
+// 0 where there is none.
+int rowNamed(const TableContent& table, const std::string& name) {
+  for (int col = 1; col <= std::min(2, table.cols()); ++col)
+    for (int row = 1; row <= table.rows(); ++row)
+      if (trimmed(table.at(row, col)) == name) return row;
+  return 0;
 }
 
-std::optional<std::string> cellOf(const Claim& claim, const DisplayTable& table) {
+std::optional<std::string> cellOf(const Claim& claim, const TableContent& table) {
   if (claim.column.empty()) {
-    for (const DisplayRow& row : table.rows)
-      for (std::size_t i = 0; i + 1 < row.size(); ++i)
-        if (trimmed(row[i]) == claim.row) return std::string(trimmed(row[i + 1]));
+    for (int row = 1; row <= table.rows(); ++row)
+      for (int col = 1; col < table.cols(); ++col)
+        if (trimmed(table.at(row, col)) == claim.row)
+          return std::string(trimmed(table.at(row, col + 1)));
     return std::nullopt;
   }
-  const DisplayRow& heads = table.rows.front();
-  const auto head = std::find_if(heads.begin(), heads.end(), [&](const DisplayCell& cell) {
-    return trimmed(cell) == claim.column;
-  });
-  const DisplayRow* row = rowNamed(table, claim.row);
-  if (head == heads.end() || !row) return std::nullopt;
-  return std::string(trimmed((*row)[static_cast<std::size_t>(head - heads.begin())]));
+  const int row = rowNamed(table, claim.row);
+  for (int col = 1; col <= table.cols(); ++col)
+    if (row > 0 && trimmed(table.at(1, col)) == claim.column)
+      return std::string(trimmed(table.at(row, col)));
+  return std::nullopt;
 }
 
-std::optional<std::string> faultInTable(const Claim& claim, const Grid& grid) {
-  const auto cell = cellOf(claim, displayTable(grid));
+std::optional<std::string> faultInTable(const Claim& claim, const TableContent& table) {
+  const auto cell = cellOf(claim, table);
   if (!cell) return "is in no cell: there is no such row or column";
   if (agrees(claim.number, *cell)) return std::nullopt;
   return "is shown as " + *cell;
@@ -144,17 +137,16 @@ bool agrees(std::string_view number, std::string_view shown) {
   return std::abs(said->value - value) <= said->tolerance * (1 + 1e-6);
 }
 
-std::optional<std::string> faultOf(const Claim& claim, AnalysedModel& model) {
+std::optional<std::string> faultOf(const Claim& claim, const AnalysedModel& model) {
   if (claim.display == "equation") return faultInText(claim, model.equation());
   const auto choice = displayChoice(claim.display);
   if (!choice) return choice.error().text;
   const auto drawn = model.draw(*choice);
   if (!drawn) return drawn.error().text;
-  const ShownControl shown = (*drawn)->shownControl();
-  if (!isText(claim, shown)) return faultInTable(claim, *std::get<const Grid*>(shown));
-  if (const auto* graph = std::get_if<const Graph*>(&shown))
-    return faultInText(claim, textOf(claim, **graph));
-  return faultInText(claim, std::get<const TextBox*>(shown)->text());
+  if (const auto* table = std::get_if<TableContent>(&*drawn)) return faultInTable(claim, *table);
+  if (const auto* graph = std::get_if<GraphContent>(&*drawn))
+    return faultInText(claim, textOf(claim, *graph));
+  return faultInText(claim, wholeText(std::get<Sections>(*drawn)));
 }
 
 }  // namespace tolmer

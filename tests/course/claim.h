@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "base/error.h"
-#include "figures/drawn_display.h"
+#include "figures/course_model.h"
 
 namespace tolmer {
 
@@ -37,6 +37,6 @@ std::string plainText(std::string_view text);
 bool agrees(std::string_view number, std::string_view shown);
 
 // What is wrong with a claim, if anything.
-std::optional<std::string> faultOf(const Claim& claim, AnalysedModel& model);
+std::optional<std::string> faultOf(const Claim& claim, const AnalysedModel& model);
 
 }  // namespace tolmer

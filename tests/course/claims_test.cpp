@@ -33,19 +33,20 @@ class CourseTexts : public testing::Test {
     return entry->second;
   }
 
-  AnalysedModel* model(const CourseModel& model) {
-    auto& analysed = models_[model];
-    if (!analysed) {
+  const AnalysedModel* model(const CourseModel& model) {
+    auto analysed = models_.find(model);
+    if (analysed == models_.end()) {
       auto opened = AnalysedModel::open(model, courseFolder + "data/");
       EXPECT_TRUE(opened) << opened.error().message();
-      if (opened) analysed = std::move(*opened);
+      if (!opened) return nullptr;
+      analysed = models_.emplace(model, std::move(*opened)).first;
     }
-    return analysed.get();
+    return &analysed->second;
   }
 
   std::vector<Claim> claims_;
   std::map<std::string, std::string> texts_;
-  std::map<CourseModel, std::unique_ptr<AnalysedModel>> models_;
+  std::map<CourseModel, AnalysedModel> models_;
 };
 
 TEST_F(CourseTexts, HoldThePassagesOfTheirClaims) {
@@ -57,7 +58,7 @@ TEST_F(CourseTexts, HoldThePassagesOfTheirClaims) {
 TEST_F(CourseTexts, QuoteWhatTheDisplaysShow) {
   for (const Claim& claim : claims_) {
     if (claim.isGiven()) continue;
-    AnalysedModel* analysed = model(claim.model);
+    const AnalysedModel* analysed = model(claim.model);
     ASSERT_TRUE(analysed) << claim.where;
     const auto fault = faultOf(claim, *analysed);
     EXPECT_FALSE(fault) << claim.where << ": " << claim.number << ' ' << *fault;

@@ -7,6 +7,7 @@
 
 #include "base/file_io.h"
 #include "figures/figure_table.h"
+#include "support/table_of.h"
 #include "support/temp_folder.h"
 #include "support/tree.h"
 
@@ -98,17 +99,14 @@ TEST_F(CourseFigures, KeepTheirTimeWhereTheyStayAsTheyAre) {
   EXPECT_NE(std::filesystem::last_write_time(folder_.file("a.svg")), longAgo);
 }
 
-TEST(FigureTables, EscapeBarsAndExplainOnlyColoursInUse) {
-  const DisplayTable table{{
-      {{"A|B", colours::buttonFace}, {"P", colours::buttonFace, Align::centre}},
-      {{"{x}", colours::buttonFace}, {"0.001", colours::cyan, Align::centre}},
-      {{"", colours::buttonFace}, {"", colours::buttonFace}},
-      {{"p < .01", colours::cyan}, {"p < .05", colours::green}},
-  }};
-  const std::string text = figureTable(table);
+TEST(FigureTables, EscapeBarsAndTintMarks) {
+  const std::string text =
+      figureTable(test::tableOf({{test::head("A|B"), test::head("P", Align::centre)},
+                                 {test::head("{x}"), test::figure("0.001", CellMark::pBelow01)},
+                                 {test::frame, test::frame},
+                                 {test::key("p < .01", CellMark::pBelow01), test::frame}}));
   EXPECT_THAT(text, AllOf(HasSubstr("A\\|B"), HasSubstr("\\{x}"), HasSubstr("cols=\"<,>\""),
-                          HasSubstr("#A9EEF4}0.001\n"), HasSubstr("#A9EEF4}p < .01\n"),
-                          Not(HasSubstr(".05"))));
+                          HasSubstr("#A9EEF4}0.001\n"), HasSubstr("#A9EEF4}p < .01\n")));
   // No colour may run on into the next table.
   EXPECT_THAT(text.substr(text.find("p < .01")), HasSubstr("cellbgcolor!}"));
 }

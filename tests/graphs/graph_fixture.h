@@ -1,4 +1,4 @@
-// Displays of residuals on a headless desktop.
+// Graphs of made-up residuals.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -7,29 +7,17 @@
 #include <vector>
 
 #include "engine/pipeline.h"
-#include "platform/headless/headless_desktop.h"
 #include "support/graph_pictures.h"
-#include "support/recording_host.h"
+#include "support/recorded_messages.h"
 #include "support/regression_data.h"
 
 namespace tolmer::test {
 
-class DisplayFixture : public testing::Test {
+class GraphFixture : public testing::Test {
  protected:
-  HeadlessDesktop desktop;
-  RecordingHost host;
+  RecordedMessages messages;
   AnalysisState state;
 };
-
-inline void analyse(AnalysisState& state, HeadlessDesktop& desktop) {
-  RedimAnalysisArrays(state);
-  ComputeStatistics(state, desktop);
-  FitRegression(state, desktop);
-}
-
-inline void setInnerSize(Window& window, double width, double height) {
-  window.reportInnerSize({pixels(static_cast<float>(width)), pixels(static_cast<float>(height))});
-}
 
 // A fit of a model without data, whose residuals are the given ones as they stand.
 inline void setResiduals(AnalysisState& state, std::vector<float> sorted, float standardError) {

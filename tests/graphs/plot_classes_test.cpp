@@ -1,22 +1,129 @@
-// The two classes of the drawing library that draw equally wide classes.
+#include "graphs/plot_classes.h"
+
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "graphs/plot_histogram.h"
-#include "graphs/plot_polygon.h"
 #include "support/graph_pictures.h"
+#include "support/recorded_messages.h"
 
 namespace tolmer {
 namespace {
 
 using test::all;
 using test::SampleGraph;
+using testing::ElementsAre;
+using testing::IsEmpty;
 using testing::SizeIs;
+
+Matrix<float> bars(const std::vector<std::vector<float>>& rows) {
+  Matrix<float> data(static_cast<int>(rows.size()), static_cast<int>(rows.front().size()));
+  for (int i = 1; i <= data.lastRow(); ++i)
+    for (int j = 1; j <= data.lastColumn(); ++j)
+      data(i, j) = rows[static_cast<std::size_t>(i) - 1][static_cast<std::size_t>(j) - 1];
+  return data;
+}
+
+class PlotBarTest : public testing::Test {
+ protected:
+  PlotBarTest() {
+    graph.setDrawMode(Plot::draw);
+    plot = graph.picture().plot;
+    plotBar.setTargetGraph(graph);
+    plotBar.GapFraction = 0.0001F;
+    plotBar.MaxY = 20;
+  }
+  std::vector<BoxCall> draw(const std::vector<std::vector<float>>& rows) {
+    plotBar.NumBarsToPlot = static_cast<Int16>(rows.size());
+    plotBar.PlotBarData(bars(rows));
+    return all<BoxCall>(graph.overlay());
+  }
+  // Where a value between 0 and 10 stands on the horizontal axis.
+  double at(double x) const { return x / 10 * plot.width + plot.left; }
+
+  RecordedMessages messages;
+  SampleGraph graph{480, 280};
+  PlotBar plotBar{messages};
+  ViewRect plot;
+};
+
+TEST_F(PlotBarTest, ABarReachesToTheNextRowLessHalfTheGap) {
+  const auto boxes = draw({{2, 5}, {4, 10}, {8, 0}});
+  ASSERT_THAT(boxes, SizeIs(2));
+  EXPECT_NEAR(boxes[0].x, at(2) + 1, 1e-4);
+  EXPECT_NEAR(boxes[0].x + boxes[0].width, at(4) - 1, 1e-4);
+  EXPECT_EQ(boxes[0].y, plot.bottom);
+  EXPECT_NEAR(boxes[0].height, plot.height / 4, 1e-4);
+  EXPECT_NEAR(boxes[1].x - boxes[0].x - boxes[0].width, 2, 1e-4) << "two pixels between them";
+  EXPECT_NEAR(boxes[1].x + boxes[1].width, at(8) - 1, 1e-4);
+  EXPECT_EQ(boxes[1].pattern, 128);
+  EXPECT_EQ(boxes[1].colour, 1);
+}
+
+TEST_F(PlotBarTest, TheLastBarRunsToTheEdgeOfThePlot) {
+  const auto boxes = draw({{2, 5}, {4, 10}});
+  ASSERT_THAT(boxes, SizeIs(2));
+  EXPECT_NEAR(boxes[1].x + boxes[1].width, plot.right() - 1, 1e-4);
+}
+
+TEST_F(PlotBarTest, TheWiderOfTheTwoGapsHolds) {
+  plotBar.GapFraction = 0.05F;
+  const auto boxes = draw({{2, 5}, {4, 10}});
+  EXPECT_NEAR(boxes[1].x - boxes[0].x - boxes[0].width, 0.05 * plot.width, 1e-4);
+}
+
+TEST_F(PlotBarTest, BarsOfAtMostOneUnitAreLeftOut) {
+  plotBar.MinY = 4;
+  plotBar.MaxY = 4 + static_cast<float>(plot.height);
+  const auto boxes = draw({{1, 4}, {2, 3}, {3, 5}, {4, 5.5F}, {5, 0}});
+  ASSERT_THAT(boxes, SizeIs(1));
+  EXPECT_NEAR(boxes[0].x, at(4) + 1, 1e-4);
+  EXPECT_NEAR(boxes[0].height, 1.5, 1e-3);
+}
+
+TEST_F(PlotBarTest, LimitsOutOfOrderStopTheDrawing) {
+  EXPECT_THAT(draw({{1, 5}, {3, 5}, {2.5F, 5}, {4, 5}}), SizeIs(1));
+  ASSERT_THAT(messages.boxes, SizeIs(1));
+  EXPECT_EQ(messages.boxes[0].title, "Error!!");
+  EXPECT_EQ(messages.boxes[0].text,
+            "Error in PlotBar.PlotBarData - data unsorted. See points 2 (3) and 3 (2.5).");
+}
+
+TEST_F(PlotBarTest, TheOrderOfBarsLeftOutIsNotLookedAt) {
+  EXPECT_THAT(draw({{3, 0}, {2, 5}, {4, 5}}), SizeIs(2));
+  EXPECT_THAT(messages.boxes, IsEmpty());
+}
+
+TEST_F(PlotBarTest, ColoursComeFromTheThirdColumnWhereAsked) {
+  plotBar.UseSameColor = false;
+  const auto boxes = draw({{1, 5, 8.6F}, {2, 5, 12}, {3, 5, 1e30F}});
+  ASSERT_THAT(boxes, SizeIs(3));
+  EXPECT_EQ(boxes[0].colour, 9);
+  EXPECT_EQ(boxes[1].colour, 12);
+  EXPECT_EQ(boxes[2].colour, 0) << "no colour of the palette";
+}
+
+TEST_F(PlotBarTest, RefusesTooFewColumns) {
+  plotBar.UseSameColor = false;
+  EXPECT_THAT(draw({{1, 5}, {2, 5}}), IsEmpty());
+  EXPECT_THAT(messages.texts(),
+              ElementsAre("Error in PlotBar.PlotBarData - Not enough columns in array."));
+  EXPECT_EQ(messages.boxes[0].title, "Error!!");
+}
+
+TEST(PlotBar, NeedsAGraphButColumnsFirst) {
+  RecordedMessages messages;
+  PlotBar plotBar(messages);
+  plotBar.PlotBarData(bars({{1}}));
+  plotBar.PlotBarData(bars({{1, 2}}));
+  EXPECT_THAT(messages.texts(),
+              ElementsAre("Error in PlotBar.PlotBarData - Not enough columns in array.",
+                          "Error in PlotBar.PlotBarData - Graph not set."));
+}
 
 class EqualClasses : public testing::Test {
  protected:
   EqualClasses() {
-    graph.setDrawMode(Graph::draw);
+    graph.setDrawMode(Plot::draw);
     plot = graph.picture().plot;
   }
   std::vector<BoxCall> boxes() const { return all<BoxCall>(graph.overlay()); }

@@ -7,7 +7,7 @@
 #include <tuple>
 
 #include "graphs/graph_fixture.h"
-#include "graphs/plot_correlation.h"
+#include "platform/graph/svg_writer.h"
 
 namespace tolmer {
 namespace {
@@ -20,18 +20,16 @@ using testing::SizeIs;
 
 // Scatter plot 1 of a model with K predictors, whose choices K + 1 and K + 2 are the fitted values
 // and the residuals or the order of entry.
-class ScatterPlot : public test::DisplayFixture {
+class ScatterPlot : public test::GraphFixture {
  protected:
   void use(AnalysisState model) {
     state = std::move(model);
-    test::analyse(state, desktop);
-    state.iCurrentPlot = 1;
-    test::setInnerSize(plot, 480, 280);
+    Analyse(state, messages);
   }
   void draw(int xChoice, int yChoice) {
     state.iPlotXVar[1] = static_cast<Int16>(xChoice);
     state.iPlotYVar[1] = static_cast<Int16>(yChoice);
-    plot.UpdateDisplay();
+    content = scatterPlot(state, 1, {480, 280}, messages);
   }
   // Residuals and a standard error in place of those of the fit.
   void setResiduals(std::vector<float> values, float standardError) {
@@ -47,8 +45,8 @@ class ScatterPlot : public test::DisplayFixture {
     return {};
   }
 
-  frmScatterPlot plot{desktop, state, host, 1};
-  Graph& graph = plot.gphScatter;
+  GraphContent content;
+  Plot& graph = content.plot;
   const GraphSettings& settings = graph.settings;
 };
 
@@ -81,6 +79,7 @@ TEST_F(ScatterPlot, ShiftsBothAxesAndEveryPoint) {
   EXPECT_EQ(settings.points[0].value, 0);
   EXPECT_EQ(settings.points[5].x, 19.5F);
   EXPECT_EQ(settings.points[5].value, 8);
+  EXPECT_EQ(settings.points[5].iCase, 6);
   EXPECT_EQ(settings.pointSymbol, 12);
   EXPECT_EQ(settings.pointColour, 9);
   EXPECT_THAT(graph.overlay(), IsEmpty());
@@ -266,45 +265,26 @@ TEST_F(ScatterPlot, IsToldInWords) {
        "crosses its mean 7 times; the autocorrelation is -0.057."}};
   for (const auto& [x, y, text] : told) {
     draw(x, y);
-    EXPECT_EQ(graph.accessibleDescription(), text);
+    EXPECT_EQ(content.description, text);
   }
-  EXPECT_EQ(graph.accessibleName(), "Scatter Plot 1");
 }
 
-TEST_F(ScatterPlot, ThePanelEditsThePlotThatWasTouchedLast) {
-  EXPECT_EQ(state.iCurrentPlot, 1) << "a new plot";
-  EXPECT_THAT(host.calls, ElementsAre("enabled"));
-  frmScatterPlot third(desktop, state, host, 3);
-  EXPECT_EQ(third.name(), "frmScatterPlot3");
-  EXPECT_EQ(third.caption(), "Scatter Plot 3");
-  EXPECT_EQ(state.iCurrentPlot, 3);
-  plot.Activate();
-  EXPECT_EQ(state.iCurrentPlot, 1);
-  third.gphScatter.click();
-  EXPECT_EQ(state.iCurrentPlot, 3);
-  plot.Click();
-  EXPECT_EQ(state.iCurrentPlot, 1);
-  EXPECT_THAT(host.calls, testing::AllOf(SizeIs(5), testing::Each(std::string("enabled"))));
-}
-
-TEST_F(ScatterPlot, DrawsTheChoicesOfThePlotInThePanel) {
-  plot.UpdateDisplay();
-  EXPECT_THAT(settings.points, IsEmpty()) << "nothing before a fit";
+TEST_F(ScatterPlot, DrawsItsOwnPairOfAxes) {
   use(sixCases());
   state.iPlotXVar = {0, negative, fitted, entryOrder};
   state.iPlotYVar = {0, dependent, residuals, -1};
-  state.iCurrentPlot = 2;
-  plot.UpdateDisplay();
-  EXPECT_EQ(settings.x.title, "Fitted Y");
-  EXPECT_EQ(settings.y.title, "Residuals");
-  state.iCurrentPlot = 3;
-  plot.UpdateDisplay();
-  EXPECT_EQ(settings.x.title, "Order of Entry");
-  EXPECT_EQ(settings.y.title, "Y") << "a list without a selection";
+  state.iCurrentPlot = 1;
+  const auto titles = [&](int number) {
+    const Plot plot = scatterPlot(state, number, {480, 280}, messages).plot;
+    return plot.settings.x.title + " / " + plot.settings.y.title;
+  };
+  EXPECT_EQ(titles(1), "X1 / Y");
+  EXPECT_EQ(titles(2), "Fitted Y / Residuals");
+  EXPECT_EQ(titles(3), "Order of Entry / Y") << "a list without a selection";
 }
 
 // Every pair of axes at every size of window: nothing is cut, covered or lost.
-class AllPairs : public test::DisplayFixture,
+class AllPairs : public test::GraphFixture,
                  public testing::WithParamInterface<std::tuple<bool, float>> {};
 
 TEST_P(AllPairs, AreReadable) {
@@ -316,29 +296,27 @@ TEST_P(AllPairs, AreReadable) {
   }
   state.bShowRegressionLine = true;
   state.bShowCorrelation = true;
-  test::analyse(state, desktop);
-  frmScatterPlot plot(desktop, state, host, 1);
+  Analyse(state, messages);
   for (Int16 x = 0; x <= 5; ++x)
     for (Int16 y = 0; y <= 5; ++y) {
       state.iPlotXVar[1] = x;
       state.iPlotYVar[1] = y;
-      for (const auto& [width, height] : std::vector<std::pair<double, double>>{
-               {30, 20}, {240, 150}, {480, 280}, {960, 500}, {1920, 1000}}) {
-        SCOPED_TRACE(std::to_string(x) + ", " + std::to_string(y) + " in " + std::to_string(width));
-        test::setInnerSize(plot, width, height);
-        const Picture& picture = plot.gphScatter.picture();
+      for (const ViewSize size :
+           {ViewSize{30, 20}, {240, 150}, {480, 280}, {960, 500}, {1920, 1000}}) {
+        SCOPED_TRACE(std::to_string(x) + ", " + std::to_string(y) + " in " +
+                     std::to_string(size.width));
+        const GraphContent content = scatterPlot(state, 1, size, messages);
+        const Picture& picture = content.plot.picture();
         test::expectReadable(picture);
         EXPECT_THAT(all<SymbolPrimitive>(picture), SizeIs(60));
-        if (width < 480) continue;
-        EXPECT_THAT(test::texts(picture),
-                    testing::IsSupersetOf(
-                        {plot.gphScatter.settings.x.title, plot.gphScatter.settings.y.title}));
+        EXPECT_THAT(writeSvg(picture, "", ""), testing::Not(HasSubstr("nan")));
+        if (size.width < 480) continue;
+        EXPECT_THAT(test::texts(picture), testing::IsSupersetOf({content.plot.settings.x.title,
+                                                                 content.plot.settings.y.title}));
         EXPECT_THAT(test::texts(picture), testing::Contains(HasSubstr("orrelation = ")));
       }
-      plot.CopyGraph();
-      EXPECT_THAT(desktop.clipboard().svg, testing::Not(HasSubstr("nan")));
     }
-  EXPECT_THAT(desktop.boxes(), IsEmpty());
+  EXPECT_THAT(messages.boxes, IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(InterceptAndScale, AllPairs,

@@ -15,16 +15,15 @@ using test::all;
 using testing::ElementsAre;
 using testing::SizeIs;
 
-class VifChart : public test::DisplayFixture {
+class VifChart : public test::GraphFixture {
  protected:
   // The display of a fit with those variance inflation factors.
   void draw(const std::vector<float>& vifs) {
     state = noisyModel(100, static_cast<int>(vifs.size()));
-    test::analyse(state, desktop);
+    Analyse(state, messages);
     std::copy(vifs.begin(), vifs.end(), state.sVIF.begin() + 1);
     state.tVarName[2] = "Außentemperatur";
-    test::setInnerSize(chart, 480, 280);
-    chart.UpdateDisplay();
+    content = vifChart(state, {480, 280}, messages);
   }
   std::vector<float> bars() const {
     std::vector<float> lengths;
@@ -32,8 +31,8 @@ class VifChart : public test::DisplayFixture {
     return lengths;
   }
 
-  frmVIFPlot chart{desktop, state, host};
-  Graph& graph = chart.gphVIF;
+  GraphContent content;
+  Plot& graph = content.plot;
 };
 
 TEST_F(VifChart, BarsAreLogarithmsWithinTheirLimits) {
@@ -83,21 +82,14 @@ TEST_F(VifChart, ReferenceLinesStandAtTheirLogarithms) {
 // R: 1 / (1 - R squared) of each predictor on the others.
 TEST_F(VifChart, IsToldInWords) {
   state = cementModel();
-  test::analyse(state, desktop);
-  chart.UpdateDisplay();
-  EXPECT_EQ(graph.accessibleDescription(),
+  Analyse(state, messages);
+  EXPECT_EQ(vifChart(state, {480, 280}, messages).description,
             "Bar chart of the variance inflation factors of 4 predictors on a logarithmic scale "
             "from 1 to 1000. The largest is 282.5 for X4; 4 of 4 exceed 10. X1 38.5, X2 254.4, "
             "X3 46.87, X4 282.5.");
   draw({7});
-  EXPECT_EQ(graph.accessibleDescription(),
+  EXPECT_EQ(content.description,
             "Bar chart of variance inflation factors without a bar: X1 is the only predictor.");
-}
-
-TEST_F(VifChart, AClickOnTheGraphDisablesTheListsAlone) {
-  graph.click();
-  chart.Click();
-  EXPECT_THAT(host.calls, ElementsAre("lists disabled", "disabled"));
 }
 
 }  // namespace

@@ -121,9 +121,9 @@ TEST_F(HelpRequests, OfEveryWindowHaveTheirPage) {
 TEST_F(HelpRequests, OfEveryDisplayHaveTheirPage) {
   startWithDefaultExample();
   ShellParts& parts = module.parts();
-  for (const auto& [iCategory, iIndex] : AllDisplays::ids()) {
-    DisplayWindow* display = parts.displays.display(iCategory, iIndex);
-    ASSERT_NE(display, nullptr);
+  for (const Display& entry : displayList()) {
+    const auto [iCategory, iIndex] = entry.id;
+    DisplayWindow* display = &parts.displays.display(entry);
     parts.state.frmCurrentDisplay = parts.frame.activeChild();
     if (parts.state.iDisplayState(iCategory, iIndex) != displayShown)
       parts.manager.ShowNewWindow(iCategory, iIndex);

@@ -6,7 +6,6 @@
 #include <cmath>
 #include <functional>
 
-#include "platform/graph/label_fit.h"
 #include "platform/graph/screen_geometry.h"
 #include "platform/text_metrics.h"
 #include "support/graph_pictures.h"
@@ -141,7 +140,7 @@ void expectNoCollision(const Picture& picture) {
 }
 
 // As a display draws on top of its graph.
-void drawOverlayTexts(Graph& graph, const GraphDesign& design) {
+void drawOverlayTexts(Plot& graph, const GraphDesign& design) {
   DrawingView& view = graph.GSUseView();
   const ViewRect plot = graph.picture().plot;
   if (design.roomForCaption)
@@ -173,7 +172,7 @@ TEST_P(GraphLayoutSweep, TextsNeitherOverlapNorAreCut) {
     SCOPED_TRACE(std::to_string(size.width) + " x " + std::to_string(size.height));
     SampleGraph graph(size.width, size.height, GetParam().design);
     GetParam().set(graph);
-    graph.setDrawMode(Graph::draw);
+    graph.setDrawMode(Plot::draw);
     drawOverlayTexts(graph, GetParam().design);
     expectNoCollision(graph.picture());
     const GraphLayout layout = layOut(graph.settings, GetParam().design, size);
@@ -196,7 +195,7 @@ TEST(GraphLayout, GivesThePlotMostOfTheRoom) {
   for (const ViewSize& size : sizes) {
     if (size.width < 480 || size.height < 280) continue;
     SampleGraph graph(size.width, size.height);
-    graph.setDrawMode(Graph::draw);
+    graph.setDrawMode(Plot::draw);
     const ViewRect& plot = graph.picture().plot;
     EXPECT_GT(plot.width * plot.height, 0.7 * size.width * size.height);
     EXPECT_EQ(plot.left, std::round(plot.left));

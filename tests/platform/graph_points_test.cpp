@@ -4,7 +4,6 @@
 
 #include <limits>
 
-#include "platform/graph/palette.h"
 #include "support/graph_pictures.h"
 
 namespace tolmer {
@@ -35,7 +34,7 @@ void draw(SampleGraph& graph, GraphType type, const std::vector<float>& values) 
   graph.setNumPoints(static_cast<int>(values.size()));
   for (int i = 1; i <= graph.numPoints(); ++i)
     graph.setPoint(i, static_cast<float>(i), values[static_cast<std::size_t>(i) - 1]);
-  graph.setDrawMode(Graph::draw);
+  graph.setDrawMode(Plot::draw);
 }
 
 TEST(GraphBars, LieAlongTheScaleOfValuesFirstOnTop) {
@@ -138,7 +137,7 @@ class LeastSquares : public testing::Test {
     graph.settings.points = points;
     graph.settings.pointSymbol = 12;
     graph.settings.lineStatistics = 8;
-    graph.setDrawMode(Graph::draw);
+    graph.setDrawMode(Plot::draw);
   }
   std::vector<LinePrimitive> lines() const {
     return linesOf(graph.picture(), paletteColour(palette::brightRed));

@@ -1,4 +1,4 @@
-#include "platform/graph/tidy_scale.h"
+#include "platform/graph/plot_scales.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -91,14 +91,14 @@ TEST(AutomaticScale, IsThatOfThePointsUnlessLimitsAreSet) {
   graph.setPoint(1, -7, 120);
   graph.setPoint(2, 66, 480);
   graph.setPoint(3, std::numeric_limits<float>::quiet_NaN(), 250);
-  graph.setDrawMode(Graph::draw);
+  graph.setDrawMode(Plot::draw);
   EXPECT_EQ(graph.SDKInfo(1), -10);
   EXPECT_EQ(graph.SDKInfo(2), 70);
   EXPECT_EQ(graph.SDKInfo(3), 500);
   EXPECT_EQ(graph.SDKInfo(4), 100);
   graph.settings.y.minimum = -400;
   graph.settings.y.maximum = 600;
-  graph.setDrawMode(Graph::draw);
+  graph.setDrawMode(Plot::draw);
   EXPECT_EQ(graph.SDKInfo(3), 600);
   EXPECT_EQ(graph.SDKInfo(4), -400);
   EXPECT_THAT(test::texts(graph.picture()), testing::IsSupersetOf({"-400", "-200", "0", "600"}));

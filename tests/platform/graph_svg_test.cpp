@@ -18,7 +18,7 @@ std::string sampleSvg() {
   graph.setNumPoints(2);
   graph.setPoint(1, 50, 50);
   graph.setPoint(2, 60, 60);
-  graph.setDrawMode(Graph::draw);
+  graph.setDrawMode(Plot::draw);
   DrawingView& view = graph.GSUseView();
   view.GSBox2D(100, 60, 50.005, 80, 128, 9);
   view.GSLineAbs(100, 100, 200, 100, 1, 2, 12);

@@ -1,11 +1,10 @@
-#include "platform/graph/graph.h"
+#include "platform/graph/plot.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <limits>
 
-#include "platform/graph/palette.h"
 #include "support/graph_pictures.h"
 
 namespace tolmer {
@@ -18,39 +17,24 @@ using testing::IsEmpty;
 using testing::Not;
 using testing::SizeIs;
 
-class CountingPeer : public Peer {
- public:
-  explicit CountingPeer(int& drawings) : drawings_(drawings) {}
-  void changed(Change what) override { drawings_ += has(what, Change::content) ? 1 : 0; }
-
- private:
-  int& drawings_;
-};
-
 TEST(Graph, DrawsOnlyWhenToldAndThenAnew) {
   SampleGraph graph(480, 280);
-  int drawings = 0;
-  graph.setPeer(std::make_unique<CountingPeer>(drawings));
-  graph.setDrawMode(Graph::hold);
   EXPECT_THAT(graph.picture().primitives, IsEmpty());
-  EXPECT_EQ(drawings, 0);
-
-  graph.setDrawMode(Graph::draw);
+  graph.setDrawMode(Plot::draw);
   const auto withoutOverlay = graph.picture().primitives.size();
   graph.GSUseView().GSBox2D(100, 100, 50, 50, 128, palette::brightBlue);
   EXPECT_THAT(graph.picture().primitives, SizeIs(withoutOverlay + 1));
 
-  graph.setDrawMode(Graph::draw);
+  graph.setDrawMode(Plot::draw);
   EXPECT_THAT(graph.picture().primitives, SizeIs(withoutOverlay));
   EXPECT_THAT(graph.overlay(), IsEmpty());
-  EXPECT_EQ(drawings, 2);
 }
 
 TEST(Graph, TellsWhereThePlotAreaLies) {
   SampleGraph graph(480, 280);
   graph.settings.x.minimum = 7;
   graph.settings.y.minimum = -3;
-  graph.setDrawMode(Graph::draw);
+  graph.setDrawMode(Plot::draw);
   const ViewRect& plot = graph.picture().plot;
   EXPECT_EQ(graph.SDKInfo(1), 7);
   EXPECT_EQ(graph.SDKInfo(2), 100);
@@ -64,18 +48,6 @@ TEST(Graph, TellsWhereThePlotAreaLies) {
   EXPECT_LT(plot.top(), 280);
 }
 
-TEST(Graph, ResetsItsDataAsTold) {
-  SampleGraph graph(480, 280);
-  graph.setNumPoints(2);
-  graph.setPoint(2, 5, 6);
-  EXPECT_EQ(graph.settings.points[1].value, 6);
-  graph.resetData(graphData::labels);
-  EXPECT_THAT(graph.settings.x.labels, IsEmpty());
-  EXPECT_EQ(graph.numPoints(), 2);
-  graph.resetData(graphData::all);
-  EXPECT_EQ(graph.numPoints(), 0);
-}
-
 TEST(GraphPoints, OutsideTheScaleAreLeftOut) {
   SampleGraph graph(480, 280);
   graph.settings.pointSymbol = 12;
@@ -85,10 +57,11 @@ TEST(GraphPoints, OutsideTheScaleAreLeftOut) {
   graph.setPoint(3, 100.5F, 50);
   graph.setPoint(4, -200, 0);
   graph.setPoint(5, std::numeric_limits<float>::quiet_NaN(), 50);
-  graph.setDrawMode(Graph::draw);
+  graph.setDrawMode(Plot::draw);
   const auto symbols = all<SymbolPrimitive>(graph.picture());
   const ViewRect& plot = graph.picture().plot;
   ASSERT_THAT(symbols, SizeIs(2));
+  EXPECT_EQ(symbols[1].point, 2);
   EXPECT_EQ(symbols[0].centre,
             (ViewPoint{plot.left + plot.width / 2, plot.bottom + plot.height / 4}));
   EXPECT_EQ(symbols[1].centre, (ViewPoint{plot.left, plot.top()}));
@@ -104,7 +77,7 @@ class Overlay : public testing::Test {
   }
 
   ViewRect drawnPlot() {
-    graph.setDrawMode(Graph::draw);
+    graph.setDrawMode(Plot::draw);
     return graph.picture().plot;
   }
 

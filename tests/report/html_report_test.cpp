@@ -38,21 +38,21 @@ TEST_F(HtmlReport, WellFormedPageHoldsEveryDisplayWhole) {
   ReportOptions options;
   options.y = "R<1>&";
   options.labels = "Ort";
-  const auto run = analysed(file, options, {pixels(720), pixels(400)});
+  const auto run = analysed(file, options, {720, 400});
   const Element page = this->page({file, "--y", "R<1>&", "--labels", "Ort"});
   EXPECT_EQ(page.all("h1").at(0)->text, "Multiple regression of R<1>&");
   EXPECT_THAT(texts(*page.all("dl").at(0)),
               IsSupersetOf({"a&b.csv", "8", "R<1>&", "</td>\"', Größe;&lt;, <b>", "2026-05-04"}));
-  EXPECT_THAT(texts(page), Contains(run->equation()));
-  ASSERT_THAT(run->displays(), SizeIs(14));
-  for (const ReportedDisplay& display : run->displays()) {
-    const Element& section = page.withId(display.name);
-    EXPECT_THAT(texts(section),
-                IsSupersetOf(std::visit(test::TextsOf{}, display.window->shownControl())))
-        << display.name;
-    const bool isGraph = std::holds_alternative<const Graph*>(display.window->shownControl());
+  EXPECT_THAT(texts(page), Contains(run.equation()));
+  ASSERT_THAT(run.displays(), SizeIs(14));
+  for (const ReportedDisplay& shown : run.displays()) {
+    const Element& section = page.withId(shown.display->form);
+    EXPECT_THAT(texts(section), IsSupersetOf(std::visit(test::TextsOf{}, shown.content)))
+        << shown.display->form;
+    const bool isGraph = std::holds_alternative<GraphContent>(shown.content);
     EXPECT_EQ(section.all("svg").size(), isGraph ? 1U : 0U);
-    EXPECT_EQ(section.all("h2").at(0)->text, display.window->caption());
+    EXPECT_EQ(section.all("h2").at(0)->text, shown.title);
+    EXPECT_THAT(texts(section), Contains(shown.display->caption));
   }
 }
 
@@ -109,12 +109,16 @@ TEST_F(HtmlReport, TablesHaveCaptionsAndScopes) {
 
 // A table of that many columns of seven figures, in HTML.
 Element tableOf(int columns) {
-  DisplayTable table;
-  for (int row = 0; row < 3; ++row) {
-    auto& cells = table.rows.emplace_back();
-    for (int col = 0; col < columns; ++col)
-      cells.push_back({(row == 0 ? "Head" : "1234.") + std::to_string(100 + col),
-                       row == 0 || col == 0 ? colours::buttonFace : colours::white});
+  TableContent table(3, columns);
+  for (int col = 1; col <= columns; ++col) {
+    const std::string number = std::to_string(99 + col);
+    table.heading(1, col, "Head" + number, Align::left);
+    for (const int row : {2, 3}) {
+      if (col == 1)
+        table.heading(row, col, "1234." + number, Align::left);
+      else
+        table.figure(row, col, "1234." + number, Align::left);
+    }
   }
   return test::MarkupReader("<!DOCTYPE html>\n" + tableHtml(table, "Long & wide")).readPage();
 }

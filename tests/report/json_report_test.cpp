@@ -42,12 +42,12 @@ TEST_F(JsonReport, GivesTheStateBackExactly) {
   ReportOptions options;
   options.y = "Rent";
   const auto run = analysed(table, options);
-  const AnalysisState& state = run->state();
+  const AnalysisState& state = run.state();
 
   const Json document = json({table, "--y", "Rent"});
   EXPECT_THAT(document["messages"].items, IsEmpty());
-  EXPECT_EQ(document["equation"].text, run->equation());
-  EXPECT_THAT(run->equation(), StartsWith("Rent = "));
+  EXPECT_EQ(document["equation"].text, run.equation());
+  EXPECT_THAT(run.equation(), StartsWith("Rent = "));
   const Json& shown = document["state"];
   EXPECT_EQ(shown["iNumCases"].number<int>(), 10);
   EXPECT_EQ(shown["iNumPredictors"].number<int>(), 2);
@@ -84,27 +84,28 @@ TEST_F(JsonReport, GivesTheStateBackExactly) {
   EXPECT_EQ(shown["iStdResidOutside"].number<int>(), state.iStdResidOutside);
 }
 
-// What stands in the report of a display, against the control that fills the display.
+// What stands in the report of a display, against its content.
 struct ExpectShown {
   const Json& shown;
 
-  void operator()(const TextBox* box) const { EXPECT_EQ(shown["text"].text, box->text()); }
+  void operator()(const Sections& sections) const {
+    EXPECT_EQ(shown["text"].text, wholeText(sections));
+  }
 
-  void operator()(const Grid* grid) const {
-    const Sheet& sheet = grid->sheet();
-    ASSERT_EQ(shown["rows"].number<int>(), sheet.rows());
-    ASSERT_EQ(shown["cols"].number<int>(), sheet.cols());
-    for (int row = 1; row <= sheet.rows(); ++row)
-      for (int col = 1; col <= sheet.cols(); ++col) {
+  void operator()(const TableContent& table) const {
+    ASSERT_EQ(shown["rows"].number<int>(), table.rows());
+    ASSERT_EQ(shown["cols"].number<int>(), table.cols());
+    for (int row = 1; row <= table.rows(); ++row)
+      for (int col = 1; col <= table.cols(); ++col) {
         const auto r = static_cast<std::size_t>(row) - 1;
         const auto c = static_cast<std::size_t>(col) - 1;
-        EXPECT_EQ(shown["cells"][r][c].text, sheet.at(row, col).text);
-        EXPECT_EQ(colourOf(shown["back"][r][c].text), sheet.at(row, col).style.back);
+        EXPECT_EQ(shown["cells"][r][c].text, table.at(row, col).text);
+        EXPECT_EQ(colourOf(shown["back"][r][c].text), backOf(table.at(row, col)));
       }
   }
 
-  void operator()(const Graph* graph) const {
-    const GraphSettings& settings = graph->settings;
+  void operator()(const GraphContent& graph) const {
+    const GraphSettings& settings = graph.plot.settings;
     EXPECT_EQ(shown["type"].number<int>(), static_cast<int>(settings.graphType));
     EXPECT_EQ(shown["bottomTitle"].text, settings.x.title);
     EXPECT_EQ(shown["leftTitle"].text, settings.y.title);
@@ -115,11 +116,11 @@ struct ExpectShown {
     EXPECT_EQ(shown["symbol"].number<int>(), settings.pointSymbol);
     EXPECT_EQ(shown["symbolSize"].number<int>(), settings.symbolSize);
     EXPECT_EQ(shown["lineStatistics"].number<int>(), settings.lineStatistics);
-    ASSERT_THAT(shown["overlay"].items, SizeIs(graph->overlay().size()));
-    for (std::size_t i = 0; i < graph->overlay().size(); ++i)
-      EXPECT_EQ(numbersOf(shown["overlay"][i]), std::visit(numbersOfCall, graph->overlay()[i]));
-    EXPECT_EQ(shown["plot"]["left"].number<double>(), graph->SDKInfo(7));
-    EXPECT_EQ(shown["plot"]["height"].number<double>(), graph->SDKInfo(6));
+    ASSERT_THAT(shown["overlay"].items, SizeIs(graph.plot.overlay().size()));
+    for (std::size_t i = 0; i < graph.plot.overlay().size(); ++i)
+      EXPECT_EQ(numbersOf(shown["overlay"][i]), std::visit(numbersOfCall, graph.plot.overlay()[i]));
+    EXPECT_EQ(shown["plot"]["left"].number<double>(), graph.plot.SDKInfo(7));
+    EXPECT_EQ(shown["plot"]["height"].number<double>(), graph.plot.SDKInfo(6));
   }
 
  private:
@@ -191,9 +192,9 @@ TEST_F(JsonReport, HoldsEveryDisplayInOrderWithAllItShows) {
       ElementsAre("frmResidHist", "frmStdResidHist", "frmProbPlot", "frmVIFPlot", "frmScatterPlot1",
                   "frmScatterPlot2", "frmScatterPlot3", "frmEstCoef", "frmANOVA", "frmResidList",
                   "frmDataList", "frmCorrMatrix", "frmDescStats", "frmInterpretation"));
-  for (const ReportedDisplay& display : run->displays()) {
-    SCOPED_TRACE(display.name);
-    std::visit(ExpectShown{displays[display.name]}, display.window->shownControl());
+  for (const ReportedDisplay& reported : run.displays()) {
+    SCOPED_TRACE(reported.display->form);
+    std::visit(ExpectShown{displays[reported.display->form]}, reported.content);
   }
 }
 

@@ -2,13 +2,8 @@
 
 #include <filesystem>
 #include <fstream>
-#include <memory>
-#include <sstream>
 
 #include "json_reader.h"
-#include "platform/graph/graph.h"
-#include "platform/grid/grid.h"
-#include "platform/text_box.h"
 #include "report/csv_dataset.h"
 #include "report/model_by_name.h"
 #include "report/report_program.h"
@@ -20,24 +15,21 @@ namespace tolmer::test {
 // The texts that a reader must find of a display, none of them empty.
 struct TextsOf {
   using Texts = std::vector<std::string>;
-  Texts operator()(const Graph* graph) const {
-    return {graph->accessibleName(), graph->accessibleDescription()};
-  }
-  Texts operator()(const TextBox* box) const {
-    Texts paragraphs;
-    std::istringstream lines(box->text());
-    for (std::string line; std::getline(lines, line);) {
-      line.erase(line.find_last_not_of(" \r") + 1);
-      if (!line.empty()) paragraphs.push_back(line);
+  Texts operator()(const GraphContent& graph) const { return {graph.description}; }
+  Texts operator()(const Sections& sections) const {
+    Texts texts;
+    for (const Section& section : sections) {
+      texts.push_back(section.heading);
+      texts.push_back(section.text.substr(0, section.text.find_last_not_of(' ') + 1));
     }
-    return paragraphs;
+    return texts;
   }
-  Texts operator()(const Grid* grid) const {
-    Texts cells;
-    for (int row = 1; row <= grid->maxRows(); ++row)
-      for (int col = 1; col <= grid->maxCols(); ++col)
-        if (!grid->text(row, col).empty()) cells.push_back(grid->text(row, col));
-    return cells;
+  Texts operator()(const TableContent& table) const {
+    Texts texts;
+    for (int row = 1; row <= table.rows(); ++row)
+      for (const TableCell& cell : table.row(row))
+        if (!cell.text.empty()) texts.push_back(cell.text);
+    return texts;
   }
 };
 
@@ -69,14 +61,12 @@ class ReportFixture : public testing::Test {
     return JsonReader(output(words, "json")).readAll();
   }
   // The same analysis, with the displays at hand.
-  static std::unique_ptr<ReportRun> analysed(const std::string& table, const ReportOptions& options,
-                                             Size displaySize = {pixels(960), pixels(500)}) {
+  static ReportRun analysed(const std::string& table, const ReportOptions& options,
+                            ViewSize graphSize = {960, 500}) {
     const auto csv = CsvTable::open(table);
     auto copy = dataSetFromTable(*csv, options);
     EXPECT_FALSE(chooseModelByName(*copy, options));
-    auto run = std::make_unique<ReportRun>(displaySize);
-    run->analyse(*copy, *plotAxesByName(*copy, options.plots));
-    return run;
+    return ReportRun(*copy, *chooseAxesByName(*copy, options.plots), graphSize);
   }
 
   static constexpr std::string_view flats =

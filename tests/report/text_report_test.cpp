@@ -38,8 +38,8 @@ TEST_F(TextReport, TellsAllDisplaysInReadingOrder) {
   EXPECT_THAT(text, StartsWith("flats.csv: 10 cases, 2 independent variables\n\n  Rent = "));
   std::vector<std::string> captions;
   for (const std::string& line : lines(text))
-    for (const ReportedDisplay& display : run->displays())
-      if (line == display.window->caption()) captions.push_back(line);
+    for (const ReportedDisplay& shown : run.displays())
+      if (line == shown.title) captions.push_back(line);
   EXPECT_THAT(captions, ElementsAre("Interpretation", "ANOVA Table", "Estimated Coefficients",
                                     "Descriptive Statistics", "Correlation Matrix", "Residual List",
                                     "Data List", "Histogram of Residuals",
@@ -47,12 +47,11 @@ TEST_F(TextReport, TellsAllDisplaysInReadingOrder) {
                                     "Normality Plot for Residuals", "Variance Inflation Factors",
                                     "Scatter Plot 1", "Scatter Plot 2", "Scatter Plot 3"));
   const std::string read = words(text);
-  for (const ReportedDisplay& display : run->displays()) {
-    const ShownControl shown = display.window->shownControl();
-    for (const std::string& told : std::visit(test::TextsOf{}, shown))
-      EXPECT_THAT(read, HasSubstr(words(told))) << display.name;
-    if (const auto* box = std::get_if<const TextBox*>(&shown)) {
-      EXPECT_THAT(read, HasSubstr(words((*box)->text()))) << "in the order of the box";
+  for (const ReportedDisplay& shown : run.displays()) {
+    for (const std::string& told : std::visit(test::TextsOf{}, shown.content))
+      EXPECT_THAT(read, HasSubstr(words(told))) << shown.display->form;
+    if (const auto* sections = std::get_if<Sections>(&shown.content)) {
+      EXPECT_THAT(read, HasSubstr(words(wholeText(*sections)))) << "in their order";
     }
   }
 }

@@ -5,11 +5,13 @@
 #include <cmath>
 #include <set>
 
-#include "displays/unattended_host.h"
+#include "displaywindows/interpretation_window.h"
+#include "displaywindows/table_window.h"
 #include "platform/graph/graph.h"
 #include "platform/grid/grid.h"
 #include "platform/headless/headless_desktop.h"
 #include "state/model_variables.h"
+#include "support/recording_host.h"
 
 namespace tolmer::test {
 namespace {
@@ -44,27 +46,28 @@ class Bytes {
 
 using Content = std::variant<std::string, Sheet>;
 
-Content contentOf(const Graph* graph) {
+Content contentOf(const Graph& graph) {
   Bytes bytes;
-  bytes.add(graph->accessibleDescription());
-  for (const Primitive& primitive : graph->picture().primitives) std::visit(bytes, primitive);
+  bytes.add(graph.accessibleDescription());
+  for (const Primitive& primitive : graph.plot().picture().primitives) std::visit(bytes, primitive);
   return bytes.text();
 }
-Content contentOf(const Grid* grid) { return grid->sheet(); }
-Content contentOf(const TextBox* box) { return box->text(); }
 
 // Line and caption of a plot follow the options at its last drawing, not those of now.
 Content dataOf(const DisplayWindow& plot) {
-  const GraphSettings& settings = plot.GraphPointer->settings;
+  const GraphSettings& settings = plot.GraphPointer->plot().settings;
   Bytes bytes;
   bytes.add(settings.x.title + settings.y.title);
   for (const GraphPoint& point : settings.points) bytes.add(point.x, point.value);
   return bytes.text();
 }
 
-Content contentOf(const DisplayWindow& display, DisplayId id) {
-  if (id.iCategory == scatterDisplays) return dataOf(display);
-  return std::visit([](const auto* shown) { return contentOf(shown); }, display.shownControl());
+// What stands in the control that fills a display.
+Content contentOf(const DisplayWindow& display) {
+  if (display.display().id.iCategory == scatterDisplays) return dataOf(display);
+  if (const auto* table = dynamic_cast<const TableWindow*>(&display)) return table->grid().sheet();
+  if (display.GraphPointer) return contentOf(*display.GraphPointer);
+  return dynamic_cast<const frmInterpretation&>(display).txtInterpretation.text();
 }
 
 void expectMenusAgree(ShellParts& parts, DisplayId id) {
@@ -105,25 +108,24 @@ void expectInPlace(const ShellParts& parts, const Window& child) {
       << child.name() << " is maximised behind the others";
 }
 
-// The plots draw the choices of the plot that is current.
-FreshDisplays::Drawn drawnAnew(AnalysisState& state, Size inner, DisplayId id) {
+FreshDisplays::Drawn drawnAnew(AnalysisState& state, Size inner, const Display& display) {
   HeadlessDesktop desktop;
-  UnattendedHost host;
+  RecordingHost host;
   const Int16 iCurrentPlot = state.iCurrentPlot;
   AllDisplays displays(desktop, state, host);
-  DisplayWindow& fresh = *displays.display(id.iCategory, id.iIndex);
-  if (id.iCategory == scatterDisplays) state.iCurrentPlot = static_cast<Int16>(id.iIndex);
+  DisplayWindow& fresh = displays.display(display);
   fresh.reportInnerSize(inner);
   fresh.UpdateDisplay();
   state.iCurrentPlot = iCurrentPlot;
-  return {fresh.caption(), contentOf(fresh, id)};
+  return {fresh.caption(), contentOf(fresh)};
 }
 
 }  // namespace
 
 void expectSoundQuadrants(ShellParts& parts) {
   std::set<std::string> places;
-  for (const DisplayId id : AllDisplays::ids()) {
+  for (const Display& entry : displayList()) {
+    const DisplayId id = entry.id;
     expectMenusAgree(parts, id);
     if (parts.state.iDisplayState(id.iCategory, id.iIndex) != displayShown) continue;
     const DisplayWindow& display = *parts.displays.display(id.iCategory, id.iIndex);
@@ -171,17 +173,18 @@ void FreshDisplays::expectShown(ShellParts& parts) {
   AnalysisState& state = parts.state;
   if (state.iCompletedFits != fits_ || ++looks_ % onceInAWhile == 0) drawn_.clear();
   fits_ = state.iCompletedFits;
-  for (const DisplayId id : AllDisplays::ids()) {
+  for (const Display& entry : displayList()) {
+    const DisplayId id = entry.id;
     if (state.iDisplayState(id.iCategory, id.iIndex) != displayShown) continue;
-    const DisplayWindow& display = *parts.displays.display(id.iCategory, id.iIndex);
+    const DisplayWindow& display = parts.displays.display(entry);
     const bool isPlot = id.iCategory == scatterDisplays;
     const auto plot = static_cast<std::size_t>(isPlot ? id.iIndex : 0);
     const Size inner{display.innerWidth(), display.innerHeight()};
     const Key key{id.iCategory,          id.iIndex,   state.iPlotXVar[plot],
                   state.iPlotYVar[plot], inner.width, inner.height};
     auto at = drawn_.find(key);
-    if (at == drawn_.end()) at = drawn_.emplace(key, drawnAnew(state, inner, id)).first;
-    EXPECT_TRUE(contentOf(display, id) == at->second.content) << display.name();
+    if (at == drawn_.end()) at = drawn_.emplace(key, drawnAnew(state, inner, entry)).first;
+    EXPECT_TRUE(contentOf(display) == at->second.content) << display.name();
     EXPECT_EQ(display.caption(), at->second.caption);
   }
 }

@@ -33,10 +33,11 @@ class DisplayMenus : public ShippedProgram {
 };
 
 TEST_F(DisplayMenus, BringEveryDisplayIntoEveryQuadrantOnce) {
-  ASSERT_EQ(AllDisplays::ids().size(), 14U);
+  ASSERT_EQ(displayList().size(), 14U);
   for (const bool byPopup : {true, false}) {
     for (const std::string tag : {"11", "21", "22"})
-      for (const DisplayId id : AllDisplays::ids()) {
+      for (const Display& display : displayList()) {
+        const DisplayId id = display.id;
         const bool stoodElsewhere =
             parts().state.iDisplayState(id.iCategory, id.iIndex) == displayShown;
         const std::string before = displayAt(tag).name();
@@ -87,7 +88,7 @@ TEST_F(DisplayMenus, EachPlotKeepsItsAxesAndGivesUpWhatWasNotDrawn) {
   replaceByPopup("21", {scatterDisplays, 2});
   const auto titles = [&](int plot) {
     const GraphSettings& drawn =
-        parts().displays.display(scatterDisplays, plot)->GraphPointer->settings;
+        parts().displays.display(scatterDisplays, plot)->GraphPointer->plot().settings;
     return drawn.y.title + " / " + drawn.x.title;
   };
   EXPECT_EQ(titles(1), "Residuals / Fitted StackLoss");
@@ -117,8 +118,8 @@ TEST_F(DisplayMenus, ARefitShowsNewNumbersEverywhere) {
   });
   user.click("frmControlPanel", "cmdChangeModel");
   expectSoundQuadrants(parts());
-  for (const DisplayId id : AllDisplays::ids()) {
-    replaceByPopup("21", id);
+  for (const Display& display : displayList()) {
+    replaceByPopup("21", display.id);
     expectFreshDisplays(parts());
   }
 }

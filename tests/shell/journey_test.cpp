@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "base/file_io.h"
-#include "displays/display_window.h"
+#include "displaywindows/table_window.h"
 #include "editor/sheet_headings.h"
 #include "notebook/note_splash.h"
 #include "notebook/notebook_window.h"
@@ -284,8 +284,8 @@ TEST_F(Journey, AResizeBehindAMessageOfTheFitMixesNoNumbers) {
   AnalysisState& changed = module.parts().state;
   for (int i = 1; i <= changed.iNumCases; ++i) changed.sData(i, 1) = changed.sData(i, 2);
   const Grid& anova =
-      *std::get<const Grid*>(module.parts().displays.display(tableDisplays, 2)->shownControl());
-  const Graph& histogram = *module.parts().displays.display(graphDisplays, 1)->GraphPointer;
+      dynamic_cast<TableWindow&>(*module.parts().displays.display(tableDisplays, 2)).grid();
+  const Plot& histogram = module.parts().displays.display(graphDisplays, 1)->GraphPointer->plot();
   int boxes = 0;
   desktop.onMessageBox = [&](const MessageBox&) {
     for (const char* display : {"frmANOVA", "frmResidHist"}) {

@@ -4,8 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/graph/graph.h"
-#include "platform/graph/picture.h"
+#include "platform/graph/plot.h"
 
 namespace tolmer::test {
 
@@ -31,12 +30,11 @@ inline std::vector<std::string> texts(const Picture& picture) {
   return found;
 }
 
-// A graph of that size in pixels with numeric axes 0 .. 100 in five steps.
-class SampleGraph : public Graph {
+// A plot of that size in pixels with numeric axes 0 .. 100 in five steps.
+class SampleGraph : public Plot {
  public:
   SampleGraph(double width, double height, GraphDesign design = {})
-      : Graph(nullptr, "gphSample", std::move(design)) {
-    setPlace({0, 0, pixels(static_cast<float>(width)), pixels(static_cast<float>(height))});
+      : Plot({width, height}, std::move(design)) {
     for (Axis* axis : {&settings.x, &settings.y}) {
       axis->scaleMode = ScaleMode::userLimits;
       axis->maximum = 100;

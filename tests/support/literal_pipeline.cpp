@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "engine/f_distribution.h"
-#include "engine/number_format.h"
+#include "engine/picture_choice.h"
 #include "engine/t_distribution.h"
 
 namespace tolmer::literal {

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "displays/display_window.h"
+#include "displaywindows/display_window.h"
 
 namespace tolmer::test {
 

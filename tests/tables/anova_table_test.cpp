@@ -14,11 +14,9 @@ using test::rowTexts;
 using testing::Each;
 using testing::ElementsAre;
 
-Sheet sheetOf(const AnalysisState& state) { return anovaSheet(anovaNumbers(state)); }
-
 // The figures are those of R 4.2: anova(lm(Heat ~ 1), lm(Heat ~ ...)) and summary.
 TEST(AnovaTableTest, CementWithIntercept) {
-  const Sheet sheet = sheetOf(cementAnalysis(true));
+  const TableContent sheet = anovaTable(cementAnalysis(true));
   ASSERT_EQ(sheet.rows(), 8);
   EXPECT_THAT(rowTexts(sheet, 1),
               ElementsAre("Source", "Sum of Squares", "D.F.", "Mean Square", "F", "P"));
@@ -35,7 +33,7 @@ TEST(AnovaTableTest, CementWithIntercept) {
 }
 
 TEST(AnovaTableTest, WithoutInterceptTheShareExplainedIsNotShown) {
-  const Sheet sheet = sheetOf(cementAnalysis(false));
+  const TableContent sheet = anovaTable(cementAnalysis(false));
   EXPECT_EQ(sheet.at(2, 3).text, "4");
   EXPECT_EQ(sheet.at(3, 3).text, "9");
   EXPECT_EQ(sheet.at(4, 3).text, "13");
@@ -46,16 +44,17 @@ TEST(AnovaTableTest, WithoutInterceptTheShareExplainedIsNotShown) {
 }
 
 TEST(AnovaTableTest, LooksOfTheCells) {
-  const Sheet sheet = sheetOf(cementAnalysis(true));
+  const TableContent sheet = anovaTable(cementAnalysis(true));
   for (int row = 1; row <= 8; ++row)
     for (int col = 1; col <= 6; ++col) {
-      const CellStyle& style = sheet.at(row, col).style;
+      const TableCell& cell = sheet.at(row, col);
       const bool isFrame = row == 1 || row == 5;
-      EXPECT_EQ(style.back, isFrame ? colours::buttonFace : colours::white);
-      EXPECT_EQ(style.fore, isFrame ? colours::buttonText : colours::black);
+      EXPECT_EQ(isFramed(cell), isFrame);
+      EXPECT_EQ(backOf(cell), isFrame ? colours::buttonFace : colours::white);
       const bool isLabel = col == 1 || (col == 4 && row >= 6);
-      if (!isFrame && !sheet.at(row, col).text.empty()) {
-        EXPECT_EQ(style.align, isLabel ? Align::left : Align::right) << row << ", " << col;
+      if (!isFrame && !cell.text.empty()) {
+        EXPECT_EQ(cell.role, isLabel ? CellRole::text : CellRole::figure) << row << ", " << col;
+        EXPECT_EQ(cell.align, isLabel ? Align::left : Align::right) << row << ", " << col;
       }
     }
 }
@@ -64,12 +63,12 @@ TEST(AnovaTableTest, DivisorsOfZeroShowNA) {
   AnalysisState alone = bareAnalysis(5, 0, true);
   alone.Fit.sSST = alone.Fit.sSSE = 10;
   alone.Fit.sF = 999.999F;
-  const Sheet interceptOnly = sheetOf(alone);
+  const TableContent interceptOnly = anovaTable(alone);
   EXPECT_THAT(rowTexts(interceptOnly, 2),
               ElementsAre("Regression", "0.000", "0", "NA", "1,000.0", "0.000"));
   EXPECT_EQ(interceptOnly.at(3, 4).text, "2.500");
 
-  const Sheet saturated = sheetOf(bareAnalysis(3, 2, true));
+  const TableContent saturated = anovaTable(bareAnalysis(3, 2, true));
   EXPECT_EQ(saturated.at(3, 3).text, "0");
   EXPECT_EQ(saturated.at(3, 4).text, "NA");
   EXPECT_EQ(saturated.at(6, 5).text, "NA");
@@ -78,9 +77,9 @@ TEST(AnovaTableTest, DivisorsOfZeroShowNA) {
 TEST(AnovaTableTest, LargeSumsTakeTheExponentOnlyWhereNothingElseFits) {
   AnalysisState state = bareAnalysis(10, 1, true);
   state.Fit.sSST = 12345678;
-  EXPECT_EQ(sheetOf(state).at(4, 2).text, "12345680");
+  EXPECT_EQ(anovaTable(state).at(4, 2).text, "12345680");
   state.Fit.sSST = 1.23456789e8F;
-  EXPECT_EQ(sheetOf(state).at(4, 2).text, "1.235E+8");
+  EXPECT_EQ(anovaTable(state).at(4, 2).text, "1.235E+8");
 }
 
 TEST(AnovaTableTest, AdjustedRSquaredIsFormedInSinglePrecision) {

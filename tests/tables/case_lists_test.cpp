@@ -4,10 +4,7 @@
 
 #include <cmath>
 
-#include "displays/unattended_host.h"
-#include "platform/headless/headless_desktop.h"
-#include "tables/data_list.h"
-#include "tables/residual_list.h"
+#include "tables/case_lists.h"
 #include "tables/table_support.h"
 
 namespace tolmer {
@@ -38,7 +35,7 @@ AnalysisState valuesOf(const std::vector<float>& values) {
 TEST(DataListTest, LabelledCement) {
   AnalysisState state = cementAnalysis(true);
   label(state);
-  const Sheet sheet = dataListSheet(state);
+  const TableContent sheet = dataList(state);
   ASSERT_EQ(sheet.rows(), 17);
   EXPECT_THAT(rowTexts(sheet, 1), ElementsAre("Case", "Batch", "Heat", "Aluminate", "Silicate tri",
                                               "Ferrite", "Silicate di"));
@@ -48,26 +45,26 @@ TEST(DataListTest, LabelledCement) {
       const bool isFrame = row == 1 || row > 14 || col <= 2;
       EXPECT_EQ(backOf(sheet, row, col), isFrame ? colours::buttonFace : colours::white);
       if (row <= 14) {
-        EXPECT_EQ(sheet.at(row, col).style.align, col == 2 ? Align::left : Align::centre);
+        EXPECT_EQ(sheet.at(row, col).align, col == 2 ? Align::left : Align::centre);
       }
     }
 }
 
 TEST(DataListTest, MarksWhatLiesMoreThanThreeDeviationsOut) {
-  const Sheet sheet = dataListSheet(valuesOf({16, 16.001F, 4, 3.999F}));
+  const TableContent sheet = dataList(valuesOf({16, 16.001F, 4, 3.999F}));
   const Colour white = colours::white, yellow = colours::yellow;
   const Colour backs[] = {white, yellow, white, yellow};
   for (int i = 0; i < 4; ++i) EXPECT_EQ(backOf(sheet, i + 2, 3), backs[i]) << i;
   EXPECT_EQ(sheet.at(7, 1).text, "Outlier");
   EXPECT_EQ(backOf(sheet, 7, 1), yellow);
-  EXPECT_EQ(sheet.at(7, 1).style.fore, colours::black);
-  EXPECT_EQ(dataListSheet(valuesOf({16, 4})).at(5, 1).text, "");
+  EXPECT_EQ(sheet.at(7, 1).role, CellRole::key);
+  EXPECT_EQ(dataList(valuesOf({16, 4})).at(5, 1).text, "");
 }
 
 TEST(DataListTest, AConstantVariableHasNoOutliers) {
   AnalysisState state = valuesOf({7, 7.5F});
   state.dDescStat(2, 2) = 0;
-  const Sheet sheet = dataListSheet(state);
+  const TableContent sheet = dataList(state);
   EXPECT_THAT(rowTexts(sheet, 3), ElementsAre("2", "1", "7.500"));
   EXPECT_EQ(backOf(sheet, 3, 3), colours::white);
 }
@@ -75,15 +72,15 @@ TEST(DataListTest, AConstantVariableHasNoOutliers) {
 // The figures are those of R 4.2: fitted and resid of lm, and resid / sigma.
 TEST(ResidualListTest, Cement) {
   AnalysisState state = cementAnalysis(true);
-  const Sheet sheet = residualListSheet(state);
+  const TableContent sheet = residualList(state);
   ASSERT_EQ(sheet.rows(), 14);
   EXPECT_THAT(rowTexts(sheet, 1), ElementsAre("Case", "Y Obs", "Y Est", "Resid", "Std Resid"));
   EXPECT_THAT(rowTexts(sheet, 7), ElementsAre("6", "109.2", "105.275", "3.925", "1.605"));
   label(state);
-  const Sheet labelled = residualListSheet(state);
+  const TableContent labelled = residualList(state);
   EXPECT_THAT(rowTexts(labelled, 9),
               ElementsAre("8", "No. 8 ", "72.5", "75.675", "-3.175", "-1.298"));
-  EXPECT_EQ(labelled.at(9, 2).style.align, Align::left);
+  EXPECT_EQ(labelled.at(9, 2).align, Align::left);
   for (const int col : {1, 2, 3}) EXPECT_EQ(backOf(labelled, 9, col), colours::white);
 }
 
@@ -102,7 +99,7 @@ TEST(ResidualListTest, BandsAndComments) {
   AnalysisState state = emptyModel(8, 1);
   state.Fit.sStdErr = 2;
   for (int i = 0; i < 8; ++i) state.Fit.sResid[i + 1] = 2 * cases[i].residual;
-  const Sheet sheet = residualListSheet(state);
+  const TableContent sheet = residualList(state);
   EXPECT_EQ(sheet.at(1, 6).text, "Comment");
   for (int i = 0; i < 8; ++i) {
     EXPECT_EQ(backOf(sheet, i + 2, 5), cases[i].back) << i;
@@ -114,57 +111,36 @@ TEST(ResidualListTest, BandsAndComments) {
 TEST(ResidualListTest, WithoutAStandardErrorNothingIsMarked) {
   AnalysisState state = emptyModel(3, 1);
   state.Fit.sResid[2] = 5;
-  const Sheet sheet = residualListSheet(state);
+  const TableContent sheet = residualList(state);
   EXPECT_EQ(sheet.cols(), 5);
   EXPECT_EQ(sheet.at(3, 5).text, "NA");
   EXPECT_EQ(backOf(sheet, 3, 5), colours::white);
 }
 
-template <class Display>
-class CaseListDisplayTest : public testing::Test {
- protected:
-  HeadlessDesktop desktop;
-  UnattendedHost host;
+TEST(CaseLists, KnowTheirCasesAndWhatStays) {
   AnalysisState state = cementAnalysis(true);
-  Display display{desktop, state, host};
-};
-using CaseLists = testing::Types<frmDataList, frmResidList>;
-TYPED_TEST_SUITE(CaseListDisplayTest, CaseLists);
-
-TYPED_TEST(CaseListDisplayTest, HeadsAndCasesStayInPlace) {
-  const Grid& grid = this->display.grid();
-  for (const bool labelled : {false, true, false}) {
-    this->state.bLabeledData = labelled;
-    this->display.UpdateDisplay();
-    EXPECT_EQ(grid.rowAxis().frozen(), 1);
-    EXPECT_EQ(grid.colAxis().frozen(), labelled ? 2 : 1);
+  for (const bool labelled : {false, true}) {
+    state.bLabeledData = labelled;
+    for (const TableContent& table : {dataList(state), residualList(state)}) {
+      EXPECT_EQ(table.fixedColumns, labelled ? 2 : 1);
+      EXPECT_EQ(table.caseOf(1), 0);
+      EXPECT_EQ(table.caseOf(2), 1);
+      EXPECT_EQ(table.caseOf(14), 13);
+    }
+    EXPECT_EQ(dataList(state).caseOf(15), 0) << "below";
   }
 }
 
-TYPED_TEST(CaseListDisplayTest, ShowsNoCaseThatTheRecordDoesNotHold) {
-  this->state.iNumCases = 20;
-  RedimDataArrays(this->state);
-  this->state.iModelCol[1] = 1;
-  this->display.UpdateDisplay();
-  EXPECT_LE(this->display.grid().maxRows(), 4);
-  this->state = AnalysisState{};
-  this->display.UpdateDisplay();
-  EXPECT_EQ(this->display.grid().text(1, 1), "Case");
-}
-
-TEST(DataListDisplayTest, RowsBelowAreLowUnlessTheyExplain) {
-  HeadlessDesktop desktop;
-  UnattendedHost host;
-  AnalysisState state = valuesOf({10, 10});
-  frmDataList display(desktop, state, host);
-  const auto pixelsOf = [&](int row) { return display.grid().rowHeight(row) / twipsPerPixel; };
-  display.reportInnerSize({pixels(60), pixels(50)});  // too small: no room is spread
-  const float low = std::round(pixelsOf(2) / 6);
-  EXPECT_THAT((std::vector{pixelsOf(4), pixelsOf(5), pixelsOf(6)}), ElementsAre(low, low, low));
-  state.sData(2, 1) = 17;
-  display.UpdateDisplay();
-  EXPECT_THAT((std::vector{pixelsOf(4), pixelsOf(5), pixelsOf(6)}),
-              ElementsAre(low, pixelsOf(1), low));
+TEST(CaseLists, ShowNoCaseThatTheRecordDoesNotHold) {
+  AnalysisState state = cementAnalysis(true);
+  state.iNumCases = 20;
+  RedimDataArrays(state);
+  state.iModelCol[1] = 1;
+  for (const AnalysisState& record : {state, AnalysisState{}})
+    for (const TableContent& table : {dataList(record), residualList(record)}) {
+      EXPECT_LE(table.rows(), 4);
+      EXPECT_EQ(table.at(1, 1).text, "Case");
+    }
 }
 
 }  // namespace

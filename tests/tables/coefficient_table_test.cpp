@@ -18,19 +18,19 @@ using testing::ElementsAre;
 
 enum Column { name = 1, estimate, stdError, tValue, pValue, vif, lower, upper };
 
-Sheet sheetOf(const AnalysisState& state) { return coefficientSheet(termEstimates(state)); }
+TableContent sheetOf(const AnalysisState& state) { return coefficientTable(termEstimates(state)); }
 
 // One term for each p, or for each VIF where they are given.
-Sheet sheetWithP(const std::vector<float>& p) {
+TableContent sheetWithP(const std::vector<float>& p) {
   std::vector<TermEstimate> terms;
   for (const float sP : p) terms.push_back({.tName = "X", .sCoefP = sP, .sVIF = 1.0F});
-  return coefficientSheet(terms);
+  return coefficientTable(terms);
 }
 
 // The figures are those of R 4.2: summary(lm(...)), confint, and 1 / (1 - R-squared) of the
 // auxiliary regressions.
 TEST(CoefficientTableTest, CementWithIntercept) {
-  const Sheet sheet = sheetOf(cementAnalysis(true));
+  const TableContent sheet = sheetOf(cementAnalysis(true));
   ASSERT_EQ(sheet.rows(), 9);
   EXPECT_THAT(rowTexts(sheet, 1), ElementsAre("Variable", "Est Coeff", "Std Error", "t", "P", "VIF",
                                               "95% Lower", "95% Upper"));
@@ -45,7 +45,7 @@ TEST(CoefficientTableTest, CementWithIntercept) {
 }
 
 TEST(CoefficientTableTest, CementWithoutIntercept) {
-  const Sheet sheet = sheetOf(cementAnalysis(false));
+  const TableContent sheet = sheetOf(cementAnalysis(false));
   ASSERT_EQ(sheet.rows(), 8);
   EXPECT_THAT(rowTexts(sheet, 2), ElementsAre("Aluminate", "2.193", "0.1853", "11.84", "0.000",
                                               "38.5", "1.774", "2.612"));
@@ -64,20 +64,20 @@ TEST(CoefficientTableTest, LimitsAreFormedInSinglePrecision) {
 }
 
 TEST(CoefficientTableTest, LooksOfTheCells) {
-  const Sheet sheet = sheetWithP({0.5F, 0.5F});
+  const TableContent sheet = sheetWithP({0.5F, 0.5F});
   for (int row = 1; row <= sheet.rows(); ++row)
     for (int col = name; col <= upper; ++col) {
       const bool isFrame = row == 1 || col == name || row > 3;
       EXPECT_EQ(backOf(sheet, row, col), isFrame ? colours::buttonFace : colours::white);
-      EXPECT_EQ(sheet.at(row, col).style.fore, isFrame ? colours::buttonText : colours::black);
+      EXPECT_EQ(isFramed(sheet.at(row, col)), isFrame);
       if (row >= 2 && row <= 3) {
-        EXPECT_EQ(sheet.at(row, col).style.align, col == name ? Align::left : Align::right);
+        EXPECT_EQ(sheet.at(row, col).align, col == name ? Align::left : Align::right);
       }
     }
 }
 
 TEST(CoefficientTableTest, PIsColouredStrictlyBelowItsLevels) {
-  const Sheet sheet = sheetWithP({0.00999F, 0.01F, 0.04999F, 0.05F, NAN});
+  const TableContent sheet = sheetWithP({0.00999F, 0.01F, 0.04999F, 0.05F, NAN});
   EXPECT_EQ(backOf(sheet, 2, pValue), colours::cyan);
   EXPECT_EQ(backOf(sheet, 3, pValue), colours::green);
   EXPECT_EQ(backOf(sheet, 4, pValue), colours::green);
@@ -104,13 +104,13 @@ TEST(CoefficientTableTest, TheLegendExplainsTheColoursThatOccur) {
        colours::green},
   };
   for (const Case& one : cases) {
-    const Sheet sheet = sheetWithP(one.p);
+    const TableContent sheet = sheetWithP(one.p);
     const int legend = sheet.rows() - 1;
     EXPECT_EQ(rowTexts(sheet, legend), one.legend);
     EXPECT_EQ(backOf(sheet, legend, stdError), one.inColumn3);
     EXPECT_EQ(backOf(sheet, legend, pValue), one.inColumn5);
-    const bool isMarked = one.inColumn5 != face;
-    EXPECT_EQ(sheet.at(legend, pValue).style.fore, isMarked ? colours::black : colours::buttonText);
+    EXPECT_EQ(sheet.at(legend, pValue).role,
+              one.inColumn5 == face ? CellRole::frame : CellRole::key);
   }
 }
 
@@ -118,7 +118,7 @@ TEST(CoefficientTableTest, VIFFormsAndMarks) {
   std::vector<TermEstimate> terms;
   for (const float sVIF : {10.0F, 10.01F, 999.98F, 999.999F})
     terms.push_back({.tName = "X", .sCoefP = 0.5F, .sVIF = sVIF});
-  const Sheet sheet = coefficientSheet(terms);
+  const TableContent sheet = coefficientTable(terms);
   EXPECT_EQ(sheet.at(2, vif).text, "10.0");
   EXPECT_EQ(backOf(sheet, 2, vif), colours::white);
   EXPECT_EQ(sheet.at(3, vif).text, "10.0");
@@ -133,14 +133,14 @@ TEST(CoefficientTableTest, WhichTermsHaveAVIF) {
   EXPECT_EQ(sheetOf(bareAnalysis(10, 1, false)).at(2, vif).text, "0.0");
   AnalysisState state = bareAnalysis(10, 2, true);
   state.sVIF = {0, 3, 4};
-  const Sheet sheet = sheetOf(state);
+  const TableContent sheet = sheetOf(state);
   EXPECT_EQ(sheet.at(2, vif).text, "---");
   EXPECT_EQ(sheet.at(3, vif).text, "3.0");
   EXPECT_EQ(sheet.at(4, vif).text, "4.0");
 }
 
 TEST(CoefficientTableTest, NoDegreesOfFreedomLeaveTheLimitsOpen) {
-  const Sheet sheet = sheetOf(bareAnalysis(2, 1, true));
+  const TableContent sheet = sheetOf(bareAnalysis(2, 1, true));
   EXPECT_EQ(sheet.at(2, lower).text, "NA");
   EXPECT_EQ(sheet.at(2, upper).text, "NA");
 }

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "engine/pipeline.h"
-#include "platform/grid/sheet.h"
 #include "support/recorded_messages.h"
 #include "support/regression_data.h"
+#include "tables/table_content.h"
 
 namespace tolmer::test {
 
@@ -47,12 +47,14 @@ inline AnalysisState bareAnalysis(int iNumCases, int iNumPredictors, bool bUseIn
   return state;
 }
 
-inline std::vector<std::string> rowTexts(const Sheet& sheet, int row) {
+inline std::vector<std::string> rowTexts(const TableContent& table, int row) {
   std::vector<std::string> texts;
-  for (int col = 1; col <= sheet.cols(); ++col) texts.push_back(sheet.at(row, col).text);
+  for (const TableCell& cell : table.row(row)) texts.push_back(cell.text);
   return texts;
 }
 
-inline Colour backOf(const Sheet& sheet, int row, int col) { return sheet.at(row, col).style.back; }
+inline Colour backOf(const TableContent& table, int row, int col) {
+  return tolmer::backOf(table.at(row, col));
+}
 
 }  // namespace tolmer::test

@@ -54,6 +54,7 @@ constexpr int symbolSizeFor(int points) {
 struct GraphPoint {
   float x = 0;
   float value = 0;
+  int iCase = 0;  // from 1; 0 where it belongs to none
 };
 
 struct GraphSettings {

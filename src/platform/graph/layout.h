@@ -4,10 +4,11 @@
 #pragma once
 
 #include <array>
+#include <string>
 
 #include "platform/graph/graph_settings.h"
 #include "platform/graph/picture.h"
-#include "platform/graph/plot_axes.h"
+#include "platform/graph/plot_scales.h"
 
 namespace tolmer {
 
@@ -32,5 +33,12 @@ GraphLayout layOut(const GraphSettings& settings, const GraphDesign& design, Vie
 
 // Base line of a tick label that is centred on a height.
 double centredBaseline(double y, double pixels);
+
+// In view units, in the font of graphs.
+double labelWidth(const std::string& label, double pixels);
+
+// The text cut to that width, in whole characters with an ellipsis at the end; unchanged if it
+// fits.
+std::string fitText(const std::string& text, double pixels, double width);
 
 }  // namespace tolmer

@@ -1,15 +1,29 @@
 #include "platform/graph/picture.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstddef>
 #include <utility>
 
-#include "platform/graph/clip.h"
-#include "platform/graph/palette.h"
 #include "platform/text_metrics.h"
 
 namespace tolmer {
 namespace {
+
+// The customary order of 16 colours. Blue and red are chosen for at least 5 : 1 against white and a
+// wide distance under red-green blindness, grey to be seen at all as a thin line (2.2 : 1).
+constexpr std::array<Colour, 16> colours16{
+    Colour::rgb(0x00, 0x00, 0x00), Colour::rgb(0x00, 0x00, 0x8B), Colour::rgb(0x00, 0x64, 0x00),
+    Colour::rgb(0x00, 0x6E, 0x7F), Colour::rgb(0x8B, 0x00, 0x00), Colour::rgb(0x7A, 0x00, 0x7A),
+    Colour::rgb(0x7A, 0x4A, 0x00), Colour::rgb(0xB0, 0xB0, 0xB0), Colour::rgb(0x60, 0x60, 0x60),
+    Colour::rgb(0x1A, 0x4F, 0xE0), Colour::rgb(0x1B, 0x8A, 0x2F), Colour::rgb(0x00, 0x96, 0xA8),
+    Colour::rgb(0xD9, 0x1E, 0x18), Colour::rgb(0xC0, 0x2A, 0xC0), Colour::rgb(0xC8, 0x9B, 0x00),
+    Colour::rgb(0xFF, 0xFF, 0xFF)};
+
+int onWhite(int channel, double share) {
+  return static_cast<int>(std::lround(255 + (channel - 255) * share));
+}
 
 // Heights of ascenders and depths of descenders of Liberation Serif, in parts of the font size.
 constexpr double ascent = 0.70;
@@ -48,7 +62,50 @@ bool goesOn(const LinePrimitive& line, const LinePrimitive& next) {
          !line.isClosed() && line.points.back() == next.points.front();
 }
 
+// Cuts off what lies below a level of one coordinate, or above it for side -1. False if nothing is
+// left. The cut end gets the level itself, which keeps ends far away from rounding errors.
+bool cutAt(double level, double side, double ViewPoint::*along, double ViewPoint::*across,
+           ViewPoint& a, ViewPoint& b) {
+  const bool aIsOut = (a.*along - level) * side < 0;
+  const bool bIsOut = (b.*along - level) * side < 0;
+  if (aIsOut && bIsOut) return false;
+  if (!aIsOut && !bIsOut) return true;
+  const double share = (level - a.*along) / (b.*along - a.*along);
+  const double other = a.*across + share * (b.*across - a.*across);
+  ViewPoint& outer = aIsOut ? a : b;
+  outer.*along = level;
+  outer.*across = other;
+  return true;
+}
+
+// Where lines may run: the plot area with its headroom, and one unit more for the width of lines
+// along its edges.
+ViewRect lineArea(const Picture& picture) {
+  const ViewRect& plot = picture.plot;
+  return {plot.left - 1, plot.bottom - 1, plot.width + 2, plot.height + picture.headroom + 2};
+}
+
+// Leaves the part of a segment inside the area; False if there is none or the segment is not
+// finite.
+bool clip(ViewPoint& a, ViewPoint& b, const ViewRect& area) {
+  if (!std::isfinite(b.x - a.x) || !std::isfinite(b.y - a.y)) return false;
+  return cutAt(area.left, 1, &ViewPoint::x, &ViewPoint::y, a, b) &&
+         cutAt(area.right(), -1, &ViewPoint::x, &ViewPoint::y, a, b) &&
+         cutAt(area.bottom, 1, &ViewPoint::y, &ViewPoint::x, a, b) &&
+         cutAt(area.top(), -1, &ViewPoint::y, &ViewPoint::x, a, b);
+}
+
 }  // namespace
+
+Colour paletteColour(int index) {
+  if (index < 0 || index >= static_cast<int>(colours16.size())) return colours::black;
+  return colours16[static_cast<std::size_t>(index)];
+}
+
+Colour tint(Colour colour, double share) {
+  return Colour::rgb(onWhite(colour.red, share), onWhite(colour.green, share),
+                     onWhite(colour.blue, share));
+}
 
 BoxPrimitive tintedBox(const ViewRect& place, int colour) {
   const Colour full = paletteColour(colour);

@@ -1,4 +1,5 @@
-// The primitives that follow from the settings alone: frame, tick marks, labels, titles, points.
+// The primitives that follow from the settings alone: frame, tick marks, labels, titles, and the
+// points as symbols, as a line through them, as bars, with their regression line.
 #pragma once
 
 #include "platform/graph/graph_settings.h"

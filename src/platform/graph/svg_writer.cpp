@@ -4,7 +4,6 @@
 #include <charconv>
 
 #include "base/markup_text.h"
-#include "platform/graph/palette.h"
 #include "platform/graph/screen_geometry.h"
 
 namespace tolmer {

@@ -26,12 +26,6 @@ namespace {
 // A menu bar takes this much of the frame, as on the screen.
 constexpr Twips menuBarHeight = pixels(22);
 
-Answer firstButton(MessageButtons buttons) {
-  const bool isYes =
-      buttons == MessageButtons::yesNo || buttons == MessageButtons::saveDontSaveCancel;
-  return isYes ? Answer::yes : Answer::ok;
-}
-
 // Keeps the list of modal windows right when an exception leaves the loop.
 class ModalEntry {
  public:

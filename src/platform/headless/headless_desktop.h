@@ -1,4 +1,4 @@
-// A desktop without a screen: for the report and for tests.
+// A desktop without a screen: for tests.
 #pragma once
 
 #include <functional>
@@ -8,12 +8,6 @@
 #include "platform/desktop.h"
 
 namespace tolmer {
-
-// A message box that was shown, and the answer it got.
-struct AnsweredBox {
-  MessageBox box;
-  Answer answer = Answer::ok;
-};
 
 // Its clock is virtual: time passes in modal loops, where nothing else is left to do, and when
 // advance is called. Nothing ever hangs: a modal window that nobody closes is an exception that

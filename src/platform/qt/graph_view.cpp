@@ -20,8 +20,6 @@ namespace {
 // Share of the full colour inside open circles, translucent so that dense points show.
 constexpr float symbolFill = 0.25F;
 
-constexpr double pixelsPerMetre = 96 / 0.0254;
-
 QColor screenColour(Colour colour) { return {colour.red, colour.green, colour.blue}; }
 
 // Without kerning and hinting the widths are those of the tables that the layout was made with.
@@ -151,7 +149,7 @@ void GraphView::refresh(Change what) {
 void GraphView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::white);
-  paintPicture(painter, graph_.picture());
+  paintPicture(painter, graph_.plot().picture());
   if (!focusByKey_) return;
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setBrush(Qt::NoBrush);
@@ -196,18 +194,6 @@ void paintPicture(QPainter& painter, const Picture& picture) {
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
   for (const Primitive& primitive : picture.primitives)
     std::visit(PrimitivePainter{painter, picture.size}, primitive);
-}
-
-QImage paintGraph(const Graph& graph, double scale) {
-  const ViewSize& size = graph.picture().size;
-  QImage image(qCeil(size.width * scale), qCeil(size.height * scale), QImage::Format_RGB32);
-  image.setDevicePixelRatio(scale);
-  image.setDotsPerMeterX(qRound(pixelsPerMetre * scale));
-  image.setDotsPerMeterY(qRound(pixelsPerMetre * scale));
-  image.fill(Qt::white);
-  QPainter painter(&image);
-  paintPicture(painter, graph.picture());
-  return image;
 }
 
 }  // namespace tolmer

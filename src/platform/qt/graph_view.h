@@ -1,7 +1,6 @@
 // A graph on the screen.
 #pragma once
 
-#include <QImage>
 #include <QWidget>
 #include <functional>
 
@@ -41,9 +40,5 @@ class GraphView : public QWidget {
 
 // Draws the list on a painter whose unit is the logical pixel.
 void paintPicture(QPainter& painter, const Picture& picture);
-
-// The picture on white, `scale` device pixels to the logical one, its resolution stated so that it
-// is pasted at its size on the screen.
-QImage paintGraph(const Graph& graph, double scale);
 
 }  // namespace tolmer

@@ -1,0 +1,211 @@
+#include "displays/display_list.h"
+
+#include <algorithm>
+#include <array>
+
+#include "graphs/residual_plots.h"
+#include "graphs/scatter_plot.h"
+#include "graphs/vif_chart.h"
+#include "state/model_variables.h"
+#include "tables/anova_table.h"
+#include "tables/case_lists.h"
+#include "tables/coefficient_table.h"
+#include "tables/variable_tables.h"
+
+namespace tolmer {
+namespace {
+
+template <int iNumber>
+GraphContent scatterPlotOf(const AnalysisState& state, ViewSize size, MessagePort& messages) {
+  return scatterPlot(state, iNumber, size, messages);
+}
+
+TableContent coefficients(const AnalysisState& state) { return coefficientTable(state); }
+
+constexpr std::array list = {
+    Display{{graphDisplays, 1},
+            "frmResidHist",
+            "gphResidHist",
+            "Histogram of Residuals",
+            "&Residual Histogram",
+            "&Residual Histogram",
+            8,
+            residualHistogram},
+    Display{{graphDisplays, 2},
+            "frmStdResidHist",
+            "gphStdResidHist",
+            "Histogram of Standardized Residuals",
+            "Residual &Standardized Histogram",
+            "Residual &Standardized Histogram",
+            9,
+            standardizedHistogram},
+    Display{{graphDisplays, 3},
+            "frmProbPlot",
+            "gphProbPlot",
+            "Normality Plot for Residuals",
+            "Residual &Normality Plot",
+            "Residual &Normality Plot",
+            10,
+            normalityPlot},
+    Display{{graphDisplays, 4},
+            "frmVIFPlot",
+            "gphVIF",
+            "Variance Inflation Factors",
+            "&VIF Chart",
+            "&VIF Plot",
+            11,
+            vifChart,
+            false,
+            true},
+    Display{{scatterDisplays, 1},
+            "frmScatterPlot1",
+            "gphScatter",
+            "Scatter Plot 1",
+            "Scatter Plot &1",
+            "Scatter Plot &1",
+            12,
+            scatterPlotOf<1>},
+    Display{{scatterDisplays, 2},
+            "frmScatterPlot2",
+            "gphScatter",
+            "Scatter Plot 2",
+            "Scatter Plot &2",
+            "Scatter Plot &2",
+            13,
+            scatterPlotOf<2>},
+    Display{{scatterDisplays, 3},
+            "frmScatterPlot3",
+            "gphScatter",
+            "Scatter Plot 3",
+            "Scatter Plot &3",
+            "Scatter Plot &3",
+            14,
+            scatterPlotOf<3>},
+    Display{{tableDisplays, 1},
+            "frmEstCoef",
+            "spdEstCoef",
+            "Estimated Coefficients",
+            "&Estimated Coefficients",
+            "&Estimated Coefficients",
+            3,
+            coefficients},
+    Display{{tableDisplays, 2},
+            "frmANOVA",
+            "spdANOVA",
+            "ANOVA Table",
+            "&ANOVA Calculations",
+            "&ANOVA Table",
+            2,
+            anovaTable},
+    Display{{tableDisplays, 3},
+            "frmResidList",
+            "spdResidList",
+            "Residual List",
+            "&Residual List",
+            "&Residual List",
+            6,
+            residualList,
+            true},
+    Display{{tableDisplays, 4},
+            "frmDataList",
+            "spdDataList",
+            "Data List",
+            "&Data List",
+            "&Data List",
+            7,
+            dataList,
+            true},
+    Display{{tableDisplays, 5},
+            "frmCorrMatrix",
+            "spdCorrMatrix",
+            "Correlation Matrix",
+            "&Correlation Matrix",
+            "&Correlation matrix",
+            5,
+            correlationTable},
+    Display{{tableDisplays, 6},
+            "frmDescStats",
+            "spdDescStats",
+            "Descriptive Statistics",
+            "Descriptive &Statistics",
+            "Descriptive &Statistics",
+            4,
+            descriptionTable},
+    Display{{textDisplays, 1},
+            "frmInterpretation",
+            "txtInterpretation",
+            "Interpretation",
+            "&Interpretation",
+            "&Interpretation",
+            1,
+            interpretation},
+};
+
+template <class Condition>
+const Display* find(const Condition& condition) {
+  const auto* found = std::find_if(list.begin(), list.end(), condition);
+  return found == list.end() ? nullptr : found;
+}
+
+struct ContentMaker {
+  const AnalysisState& state;
+  ViewSize size;
+  MessagePort& messages;
+
+  DisplayContent operator()(TableMaker make) const { return make(state); }
+  DisplayContent operator()(TextMaker make) const { return make(state); }
+  DisplayContent operator()(GraphMaker make) const {
+    if (!hasFit(state)) return GraphContent{};
+    GraphContent content = make(state, size, messages);
+    if (state.Fit.bSingular) content.description.insert(0, "No valid fit. ");
+    return content;
+  }
+};
+
+}  // namespace
+
+std::span<const Display> displayList() { return list; }
+
+const Display* findDisplay(DisplayId id) {
+  return find([id](const Display& display) { return display.id == id; });
+}
+
+const Display* findDisplay(std::string_view form) {
+  return find([form](const Display& display) { return display.form == form; });
+}
+
+std::vector<const Display*> inReadingOrder() {
+  std::vector<const Display*> displays;
+  for (const Display& display : list) displays.push_back(&display);
+  std::stable_sort(displays.begin(), displays.end(), [](const Display* one, const Display* other) {
+    return one->readingPlace < other->readingPlace;
+  });
+  return displays;
+}
+
+bool hasFit(const AnalysisState& state) { return state.iCompletedFits > 0 && isAnalysed(state); }
+
+std::string titleOf(const Display& display, const AnalysisState& state) {
+  return display.caption + std::string(state.Fit.bSingular ? " (no valid fit)" : "");
+}
+
+DisplayContent contentOf(const Display& display, const AnalysisState& state, ViewSize size,
+                         MessagePort& messages) {
+  return std::visit(ContentMaker{state, size, messages}, display.make);
+}
+
+void InitDisplayTable(AnalysisState& state) {
+  int rows = 4;
+  int columns = 6;
+  for (const Display& display : list) {
+    rows = std::max(rows, display.id.iCategory);
+    columns = std::max(columns, display.id.iIndex);
+  }
+  state.iDisplayState.resize(rows, columns);
+  for (int category = 1; category <= rows; ++category)
+    for (int index = 1; index <= columns; ++index)
+      state.iDisplayState(category, index) =
+          findDisplay({category, index}) ? displayHidden : noSuchDisplay;
+}
+
+}  // namespace tolmer

@@ -1,0 +1,36 @@
+#include "displaywindows/display_window.h"
+
+#include "platform/desktop.h"
+
+namespace tolmer {
+
+DisplayWindow::DisplayWindow(Desktop& desktop, AnalysisState& state, DisplayHost& host,
+                             const Display& display)
+    : Window(desktop, display.form, WindowStyle::child, display.caption),
+      state_(state),
+      host_(host),
+      display_(display) {
+  QueryUnload = [this](bool& bCancel) {
+    if (!state_.bAllowUnload) bCancel = true;
+  };
+  Click = [this] { UpdateControls(); };
+  MouseUp = [this](MouseButton button) { Form_MouseUp(button); };
+}
+
+void DisplayWindow::Form_MouseUp(MouseButton button) {
+  activate();
+  if (button != MouseButton::right) return;
+  state_.frmCurrentDisplay = this;
+  host_.openDisplayMenu();
+}
+
+void DisplayWindow::UpdateDisplay() {
+  setCaption(titleOf(display_, state_));
+  drawDisplay();
+}
+
+DisplayContent DisplayWindow::content(ViewSize size) {
+  return contentOf(display_, state_, size, desktop());
+}
+
+}  // namespace tolmer

@@ -1,0 +1,98 @@
+#include "displaywindows/table_window.h"
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+#include "platform/desktop.h"
+#include "platform/grid/grid_copy.h"
+#include "platform/grid/grid_fit.h"
+#include "platform/text_metrics.h"
+
+namespace tolmer {
+namespace {
+
+constexpr float largestLetters = 18;  // pixels
+constexpr float roomToGrow = 2;       // the table in larger letters takes at most half the room
+
+}  // namespace
+
+Sheet gridSheet(const TableContent& table) {
+  Sheet sheet(table.rows(), table.cols());
+  for (int row = 1; row <= table.rows(); ++row)
+    for (int col = 1; col <= table.cols(); ++col) {
+      const TableCell& from = table.at(row, col);
+      Cell& cell = sheet.at(row, col);
+      cell.text = from.text;
+      cell.style.align = from.align;
+      cell.style.heading = from.role == CellRole::heading;
+      cell.style.back = backOf(from);
+      if (isFramed(from)) cell.style.fore = colours::buttonText;
+    }
+  return sheet;
+}
+
+TableWindow::TableWindow(Desktop& desktop, AnalysisState& state, DisplayHost& host,
+                         const Display& display)
+    : DisplayWindow(desktop, state, host, display), grid_(this, display.control) {
+  grid_.setSelectionMode(SelectionMode::none);
+  grid_.setAccessibleName(display.caption);
+  grid_.Click = [this](CellPosition) { UpdateControls(); };
+  grid_.MouseUp = [this](MouseButton button) { Form_MouseUp(button); };
+  Resize = [this] { Form_Resize(); };
+}
+
+void TableWindow::Form_Resize() {
+  if (state_.bStartingUp) return;
+  PositionControls();
+  UpdateDisplay();
+}
+
+void TableWindow::PositionControls() { grid_.setPlace({0, 0, innerWidth(), innerHeight()}); }
+
+void TableWindow::drawDisplay() {
+  table_ = std::get<TableContent>(content());
+  RedrawLock lock(grid_);
+  grid_.setScrollBars(ScrollBars::none);
+  grid_.setSheet(gridSheet(table_));
+  grid_.freeze(1, table_.fixedColumns);
+  chooseFont();
+  fillRoom(grid_, {innerWidth(), innerHeight()}, desktop().scrollBarThickness());
+  PositionControls();
+}
+
+// A small table in a large window, such as a maximised one, is set in larger letters: the room that
+// is left over would only drive its figures apart.
+void TableWindow::chooseFont() {
+  const Font standard;
+  grid_.setFont(standard);
+  fitRowsAndColumns();
+  const Size content = grid_.contentSize();
+  const float room = std::min(innerWidth() / content.width, innerHeight() / content.height);
+  const float twoPixelSteps = std::floor(standard.pixels * room / roomToGrow / 2);
+  const float size = std::min(2 * twoPixelSteps, largestLetters);
+  if (size <= standard.pixels) return;
+  grid_.setFont({standard.family, size});
+  fitRowsAndColumns();
+}
+
+void TableWindow::fitRowsAndColumns() {
+  for (int row = 1; row <= grid_.maxRows(); ++row)
+    grid_.setRowHeight(row, std::max(grid_.tallestText(row), lowestTableRow));
+  if (table_.frameShare > 1) lowerFrame();
+  const auto blank = static_cast<float>(std::ceil(textWidth(grid_.font(), " ")));
+  for (int col = 1; col <= grid_.maxCols(); ++col)
+    grid_.setColWidth(col, grid_.widestText(col) + pixels(blank));
+}
+
+// In whole pixels.
+void TableWindow::lowerFrame() {
+  const Twips height = grid_.rowHeight(1) / static_cast<float>(table_.frameShare);
+  const Twips low = pixels(std::round(height / twipsPerPixel));
+  for (int row = 1; row <= table_.rows(); ++row)
+    if (table_.isFrame(row)) grid_.setRowHeight(row, low);
+}
+
+void TableWindow::CopyGraph() { desktop().setClipboard(copyOf(gridSheet(table_))); }
+
+}  // namespace tolmer

@@ -1,0 +1,27 @@
+// What a graph display says, apart from any window: a plot of some size, and the same in words.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "platform/graph/plot.h"
+
+namespace tolmer {
+
+// A bar, also one too short to be drawn.
+struct PlottedBar {
+  std::string label;       // the name of a predictor, or the lower limit of a class
+  std::string upperLimit;  // of a class; empty for a predictor
+  double length = 0;       // on the value axis
+  std::string figure;      // what the length stands for
+  std::vector<int> cases;  // in rising order, from 1; none for a predictor
+  ViewRect place;          // of a class, where it is drawn; of no size where it is not
+};
+
+struct GraphContent {
+  Plot plot;
+  std::string description;  // for those who cannot see it
+  std::vector<PlottedBar> bars;
+};
+
+}  // namespace tolmer

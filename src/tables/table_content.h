@@ -1,0 +1,106 @@
+// What a table display says, cell by cell, apart from any window: texts, what they are, and what
+// they are marked for. Looks and colours follow from that.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <span>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "platform/look.h"
+
+namespace tolmer {
+
+enum class CellRole : std::uint8_t {
+  empty,
+  frame,    // empty, of a row that divides or surrounds the table
+  heading,  // names a column or a row
+  figure,
+  text,
+  key,  // tells what a mark means
+};
+
+enum class CellMark : std::uint8_t {
+  none,
+  itself,  // a variable's correlation with itself
+  pBelow01,
+  pBelow05,
+  highVIF,
+  outlier,
+  beyond2SE,  // residuals of more than so many standard errors
+  beyond3SE,
+  beyond4SE,
+};
+
+struct TableCell {
+  std::string text{};
+  CellRole role = CellRole::empty;
+  CellMark mark = CellMark::none;
+  Align align = Align::left;
+};
+
+// Whether it has the look of the table's frame, not of its body.
+bool isFramed(const TableCell& cell);
+// The colour of its mark, of the frame, or white.
+Colour backOf(const TableCell& cell);
+
+// Rows and columns count from 1. The first row holds the headings of the columns.
+class TableContent {
+ public:
+  TableContent() = default;
+  TableContent(int rows, int cols)
+      : cols_(cols),
+        cells_(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols)),
+        cases_(static_cast<std::size_t>(rows)) {}
+
+  int rows() const { return static_cast<int>(cases_.size()); }
+  int cols() const { return cols_; }
+  TableCell& at(int row, int col) { return cells_[index(row) + static_cast<std::size_t>(col) - 1]; }
+  const TableCell& at(int row, int col) const {
+    return cells_[index(row) + static_cast<std::size_t>(col) - 1];
+  }
+  std::span<const TableCell> row(int row) const {
+    return std::span(cells_).subspan(index(row), static_cast<std::size_t>(cols_));
+  }
+  // The case that a row tells of, from 1; 0 where it tells of none.
+  int caseOf(int row) const { return cases_[static_cast<std::size_t>(row) - 1]; }
+  void setCase(int row, int iCase) { cases_[static_cast<std::size_t>(row) - 1] = iCase; }
+
+  void heading(int row, int col, std::string text, Align align) {
+    at(row, col) = {std::move(text), CellRole::heading, CellMark::none, align};
+  }
+  void text(int row, int col, std::string text, Align align) {
+    at(row, col) = {std::move(text), CellRole::text, CellMark::none, align};
+  }
+  void figure(int row, int col, std::string text, Align align, CellMark mark = CellMark::none) {
+    at(row, col) = {std::move(text), CellRole::figure, mark, align};
+  }
+  void frame(int row);
+  bool isFrame(int row) const;  // and nothing else
+
+  // The last three rows surround the table; the middle one of them has room for the key.
+  static constexpr int rowsBelow = 3;
+  void frameRowsBelow();
+  bool has(CellMark mark) const;
+  // What the mark means, in that column of the key, if some cell bears it.
+  void key(int col, CellMark mark, Align align = Align::centre);
+
+  int fixedColumns = 1;  // at the left, stay when the others are scrolled
+  int frameShare = 1;    // rows of the frame alone have that part of the height of others
+
+ private:
+  std::size_t index(int row) const {
+    return (static_cast<std::size_t>(row) - 1) * static_cast<std::size_t>(cols_);
+  }
+
+  int cols_ = 0;
+  std::vector<TableCell> cells_;
+  std::vector<int> cases_;
+};
+
+// The first ten characters of a variable's name, where its column (row) has no room for more.
+std::string shortened(const std::string& tName);
+
+}  // namespace tolmer
