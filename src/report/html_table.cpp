@@ -37,7 +37,7 @@ std::string element(std::string_view tag, std::string_view attributes, std::stri
                     const TableCell& cell) {
   std::string html = "<" + std::string(tag) + std::string(attributes);
   if (!classes.empty()) html += " class=\"" + std::string(classes) + "\"";
-  if (isColoured(cell)) html += " style=\"background:" + backName(cell) + "\"";
+  if (isColoured(cell)) html += " style=\"background:" + std::string(backName(cell)) + "\"";
   return html + ">" + markupText(cell.text) + "</" + std::string(tag) + ">";
 }
 
@@ -148,8 +148,8 @@ class TableWriter {
     std::string html = "<p class=\"key\">Key: ";
     for (const TableCell& word : parts_.key) {
       if (&word != &parts_.key.front()) html += " ";
-      html +=
-          "<span style=\"background:" + backName(word) + "\">" + markupText(word.text) + "</span>";
+      html += "<span style=\"background:" + std::string(backName(word)) + "\">" +
+              markupText(word.text) + "</span>";
     }
     return html + "</p>\n";
   }

@@ -53,11 +53,8 @@ void JsonWriter::beforeElement() {
   }
   if (levels_.empty()) return;
   Level& level = levels_.back();
-  if (!level.empty) text_ += ',';
-  if (level.lines)
-    newLine();
-  else if (!level.empty)
-    text_ += ' ';
+  if (!level.empty) text_ += level.lines ? "," : ", ";
+  if (level.lines) newLine();
   level.empty = false;
 }
 
@@ -106,6 +103,12 @@ void JsonWriter::value(double number) {
 }
 
 void JsonWriter::quote(std::string_view text) {
+  if (std::none_of(text.begin(), text.end(), mustBeEscaped)) {
+    const std::size_t begin = text_.size();
+    text_.resize(begin + text.size() + 2, '"');
+    text.copy(&text_[begin + 1], text.size());
+    return;
+  }
   text_ += '"';
   while (!text.empty()) {
     const auto plain =

@@ -1,12 +1,20 @@
 #include "report/table_parts.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <numeric>
 #include <string_view>
+#include <utility>
 
 namespace tolmer {
 namespace {
+
+constexpr std::array<std::pair<Colour, std::string_view>, 4> colourNames = {
+    {{colours::cyan, "#00FFFF"},
+     {colours::green, "#00FF00"},
+     {colours::yellow, "#FFFF00"},
+     {colours::red, "#FF0000"}}};
 
 bool holdsWords(const std::vector<TableRow>& rows, std::size_t column) {
   return std::any_of(rows.begin(), rows.end(),
@@ -98,17 +106,13 @@ bool isColoured(const TableCell& cell) {
   return cell.mark != CellMark::none && cell.mark != CellMark::itself;
 }
 
-std::string backName(const TableCell& cell) {
+std::string_view backName(const TableCell& cell) {
   if (isFramed(cell)) return "face";
+  if (cell.mark == CellMark::none) return "white";
   const Colour back = backOf(cell);
-  if (back == colours::white) return "white";
-  constexpr std::string_view hex = "0123456789ABCDEF";
-  std::string name = "#";
-  for (const unsigned part : {back.red, back.green, back.blue}) {
-    name += hex[part >> 4U];
-    name += hex[part & 15U];
-  }
-  return name;
+  for (const auto& [colour, name] : colourNames)
+    if (colour == back) return name;
+  return "white";
 }
 
 TableParts partsOf(const TableContent& table) {

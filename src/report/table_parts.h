@@ -2,7 +2,7 @@
 #pragma once
 
 #include <cstddef>
-#include <string>
+#include <string_view>
 #include <vector>
 
 #include "tables/table_content.h"
@@ -31,7 +31,7 @@ TableParts partsOf(const TableContent& table);
 bool isColoured(const TableCell& cell);
 
 // "white", "face" for the look of headings, or "#RRGGBB".
-std::string backName(const TableCell& cell);
+std::string_view backName(const TableCell& cell);
 
 // Columns that stand side by side, counted from 0.
 using ColumnBlock = std::vector<std::size_t>;
