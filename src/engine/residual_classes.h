@@ -15,8 +15,8 @@ void SortResiduals(AnalysisState& state);
 // from the least residual to just beyond the largest.
 void SetResidClasses(AnalysisState& state);
 
-// The class of a residual among sResidClassLimit, 0 for one outside of all: classes are closed below
-// and open above.
+// The class of a residual among sResidClassLimit, 0 for one outside of all: classes are closed
+// below and open above.
 int residClassOf(const AnalysisState& state, float sResid);
 // Among the eight classes of TallyStdResids; 0 for one without a standardised value.
 int stdResidClassOf(const AnalysisState& state, float sResid);
