@@ -120,13 +120,19 @@ std::string utf8FromFile(std::string bytes) {
     if (bytes.starts_with(mark))
       return utf8FromUtf16(std::string_view(bytes).substr(2), mark[0] == '\xFF');
   if (bytes.starts_with("\xEF\xBB\xBF")) bytes.erase(0, 3);
-  return isUtf8(bytes) ? bytes : utf8FromWindows1252(bytes);
+  if (!isUtf8(bytes)) return utf8FromWindows1252(bytes);
+  return bytes;
 }
 
 std::string withoutControls(std::string text) {
   const std::string_view all = text;
-  std::size_t end = 0;
-  for (std::size_t at = 0; at < all.size();) {
+  // Most texts are ASCII from end to end.
+  const auto isPlain = [](char c) {
+    return (c >= ' ' && c <= '~') || c == '\n' || c == '\r' || c == '\t';
+  };
+  auto end =
+      static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isPlain) - text.begin());
+  for (std::size_t at = end; at < all.size();) {
     const std::size_t length = characterLength(all, at);
     const bool shows = length > 0 && !acts(all.substr(at, length));
     if (!shows) text[end++] = '?';

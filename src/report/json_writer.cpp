@@ -103,7 +103,7 @@ void JsonWriter::value(double number) {
 }
 
 void JsonWriter::quote(std::string_view text) {
-  if (std::none_of(text.begin(), text.end(), mustBeEscaped)) {
+  if (std::none_of(text.begin(), text.end(), [](char c) { return mustBeEscaped(c); })) {
     const std::size_t begin = text_.size();
     text_.resize(begin + text.size() + 2, '"');
     text.copy(&text_[begin + 1], text.size());

@@ -25,11 +25,6 @@ const MarkLook& lookOf(CellMark mark) { return looks[static_cast<std::size_t>(ma
 
 }  // namespace
 
-bool isFramed(const TableCell& cell) {
-  return cell.role == CellRole::frame || cell.role == CellRole::heading ||
-         cell.mark == CellMark::itself;
-}
-
 Colour backOf(const TableCell& cell) {
   return isFramed(cell) ? colours::buttonFace : lookOf(cell.mark).back;
 }

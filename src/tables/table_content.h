@@ -42,7 +42,10 @@ struct TableCell {
 };
 
 // Whether it has the look of the table's frame, not of its body.
-bool isFramed(const TableCell& cell);
+inline bool isFramed(const TableCell& cell) {
+  return cell.role == CellRole::frame || cell.role == CellRole::heading ||
+         cell.mark == CellMark::itself;
+}
 // The colour of its mark, of the frame, or white.
 Colour backOf(const TableCell& cell);
 

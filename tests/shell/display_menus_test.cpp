@@ -33,7 +33,7 @@ class DisplayMenus : public ShippedProgram {
 };
 
 TEST_F(DisplayMenus, BringEveryDisplayIntoEveryQuadrantOnce) {
-  ASSERT_EQ(displayList().size(), 14U);
+  ASSERT_GE(displayList().size(), 14U);
   for (const bool byPopup : {true, false}) {
     for (const std::string tag : {"11", "21", "22"})
       for (const Display& display : displayList()) {
