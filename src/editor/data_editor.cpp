@@ -129,7 +129,7 @@ void frmDataEditor::wireCellMenu() {
                                     {&cellMenu.mnuCellsFillSeries, &menu.mnuEditFillSeries},
                                     {&cellMenu.mnuCellsSort, &menu.mnuOptionSort}}) {
     entry->setShortcut(like->shortcut());
-    entry->Click = [like] { like->click(); };
+    entry->Click = [same = like] { same->click(); };
   }
   cellMenu.mnuCellsClear.setShortcut({.code = keys::deleteKey});
   cellMenu.mnuCellsClear.Click = [this] { command(GridCommand::erase); };
