@@ -1,0 +1,529 @@
+#include "secondfit/orthogonal_fit.h"
+
+#include <Eigen/Eigenvalues>
+#include <Eigen/Householder>
+#include <algorithm>
+#include <cmath>
+#include <numeric>
+#include <optional>
+#include <span>
+#include <type_traits>
+
+#include "secondfit/double_double.h"
+
+namespace Eigen {
+template <>
+struct NumTraits<tolmer::DoubleDouble> : GenericNumTraits<tolmer::DoubleDouble> {
+  using Real = tolmer::DoubleDouble;
+  using NonInteger = tolmer::DoubleDouble;
+  using Literal = double;
+  enum { IsComplex = 0, IsInteger = 0, IsSigned = 1, RequireInitialization = 0 };
+  enum { ReadCost = 2, AddCost = 20, MulCost = 25 };
+  static Real epsilon() { return 0x1p-104; }
+  static Real dummy_precision() { return 0x1p-90; }
+  static Real highest() { return std::numeric_limits<double>::max(); }
+  static Real lowest() { return std::numeric_limits<double>::lowest(); }
+};
+}  // namespace Eigen
+
+namespace tolmer {
+namespace {
+
+using Eigen::Index;
+
+template <class Real>
+using MatrixOf = Eigen::Matrix<Real, Eigen::Dynamic, Eigen::Dynamic>;
+template <class Real>
+using VectorOf = Eigen::Matrix<Real, Eigen::Dynamic, 1>;
+
+// Half a unit of the last place, with the few that an operation of twice the digits may lose.
+template <class Real>
+constexpr double unit = 0x1p-53;
+template <>
+constexpr double unit<DoubleDouble> = 0x1p-101;
+
+double toDouble(double value) { return value; }
+double toDouble(DoubleDouble value) { return static_cast<double>(value); }
+
+template <class Real>
+std::vector<double> toDoubles(const VectorOf<Real>& values) {
+  std::vector<double> result(static_cast<std::size_t>(values.size()));
+  std::transform(values.begin(), values.end(), result.begin(),
+                 [](const Real& value) { return toDouble(value); });
+  return result;
+}
+
+// Long products in double go through Eigen's kernels; with twice the digits the arithmetic is what
+// takes the time, and kernels for it would only take long to compile.
+template <class Left, class Right>
+auto product(const Left& left, const Right& right) {
+  if constexpr (std::is_same_v<typename Left::Scalar, double>)
+    return (left * right).eval();
+  else
+    return left.lazyProduct(right).eval();
+}
+
+// Several reflections at once, I - V T V', that act on the rows from `first`.
+template <class Real>
+struct Reflections {
+  Index first = 0;
+  MatrixOf<Real> v;
+  MatrixOf<Real> t;
+
+  template <class Block>
+  void towardsTriangle(Block&& rows) const {
+    rows -= product(v, product(t.transpose(), product(v.transpose(), rows)));
+  }
+  template <class Block>
+  void back(Block&& rows) const {
+    rows -= product(v, product(t, product(v.transpose(), rows)));
+  }
+};
+
+// Reduces a few columns one after another and gathers their reflections.
+template <class Real, class Block>
+Reflections<Real> reduceColumns(Block block, Index first) {
+  const Index rows = block.rows();
+  const Index width = block.cols();
+  Reflections<Real> result{first, MatrixOf<Real>::Zero(rows, width),
+                           MatrixOf<Real>::Zero(width, width)};
+  VectorOf<Real> workspace(width);
+  for (Index j = 0; j < width; ++j) {
+    Real length;
+    auto column = block.col(j).tail(rows - j);
+    column.makeHouseholderInPlace(result.t(j, j), length);
+    result.v(j, j) = Real(1);
+    result.v.col(j).tail(rows - j - 1) = column.tail(rows - j - 1);
+    block.bottomRightCorner(rows - j, width - j - 1)
+        .applyHouseholderOnTheLeft(result.v.col(j).tail(rows - j - 1), result.t(j, j),
+                                   workspace.data());
+    column(0) = length;
+  }
+  const MatrixOf<Real> products = product(result.v.transpose(), result.v);
+  for (Index j = 1; j < width; ++j)
+    result.t.col(j).head(j) =
+        result.t.topLeftCorner(j, j).lazyProduct(products.col(j).head(j)) * -result.t(j, j);
+  return result;
+}
+
+// Brings the first `columns` columns of a to upper triangular form and takes the others along.
+template <class Real>
+std::vector<Reflections<Real>> triangularise(MatrixOf<Real>& a, Index columns) {
+  constexpr Index together = 16;
+  std::vector<Reflections<Real>> steps;
+  for (Index first = 0; first < columns; first += together) {
+    const Index width = std::min(together, columns - first);
+    const Index rows = a.rows() - first;
+    steps.push_back(reduceColumns<Real>(a.block(first, first, rows, width), first));
+    steps.back().towardsTriangle(a.bottomRightCorner(rows, a.cols() - first - width));
+  }
+  return steps;
+}
+
+// Brings the square part of a to upper triangular form, the column of greatest remaining length
+// next each time; the columns behind it are taken along. The order of the columns.
+template <class Real>
+std::vector<Index> pivot(MatrixOf<Real>& a) {
+  const Index k = a.rows();
+  std::vector<Index> order(static_cast<std::size_t>(k));
+  std::iota(order.begin(), order.end(), 0);
+  VectorOf<Real> workspace(a.cols());
+  for (Index j = 0; j < k; ++j) {
+    Index next = j;
+    for (Index other = j + 1; other < k; ++other)
+      if (a.col(other).tail(k - j).squaredNorm() > a.col(next).tail(k - j).squaredNorm())
+        next = other;
+    a.col(j).swap(a.col(next));
+    std::swap(order[static_cast<std::size_t>(j)], order[static_cast<std::size_t>(next)]);
+    Real factor, length;
+    VectorOf<Real> column = a.col(j).tail(k - j);
+    column.makeHouseholderInPlace(factor, length);
+    a.bottomRightCorner(k - j, a.cols() - j - 1)
+        .applyHouseholderOnTheLeft(column.tail(k - j - 1), factor, workspace.data());
+    a.col(j).tail(k - j).setZero();
+    a(j, j) = length;
+  }
+  return order;
+}
+
+// The inverse of an upper triangular matrix.
+template <class Real>
+MatrixOf<Real> invertTriangle(const MatrixOf<Real>& upper) {
+  const Index k = upper.rows();
+  MatrixOf<Real> inverse = MatrixOf<Real>::Zero(k, k);
+  for (Index j = 0; j < k; ++j) {
+    inverse(j, j) = Real(1) / upper(j, j);
+    inverse.col(j).head(j) =
+        inverse.topLeftCorner(j, j).lazyProduct(upper.col(j).head(j)) * -inverse(j, j);
+  }
+  return inverse;
+}
+
+// The largest singular value; its square is an eigenvalue that loses nothing by the squaring.
+template <class Real>
+double largestSingularValue(const MatrixOf<Real>& matrix) {
+  const MatrixOf<double> rounded = matrix.unaryExpr([](const Real& v) { return toDouble(v); });
+  const MatrixOf<double> square = product(rounded.transpose(), rounded);
+  const Eigen::SelfAdjointEigenSolver<MatrixOf<double>> solver(square, Eigen::EigenvaluesOnly);
+  return std::sqrt(solver.eigenvalues().maxCoeff());
+}
+
+// Term `column`, or the dependent variable behind the last.
+std::span<const double> columnOf(const ModelData& data, Index column) {
+  if (column == data.terms) return data.y;
+  const auto cases = static_cast<std::size_t>(data.cases);
+  return std::span(data.x).subspan(static_cast<std::size_t>(column) * cases, cases);
+}
+
+template <class Real>
+VectorOf<Real> shifted(std::span<const double> values, double shift) {
+  VectorOf<Real> result(static_cast<Index>(values.size()));
+  std::transform(values.begin(), values.end(), result.begin(),
+                 [shift](double value) { return Real(value) - Real(shift); });
+  return result;
+}
+
+template <class Real>
+Real sumOfSquaresAboutMean(const VectorOf<Real>& values, const Real& mean) {
+  return (values.array() - mean).matrix().squaredNorm();
+}
+
+// A number of single precision near the mean. Singles less it are doubles without rounding, unless
+// they are vastly smaller.
+double nearMean(std::span<const double> values) {
+  double sum = 0;
+  for (const double value : values) sum += value;
+  return static_cast<float>(sum / static_cast<double>(values.size()));
+}
+
+// The problem in one precision. Where there is an intercept, predictors and Y are taken from near
+// their means, which spans the same space and spares the digits that a great mean would cost; then
+// the columns have unit length.
+template <class Real>
+class Solver {
+ public:
+  explicit Solver(const ModelData& data);
+  OrthogonalFit fit();
+  // The terms and then the dependent variable, as in the data, in the coordinates of the triangular
+  // form, which keeps all lengths and angles.
+  MatrixOf<Real> representatives() const;
+
+ private:
+  void solve(OrthogonalFit& result) const;
+  void addCondition(OrthogonalFit& result, MatrixOf<Real> factor) const;
+  void inflate(OrthogonalFit& result) const;
+  void project(OrthogonalFit& result);
+  void addSums(OrthogonalFit& result) const;
+  MatrixOf<Real> projectionRows() const;
+  double rounding() const;
+
+  const ModelData& data_;
+  const Index n_, k_;
+  VectorOf<double> shift_;  // (k + 1) of the terms and of Y
+  VectorOf<Real> length_;   // of the shifted columns before the scaling
+  MatrixOf<Real> scaled_;   // (n, k)
+  MatrixOf<Real> reduced_;  // (n, k + 2)
+  std::vector<Reflections<Real>> steps_;
+  // The triangle, reduced once more by columns in order of their length, for rank and accuracy:
+  // then the ones and Y in the same coordinates, then the way into them.
+  MatrixOf<Real> pivoted_;  // (k, k + 2 + k)
+  std::vector<Index> order_;
+  Index rank_ = 0;
+  MatrixOf<Real> inverse_;  // (k, k) W with W W' = the inverse of the scaled X'X; of full rank only
+  VectorOf<Real> residual_;
+};
+
+// Relative error of a column by reflections: in theory n k, in practice its root or less (N. J.
+// Higham, Accuracy and Stability of Numerical Algorithms, 2nd edition 2002, theorem 19.4).
+template <class Real>
+double Solver<Real>::rounding() const {
+  return unit<Real> * 2 * (2 * static_cast<double>(k_) + std::sqrt(static_cast<double>(n_)));
+}
+
+template <class Real>
+Solver<Real>::Solver(const ModelData& data)
+    : data_(data), n_(data.cases), k_(data.terms), shift_(k_ + 1), length_(k_), scaled_(n_, k_) {
+  shift_.setZero();
+  for (Index j = 1; j <= k_ && data.intercept; ++j) shift_(j) = nearMean(columnOf(data, j));
+  for (Index j = 0; j < k_; ++j) {
+    const VectorOf<Real> column = shifted<Real>(columnOf(data, j), shift_(j));
+    const Real length = column.norm();
+    length_(j) = length > Real(0) ? length : Real(1);
+    scaled_.col(j) = column / length_(j);
+  }
+  reduced_.resize(n_, k_ + 2);
+  reduced_.leftCols(k_) = scaled_;
+  reduced_.col(k_).setOnes();
+  reduced_.col(k_ + 1) = shifted<Real>(data.y, shift_(k_));
+  steps_ = triangularise<Real>(reduced_, k_);
+  pivoted_ = MatrixOf<Real>::Zero(k_, 2 * k_ + 2);
+  pivoted_.leftCols(k_) = reduced_.topLeftCorner(k_, k_).template triangularView<Eigen::Upper>();
+  pivoted_.middleCols(k_, 2) = reduced_.topRightCorner(k_, 2);
+  pivoted_.rightCols(k_).setIdentity();
+  order_ = pivot<Real>(pivoted_);
+  using std::abs;
+  const Real least = abs(pivoted_(0, 0)) * Real(rounding());
+  while (rank_ < k_ && abs(pivoted_(rank_, rank_)) > least) ++rank_;
+}
+
+template <class Real>
+MatrixOf<Real> Solver<Real>::representatives() const {
+  MatrixOf<Real> result = MatrixOf<Real>::Zero(k_ + 1, k_ + 1);
+  for (Index j = 0; j < k_; ++j)
+    result.col(j).head(j + 1) = reduced_.col(j).head(j + 1) * length_(j);
+  result.col(k_).head(k_) = reduced_.col(k_ + 1).head(k_);
+  result(k_, k_) = reduced_.col(k_ + 1).tail(n_ - k_).norm();
+  for (Index j = 1; j <= k_; ++j) result(0, j) += result(0, 0) * Real(shift_(j));
+  return result;
+}
+
+template <class Real>
+OrthogonalFit Solver<Real>::fit() {
+  OrthogonalFit result;
+  result.rank = static_cast<int>(rank_);
+  result.condition = std::numeric_limits<double>::infinity();
+  result.extended = !std::is_same_v<Real, double>;
+  result.rounding = rounding();
+  if (rank_ == k_) {
+    const MatrixOf<Real> upper = pivoted_.leftCols(k_);
+    const MatrixOf<Real> inverse = invertTriangle<Real>(upper);
+    inverse_.resize(k_, k_);
+    for (Index i = 0; i < k_; ++i)
+      inverse_.row(order_[static_cast<std::size_t>(i)]) = inverse.row(i);
+    solve(result);
+    inflate(result);
+  }
+  project(result);
+  addSums(result);
+  return result;
+}
+
+// Back from shifted and scaled terms: the intercept takes up what the shifts left out.
+template <class Real>
+void Solver<Real>::solve(OrthogonalFit& result) const {
+  VectorOf<Real> weights = inverse_.lazyProduct(pivoted_.col(k_ + 1));
+  const VectorOf<Real> roots = inverse_.rowwise().norm();
+  const Real rest = reduced_.col(k_ + 1).tail(n_ - k_).norm();
+  const double sumOfRoots = toDouble(roots.sum());
+  result.spread = result.rounding * sumOfRoots;
+  result.lengthY = toDouble(reduced_.col(k_ + 1).norm());
+  result.residualError =
+      result.rounding *
+      (result.lengthY + toDouble(weights.template lpNorm<1>()) + toDouble(rest) * sumOfRoots);
+  weights = weights.cwiseQuotient(length_);
+  VectorOf<Real> bounds = roots.cwiseQuotient(length_);
+  MatrixOf<Real> factor = inverse_;
+  for (Index j = 0; j < k_; ++j) factor.row(j) /= length_(j);
+  for (Index j = 1; j < k_; ++j) {
+    const Real shift(shift_(j));
+    weights(0) -= shift * weights(j);
+    factor.row(0) -= shift * factor.row(j);
+    bounds(0) += Real(std::abs(shift_(j))) * bounds(j);
+  }
+  weights(0) += Real(shift_(k_));
+  result.coefficient = toDoubles<Real>(weights);
+  result.rootDiagonal = toDoubles<Real>(factor.rowwise().norm());
+  result.amplification = toDoubles<Real>(bounds);
+  result.inverseFactor = toDoubles<Real>(factor.reshaped());
+  addCondition(result, factor);
+}
+
+// Of the columns as they are, not shifted.
+template <class Real>
+void Solver<Real>::addCondition(OrthogonalFit& result, MatrixOf<Real> factor) const {
+  MatrixOf<Real> columns = representatives().topLeftCorner(k_, k_);
+  for (Index j = 0; j < k_; ++j) {
+    const Real length = columns.col(j).norm();
+    columns.col(j) /= length;
+    factor.row(j) *= length;
+  }
+  result.condition =
+      largestSingularValue<Real>(columns) * largestSingularValue<Real>(factor.transpose());
+}
+
+// With an intercept the diagonal of the inverse tells the share of each predictor that the others
+// leave. Without one the column of ones joins the terms, by the formula for the inverse of a
+// matrix with one row and column more.
+template <class Real>
+void Solver<Real>::inflate(OrthogonalFit& result) const {
+  VectorOf<Real> diagonal = inverse_.rowwise().squaredNorm();
+  if (!data_.intercept) {
+    const VectorOf<Real> ones = inverse_.lazyProduct(pivoted_.col(k_));
+    const Real left = reduced_.col(k_).tail(n_ - k_).squaredNorm();
+    const Real none = Real(rounding()) * Real(rounding()) * Real(static_cast<double>(n_));
+    for (Index j = 0; j < k_; ++j)
+      if (left > none || toDouble(ones(j) * ones(j)) > 1e-16 * toDouble(ones.squaredNorm()))
+        diagonal(j) += left > none ? Real(ones(j) * ones(j) / left)
+                                   : Real(std::numeric_limits<double>::infinity());
+  }
+  for (Index j = 0; j < k_; ++j) {
+    const VectorOf<Real> column = scaled_.col(j);
+    const Real mean = column.sum() / Real(static_cast<double>(n_));
+    result.inflation.push_back(toDouble(diagonal(j) * sumOfSquaresAboutMean<Real>(column, mean)));
+  }
+}
+
+// Rows whose products with themselves are the leverages.
+template <class Real>
+MatrixOf<Real> Solver<Real>::projectionRows() const {
+  if (rank_ == k_) return product(scaled_, inverse_);
+  MatrixOf<Real> rows = MatrixOf<Real>::Zero(n_, rank_);
+  rows.topRows(k_) = pivoted_.rightCols(k_).topRows(rank_).transpose();
+  for (auto step = steps_.rbegin(); step != steps_.rend(); ++step)
+    step->back(rows.bottomRows(n_ - step->first));
+  return rows;
+}
+
+template <class Real>
+void Solver<Real>::project(OrthogonalFit& result) {
+  result.leverage = toDoubles<Real>(projectionRows().rowwise().squaredNorm());
+  residual_ = reduced_.col(k_ + 1);
+  residual_.head(k_) = pivoted_.rightCols(k_)
+                           .bottomRows(k_ - rank_)
+                           .transpose()
+                           .lazyProduct(pivoted_.col(k_ + 1).tail(k_ - rank_));
+  for (auto step = steps_.rbegin(); step != steps_.rend(); ++step)
+    step->back(residual_.tail(n_ - step->first));
+  result.residual = toDoubles<Real>(residual_);
+}
+
+template <class Real>
+void Solver<Real>::addSums(OrthogonalFit& result) const {
+  const VectorOf<Real> y = shifted<Real>(data_.y, shift_(k_));
+  const VectorOf<Real> fitted = y - residual_;
+  const Real mean = y.sum() / Real(static_cast<double>(n_));
+  result.fitted = toDoubles<Real>((fitted.array() + Real(shift_(k_))).matrix());
+  result.sumFitted = toDouble(sumOfSquaresAboutMean<Real>(fitted, mean));
+  result.sumResidual = toDouble(residual_.squaredNorm());
+  result.sumTotal = toDouble(sumOfSquaresAboutMean<Real>(y, mean));
+  result.sumSteps = toDouble((residual_.tail(n_ - 1) - residual_.head(n_ - 1)).squaredNorm());
+}
+
+// Whether the bounds leave nine digits to standard errors and residuals, and six to a coefficient,
+// which may be small beside its standard error.
+bool enoughDigits(const OrthogonalFit& fit, int terms) {
+  constexpr double enough = 1e-9;
+  const double residualLength = std::sqrt(fit.sumResidual);
+  const double root = std::sqrt(static_cast<double>(fit.residual.size()));
+  if (fit.rank < terms || !(fit.spread < enough) ||
+      !(fit.residualError * root < enough * residualLength))
+    return false;
+  for (std::size_t j = 0; j < fit.coefficient.size(); ++j)
+    if (fit.amplification[j] * fit.residualError > 1e-6 * std::abs(fit.coefficient[j]))
+      return false;
+  return true;
+}
+
+// Finds the columns that follow from others, with twice the digits of a double.
+class CombinationFinder {
+ public:
+  explicit CombinationFinder(const ModelData& data)
+      : data_(data), columns_(Solver<Real>(data).representatives()) {}
+
+  std::vector<Combination> find() {
+    std::vector<Combination> found;
+    for (Index j = 0; j <= data_.terms; ++j)
+      if (const auto combination = combinationOf(j))
+        found.push_back(*combination);
+      else
+        basis_.push_back(j);
+    return found;
+  }
+
+ private:
+  using Real = DoubleDouble;
+
+  std::optional<Combination> combinationOf(Index target) const;
+  VectorOf<Real> explain(Index target, const std::vector<Index>& by) const;
+  std::vector<Index> withoutIdle(const VectorOf<Real>& weights) const;
+  // The greatest difference of a case, in shares of the terms that it is made of; infinite where
+  // the differences are no small part of the variation, so that rounding is not what they are.
+  double misfit(Index target, const std::vector<Index>& by, const VectorOf<Real>& weights) const;
+  const ModelData& data_;
+  MatrixOf<Real> columns_;
+  std::vector<Index> basis_;  // the columns that follow from none before them
+};
+
+// The weights of the columns `by` that come nearest to the target.
+VectorOf<DoubleDouble> CombinationFinder::explain(Index target,
+                                                  const std::vector<Index>& by) const {
+  const auto count = static_cast<Index>(by.size());
+  MatrixOf<Real> problem(columns_.rows(), count + 1);
+  for (Index j = 0; j < count; ++j) problem.col(j) = columns_.col(by[static_cast<std::size_t>(j)]);
+  problem.col(count) = columns_.col(target);
+  triangularise<Real>(problem, count);
+  return invertTriangle<Real>(problem.topLeftCorner(count, count))
+      .lazyProduct(problem.col(count).head(count));
+}
+
+std::vector<Index> CombinationFinder::withoutIdle(const VectorOf<Real>& weights) const {
+  std::vector<double> lengths;
+  for (std::size_t j = 0; j < basis_.size(); ++j)
+    lengths.push_back(
+        std::abs(toDouble(weights(static_cast<Index>(j)) * columns_.col(basis_[j]).norm())));
+  std::vector<Index> rest;
+  for (std::size_t j = 0; j < basis_.size(); ++j)
+    if (lengths[j] > 1e-6 * *std::max_element(lengths.begin(), lengths.end()))
+      rest.push_back(basis_[j]);
+  return rest;
+}
+
+double CombinationFinder::misfit(Index target, const std::vector<Index>& by,
+                                 const VectorOf<Real>& weights) const {
+  const VectorOf<Real> values = shifted<Real>(columnOf(data_, target), 0);
+  VectorOf<Real> difference = values;
+  VectorOf<Real> size = values.cwiseAbs();
+  for (std::size_t j = 0; j < by.size(); ++j) {
+    const VectorOf<Real> part =
+        shifted<Real>(columnOf(data_, by[j]), 0) * weights(static_cast<Index>(j));
+    difference -= part;
+    size += part.cwiseAbs();
+  }
+  double greatest = 0;
+  for (Index i = 0; i < values.size(); ++i)
+    if (size(i) > Real(0)) greatest = std::max(greatest, toDouble(abs(difference(i)) / size(i)));
+  const Real mean = values.sum() / Real(data_.cases);
+  const double variation = toDouble(sumOfSquaresAboutMean<Real>(values, mean));
+  const bool small = toDouble(difference.squaredNorm()) <= 1e-10 * variation || greatest < 1e-20;
+  return small ? greatest : std::numeric_limits<double>::infinity();
+}
+
+std::optional<Combination> CombinationFinder::combinationOf(Index target) const {
+  // The distance from all earlier columns, which is not above that from the basis.
+  const auto own = columns_.col(target);
+  if (toDouble(own.tail(own.size() - target).norm()) > 1e-5 * toDouble(own.norm())) return {};
+  constexpr double single = 0x1p-24;
+  std::vector<Index> by = basis_;
+  VectorOf<Real> weights = explain(target, by);
+  const std::vector<Index> fewer = withoutIdle(weights);
+  const VectorOf<Real> fewerWeights = explain(target, fewer);
+  double difference = misfit(target, fewer, fewerWeights);
+  if (difference <= single) {
+    by = fewer;
+    weights = fewerWeights;
+  } else {
+    difference = misfit(target, by, weights);
+  }
+  if (difference > single) return {};
+  Combination result{
+      data_.names[static_cast<std::size_t>(target)], target == data_.terms, difference < 1e-20, {}};
+  for (std::size_t j = 0; j < by.size(); ++j)
+    result.parts.push_back(
+        {data_.names[static_cast<std::size_t>(by[j])], toDouble(weights(static_cast<Index>(j)))});
+  return result;
+}
+
+}  // namespace
+
+OrthogonalFit fitOrthogonally(const ModelData& data) {
+  Eigen::setCpuCacheSizes(32768, 262144, 2097152);  // the same order of sums on every machine
+  OrthogonalFit fit = Solver<double>(data).fit();
+  if (enoughDigits(fit, data.terms)) return fit;
+  return Solver<DoubleDouble>(data).fit();
+}
+
+std::vector<Combination> findCombinations(const ModelData& data) {
+  return CombinationFinder(data).find();
+}
+
+}  // namespace tolmer

@@ -1,0 +1,115 @@
+#include "secondfit/tail_areas.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <numbers>
+
+#include "secondfit/double_double.h"
+
+namespace tolmer {
+namespace {
+
+// The logarithm of the gamma function less Stirling's formula, x > 0: formula 6.1.41, after steps
+// up to where its first eight terms suffice. Each step is log1p-exact, so that nothing cancels.
+double stirlingRest(double x) {
+  double rest = 0;
+  for (; x < 12; ++x) rest += (x + 0.5) * std::log1p(1 / x) - 1;
+  static constexpr double terms[] = {1.0 / 12,   -1.0 / 360,      1.0 / 1260, -1.0 / 1680,
+                                     1.0 / 1188, -691.0 / 360360, 1.0 / 156,  -3617.0 / 122400};
+  double power = 1 / x;
+  for (const double term : terms) {
+    rest += term * power;
+    power /= x * x;
+  }
+  return rest;
+}
+
+// base^exponent with a base of twice the digits: an error of its last place would count exponent
+// times.
+double power(DoubleDouble base, double exponent) {
+  return std::pow(base.high, exponent) * std::exp(exponent * (base.low / base.high));
+}
+
+// x^a (1 - x)^b / B(a, b), where odds = x / (1 - x).
+double betaFactor(double a, double b, double odds) {
+  const DoubleDouble whole = DoubleDouble(1) + odds;
+  const DoubleDouble sum = DoubleDouble(a) + b;
+  const DoubleDouble left = DoubleDouble(odds) / whole * (sum / a);
+  const DoubleDouble right = DoubleDouble(1) / whole * (sum / b);
+  // A 16th of both exponents first: one power alone may be too small and the other too large.
+  const double root = power(left, a / 16) * power(right, b / 16);
+  const double rest = stirlingRest(a + b) - stirlingRest(a) - stirlingRest(b);
+  return std::sqrt(a / (a + b) * b / (2 * std::numbers::pi)) * std::exp(rest) * std::pow(root, 16);
+}
+
+// I_x(a, b) divided by betaFactor: the continued fraction, evaluated from the front by Lentz's
+// method.
+double betaFraction(double a, double b, double odds) {
+  const double x = odds / (1 + odds);
+  const double y = 1 / (1 + odds);
+  const double distance = static_cast<double>(DoubleDouble(a) - DoubleDouble(b) * odds) * y;
+  const auto denominator = [&](double n) {
+    const double first = n == 0 ? 0 : n + n * (b - n) * x / (a + 2 * n - 1);
+    return first + (a + n) / (a + 2 * n + 1) * (distance + 1 + n * (1 + y));
+  };
+  double c = std::numeric_limits<double>::infinity();
+  double d = 1 / denominator(0);
+  double result = d;
+  for (double n = 1; n < 100000; ++n) {
+    const double part = x / (a + 2 * n - 1);
+    const double numerator = (a + n - 1) * part * (a + b + n - 1) * part * n * (b - n);
+    d = 1 / (denominator(n) + numerator * d);
+    c = denominator(n) + numerator / c;
+    result *= c * d;
+    if (std::abs(c * d - 1) < std::numeric_limits<double>::epsilon()) break;
+  }
+  return result;
+}
+
+double notANumber() { return std::numeric_limits<double>::quiet_NaN(); }
+
+}  // namespace
+
+double betaArea(double a, double b, double odds) {
+  if (!(odds > 0)) return odds == 0 ? 0 : notANumber();
+  if (std::isinf(odds)) return 1;
+  if (odds * b <= a) return betaFactor(a, b, odds) * betaFraction(a, b, odds);
+  return 1 - betaFactor(a, b, odds) * betaFraction(b, a, 1 / odds);
+}
+
+double studentTwoTails(int df, double t) {
+  if (df < 1 || std::isnan(t)) return notANumber();
+  if (t == 0) return 1;
+  return betaArea(df / 2.0, 0.5, df / t / t);
+}
+
+double studentDensity(int df, double t) {
+  const double distance =
+      std::max(std::abs(t), 1e-140);  // the density at 0 but for the last digits
+  return betaFactor(df / 2.0, 0.5, df / distance / distance) / distance;
+}
+
+double studentQuantile(int df, double area) {
+  if (df < 1 || !(area > 0 && area < 1)) return notANumber();
+  // The tail is convex for t > 0, so that the steps from the left never lead beyond the solution.
+  double t = 0;
+  for (int round = 0; round < 2000; ++round) {
+    const double step = (studentTwoTails(df, t) - area) / (2 * studentDensity(df, t));
+    t += step;
+    if (std::abs(step) <= 1e-15 * t) break;
+  }
+  return t;
+}
+
+double fTail(int df1, int df2, double F) {
+  if (df1 < 1 || df2 < 1 || std::isnan(F)) return notANumber();
+  if (F <= 0) return 1;
+  return betaArea(df2 / 2.0, df1 / 2.0, df2 / F / df1);
+}
+
+double fDensity(int df1, int df2, double F) {
+  return betaFactor(df2 / 2.0, df1 / 2.0, df2 / F / df1) / F;
+}
+
+}  // namespace tolmer
