@@ -159,13 +159,33 @@ MatrixOf<Real> invertTriangle(const MatrixOf<Real>& upper) {
   return inverse;
 }
 
+// The greatest eigenvalue of a symmetric tridiagonal matrix, by bisection: B. N. Parlett, The
+// Symmetric Eigenvalue Problem, 1980, section 3.3. No pivot of a matrix less than the candidate is
+// positive where the candidate is not below all eigenvalues.
+double greatestEigenvalue(const VectorOf<double>& diagonal, const VectorOf<double>& beside) {
+  const auto isBound = [&](double candidate) {
+    double pivot = diagonal(0) - candidate;
+    for (Index i = 1; i < diagonal.size() && pivot < 0; ++i)
+      pivot = diagonal(i) - candidate - beside(i - 1) * beside(i - 1) / pivot;
+    return pivot < 0;
+  };
+  double low = diagonal.maxCoeff();
+  double high = diagonal.sum() * 1.001;  // none is negative
+  while (high - low > 1e-14 * high) {
+    const double middle = low + (high - low) / 2;
+    (isBound(middle) ? high : low) = middle;
+  }
+  return high;
+}
+
 // The largest singular value; its square is an eigenvalue that loses nothing by the squaring.
 template <class Real>
 double largestSingularValue(const MatrixOf<Real>& matrix) {
   const MatrixOf<double> rounded = matrix.unaryExpr([](const Real& v) { return toDouble(v); });
   const MatrixOf<double> square = product(rounded.transpose(), rounded);
-  const Eigen::SelfAdjointEigenSolver<MatrixOf<double>> solver(square, Eigen::EigenvaluesOnly);
-  return std::sqrt(solver.eigenvalues().maxCoeff());
+  if (square.cols() == 1) return std::sqrt(square(0, 0));
+  const Eigen::Tridiagonalization<MatrixOf<double>> form(square);
+  return std::sqrt(greatestEigenvalue(form.diagonal(), form.subDiagonal()));
 }
 
 // Term `column`, or the dependent variable behind the last.
@@ -214,7 +234,7 @@ class Solver {
   void inflate(OrthogonalFit& result) const;
   void project(OrthogonalFit& result);
   void addSums(OrthogonalFit& result) const;
-  MatrixOf<Real> projectionRows() const;
+  VectorOf<Real> leverages() const;
   double rounding() const;
 
   const ModelData& data_;
@@ -363,20 +383,29 @@ void Solver<Real>::inflate(OrthogonalFit& result) const {
   }
 }
 
-// Rows whose products with themselves are the leverages.
+// The squared lengths of the rows of an orthogonal basis of the terms that are determined.
 template <class Real>
-MatrixOf<Real> Solver<Real>::projectionRows() const {
-  if (rank_ == k_) return product(scaled_, inverse_);
+VectorOf<Real> Solver<Real>::leverages() const {
+  VectorOf<Real> result(n_);
+  if (rank_ == k_) {
+    constexpr Index together = 64;  // stays in the cache
+    for (Index first = 0; first < n_; first += together) {
+      const Index rows = std::min(together, n_ - first);
+      result.segment(first, rows) =
+          product(scaled_.middleRows(first, rows), inverse_).rowwise().squaredNorm();
+    }
+    return result;
+  }
   MatrixOf<Real> rows = MatrixOf<Real>::Zero(n_, rank_);
   rows.topRows(k_) = pivoted_.rightCols(k_).topRows(rank_).transpose();
   for (auto step = steps_.rbegin(); step != steps_.rend(); ++step)
     step->back(rows.bottomRows(n_ - step->first));
-  return rows;
+  return rows.rowwise().squaredNorm();
 }
 
 template <class Real>
 void Solver<Real>::project(OrthogonalFit& result) {
-  result.leverage = toDoubles<Real>(projectionRows().rowwise().squaredNorm());
+  result.leverage = toDoubles<Real>(leverages());
   residual_ = reduced_.col(k_ + 1);
   residual_.head(k_) = pivoted_.rightCols(k_)
                            .bottomRows(k_ - rank_)
