@@ -37,7 +37,7 @@ std::vector<Cell> cellsOf(const FigureSource& source) {
 
 Health healthOf(const AnalysisState& state, const std::vector<Cell>& cells) {
   const ModelData data = heldData(state);
-  const SecondFit fit = fitSecond(data);
+  const SecondFit fit = fitSecond(data, Extent::shownNumbers);
   const FigureSource source{data, fit, false};
   std::vector<ShownCell> shown;
   shown.reserve(cells.size());

@@ -72,11 +72,20 @@ struct Reflections {
 
   template <class Block>
   void towardsTriangle(Block&& rows) const {
-    rows -= product(v, product(t.transpose(), product(v.transpose(), rows)));
+    take(rows, product(t.transpose(), product(v.transpose(), rows)));
   }
   template <class Block>
   void back(Block&& rows) const {
-    rows -= product(v, product(t, product(v.transpose(), rows)));
+    take(rows, product(t, product(v.transpose(), rows)));
+  }
+
+ private:
+  template <class Block, class Weights>
+  void take(Block& rows, const Weights& weights) const {
+    if constexpr (std::is_same_v<Real, double>)
+      rows.noalias() -= v * weights;
+    else
+      rows -= v.lazyProduct(weights);
   }
 };
 
@@ -223,7 +232,7 @@ template <class Real>
 class Solver {
  public:
   explicit Solver(const ModelData& data);
-  OrthogonalFit fit();
+  OrthogonalFit fit(bool withLeverages);
   // The terms and then the dependent variable, as in the data, in the coordinates of the triangular
   // form, which keeps all lengths and angles.
   MatrixOf<Real> representatives() const;
@@ -298,7 +307,7 @@ MatrixOf<Real> Solver<Real>::representatives() const {
 }
 
 template <class Real>
-OrthogonalFit Solver<Real>::fit() {
+OrthogonalFit Solver<Real>::fit(bool withLeverages) {
   OrthogonalFit result;
   result.rank = static_cast<int>(rank_);
   result.condition = std::numeric_limits<double>::infinity();
@@ -313,6 +322,7 @@ OrthogonalFit Solver<Real>::fit() {
     solve(result);
     inflate(result);
   }
+  if (withLeverages) result.leverage = toDoubles<Real>(leverages());
   project(result);
   addSums(result);
   return result;
@@ -405,7 +415,6 @@ VectorOf<Real> Solver<Real>::leverages() const {
 
 template <class Real>
 void Solver<Real>::project(OrthogonalFit& result) {
-  result.leverage = toDoubles<Real>(leverages());
   residual_ = reduced_.col(k_ + 1);
   residual_.head(k_) = pivoted_.rightCols(k_)
                            .bottomRows(k_ - rank_)
@@ -544,11 +553,11 @@ std::optional<Combination> CombinationFinder::combinationOf(Index target) const 
 
 }  // namespace
 
-OrthogonalFit fitOrthogonally(const ModelData& data) {
+OrthogonalFit fitOrthogonally(const ModelData& data, bool withLeverages) {
   Eigen::setCpuCacheSizes(32768, 262144, 2097152);  // the same order of sums on every machine
-  OrthogonalFit fit = Solver<double>(data).fit();
+  OrthogonalFit fit = Solver<double>(data).fit(withLeverages);
   if (enoughDigits(fit, data.terms)) return fit;
-  return Solver<DoubleDouble>(data).fit();
+  return Solver<DoubleDouble>(data).fit(withLeverages);
 }
 
 std::vector<Combination> findCombinations(const ModelData& data) {

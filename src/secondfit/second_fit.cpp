@@ -138,12 +138,13 @@ void addInfluence(const SecondFit& second, CaseFigures& result) {
 
 CaseFigures caseFigures(const SecondFit& second, const OrthogonalFit& fit, std::size_t index) {
   CaseFigures result;
-  const double h = fit.leverage[index];
   result.fitted = figure(fit.fitted[index], fit.residualError);
   result.residual = figure(fit.residual[index], fit.residualError);
+  result.standardized = quotient(result.residual, second.model.standardError);
+  if (fit.leverage.empty()) return result;
+  const double h = fit.leverage[index];
   result.leverage =
       figure(h, 2 * fit.spread * std::sqrt(std::max(0.0, h * (1 - h))) + fit.spread * fit.spread);
-  result.standardized = quotient(result.residual, second.model.standardError);
   addInfluence(second, result);
   return result;
 }
@@ -156,7 +157,7 @@ void addProjection(SecondFit& second, const OrthogonalFit& fit) {
   for (std::size_t i = 0; i < second.byCase.size(); ++i) {
     second.byCase[i].fitted.value = fit.fitted[i];
     second.byCase[i].residual.value = fit.residual[i];
-    second.byCase[i].leverage.value = fit.leverage[i];
+    if (!fit.leverage.empty()) second.byCase[i].leverage.value = fit.leverage[i];
   }
 }
 
@@ -184,7 +185,7 @@ ModelData heldData(const AnalysisState& state) {
   return data;
 }
 
-SecondFit fitSecond(const ModelData& data) {
+SecondFit fitSecond(const ModelData& data, Extent extent) {
   SecondFit second;
   second.cases = data.cases;
   second.terms = data.terms;
@@ -192,7 +193,7 @@ SecondFit fitSecond(const ModelData& data) {
   second.byTerm.resize(static_cast<std::size_t>(data.terms));
   second.byCase.resize(static_cast<std::size_t>(data.cases));
   if (!usable(data)) return second;
-  const OrthogonalFit fit = fitOrthogonally(data);
+  const OrthogonalFit fit = fitOrthogonally(data, extent == Extent::all);
   second.rank = fit.rank;
   second.condition = fit.condition;
   second.extended = fit.extended;

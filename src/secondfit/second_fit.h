@@ -118,7 +118,11 @@ struct SecondFit {
 // Fits the data; without a case, without a term or with values that are not finite everything is
 // undetermined and the rank 0. With a rank below the terms, fitted values, residuals, leverages and
 // sums of squares are those of the columns that are determined, and the rest is undetermined.
-SecondFit fitSecond(const ModelData& data);
+//
+// `shownNumbers` leaves out what no display shows, leverages and the figures that follow from them:
+// a third of the time.
+enum class Extent { all, shownNumbers };
+SecondFit fitSecond(const ModelData& data, Extent extent = Extent::all);
 
 // The mean of Y at new values of the terms (1 first where there is an intercept), its 95 per cent
 // limits, those of a single new observation, and the leverage of the point: x'(X'X)^-1 x.
