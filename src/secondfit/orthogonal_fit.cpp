@@ -139,9 +139,14 @@ std::vector<Index> pivot(MatrixOf<Real>& a) {
   VectorOf<Real> workspace(a.cols());
   for (Index j = 0; j < k; ++j) {
     Index next = j;
-    for (Index other = j + 1; other < k; ++other)
-      if (a.col(other).tail(k - j).squaredNorm() > a.col(next).tail(k - j).squaredNorm())
+    Real greatest(-1);
+    for (Index other = j; other < k; ++other) {
+      const Real square = a.col(other).tail(k - j).squaredNorm();
+      if (square > greatest) {
+        greatest = square;
         next = other;
+      }
+    }
     a.col(j).swap(a.col(next));
     std::swap(order[static_cast<std::size_t>(j)], order[static_cast<std::size_t>(next)]);
     Real factor, length;
@@ -278,7 +283,7 @@ Solver<Real>::Solver(const ModelData& data)
     const VectorOf<Real> column = shifted<Real>(columnOf(data, j), shift_(j));
     const Real length = column.norm();
     length_(j) = length > Real(0) ? length : Real(1);
-    scaled_.col(j) = column / length_(j);
+    scaled_.col(j) = column * (Real(1) / length_(j));
   }
   reduced_.resize(n_, k_ + 2);
   reduced_.leftCols(k_) = scaled_;

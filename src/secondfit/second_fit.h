@@ -120,7 +120,7 @@ struct SecondFit {
 // sums of squares are those of the columns that are determined, and the rest is undetermined.
 //
 // `shownNumbers` leaves out what no display shows, leverages and the figures that follow from them:
-// a third of the time.
+// a quarter of the time.
 enum class Extent { all, shownNumbers };
 SecondFit fitSecond(const ModelData& data, Extent extent = Extent::all);
 

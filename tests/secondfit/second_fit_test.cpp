@@ -78,8 +78,7 @@ TEST_P(Certified, DataInDoublesGiveNineDigits) {
       least = std::min(least, digits(model.f.value, certified["f"][0]));
   }
   RecordProperty("digits", std::to_string(least));
-  std::cout << name << ": " << least << " digits, condition " << fit.condition << ", extended "
-            << fit.extended << "\n";
+  // Rounding the powers of filip's x to doubles moves its exact solution in the 8th digit already.
   EXPECT_GE(least, name == "filip" ? 7 : 9);
 }
 
