@@ -7,7 +7,7 @@
 namespace tolmer {
 
 // The regularised incomplete beta function I_x(a, b) for a, b > 0 with x / (1 - x) = odds >= 0.
-// Relative error below 1e-13 for a + b up to 1e5 and results above 1e-300, while I is not above
+// Relative error below 1e-13 for a + b up to 2e4 and results above 1e-300, while I is not above
 // 0.5; then the absolute error.
 //
 // Sources: A. R. DiDonato and A. H. Morris, ACM Transactions on Mathematical Software 18, 1992,
@@ -23,7 +23,7 @@ double studentTwoTails(int df, double t);
 double studentDensity(int df, double t);
 
 // The t with P(|T| > t) = area, 0 < area < 1, by Newton's method; relative error below 1e-14 for
-// areas down to 1e-10.
+// areas down to 1e-6.
 double studentQuantile(int df, double area);
 
 // P(F' > F) for F' with df1 and df2 degrees of freedom: formula 26.6.2. 1 for F <= 0.
