@@ -6,7 +6,7 @@
 #include <algorithm>
 #include <chrono>
 
-#include "engine/number_picture.h"
+#include "engine/picture_text.h"
 #include "engine/pipeline.h"
 #include "secondfit/health.h"
 #include "secondfit/shown_figures.h"

@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "engine/number_picture.h"
+#include "engine/picture_text.h"
 
 namespace tolmer {
 namespace {
