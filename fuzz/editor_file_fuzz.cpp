@@ -4,7 +4,7 @@
 #include <string>
 
 #include "base/checksum.h"
-#include "editor/editor_file.h"
+#include "sheetfiles/editor_file.h"
 
 namespace {
 

@@ -5,19 +5,18 @@
 #include <cstdlib>
 #include <string>
 
-#include "editor/text_import.h"
+#include "textimport/text_import.h"
 
 namespace {
 
 using namespace tolmer;
 
 ImportTarget targetOf(std::uint8_t choice) {
-  ImportTarget target{.origin = choice & 1 ? TextOrigin::clipboard : TextOrigin::file};
-  target.row = (choice >> 1) & 3;
-  target.column = (choice >> 3) & 3;
-  target.observations = choice & 32 ? 5 : 500;
-  target.variables = choice & 32 ? 4 : 50;
-  return target;
+  return {.origin = choice & 1 ? TextOrigin::clipboard : TextOrigin::file,
+          .row = (choice >> 1) & 3,
+          .column = (choice >> 3) & 3,
+          .observations = choice & 32 ? 5 : 500,
+          .variables = choice & 32 ? 4 : 50};
 }
 
 ImportAnswers answersOf(std::uint8_t choice, const ImportPreview& preview) {
@@ -36,12 +35,12 @@ void check(const ImportedTable& table, const ImportTarget& target) {
   if (table.firstColumn < 0 || table.firstColumn + columns - 1 > target.variables) std::abort();
   for (int row = 0; row < rows; ++row)
     for (int column = 0; column < columns; ++column) {
-      const DataCell& cell = table.cells(row, column);
-      const bool isText = cell.kind == DataCell::Kind::text;
+      const ImportedCell& cell = table.cells(row, column);
+      const bool isText = !cell.text.empty();
       if (isText && (table.firstColumn + column != 0 ||
                      cell.text.find_first_of("\t\n\r") != std::string::npos))
         std::abort();
-      if (!std::isfinite(cell.number)) std::abort();
+      if (!std::isfinite(cell.number.value_or(0))) std::abort();
     }
 }
 

@@ -8,11 +8,11 @@
 #include "base/checksum.h"
 #include "base/file_io.h"
 #include "base/paths.h"
-#include "editor/number_shape.h"
-#include "editor/text_table.h"
 #include "fieldfile/field_reader.h"
 #include "fieldfile/number_text.h"
 #include "notebook/picture_size.h"
+#include "textimport/number_shape.h"
+#include "textimport/text_table.h"
 
 namespace tolmer {
 namespace {

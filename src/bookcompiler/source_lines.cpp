@@ -3,17 +3,12 @@
 #include <algorithm>
 
 #include "base/text_encoding.h"
+#include "base/trimmed.h"
 
 namespace tolmer {
 namespace {
 
 constexpr std::string_view blanks = " \t";
-
-std::string_view trimmed(std::string_view text) {
-  const auto first = text.find_first_not_of(blanks);
-  if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
 
 // The first line of `rest`, which loses it; line ends are LF, CR LF or CR.
 std::string_view takeLine(std::string_view& rest) {

@@ -6,16 +6,11 @@
 #include <string_view>
 
 #include "base/file_io.h"
+#include "base/trimmed.h"
 #include "fieldfile/number_text.h"
 
 namespace tolmer {
 namespace {
-
-std::string_view trimmed(std::string_view text) {
-  const auto begin = text.find_first_not_of(' ');
-  if (begin == std::string_view::npos) return {};
-  return text.substr(begin, text.find_last_not_of(' ') - begin + 1);
-}
 
 std::optional<bool> booleanFromText(std::string_view text) {
   std::string word(text);
@@ -35,7 +30,7 @@ class ParameterReader {
 
   bool boolean(int index, std::string_view meaning) {
     const std::string text = parameter_(index);
-    const auto value = booleanFromText(trimmed(text));
+    const auto value = booleanFromText(trimmed(text, " "));
     if (!value) fault(index, meaning, text, "True or False");
     return value.value_or(false);
   }
@@ -53,7 +48,7 @@ class ParameterReader {
   Int16 number(int index, std::string_view meaning, int least, int most,
                std::string_view expected) {
     const std::string text = parameter_(index);
-    const auto value = integerFromText(trimmed(text));
+    const auto value = integerFromText(trimmed(text, " "));
     if (value && *value >= least && *value <= most) return *value;
     fault(index, meaning, text, expected);
     return 0;

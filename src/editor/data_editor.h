@@ -5,11 +5,9 @@
 #include <vector>
 
 #include "data/data_sources.h"
-#include "editor/autosave.h"
 #include "editor/button_lights.h"
 #include "editor/data_editor_menu.h"
 #include "editor/data_set_files.h"
-#include "editor/data_sheet.h"
 #include "editor/exit_check.h"
 #include "editor/find_dialog.h"
 #include "platform/button.h"
@@ -18,6 +16,8 @@
 #include "platform/text_box.h"
 #include "platform/timer.h"
 #include "platform/window.h"
+#include "sheet/data_sheet.h"
+#include "sheetfiles/autosave.h"
 
 namespace tolmer {
 

@@ -5,8 +5,8 @@
 
 #include "editor/data_editor.h"
 #include "editor/dialog_parts.h"
+#include "editor/import_dialog.h"
 #include "editor/instructions.h"
-#include "editor/table_from_text.h"
 #include "platform/desktop.h"
 #include "platform/grid/grid_copy.h"
 

@@ -2,8 +2,8 @@
 #include <utility>
 
 #include "editor/data_editor.h"
-#include "editor/sheet_headings.h"
 #include "platform/desktop.h"
+#include "sheet/sheet_content.h"
 
 namespace tolmer {
 

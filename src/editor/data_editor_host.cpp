@@ -2,7 +2,6 @@
 #include <stdexcept>
 
 #include "editor/data_editor.h"
-#include "editor/file_filter.h"
 #include "platform/desktop.h"
 
 namespace tolmer {

@@ -1,19 +1,47 @@
 #include "editor/data_set_files.h"
 
+#include <algorithm>
+#include <array>
+#include <cctype>
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
+#include <string_view>
 #include <utility>
 
 #include "base/file_io.h"
 #include "base/paths.h"
-#include "editor/file_filter.h"
-#include "editor/sheet_headings.h"
-#include "editor/table_from_text.h"
-#include "editor/text_export.h"
+#include "editor/import_dialog.h"
+#include "sheet/sheet_content.h"
+#include "sheetfiles/editor_file.h"
+#include "sheetfiles/text_export.h"
 
 namespace tolmer {
 namespace {
+
+struct Family {
+  const char* name;
+  const char* extension;
+};
+
+constexpr std::array families = {Family{"ZM Univar", "zmu"}, Family{"ZM Bivar", "zmb"},
+                                 Family{"ZM Trivar", "zmt"}, Family{"ZM Quadvar", "zmq"},
+                                 Family{"ZM Multivar", "zmm"}};
+
+const Family& familyOf(int iNumberVariables) {
+  const int last = static_cast<int>(families.size());
+  return families[static_cast<std::size_t>(std::clamp(iNumberVariables, 1, last) - 1)];
+}
+
+// In small letters, without the dot.
+std::string extensionOf(const std::string& fileName) {
+  const auto dot = fileName.rfind('.');
+  if (dot == std::string::npos) return {};
+  std::string extension = fileName.substr(dot + 1);
+  std::transform(extension.begin(), extension.end(), extension.begin(),
+                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
+  return extension;
+}
 
 SheetContent contentOf(const LandingTable& landing, int observations, int variables) {
   DataSheet sheet(observations, variables);
@@ -22,6 +50,30 @@ SheetContent contentOf(const LandingTable& landing, int observations, int variab
 }
 
 }  // namespace
+
+std::string tfFileFilter(int iNumberVariables, MessagePort& messages) {
+  if (iNumberVariables < 1) {
+    messages.messageBox({.title = {}, .text = "Error 154 - invalid number of variables."});
+    return {};
+  }
+  const auto [name, extension] = familyOf(iNumberVariables);
+  const std::string pattern = std::string("*.") + extension;
+  return std::string(name) + " (" + pattern + ")|" + pattern + "|All (*.*)|*.*";
+}
+
+std::vector<FileKind> editorFileKinds(int iNumberVariables) {
+  const auto [name, extension] = familyOf(iNumberVariables);
+  return {{name, {extension}}, {"Text data", {"csv", "tsv", "txt"}}, {"All", {}}};
+}
+
+bool isTextData(const std::string& fileName) {
+  const std::string extension = extensionOf(fileName);
+  return extension == "csv" || extension == "tsv" || extension == "txt";
+}
+
+char textSeparator(const std::string& fileName) {
+  return extensionOf(fileName) == "csv" ? ',' : '\t';
+}
 
 DataSetFiles::DataSetFiles(Desktop& desktop, DataSheet& sheet, std::string programFolder)
     : desktop_(desktop),

@@ -5,12 +5,26 @@
 #include <cstdint>
 #include <map>
 #include <string>
+#include <vector>
 
-#include "editor/data_sheet.h"
+#include "base/message_box.h"
 #include "platform/desktop.h"
+#include "platform/file_question.h"
+#include "sheet/data_sheet.h"
 #include "symbolfile/symbol_file.h"
 
 namespace tolmer {
+
+// The filter of the editor's files for that many variables: "ZM Multivar (*.zmm)|*.zmm|All
+// (*.*)|*.*". Empty, after a message, below one variable.
+std::string tfFileFilter(int iNumberVariables, MessagePort& messages);
+
+// The same kinds for the file dialogs, with text data of other programs between them.
+std::vector<FileKind> editorFileKinds(int iNumberVariables);
+
+// Whether the name's extension is one of text data, and what divides its fields then.
+bool isTextData(const std::string& fileName);
+char textSeparator(const std::string& fileName);
 
 struct OpenOutcome {
   bool opened = false;   // false: the sheet stands, and a box has said so unless nothing was chosen

@@ -2,14 +2,15 @@
 
 #include <algorithm>
 
-#include "editor/sheet_number.h"
+#include "base/trimmed.h"
 #include "formula/sheet_names.h"
+#include "textimport/typed_number.h"
 
 namespace tolmer {
 
 std::string columnName(const DataSheet& sheet, int iVar) {
   const std::string& heading = sheet.heading(iVar);
-  return withoutOuterBlanks(heading).empty() ? "Column " + columnLetters(iVar) : heading;
+  return trimmed(heading).empty() ? "Column " + columnLetters(iVar) : heading;
 }
 
 std::string describedCell(const DataSheet& sheet, CellAddress at) {

@@ -5,9 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "editor/data_sheet.h"
 #include "platform/button.h"
 #include "platform/desktop.h"
+#include "sheet/data_sheet.h"
 
 namespace tolmer {
 

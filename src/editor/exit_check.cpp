@@ -4,10 +4,10 @@
 #include <cmath>
 #include <limits>
 
-#include "editor/sheet_headings.h"
-#include "editor/sheet_number.h"
 #include "engine/picture_choice.h"
 #include "engine/picture_text.h"
+#include "sheet/sheet_content.h"
+#include "textimport/typed_number.h"
 
 namespace tolmer {
 namespace {

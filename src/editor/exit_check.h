@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "base/message_box.h"
-#include "editor/data_sheet.h"
+#include "sheet/data_sheet.h"
 #include "state/matrix.h"
 
 namespace tolmer {

@@ -4,12 +4,12 @@
 #include <optional>
 #include <string>
 
-#include "editor/data_sheet.h"
 #include "platform/button.h"
 #include "platform/check_box.h"
 #include "platform/label.h"
 #include "platform/text_box.h"
 #include "platform/window.h"
+#include "sheet/data_sheet.h"
 
 namespace tolmer {
 

@@ -1,17 +1,20 @@
+// A student's way from foreign text to a table for the sheet.
 #pragma once
 
 #include <map>
 #include <optional>
 #include <string>
 
-#include "editor/text_import.h"
 #include "platform/button.h"
 #include "platform/combo_box.h"
 #include "platform/control_array.h"
+#include "platform/desktop.h"
 #include "platform/grid/grid.h"
 #include "platform/label.h"
 #include "platform/panel.h"
 #include "platform/window.h"
+#include "sheet/sheet_paste.h"
+#include "textimport/text_import.h"
 
 namespace tolmer {
 
@@ -66,5 +69,18 @@ class frmTextImport : public Window {
   std::optional<ImportedTable> table_;
   bool showing_ = false;  // the program, not the user, sets the answers
 };
+
+// A table and the cell where its upper left one lands.
+struct LandingTable {
+  CellAddress first;
+  PasteTable table;
+};
+
+// Reads the text, asks what is doubtful in it and shows what was taken for granted, or says why it
+// is refused. nullopt where it was refused or called off. `into` is the sheet as it stands before,
+// `source` says where the text is from.
+std::optional<LandingTable> tableFromText(Desktop& desktop, const std::string& text,
+                                          const ImportTarget& target, const SheetContent& into,
+                                          const std::string& source);
 
 }  // namespace tolmer

@@ -1,8 +1,8 @@
 #include "editor/numeric_format.h"
 
 #include "editor/dialog_parts.h"
-#include "editor/sheet_headings.h"
-#include "editor/sheet_number.h"
+#include "sheet/sheet_content.h"
+#include "textimport/typed_number.h"
 
 namespace tolmer {
 namespace {

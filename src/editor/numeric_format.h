@@ -2,7 +2,6 @@
 
 #include <vector>
 
-#include "editor/data_sheet.h"
 #include "platform/button.h"
 #include "platform/combo_box.h"
 #include "platform/control_array.h"
@@ -11,6 +10,7 @@
 #include "platform/option_button.h"
 #include "platform/panel.h"
 #include "platform/window.h"
+#include "sheet/data_sheet.h"
 
 namespace tolmer {
 

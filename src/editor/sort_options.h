@@ -1,6 +1,5 @@
 #pragma once
 
-#include "editor/data_sheet.h"
 #include "platform/button.h"
 #include "platform/combo_box.h"
 #include "platform/control_array.h"
@@ -8,6 +7,7 @@
 #include "platform/label.h"
 #include "platform/option_button.h"
 #include "platform/window.h"
+#include "sheet/data_sheet.h"
 
 namespace tolmer {
 

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/trimmed.h"
+
 namespace tolmer {
 namespace {
 
@@ -16,14 +18,6 @@ unsigned smallLetter(unsigned code) {
   if (code >= 0x410 && code <= 0x42F) return code + 0x20;
   if (code >= 0x400 && code <= 0x40F) return code + 0x50;
   return code;
-}
-
-bool isBlank(char c) { return c == ' ' || c == '\t'; }
-
-std::string_view trimmed(std::string_view text) {
-  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-  return text;
 }
 
 }  // namespace

@@ -24,7 +24,7 @@ struct ContentsLine {
 // Adds the line's page; an empty text is success.
 std::string readContentsLine(std::string_view line, std::vector<ContentsLine>& contents) {
   const std::size_t blanks = line.find_first_not_of(' ');
-  const std::string_view name = trimmed(line);
+  const std::string_view name = trimmedLine(line);
   if (!isTopicName(name)) return "\"" + std::string(name.substr(0, 60)) + "\" is no page's name.";
   const int level = static_cast<int>(std::min<std::size_t>(blanks / blanksOfALevel, 100));
   const int deepest = contents.empty() ? 0 : contents.back().level + 1;
@@ -40,7 +40,7 @@ Result<std::vector<ContentsLine>> readContents(const std::string& file, std::str
   std::size_t number = 0;
   for (const std::string_view line : linesOf(text)) {
     ++number;
-    if (trimmed(line).empty() || line.starts_with('#')) continue;
+    if (trimmedLine(line).empty() || line.starts_with('#')) continue;
     if (const std::string fault = readContentsLine(line, contents); !fault.empty())
       return Error{file + ":" + std::to_string(number), fault};
   }

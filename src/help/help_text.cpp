@@ -3,8 +3,6 @@
 namespace tolmer {
 namespace {
 
-bool isSpace(char c) { return c == ' ' || c == '\t' || c == '\r'; }
-
 bool isWordPart(char c) {
   return (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') ||
          static_cast<unsigned char>(c) >= 0x80;
@@ -22,15 +20,9 @@ std::vector<std::string_view> cut(std::string_view text, char separator) {
 
 }  // namespace
 
-std::string_view trimmed(std::string_view text) {
-  while (!text.empty() && isSpace(text.front())) text.remove_prefix(1);
-  while (!text.empty() && isSpace(text.back())) text.remove_suffix(1);
-  return text;
-}
-
 std::vector<std::string_view> splitAt(std::string_view text, char separator) {
   auto parts = cut(text, separator);
-  for (auto& part : parts) part = trimmed(part);
+  for (auto& part : parts) part = trimmedLine(part);
   return parts;
 }
 

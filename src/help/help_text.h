@@ -5,10 +5,9 @@
 #include <string_view>
 #include <vector>
 
-namespace tolmer {
+#include "base/trimmed.h"
 
-// Without blanks, tabs and carriage returns at both ends.
-std::string_view trimmed(std::string_view text);
+namespace tolmer {
 
 // Cut at every `separator`; the parts are trimmed and may be empty.
 std::vector<std::string_view> splitAt(std::string_view text, char separator);

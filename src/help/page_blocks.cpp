@@ -46,7 +46,7 @@ std::vector<std::string> cellsOf(std::string_view line) {
 class BlockReader {
  public:
   std::vector<PageBlock> read(std::string_view body) {
-    for (const std::string_view line : linesOf(body)) take(line, trimmed(line));
+    for (const std::string_view line : linesOf(body)) take(line, trimmedLine(line));
     return std::move(blocks_);
   }
 
@@ -64,7 +64,7 @@ class BlockReader {
     } else if (line.starts_with('|')) {
       block(Kind::table).rows.push_back(cellsOf(line));
     } else if (line.starts_with("- ")) {
-      block(Kind::list).rows.push_back({std::string(trimmed(line.substr(2)))});
+      block(Kind::list).rows.push_back({std::string(trimmedLine(line.substr(2)))});
     } else if (isOpen(Kind::list) && raw.starts_with(' ')) {
       append(blocks_.back().rows.back().front(), line);
     } else {
@@ -75,7 +75,7 @@ class BlockReader {
   bool isOpen(Kind kind) const { return open_ && blocks_.back().kind == kind; }
 
   void single(Kind kind, std::string_view line) {
-    blocks_.push_back({kind, std::string(trimmed(line.substr(2))), {}, {}});
+    blocks_.push_back({kind, std::string(trimmedLine(line.substr(2))), {}, {}});
     open_ = false;
   }
 
@@ -120,7 +120,7 @@ std::optional<Found> groundAt(std::string_view text) {
   if (blank == std::string_view::npos || std::ranges::find(colours, colour) == std::end(colours))
     return std::nullopt;
   return Found{
-      {PageSpan::Kind::ground, std::string(trimmed(inner->substr(blank))), std::string(colour)},
+      {PageSpan::Kind::ground, std::string(trimmedLine(inner->substr(blank))), std::string(colour)},
       inner->size() + 2};
 }
 

@@ -105,7 +105,7 @@ std::optional<HelpLink> parseHelpLink(std::string_view text) {
   const std::size_t hash = text.find('#');
   HelpLink link;
   if (hash != std::string_view::npos) link.entry = entryAnchor(text.substr(hash + 1));
-  const std::string_view target = trimmed(text.substr(0, hash));
+  const std::string_view target = trimmedLine(text.substr(0, hash));
   const bool numberAlone = !target.empty() && target.front() >= '0' && target.front() <= '9';
   const auto address = parseHelpAddress(
       numberAlone ? std::string(usualFile) + " " + std::string(target) : std::string(target));

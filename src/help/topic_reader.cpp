@@ -30,8 +30,8 @@ std::string readAddresses(std::string_view value, HelpTopic& topic) {
 std::string readHeaderLine(std::string_view line, HelpTopic& topic) {
   const std::size_t colon = line.find(':');
   if (colon == std::string_view::npos) return "A line before the text needs a key and a colon.";
-  const std::string_view key = trimmed(line.substr(0, colon));
-  const std::string_view value = trimmed(line.substr(colon + 1));
+  const std::string_view key = trimmedLine(line.substr(0, colon));
+  const std::string_view value = trimmedLine(line.substr(colon + 1));
   if (key == "title") {
     topic.title = value;
   } else if (key == "keywords") {
@@ -52,12 +52,12 @@ bool isTopicName(std::string_view name) {
 }
 
 std::optional<HelpAddress> parseHelpAddress(std::string_view text) {
-  text = trimmed(text);
+  text = trimmedLine(text);
   const std::size_t blank = text.find(' ');
   const std::string_view file = text.substr(0, blank);
   if (!isTopicName(file)) return std::nullopt;
   if (blank == std::string_view::npos) return HelpAddress{std::string(file), 0};
-  const std::string_view digits = trimmed(text.substr(blank));
+  const std::string_view digits = trimmedLine(text.substr(blank));
   long number = 0;
   const auto [end, failed] = std::from_chars(digits.data(), digits.data() + digits.size(), number);
   if (failed != std::errc{} || end != digits.data() + digits.size() || number <= 0)
@@ -72,7 +72,7 @@ Result<HelpTopic> readTopic(const std::string& name, std::string_view text) {
   while (!text.empty()) {
     ++lineNumber;
     const std::size_t end = text.find('\n');
-    const std::string_view line = trimmed(text.substr(0, end));
+    const std::string_view line = trimmedLine(text.substr(0, end));
     text.remove_prefix(end == std::string_view::npos ? text.size() : end + 1);
     if (line.empty()) break;
     if (const std::string fault = readHeaderLine(line, topic); !fault.empty())

@@ -7,6 +7,7 @@
 
 #include "base/file_io.h"
 #include "base/text_encoding.h"
+#include "base/trimmed.h"
 
 namespace tolmer {
 namespace {
@@ -17,13 +18,6 @@ constexpr int mostColumns = 32767;
 // What keeps the reading below a second and 64 MiB.
 constexpr std::size_t mostCells = 2000000;
 constexpr std::size_t mostBytes = std::size_t{16} << 20;
-
-std::string_view trimmed(std::string_view text) {
-  const auto isBlank = [](char c) { return c == ' ' || c == '\t'; };
-  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
-  return text;
-}
 
 Error errorAtLine(const std::string& fileName, int line, std::string_view text) {
   return {fileName + ":" + std::to_string(line), std::string(text)};

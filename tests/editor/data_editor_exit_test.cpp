@@ -1,8 +1,8 @@
 // The ways out of the editor: what is asked, what the host gets, what stays in the sheet.
 #include <gmock/gmock.h>
 
-#include "editor/editor_file.h"
 #include "editor/editor_visit.h"
+#include "sheetfiles/editor_file.h"
 
 namespace tolmer::test {
 namespace {

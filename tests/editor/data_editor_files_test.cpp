@@ -4,8 +4,8 @@
 #include <filesystem>
 
 #include "base/file_io.h"
-#include "editor/editor_file.h"
 #include "editor/editor_visit.h"
+#include "sheetfiles/editor_file.h"
 #include "support/faults.h"
 
 namespace tolmer::test {

@@ -9,8 +9,8 @@
 #include <fstream>
 
 #include "base/file_io.h"
-#include "editor/editor_file.h"
 #include "editor/editor_visit.h"
+#include "sheetfiles/editor_file.h"
 
 namespace tolmer::test {
 namespace {

@@ -4,7 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "editor/sheet_headings.h"
+#include "sheet/sheet_content.h"
 #include "support/headless_user.h"
 #include "support/layout_check.h"
 #include "support/script.h"
@@ -13,8 +13,8 @@ namespace tolmer {
 namespace {
 
 constexpr const char* window = "frmTextImport";
-constexpr ImportTarget asFile{};
-constexpr ImportTarget atCursor{.origin = TextOrigin::clipboard, .row = 7, .column = 2};
+constexpr ImportTarget asFile{.observations = 500, .variables = 50};
+constexpr ImportTarget atCursor{TextOrigin::clipboard, 7, 2, 500, 50};
 
 struct Stage {
   std::optional<ImportedTable> ask(const std::string& text, const ImportTarget& target,
@@ -93,7 +93,7 @@ TEST(TextImportDialog, OpenQuestionsHoldOkBackAndThePreviewFollows) {
   });
   ASSERT_TRUE(table);
   EXPECT_EQ(table->cells(1, 0).number, 0.34);
-  EXPECT_EQ(table->cells(1, 1).kind, DataCell::Kind::empty);
+  EXPECT_FALSE(table->cells(1, 1).number);
 }
 
 TEST(TextImportDialog, AnAnswerHoldsOnlyForTheQuestionThatWasRead) {
@@ -134,7 +134,7 @@ TEST(TextImportDialog, ManyQuestionsFitTheScreen) {
   Stage stage;
   const std::string text =
       "Name\tx\ty\n1\t1,234\t12 345\nAnn\tNA\t12%\nBob\t$3\tsome words that go on and on\nCy\n";
-  stage.ask(text, {.origin = TextOrigin::clipboard, .row = 1, .column = 1}, [&] {
+  stage.ask(text, {TextOrigin::clipboard, 1, 1, 500, 50}, [&] {
     Window& dialog = stage.user.window(window);
     for (const ImportDoubt doubt :
          {ImportDoubt::headingPlace, ImportDoubt::shortRows, ImportDoubt::decimalMark})

@@ -18,11 +18,11 @@
 
 #include "editor/data_editor.h"
 #include "editor/data_sheet_model.h"
-#include "editor/editor_file.h"
 #include "editor/import_dialog.h"
-#include "editor/sheet_number.h"
+#include "sheetfiles/editor_file.h"
 #include "support/headless_user.h"
 #include "support/temp_folder.h"
+#include "textimport/typed_number.h"
 
 namespace tolmer::test {
 

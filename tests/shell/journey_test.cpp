@@ -4,11 +4,11 @@
 
 #include "base/file_io.h"
 #include "displaywindows/table_window.h"
-#include "editor/sheet_headings.h"
 #include "notebook/note_splash.h"
 #include "notebook/notebook_window.h"
 #include "platform/graph/graph.h"
 #include "platform/grid/grid.h"
+#include "sheet/sheet_content.h"
 #include "shell/shipped_program.h"
 #include "support/designer_student.h"
 #include "support/stand_in_editor.h"

@@ -1,0 +1,75 @@
+// What the data editor's sheet holds, apart from how it is shown and edited, and what a new one
+// holds.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "state/analysis_state.h"
+#include "state/matrix.h"
+
+namespace tolmer {
+
+// Of the sheet that the course uses.
+inline constexpr int editorObservations = 500;
+inline constexpr int editorVariables = 50;
+
+// Decimals that a column can show: a double has 15 digits that are all its own.
+inline constexpr Int16 maxDecimals = 15;
+
+// A cell keeps its exact value: never what is shown of it.
+struct DataCell {
+  enum class Kind : std::uint8_t { empty, number, text, formula };
+  Kind kind = Kind::empty;
+  std::uint32_t seed = 0;  // of a formula with random functions, whose numbers stay with it; else 0
+  double number = 0;       // of a number, and the last result of a formula
+  std::string text{};  // a label or heading; the source of a formula with its "="; the text of an
+                       // error that stands for a formula's result is the sheet's own affair
+
+  friend bool operator==(const DataCell&, const DataCell&) = default;
+};
+
+// Row 0 holds the headings, rows 1..observations the cases; column 0 the labels, columns
+// 1..variables the values.
+struct SheetContent {
+  SheetContent() = default;
+  SheetContent(int observations, int variables)
+      : cells(observations, variables),
+        decimals(static_cast<std::size_t>(variables) + 1, Int16{3}) {}
+
+  int observations() const { return cells.lastRow(); }
+  int variables() const { return cells.lastColumn(); }
+
+  Matrix<DataCell> cells;
+  std::vector<Int16> decimals;  // (0..variables) digits shown right of the point; element 0 unused
+  std::string title;
+
+  friend bool operator==(const SheetContent&, const SheetContent&) = default;
+};
+
+// Whether any cell of the row holds something, the label included.
+bool isUsed(const SheetContent& content, int row);
+// The last used case; 0 where there is none.
+int lastUsedRow(const SheetContent& content);
+
+inline constexpr Int16 standardDecimals = 3;
+inline constexpr const char* newTitle = "User Supplied Data";
+// With four variables the third is meant for one of two values: whole numbers, its own name.
+inline constexpr int binaryVariable = 3;
+
+// Of a new sheet or of a file; iVar 0 is the label column.
+std::string defaultHeading(int iVar, int variables);
+
+// Of a column that is left with data and without a name. Not the same: a single variable is "Var1"
+// here and "X" above, the fourth of four "Var4" and "Var3".
+std::string exitHeading(int iVar, int variables);
+
+// Headings, decimals and title of a new data set, all else empty.
+SheetContent newContent(int observations, int variables);
+
+// With so many decimals, rounded half away from zero from its first 15 digits. Numbers from 1e15 on
+// have no decimals of their own and are shown exactly instead.
+std::string shownNumber(double number, int decimals);
+
+}  // namespace tolmer

@@ -1,0 +1,525 @@
+#include "textimport/import_findings.h"
+
+#include <algorithm>
+#include <array>
+#include <string>
+#include <utility>
+
+namespace tolmer {
+namespace {
+
+std::string separatorName(char separator) {
+  switch (separator) {
+    case '\t':
+      return "Tabs";
+    case ';':
+      return "Semicolons";
+    case ',':
+      return "Commas";
+    case ' ':
+      return "Blanks";
+    default:
+      return "Nothing: it is one column";
+  }
+}
+
+// Blank lines apart.
+bool hasInEveryLine(std::string_view text, char separator) {
+  while (!text.empty()) {
+    const std::string_view line = text.substr(0, text.find_first_of("\r\n"));
+    if (!line.empty() && line.find(separator) == line.npos) return false;
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+  }
+  return true;
+}
+
+bool isYear(std::string_view field) {
+  return field.size() == 4 && (field[0] == '1' || field[0] == '2') &&
+         std::all_of(field.begin(), field.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// "1,5" in every line with a comma: one number with a decimal comma, or two numbers.
+bool couldBeDecimals(const std::string& text, TextOrigin origin) {
+  const auto table = textTable(text, ',', origin);
+  if (!table || table->columns() != 2) return false;
+  return std::all_of(table->rows.begin(), table->rows.end(), [](const auto& row) {
+    return numberShape(row[0]).marks == NumberShape::Marks::plain &&
+           numberShape(row[1]).marks == NumberShape::Marks::plain;
+  });
+}
+
+bool equalsLabel(const std::string& heading) { return heading == "Label" || heading == "label"; }
+
+const std::string stop = "Do not bring the text in";
+const std::string leaveEmpty = "Leave those cells empty";
+
+constexpr int markIsPoint = 0;
+constexpr int markIsComma = 1;
+constexpr int blankGroupsEmpty = 1;
+constexpr int percentDivided = 1;
+constexpr int percentEmpty = 2;
+constexpr int currencyEmpty = 1;
+constexpr int bracketsEmpty = 1;
+constexpr int stopped = 1;  // of missing marks, words and short rows
+constexpr int firstRowStopped = 2;
+
+std::string quotation(const std::string& field) {
+  constexpr std::size_t longest = 30;
+  return "\"" + (field.size() > longest ? field.substr(0, longest) + "..." : field) + "\"";
+}
+
+}  // namespace
+
+std::optional<Error> ImportFindings::findTable(const std::string& text) {
+  const auto separator = chooseSeparator(text);
+  // As long as nobody has said what divides the fields, quotes are letters like others.
+  auto table = textTable(text, separator.value_or(noSeparator),
+                         separator ? target_.origin : TextOrigin::clipboard);
+  if (!table) return table.error();
+  if (table->rows.empty() || table->columns() == 0)
+    return Error{"", "There are no data in the text."};
+  table_ = std::move(*table);
+  if (table_.titleLines > 0)
+    notes_.push_back("Lines above the table were left out: " + std::to_string(table_.titleLines) +
+                     ", the first is \"" + table_.firstTitle + "\".");
+  if (table_.blankLines > 0)
+    notes_.push_back("Blank lines were left out: " + std::to_string(table_.blankLines) + ".");
+  return std::nullopt;
+}
+
+std::optional<char> ImportFindings::chooseSeparator(const std::string& text) {
+  return target_.origin == TextOrigin::clipboard ? separatorOfClipboard(text)
+                                                 : separatorOfFile(text);
+}
+
+// Spreadsheets put tabs on the clipboard; anything else there is doubtful, but for a single line,
+// which is the text of a cell.
+std::optional<char> ImportFindings::separatorOfClipboard(const std::string& text) {
+  if (text.find('\t') != std::string::npos) return '\t';
+  const auto lastLine = text.find_last_not_of("\r\n");
+  if (lastLine == std::string::npos || text.find_first_of("\r\n") > lastLine) return noSeparator;
+  const auto even = evenSeparators(text, target_.origin);
+  if (even.empty())
+    return hasInEveryLine(text, ';') ? askSeparator({';'}, std::nullopt) : noSeparator;
+  const bool clear = even.size() == 1 && even[0] != ' ' &&
+                     !(even[0] == ',' && couldBeDecimals(text, target_.origin));
+  return askSeparator(even, clear ? std::optional(0) : std::nullopt);
+}
+
+std::optional<char> ImportFindings::separatorOfFile(const std::string& text) {
+  auto even = evenSeparators(text, target_.origin);
+  if (even == std::vector{' '}) return askSeparator(even, std::nullopt);
+  std::erase(even, ' ');
+  if (!even.empty() && even[0] == '\t') return '\t';
+  if (even.size() == 1 && !(even[0] == ',' && couldBeDecimals(text, target_.origin))) {
+    notes_.push_back("Fields are divided by " +
+                     std::string(even[0] == ',' ? "commas." : "semicolons."));
+    return even[0];
+  }
+  if (!even.empty()) return askSeparator(even, even.size() > 1 ? std::optional(0) : std::nullopt);
+  std::vector<char> seen;
+  const std::string_view firstLine = std::string_view(text).substr(0, text.find_first_of("\r\n"));
+  for (const char separator : {'\t', ';', ','})
+    if (firstLine.find(separator) != firstLine.npos) seen.push_back(separator);
+  if (seen.empty()) return noSeparator;
+  return askSeparator(seen, seen.size() == 1 ? std::optional(0) : std::nullopt);
+}
+
+std::optional<char> ImportFindings::askSeparator(const std::vector<char>& candidates,
+                                                 std::optional<int> preset) {
+  std::vector<std::string> choices;
+  choices.reserve(candidates.size() + 1);
+  for (const char separator : candidates) choices.push_back(separatorName(separator));
+  choices.push_back(separatorName(noSeparator));
+  const auto chosen = ask(ImportDoubt::separator, "What divides the columns?", choices, preset);
+  if (!chosen) return std::nullopt;
+  const auto index = static_cast<std::size_t>(*chosen);
+  return index < candidates.size() ? candidates[index] : noSeparator;
+}
+
+ImportFindings::ColumnKind ImportFindings::kindOf(int column, int fromRow) const {
+  int numbers = 0;
+  int words = 0;
+  for (int row = fromRow; row < static_cast<int>(table_.rows.size()); ++row) {
+    const std::string& text = field(row, column);
+    if (text.empty() || look(row, column).missing) continue;
+    ++(look(row, column).shape.isNumber() ? numbers : words);
+  }
+  if (numbers + words == 0) return ColumnKind::empty;
+  return numbers >= words ? ColumnKind::numbers : ColumnKind::words;
+}
+
+// Programs that number or name their cases write these in a first column without a name, some of
+// them without even an empty field over it.
+bool ImportFindings::firstRowIsShortOfAName() const {
+  if (table_.shortRows != 1 || table_.firstShortRow != 0 || table_.rows.size() < 2 ||
+      table_.shortLength + 1 != table_.columns())
+    return false;
+  for (int column = 0; column + 1 < columns(); ++column)
+    if (!field(0, column).empty() && !look(0, column).shape.isNumber()) return true;
+  return firstColumnNamesCases();
+}
+
+bool ImportFindings::firstColumnNamesCases() const {
+  if (kindOf(0, 1) == ColumnKind::words) return true;
+  for (int row = 1; row < static_cast<int>(table_.rows.size()); ++row)
+    if (field(row, 0) != std::to_string(row)) return false;
+  return true;
+}
+
+void ImportFindings::findFirstRow() {
+  if (!firstRowIsShortOfAName()) return;
+  namesAreShort_ = true;
+  const auto chosen = ask(ImportDoubt::firstRow,
+                          "The first row has one field less than the others (\"" + firstName() +
+                              "\" and so on). Over which column does it begin?",
+                          {"Over the second: the first has no name",
+                           "Over the first: the last has no name", "Do not bring the text in"},
+                          firstColumnNamesCases() ? std::optional(0) : std::nullopt);
+  if (chosen.value_or(0) != 0) return;
+  auto& names = table_.rows.front();
+  std::rotate(names.begin(), names.end() - 1, names.end());
+  lookAtRow(0);
+}
+
+// Nothing over a first column that is filled, which hints at names over the others.
+bool ImportFindings::cornerIsBlank() const {
+  if (target_.origin == TextOrigin::clipboard || !field(0, 0).empty()) return false;
+  return std::none_of(table_.rows.begin() + 1, table_.rows.end(),
+                      [](const auto& row) { return row.front().empty(); });
+}
+
+std::string ImportFindings::firstName() const {
+  for (const std::string& name : table_.rows.front())
+    if (!name.empty()) return name;
+  return {};
+}
+
+bool ImportFindings::firstRowIsYears() const {
+  bool years = false;
+  for (int column = 0; column < columns(); ++column) {
+    if (kindOf(column, 1) != ColumnKind::numbers) continue;
+    if (!isYear(field(0, column))) return false;
+    years = years || !isYear(field(1, column));
+  }
+  return years;
+}
+
+// nullopt: the first row may be either.
+std::optional<bool> ImportFindings::headingByLook() const {
+  if (table_.rows.size() < 2) return false;
+  int words = 0;
+  int others = 0;
+  bool anyNumbers = false;
+  for (int column = 0; column < columns(); ++column) {
+    const bool overNumbers = kindOf(column, 1) == ColumnKind::numbers;
+    anyNumbers = anyNumbers || overNumbers;
+    const std::string& text = field(0, column);
+    const FieldLook& seen = look(0, column);
+    const bool isWord = !text.empty() && !seen.missing && !seen.shape.isNumber();
+    if (column == 0 && cornerIsBlank()) continue;
+    if (overNumbers || kindOf(column, 1) == ColumnKind::empty) ++(isWord ? words : others);
+  }
+  if (!anyNumbers && words == 0 && others > 0) return false;
+  if (!anyNumbers || (words > 0 && others > 0) || firstRowIsYears()) return std::nullopt;
+  if (words == 0 && cornerIsBlank()) return std::nullopt;
+  return words > 0;
+}
+
+void ImportFindings::findHeading() {
+  const bool pasted = target_.origin == TextOrigin::clipboard;
+  const bool cursorOnNames = pasted && target_.row == 0;
+  const bool onlyLabels = pasted && columns() == 1 && target_.column == 0;
+  auto heading = namesAreShort_ ? true : headingByLook();
+  if (!heading && (cursorOnNames || onlyLabels)) heading = cursorOnNames;
+  if (cursorOnNames && table_.rows.size() == 1) heading = true;
+  if (!heading) {
+    const auto chosen =
+        ask(ImportDoubt::heading,
+            "Does the first row hold the names of the columns (\"" + firstName() + "\" and so on)?",
+            {"Yes, names", "No, data"}, std::nullopt);
+    heading = chosen.value_or(0) == 0;
+  }
+  heading_ = *heading;
+  if (cursorOnNames && !heading_)
+    notes_.push_back("The first row holds data: the block begins below the headings.");
+}
+
+// Units of measurement below the names: as a row without numbers they would become a case.
+void ImportFindings::findUnits() {
+  if (target_.origin != TextOrigin::file || !heading_ || dataRows() < 2) return;
+  std::string first;
+  for (int column = 0; column < columns(); ++column) {
+    if (kindOf(column, 2) != ColumnKind::numbers) continue;
+    if (look(1, column).shape.isNumber() || look(1, column).missing) return;
+    if (first.empty()) first = field(1, column);
+  }
+  if (first.empty()) return;
+  unitRows_ = 1;
+  notes_.push_back("Line " + std::to_string(table_.lines[1]) +
+                   " has no numbers below the names (\"" + first + "\") and was left out.");
+}
+
+// Words in a file's first column are labels; so is what a saved sheet calls "Label".
+void ImportFindings::findLanding() {
+  firstRow_ = std::max(target_.row, 1);
+  firstColumn_ = target_.column;
+  if (target_.origin == TextOrigin::file) {
+    firstRow_ = 1;
+    const bool named = heading_ && (field(0, 0).empty() || equalsLabel(field(0, 0)));
+    const bool labels = named || kindOf(0, firstDataRow()) == ColumnKind::words;
+    firstColumn_ = labels ? 0 : 1;
+    if (labels) notes_.push_back("The first column holds the labels of the cases.");
+    return;
+  }
+  if (firstColumn_ == 0 && columns() > 1 && kindOf(0, firstDataRow()) == ColumnKind::numbers &&
+      !(heading_ && (field(0, 0).empty() || equalsLabel(field(0, 0)))))
+    notes_.push_back("The first column becomes the labels of the cases, though it holds numbers.");
+  if (heading_ && target_.row > 0 && (questions_.empty() || questions_.back().chosen)) {
+    ask(ImportDoubt::headingPlace,
+        "The first row holds names, and the block lands below the row of headings. What is to "
+        "become "
+        "of the names?",
+        {"Put them into the row of headings", "Leave them out"}, 0);
+  }
+}
+
+std::optional<Error> ImportFindings::findRoom() const {
+  const int room = target_.observations - firstRow_ + 1;
+  if (dataRows() > room)
+    return Error{"", "The text has " + std::to_string(dataRows()) +
+                         " rows of data; there is room for " + std::to_string(room) + "."};
+  const int labels = firstColumn_ == 0 ? 1 : 0;
+  const int roomAcross = target_.variables - std::max(firstColumn_, 1) + 1;
+  if (columns() - labels > roomAcross)
+    return Error{"", "The text has " + std::to_string(columns() - labels) +
+                         " columns of data; there is room for " + std::to_string(roomAcross) + "."};
+  return std::nullopt;
+}
+
+void ImportFindings::findShortRows() {
+  if (table_.firstShortRow < 0 || namesAreShort_) return;
+  ask(ImportDoubt::shortRows,
+      "Rows have different lengths: line " +
+          std::to_string(table_.lines[static_cast<std::size_t>(table_.firstShortRow)]) + " has " +
+          std::to_string(table_.shortLength) + (table_.shortLength == 1 ? " field" : " fields") +
+          ", others have " + std::to_string(columns()) + ". What is missing at their ends?",
+      {"Empty cells", "Do not bring the text in"}, std::nullopt);
+}
+
+std::vector<std::string> ImportFindings::headings() const {
+  const bool leftOut = answerTo(ImportDoubt::headingPlace) == 1;
+  return heading_ && !leftOut ? table_.rows.front() : std::vector<std::string>();
+}
+
+Result<ImportFindings> ImportFindings::of(const std::string& text, const ImportTarget& target,
+                                          const ImportAnswers& answers) {
+  ImportFindings findings(target, answers);
+  if (const auto error = findings.findTable(text)) return *error;
+  findings.lookAtFields();
+  // How the text is cut decides everything else.
+  if (!findings.questions_.empty() && !findings.questions_.front().chosen) return findings;
+  findings.findFirstRow();
+  findings.findHeading();
+  findings.findUnits();
+  findings.findLanding();
+  if (const auto error = findings.findRoom()) return *error;
+  findings.findShortRows();
+  findings.findDecimalMark();
+  findings.findSigns();
+  findings.findMissingAndWords();
+  findings.findGapsOnTop();
+  return findings;
+}
+
+void ImportFindings::lookAtFields() {
+  const int rows = static_cast<int>(table_.rows.size());
+  looks_.resize(rows - 1, columns() - 1);
+  for (int row = 0; row < rows; ++row) lookAtRow(row);
+}
+
+void ImportFindings::lookAtRow(int row) {
+  for (int column = 0; column < columns(); ++column)
+    looks_(row, column) = {numberShape(field(row, column)), isMissingMark(field(row, column))};
+}
+
+template <class See>
+void ImportFindings::eachValue(See see) const {
+  for (int row = firstDataRow(); row < static_cast<int>(table_.rows.size()); ++row)
+    for (int column = 0; column < columns(); ++column)
+      if (!landsAsLabel(column) && !field(row, column).empty()) see(row, column, look(row, column));
+}
+
+void ImportFindings::findDecimalMark() {
+  using Marks = NumberShape::Marks;
+  std::array<Sighting, 6> seen;
+  bool removes = false;
+  eachValue([&](int row, int column, const FieldLook& seenField) {
+    const Marks marks = seenField.shape.marks;
+    seen[static_cast<std::size_t>(marks)].add(row, column);
+    removes = removes || (marks == Marks::point && seenField.shape.groupedByMarks);
+  });
+  const auto of = [&seen](Marks marks) { return seen[static_cast<std::size_t>(marks)]; };
+  const Sighting comma = of(Marks::comma).count ? of(Marks::comma) : of(Marks::eitherComma);
+  if (of(Marks::point).count && !of(Marks::comma).count) {
+    decimalMark_ = '.';
+    if (removes || comma.count)
+      notes_.push_back("The decimal mark is the point; commas between thousands were taken out.");
+  } else if (comma.count == 0) {
+    decimalMark_ = '.';
+    // Three decimals throughout are usual; thousands in the writing of other countries look alike.
+    if (of(Marks::eitherPoint).count) askDecimalMark(of(Marks::eitherPoint), markIsPoint);
+  } else {
+    const bool onlyComma = of(Marks::comma).count && !of(Marks::point).count;
+    askDecimalMark(comma, onlyComma ? std::optional(markIsComma) : std::nullopt);
+  }
+}
+
+void ImportFindings::askDecimalMark(const Sighting& seen, std::optional<int> preset) {
+  const auto chosen =
+      ask(ImportDoubt::decimalMark, "What is the decimal mark in " + seenAt(seen) + "?",
+          {"Point", "Comma"}, preset);
+  if (chosen) decimalMark_ = *chosen == markIsPoint ? '.' : ',';
+}
+
+void ImportFindings::findSigns() {
+  Sighting groups;
+  Sighting percents;
+  Sighting currencies;
+  Sighting brackets;
+  eachValue([&](int row, int column, const FieldLook& seenField) {
+    const NumberShape& shape = seenField.shape;
+    if (!shape.isNumber()) return;
+    if (shape.groupedByBlanks) groups.add(row, column);
+    if (shape.percent) percents.add(row, column);
+    if (shape.currency) currencies.add(row, column);
+    if (shape.bracketed) brackets.add(row, column);
+  });
+  if (groups.count)
+    ask(ImportDoubt::blankGroups,
+        "There are blanks or apostrophes within numbers, first " + seenAt(groups) + ".",
+        {"Take them out", leaveEmpty}, std::nullopt);
+  if (percents.count)
+    ask(ImportDoubt::percent, "There are percent signs, first " + seenAt(percents) + ".",
+        {"12% is 12", "12% is 0.12", leaveEmpty}, std::nullopt);
+  if (currencies.count)
+    ask(ImportDoubt::currency, "There are signs of currency, first " + seenAt(currencies) + ".",
+        {"Take the signs off", leaveEmpty}, std::nullopt);
+  if (brackets.count)
+    ask(ImportDoubt::brackets, "There are numbers in brackets, first " + seenAt(brackets) + ".",
+        {"(5) is -5", leaveEmpty}, std::nullopt);
+}
+
+void ImportFindings::findMissingAndWords() {
+  Sighting missing;
+  Sighting words;
+  eachValue([&](int row, int column, const FieldLook& seenField) {
+    if (seenField.missing)
+      missing.add(row, column);
+    else if (!seenField.shape.fits(decimalMark_))
+      words.add(row, column);
+  });
+  if (missing.count)
+    ask(ImportDoubt::missing, "Are these missing values? First " + seenAt(missing) + ".",
+        {"Yes, empty cells", stop}, 0);
+  if (words.count)
+    ask(ImportDoubt::words, "There is text where numbers belong, first " + seenAt(words) + ".",
+        {leaveEmpty, stop}, std::nullopt);
+}
+
+// The check on leaving the editor knows a gap only below a column's first value.
+void ImportFindings::findGapsOnTop() {
+  if (target_.origin != TextOrigin::file || dataRows() < 1) return;
+  const int top = firstDataRow();
+  Sighting gaps;
+  for (int column = 0; column < columns(); ++column)
+    if (!landsAsLabel(column) && kindOf(column, top) == ColumnKind::numbers &&
+        !look(top, column).shape.isNumber())
+      gaps.add(top, column);
+  if (gaps.count == 0) return;
+  const std::string more =
+      gaps.count > 1 ? " (" + std::to_string(gaps.count) + " columns in all)" : "";
+  notes_.push_back("Column " + std::to_string(gaps.column + 1) + " begins without a value" + more +
+                   ". Above a variable's first value, the analysis takes empty cells as 0.");
+}
+
+std::string ImportFindings::place(int row, int column) const {
+  return "line " + std::to_string(table_.lines[static_cast<std::size_t>(row)]) + ", column " +
+         std::to_string(column + 1);
+}
+
+std::string ImportFindings::seenAt(const Sighting& sighting) const {
+  const std::string more =
+      sighting.count > 1 ? ", " + std::to_string(sighting.count) + " in all" : "";
+  return quotation(field(sighting.row, sighting.column)) + " (" +
+         place(sighting.row, sighting.column) + more + ")";
+}
+
+std::optional<int> ImportFindings::ask(ImportDoubt doubt, std::string text,
+                                       std::vector<std::string> choices,
+                                       std::optional<int> preset) {
+  const auto answer = answers_.find(doubt);
+  const bool answered = answer != answers_.end() && answer->second >= 0 &&
+                        answer->second < static_cast<int>(choices.size());
+  if (answered) preset = answer->second;
+  questions_.push_back({doubt, std::move(text), std::move(choices), preset});
+  return preset;
+}
+
+std::optional<int> ImportFindings::answerTo(ImportDoubt doubt) const {
+  for (const ImportQuestion& question : questions_)
+    if (question.doubt == doubt) return question.chosen;
+  return std::nullopt;
+}
+
+std::optional<Error> ImportFindings::refusal() const {
+  for (const ImportQuestion& question : questions_)
+    if (!question.chosen) return Error{"", "An answer is missing: " + question.text};
+  if (answerTo(ImportDoubt::shortRows) == stopped ||
+      answerTo(ImportDoubt::firstRow) == firstRowStopped)
+    return Error{place(table_.firstShortRow, 0), "The row is too short."};
+  return std::nullopt;
+}
+
+Result<std::optional<ImportedCell>> ImportFindings::cell(int row, int column) const {
+  const std::string& text = field(row, column);
+  if (landsAsLabel(column)) return std::optional(ImportedCell{.text = text});
+  if (text.empty()) return std::optional(ImportedCell{});
+  if (look(row, column).missing)
+    return emptied(ImportDoubt::missing, 0, row, column, "a missing value");
+  if (!decimalMark_) return std::optional<ImportedCell>();
+  return numberCell(row, column, look(row, column).shape);
+}
+
+// The cell is empty where that is the answer, and an error where the answer was to stop.
+Result<std::optional<ImportedCell>> ImportFindings::emptied(ImportDoubt doubt, int emptyChoice,
+                                                            int row, int column,
+                                                            std::string_view what) const {
+  const auto answer = answerTo(doubt);
+  if (!answer) return std::optional<ImportedCell>();
+  if (*answer == emptyChoice) return std::optional(ImportedCell{});
+  return Error{place(row, column),
+               quotation(field(row, column)) + " is " + std::string(what) + "."};
+}
+
+Result<std::optional<ImportedCell>> ImportFindings::numberCell(int row, int column,
+                                                               const NumberShape& shape) const {
+  const auto percent = answerTo(ImportDoubt::percent);
+  const auto number =
+      fieldNumber(field(row, column), *decimalMark_,
+                  percent == percentDivided ? Percent::divided : Percent::asWritten);
+  if (!number) return emptied(ImportDoubt::words, 0, row, column, "no number");
+  const auto groups = answerTo(ImportDoubt::blankGroups);
+  const auto currency = answerTo(ImportDoubt::currency);
+  const auto brackets = answerTo(ImportDoubt::brackets);
+  if ((shape.groupedByBlanks && !groups) || (shape.percent && !percent) ||
+      (shape.currency && !currency) || (shape.bracketed && !brackets))
+    return std::optional<ImportedCell>();
+  if ((shape.groupedByBlanks && groups == blankGroupsEmpty) ||
+      (shape.percent && percent == percentEmpty) || (shape.currency && currency == currencyEmpty) ||
+      (shape.bracketed && brackets == bracketsEmpty))
+    return std::optional(ImportedCell{});
+  return std::optional(ImportedCell{.number = number});
+}
+
+}  // namespace tolmer

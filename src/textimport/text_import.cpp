@@ -1,0 +1,75 @@
+#include "textimport/text_import.h"
+
+#include <algorithm>
+
+#include "textimport/import_findings.h"
+#include "textimport/typed_number.h"
+
+namespace tolmer {
+namespace {
+
+std::string shownText(const ImportFindings& findings, int row, int column) {
+  const auto cell = findings.cell(row, column);
+  if (!cell || !*cell) return findings.field(row, column);
+  return (*cell)->number ? exactText(*(*cell)->number) : (*cell)->text;
+}
+
+}  // namespace
+
+struct TextImport::Look {
+  ImportAnswers answers;
+  Result<ImportFindings> findings;
+};
+
+const TextImport::Look& TextImport::look(const ImportAnswers& answers) const {
+  if (!last_ || last_->answers != answers)
+    last_ =
+        std::make_shared<const Look>(Look{answers, ImportFindings::of(text_, target_, answers)});
+  return *last_;
+}
+
+bool ImportPreview::isAnswered() const {
+  return std::all_of(questions.begin(), questions.end(),
+                     [](const ImportQuestion& question) { return question.chosen.has_value(); });
+}
+
+Result<TextImport> TextImport::read(std::string bytes, ImportTarget target) {
+  auto text = foreignText(std::move(bytes));
+  if (!text) return text.error();
+  return TextImport(std::move(*text), target);
+}
+
+Result<ImportPreview> TextImport::preview(const ImportAnswers& answers) const {
+  const auto& findings = look(answers).findings;
+  if (!findings) return findings.error();
+  ImportPreview preview{findings->questions(),
+                        findings->notes(),
+                        findings->headings(),
+                        findings->firstRow(),
+                        findings->firstColumn(),
+                        findings->dataRows(),
+                        {}};
+  for (int i = 0; i < std::min(shownRows, preview.rows); ++i) {
+    auto& row = preview.shown.emplace_back();
+    for (int column = 0; column < findings->columns(); ++column)
+      row.push_back(shownText(*findings, findings->firstDataRow() + i, column));
+  }
+  return preview;
+}
+
+Result<ImportedTable> TextImport::apply(const ImportAnswers& answers) const {
+  const auto& findings = look(answers).findings;
+  if (!findings) return findings.error();
+  if (const auto refused = findings->refusal()) return *refused;
+  ImportedTable table{findings->headings(), findings->firstRow(), findings->firstColumn(),
+                      Matrix<ImportedCell>(findings->dataRows() - 1, findings->columns() - 1)};
+  for (int row = 0; row < findings->dataRows(); ++row)
+    for (int column = 0; column < findings->columns(); ++column) {
+      auto cell = findings->cell(findings->firstDataRow() + row, column);
+      if (!cell) return cell.error();
+      if (*cell) table.cells(row, column) = std::move(**cell);
+    }
+  return table;
+}
+
+}  // namespace tolmer

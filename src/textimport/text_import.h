@@ -1,0 +1,110 @@
+// Text data from a file or the clipboard, on its way into the sheet.
+//
+// Nothing is guessed silently: what is doubtful becomes a question with the place where it was
+// seen, and what was taken for granted becomes a note. The dialog shows a preview, puts the user's
+// answers into ImportAnswers, asks for the preview again (an answer may raise other questions), and
+// in the end takes the whole table or nothing.
+#pragma once
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "base/error.h"
+#include "state/matrix.h"
+#include "textimport/text_table.h"
+
+namespace tolmer {
+
+enum class ImportDoubt {
+  separator,     // what divides the fields
+  firstRow,      // one field less than all others: over which column it begins
+  heading,       // is the first row names?
+  headingPlace,  // names above a block that lands further down
+  shortRows,     // rows of different length
+  decimalMark,
+  blankGroups,  // 12 345
+  percent,
+  currency,
+  brackets,  // (5)
+  missing,   // NA and the like
+  words      // words among numbers
+};
+
+struct ImportQuestion {
+  ImportDoubt doubt;
+  std::string text;  // names the first place
+  std::vector<std::string> choices;
+  std::optional<int> chosen;  // the user's answer, else what is set beforehand; none: must be asked
+};
+
+using ImportAnswers = std::map<ImportDoubt, int>;
+
+// Where the table is to land, in a sheet with room for so many observations and variables. For a
+// file the sheet is empty and everything else is found out; the clipboard's text lands at the
+// cursor. Row 0 are the headings, column 0 the labels.
+struct ImportTarget {
+  TextOrigin origin = TextOrigin::file;
+  int row = 1;
+  int column = 1;
+  int observations;
+  int variables;
+};
+
+// An exact number, the text of a label, or neither.
+struct ImportedCell {
+  std::optional<double> number{};
+  std::string text{};
+};
+
+// A table as it lands: cells(0, 0) at firstRow, firstColumn of the sheet.
+struct ImportedTable {
+  std::vector<std::string> headings;  // of the table's columns; empty where there are none
+  int firstRow = 1;                   // at least 1
+  int firstColumn = 1;
+  Matrix<ImportedCell> cells;  // texts in the sheet's column 0 only
+};
+
+struct ImportPreview {
+  std::vector<ImportQuestion> questions;
+  std::vector<std::string> notes;  // what was read in a way that could be another
+  std::vector<std::string> headings;
+  int firstRow = 1;
+  int firstColumn = 1;
+  int rows = 0;
+  // The first rows as they would land; fields whose reading is still open as they are written.
+  std::vector<std::vector<std::string>> shown;
+
+  // Nobody needs to be asked: all went without a doubt.
+  bool isClear() const { return questions.empty(); }
+  bool isAnswered() const;
+};
+
+class TextImport {
+ public:
+  static constexpr int shownRows = 8;
+
+  // Refuses bytes that are no text. A "\r\n" or "\n" at the very end ends the last row.
+  static Result<TextImport> read(std::string bytes, ImportTarget target);
+
+  // Refuses a table larger than its room, with both numbers, and a damaged one, with the line.
+  Result<ImportPreview> preview(const ImportAnswers& answers) const;
+  // All of it, or an error: an open question, or the first place of what was not to be brought in.
+  Result<ImportedTable> apply(const ImportAnswers& answers) const;
+
+ private:
+  struct Look;
+
+  TextImport(std::string text, ImportTarget target) : text_(std::move(text)), target_(target) {}
+  const Look& look(const ImportAnswers& answers) const;
+
+  std::string text_;
+  ImportTarget target_;
+  // A table is mostly applied with the answers of the last preview.
+  mutable std::shared_ptr<const Look> last_;
+};
+
+}  // namespace tolmer

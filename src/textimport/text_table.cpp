@@ -1,0 +1,158 @@
+#include "textimport/text_table.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "base/tabbed_text.h"
+#include "base/text_encoding.h"
+#include "base/trimmed.h"
+#include "fieldfile/record_reader.h"
+#include "textimport/number_shape.h"
+#include "textimport/typed_number.h"
+
+namespace tolmer {
+namespace {
+
+bool isControl(char c) {
+  const auto code = static_cast<unsigned char>(c);
+  return (code < 0x20 && c != '\t' && c != '\n' && c != '\r') || code == 0x7F;
+}
+
+// A cell is one line: what would break it is a blank.
+std::string onOneLine(std::string_view field) {
+  const auto breaks = [](char c) { return c == '\t' || c == '\n' || c == '\r'; };
+  field = withoutTextMark(trimmed(field));
+  std::string line(field);
+  if (std::none_of(field.begin(), field.end(), breaks)) return line;
+  std::replace_if(line.begin(), line.end(), breaks, ' ');
+  return std::string(trimmed(line));
+}
+
+// Runs of blanks become one, and none stands at an end of a line.
+std::string withSingleBlanks(const std::string& text) {
+  std::string single;
+  for (const char c : text) {
+    const bool atLineStart = single.empty() || single.back() == '\n' || single.back() == '\r';
+    if (c == ' ' && (atLineStart || single.back() == ' ')) continue;
+    if ((c == '\n' || c == '\r') && single.ends_with(' ')) single.pop_back();
+    single += c;
+  }
+  if (single.ends_with(' ')) single.pop_back();
+  return single;
+}
+
+bool isBlank(const std::vector<std::string>& row) {
+  return std::all_of(row.begin(), row.end(),
+                     [](const std::string& field) { return field.empty(); });
+}
+
+bool isBlankLine(const std::vector<std::string>& row) {
+  return row.size() == 1 && row.front().empty();
+}
+
+std::size_t usedLength(const std::vector<std::string>& row) {
+  std::size_t used = row.size();
+  while (used > 0 && row[used - 1].empty()) --used;
+  return used;
+}
+
+bool isTitle(const std::vector<std::string>& row) {
+  return usedLength(row) <= 1 && !numberShape(row.front()).isNumber();
+}
+
+bool isRowOfNames(const std::vector<std::string>& row) {
+  return usedLength(row) >= 3 && std::none_of(row.begin(), row.end(), [](const auto& field) {
+           return numberShape(field).isNumber();
+         });
+}
+
+// What spreadsheets and programs write above the names: the study's title, its source, "sep=;".
+void leaveOutTitles(TextTable& table) {
+  constexpr std::ptrdiff_t most = 20;
+  const auto names = std::find_if_not(table.rows.begin(), table.rows.end(), isTitle);
+  const auto above = names - table.rows.begin();
+  if (above == 0 || above > most || names == table.rows.end() || !isRowOfNames(*names)) return;
+  for (auto row = table.rows.begin(); row != names; ++row)
+    if (!isBlank(*row) && table.titleLines++ == 0) table.firstTitle = row->front();
+  table.blankLines += static_cast<int>(above) - table.titleLines;
+  table.rows.erase(table.rows.begin(), names);
+  table.lines.erase(table.lines.begin(), table.lines.begin() + above);
+}
+
+Result<TextTable> rawTable(std::string text, char separator, TextOrigin origin) {
+  if (separator == ' ') text = withSingleBlanks(text);
+  const char divider = separator == noSeparator ? '\x1F' : separator;
+  const auto quotes = origin == TextOrigin::file ? RecordReader::StrayQuotes::refused
+                                                 : RecordReader::StrayQuotes::kept;
+  RecordReader reader("line", text, divider, quotes);
+  TextTable table;
+  while (!reader.atEnd()) {
+    auto record = reader.next();
+    if (!record) return Error{"line " + record.error().where.substr(5), record.error().text};
+    std::vector<std::string> row;
+    for (const FieldSpan field : record->fields) row.push_back(onOneLine(field.in(text)));
+    if (origin == TextOrigin::file && separator != noSeparator && isBlankLine(row)) {
+      ++table.blankLines;
+      continue;
+    }
+    table.rows.push_back(std::move(row));
+    table.lines.push_back(record->line);
+  }
+  while (origin == TextOrigin::file && !table.rows.empty() && isBlank(table.rows.back()))
+    table.rows.pop_back();
+  table.lines.resize(table.rows.size());
+  if (origin == TextOrigin::file && separator != noSeparator) leaveOutTitles(table);
+  return table;
+}
+
+std::size_t widestRow(const TextTable& table, TextOrigin origin) {
+  std::size_t width = 0;
+  for (const auto& row : table.rows)
+    width = std::max(width, origin == TextOrigin::file ? usedLength(row) : row.size());
+  return width;
+}
+
+bool isEven(const TextTable& table, TextOrigin origin) {
+  const std::size_t first = table.rows.front().size();
+  const std::size_t width = table.rows.size() > 1 ? table.rows[1].size() : first;
+  if (first != width && (origin == TextOrigin::clipboard || first + 1 != width)) return false;
+  return std::all_of(table.rows.begin() + 1, table.rows.end(),
+                     [width](const auto& row) { return row.size() == width || isBlankLine(row); });
+}
+
+}  // namespace
+
+Result<std::string> foreignText(std::string bytes) {
+  std::string text = utf8FromFile(std::move(bytes));
+  if (text.find('\0') != std::string::npos) return Error{"", "This is no text file."};
+  std::replace_if(text.begin(), text.end(), isControl, ' ');
+  return text;
+}
+
+Result<TextTable> textTable(std::string text, char separator, TextOrigin origin) {
+  auto table = rawTable(std::move(text), separator, origin);
+  if (!table) return table;
+  const std::size_t width = widestRow(*table, origin);
+  for (std::size_t i = 0; i < table->rows.size(); ++i) {
+    auto& row = table->rows[i];
+    if (row.size() < width && !isBlankLine(row) && table->shortRows++ == 0) {
+      table->firstShortRow = static_cast<int>(i);
+      table->shortLength = row.size();
+    }
+    row.resize(width);
+  }
+  return table;
+}
+
+std::vector<char> evenSeparators(const std::string& text, TextOrigin origin) {
+  std::vector<char> even;
+  for (const char separator : {'\t', ';', ',', ' '}) {
+    if (text.find(separator) == std::string::npos) continue;
+    const auto table = rawTable(text, separator, origin);
+    if (table && !table->rows.empty() && table->rows.front().size() > 1 && isEven(*table, origin))
+      even.push_back(separator);
+  }
+  return even;
+}
+
+}  // namespace tolmer
