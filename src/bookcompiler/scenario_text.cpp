@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/trimmed.h"
 #include "fieldfile/number_text.h"
 
 namespace tolmer {
@@ -11,11 +12,7 @@ std::vector<std::string> cutAtCommas(std::string_view text) {
   std::vector<std::string> parts;
   for (;;) {
     const auto comma = text.find(',');
-    const std::string_view part = text.substr(0, comma);
-    const auto first = part.find_first_not_of(' ');
-    const auto last = part.find_last_not_of(' ');
-    parts.emplace_back(first == std::string_view::npos ? std::string_view()
-                                                       : part.substr(first, last - first + 1));
+    parts.emplace_back(trimmed(text.substr(0, comma), " "));
     if (comma == std::string_view::npos) return parts;
     text.remove_prefix(comma + 1);
   }

@@ -52,10 +52,10 @@ void loadExample(WorkingCopy& copy, const Parameter& parameter, const std::strin
   listIndepVars(copy);
 }
 
-bool copyVariable(WorkingCopy& copy, const EditorData& editor, int iVar, int col) {
+bool copyVariable(WorkingCopy& copy, const StudentData& data, int iVar, int col) {
   bool hasValues = false;
   for (int i = 1; i <= copy.miNumCases; ++i) {
-    const float value = static_cast<float>(editor.DataValue(iVar, i));
+    const float value = static_cast<float>(data.mdValue(i, iVar));
     copy.osData(i, col) = value;
     hasValues = hasValues || value != 0.0F;
   }
@@ -106,24 +106,26 @@ void LoadNewDatabase(WorkingCopy& copy, const ScenarioSource& scenarios,
   ReadNewData(copy, messages);
 }
 
-void LoadFromDataEditor(WorkingCopy& copy, const EditorData& editor) {
+void LoadFromDataEditor(WorkingCopy& copy, const StudentData& data) {
   copy.mtDataFileName = "None";
   copy.mtDataFileInfoName = "None";
   copy.dataStamp.reset();
   copy.infoStamp.reset();
   copy.mbInfoAvailable = false;
-  copy.mbLabeledData = editor.DataLabelsEntered();
-  copy.miNumCases = editor.CompleteObservations();
+  copy.mbLabeledData = data.mbDataLabelsEntered;
+  copy.miNumCases = static_cast<Int16>(data.miCompleteObs);
   copy.miNumCols = EditorData::numberVariables;
   clearModel(copy);
   DimensionModelDesignerArrays(copy);
   setInterceptColumn(copy);
   for (int i = 1; i <= copy.miNumCases; ++i)
-    copy.otCaseLabel(i) = copy.mbLabeledData ? editor.DataLabel(i) : std::to_string(i);
+    copy.otCaseLabel(i) =
+        copy.mbLabeledData ? data.mtLabel[static_cast<std::size_t>(i)] : std::to_string(i);
 
   Int16 used = 0;
-  for (int v = 1; v <= EditorData::numberVariables; ++v)
-    if (copyVariable(copy, editor, v, used + 1)) copy.otColName(++used) = editor.VarHeader(v);
+  for (int v = 1; v <= data.mdValue.lastColumn(); ++v)
+    if (copyVariable(copy, data, v, used + 1))
+      copy.otColName(++used) = data.mtVarHeader[static_cast<std::size_t>(v)];
   copy.miNumCols = used;
   shrinkColumns(copy);
 }

@@ -3,9 +3,11 @@
 #pragma once
 
 #include <string>
+#include <vector>
 
 #include "base/message_box.h"
 #include "data/working_copy.h"
+#include "state/matrix.h"
 
 namespace tolmer {
 
@@ -25,18 +27,24 @@ class ScenarioSource {
   virtual std::string DefaultScenarioParameter(int iIndex) const = 0;
 };
 
-// The data editor as the loaders and the designer see it. Variables and observations count from 1;
-// only complete observations are counted and handed out.
+// The student's own data as the editor hands them over: its complete observations, below M.
+// Observations and variables count from 1.
+struct StudentData {
+  int miCompleteObs = 0;
+  bool mbDataLabelsEntered = false;      // also by the label of an incomplete case
+  Matrix<double> mdValue;                // (0..M, 0..V) observation first
+  std::vector<std::string> mtLabel;      // (0..M)
+  std::vector<std::string> mtVarHeader;  // (0..V)
+};
+
+// The data editor as the designer sees it.
 class EditorData {
  public:
   static constexpr Int16 numberVariables = 50;
 
   virtual ~EditorData() = default;
-  virtual Int16 CompleteObservations() const = 0;
-  virtual bool DataLabelsEntered() const = 0;
-  virtual std::string DataLabel(int iOb) const = 0;
-  virtual double DataValue(int iVar, int iOb) const = 0;
-  virtual std::string VarHeader(int iVarNum) const = 0;
+  // What the student left it with last; nothing where that was refused.
+  virtual StudentData studentData() const = 0;
   virtual bool UserCancel() const = 0;
   // Shows the editor and returns when the student has left it.
   virtual void ShowDataEditor() = 0;
@@ -61,6 +69,6 @@ void LoadNewDatabase(WorkingCopy& copy, const ScenarioSource& scenarios,
 // The editor's complete observations, without a model. A variable whose values are all zero is left
 // out and the next ones move left. Labels not typed are the case numbers. mtLabelColName keeps
 // what it held.
-void LoadFromDataEditor(WorkingCopy& copy, const EditorData& editor);
+void LoadFromDataEditor(WorkingCopy& copy, const StudentData& data);
 
 }  // namespace tolmer

@@ -104,7 +104,7 @@ void frmModelDesign::LoadNewDatabase() {
 
 void frmModelDesign::LoadFromDataEditor() {
   if (sources_.editor)
-    tolmer::LoadFromDataEditor(copy_, *sources_.editor);
+    tolmer::LoadFromDataEditor(copy_, sources_.editor->studentData());
   else
     DimensionModelDesignerArrays(copy_);
   displayLoadedModel();

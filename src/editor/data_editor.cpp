@@ -1,11 +1,13 @@
 #include "editor/data_editor.h"
 
+#include <stdexcept>
 #include <utility>
 
-#include "editor/formula_pointing.h"
+#include "editor/instructions.h"
 #include "editor/numeric_format.h"
 #include "editor/sort_options.h"
 #include "platform/desktop.h"
+#include "sheet/sheet_content.h"
 
 namespace tolmer {
 namespace {
@@ -17,7 +19,7 @@ KeyPress withControl(int key) { return {.code = key, .control = true}; }
 }  // namespace
 
 frmDataEditor::frmDataEditor(Desktop& desktop, EditorFolders folders)
-    : Window(desktop, "frmDataEditor", WindowStyle::dialog, "Data Editor"),
+    : SheetWindow(desktop),
       files_(desktop, sheet_, std::move(folders.program)),
       autosave_(std::move(folders.autosave), [&desktop] { return desktop.timers().now(); }),
       lights_(desktop.timers(), {&cmdOpen, &cmdSave, &cmdOK, &cmdCancel}),
@@ -29,7 +31,6 @@ frmDataEditor::frmDataEditor(Desktop& desktop, EditorFolders folders)
   wireOptionsAndHelp();
   wireCellMenu();
   wireControls();
-  wireGrid();
 }
 
 // However the program ends, what is unsaved stays aside unless the user has said otherwise.
@@ -156,35 +157,6 @@ void frmDataEditor::wireControls() {
   tmrAutosave_.Tick = [this] { tmrAutosave_Tick(); };
 }
 
-void frmDataEditor::wireGrid() {
-  spdData.AskContent = [this](CellPosition cell, std::string& text) {
-    text = sheet_.editText(cell.row - 1, cell.col - 1);
-  };
-  spdData.EditDone = [this](CellPosition cell, const std::string& text, bool& bAccepted) {
-    spdData_EditDone(cell, text, bAccepted);
-  };
-  spdData.EditGivenUp = [this] { forgetMessages(); };
-  spdData.LeaveCell = [this](CellPosition cell, CellPosition) {
-    if (cell != told_.cell) told_ = {};
-    forgetMessages();
-  };
-  spdData.SelectionChange = [this] { forgetMessages(); };
-  spdData.Command = [this](GridCommand what) { command(what); };
-  spdData.EditChanged = [this] { spdData_EditChanged(); };
-  spdData.AskPointing = [this](const std::string& before, const std::string& behind, bool& bCan) {
-    bCan = typesFormula() && takesAddress(before, behind, sheet_.names());
-  };
-  spdData.AskAddress = [this](const CellBlock& block, std::string& address) {
-    address = addressOf(rangeOf(block), sheet_.names());
-  };
-  spdData.Fill = [this](const CellBlock& from, const CellBlock& to) {
-    fill(rangeOf(from), rangeOf(to));
-  };
-  spdData.MouseUp = [this](MouseButton button) {
-    if (button == MouseButton::right) openCellMenu();
-  };
-}
-
 void frmDataEditor::ShowDataEditor() {
   if (!isSetUp_) SetupEditor();
   showModal();
@@ -287,6 +259,190 @@ void frmDataEditor::writeAside(Writing when) {
   const auto failure =
       when == Writing::now ? autosave_.flush(content, from) : autosave_.poll(content, from);
   if (failure) refusal_ = "The work could not be written aside: " + failure->message();
+}
+
+void frmDataEditor::showInstructions(int index) {
+  txtHelp.setText(instructions(index));
+  txtHelp.setVisible(true);
+  cmdClose.setVisible(true);
+  txtHelp.setFocus();  // where keys scroll
+}
+
+void frmDataEditor::closeInstructions() {
+  txtHelp.setVisible(false);
+  cmdClose.setVisible(false);
+  spdData.setFocus();
+}
+
+void frmDataEditor::SetupEditor() {
+  tfFileFilter();
+  isSetUp_ = true;
+  sheet_.Changed = nullptr;
+  sheet_.startOver(setup_.MaxObservations, setup_.NumberVariables);
+  InitialiseGrid();
+  sheet_.Changed = [this](const SheetChange& change) {
+    sheet_.unsaved() ? autosave_.changed() : autosave_.clean();
+    follow(change);
+  };
+}
+
+std::string frmDataEditor::tfFileFilter() {
+  std::string filter = tolmer::tfFileFilter(setup_.NumberVariables, desktop());
+  if (filter.empty()) desktop().endProgram(1);
+  return filter;
+}
+
+void frmDataEditor::checkVariable(int iVarNum) const {
+  if (iVarNum < 0 || iVarNum > editorVariables) throw std::out_of_range("variable of the editor");
+}
+
+std::string frmDataEditor::VarHeader(int iVarNum) const {
+  checkVariable(iVarNum);
+  return iVarNum <= sheet_.variables() ? sheet_.heading(iVarNum) : std::string();
+}
+
+void frmDataEditor::setVarHeader(int iVarNum, const std::string& name) {
+  checkVariable(iVarNum);
+  if (iVarNum <= sheet_.variables()) sheet_.enter(0, iVarNum, name);
+}
+
+Int16 frmDataEditor::NumberDecimals(int iVarNum) const {
+  checkVariable(iVarNum);
+  return iVarNum <= sheet_.variables() ? sheet_.decimals(iVarNum) : Int16{0};
+}
+
+void frmDataEditor::setNumberDecimals(int iVarNum, Int16 digits) {
+  checkVariable(iVarNum);
+  if (iVarNum >= 1 && iVarNum <= sheet_.variables()) sheet_.setDecimals(iVarNum, digits);
+  sheet_.markChanged();
+}
+
+std::string frmDataEditor::DataLabel(int iOb) const {
+  return exit_.mtLabel.at(static_cast<std::size_t>(iOb));
+}
+
+double frmDataEditor::DataValue(int iVar, int iOb) const {
+  if (iVar < 0 || iVar > sheet_.variables() || iOb < 1 || iOb > exit_.miCompleteObs)
+    throw std::out_of_range("DataValue");
+  return exit_.mdValue(iOb, iVar);
+}
+
+void frmDataEditor::mnuFileNew_Click() {
+  if (!entryIsTaken()) return;
+  if (replacingLosesData() &&
+      desktop().messageBox({.title = "Data Changed",
+                            .text = "The current data has not been saved. Do you want to clear the "
+                                    "current data anyway?",
+                            .icon = MessageIcon::question,
+                            .buttons = MessageButtons::okCancel}) == Answer::cancel)
+    return;
+  sheet_.clearAll();
+  resetGrid();
+}
+
+void frmDataEditor::cmdOpen_Click() {
+  if (!entryIsTaken()) return;
+  if (replacingLosesData() &&
+      desktop().messageBox({.title = "Data Changed",
+                            .text = "The current data has not been saved. Do you want to load new "
+                                    "data anyway?",
+                            .icon = MessageIcon::question,
+                            .buttons = MessageButtons::yesNo}) == Answer::no)
+    return;
+  lights_.light(cmdOpen);
+  OpenOutcome outcome = files_.open();
+  if (outcome.opened) {
+    resetGrid();
+    return spdData.setActiveCell({1, 1});
+  }
+  if (outcome.reason.empty()) return;
+  refusal_ = std::move(outcome.reason);
+  showStatus();
+}
+
+void frmDataEditor::cmdSave_Click() { save(savingRoutine()); }
+
+void frmDataEditor::save(bool (DataSetFiles::*routine)()) {
+  if (entryIsTaken() && (files_.*routine)()) lights_.light(cmdSave);
+}
+
+bool frmDataEditor::bfOKToContinue() {
+  if (!sheet_.changeMade() && !spdData.editMode()) return true;
+  const Answer answer = desktop().messageBox(
+      {.title = "Data Changed",
+       .text = "There is unsaved data in the Data Editor. Do you want to save it?",
+       .icon = MessageIcon::question,
+       .buttons = MessageButtons::yesNo,
+       .noLosesWork = true});
+  if (answer == Answer::no) return true;
+  if (!entryIsTaken() || !files_.SaveFileAs()) return false;
+  lights_.flash(cmdSave);
+  return true;
+}
+
+void frmDataEditor::cmdOK_Click() {
+  if (lights_.areFlashing()) return;
+  if (!entryIsTaken()) return;
+  mbUserCancel_ = false;
+  desktop().setBusyPointer(true);
+  ExitVerdict verdict = bfDataAreValid(sheet_, setup_.limits, desktop());
+  desktop().setBusyPointer(false);
+  exit_ = std::move(verdict.data);
+  if (verdict.mbUserCancel) {
+    mbUserCancel_ = true;
+    return leave();
+  }
+  if (!verdict.valid || !bfOKToContinue()) return;
+  lights_.flash(cmdOK, [this] { leave(); });
+}
+
+// Whatever was saved on the way, the sheet goes back to the start of the visit. An entry that is
+// refused is unsaved data like any other: it is asked about, and a no gives it up.
+void frmDataEditor::cmdCancel_Click() {
+  if (lights_.areFlashing()) return;
+  if (spdData.commitEdit() && !sheet_.changeMade()) {
+    mbUserCancel_ = true;
+    return leave();
+  }
+  if (!bfOKToContinue()) return;
+  lights_.flash(cmdCancel, [this] {
+    spdData.cancelEdit();
+    sheet_.restoreVisitStart();
+    mbUserCancel_ = true;
+    leave();
+  });
+}
+
+bool frmDataEditor::mayEndProgram() {
+  const bool entryIsIn = spdData.commitEdit();
+  if (!entryIsIn || holdsUnsavedWork()) {
+    const Answer answer = desktop().messageBox(
+        {.title = "Unsaved Data",
+         .text = "The data in the Data Editor have not been saved. Do you want to save them before "
+                 "the program ends?",
+         .icon = MessageIcon::question,
+         .buttons = MessageButtons::saveDontSaveCancel});
+    const bool isDone = answer == Answer::no ||
+                        (answer == Answer::yes && entryIsTaken() && (files_.*savingRoutine())());
+    if (!isDone) return false;
+  }
+  autosave_.clean();
+  return true;
+}
+
+// An empty sheet that never had a file is nobody's work, whatever once stood in it.
+bool frmDataEditor::holdsUnsavedWork() const {
+  const bool isEmpty = sheet_.mtFileName().empty() &&
+                       sheet_.content() == newContent(sheet_.observations(), sheet_.variables());
+  return sheet_.unsaved() && !isEmpty;
+}
+
+void frmDataEditor::leave() {
+  refusal_.clear();
+  writeAside(Writing::now);
+  lights_.reset();
+  mbEditorOpen_ = false;
+  hide();
 }
 
 }  // namespace tolmer

@@ -2,21 +2,13 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
 #include "data/data_sources.h"
 #include "editor/button_lights.h"
-#include "editor/data_editor_menu.h"
 #include "editor/data_set_files.h"
 #include "editor/exit_check.h"
-#include "editor/find_dialog.h"
-#include "platform/button.h"
-#include "platform/grid/edit_grid.h"
-#include "platform/label.h"
-#include "platform/text_box.h"
+#include "editor/sheet_window.h"
 #include "platform/timer.h"
-#include "platform/window.h"
-#include "sheet/data_sheet.h"
 #include "sheetfiles/autosave.h"
 
 namespace tolmer {
@@ -37,9 +29,8 @@ struct EditorSetup {
   bool ChangeTitleEnabled = false;
 };
 
-// Modal, and only hidden between visits: the data stay. The sheet is the document, the grid shows
-// it: row r and column c of the grid are row r - 1 and column c - 1 of the sheet.
-class frmDataEditor : public Window, public EditorData {
+// Modal, and only hidden between visits: the data stay.
+class frmDataEditor : public SheetWindow, public EditorData {
  public:
   frmDataEditor(Desktop& desktop, EditorFolders folders);
   ~frmDataEditor() override;
@@ -63,7 +54,7 @@ class frmDataEditor : public Window, public EditorData {
   // 0..50; columns that the sheet has not are without name and digits.
   std::string LabelHeader() const { return VarHeader(0); }
   void setLabelHeader(const std::string& name) { setVarHeader(0, name); }
-  std::string VarHeader(int iVarNum) const override;
+  std::string VarHeader(int iVarNum) const;
   void setVarHeader(int iVarNum, const std::string& name);
   Int16 NumberDecimals(int iVarNum) const;
   void setNumberDecimals(int iVarNum, Int16 digits);
@@ -73,10 +64,11 @@ class frmDataEditor : public Window, public EditorData {
   std::string tfFileTypeCode() const { return editorFileTypeCode(sheet_.variables()); }
 
   // --- for the host, once the window is closed
-  Int16 CompleteObservations() const override { return static_cast<Int16>(exit_.miCompleteObs); }
-  bool DataLabelsEntered() const override { return exit_.mbDataLabelsEntered; }
-  std::string DataLabel(int iOb) const override;
-  double DataValue(int iVar, int iOb) const override;
+  StudentData studentData() const override { return exit_; }
+  Int16 CompleteObservations() const { return static_cast<Int16>(exit_.miCompleteObs); }
+  bool DataLabelsEntered() const { return exit_.mbDataLabelsEntered; }
+  std::string DataLabel(int iOb) const;
+  double DataValue(int iVar, int iOb) const;
   bool UserCancel() const override { return mbUserCancel_; }
   // Sets the editor up where the host has not.
   void ShowDataEditor() override;
@@ -85,34 +77,15 @@ class frmDataEditor : public Window, public EditorData {
   // program is to go on, with everything as it was.
   bool mayEndProgram();
 
-  // The document, for dialogs and tests.
-  DataSheet& sheet() { return sheet_; }
-
-  DataEditorMenu menu;
-  DataEditorCellMenu cellMenu;
-  Label lblTitle{this, "lblTitle", "&Title:"};
-  TextBox txtTitle{this, "txtTitle"};
-  EditGrid spdData{this, "spdData"};
-  Label Label1{this, "Label1", "Hint: Type = to enter a formula"};
-  Label lblStatus{this, "lblStatus"};
-  Button cmdOpen{this, "cmdOpen", "Open"};
-  Button cmdSave{this, "cmdSave", "Save"};
-  Button cmdOK{this, "cmdOK", "OK"};
-  Button cmdCancel{this, "cmdCancel", "Cancel"};
-  TextBox txtHelp{this, "txtHelp"};
-  Button cmdClose{this, "cmdClose", "&Close"};
-
  private:
-  // --- data_editor_host.cpp
   void checkVariable(int iVarNum) const;
 
-  // --- data_editor.cpp: the visit
+  // --- the visit
   void describeControls();
   void wireMenu();
   void wireOptionsAndHelp();
   void wireCellMenu();
   void wireControls();
-  void wireGrid();
   void Form_Activate();
   bool Form_KeyDown(const KeyPress& key);
   void giveUpEntry();
@@ -122,58 +95,10 @@ class frmDataEditor : public Window, public EditorData {
   void tmrAutosave_Tick();
   enum class Writing { whenDue, now };
   void writeAside(Writing when);
-
-  // --- data_editor_grid.cpp: the sheet on the screen
-  void InitialiseGrid();
-  void resetGrid();
-  void placeControls();
-  void follow(const SheetChange& change);
-  void showCell(int row, int col);
-  void showColumn(int col);
-  void showAll();
-  void showStatus();
-  std::string statusText() const;
-  void refuse(std::string reason);
-  void forgetMessages();
-  void showCaption();
-  void spdData_EditDone(CellPosition cell, const std::string& text, bool& bAccepted);
-  bool entryIsTaken();
-  CellRange selectedRange() const;
-  std::vector<CellRange> selectedRanges() const;
-  static CellRange rangeOf(const CellBlock& block);
-  void markRanges(const std::vector<CellRange>& ranges);
-
-  // --- data_editor_formula.cpp: a formula while it is typed
-  bool typesFormula() const;
-  void spdData_EditChanged();
-  std::string pointingText() const;
-
-  // --- data_editor_edit.cpp: blocks, rows, formats
-  void command(GridCommand what);
-  void copySelection(bool cut);
-  std::string htmlOf(const CopiedBlock& block) const;
-  void paste();
-  // The text box that has the focus; null where the cells are meant.
-  TextBox* focusedText();
-  void copyText(TextBox& box, bool cut);
-  void pasteInto(TextBox& box);
-  void pasteText(const std::string& text);
-  void takePaste(const CellRange& target, const PasteTable& table);
-  void tellRefused(int refused, const std::string& reason);
-  bool isOneBlock(const std::string& command);
-  void undoOrRedo(bool undo);
-  void insertOrDeleteRows(bool insert);
-  bool mayChangeRows(bool insert) const;
-  void fillDown();
-  void fillSeries();
-  void fill(const CellRange& from, const CellRange& to);
-  void openCellMenu();
-  void find(bool replaces);
-  void showDialog(Window& dialog);
   void showInstructions(int index);
   void closeInstructions();
 
-  // --- data_editor_files.cpp: whole data sets
+  // --- whole data sets
   void mnuFileNew_Click();
   void cmdOpen_Click();
   void cmdSave_Click();
@@ -184,34 +109,19 @@ class frmDataEditor : public Window, public EditorData {
   }
   bool replacingLosesData() const { return sheet_.changeMade() || sheet_.unsaved(); }
 
-  // --- data_editor_exit.cpp: the ways out
+  // --- the ways out
   bool bfOKToContinue();
   bool holdsUnsavedWork() const;
   void cmdOK_Click();
   void cmdCancel_Click();
   void leave();
 
-  // What was made of an entry that is not written so; stays in the status line while the cursor is
-  // in that cell and in the next one.
-  struct EntryTold {
-    CellPosition cell{};
-    std::string text{};
-  };
-
   EditorSetup setup_;
-  DataSheet sheet_;
   DataSetFiles files_;
   Autosave autosave_;
   ButtonLights lights_;
   Timer tmrAutosave_;
-  ExitData exit_;
-  std::string refusal_;  // what the status line says in place of the cell: what was not done, why
-  std::string notice_;   // the same, where something was done
-  EntryTold told_;
-  PasteTable copied_;  // what was copied here last, with its formulas
-  int copies_ = 0;
-  FindRequest findRequest_;
-  bool entryIsOpen_ = false;
+  StudentData exit_;
   bool mbEditorOpen_ = false;
   bool mbUserCancel_ = false;
   bool activatedOnce_ = false;

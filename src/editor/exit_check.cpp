@@ -14,7 +14,7 @@ namespace {
 
 // Whether row r is complete; its values and label go behind the complete cases so far.
 bool takeCase(const DataSheet& sheet, int r, CompleteCases& cases) {
-  ExitData& data = cases.data;
+  StudentData& data = cases.data;
   const int slot = data.miCompleteObs + 1;
   const std::string& label = sheet.cell(r, 0).text;
   data.mtLabel[static_cast<std::size_t>(slot)] = label;
@@ -56,20 +56,20 @@ bool leavesWithTooFew(int minimum, MessagePort& messages) {
               MessageIcon::exclamation, MessageButtons::yesNo}) == Answer::yes;
 }
 
-std::vector<float> variableValues(const ExitData& data, int iVar) {
+std::vector<float> variableValues(const StudentData& data, int iVar) {
   std::vector<float> sVal(static_cast<std::size_t>(data.miCompleteObs) + 1);
   for (int i = 1; i <= data.miCompleteObs; ++i)
     sVal[static_cast<std::size_t>(i)] = static_cast<float>(data.mdValue(i, iVar));
   return sVal;
 }
 
-void writeBack(const std::vector<float>& sVal, ExitData& data, int iVar) {
+void writeBack(const std::vector<float>& sVal, StudentData& data, int iVar) {
   for (int i = 1; i <= data.miCompleteObs; ++i)
     data.mdValue(i, iVar) = sVal[static_cast<std::size_t>(i)];
 }
 
 // The analysis holds its data as singles.
-std::optional<MessageBox> checkSize(const DataSheet& sheet, const ExitData& data, int iVar) {
+std::optional<MessageBox> checkSize(const DataSheet& sheet, const StudentData& data, int iVar) {
   constexpr double largest = std::numeric_limits<float>::max();
   for (int i = 1; i <= data.miCompleteObs; ++i)
     if (std::fabs(data.mdValue(i, iVar)) > largest)
@@ -81,7 +81,7 @@ std::optional<MessageBox> checkSize(const DataSheet& sheet, const ExitData& data
   return std::nullopt;
 }
 
-std::optional<MessageBox> variableFault(const DataSheet& sheet, ExitData& data, int iVar) {
+std::optional<MessageBox> variableFault(const DataSheet& sheet, StudentData& data, int iVar) {
   if (auto fault = checkSize(sheet, data, iVar)) return fault;
   const std::vector<float> sVal = variableValues(data, iVar);
   if (sheet.variables() != 4 || iVar != binaryVariable)
@@ -117,6 +117,7 @@ CompleteCases completeCases(const DataSheet& sheet) {
   CompleteCases cases;
   cases.data.mdValue.resize(sheet.observations(), sheet.variables());
   cases.data.mtLabel.resize(static_cast<std::size_t>(sheet.observations()) + 1);
+  for (int c = 0; c <= sheet.variables(); ++c) cases.data.mtVarHeader.push_back(sheet.heading(c));
   cases.bVarHasData.resize(static_cast<std::size_t>(sheet.variables()) + 1);
   cases.usedVariables = sheet.lastUsedColumn();
   const int lastRow = sheet.lastUsedRow();

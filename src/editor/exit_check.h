@@ -7,21 +7,13 @@
 #include <vector>
 
 #include "base/message_box.h"
+#include "data/data_sources.h"
 #include "sheet/data_sheet.h"
-#include "state/matrix.h"
 
 namespace tolmer {
 
-// What the host reads once the editor is left. Observations and variables count from 1.
-struct ExitData {
-  int miCompleteObs = 0;
-  bool mbDataLabelsEntered = false;  // also by the label of an incomplete case
-  Matrix<double> mdValue;            // (0..M, 0..V) observation first
-  std::vector<std::string> mtLabel;  // (0..M)
-};
-
 struct CompleteCases {
-  ExitData data;
+  StudentData data;
   int iIncomplete = 0;
   std::vector<bool> bVarHasData;  // (0..V); an error of a formula counts, too
   int usedVariables = 0;          // up to the last used column
@@ -50,7 +42,7 @@ struct ExitLimits {
 struct ExitVerdict {
   bool valid = false;
   bool mbUserCancel = false;  // leave all the same, without the data
-  ExitData data{};
+  StudentData data{};
 };
 
 // The whole check with its messages. Names the columns up to the last used one that have no name,

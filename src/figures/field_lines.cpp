@@ -2,28 +2,22 @@
 
 #include <algorithm>
 
+#include "base/trimmed.h"
+
 namespace tolmer {
 namespace {
-
-constexpr std::string_view blanks = " \t\r";
 
 std::vector<std::string> fieldsOf(std::string_view line) {
   std::vector<std::string> fields;
   for (std::size_t begin = 0; begin <= line.size();) {
     const std::size_t end = std::min(line.find('|', begin), line.size());
-    fields.emplace_back(withoutBlanks(line.substr(begin, end - begin)));
+    fields.emplace_back(trimmedLine(line.substr(begin, end - begin)));
     begin = end + 1;
   }
   return fields;
 }
 
 }  // namespace
-
-std::string_view withoutBlanks(std::string_view text) {
-  const std::size_t first = text.find_first_not_of(blanks);
-  if (first == text.npos) return {};
-  return text.substr(first, text.find_last_not_of(blanks) - first + 1);
-}
 
 std::vector<std::string> wordsOf(std::string_view text) {
   std::vector<std::string> words;
@@ -45,7 +39,7 @@ Result<std::vector<FieldLine>> fieldLines(const std::string& fileName, std::stri
   int number = 0;
   for (std::size_t begin = 0; begin < text.size();) {
     const std::size_t end = std::min(text.find('\n', begin), text.size());
-    const std::string_view line = withoutBlanks(text.substr(begin, end - begin));
+    const std::string_view line = trimmedLine(text.substr(begin, end - begin));
     begin = end + 1;
     ++number;
     if (line.empty() || line.starts_with('#')) continue;

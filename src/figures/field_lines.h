@@ -25,7 +25,4 @@ std::string lineOf(const std::string& fileName, const FieldLine& entry);
 // The parts of a text between blanks.
 std::vector<std::string> wordsOf(std::string_view text);
 
-// The text without the blanks around it.
-std::string_view withoutBlanks(std::string_view text);
-
 }  // namespace tolmer

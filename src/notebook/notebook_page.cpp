@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "base/text_encoding.h"
+#include "base/trimmed.h"
 #include "notebook/book_look.h"
 #include "notebook/notebook_window.h"
 
@@ -12,9 +13,7 @@ namespace {
 
 // "group" in any case, with blanks around it or not.
 bool isGroupMark(std::string_view fileName) {
-  const auto first = fileName.find_first_not_of(' ');
-  if (first == std::string_view::npos) return false;
-  fileName = fileName.substr(first, fileName.find_last_not_of(' ') - first + 1);
+  fileName = trimmed(fileName, " ");
   const std::string_view mark = groupMark;
   return std::equal(fileName.begin(), fileName.end(), mark.begin(), mark.end(),
                     [](unsigned char a, char b) { return std::tolower(a) == b; });

@@ -14,18 +14,8 @@ class OwnData : public EditorData {
   OwnData(Desktop& desktop, const std::string& programFolder, const std::string& autosaveFolder)
       : desktop_(desktop), programFolder_(programFolder), autosaveFolder_(autosaveFolder) {}
 
-  Int16 CompleteObservations() const override {
-    return editor_ ? editor_->CompleteObservations() : Int16{0};
-  }
-  bool DataLabelsEntered() const override { return editor_ && editor_->DataLabelsEntered(); }
-  std::string DataLabel(int iOb) const override {
-    return editor_ ? editor_->DataLabel(iOb) : std::string();
-  }
-  double DataValue(int iVar, int iOb) const override {
-    return editor_ ? editor_->DataValue(iVar, iOb) : 0;
-  }
-  std::string VarHeader(int iVarNum) const override {
-    return editor_ ? editor_->VarHeader(iVarNum) : std::string();
+  StudentData studentData() const override {
+    return editor_ ? editor_->studentData() : StudentData();
   }
   bool UserCancel() const override { return editor_ && editor_->UserCancel(); }
   void ShowDataEditor() override { editor().ShowDataEditor(); }

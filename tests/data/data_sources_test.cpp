@@ -117,7 +117,7 @@ TEST_F(DataSources, EditorColumnsOfZerosDisappearAndLaterOnesMoveLeft) {
                       {"Size", {0, 0.1}}};
   WorkingCopy copy;
   copy.mtLabelColName = "Town";
-  LoadFromDataEditor(copy, editor);
+  LoadFromDataEditor(copy, editor.studentData());
   EXPECT_EQ(copy.mtDataFileName, "None");
   EXPECT_EQ(copy.mtDataFileInfoName, "None");
   EXPECT_EQ(copy.mtLabelColName, "Town");
@@ -137,12 +137,12 @@ TEST_F(DataSources, EditorWithAllVariablesUsedOrNone) {
   editor.labels = {"only"};
   editor.variables.assign(50, {"V", {1}});
   WorkingCopy copy;
-  LoadFromDataEditor(copy, editor);
+  LoadFromDataEditor(copy, editor.studentData());
   EXPECT_EQ(copy.miNumCols, 50);
   EXPECT_EQ(copy.osData(1, 50), 1.0F);
   EXPECT_THAT(copy.otCaseLabel.values(), ElementsAre("", "only"));
   editor.variables.clear();
-  LoadFromDataEditor(copy, editor);
+  LoadFromDataEditor(copy, editor.studentData());
   EXPECT_EQ(copy.miNumCols, 0);
   EXPECT_EQ(copy.osData(1, 0), 1.0F);
 }

@@ -297,7 +297,7 @@ class RandomUser {
     if (state().iDataSource != dataEditor || state().bChangeModelOnly) return;
     ++fitsOfOwnData;
     WorkingCopy typed;
-    LoadFromDataEditor(typed, parts().ownData);
+    LoadFromDataEditor(typed, parts().ownData.studentData());
     EXPECT_TRUE(typed.osData == state().sData) << "not what was typed";
     EXPECT_EQ(typed.otColName.values(), state().tVarName);
   }

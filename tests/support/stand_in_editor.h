@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <string>
 #include <vector>
@@ -22,19 +23,20 @@ class StandInEditor : public EditorData {
   std::function<void()> onShow;
   int shown = 0;
 
-  Int16 CompleteObservations() const override { return cases; }
-  bool DataLabelsEntered() const override { return !labels.empty(); }
-  std::string DataLabel(int iOb) const override {
-    const auto at = static_cast<std::size_t>(iOb) - 1;
-    return at < labels.size() ? labels[at] : std::string();
-  }
-  double DataValue(int iVar, int iOb) const override {
-    const auto at = static_cast<std::size_t>(iVar) - 1;
-    return at < variables.size() ? variables[at].values.at(static_cast<std::size_t>(iOb) - 1) : 0;
-  }
-  std::string VarHeader(int iVarNum) const override {
-    const auto at = static_cast<std::size_t>(iVarNum) - 1;
-    return at < variables.size() ? variables[at].header : std::string();
+  StudentData studentData() const override {
+    StudentData data{.miCompleteObs = cases,
+                     .mbDataLabelsEntered = !labels.empty(),
+                     .mdValue = Matrix<double>(cases, static_cast<int>(variables.size())),
+                     .mtLabel = std::vector<std::string>(static_cast<std::size_t>(cases) + 1),
+                     .mtVarHeader = {""}};
+    std::ranges::copy(labels, data.mtLabel.begin() + 1);
+    for (const Variable& variable : variables) {
+      data.mtVarHeader.push_back(variable.header);
+      const int column = static_cast<int>(data.mtVarHeader.size()) - 1;
+      for (int i = 1; i <= cases; ++i)
+        data.mdValue(i, column) = variable.values.at(static_cast<std::size_t>(i) - 1);
+    }
+    return data;
   }
   bool UserCancel() const override { return cancelled; }
   void ShowDataEditor() override {
