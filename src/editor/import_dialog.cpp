@@ -6,7 +6,6 @@
 #include "editor/dialog_parts.h"
 #include "platform/grid/grid_fit.h"
 #include "platform/text_metrics.h"
-#include "textimport/typed_number.h"
 
 namespace tolmer {
 namespace {

@@ -2,7 +2,6 @@
 
 #include "editor/dialog_parts.h"
 #include "sheet/sheet_content.h"
-#include "textimport/typed_number.h"
 
 namespace tolmer {
 namespace {

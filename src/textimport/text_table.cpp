@@ -8,7 +8,6 @@
 #include "base/trimmed.h"
 #include "fieldfile/record_reader.h"
 #include "textimport/number_shape.h"
-#include "textimport/typed_number.h"
 
 namespace tolmer {
 namespace {
