@@ -12,6 +12,7 @@
 #include "base/file_io.h"
 #include "base/paths.h"
 #include "editor/import_dialog.h"
+#include "platform/file_question.h"
 #include "sheet/sheet_content.h"
 #include "sheetfiles/editor_file.h"
 #include "sheetfiles/text_export.h"
@@ -43,6 +44,23 @@ std::string extensionOf(const std::string& fileName) {
   return extension;
 }
 
+// The same kinds as in tfFileFilter, for the file dialogs, with text data of other programs between
+// them.
+std::vector<FileKind> editorFileKinds(int iNumberVariables) {
+  const auto [name, extension] = familyOf(iNumberVariables);
+  return {{name, {extension}}, {"Text data", {"csv", "tsv", "txt"}}, {"All", {}}};
+}
+
+// By the extension of its name.
+bool isTextData(const std::string& fileName) {
+  const std::string extension = extensionOf(fileName);
+  return extension == "csv" || extension == "tsv" || extension == "txt";
+}
+
+char textSeparator(const std::string& fileName) {
+  return extensionOf(fileName) == "csv" ? ',' : '\t';
+}
+
 SheetContent contentOf(const LandingTable& landing, int observations, int variables) {
   DataSheet sheet(observations, variables);
   sheet.paste({landing.first, landing.first}, landing.table);
@@ -59,20 +77,6 @@ std::string tfFileFilter(int iNumberVariables, MessagePort& messages) {
   const auto [name, extension] = familyOf(iNumberVariables);
   const std::string pattern = std::string("*.") + extension;
   return std::string(name) + " (" + pattern + ")|" + pattern + "|All (*.*)|*.*";
-}
-
-std::vector<FileKind> editorFileKinds(int iNumberVariables) {
-  const auto [name, extension] = familyOf(iNumberVariables);
-  return {{name, {extension}}, {"Text data", {"csv", "tsv", "txt"}}, {"All", {}}};
-}
-
-bool isTextData(const std::string& fileName) {
-  const std::string extension = extensionOf(fileName);
-  return extension == "csv" || extension == "tsv" || extension == "txt";
-}
-
-char textSeparator(const std::string& fileName) {
-  return extensionOf(fileName) == "csv" ? ',' : '\t';
 }
 
 DataSetFiles::DataSetFiles(Desktop& desktop, DataSheet& sheet, std::string programFolder)
