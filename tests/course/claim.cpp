@@ -6,6 +6,7 @@
 #include <regex>
 
 #include "base/file_io.h"
+#include "base/trimmed.h"
 #include "figures/field_lines.h"
 
 namespace tolmer {
@@ -52,7 +53,7 @@ std::string textOf(const Claim& claim, const GraphContent& graph) {
   return text;
 }
 
-std::string_view trimmed(const TableCell& cell) { return withoutBlanks(cell.text); }
+std::string_view trimmed(const TableCell& cell) { return trimmedLine(cell.text); }
 
 // The row of that name among the columns that name rows: in the second one where cases are named.
 // 0 where there is none.
