@@ -77,7 +77,7 @@ void listAllData(benchmark::State& run) {
   const test::StandInEditor editor = fullEditor();
   QtDesktop desktop;
   WorkingCopy copy;
-  LoadFromDataEditor(copy, editor);
+  LoadFromDataEditor(copy, editor.studentData());
   QImage image(1920, 1080, QImage::Format_RGB32);
   for (auto _ : run) {
     frmShowData list(desktop, copy);
