@@ -40,11 +40,24 @@ void reportProblem(const std::string& fileName, const Error& error, MessagePort&
 
 using ReadFields = std::optional<Error> (*)(FieldReader&, WorkingCopy&);
 
-void readFile(const std::string& fileName, const std::optional<FileStamp>& stamp, ReadFields read,
-              WorkingCopy& copy, MessagePort& messages) {
+// The error that was reported.
+std::optional<Error> readFile(const std::string& fileName, const std::optional<FileStamp>& stamp,
+                              ReadFields read, WorkingCopy& copy, MessagePort& messages) {
   auto reader = openStamped(fileName, stamp);
-  const auto error = reader ? read(*reader, copy) : reader.error();
+  auto error = reader ? read(*reader, copy) : reader.error();
   if (error) reportProblem(fileName, *error, messages);
+  return error;
+}
+
+// Zeros in the place of data that are known to be others would be analysed as data.
+void dropData(WorkingCopy& copy) {
+  copy.miNumCases = 0;
+  copy.miNumCols = 0;
+  copy.miDepVarCol = 0;
+  copy.mbDepVarSpecified = false;
+  copy.miNumPredictors = 0;
+  copy.mbInfoAvailable = false;
+  DimensionModelDesignerArrays(copy);
 }
 
 }  // namespace
@@ -64,7 +77,8 @@ std::optional<Error> readInfoLines(FieldReader& reader, WorkingCopy& copy) {
 
 void ReadNewData(WorkingCopy& copy, MessagePort& messages) {
   setInterceptColumn(copy);
-  readFile(copy.mtDataFileName, copy.dataStamp, readDataFields, copy, messages);
+  const auto error = readFile(copy.mtDataFileName, copy.dataStamp, readDataFields, copy, messages);
+  if (error && error->text == changedFile) dropData(copy);
 }
 
 void ReadVarInfo(WorkingCopy& copy, MessagePort& messages) {

@@ -14,7 +14,8 @@ namespace tolmer {
 // fields, lines mean nothing to it, and what follows the last field is not read. The arrays must
 // have been dimensioned. A file that cannot be read, ends early or has text in a number's place is
 // reported in a message box; what was read before that stays. Of a file that is not the one the
-// notebook was compiled with nothing is read, since it may be cut within a number.
+// notebook was compiled with nothing is read, since it may be cut within a number: the data set is
+// empty then.
 void ReadNewData(WorkingCopy& copy, MessagePort& messages);
 
 // Reads mtDataFileInfoName: line 1 into otVarInfo(0), line i+1 into otVarInfo(i), as they stand.

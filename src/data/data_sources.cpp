@@ -47,6 +47,7 @@ void loadExample(WorkingCopy& copy, const Parameter& parameter, const std::strin
   copy.miNumPredictors = static_cast<Int16>(copy.miNumCols - 1);
   DimensionModelDesignerArrays(copy);
   ReadNewData(copy, messages);
+  if (copy.miNumCols == 0) return;
   for (int col = 1; col <= copy.miNumCols; ++col) copy.obIsIndepVar(col) = col != copy.miDepVarCol;
   // miNumPredictors stays as told above even where the dependent variable is at fault.
   listIndepVars(copy);

@@ -67,6 +67,15 @@ SheetContent contentOf(const LandingTable& landing, int observations, int variab
   return sheet.content();
 }
 
+// For other programs a cell that shows an error is a missing value.
+SheetContent withoutErrors(const DataSheet& sheet) {
+  SheetContent content = sheet.content();
+  for (int row = 1; row <= sheet.observations(); ++row)
+    for (int column = 1; column <= sheet.variables(); ++column)
+      if (!sheet.value(row, column)) content.cells(row, column) = {};
+  return content;
+}
+
 }  // namespace
 
 std::string tfFileFilter(int iNumberVariables, MessagePort& messages) {
@@ -201,7 +210,7 @@ bool DataSetFiles::isToldReadOnly(const std::string& name) {
 
 bool DataSetFiles::SaveFile(const std::string& name) {
   const bool asText = isTextData(name);
-  const auto failure = asText ? saveSheetText(name, sheet_.content(), textSeparator(name))
+  const auto failure = asText ? saveSheetText(name, withoutErrors(sheet_), textSeparator(name))
                               : saveEditorFile(name, sheet_.content());
   if (failure) {
     desktop_.messageBox({.title = "Save",

@@ -89,7 +89,8 @@ TEST_F(DataFile, NothingIsReadOfAFileThatIsNotTheOneOfTheStamp) {
   ASSERT_EQ(desktop.boxes().size(), 1U);
   EXPECT_EQ(desktop.boxes()[0].box.text, "Problem with file " + folder.file("set.csv") +
                                              ". Check file and path. " + changedFile);
-  EXPECT_EQ(cut.osData(2, 2), 0.0F);
+  EXPECT_EQ(cut.miNumCases, 0) << "zeros would be analysed as data";
+  EXPECT_EQ(cut.miNumCols, 0);
 }
 
 TEST_F(DataFile, MissingFileLeavesTheEmptySetWithItsIntercept) {

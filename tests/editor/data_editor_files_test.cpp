@@ -439,9 +439,9 @@ TEST_F(DataEditorFiles, TextForOthersIsNoFileOfTheDataSet) {
   const std::string text = folder.file("mine.csv");
   visit([&] {
     type(0, 1, "Rent");
-    fill({{"1.25"}, {"2"}});
+    fill({{"1.25"}, {"2"}, {"=LN(0)"}, {"=B2*2"}});
     saveTo(text);
-    EXPECT_EQ(bytesOf(text), "Rent\n1.25\n2\n");
+    EXPECT_EQ(bytesOf(text), "Rent\n1.25\n2\n\n4\n") << "an error is no number";
     EXPECT_TRUE(editor.sheet().changeMade());
     EXPECT_EQ(editor.caption(), "Data Editor");
     EXPECT_FALSE(editor.menu.mnuFileSave.enabled());
