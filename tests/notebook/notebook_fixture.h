@@ -40,13 +40,14 @@ class NotebookFixture : public testing::Test {
     window().goTo(1, 1);
   }
   frmNotebook& window() { return noteBook.window(); }
-  // The book is shown at that page (or as it stands), the user does this, and it is closed.
-  void show(const std::function<void()>& actions, int section = 0, int page = 0) {
+  // The book is shown as it stands, or at that page, the user does this, and it is closed.
+  void show(const std::function<void()>& actions) {
     script.window("frmNotebook", actions);
-    if (section)
-      noteBook.ShowNotebook(section, page);
-    else
-      noteBook.ShowNotebook();
+    noteBook.ShowNotebook();
+  }
+  void showAt(int section, int page, const std::function<void()>& actions) {
+    script.window("frmNotebook", actions);
+    noteBook.ShowNotebook(section, page);
   }
   void click(std::string_view control) { user.click("frmNotebook", control); }
   template <class Kind>

@@ -88,24 +88,22 @@ TEST_F(NotebookWindow, aTabComesBackToItsPage) {
 }
 
 TEST_F(NotebookWindow, theScenarioListShowsNamesAndTheSelectedOnesDescription) {
-  show(
-      [&] {
-        EXPECT_EQ(get<Label>("lblScenName(0)").caption(), "alpha");
-        EXPECT_TRUE(get<OptionButton>("optScenario(1)").value());
-        EXPECT_EQ(get<Label>("lblScenarioDesc").caption(), "About beta, told at length.");
-        EXPECT_FALSE(sees("optScenario(3)") || sees("lblScenName(3)"));
-        const float spacing = std::round((get<Frame>("fraScenarios").height() - 250) / 3);
-        EXPECT_EQ(get<OptionButton>("optScenario(2)").top(), spacing * 2 + 250);
-        EXPECT_EQ(get<OptionButton>("optScenario(2)").left(), 80);
-        EXPECT_EQ(get<Label>("lblScenName(2)").left(), 320);
-        EXPECT_EQ(noteBook.LastScenarioName(), "beta") << "shown is selected";
+  showAt(2, 1, [&] {
+    EXPECT_EQ(get<Label>("lblScenName(0)").caption(), "alpha");
+    EXPECT_TRUE(get<OptionButton>("optScenario(1)").value());
+    EXPECT_EQ(get<Label>("lblScenarioDesc").caption(), "About beta, told at length.");
+    EXPECT_FALSE(sees("optScenario(3)") || sees("lblScenName(3)"));
+    const float spacing = std::round((get<Frame>("fraScenarios").height() - 250) / 3);
+    EXPECT_EQ(get<OptionButton>("optScenario(2)").top(), spacing * 2 + 250);
+    EXPECT_EQ(get<OptionButton>("optScenario(2)").left(), 80);
+    EXPECT_EQ(get<Label>("lblScenName(2)").left(), 320);
+    EXPECT_EQ(noteBook.LastScenarioName(), "beta") << "shown is selected";
 
-        click("lblScenName(2)");
-        EXPECT_EQ(get<Label>("lblScenarioDesc").caption(), "About gamma, told at length.");
-        EXPECT_EQ(noteBook.GetSelectedScenario(2, 1), 2);
-        click("cmdOK");
-      },
-      2, 1);
+    click("lblScenName(2)");
+    EXPECT_EQ(get<Label>("lblScenarioDesc").caption(), "About gamma, told at length.");
+    EXPECT_EQ(noteBook.GetSelectedScenario(2, 1), 2);
+    click("cmdOK");
+  });
   EXPECT_EQ(noteBook.LastAction(), NoteBook::closedByOK);
   EXPECT_EQ(noteBook.LastScenarioParameter(1), "\\data\\gamma.csv");
   EXPECT_FALSE(window().visible());
@@ -115,38 +113,34 @@ TEST_F(NotebookWindow, aLongDescriptionScrolls) {
   Book book = test::sampleBook();
   for (int i = 0; i < 300; ++i) book.uScenario[3].tDesc += " more";
   load(book);
-  show(
-      [&] {
-        EXPECT_FALSE(sees("vsbScenDesc"));
-        click("optScenario(2)");
-        auto& bar = get<ScrollBar>("vsbScenDesc");
-        const auto& text = get<Label>("lblScenarioDesc");
-        ASSERT_TRUE(bar.visible());
-        EXPECT_EQ(bar.max(), text.height() - get<Panel>("picScenDesc").height());
-        EXPECT_EQ(bar.largeChange(), std::lround(bar.max() / 5.0));
-        bar.setValue(bar.max());
-        EXPECT_EQ(text.bottom(), get<Panel>("picScenDesc").height());
-        click("optScenario(0)");
-        EXPECT_EQ(text.top(), 0);
-        click("cmdOK");
-      },
-      2, 1);
+  showAt(2, 1, [&] {
+    EXPECT_FALSE(sees("vsbScenDesc"));
+    click("optScenario(2)");
+    auto& bar = get<ScrollBar>("vsbScenDesc");
+    const auto& text = get<Label>("lblScenarioDesc");
+    ASSERT_TRUE(bar.visible());
+    EXPECT_EQ(bar.max(), text.height() - get<Panel>("picScenDesc").height());
+    EXPECT_EQ(bar.largeChange(), std::lround(bar.max() / 5.0));
+    bar.setValue(bar.max());
+    EXPECT_EQ(text.bottom(), get<Panel>("picScenDesc").height());
+    click("optScenario(0)");
+    EXPECT_EQ(text.top(), 0);
+    click("cmdOK");
+  });
 }
 
 TEST_F(NotebookWindow, aDoubleClickOnAScenarioIsOK) {
-  show([&] { user.doubleClick("frmNotebook", "lblScenName(0)"); }, 2, 1);
+  showAt(2, 1, [&] { user.doubleClick("frmNotebook", "lblScenName(0)"); });
   EXPECT_EQ(noteBook.LastAction(), NoteBook::closedByOK);
   EXPECT_EQ(noteBook.LastScenarioName(), "alpha");
 }
 
 TEST_F(NotebookWindow, cancelGivesBackPageAndScenario) {
-  show(
-      [&] {
-        click("lblScenName(0)");
-        click("lblNextPage");
-        click("cmdCancel");
-      },
-      2, 1);
+  showAt(2, 1, [&] {
+    click("lblScenName(0)");
+    click("lblNextPage");
+    click("cmdCancel");
+  });
   EXPECT_EQ(noteBook.LastAction(), NoteBook::closedByCancel);
   EXPECT_EQ(noteBook.LastSectionNumber(), 2);
   EXPECT_EQ(noteBook.LastPageNumber(), 1);
@@ -159,16 +153,14 @@ TEST_F(NotebookWindow, cancelGivesBackPageAndScenario) {
 }
 
 TEST_F(NotebookWindow, cancelLeavesChecksVersionsAndOtherPagesAlone) {
-  show(
-      [&] {
-        user.type("frmNotebook", "silgVersion(2)", "42");
-        click("chkCheck(1)");
-        click("lblPreviousPage");
-        click("lblPreviousPage");
-        click("lblScenName(2)");
-        click("cmdCancel");
-      },
-      2, 3);
+  showAt(2, 3, [&] {
+    user.type("frmNotebook", "silgVersion(2)", "42");
+    click("chkCheck(1)");
+    click("lblPreviousPage");
+    click("lblPreviousPage");
+    click("lblScenName(2)");
+    click("cmdCancel");
+  });
   EXPECT_EQ(noteBook.GetCheck(2, 3, 1), 1);
   EXPECT_EQ(noteBook.book().uVersion[2].iValue, 42);
   EXPECT_EQ(noteBook.GetSelectedScenario(2, 1), 2) << "not the page the book was opened on";
@@ -184,61 +176,55 @@ TEST_F(NotebookWindow, everyWayOfLeavingWithoutOKIsCancel) {
 }
 
 TEST_F(NotebookWindow, outlinesShareTheListAndKeepTheirOwnSelection) {
-  show(
-      [&] {
-        auto& first = get<Outline>("outOutline(1)");
-        auto& second = get<Outline>("outOutline(2)");
-        ASSERT_EQ(first.items().size(), 5U);
-        EXPECT_EQ(second.items()[4].text, "Third");
-        EXPECT_TRUE(first.expanded(0)) << "open at first";
-        EXPECT_FALSE(first.expanded(3));
-        EXPECT_FALSE(first.items()[0].isLeaf);
-        EXPECT_TRUE(first.items()[1].isLeaf);
-        EXPECT_EQ(get<Label>("lblDatabaseDesc(1)").caption(), "About First");
-        EXPECT_EQ(get<Label>("lblDatabaseDesc(2)").caption(), "About Second");
-        EXPECT_GT(second.top(), first.bottom());
-        first.click(2);
-        EXPECT_EQ(get<Label>("lblDatabaseDesc(1)").caption(), "About Second");
-        click("cmdOK");
-      },
-      2, 2);
+  showAt(2, 2, [&] {
+    auto& first = get<Outline>("outOutline(1)");
+    auto& second = get<Outline>("outOutline(2)");
+    ASSERT_EQ(first.items().size(), 5U);
+    EXPECT_EQ(second.items()[4].text, "Third");
+    EXPECT_TRUE(first.expanded(0)) << "open at first";
+    EXPECT_FALSE(first.expanded(3));
+    EXPECT_FALSE(first.items()[0].isLeaf);
+    EXPECT_TRUE(first.items()[1].isLeaf);
+    EXPECT_EQ(get<Label>("lblDatabaseDesc(1)").caption(), "About First");
+    EXPECT_EQ(get<Label>("lblDatabaseDesc(2)").caption(), "About Second");
+    EXPECT_GT(second.top(), first.bottom());
+    first.click(2);
+    EXPECT_EQ(get<Label>("lblDatabaseDesc(1)").caption(), "About Second");
+    click("cmdOK");
+  });
   EXPECT_EQ(noteBook.LastDatabaseName(1), "Second");
   EXPECT_EQ(noteBook.GetSelectedDatabase(2, 2, 1), 2);
   EXPECT_EQ(noteBook.GetSelectedDatabase(2, 2, 2), 2);
 }
 
 TEST_F(NotebookWindow, aGroupOpensAndClosesAtAClickAndCannotBeChosen) {
-  show(
-      [&] {
-        auto& outline = get<Outline>("outOutline(1)");
-        outline.click(3);
-        EXPECT_TRUE(outline.expanded(3));
-        EXPECT_FALSE(get<Button>("cmdOK").enabled());
-        outline.doubleClick();  // closes the group again, and not the book
-        EXPECT_FALSE(outline.expanded(3));
-        EXPECT_TRUE(window().visible());
-        click("lblNextPage");
-        EXPECT_TRUE(get<Button>("cmdOK").enabled());
-        click("lblPreviousPage");
-        EXPECT_FALSE(get<Button>("cmdOK").enabled());
-        outline.click(4);
-        EXPECT_TRUE(get<Button>("cmdOK").enabled());
-        outline.doubleClick();
-      },
-      2, 2);
+  showAt(2, 2, [&] {
+    auto& outline = get<Outline>("outOutline(1)");
+    outline.click(3);
+    EXPECT_TRUE(outline.expanded(3));
+    EXPECT_FALSE(get<Button>("cmdOK").enabled());
+    outline.doubleClick();  // closes the group again, and not the book
+    EXPECT_FALSE(outline.expanded(3));
+    EXPECT_TRUE(window().visible());
+    click("lblNextPage");
+    EXPECT_TRUE(get<Button>("cmdOK").enabled());
+    click("lblPreviousPage");
+    EXPECT_FALSE(get<Button>("cmdOK").enabled());
+    outline.click(4);
+    EXPECT_TRUE(get<Button>("cmdOK").enabled());
+    outline.doubleClick();
+  });
   EXPECT_EQ(noteBook.LastAction(), NoteBook::closedByOK);
   EXPECT_EQ(noteBook.LastDatabaseName(1), "Third");
 }
 
 TEST_F(NotebookWindow, cancelGivesBackTheDatabases) {
-  show(
-      [&] {
-        get<Outline>("outOutline(1)").click(4);
-        get<Outline>("outOutline(2)").click(1);
-        click("lblNextPage");
-        click("cmdCancel");
-      },
-      2, 2);
+  showAt(2, 2, [&] {
+    get<Outline>("outOutline(1)").click(4);
+    get<Outline>("outOutline(2)").click(1);
+    click("lblNextPage");
+    click("cmdCancel");
+  });
   EXPECT_EQ(noteBook.GetSelectedDatabase(2, 2, 1), 1);
   EXPECT_EQ(noteBook.GetSelectedDatabase(2, 2, 2), 2);
   EXPECT_EQ(noteBook.LastDatabaseName(1), "First");
@@ -246,16 +232,14 @@ TEST_F(NotebookWindow, cancelGivesBackTheDatabases) {
 }
 
 TEST_F(NotebookWindow, aPicturePageCanBeConfirmedOnlyWithAPicture) {
-  show(
-      [&] {
-        EXPECT_TRUE(get<Button>("cmdOK").enabled());
-        EXPECT_THAT(get<Image>("imgPicture(2)").file(), testing::EndsWith("/two.png"));
-        const auto& picture = get<Image>("imgPicture(1)");
-        EXPECT_EQ(picture.width(), pixels(200));
-        EXPECT_EQ(picture.left() + picture.right(), window().picPageContainer.width()) << "centred";
-        click("cmdOK");
-      },
-      2, 3);
+  showAt(2, 3, [&] {
+    EXPECT_TRUE(get<Button>("cmdOK").enabled());
+    EXPECT_THAT(get<Image>("imgPicture(2)").file(), testing::EndsWith("/two.png"));
+    const auto& picture = get<Image>("imgPicture(1)");
+    EXPECT_EQ(picture.width(), pixels(200));
+    EXPECT_EQ(picture.left() + picture.right(), window().picPageContainer.width()) << "centred";
+    click("cmdOK");
+  });
   Book book = test::sampleBook();
   for (const int i : {8, 11}) book.uPageElement[i].iKind = ElementKind::space;
   book.uPage[1].iPageType = PageType::picture;
@@ -271,96 +255,86 @@ TEST_F(NotebookWindow, aPicturePageCanBeConfirmedOnlyWithAPicture) {
 TEST_F(NotebookWindow, aLargePictureIsMadeSmallerInItsProportions) {
   writePicture("one.png", 2320, 400);
   writePicture("two.png", 100, 1000);
-  show(
-      [&] {
-        const auto& wide = get<Image>("imgPicture(1)");
-        EXPECT_EQ(wide.width(), window().picPageContainer.width() - 600);
-        EXPECT_FLOAT_EQ(wide.height(), wide.width() * 400 / 2320);
-        const auto& high = get<Image>("imgPicture(2)");
-        EXPECT_LE(high.bottom(), window().picPageContainer.height());
-        EXPECT_FLOAT_EQ(high.width(), high.height() / 10);
-        click("cmdOK");
-      },
-      2, 3);
+  showAt(2, 3, [&] {
+    const auto& wide = get<Image>("imgPicture(1)");
+    EXPECT_EQ(wide.width(), window().picPageContainer.width() - 600);
+    EXPECT_FLOAT_EQ(wide.height(), wide.width() * 400 / 2320);
+    const auto& high = get<Image>("imgPicture(2)");
+    EXPECT_LE(high.bottom(), window().picPageContainer.height());
+    EXPECT_FLOAT_EQ(high.width(), high.height() / 10);
+    click("cmdOK");
+  });
 }
 
 TEST_F(NotebookWindow, aClickOnAPictureFlashesOKAndTellsThatItIsASample) {
-  show(
-      [&] {
-        script.window("frmSampleOnly", [&] {
-          EXPECT_TRUE(window().tmrFlashOK.enabled());
-          desktop.advance(500);
-          EXPECT_EQ(window().cmdOK.backColour(), colours::red);
-          EXPECT_EQ(window().cmdOK.foreColour(), colours::white);
-          user.click("frmSampleOnly", "cmdOK");
-        });
-        click("imgPicture(1)");
-        EXPECT_EQ(desktop.beeps(), 1);
-        EXPECT_FALSE(window().tmrFlashOK.enabled());
-        EXPECT_EQ(window().cmdOK.backColour(), colours::buttonFace);
-        EXPECT_EQ(window().cmdOK.foreColour(), colours::buttonText);
-        window().cmdOK.setEnabled(false);
-        click("imgPicture(1)");
-        EXPECT_EQ(desktop.beeps(), 1) << "nothing to press";
-        window().cmdOK.setEnabled(true);
-        click("cmdOK");
-      },
-      2, 3);
+  showAt(2, 3, [&] {
+    script.window("frmSampleOnly", [&] {
+      EXPECT_TRUE(window().tmrFlashOK.enabled());
+      desktop.advance(500);
+      EXPECT_EQ(window().cmdOK.backColour(), colours::red);
+      EXPECT_EQ(window().cmdOK.foreColour(), colours::white);
+      user.click("frmSampleOnly", "cmdOK");
+    });
+    click("imgPicture(1)");
+    EXPECT_EQ(desktop.beeps(), 1);
+    EXPECT_FALSE(window().tmrFlashOK.enabled());
+    EXPECT_EQ(window().cmdOK.backColour(), colours::buttonFace);
+    EXPECT_EQ(window().cmdOK.foreColour(), colours::buttonText);
+    window().cmdOK.setEnabled(false);
+    click("imgPicture(1)");
+    EXPECT_EQ(desktop.beeps(), 1) << "nothing to press";
+    window().cmdOK.setEnabled(true);
+    click("cmdOK");
+  });
 }
 
 TEST_F(NotebookWindow, checksAndVersionsAreRecordedByTheirNumberOnThePage) {
-  show(
-      [&] {
-        EXPECT_EQ(get<CheckBox>("chkCheck(2)").value(), 1);
-        EXPECT_EQ(get<NumberBox>("silgVersion(1)").value(), 7);
-        EXPECT_EQ(get<NumberBox>("silgVersion(1)").left(), 120);
-        EXPECT_EQ(get<NumberBox>("silgVersion(2)").left(), 320);
-        EXPECT_EQ(get<Label>("lblVersion(2)").top(), get<NumberBox>("silgVersion(2)").top());
-        click("chkCheck(2)");
-        user.type("frmNotebook", "silgVersion(1)", "99");
-        click("cmdOK");
-      },
-      2, 3);
+  showAt(2, 3, [&] {
+    EXPECT_EQ(get<CheckBox>("chkCheck(2)").value(), 1);
+    EXPECT_EQ(get<NumberBox>("silgVersion(1)").value(), 7);
+    EXPECT_EQ(get<NumberBox>("silgVersion(1)").left(), 120);
+    EXPECT_EQ(get<NumberBox>("silgVersion(2)").left(), 320);
+    EXPECT_EQ(get<Label>("lblVersion(2)").top(), get<NumberBox>("silgVersion(2)").top());
+    click("chkCheck(2)");
+    user.type("frmNotebook", "silgVersion(1)", "99");
+    click("cmdOK");
+  });
   EXPECT_EQ(noteBook.GetCheck(2, 3, 2), 0);
   EXPECT_EQ(noteBook.GetVersion(2, 3), 99);
 }
 
 TEST_F(NotebookWindow, pagesTurnByKeysWithinTheirSection) {
-  show(
-      [&] {
-        const auto turn = [&](int code) {
-          user.key("frmNotebook", {code, false, true});
-          return noteBook.LastPageNumber();
-        };
-        EXPECT_EQ(turn(keys::pageUp), 1) << "there is none before";
-        EXPECT_EQ(turn(keys::pageDown), 2);
-        EXPECT_EQ(turn(keys::pageDown), 3);
-        EXPECT_EQ(turn(keys::pageDown), 3);
-        EXPECT_EQ(turn(keys::pageUp), 2);
-        EXPECT_EQ(window().tbNoteBook.activePage(), 1);
-        EXPECT_EQ(noteBook.LastSectionNumber(), 2);
-        click("cmdOK");
-      },
-      2, 1);
+  showAt(2, 1, [&] {
+    const auto turn = [&](int code) {
+      user.key("frmNotebook", {code, false, true});
+      return noteBook.LastPageNumber();
+    };
+    EXPECT_EQ(turn(keys::pageUp), 1) << "there is none before";
+    EXPECT_EQ(turn(keys::pageDown), 2);
+    EXPECT_EQ(turn(keys::pageDown), 3);
+    EXPECT_EQ(turn(keys::pageDown), 3);
+    EXPECT_EQ(turn(keys::pageUp), 2);
+    EXPECT_EQ(window().tbNoteBook.activePage(), 1);
+    EXPECT_EQ(noteBook.LastSectionNumber(), 2);
+    click("cmdOK");
+  });
 }
 
 // Return after a page was turned by Return must not close the book by accident.
 TEST_F(NotebookWindow, theFocusOfALinkThatIsGoneDoesNotFallOnOK) {
-  show(
-      [&] {
-        click("lblNextPage");
-        EXPECT_EQ(window().focus(), &window().lblNextPage);
-        click("lblNextPage");
-        EXPECT_EQ(window().focus(), &window().lblPreviousPage) << "the last page";
-        click("lblContentsEntry(1)");  // to page 1 of the section, which has no jump
-        EXPECT_EQ(window().focus(), &window().tbNoteBook);
-        click("optScenario(1)");
-        window().goTo(2, 2);
-        EXPECT_EQ(window().focus(), &window().tbNoteBook);
-        click("lblNextPage");
-        click("cmdOK");
-      },
-      2, 1);
+  showAt(2, 1, [&] {
+    click("lblNextPage");
+    EXPECT_EQ(window().focus(), &window().lblNextPage);
+    click("lblNextPage");
+    EXPECT_EQ(window().focus(), &window().lblPreviousPage) << "the last page";
+    click("lblContentsEntry(1)");  // to page 1 of the section, which has no jump
+    EXPECT_EQ(window().focus(), &window().tbNoteBook);
+    click("optScenario(1)");
+    window().goTo(2, 2);
+    EXPECT_EQ(window().focus(), &window().tbNoteBook);
+    click("lblNextPage");
+    click("cmdOK");
+  });
   show([&] {
     EXPECT_EQ(window().focus(), &window().tbNoteBook) << "whatever it was left on";
     click("cmdOK");
@@ -368,29 +342,27 @@ TEST_F(NotebookWindow, theFocusOfALinkThatIsGoneDoesNotFallOnOK) {
 }
 
 TEST_F(NotebookWindow, keysInAnOutlineChooseAndOpen) {
-  show(
-      [&] {
-        auto& outline = get<Outline>("outOutline(1)");
-        const auto press = [&](int code) { user.key("frmNotebook", {code}); };
-        outline.setFocus();
-        outline.moveTo(0);
-        EXPECT_TRUE(outline.expanded(0)) << "on the way nothing closes";
-        EXPECT_FALSE(window().cmdOK.enabled());
-        press(' ');
-        EXPECT_FALSE(outline.expanded(0));
-        press(keys::enter);
-        EXPECT_TRUE(outline.expanded(0));
-        outline.moveTo(2);
-        EXPECT_EQ(get<Label>("lblDatabaseDesc(1)").caption(), "About Second");
-        EXPECT_TRUE(window().cmdOK.enabled());
-        outline.openByUser(0, false);
-        EXPECT_EQ(outline.listIndex(), 0) << "what was selected is out of sight";
-        EXPECT_FALSE(window().cmdOK.enabled());
-        outline.openByUser(0, true);
-        outline.moveTo(1);
-        press(keys::enter);  // on a database it is OK
-      },
-      2, 2);
+  showAt(2, 2, [&] {
+    auto& outline = get<Outline>("outOutline(1)");
+    const auto press = [&](int code) { user.key("frmNotebook", {code}); };
+    outline.setFocus();
+    outline.moveTo(0);
+    EXPECT_TRUE(outline.expanded(0)) << "on the way nothing closes";
+    EXPECT_FALSE(window().cmdOK.enabled());
+    press(' ');
+    EXPECT_FALSE(outline.expanded(0));
+    press(keys::enter);
+    EXPECT_TRUE(outline.expanded(0));
+    outline.moveTo(2);
+    EXPECT_EQ(get<Label>("lblDatabaseDesc(1)").caption(), "About Second");
+    EXPECT_TRUE(window().cmdOK.enabled());
+    outline.openByUser(0, false);
+    EXPECT_EQ(outline.listIndex(), 0) << "what was selected is out of sight";
+    EXPECT_FALSE(window().cmdOK.enabled());
+    outline.openByUser(0, true);
+    outline.moveTo(1);
+    press(keys::enter);  // on a database it is OK
+  });
   EXPECT_EQ(noteBook.LastAction(), NoteBook::closedByOK);
   EXPECT_EQ(noteBook.LastDatabaseName(1), "First");
 }
@@ -399,32 +371,28 @@ TEST_F(NotebookWindow, aSelectionWithinAClosedGroupIsInSightAtFirst) {
   Book book = test::sampleBook();
   book.uOutline[1].uEntry[1].iSelectedItem = 4;
   load(book);
-  show(
-      [&] {
-        EXPECT_TRUE(get<Outline>("outOutline(1)").expanded(3));
-        EXPECT_EQ(get<Outline>("outOutline(1)").listIndex(), 4);
-        EXPECT_FALSE(get<Outline>("outOutline(2)").expanded(3));
-        get<Outline>("outOutline(1)").openByUser(3, false);
-        window().goTo(2, 1);
-        window().goTo(2, 2);
-        EXPECT_FALSE(get<Outline>("outOutline(1)").expanded(3)) << "as the student left it";
-        click("cmdCancel");
-      },
-      2, 2);
+  showAt(2, 2, [&] {
+    EXPECT_TRUE(get<Outline>("outOutline(1)").expanded(3));
+    EXPECT_EQ(get<Outline>("outOutline(1)").listIndex(), 4);
+    EXPECT_FALSE(get<Outline>("outOutline(2)").expanded(3));
+    get<Outline>("outOutline(1)").openByUser(3, false);
+    window().goTo(2, 1);
+    window().goTo(2, 2);
+    EXPECT_FALSE(get<Outline>("outOutline(1)").expanded(3)) << "as the student left it";
+    click("cmdCancel");
+  });
 }
 
 TEST_F(NotebookWindow, oneOfTwoOutlinesOnAGroupIsEnoughToForbidOK) {
-  show(
-      [&] {
-        get<Outline>("outOutline(2)").click(0);
-        EXPECT_FALSE(window().cmdOK.enabled());
-        get<Outline>("outOutline(1)").click(2);
-        EXPECT_FALSE(window().cmdOK.enabled());
-        get<Outline>("outOutline(2)").click(1);
-        EXPECT_TRUE(window().cmdOK.enabled());
-        click("cmdOK");
-      },
-      2, 2);
+  showAt(2, 2, [&] {
+    get<Outline>("outOutline(2)").click(0);
+    EXPECT_FALSE(window().cmdOK.enabled());
+    get<Outline>("outOutline(1)").click(2);
+    EXPECT_FALSE(window().cmdOK.enabled());
+    get<Outline>("outOutline(2)").click(1);
+    EXPECT_TRUE(window().cmdOK.enabled());
+    click("cmdOK");
+  });
 }
 
 // A book that was never shown at a page goes back to its first one.
@@ -449,7 +417,9 @@ TEST_F(NotebookWindow, helpIsAButtonAndAKey) {
 }
 
 TEST_F(NotebookWindow, everyPageAndWindowCanBeSeenAndRead) {
-  for (const auto& [section, page] : {std::pair(1, 1), {2, 1}, {2, 2}, {2, 3}}) {
+  // Forth and back: what one page leaves behind would lie over the next one.
+  for (const auto& [section, page] :
+       {std::pair(1, 1), {2, 1}, {2, 2}, {2, 3}, {1, 1}, {2, 2}, {2, 1}, {1, 1}}) {
     window().goTo(section, page);
     EXPECT_EQ(test::layoutFaults(window()), "") << section << "." << page;
   }
@@ -462,12 +432,12 @@ TEST_F(NotebookWindow, everyPageAndWindowCanBeSeenAndRead) {
 }
 
 TEST_F(NotebookWindow, theStartIsRememberedOnlyForThePageThatHasOne) {
-  show([&] { click("cmdOK"); }, 2, 1);
+  showAt(2, 1, [&] { click("cmdOK"); });
   EXPECT_EQ(noteBook.miStartScenario, 1);
-  show([&] { click("cmdOK"); }, 1, 1);
+  showAt(1, 1, [&] { click("cmdOK"); });
   EXPECT_EQ(noteBook.miStartSection, 1);
   EXPECT_EQ(noteBook.miStartScenario, 1) << "as it was";
-  show([&] { click("cmdOK"); }, 2, 2);
+  showAt(2, 2, [&] { click("cmdOK"); });
   EXPECT_EQ(noteBook.StartDatabase(1), 1);
   EXPECT_EQ(noteBook.StartDatabase(2), 2);
 }

@@ -4,7 +4,6 @@
 #include <gtest/gtest.h>
 
 #include "notebook/book_check.h"
-#include "notebook/full_book.h"
 #include "support/sample_book.h"
 
 namespace tolmer {
@@ -116,10 +115,9 @@ TEST(ObjectFile, noReplacedFieldLeadsOutOfBounds) {
   EXPECT_GT(refused, 300);
 }
 
-// A full book is read; one row more than a table may have is refused where the rows are counted.
-TEST(ObjectFile, everyTableTakesItsBoundAndNotOneMore) {
-  const std::string full = recordsOf(test::fullBook());
-  EXPECT_EQ(errorOf(full), "no error");
+// One row more than a table may have is refused where the rows are counted.
+TEST(ObjectFile, noTableTakesMoreThanItsBound) {
+  const std::string whole = recordsOf(test::sampleBook());
   struct Table {
     std::string noun;
     int bound, defaults = 0;  // a line for each row and default
@@ -131,14 +129,15 @@ TEST(ObjectFile, everyTableTakesItsBoundAndNotOneMore) {
                           {"outline element", 8}, {"bitmap element", 8},
                           {"check element", 20},  {"version element", 20},
                           {"page element", 450}};
-  std::size_t count = full.find("\n", full.find("\n") + 1) + 1;  // behind title and chapter
+  std::size_t count = whole.find("\n", whole.find("\n") + 1) + 1;  // behind title and chapter
   for (const auto& [noun, bound, defaults] : tables) {
-    const std::string number = std::to_string(bound);
-    ASSERT_EQ(full.substr(count, number.size() + 1), number + "\r") << noun;
+    const std::size_t digits = whole.find('\r', count) - count;
     for (const std::string& rows : {std::to_string(bound + 1), std::string("-1")})
-      EXPECT_THAT(errorOf(std::string(full).replace(count, number.size(), rows)),
-                  HasSubstr(": " + rows + " " + noun + "s, from 0 to " + number + " are possible"));
-    for (int line = 0; line <= bound + defaults; ++line) count = full.find("\n", count) + 1;
+      EXPECT_THAT(errorOf(std::string(whole).replace(count, digits, rows)),
+                  HasSubstr(": " + rows + " " + noun + "s, from 0 to " + std::to_string(bound) +
+                            " are possible"));
+    for (int line = std::stoi(whole.substr(count, digits)) + defaults; line >= 0; --line)
+      count = whole.find("\n", count) + 1;
   }
 }
 
