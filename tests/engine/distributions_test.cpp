@@ -110,14 +110,11 @@ TEST_F(Distributions, FDistIsTheRightTail) {
 }
 
 TEST_F(Distributions, NormalInverseTakesTheUsualTailsFromTheTable) {
-  EXPECT_EQ(NormalInverse(0.05), 1.64485);
-  EXPECT_EQ(NormalInverse(0.025), 1.95996);
-  EXPECT_EQ(NormalInverse(0.01), 2.32635);
-  EXPECT_EQ(NormalInverse(0.005), 2.57583);
-  EXPECT_EQ(NormalInverse(0.95), -1.64485);
-  EXPECT_EQ(NormalInverse(0.975), -1.95996);
-  EXPECT_EQ(NormalInverse(0.99), -2.32635);
-  EXPECT_EQ(NormalInverse(0.995), -2.57583);
+  for (const auto& [p, z] :
+       {std::pair(0.05, 1.64485), {0.025, 1.95996}, {0.01, 2.32635}, {0.005, 2.57583}}) {
+    EXPECT_EQ(NormalInverse(p), z);
+    EXPECT_EQ(NormalInverse(1 - p), -z);
+  }
   EXPECT_EQ(NormalInverse(0.5), 0);
 }
 

@@ -4,9 +4,11 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdlib>
 #include <limits>
 
 #include "engine/picture_text.h"
+#include "support/pairs_in.h"
 #include "support/regression_data.h"
 
 namespace tolmer {
@@ -126,36 +128,23 @@ TEST(FindFormatString, AgreesWithThePlainRuleForEveryKindOfColumn) {
 }
 
 TEST(FindFormatStringValue, ShowsAValueInItsSignificantDigits) {
-  struct Case {
-    float value;
-    const char* inText;  // without, in a table with the exponent form
-    const char* inTable;
-  };
-  for (const auto& [value, inText, inTable] : std::initializer_list<Case>{
-           {0, "0", "0"},
-           {3e-9F, "0", "0"},
-           {1, "###,###,###,###,##0.000", "###,###,###,###,##0.000"},
-           {-1, "###,###,###,###,##0.000", "###,###,###,###,##0.000"},
-           {12.345F, "###,###,###,###,##0.00", "###,###,###,###,##0.00"},
-           {1234.5F, whole, whole},
-           {12345.6F, whole, whole},
-           {123456, whole, whole},
-           {-123456, "0", "0"},
-           {1234567, "0", "0"},
-           {12345678, "0", "0"},
-           {123456792, "********", "0.000E+0"},
-           {-123456792, "********", "0.00E+0"},
-           {1e12F, "********", "0.00E+00"},
-           {0.5F, "###,###,###,###,##0.0000", "###,###,###,###,##0.0000"},
-           {0.012F, "###,###,###,###,##0.00000", "###,###,###,###,##0.00000"},
-           {0.0012F, "###,###,###,###,##0.000000", "###,###,###,###,##0.000000"},
-           {-0.0012F, ".000000", ".000000"},
-           {0.00012F, ".0000000", ".0000000"},
-           {0.00001F, ".0000000", ".0000000"},
-           {-0.00001F, ".000000", ".000000"},
-       }) {
-    EXPECT_EQ(FindFormatStringValue(value, 4, 8, true, false, true, false), inText) << value;
-    EXPECT_EQ(FindFormatStringValue(value, 4, 8, true, false, true, true), inTable) << value;
+  // Behind "or" in a table with the exponent form, otherwise there as everywhere.
+  for (const auto& [number, pictures] : test::pairsIn(R"(
+      0 -> 0 | 3e-9 -> 0 | 1 -> ###,###,###,###,##0.000 | -1 -> ###,###,###,###,##0.000
+      12.345 -> ###,###,###,###,##0.00 | 1234.5 -> ###,###,###,###,##0
+      12345.6 -> ###,###,###,###,##0 | 123456 -> ###,###,###,###,##0 | -123456 -> 0 | 1234567 -> 0
+      12345678 -> 0 | 123456792 -> ******** or 0.000E+0 | -123456792 -> ******** or 0.00E+0
+      1e12 -> ******** or 0.00E+00 | 0.5 -> ###,###,###,###,##0.0000
+      0.012 -> ###,###,###,###,##0.00000 | 0.0012 -> ###,###,###,###,##0.000000 | -0.0012 -> .000000
+      0.00012 -> .0000000 | 0.00001 -> .0000000 | -0.00001 -> .000000
+      )")) {
+    const float value = std::strtof(number.c_str(), nullptr);
+    const auto cut = pictures.find(" or ");
+    EXPECT_EQ(FindFormatStringValue(value, 4, 8, true, false, true, false), pictures.substr(0, cut))
+        << number;
+    EXPECT_EQ(FindFormatStringValue(value, 4, 8, true, false, true, true),
+              cut == pictures.npos ? pictures : pictures.substr(cut + 4))
+        << number;
   }
 }
 

@@ -14,7 +14,7 @@ namespace {
 
 // Formulas and what they show: "=1+1 -> 2 | =2*3 -> 6", over as many lines as it takes.
 void expectAll(const SmallSheet& sheet, std::string_view cases, int row = 1) {
-  for (const auto& [formula, result] : pairsIn(cases, " -> "))
+  for (const auto& [formula, result] : pairsIn(cases))
     EXPECT_EQ(shown(sheet.value(formula, row)), result) << formula;
 }
 
