@@ -110,21 +110,6 @@ TEST_F(DataFile, FaultInTheMiddleKeepsWhatWasReadBefore) {
   EXPECT_EQ(copy.osData(3, 1), 0.0F);
 }
 
-TEST_F(DataFile, CountsThatLieInEitherDirection) {
-  const auto shorter = readData("A,B\n1,2\n3,4\n5,6\n", 2, 2, false);
-  EXPECT_TRUE(desktop.boxes().empty());
-  EXPECT_EQ(shorter.osData(2, 2), 4.0F);
-  readData("A,B\n1,2\n3,4\n", 3, 2, false);
-  expectProblemWith("set.csv");
-}
-
-TEST_F(DataFile, OneNameTooFewShiftsTheFieldsUnnoticed) {
-  const auto copy = readData("A\n1,2\n3,4\n5\n", 2, 2, false);
-  EXPECT_TRUE(desktop.boxes().empty());
-  EXPECT_EQ(copy.otColName(2), "1");
-  EXPECT_EQ(copy.osData(1, 1), 2.0F);
-}
-
 TEST_F(DataFile, EveryTruncationIsEitherWholeOrReported) {
   const std::string whole = "\"L a\",A,B\n\"x\",1,2\ny,3,4\n";
   for (std::size_t length = 0; length <= whole.size(); ++length) {

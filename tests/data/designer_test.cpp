@@ -33,7 +33,6 @@ class Designer : public testing::Test {
   void design(const std::function<void(frmModelDesign&)>& actions) {
     frmModelDesign designer(desktop, state, {scenarios, folder.programFolder(), &editor},
                             mainWindow);
-    designer.ShowInitialChildren = [this] { ++childrenShown; };
     script.window("frmModelDesign", [&] { actions(designer); });
     designer.showModal();
     script.finish();
@@ -63,7 +62,6 @@ class Designer : public testing::Test {
   StandInScenarios scenarios;
   StandInEditor editor;
   AnalysisState state;
-  int childrenShown = 0;
 };
 
 TEST_F(Designer, ADoubleClickMovesOneVariable) {
@@ -106,19 +104,6 @@ TEST_F(Designer, OpensOnTheExampleWithItsModel) {
   EXPECT_EQ(state.iNumPredictors, 2);
   EXPECT_EQ(state.tVarDesc[3], "years of the house");
   EXPECT_TRUE(state.bUseIntercept);
-}
-
-TEST_F(Designer, ShowsTheQuadrantsOnlyWhileStarting) {
-  acceptExample();
-  EXPECT_EQ(childrenShown, 0);
-  state = {};
-  state.iDataSource = scenarioExample;
-  state.bStartingUp = true;
-  design([this](frmModelDesign& designer) {
-    click("cmdOK");
-    EXPECT_FALSE(designer.visible());
-  });
-  EXPECT_EQ(childrenShown, 1);
 }
 
 TEST_F(Designer, ModelChosenByHand) {
@@ -202,33 +187,6 @@ TEST_F(Designer, UnchangedModelPassesWithoutACheck) {
   EXPECT_FALSE(state.bModelHasChanged);
   EXPECT_FALSE(state.bUseIntercept);
   EXPECT_FALSE(state.bNewDataRequested);
-}
-
-TEST_F(Designer, NothingChosenFromNothingPassesSilently) {
-  state.iDataSource = 0;
-  design([this](frmModelDesign&) { click("cmdOK"); });
-  EXPECT_FALSE(state.bModelHasChanged);
-  state.bChangeModelOnly = true;
-  design([this](frmModelDesign& designer) {
-    EXPECT_EQ(designer.txtDepVar.text(), "");
-    click("cmdDepVarDeselect");
-    click("cmdIndVarSelect");
-    click("cmdOK");
-  });
-  EXPECT_FALSE(state.bModelHasChanged);
-}
-
-TEST_F(Designer, PartialDataAreOpenedOnWithAMessage) {
-  scenarios.standard[4] = "9";
-  script.box("Error", "Problem with file " + folder.file("rent.csv") + ". Check file and path.");
-  folder.write("rent.inf", "Rents of flats\nin francs\n");
-  script.box("Error", "Problem with file " + folder.file("rent.inf") + ". Check file and path.");
-  design([this](frmModelDesign& designer) {
-    EXPECT_EQ(designer.spdVarDefs.text(1, 2), "in francs");
-    EXPECT_EQ(designer.spdVarDefs.text(2, 2), "");
-    EXPECT_EQ(designer.workingCopy().osData(4, 3), 10.0F);
-    click("cmdCancel");
-  });
 }
 
 class DesignerOnEditorData : public Designer {

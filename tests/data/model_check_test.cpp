@@ -73,12 +73,6 @@ TEST(ModelCheck, NamesAndDefinitionsAreNoChange) {
   EXPECT_FALSE(changed(accepted, now));
 }
 
-TEST(ModelCheck, NothingAgainstNothingIsNoChange) {
-  WorkingCopy copy;
-  CheckForChanges(copy, AnalysisState());
-  EXPECT_FALSE(copy.mbModelHasChanged);
-}
-
 TEST(ModelCheck, EverySentenceInItsOrder) {
   const std::string noDependent = "No dependent variable was named. ";
   const std::string noPredictor = "You need at least one independent variable. ";

@@ -105,24 +105,5 @@ TEST(MultipleRegression, AnInterceptAloneHasNothingToTest) {
   EXPECT_TRUE(std::isnan(state.Fit.sFProb));
 }
 
-TEST(MultipleRegression, AFitThatFailsLeavesTheRecordButClearsItsOwnFlag) {
-  AnalysisState state = cementModel();
-  analyse(state);
-  const Fit before = state.Fit;
-  Matrix<float> twins = state.sData;
-  for (int c = 1; c <= 13; ++c) twins(c, 2) = twins(c, 1);
-  RecordedMessages messages;
-  MultipleRegression(twins, state.iTermCol, 5, 13, state.Fit, true, messages);
-  EXPECT_TRUE(state.Fit.bSingular);
-  ASSERT_EQ(messages.boxes.size(), 1U);
-  state.Fit.bSingular = false;
-  EXPECT_EQ(state.Fit, before);
-
-  state.Fit.bSingular = true;
-  MultipleRegression(state.sData, state.iTermCol, 5, 13, state.Fit, true, messages);
-  EXPECT_FALSE(state.Fit.bSingular);
-  EXPECT_EQ(messages.boxes.size(), 1U);
-}
-
 }  // namespace
 }  // namespace tolmer

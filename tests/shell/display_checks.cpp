@@ -189,6 +189,4 @@ void FreshDisplays::expectShown(ShellParts& parts) {
   }
 }
 
-void expectFreshDisplays(ShellParts& parts) { FreshDisplays().expectShown(parts); }
-
 }  // namespace tolmer::test

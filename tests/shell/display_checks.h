@@ -16,10 +16,8 @@ namespace tolmer::test {
 // the panel's controls do not fit the plots on the screen.
 void expectSoundQuadrants(ShellParts& parts);
 
-// Fails the test where a shown display differs from one that is drawn anew from the state.
-void expectFreshDisplays(ShellParts& parts);
-
-// The same again and again: what was drawn anew is kept until the next fit, for a while.
+// Fails the test where a shown display differs from one that is drawn anew from the state. What was
+// drawn anew is kept until the next fit, for a while.
 class FreshDisplays {
  public:
   void expectShown(ShellParts& parts);

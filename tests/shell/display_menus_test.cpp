@@ -1,4 +1,5 @@
-// All displays in all quadrants, by both menus.
+// What the menus of displays and the panel do that random users (random_user_test.cpp) cannot
+// judge.
 #include <gmock/gmock.h>
 
 #include "platform/graph/graph.h"
@@ -24,37 +25,7 @@ class DisplayMenus : public ShippedProgram {
     };
     user.rightClick(displayAt(tag).name());
   }
-  void replaceByMainMenu(const std::string& tag, DisplayId id) {
-    displayAt(tag).activate();
-    parts().frame.mnuWindow.click();
-    MenuItem& entry = *parts().frame.displays.entry(id.iCategory, id.iIndex);
-    if (entry.enabled()) entry.click();
-  }
 };
-
-TEST_F(DisplayMenus, BringEveryDisplayIntoEveryQuadrantOnce) {
-  ASSERT_GE(displayList().size(), 14U);
-  for (const bool byPopup : {true, false}) {
-    for (const std::string tag : {"11", "21", "22"})
-      for (const Display& display : displayList()) {
-        const DisplayId id = display.id;
-        const bool stoodElsewhere =
-            parts().state.iDisplayState(id.iCategory, id.iIndex) == displayShown;
-        const std::string before = displayAt(tag).name();
-        byPopup ? replaceByPopup(tag, id) : replaceByMainMenu(tag, id);
-        const std::string wanted = parts().displays.display(id.iCategory, id.iIndex)->name();
-        EXPECT_EQ(displayAt(tag).name(), stoodElsewhere ? before : wanted);
-        expectSoundQuadrants(parts());
-        expectFreshDisplays(parts());
-      }
-    parts().manager.RestoreInitialDisplays();
-    expectSoundQuadrants(parts());
-    for (const auto& [tag, name] :
-         {std::pair{"11", "frmEstCoef"}, {"21", "frmANOVA"}, {"22", "frmResidHist"}})
-      EXPECT_EQ(displayAt(tag).name(), name);
-  }
-  EXPECT_THAT(desktop.boxes(), testing::IsEmpty());
-}
 
 TEST_F(DisplayMenus, ThePanelOffersPlotsAndIsNotReplacedByThem) {
   parts().panel.activate();
@@ -107,21 +78,6 @@ TEST_F(DisplayMenus, EachPlotKeepsItsAxesAndGivesUpWhatWasNotDrawn) {
   EXPECT_EQ(titles(1), "Residuals / Fitted StackLoss");
   EXPECT_EQ(titles(2), "Fitted StackLoss / Order of Entry");
   expectSoundQuadrants(parts());
-}
-
-TEST_F(DisplayMenus, ARefitShowsNewNumbersEverywhere) {
-  replaceByPopup("11", {tableDisplays, 6});
-  replaceByPopup("21", {scatterDisplays, 3});
-  script.window("frmModelDesign", [&] {
-    user.click("frmModelDesign", "chkUseIntercept");
-    user.click("frmModelDesign", "cmdOK");
-  });
-  user.click("frmControlPanel", "cmdChangeModel");
-  expectSoundQuadrants(parts());
-  for (const Display& display : displayList()) {
-    replaceByPopup("21", display.id);
-    expectFreshDisplays(parts());
-  }
 }
 
 }  // namespace
