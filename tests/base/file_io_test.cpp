@@ -40,17 +40,12 @@ TEST_F(FileIo, whatIsWrittenIsReadAndNothingElseIsLeft) {
   EXPECT_EQ(entries(), 1u);
 }
 
-TEST_F(FileIo, replacingAFileKeepsItsMode) {
+TEST_F(FileIo, replacingAFileKeepsItsModeAndItsOtherNames) {
   const std::string name = folder / "a.txt";
   ASSERT_FALSE(writeFileAtomically(name, "old"));
   ::chmod(name.c_str(), 0640);
   ASSERT_FALSE(writeFileAtomically(name, "new"));
   EXPECT_EQ(about(name).st_mode & 0777, 0640u);
-}
-
-TEST_F(FileIo, replacingAFileKeepsItsOtherNames) {
-  const std::string name = folder / "a.txt";
-  ASSERT_FALSE(writeFileAtomically(name, "old"));
   fs::create_hard_link(name, folder / "b.txt");
   for (const std::string bytes : {"much longer", "", "short"}) {
     ASSERT_FALSE(writeFileAtomically(name, bytes));

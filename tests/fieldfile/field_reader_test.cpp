@@ -131,29 +131,5 @@ TEST(Files, inOldEncodingOrWithAMarkAreRead) {
   EXPECT_EQ(FieldReader::open("no\\such.csv").error().where, "no\\such.csv");
 }
 
-// Every kind of read, at every place of every cut of a file with everything in it, ends: it takes
-// a field, or it stays and gives an error.
-TEST(Robustness, everyCutAndEveryKindOfReadEnds) {
-  const std::string whole = "\"a,\r\n\",1.5 ,#TRUE#\r\n\"caf\xE9\" ,-3e-2,,\r+7 8\n\xE2\x82,\"";
-  for (std::size_t length = 0; length <= whole.size(); ++length) {
-    for (int firstKind = 0; firstKind < 5; ++firstKind) {
-      FieldReader reader = reading(whole.substr(0, length));
-      int kind = firstKind, refusals = 0;
-      for (int step = 0; refusals < 5; ++step, kind = (kind + 1) % 5) {
-        const int before = reader.place().field;
-        const bool taken = kind == 0   ? bool(reader.readText())
-                           : kind == 1 ? bool(reader.readInteger())
-                           : kind == 2 ? bool(reader.readSingle())
-                           : kind == 3 ? bool(reader.readBoolean())
-                                       : bool(reader.readLine());
-        ASSERT_EQ(reader.place().field, before + (taken ? 1 : 0));
-        ASSERT_LE(static_cast<std::size_t>(step), 5 * (length + 2));
-        refusals = taken ? 0 : refusals + 1;
-      }
-      EXPECT_TRUE(reader.onlyBlanksLeft()) << length;
-    }
-  }
-}
-
 }  // namespace
 }  // namespace tolmer

@@ -3,14 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <fstream>
-#include <random>
 
-#include "base/file_io.h"
 #include "help/help_reader.h"
 #include "help/topic_page.h"
 #include "help/topic_reader.h"
 #include "support/temp_folder.h"
-#include "support/tree.h"
 
 namespace tolmer {
 namespace {
@@ -68,32 +65,6 @@ TEST_F(HelpFolder, DamagedPageSaysSoAndLeavesTheOthers) {
   EXPECT_THAT(topicHtml(book->topic(1)), HasSubstr("b:1"));
   EXPECT_THAT(topicHtml(book->topic(2)), HasSubstr("c.txt"));
   EXPECT_EQ(book->find({"tolmod", 0}), 0U);
-}
-
-// Bytes of a page exchanged, cut and doubled: it is read or refused, and what is read can be shown.
-TEST(HelpFuzz, NoPageBreaksTheReader) {
-  const auto source = readWholeFile(TOLMER_SOURCE_DIR "/course/help/coefficients.txt");
-  ASSERT_TRUE(source);
-  std::mt19937 random(17);
-  const auto below = [&random](std::size_t n) { return random() % n; };
-  const std::string marks = "*[](){}|=#-!\n \xff\xc3<&\"";
-  int read = 0;
-  for (int round = 0; round < 3000; ++round) {
-    std::string text = *source;
-    for (std::size_t i = below(12); i > 0; --i)
-      text[below(text.size())] = marks[below(marks.size())];
-    if (below(3) == 0) text.resize(below(text.size()) + 1);
-    if (below(5) == 0) text.insert(below(text.size()), 2000, marks[below(marks.size())]);
-    const auto topic = readTopic("p", text);
-    if (!topic) continue;
-    ++read;
-    const std::string html = topicHtml(*topic);
-    EXPECT_EQ(std::ranges::count(html, '<'), std::ranges::count(html, '>'));
-    for (const HelpLink& link : topicLinks(*topic)) EXPECT_FALSE(link.address.file.empty());
-    HelpReader reader(HelpBook({*topic}));
-    EXPECT_TRUE(reader.find("\xff").size() <= 2);
-  }
-  EXPECT_GT(read, 1000);
 }
 
 TEST(HelpFuzz, LongPagesTakeNoLongTime) {

@@ -140,30 +140,5 @@ TEST_F(HelpRequests, OfEveryDisplayHaveTheirPage) {
     EXPECT_EQ(shippedHelp().topic(shippedHelp().find({"dataedit", number}).value()).title, title);
 }
 
-// The first pages quote the default example.
-TEST_F(HelpRequests, PagesQuoteTheNumbersOfTheTables) {
-  startWithDefaultExample();
-  std::string shown = module.parts().panel.txtFittedModel.text();
-  for (const char* name : {"frmEstCoef", "frmANOVA"}) {
-    auto& window = dynamic_cast<DisplayWindow&>(user.window(name));
-    window.CopyGraph();
-    shown += desktop.clipboard().text;
-  }
-  const auto textOf = [](long number) {
-    return topicPlainText(shippedHelp().topic(shippedHelp().find({"tolmod", number}).value()));
-  };
-  for (const auto& [page, numbers] :
-       {std::pair<long, std::vector<const char*>>{103,
-                                                  {"0.7156", "0.000", "1.295", "0.003", "-0.1521",
-                                                   "0.344", "39.92", "59.90", "0.9136", "3.2434"}},
-        {231, {"0.7156", "0.4311", "1.0002"}},
-        {232, {"3.2434", "0.9136", "0.8983"}},
-        {214, {"2.9", "2.6", "1.3"}}})
-    for (const char* number : numbers) {
-      EXPECT_THAT(textOf(page), testing::HasSubstr(number));
-      EXPECT_THAT(shown, testing::HasSubstr(number));
-    }
-}
-
 }  // namespace
 }  // namespace tolmer::test

@@ -57,6 +57,11 @@ TEST_F(NotebookWindow, turnersAndJumpsLeadToTheirPages) {
     expectTurners(false, true);
     click("lblNextPage");
     expectTurners(true, true);
+    get<TabBook>("tbNoteBook").chooseTab(0);
+    EXPECT_TRUE(sees("lblHeading(1)") && !sees("outOutline(1)"));
+    get<TabBook>("tbNoteBook").chooseTab(1);  // comes back to its page
+    EXPECT_TRUE(sees("outOutline(1)") && !sees("lblHeading(1)"));
+    EXPECT_EQ(noteBook.LastPageNumber(), 2);
     click("lblNextPage");
     EXPECT_EQ(noteBook.LastPageNumber(), 3);
     EXPECT_EQ(noteBook.LastPageType(), PageType::picture);
@@ -68,21 +73,6 @@ TEST_F(NotebookWindow, turnersAndJumpsLeadToTheirPages) {
     EXPECT_EQ(window().tbNoteBook.activePage(), 0);
     EXPECT_EQ(noteBook.LastSectionNumber(), 2);
     EXPECT_EQ(noteBook.LastPageNumber(), 1);
-    click("cmdOK");
-  });
-}
-
-TEST_F(NotebookWindow, aTabComesBackToItsPage) {
-  show([&] {
-    click("lblContentsEntry(1)");
-    click("lblNextPage");
-    get<TabBook>("tbNoteBook").chooseTab(0);
-    EXPECT_TRUE(sees("lblHeading(1)"));
-    EXPECT_FALSE(sees("outOutline(1)"));
-    get<TabBook>("tbNoteBook").chooseTab(1);
-    EXPECT_TRUE(sees("outOutline(1)"));
-    EXPECT_FALSE(sees("lblHeading(1)"));
-    EXPECT_EQ(noteBook.LastPageNumber(), 2);
     click("cmdOK");
   });
 }
@@ -386,14 +376,21 @@ TEST_F(NotebookWindow, oneOfTwoOutlinesOnAGroupIsEnoughToForbidOK) {
   });
 }
 
-// A book that was never shown at a page goes back to its first one.
-TEST_F(NotebookWindow, cancelWithoutAStartIsTheFirstPage) {
+TEST_F(NotebookWindow, theStartIsTheFirstPageAndRememberedOnlyForThePageThatHasOne) {
   window().goTo(2, 3);
   window().cmdCancel_Click();
   EXPECT_EQ(noteBook.LastAction(), NoteBook::closedByCancel);
   EXPECT_EQ(noteBook.LastSectionNumber(), 1);
   EXPECT_EQ(noteBook.LastPageNumber(), 1);
   EXPECT_EQ(noteBook.LastPageType(), PageType::picture);
+  showAt(2, 1, [&] { click("cmdOK"); });
+  EXPECT_EQ(noteBook.miStartScenario, 1);
+  showAt(1, 1, [&] { click("cmdOK"); });
+  EXPECT_EQ(noteBook.miStartSection, 1);
+  EXPECT_EQ(noteBook.miStartScenario, 1) << "as it was";
+  showAt(2, 2, [&] { click("cmdOK"); });
+  EXPECT_EQ(noteBook.StartDatabase(1), 1);
+  EXPECT_EQ(noteBook.StartDatabase(2), 2);
 }
 
 TEST_F(NotebookWindow, everyPageAndWindowCanBeSeenAndRead) {
@@ -409,17 +406,6 @@ TEST_F(NotebookWindow, everyPageAndWindowCanBeSeenAndRead) {
   EXPECT_EQ(test::layoutFaults(sample), "");
   frmOpeningBook opening(desktop, folder.path());
   EXPECT_EQ(test::layoutFaults(opening), "");
-}
-
-TEST_F(NotebookWindow, theStartIsRememberedOnlyForThePageThatHasOne) {
-  showAt(2, 1, [&] { click("cmdOK"); });
-  EXPECT_EQ(noteBook.miStartScenario, 1);
-  showAt(1, 1, [&] { click("cmdOK"); });
-  EXPECT_EQ(noteBook.miStartSection, 1);
-  EXPECT_EQ(noteBook.miStartScenario, 1) << "as it was";
-  showAt(2, 2, [&] { click("cmdOK"); });
-  EXPECT_EQ(noteBook.StartDatabase(1), 1);
-  EXPECT_EQ(noteBook.StartDatabase(2), 2);
 }
 
 }  // namespace
