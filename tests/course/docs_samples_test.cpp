@@ -2,10 +2,13 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <filesystem>
+#include <regex>
 
 #include "base/file_io.h"
 #include "bookcompiler/book_compiler.h"
+#include "data/course_folder.h"
 #include "data/data_sources.h"
 #include "figures/course_figures.h"
 #include "notebook/notebook.h"
@@ -21,58 +24,27 @@ namespace fs = std::filesystem;
 using testing::HasSubstr;
 using testing::IsEmpty;
 
-std::vector<std::string> linesOf(const std::string& text) {
-  std::vector<std::string> lines(1);
-  for (const char c : text) {
-    if (c == '\n')
-      lines.emplace_back();
-    else
-      lines.back() += c;
-  }
-  return lines;
+// What the pattern's bracket holds, wherever it matches.
+std::vector<std::string> samplesIn(const std::string& page, const char* pattern) {
+  const std::regex sample(pattern);
+  std::vector<std::string> samples;
+  for (std::sregex_iterator at(page.begin(), page.end(), sample), end; at != end; ++at)
+    samples.push_back((*at)[1]);
+  return samples;
 }
 
 // What stands between two lines of three backquotes.
 std::vector<std::string> fencedSamples(const std::string& page) {
-  std::vector<std::string> samples;
-  bool inside = false;
-  for (const std::string& line : linesOf(page)) {
-    if (line.starts_with("```")) {
-      inside = !inside;
-      if (inside) samples.emplace_back();
-    } else if (inside) {
-      samples.back() += line + "\n";
-    }
-  }
-  return samples;
+  return samplesIn(page, R"(```[^\n]*\n([^`]*(?:`[^`]+)*)```)");
 }
 
 // What is set in by four blanks.
 std::vector<std::string> indentedSamples(const std::string& page) {
-  std::vector<std::string> samples;
-  bool inside = false;
-  for (const std::string& line : linesOf(page)) {
-    const bool isSample = line.starts_with("    ");
-    if (isSample && !inside) samples.emplace_back();
-    if (isSample) samples.back() += line.substr(4) + "\n";
-    inside = isSample;
-  }
+  std::vector<std::string> samples = samplesIn(page, R"(\n((?:    [^\n]*\n)+))");
+  for (std::string& sample : samples)
+    sample = std::regex_replace(sample.substr(4), std::regex("\n    "), "\n");
   return samples;
 }
-
-class OneScenario : public ScenarioSource {
- public:
-  explicit OneScenario(const Scenario& scenario) : scenario_(scenario) {}
-  std::string LastScenarioParameter(int iIndex) const override {
-    return scenario_.tParameter[static_cast<std::size_t>(iIndex)];
-  }
-  std::string DefaultScenarioParameter(int iIndex) const override {
-    return LastScenarioParameter(iIndex);
-  }
-
- private:
-  const Scenario& scenario_;
-};
 
 class DocsSamples : public testing::Test {
  protected:
@@ -114,7 +86,9 @@ class DocsSamples : public testing::Test {
 
   void openData(const Scenario& scenario) {
     WorkingCopy copy;
-    LoadNewDatabase(copy, OneScenario(scenario), folder.file("tolmod"), desktop);
+    test::StandInScenarios scenarios;
+    std::copy_n(scenario.tParameter.begin() + 1, scenarios.last.size(), scenarios.last.begin());
+    LoadNewDatabase(copy, scenarios, folder.file("tolmod"), desktop);
     EXPECT_GT(copy.miNumCases, 0);
     EXPECT_NE(copy.otColName(copy.miNumCols), "");
   }

@@ -30,6 +30,24 @@ class CourseFolder {
   TempFolder root_;
 };
 
+// Labels "Town 1", names "Variable 1", values of the variable's number and quarters.
+inline WorkingCopy dataSet(int iNumCases, int iNumCols, bool bLabeled) {
+  WorkingCopy copy;
+  copy.miNumCases = static_cast<Int16>(iNumCases);
+  copy.miNumCols = static_cast<Int16>(iNumCols);
+  copy.mbLabeledData = bLabeled;
+  copy.mtLabelColName = "Town";
+  DimensionModelDesignerArrays(copy);
+  setInterceptColumn(copy);
+  for (int j = 1; j <= iNumCols; ++j) copy.otColName(j) = "Variable " + std::to_string(j);
+  for (int i = 1; i <= iNumCases; ++i) {
+    copy.otCaseLabel(i) = "Town " + std::to_string(i);
+    for (int j = 1; j <= iNumCols; ++j)
+      copy.osData(i, j) = static_cast<float>(j) + static_cast<float>(i) / 4;
+  }
+  return copy;
+}
+
 // Two scenarios as a notebook hands them out: parameters 1 to 7.
 class StandInScenarios : public ScenarioSource {
  public:

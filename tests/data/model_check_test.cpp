@@ -2,6 +2,7 @@
 
 #include <functional>
 
+#include "course_folder.h"
 #include "data/model_transfer.h"
 
 namespace tolmer {
@@ -9,20 +10,11 @@ namespace {
 
 // Four labelled cases of three variables; the second on the other two.
 WorkingCopy rents() {
-  WorkingCopy copy;
-  copy.miNumCases = 4;
-  copy.miNumCols = 3;
+  WorkingCopy copy = test::dataSet(4, 3, true);
   copy.mtDataFileName = "rent.csv";
   copy.mtDataFileInfoName = "rent.inf";
-  copy.mbLabeledData = copy.mbInfoAvailable = copy.mbUseIntercept = true;
-  copy.mtLabelColName = "Town";
-  DimensionModelDesignerArrays(copy);
-  setInterceptColumn(copy);
-  copy.otColName.setValues({"Intercept", "Size", "Rent", "Age"});
-  copy.otCaseLabel.setValues({"", "Aarau", "Bern", "Chur", "Davos"});
+  copy.mbInfoAvailable = copy.mbUseIntercept = true;
   copy.otVarInfo.setValues({"Rents of flats", "rooms", "francs", "years"});
-  for (int i = 1; i <= 4; ++i)
-    for (int j = 1; j <= 3; ++j) copy.osData(i, j) = static_cast<float>(i * j);
   copy.miDepVarCol = 2;
   copy.mbDepVarSpecified = true;
   copy.obIsIndepVar(1) = copy.obIsIndepVar(3) = true;
@@ -107,7 +99,8 @@ TEST(ModelTransfer, ThereAndBackIsTheSameModel) {
   CopyModuleVarsToGlobal(copy, state);
   EXPECT_TRUE(state.bModelHasChanged);
   EXPECT_THAT(state.iModelCol, testing::ElementsAre(0, 2, 1, 3, 0));
-  EXPECT_THAT(state.tVarName, testing::ElementsAre("Intercept", "Size", "Rent", "Age"));
+  EXPECT_THAT(state.tVarName,
+              testing::ElementsAre("Intercept", "Variable 1", "Variable 2", "Variable 3"));
   EXPECT_THAT(state.tVarDesc, testing::ElementsAre("Rents of flats", "rooms", "francs", "years"));
   EXPECT_EQ(state.sData, copy.osData);
 

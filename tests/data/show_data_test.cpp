@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "course_folder.h"
 #include "platform/headless/headless_desktop.h"
 #include "support/headless_user.h"
 #include "support/script.h"
@@ -10,25 +11,9 @@
 namespace tolmer {
 namespace {
 
+using test::dataSet;
 using testing::HasSubstr;
 using testing::StartsWith;
-
-WorkingCopy dataSet(int iNumCases, int iNumCols, bool bLabeled) {
-  WorkingCopy copy;
-  copy.miNumCases = static_cast<Int16>(iNumCases);
-  copy.miNumCols = static_cast<Int16>(iNumCols);
-  copy.mbLabeledData = bLabeled;
-  copy.mtLabelColName = "Town";
-  DimensionModelDesignerArrays(copy);
-  setInterceptColumn(copy);
-  for (int j = 1; j <= iNumCols; ++j) copy.otColName(j) = "Variable " + std::to_string(j);
-  for (int i = 1; i <= iNumCases; ++i) {
-    copy.otCaseLabel(i) = "Town " + std::to_string(i);
-    for (int j = 1; j <= iNumCols; ++j)
-      copy.osData(i, j) = static_cast<float>(j) + static_cast<float>(i) / 4;
-  }
-  return copy;
-}
 
 std::string rowOf(const Grid& grid, int row) {
   std::string texts;

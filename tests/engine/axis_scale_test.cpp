@@ -4,41 +4,30 @@
 
 #include <cmath>
 #include <limits>
+#include <sstream>
 
+#include "support/pairs_in.h"
 #include "support/regression_data.h"
 
 namespace tolmer {
 namespace {
 
 TEST(ComputeScale, PrintsItsTable) {
-  struct Case {
-    float low, high, minimum, step;
-    int steps;
-  };
-  for (const Case& c : std::initializer_list<Case>{
-           {0, 10, 0, 2, 6},
-           {3, 3, 3, 1, 5},
-           {5, 4, 5, 1, 5},
-           // A fifth as a single is a little more than a fifth, but 1 divided by it is 5 in
-           // singles.
-           {0, 1, 0, 0.2F, 6},
-           {0, 1.9F, 0, 0.2F, 10},
-           {0, 2, 0, 0.5F, 5},
-           {0, 4.99F, 0, 0.5F, 10},
-           {0, 5, 0, 1, 6},
-           {0, 9.99F, 0, 1, 10},
-           {-1, 1, -1, 0.5F, 5},
-           {-3.2F, 4.1F, -4, 1, 9},
-           {72.5F, 115.9F, 70, 5, 10},
-           {1999, 2003, 1999, 0.5F, 9},
-           {0.599999F, 3, 0.5F, 0.5F, 6},
-           {1e-30F, 3e-30F, 1e-30F, 5e-31F, 5},
-           {-1e30F, 1e30F, -1e30F, 5e29F, 5},
-       }) {
-    const AxisScale scale = ComputeScale(c.low, c.high);
-    EXPECT_EQ(scale.sAxisMin, c.minimum) << c.low << " to " << c.high;
-    EXPECT_EQ(scale.sStep, c.step) << c.low << " to " << c.high;
-    EXPECT_EQ(scale.iSteps, c.steps) << c.low << " to " << c.high;
+  // A fifth as a single is a little more than a fifth, but 1 divided by it is 5 in singles.
+  for (const auto& [range, expected] : test::pairsIn(R"(
+      0 10 -> 0 2 6 | 3 3 -> 3 1 5 | 5 4 -> 5 1 5 | 0 1 -> 0 0.2 6 | 0 1.9 -> 0 0.2 10
+      0 2 -> 0 0.5 5 | 0 4.99 -> 0 0.5 10 | 0 5 -> 0 1 6 | 0 9.99 -> 0 1 10 | -1 1 -> -1 0.5 5
+      -3.2 4.1 -> -4 1 9 | 72.5 115.9 -> 70 5 10 | 1999 2003 -> 1999 0.5 9
+      0.599999 3 -> 0.5 0.5 6 | 1e-30 3e-30 -> 1e-30 5e-31 5 | -1e30 1e30 -> -1e30 5e29 5
+      )")) {
+    std::istringstream numbers(range + " " + expected);
+    float low = 0, high = 0, minimum = 0, step = 0;
+    int steps = 0;
+    ASSERT_TRUE(numbers >> low >> high >> minimum >> step >> steps) << range;
+    const AxisScale scale = ComputeScale(low, high);
+    EXPECT_EQ(scale.sAxisMin, minimum) << range;
+    EXPECT_EQ(scale.sStep, step) << range;
+    EXPECT_EQ(scale.iSteps, steps) << range;
   }
 }
 

@@ -111,17 +111,10 @@ constexpr const char* tooFew = "Too few cases for this model.";
 constexpr const char* zeroError = "Zero standard error in VarCovStats.";
 
 TEST(PipelineBits, AgreeForEveryShapeOfOrdinaryData) {
+  const std::pair<int, int> shapes[] = {{3, 1},  {4, 2},  {5, 3},  {12, 1},   {24, 4},
+                                        {37, 7}, {50, 8}, {61, 9}, {100, 16}, {120, 17}};
   for (const bool intercept : {true, false})
-    for (const auto& [cases, predictors] : std::initializer_list<std::pair<int, int>>{{3, 1},
-                                                                                      {4, 2},
-                                                                                      {5, 3},
-                                                                                      {12, 1},
-                                                                                      {24, 4},
-                                                                                      {37, 7},
-                                                                                      {50, 8},
-                                                                                      {61, 9},
-                                                                                      {100, 16},
-                                                                                      {120, 17}})
+    for (const auto& [cases, predictors] : shapes)
       for (std::uint64_t seed = 1; seed <= 3; ++seed) {
         SCOPED_TRACE(testing::Message() << cases << " x " << predictors << " seed " << seed);
         EXPECT_TRUE(analyseBothWays(noisyModel(cases, predictors, intercept, seed)).empty());

@@ -116,17 +116,12 @@ TEST(FormulaValue, RanksCorrelationsAndNormalQuantiles) {
       =ROUND(NORM.S.DIST(1.5,0),15) -> 0.129517595665892
       )",
             4);
-  for (const auto& [probability, quantile] :
-       std::map<double, double>{{1e-300, -37.047096299361201},
-                                {1e-20, -9.2623400897984052},
-                                {1e-9, -5.9978070150076865},
-                                {0.0745, -1.443072674370901},
-                                {0.075, -1.4395314709384557},
-                                {0.3, -0.52440051270804067},
-                                {0.925, 1.4395314709384559},
-                                {0.975, 1.9599639845400536},
-                                {0.9999, 3.7190164854557084},
-                                {1 - 1e-12, 7.0344869100478356}}) {
+  const std::pair<double, double> quantiles[] = {
+      {1e-300, -37.047096299361201},  {1e-20, -9.2623400897984052}, {1e-9, -5.9978070150076865},
+      {0.0745, -1.443072674370901},   {0.075, -1.4395314709384557}, {0.3, -0.52440051270804067},
+      {0.925, 1.4395314709384559},    {0.975, 1.9599639845400536},  {0.9999, 3.7190164854557084},
+      {1 - 1e-12, 7.0344869100478356}};
+  for (const auto& [probability, quantile] : quantiles) {
     EXPECT_NEAR(normalQuantile(probability) / quantile, 1, 1e-15) << probability;
   }
   // R computes by the same algorithm; the probability of a quantile is another way.

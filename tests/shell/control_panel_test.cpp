@@ -69,16 +69,9 @@ TEST_F(ControlPanel, UpdateButtonFlashesUntilTheFormerChoiceOrThePress) {
   EXPECT_FALSE(panel.tmrFlashUpdate.enabled());
 }
 
-TEST_F(ControlPanel, DataSourceButtonFollowsTheSource) {
+TEST_F(ControlPanel, ASourceThatDoesNotExistIsToldAndChangesNothing) {
   Script script(desktop);
-  const std::pair<Int16, const char*> captions[] = {{databasePage, "Select &Database"},
-                                                    {dataEditor, "&Edit Data"},
-                                                    {scenarioExample, "Select &Example"}};
-  for (const auto& [source, caption] : captions) {
-    state.iDataSource = source;
-    panel.SetupChangeDataSourceButton();
-    EXPECT_EQ(panel.cmdChangeDataSource.caption(), caption);
-  }
+  panel.SetupChangeDataSourceButton();
   state.iDataSource = 7;
   script.box("", "Error in SetupChangeDataSourceButton - bad source:7");
   panel.SetupChangeDataSourceButton();
