@@ -381,7 +381,6 @@ bool frmDataEditor::bfOKToContinue() {
 }
 
 void frmDataEditor::cmdOK_Click() {
-  if (lights_.areFlashing()) return;
   if (!entryIsTaken()) return;
   mbUserCancel_ = false;
   desktop().setBusyPointer(true);
@@ -393,22 +392,29 @@ void frmDataEditor::cmdOK_Click() {
     return leave();
   }
   if (!verdict.valid || !bfOKToContinue()) return;
-  lights_.flash(cmdOK, [this] { leave(); });
+  flashAndLeave(cmdOK);
 }
 
 // Whatever was saved on the way, the sheet goes back to the start of the visit. An entry that is
 // refused is unsaved data like any other: it is asked about, and a no gives it up.
 void frmDataEditor::cmdCancel_Click() {
-  if (lights_.areFlashing()) return;
   if (spdData.commitEdit() && !sheet_.changeMade()) {
     mbUserCancel_ = true;
     return leave();
   }
   if (!bfOKToContinue()) return;
-  lights_.flash(cmdCancel, [this] {
+  flashAndLeave(cmdCancel, [this] {
     spdData.cancelEdit();
     sheet_.restoreVisitStart();
     mbUserCancel_ = true;
+  });
+}
+
+// What was checked and asked about stands: nothing more goes into the sheet.
+void frmDataEditor::flashAndLeave(Button& button, std::function<void()> last) {
+  setTakesInput(false);
+  lights_.flash(button, [this, last = std::move(last)] {
+    raise(last);
     leave();
   });
 }
@@ -442,6 +448,7 @@ void frmDataEditor::leave() {
   writeAside(Writing::now);
   lights_.reset();
   mbEditorOpen_ = false;
+  setTakesInput(true);
   hide();
 }
 

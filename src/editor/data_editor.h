@@ -1,6 +1,7 @@
 // The data editor: the student's own data as a small spreadsheet.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "data/data_sources.h"
@@ -114,6 +115,7 @@ class frmDataEditor : public SheetWindow, public EditorData {
   bool holdsUnsavedWork() const;
   void cmdOK_Click();
   void cmdCancel_Click();
+  void flashAndLeave(Button& button, std::function<void()> last = {});
   void leave();
 
   EditorSetup setup_;

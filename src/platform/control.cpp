@@ -26,9 +26,12 @@ Window* Control::window() {
 }
 
 bool Control::canBeUsed() const {
-  for (const Control* control = this; control; control = control->parent_)
+  const Control* top = this;
+  for (const Control* control = this; control; control = control->parent_) {
     if (!control->enabled_ || !control->visible_) return false;
-  return true;
+    top = control;
+  }
+  return top->kind() != ControlKind::window || static_cast<const Window*>(top)->takesInput();
 }
 
 bool Control::hasFocus() {

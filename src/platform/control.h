@@ -66,7 +66,7 @@ class Control : public Observed {
   void setEnabled(bool enabled) { assign(enabled_, enabled, Change::enabled); }
   bool visible() const { return visible_; }
   void setVisible(bool visible) { assign(visible_, visible, Change::visible); }
-  // Visible, enabled and in containers that are so up to its window.
+  // Visible, enabled and in containers that are so up to its window, which takes input.
   bool canBeUsed() const;
 
   const std::string& tip() const { return tip_; }

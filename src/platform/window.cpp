@@ -77,6 +77,7 @@ void Window::centreOnScreen() {
 }
 
 bool Window::requestClose() {
+  if (!takesInput_) return false;
   bool cancel = false;
   raise(QueryUnload, cancel);
   if (cancel) return false;

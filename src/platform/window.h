@@ -54,9 +54,14 @@ class Window : public Container {
   bool isModal() const { return modal_; }
   void centreOnScreen();
 
-  // The close box, or code that asks politely. QueryUnload may refuse; otherwise Unload runs and
-  // the window is hidden. Returns whether it was closed.
+  // The close box, or code that asks politely. QueryUnload may refuse, as does a window that takes
+  // no input; otherwise Unload runs and the window is hidden. Returns whether it was closed.
   bool requestClose();
+
+  // Whether mouse, keys and close box mean anything to it. While they do not it looks as ever: for
+  // what is to be seen to its end.
+  bool takesInput() const { return takesInput_; }
+  void setTakesInput(bool on) { assign(takesInput_, on, Change::enabled); }
 
   // Drawing of the window stands still while the count is above zero; see UpdateLock.
   int updateLocks() const { return updateLocks_; }
@@ -105,6 +110,7 @@ class Window : public Container {
   WindowState state_ = WindowState::normal;
   bool modal_ = false;
   bool sizable_ = false;
+  bool takesInput_ = true;
 };
 
 // The main window: its children stand inside it.

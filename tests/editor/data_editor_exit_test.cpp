@@ -160,7 +160,7 @@ TEST_F(DataEditorExit, CancelAsksOnlyWhereSomethingIsUnsaved) {
     editor.spdData.typeText("2");
     script.box(saveFirst, Answer::no);
     user.close("frmDataEditor");
-    user.close("frmDataEditor");  // while the button flashes
+    EXPECT_FALSE(editor.requestClose()) << "while the button flashes";
   });
   EXPECT_EQ(shown(1, 1), "1.000");
 }
@@ -247,6 +247,25 @@ TEST_F(DataEditorExit, TheSnapshotOutlivesDialogsAndHoldsEverything) {
   EXPECT_EQ(editor.sheet().content(), before);
   EXPECT_EQ(shown(0, 1) + shown(1, 1) + shown(500, 50), "Var13.000");
   EXPECT_EQ(editor.txtTitle.text(), "User Supplied Data");
+}
+
+TEST_F(DataEditorExit, NothingReachesTheSheetWhileAButtonAcknowledgesTheWayOut) {
+  for (const std::string way : {"cmdOK", "cmdCancel"}) {
+    visit([&] {
+      fill({{"1"}, {"2"}, {way == "cmdOK" ? "4" : "5"}});
+      desktop.setClipboard({.text = "7\t8\n9\t10\n"});
+      go(1, 1);
+      script.box(saveFirst, Answer::no);
+      click(way);
+      EXPECT_TRUE(isLit(way == "cmdOK" ? editor.cmdOK : editor.cmdCancel));
+      EXPECT_TRUE(editor.visible() && editor.spdData.enabled()) << "it looks as ever";
+      EXPECT_FALSE(editor.spdData.canBeUsed());
+      EXPECT_THROW(user.key("frmDataEditor", {.code = 'V', .control = true}), std::runtime_error);
+      EXPECT_THROW(choose("Edit/Paste"), std::runtime_error);
+    });
+    EXPECT_EQ(shown(3, 1), "4.000") << way;
+    EXPECT_TRUE(editor.spdData.enabled() && editor.takesInput()) << "for the next visit";
+  }
 }
 
 TEST_F(DataEditorExit, LeavingTheTitleBoxMarksTheDataChanged) {

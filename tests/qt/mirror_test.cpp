@@ -111,6 +111,47 @@ TEST_F(MirrorTest, MarkedLettersLeadToControls) {
   EXPECT_EQ(clicks, 1);
 }
 
+TEST_F(MirrorTest, AWindowThatTakesNoInputLooksAsEver) {
+  std::string heard;
+  MenuItem bar(nullptr, "bar");
+  MenuItem mnuFile(&bar, "mnuFile", "&File");
+  MenuItem mnuNew(&mnuFile, "mnuNew", "&New");
+  mnuFile.Click = [&] { heard += 'f'; };
+  mnuNew.Click = [&] { heard += 'n'; };
+  mnuNew.setShortcut({.code = 'N', .control = true});
+  window.setMenuBar(&bar);
+  TextBox txtName(&window, "txtName");
+  Button cmdOK(&window, "cmdOK", "&OK");
+  txtName.setPlace({0, 0, pixels(200), pixels(25)});
+  cmdOK.setPlace({0, pixels(40), pixels(100), pixels(25)});
+  cmdOK.setDefault(true);
+  cmdOK.Click = [&] { heard += 'o'; };
+  show();
+  txtName.setFocus();
+  QWindow* native = widgetOf(window).windowHandle();
+  const auto tryAll = [&] {
+    QTest::keyClick(native, '7');
+    QTest::keyClick(native, Qt::Key_N, Qt::ControlModifier);
+    QTest::keyClick(native, Qt::Key_O, Qt::AltModifier);
+    QTest::keyClick(native, Qt::Key_Return);
+    const QWidget& button = widgetOf(cmdOK);
+    QTest::mouseClick(native, Qt::LeftButton, {},
+                      button.mapTo(button.window(), button.rect().center()));
+    QTest::mouseClick(native, Qt::LeftButton, {}, {10, 10});  // the menu bar
+    QTest::qWait(150);  // the toolkit shows a button pressed before a letter clicks it
+    desktop.settle();
+  };
+  window.setTakesInput(false);
+  tryAll();
+  widgetOf(window).close();
+  EXPECT_EQ(heard + txtName.text(), "");
+  EXPECT_EQ(window.focus(), &txtName);
+  EXPECT_TRUE(window.visible() && widgetOf(cmdOK).isEnabled());
+  window.setTakesInput(true);
+  tryAll();
+  EXPECT_EQ(heard + txtName.text(), "noofo7");
+}
+
 TEST_F(MirrorTest, TextFromDataKeepsItsAmpersand) {
   Label plain(&window, "lbl", "Research & development");
   TextBox text(&window, "txt");

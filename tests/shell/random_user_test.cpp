@@ -116,16 +116,7 @@ class RandomUser {
     ++actions_;
     run_->mayEnd = false;
     hand().act(window);
-    waitForFlash(window);
     check(window);
-  }
-
-  // Nobody works on while a button of the editor acknowledges the way out.
-  void waitForFlash(const Window& window) {
-    if (window.name() != "frmDataEditor") return;
-    const frmDataEditor& editor = parts().ownData.editor();
-    for (const Button* button : {&editor.cmdSave, &editor.cmdOK, &editor.cmdCancel})
-      if (button->backColour() != colours::buttonFace) return run_->desktop.advance(3000);
   }
 
   void check(Window& window) {
@@ -166,6 +157,7 @@ class RandomUser {
   }
 
   void leave(Window& window) {
+    if (!window.takesInput()) return actAt(window);
     if (actionsLeft_-- == 0) throw Enough{};
     ++actions_;
     finishWork(window);
@@ -174,14 +166,10 @@ class RandomUser {
     for (Control* control : RandomHand::usable(window))
       for (const char* name : {"cmdOK", "cmdOK", "cmdOK", "cmdCancel", "cmdClose", "cmdAbort"})
         if (control->name() == name) ways.push_back(control);
-    if (ways.empty() || hand().oneIn(8)) {
-      hand().act(window);
-      return waitForFlash(window);
-    }
+    if (ways.empty() || hand().oneIn(8)) return hand().act(window);
     Control& way = *hand().anyOf(ways);
     tell("leaves " + window.name() + " by " + way.name());
     hand().press(way);
-    waitForFlash(window);
     check(window);
   }
 

@@ -18,7 +18,7 @@ class RandomHand : public HeadlessUser {
 
   // One action at this window, which takes the input: at one of its controls that can be used, by
   // a key, its menu, its frame, or by doing nothing for a while. Of a frame's children the
-  // maximised one covers the others.
+  // maximised one covers the others. A window that takes no input is waited for.
   void act(Window& window);
   void press(Control& control) { doClick(control); }
   void key(Window& window, const KeyPress& key) { doKey(window, key); }

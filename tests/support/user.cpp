@@ -63,6 +63,7 @@ Window& User::usable(std::string_view name) {
   Window& found = window(name);
   if (Window* modal = modalWindow(); modal && modal != &found)
     fail("the window " + std::string(name) + " stands behind the modal " + modal->name());
+  if (!found.takesInput()) fail("the window " + std::string(name) + " takes no input now");
   return found;
 }
 

@@ -124,6 +124,7 @@ class DialogPeer : public WindowPeer {
     }
     dialog_->setWindowModality(window().isModal() ? Qt::ApplicationModal : Qt::NonModal);
     dialog_->winId();
+    guardInput();
     QWidget* below = mirror_.windows.top();
     if (below && below != dialog_)
       dialog_->windowHandle()->setTransientParent(below->windowHandle());

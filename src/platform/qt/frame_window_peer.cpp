@@ -88,6 +88,8 @@ class FrameWindowPeer : public WindowPeer {
     }
     mirror_.windows.shown(frame_, *main_);
     if (main_->isVisible()) return;
+    main_->winId();
+    guardInput();
     // For the time until a window manager has really maximised it.
     main_->setGeometry(QGuiApplication::primaryScreen()->availableGeometry());
     main_->showMaximized();

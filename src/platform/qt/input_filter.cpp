@@ -71,6 +71,28 @@ Control* nearestMouseUp(Control& control) {
 
 }  // namespace
 
+// An override that is accepted keeps the key from menus and letters.
+bool keepsOut(const Window& window, QEvent& event) {
+  if (window.takesInput()) return false;
+  switch (event.type()) {
+    case QEvent::ShortcutOverride:
+      event.accept();
+      return true;
+    case QEvent::MouseButtonPress:
+    case QEvent::MouseButtonRelease:
+    case QEvent::MouseButtonDblClick:
+    case QEvent::MouseMove:
+    case QEvent::Wheel:
+    case QEvent::KeyPress:
+    case QEvent::KeyRelease:
+    case QEvent::InputMethod:
+    case QEvent::DragEnter:
+      return true;
+    default:
+      return false;
+  }
+}
+
 KeyPress toKeyPress(const QKeyEvent& event) {
   const auto modifiers = event.modifiers();
   return {keyCode(event.key()), modifiers.testFlag(Qt::ShiftModifier),
@@ -109,6 +131,8 @@ bool InputFilter::eventFilter(QObject* object, QEvent* event) {
   const Watched watched = watched_.value(object);
   if (!watched.control) return false;
   Control& control = *watched.control;
+  const Window* window = control.window();
+  if (window && keepsOut(*window, *event)) return true;
   switch (event->type()) {
     case QEvent::MouseButtonPress:
       if (!watched.isFrame) mousePressed(control, static_cast<QMouseEvent*>(event)->button());

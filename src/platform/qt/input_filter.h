@@ -16,6 +16,9 @@ class Gate;
 // The key as event procedures name it; 0 for one that they do not know.
 KeyPress toKeyPress(const QKeyEvent& event);
 
+// Whether it is input to a window that takes none.
+bool keepsOut(const Window& window, QEvent& event);
+
 // Raises MouseDown, MouseUp, MouseMove, KeyDown and the focus events, and Click of those kinds
 // whose widgets have no click of their own (label, panel, image, the ground of a window).
 //

@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QWindow>
 
 #include "platform/button.h"
 #include "platform/label.h"
@@ -39,7 +40,8 @@ std::function<void()> onReturn(Window& window) {
 WindowPeer::WindowPeer(Mirror& mirror, Window& window, QWidget* ground)
     : ContainerPeer(mirror, window, ground),
       window_(window),
-      hook_([this](QEvent& event) { return seen(event); }) {}
+      hook_([this](QEvent& event) { return seen(event); }),
+      inputHook_([this](QEvent& event) { return keepsOut(window_, event); }) {}
 
 WindowPeer::~WindowPeer() { mirror_.windows.hidden(window_); }
 
@@ -52,6 +54,9 @@ void WindowPeer::watch() {
   ContainerPeer::watch();
   widget()->installEventFilter(&hook_);
 }
+
+// A press that came as far as a widget would have moved the focus.
+void WindowPeer::guardInput() { widget()->windowHandle()->installEventFilter(&inputHook_); }
 
 void WindowPeer::update(Change what) {
   if (has(what, Change::text)) widget()->setWindowTitle(toQt(window_.caption()));

@@ -24,6 +24,8 @@ class WindowPeer : public ContainerPeer {
   QWidget* makeGround(QWidget* parent);
   QWidget* childrenGround() override { return ground_; }
   void watch() override;
+  // For a window of the screen, once it is made there.
+  void guardInput();
   void update(Change what) override;
   // Events of the window's widget; true where dealt with.
   virtual bool seen(QEvent& event);
@@ -35,6 +37,7 @@ class WindowPeer : public ContainerPeer {
 
   Window& window_;
   EventHook hook_;
+  EventHook inputHook_;
   QPointer<QWidget> ground_;
 };
 
