@@ -98,15 +98,19 @@ bool takesOverRights(int descriptor, const struct stat& from) {
   return ::fchmod(descriptor, from.st_mode & 07777) == 0;
 }
 
-// Whether another file can take the target's place unnoticed. mkstemp gives an owner-only file; a
-// new target gets the usual mode, where the file system has modes.
+// A file beside the target, named by that pattern; -1 where it cannot be made. What will take over
+// other rights is the owner's alone at first; to a new target the system gives its usual mode.
+int openBeside(std::string& pattern, const Target& target) {
+  const int descriptor = ::mkostemp(pattern.data(), O_CLOEXEC);
+  if (descriptor < 0 || target.isThere) return descriptor;
+  ::close(descriptor);
+  ::unlink(pattern.c_str());
+  return ::open(pattern.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
+}
+
+// Whether another file can take the target's place unnoticed.
 bool canStandIn(int descriptor, const Target& target) {
-  if (!target.isThere) {
-    const mode_t mask = ::umask(0);
-    ::umask(mask);
-    static_cast<void>(::fchmod(descriptor, 0666 & ~mask));
-    return true;
-  }
+  if (!target.isThere) return true;
   return target.before.st_nlink == 1 &&
          ::getxattr(target.path.c_str(), "system.posix_acl_access", nullptr, 0) < 0 &&
          takesOverRights(descriptor, target.before);
@@ -227,7 +231,7 @@ std::optional<Error> writeFileAtomically(const std::string& hostFileName, std::s
   if (!target) return target.error();
   removeLeftovers(target->folder);
   std::string beside = target->folder + "/.tolmer-XXXXXX";
-  const int descriptor = ::mkostemp(beside.data(), O_CLOEXEC);
+  const int descriptor = openBeside(beside, *target);
   if (descriptor < 0) return target->error(errno);
   if (!canStandIn(descriptor, *target)) {
     ::close(descriptor);

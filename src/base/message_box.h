@@ -1,6 +1,7 @@
 // What a message box asks, and the one door through which code without windows can ask it.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -19,6 +20,31 @@ struct MessageBox {
   // Work is lost by a no: Escape and the frame answer nothing then.
   bool noLosesWork = false;
 };
+
+// A button of a message box. "&" marks the letter that presses it.
+struct AnswerButton {
+  Answer answer;
+  const char* caption;
+};
+// In their order; the first takes Return.
+inline std::vector<AnswerButton> answerButtons(MessageButtons buttons) {
+  switch (buttons) {
+    case MessageButtons::okCancel:
+      return {{Answer::ok, "OK"}, {Answer::cancel, "Cancel"}};
+    case MessageButtons::yesNo:
+      return {{Answer::yes, "&Yes"}, {Answer::no, "&No"}};
+    case MessageButtons::saveDontSaveCancel:
+      return {{Answer::yes, "&Save"}, {Answer::no, "&Don't Save"}, {Answer::cancel, "&Cancel"}};
+    case MessageButtons::ok:
+      break;
+  }
+  return {{Answer::ok, "OK"}};
+}
+// What Escape and the close box answer: the last button; nothing where the box stays.
+inline std::optional<Answer> answerToEscape(const MessageBox& box) {
+  if (box.noLosesWork) return std::nullopt;
+  return answerButtons(box.buttons).back().answer;
+}
 
 // Shows one message box and waits for its answer. Closing the box counts as cancel or no, or as ok
 // where ok is the only button.

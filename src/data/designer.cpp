@@ -44,10 +44,7 @@ void frmModelDesign::wireEvents() {
   cmdOK.Click = [this] { cmdOK_Click(); };
   cmdCancel.Click = [this] { cmdCancel_Click(); };
   cmdHelp.Click = [this] { cmdHelp_Click(); };
-  KeyDown = [this](const KeyPress& press, bool& taken) {
-    taken = press.code == keys::f1;
-    if (taken) cmdHelp_Click();
-  };
+  takeKey({keys::f1}, [this] { cmdHelp_Click(); });
   cmdShowData.Click = [this] { cmdShowData_Click(); };
   spdVarList.DblClick = [this](CellPosition) { spdVarList_DblClick(); };
   spdIndepVars.DblClick = [this](CellPosition) { cmdIndVarDeselect_Click(); };

@@ -47,19 +47,11 @@ frmShowData::frmShowData(Desktop& desktop, const WorkingCopy& copy)
   spdShowData.setAccessibleName("List of all data");
   spdShowData.setSelectionMode(SelectionMode::none);
   Resize = [this] { spdShowData.setPlace({0, 0, innerWidth(), innerHeight()}); };
-  KeyDown = [this](const KeyPress& key, bool& taken) { taken = Form_KeyDown(key); };
-}
-
-bool frmShowData::Form_KeyDown(const KeyPress& key) {
-  if (key.code == keys::escape)
-    requestClose();
-  else if (key.code == keys::f1)
-    desktop().showHelp({"tolmod", HelpRequest::Kind::topic, helpOnAllData});
-  else if (key.control && key.code == 'C')
-    CopyGraph();
-  else
-    return false;
-  return true;
+  takeKey({keys::escape}, [this] { requestClose(); });
+  takeKey({keys::f1}, [this] {
+    this->desktop().showHelp({"tolmod", HelpRequest::Kind::topic, helpOnAllData});
+  });
+  takeKey({.code = 'C', .control = Held::yes}, [this] { CopyGraph(); });
 }
 
 void frmShowData::PositionControls() {

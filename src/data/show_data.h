@@ -24,7 +24,6 @@ class frmShowData : public Window {
   Grid spdShowData{this, "spdShowData"};
 
  private:
-  bool Form_KeyDown(const KeyPress& key);
   Sheet content() const;
   void fitColumnsAndRows();
   void fitWindow();

@@ -15,15 +15,6 @@ float letters(Twips width) {
   return std::clamp(std::floor(width / twipsPerPixel / aLine), smallest, largest);
 }
 
-bool opensMenu(const KeyPress& key) {
-  return key.code == keys::menu || (key.code == keys::f10 && key.shift);
-}
-
-bool scrolls(const KeyPress& key) {
-  return key.code == keys::up || key.code == keys::down || key.code == keys::pageUp ||
-         key.code == keys::pageDown || key.code == keys::home || key.code == keys::end;
-}
-
 }  // namespace
 
 frmInterpretation::frmInterpretation(Desktop& desktop, AnalysisState& state, DisplayHost& host,
@@ -41,7 +32,7 @@ frmInterpretation::frmInterpretation(Desktop& desktop, AnalysisState& state, Dis
       if (button == MouseButton::left) UpdateControls();
       Form_MouseUp(button);
     };
-  KeyDown = [this](const KeyPress& key, bool& bTaken) { Form_KeyDown(key, bTaken); };
+  declareKeys();
   Activate = [this] { cmdFocus.setFocus(); };
   Resize = [this] { Form_Resize(); };
 }
@@ -67,12 +58,14 @@ void frmInterpretation::drawDisplay() {
   txtInterpretation.setText(wholeText(sections_));
 }
 
-void frmInterpretation::Form_KeyDown(const KeyPress& key, bool& bTaken) {
-  bTaken = opensMenu(key) || (cmdFocus.hasFocus() && scrolls(key));
-  if (opensMenu(key))
-    Form_MouseUp(MouseButton::right);
-  else if (bTaken)
-    txtInterpretation.scroll(key.code);
+void frmInterpretation::declareKeys() {
+  for (const KeyChord& key :
+       {KeyChord{keys::menu}, KeyChord{.code = keys::f10, .shift = Held::yes}})
+    takeKey(key, [this] { Form_MouseUp(MouseButton::right); });
+  const auto isAtFirst = [this] { return cmdFocus.hasFocus(); };
+  for (const int code : {keys::up, keys::down, keys::pageUp, keys::pageDown, keys::home, keys::end})
+    takeKey(
+        {code}, [this, code] { txtInterpretation.scroll(code); }, isAtFirst);
 }
 
 void frmInterpretation::CopyGraph() { desktop().setClipboard({.text = wholeText(sections_)}); }

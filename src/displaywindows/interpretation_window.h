@@ -28,7 +28,7 @@ class frmInterpretation : public DisplayWindow {
 
  private:
   void Form_Resize();
-  void Form_KeyDown(const KeyPress& key, bool& bTaken);
+  void declareKeys();
 
   Sections sections_;
 };

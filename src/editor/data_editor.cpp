@@ -144,7 +144,7 @@ void frmDataEditor::wireControls() {
     bCancel = true;
     cmdCancel_Click();
   };
-  KeyDown = [this](const KeyPress& key, bool& taken) { taken = Form_KeyDown(key); };
+  declareKeys();
   txtTitle.Changed = [this] {
     if (txtTitle.text() != sheet_.title()) sheet_.setTitle(txtTitle.text());
   };
@@ -187,18 +187,14 @@ void frmDataEditor::tellOptionalVariable() {
                         .icon = MessageIcon::information});
 }
 
-bool frmDataEditor::Form_KeyDown(const KeyPress& key) {
-  if (key.code == keys::f1)
-    desktop().showHelp({.file = "dataedit", .kind = HelpRequest::Kind::contents});
-  else if (key.control && !key.shift && key.code == 'S')
-    cmdSave_Click();
-  else if (key.code == keys::escape && txtHelp.visible())
-    closeInstructions();
-  else if (key.code == keys::escape && spdData.editMode() && !spdData.hasFocus())
-    giveUpEntry();
-  else
-    return false;
-  return true;
+void frmDataEditor::declareKeys() {
+  takeKey({keys::f1}, [this] { menu.mnuHelpContents.click(); });
+  takeKey({.code = 'S', .shift = Held::no, .control = Held::yes}, [this] { cmdSave_Click(); });
+  takeKey(
+      {keys::escape}, [this] { closeInstructions(); }, [this] { return txtHelp.visible(); });
+  takeKey(
+      {keys::escape}, [this] { giveUpEntry(); },
+      [this] { return spdData.editMode() && !spdData.hasFocus(); });
 }
 
 // From wherever the focus has gone while the entry stayed open.

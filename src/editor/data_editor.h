@@ -88,7 +88,7 @@ class frmDataEditor : public SheetWindow, public EditorData {
   void wireCellMenu();
   void wireControls();
   void Form_Activate();
-  bool Form_KeyDown(const KeyPress& key);
+  void declareKeys();
   void giveUpEntry();
   void tellOptionalVariable();
   void offerLostWork();

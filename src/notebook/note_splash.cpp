@@ -27,7 +27,8 @@ frmNoteSplash::frmNoteSplash(Desktop& desktop, NoteBook& noteBook)
     panel->Click = [this] { ClearCover(); };
   }
   tbCover.TabPageActivate = [this](int, int) { ClearCover(); };
-  KeyDown = [this](const KeyPress& press, bool& consumed) { Form_KeyPress(press, consumed); };
+  takeKey(
+      {keys::enter}, [this] { ClearCover(); }, [this] { return pnlContinueMessage.visible(); });
 }
 
 void frmNoteSplash::placeControls() {
@@ -54,12 +55,6 @@ void frmNoteSplash::ShowAnotherLoadingDot() {
 
 void frmNoteSplash::ClearCover() {
   if (!nbNoteBook_.bAppIsLoading) bUserClickeCover = true;
-}
-
-void frmNoteSplash::Form_KeyPress(const KeyPress& press, bool& consumed) {
-  if (press.code != keys::enter || !pnlContinueMessage.visible()) return;
-  consumed = true;
-  ClearCover();
 }
 
 }  // namespace tolmer

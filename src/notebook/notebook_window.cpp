@@ -122,7 +122,7 @@ void frmNotebook::connectEvents() {
   cmdHelp.Click = [this] { cmdHelp_Click(); };
   tmrFlashOK.Tick = [this] { tmrFlashOK_Timer(); };
   Activate = [this] { Form_Activate(); };
-  KeyDown = [this](const KeyPress& press, bool& consumed) { Form_KeyDown(press, consumed); };
+  declareKeys();
   // the close box leaves the book as the button does
   QueryUnload = [this](bool& cancel) {
     cancel = true;
@@ -205,16 +205,15 @@ void frmNotebook::Form_Activate() {
 }
 
 // The pages of a section turn by keys too, wherever the focus is.
-void frmNotebook::Form_KeyDown(const KeyPress& press, bool& consumed) {
-  const bool turns = press.control && !press.alt && !press.shift;
-  if (press.code == keys::f1) {
-    consumed = true;
-    cmdHelp_Click();
-  } else if (turns && (press.code == keys::pageUp || press.code == keys::pageDown)) {
-    consumed = true;
-    const bool forward = press.code == keys::pageDown;
-    if ((forward ? lblNextPage : lblPreviousPage).visible()) turnPage(forward ? 1 : -1);
-  }
+void frmNotebook::declareKeys() {
+  takeKey({keys::f1}, [this] { cmdHelp_Click(); });
+  const auto turns = [this](int code, Label& turner, int step) {
+    takeKey({code, Held::no, Held::yes, Held::no}, [this, &turner, step] {
+      if (turner.visible()) turnPage(step);
+    });
+  };
+  turns(keys::pageDown, lblNextPage, 1);
+  turns(keys::pageUp, lblPreviousPage, -1);
 }
 
 void frmNotebook::cmdOK_Click() {

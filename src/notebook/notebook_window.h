@@ -94,7 +94,7 @@ class frmNotebook : public Window {
   void imgPicture_Click();
   void tmrFlashOK_Timer();
   void Form_Activate();
-  void Form_KeyDown(const KeyPress& press, bool& consumed);
+  void declareKeys();
 
   // What an outline on the screen stands for, and which of its groups are open at first.
   struct BuiltOutline {

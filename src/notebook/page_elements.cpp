@@ -218,9 +218,7 @@ int PageElements::loadOutline() {
   const int index = outOutline.last();
   outline.setPlace({outlineLeft, 0, outlineSize.width, outlineSize.height});
   outline.setAccessibleName("Databases");
-  outline.KeyDown = [this, index](const KeyPress& press, bool& consumed) {
-    outOutline_KeyDown(index, press, consumed);
-  };
+  declareKeys(outline);
   outline.Moved = [this, index] {
     if (outlineMoved) outlineMoved(index);
   };
@@ -235,14 +233,18 @@ int PageElements::loadOutline() {
 }
 
 // The space bar does as a click, and so does Return on a group, where OK has nothing to open.
-void PageElements::outOutline_KeyDown(int index, const KeyPress& press, bool& consumed) {
-  Outline& outline = outOutline(index);
-  const int item = outline.listIndex();
-  if (item < 0 || press.control || press.alt) return;
-  const bool isGroup = !outline.items().at(static_cast<std::size_t>(item)).isLeaf;
-  if (press.code != ' ' && !(press.code == keys::enter && isGroup)) return;
-  consumed = true;
-  outline.click(item);
+void PageElements::declareKeys(Outline& outline) {
+  const auto clicks = [&outline](int code, bool onlyGroups) {
+    outline.takeKey(
+        {code, Held::any, Held::no, Held::no}, [&outline] { outline.click(outline.listIndex()); },
+        [&outline, onlyGroups] {
+          const int item = outline.listIndex();
+          if (item < 0) return false;
+          return !onlyGroups || !outline.items().at(static_cast<std::size_t>(item)).isLeaf;
+        });
+  };
+  clicks(keys::space, false);
+  clicks(keys::enter, true);
 }
 
 void PageElements::describeOutline(int index, const std::string& text) {

@@ -71,7 +71,7 @@ class PageElements {
 
  private:
   void loadLabel(ControlArray<Label>& labels, const Font& font, Colour colour);
-  void outOutline_KeyDown(int index, const KeyPress& press, bool& consumed);
+  static void declareKeys(Outline& outline);
   void placeText(Label& label, Twips left, const std::string& text);
 
   // How many controls of each kind the present page uses.

@@ -34,6 +34,25 @@ bool Control::canBeUsed() const {
   return top->kind() != ControlKind::window || static_cast<const Window*>(top)->takesInput();
 }
 
+bool Control::hasOwnGround() const {
+  switch (kind()) {
+    case ControlKind::window:
+    case ControlKind::panel:
+      return true;
+    case ControlKind::textBox:
+    case ControlKind::comboBox:
+    case ControlKind::numberBox:
+    case ControlKind::outline:
+      return backColour_ != colours::buttonFace && backColour_ != colours::window;
+    default:
+      return backColour_ != colours::buttonFace;
+  }
+}
+
+bool Control::hasOwnInk() const {
+  return foreColour_ != colours::buttonText && foreColour_ != colours::windowText;
+}
+
 bool Control::hasFocus() {
   Window* owner = window();
   return owner && owner->focus() == this;

@@ -1,8 +1,10 @@
 // What all controls have in common, and the containers they stand in.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/geometry.h"
@@ -32,6 +34,13 @@ enum class ControlKind {
   numberBox,
   grid,
   graph
+};
+
+// A key that a control or window takes before anything else is done with it.
+struct TakenKey {
+  KeyChord key;
+  std::function<void()> work;
+  std::function<bool()> when;  // empty: always
 };
 
 // A control belongs to the container given at its construction and stands in it in the order of
@@ -89,11 +98,23 @@ class Control : public Observed {
   void setForeColour(Colour colour) { assign(foreColour_, colour, Change::look); }
   Colour backColour() const { return backColour_; }
   void setBackColour(Colour colour) { assign(backColour_, colour, Change::look); }
+  // Is it painted on a ground of its own, in an ink of its own? Otherwise it shows what it stands
+  // on, or as an edit the usual white, and writes as the system does.
+  bool hasOwnGround() const;
+  bool hasOwnInk() const;
 
   // Can it have the keyboard focus at all?
   virtual bool takesFocus() const { return false; }
   bool hasFocus();
   void setFocus();
+
+  // A key that comes to it, or to a window to anything in it, and does nothing else then. Declared
+  // beforehand, since a front end may have to know before it acts; while `when` holds.
+  void takeKey(const KeyChord& key, std::function<void()> work, std::function<bool()> when = {}) {
+    takenKeys_.push_back({key, std::move(work), std::move(when)});
+  }
+  // In the order of declaration, in which the first that fits counts.
+  const std::vector<TakenKey>& takenKeys() const { return takenKeys_; }
 
   // Raised by the front end; the place is in twips relative to the control.
   Event<MouseButton> MouseDown;
@@ -102,8 +123,6 @@ class Control : public Observed {
   Event<> MouseMove;
   Event<> GotFocus;
   Event<> LostFocus;
-  // Sets its argument True to swallow the key.
-  Event<const KeyPress&, bool&> KeyDown;
 
  protected:
   virtual void placeChanged() {}
@@ -121,6 +140,7 @@ class Control : public Observed {
   std::string tag_;
   std::string accessibleName_;
   std::string accessibleDescription_;
+  std::vector<TakenKey> takenKeys_;
   Rect place_;
   Font font_;
   Colour foreColour_ = colours::buttonText;

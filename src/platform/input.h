@@ -37,4 +37,23 @@ struct KeyPress {
   friend bool operator==(const KeyPress&, const KeyPress&) = default;
 };
 
+// Must a modifier be held with a key?
+enum class Held { any, no, yes };
+
+// A key as it is declared beforehand.
+struct KeyChord {
+  int code = 0;
+  Held shift = Held::any;
+  Held control = Held::any;
+  Held alt = Held::any;
+
+  constexpr bool fits(const KeyPress& key) const {
+    const auto agree = [](Held wanted, bool held) {
+      return wanted == Held::any || (wanted == Held::yes) == held;
+    };
+    return code == key.code && agree(shift, key.shift) && agree(control, key.control) &&
+           agree(alt, key.alt);
+  }
+};
+
 }  // namespace tolmer

@@ -7,6 +7,7 @@
 
 #include "platform/button.h"
 #include "platform/desktop.h"
+#include "platform/label.h"
 
 namespace tolmer {
 namespace {
@@ -104,6 +105,21 @@ Button* Window::defaultButton() {
 
 Button* Window::cancelButton() {
   return findButton(*this, [](const Button& button) { return button.isCancel(); });
+}
+
+bool Window::pressKey(const KeyPress& key) {
+  if (key.code != keys::enter && key.code != keys::escape) return false;
+  const bool isOnLink = focus_ && focus_->kind() == ControlKind::label && focus_->canBeUsed();
+  if (key.code == keys::enter && isOnLink) {
+    static_cast<Label*>(focus_)->click();
+    return true;
+  }
+  const bool isOnButton = focus_ && focus_->kind() == ControlKind::button;
+  Button* button = key.code == keys::escape ? cancelButton()
+                   : isOnButton             ? static_cast<Button*>(focus_)
+                                            : defaultButton();
+  if (button && button->canBeUsed()) button->click();
+  return true;
 }
 
 void Window::forget(const Control& control) {

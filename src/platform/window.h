@@ -70,6 +70,10 @@ class Window : public Container {
   void setFocusTo(Control* control);
   Button* defaultButton();
   Button* cancelButton();
+  // Return and Escape that the control with the focus has left over. Return presses the link or
+  // button with the focus, else the default button, Escape the cancel button; one that cannot be
+  // used is not pressed. True for these two keys.
+  bool pressKey(const KeyPress& key);
 
   MenuItem* menuBar() const { return menuBar_; }
   void setMenuBar(MenuItem* bar) { assign(menuBar_, bar, Change::items); }

@@ -56,10 +56,7 @@ void MenuCommands::wireHelp() {
 }
 
 void MenuCommands::wireHelpKey(Window& window, std::function<long()> topic) {
-  window.KeyDown = [this, topic = std::move(topic)](const KeyPress& press, bool& taken) {
-    taken = press.code == keys::f1;
-    if (taken) flow_.ShowHelpTopic(topic());
-  };
+  window.takeKey({keys::f1}, [this, topic = std::move(topic)] { flow_.ShowHelpTopic(topic()); });
 }
 
 void MenuCommands::mnuFileWorktext_Click() {

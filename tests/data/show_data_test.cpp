@@ -5,6 +5,7 @@
 
 #include "course_folder.h"
 #include "platform/headless/headless_desktop.h"
+#include "platform/user_input.h"
 #include "support/headless_user.h"
 #include "support/script.h"
 
@@ -59,8 +60,9 @@ TEST_F(ShowData, ASmallTableGetsASmallWindowAndALargeOneScrolls) {
   EXPECT_EQ(large->innerWidth(), desktop.screenSize().width * 0.8F);
   EXPECT_EQ(large->innerHeight(), desktop.screenSize().height * 0.8F);
   EXPECT_EQ(large->spdShowData.scrollBars(), ScrollBars::both);
-  bool taken = false;
-  raise(large->KeyDown, KeyPress{.code = 'C', .control = true}, taken);
+  const TakenKey* copies = takenKey(*large, {.code = 'C', .control = true});
+  ASSERT_TRUE(copies);
+  raise(copies->work);
   EXPECT_THAT(desktop.clipboard().text, StartsWith("Case\tTown\tVariable 1\t"));
   EXPECT_THAT(desktop.clipboard().text, HasSubstr("\n500\tTown 500 \t126.00\t"));
 }

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/headless/headless_desktop.h"
+#include "platform/user_input.h"
 #include "support/recording_host.h"
 #include "tables/table_support.h"
 
@@ -18,9 +19,9 @@ class InterpretationDisplayTest : public testing::Test {
   InterpretationDisplayTest() { frame.adopt(display); }
 
   bool press(const KeyPress& key) {
-    bool taken = false;
-    raise(display.KeyDown, key, taken);
-    return taken;
+    const TakenKey* taken = takenKey(display, key);
+    if (taken) raise(taken->work);
+    return taken != nullptr;
   }
 
   HeadlessDesktop desktop;

@@ -3,6 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "platform/button.h"
 #include "platform/check_box.h"
 #include "platform/combo_box.h"
@@ -15,7 +17,9 @@
 #include "platform/panel.h"
 #include "platform/scroll_bar.h"
 #include "platform/tab_book.h"
+#include "platform/tab_order.h"
 #include "platform/text_box.h"
+#include "platform/user_input.h"
 #include "platform/window.h"
 
 namespace tolmer {
@@ -264,6 +268,83 @@ TEST_F(WindowTest, MaximisedChildTakesTheFrameAndGoesBackToItsPlace) {
   EXPECT_EQ(resizes, 3);
   sibling.show();
   EXPECT_EQ(frame.activeChild(), &sibling);
+}
+
+struct InputTest : WindowTest {
+  Window window{desktop, "frm", WindowStyle::dialog};
+  Panel panel{&window, "pnl"};
+  void SetUp() override { window.show(); }
+};
+
+TEST_F(InputTest, TheMouseGoesToWhatWasPressed) {
+  std::string heard;
+  auto image = std::make_unique<Image>(&panel, "img");
+  Label link(&panel, "lnk");
+  link.setIsLink(true);
+  link.Click = [&] { heard += 'l'; };
+  image->Click = [&] { heard += 'i'; };
+  panel.Click = [&] { heard += 'p'; };
+  panel.MouseUp = [&](MouseButton button) { heard += button == MouseButton::right ? 'R' : 'L'; };
+  MouseRoute mouse;
+  const auto leftOn = [&](Control& pressed, Control& released, bool inside) {
+    mouse.press(pressed, MouseButton::left);
+    mouse.release(released, MouseButton::left, inside);
+    heard += ' ';
+  };
+  leftOn(panel, panel, true);
+  leftOn(panel, panel, false);
+  leftOn(*image, panel, true);
+  leftOn(*image, *image, true);
+  leftOn(link, link, true);  // a link has a press of its own
+  mouse.release(*image, MouseButton::right, true);
+  window.setTakesInput(false);
+  leftOn(panel, panel, true);
+  mouse.release(*image, MouseButton::right, true);
+  window.setTakesInput(true);
+  EXPECT_EQ(heard, "Lp L L i  R ");
+  image->MouseUp = [&](MouseButton) {
+    mouse.forget(*image);
+    image.reset();
+  };
+  leftOn(*image, *image, true);
+}
+
+TEST_F(InputTest, TabGoesFromTopToBottomWhereAPanelWantsIt) {
+  Label caption(&panel, "lbl", "&Name");
+  TextBox lower(&panel, "txtLower"), upper(&panel, "txtUpper");
+  Button last(&window, "cmd");
+  lower.setTop(400);
+  EXPECT_THAT(tabStops(window), testing::ElementsAre(&lower, &upper, &last));
+  panel.orderStopsByPlace();
+  EXPECT_THAT(tabStops(window), testing::ElementsAre(&upper, &lower, &last));
+  EXPECT_TRUE(isLabelOf(caption, lower));
+  EXPECT_FALSE(isLabelOf(caption, last)) << "it has a text of its own";
+  caption.setIsLink(true);
+  EXPECT_FALSE(isLabelOf(caption, lower));
+}
+
+TEST_F(InputTest, SystemGroundsAreNotAControlsOwn) {
+  TextBox text(&window, "txt");
+  Label label(&window, "lbl");
+  for (const auto& [control, colour, own] :
+       {std::tuple<Control*, Colour, bool>{&text, colours::window, false},
+        {&text, colours::white, true},
+        {&text, colours::buttonFace, false},
+        {&label, colours::window, true},
+        {&label, colours::buttonFace, false},
+        {&panel, colours::buttonFace, true}}) {
+    control->setBackColour(colour);
+    EXPECT_EQ(control->hasOwnGround(), own) << control->name();
+  }
+}
+
+TEST(MessageBoxTest, EscapeAnswersByTheLastButtonUnlessWorkIsLost) {
+  MessageBox box{.buttons = MessageButtons::yesNo};
+  EXPECT_EQ(answerToEscape(box), Answer::no);
+  box.buttons = MessageButtons::saveDontSaveCancel;
+  EXPECT_EQ(answerToEscape(box), Answer::cancel);
+  box.noLosesWork = true;
+  EXPECT_EQ(answerToEscape(box), std::nullopt);
 }
 
 TEST_F(WindowTest, FocusLeavesADestroyedControl) {

@@ -76,6 +76,16 @@ TEST(GridFitTest, ABarTakesItsRoomBeforeTheRestIsSpread) {
   EXPECT_EQ(grid.rowHeight(10), grid.rowHeight(1));
 }
 
+TEST(GridFitTest, AFigureIsNeverCutShort) {
+  Cell cell{.style = {.align = Align::right}, .text = "-12.5E3"};
+  EXPECT_EQ(shownForFigure(cell, 29, 10), "##");
+  EXPECT_EQ(shownForFigure(cell, 4, 10), "#");
+  cell.text = "12 cases";
+  EXPECT_EQ(shownForFigure(cell, 29, 10), "");
+  cell = {.style = {.align = Align::right, .heading = true}, .text = "1999"};
+  EXPECT_EQ(shownForFigure(cell, 29, 10), "");
+}
+
 TEST(GridFitTest, TextsAreMeasuredInTheirOwnFontWithAMargin) {
   Grid grid(nullptr, "spdAny");
   grid.setSize(2, 2);

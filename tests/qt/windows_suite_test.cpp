@@ -85,21 +85,26 @@ TEST_P(WindowsSuite, TabGoesThroughWhatCanBeUsed) {
 TEST_P(WindowsSuite, KeysGoToTheControlAndThenToItsWindow) {
   Dialog dialog(desktop, "frm");
   std::string seen;
-  dialog.txtName.KeyDown = [&](const KeyPress& key, bool& taken) {
-    seen += "t" + std::to_string(key.code);
-    taken = key.code == keys::f2;
-  };
-  dialog.KeyDown = [&](const KeyPress& key, bool& taken) {
-    seen += "w" + std::to_string(key.code);
-    taken = key.code == keys::escape;
-  };
+  bool takesEscape = true;
+  dialog.txtName.takeKey({keys::f2}, [&] { seen += "t2"; });
+  dialog.takeKey({keys::f2}, [&] { seen += "w2"; });
+  dialog.takeKey(
+      {keys::escape}, [&] { seen += "w27"; }, [&] { return takesEscape; });
+  dialog.takeKey({keys::f1, Held::no, Held::yes}, [&] { seen += "w^1"; });
   dialog.show();
   dialog.txtName.setFocus();
   user.key("frm", {keys::f1});
+  user.key("frm", {.code = keys::f1, .shift = true, .control = true});
+  user.key("frm", {.code = keys::f1, .control = true});
   user.key("frm", {keys::f2});
   user.key("frm", {keys::escape});
-  EXPECT_EQ(seen, "t112w112t113t27w27");
-  EXPECT_EQ(dialog.pressed, "") << "a swallowed Escape presses nothing";
+  EXPECT_EQ(seen, "w^1t2w27");
+  EXPECT_EQ(dialog.pressed, "") << "a key that is taken presses nothing";
+  dialog.cmdHelp.setFocus();
+  takesEscape = false;
+  user.key("frm", {keys::f2});
+  user.key("frm", {keys::escape});
+  EXPECT_EQ(seen + dialog.pressed, "w^1t2w27w2c");
 }
 
 TEST_P(WindowsSuite, ModalWindowsNestAndKeepOthersOut) {

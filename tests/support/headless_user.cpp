@@ -13,7 +13,9 @@
 #include "platform/number_box.h"
 #include "platform/option_button.h"
 #include "platform/panel.h"
+#include "platform/tab_order.h"
 #include "platform/text_box.h"
+#include "platform/user_input.h"
 
 namespace tolmer::test {
 namespace {
@@ -48,30 +50,9 @@ void press(Control& control) {
   }
 }
 
-// The nearest control around that one which listens to the release of a mouse button.
-void release(Control& control, MouseButton button) {
-  for (Control* target = &control; target; target = target->parent())
-    if (target->MouseUp) return raise(target->MouseUp, button);
-}
-
-// Controls of a window in the order of the Tab key that can take the focus now.
-void collectStops(Container& container, std::vector<Control*>& stops) {
-  for (Control* child : container.children()) {
-    if (!child->enabled() || !child->visible()) continue;
-    if (child->takesFocus()) stops.push_back(child);
-    if (auto* inner = dynamic_cast<Container*>(child)) collectStops(*inner, stops);
-  }
-}
-
 // The mouse on a child of the frame makes it the active one.
 void reachFor(Control& control) {
   if (Window* window = control.window(); window && window->frame()) window->activate();
-}
-
-void pressEnter(Window& window) {
-  Control* focus = window.focus();
-  Control* target = focus && focus->kind() == ControlKind::button ? focus : window.defaultButton();
-  if (target && target->canBeUsed()) press(*target);
 }
 
 // Are keys that edit text the business of the control? Text that can only be read keeps the key for
@@ -96,8 +77,8 @@ bool pressShortcut(Window& window, const KeyPress& key) {
 }
 
 void pressTab(Window& window, bool backwards) {
-  std::vector<Control*> stops;
-  collectStops(window, stops);
+  std::vector<Control*> stops = tabStops(window);
+  std::erase_if(stops, [](const Control* stop) { return !stop->canBeUsed(); });
   if (stops.empty()) return;
   const auto at = std::find(stops.begin(), stops.end(), window.focus());
   if (at == stops.end()) return stops.front()->setFocus();
@@ -129,7 +110,7 @@ void HeadlessUser::doDoubleClick(Control& control) {
 
 void HeadlessUser::doRightClick(Control& control) {
   reachFor(control);
-  release(control, MouseButton::right);
+  releaseRight(control);
 }
 
 void HeadlessUser::doType(Control& control, const std::string& text) {
@@ -165,17 +146,14 @@ void HeadlessUser::doKey(Window& window, const KeyPress& key) {
     return;
   }
   auto* grid = focus && focus->kind() == ControlKind::grid ? static_cast<Grid*>(focus) : nullptr;
-  if (focus) raise(focus->KeyDown, key, taken);
-  // As the filter of the screen's keys does.
-  if (!taken) raise(window.KeyDown, key, taken);
+  if (const TakenKey* found = takenKey(focus ? *focus : window, key)) {
+    taken = true;
+    raise(found->work);
+  }
   if (!taken && grid) taken = grid->pressKey(key);
   if (auto* edited = dynamic_cast<EditGrid*>(window.focus())) edited->releaseKey(key);
   if (taken) return;
-  if (key.code == keys::enter) return pressEnter(window);
-  if (key.code == keys::escape) {
-    if (Button* cancel = window.cancelButton(); cancel && cancel->canBeUsed()) press(*cancel);
-    return;
-  }
+  if (window.pressKey(key)) return;
   const bool leavesGrid = dynamic_cast<EditGrid*>(focus) && key.code == keys::f6;
   if (key.code == keys::tab || leavesGrid) pressTab(window, key.shift);
 }

@@ -178,8 +178,7 @@ void ScriptedQtDesktop::modalLoop(Window& window) {
 
 Answer ScriptedQtDesktop::messageBox(const MessageBox& box) {
   const DuringLoop during(gate(), "the box \"" + box.text + "\"", [this, &box] {
-    const Answer first = box.buttons == MessageButtons::yesNo ? Answer::yes : Answer::ok;
-    answer(box, onMessageBox ? onMessageBox(box) : first);
+    answer(box, onMessageBox ? onMessageBox(box) : answerButtons(box.buttons).front().answer);
   });
   return QtDesktop::messageBox(box);
 }

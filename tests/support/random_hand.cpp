@@ -69,7 +69,7 @@ std::vector<Control*> RandomHand::usable(Container& container) {
 }
 
 void RandomHand::act(Window& window) {
-  if (!window.takesInput()) return desktop_.advance(upTo(700));
+  if (!window.takesInput()) return desktop_.advance(2000);
   const int what = upTo(99);
   if (what < 60) return useAnyControl(window);
   if (what < 75) return pressAnyKey(window);

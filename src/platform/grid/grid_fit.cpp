@@ -1,5 +1,6 @@
 #include "platform/grid/grid_fit.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace tolmer {
@@ -22,6 +23,11 @@ Share shareOf(Twips spare, int count) {
   return {pixels(static_cast<float>(each)), pixels(static_cast<float>(each + rest))};
 }
 
+bool isNumber(const std::string& text) {
+  return text.find_first_not_of("0123456789.+-eE") == std::string::npos &&
+         text.find_first_of("0123456789") != std::string::npos;
+}
+
 }  // namespace
 
 ScrollBars neededScrollBars(Size content, Size room, Twips thickness) {
@@ -32,6 +38,13 @@ ScrollBars neededScrollBars(Size content, Size room, Twips thickness) {
   if (flat && upright) return ScrollBars::both;
   if (flat) return ScrollBars::horizontal;
   return upright ? ScrollBars::vertical : ScrollBars::none;
+}
+
+std::string shownForFigure(const Cell& cell, double room, double markWidth) {
+  const bool isFigure =
+      !cell.style.heading && cell.style.align == Align::right && isNumber(cell.text);
+  if (!isFigure) return {};
+  return std::string(static_cast<std::size_t>(std::max(room / markWidth, 1.0)), '#');
 }
 
 void fillRoom(Grid& grid, Size room, Twips barThickness) {

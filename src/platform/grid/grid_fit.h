@@ -9,6 +9,11 @@ namespace tolmer {
 // the other direction, which can bring in the second bar. All lengths are twips.
 ScrollBars neededScrollBars(Size content, Size room, Twips thickness);
 
+// What is shown of a text that is wider than the room of its cell. A number without its last digits
+// would look like another one: "#" as often as they fit, of that width, but once at least. Empty
+// for all other texts, which may be cut short.
+std::string shownForFigure(const Cell& cell, double room, double markWidth);
+
 // Sets the scroll bars; where room is left in a direction, spreads it evenly over all columns from
 // the second (rows from the second) in whole pixels, the remainder on the last one. So a small
 // table fills its window.

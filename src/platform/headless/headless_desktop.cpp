@@ -43,7 +43,8 @@ class ModalEntry {
 }  // namespace
 
 Answer HeadlessDesktop::messageBox(const MessageBox& box) {
-  const Answer answer = onMessageBox ? onMessageBox(box) : firstButton(box.buttons);
+  const Answer answer =
+      onMessageBox ? onMessageBox(box) : answerButtons(box.buttons).front().answer;
   boxes_.push_back({box, answer});
   return answer;
 }

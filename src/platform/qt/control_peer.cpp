@@ -10,21 +10,6 @@
 namespace tolmer {
 namespace {
 
-bool isEdit(const Control& control) {
-  return control.kind() == ControlKind::textBox || control.kind() == ControlKind::comboBox ||
-         control.kind() == ControlKind::numberBox || control.kind() == ControlKind::outline;
-}
-
-bool isSystemText(Colour colour) {
-  return colour == colours::buttonText || colour == colours::windowText;
-}
-
-// Does the control show its surroundings, or as an edit the usual white?
-bool isSystemGround(const Control& control) {
-  return control.backColour() == colours::buttonFace ||
-         (isEdit(control) && control.backColour() == colours::window);
-}
-
 void setAll(QPalette& palette, std::initializer_list<QPalette::ColorRole> roles, QColor colour) {
   // The disabled group keeps its grey text.
   for (const auto group : {QPalette::Active, QPalette::Inactive})
@@ -102,22 +87,21 @@ void ControlPeer::applyLook() {
   const bool hadOwnFont = widget_->testAttribute(Qt::WA_SetFont);
   if (hasOwnLook_ || hadOwnFont || control_.font() != Font{})
     widget_->setFont(toQt(control_.font()));
-  if (hasOwnLook_ || !isSystemGround(control_) || !isSystemText(control_.foreColour()))
-    applyColours();
+  if (hasOwnLook_ || control_.hasOwnGround() || control_.hasOwnInk()) applyColours();
 }
 
 void ControlPeer::applyColours() {
   hasOwnLook_ = true;
   QPalette palette;
-  if (!isSystemText(control_.foreColour()))
+  if (control_.hasOwnInk())
     setAll(palette, {QPalette::WindowText, QPalette::Text, QPalette::ButtonText},
            toQt(control_.foreColour()));
-  const bool ownGround = !isSystemGround(control_);
-  if (ownGround)
+  if (control_.hasOwnGround())
     setAll(palette, {QPalette::Window, QPalette::Base, QPalette::Button},
            toQt(control_.backColour()));
   widget_->setPalette(palette);
-  if (control_.kind() == ControlKind::label) widget_->setAutoFillBackground(ownGround);
+  if (control_.kind() == ControlKind::label)
+    widget_->setAutoFillBackground(control_.hasOwnGround());
 }
 
 void ControlPeer::describe() {

@@ -39,7 +39,7 @@ class FrameWidget : public QGroupBox {
     painter.save();
     if (top > 0) painter.setClipRegion(QRegion(rect()) - gap);
     painter.setPen(QColor(theme::line));
-    if (frame_.backColour() != colours::buttonFace) painter.setBrush(toQt(frame_.backColour()));
+    if (frame_.hasOwnGround()) painter.setBrush(toQt(frame_.backColour()));
     painter.drawRoundedRect(QRectF(0.5, top + 0.5, width() - 1, height() - top - 1), 4, 4);
     painter.restore();
   }

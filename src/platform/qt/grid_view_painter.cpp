@@ -9,6 +9,7 @@
 #include <cmath>
 #include <string>
 
+#include "platform/grid/grid_fit.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/grid_view.h"
 #include "platform/qt/theme.h"
@@ -46,11 +47,6 @@ CellFont cellFont(const Grid& grid, bool heading) {
 
 bool isAscii(const std::string& text) {
   return std::all_of(text.begin(), text.end(), [](char c) { return c >= ' ' && c <= '~'; });
-}
-
-bool isNumber(const std::string& text) {
-  return text.find_first_not_of("0123456789.+-eE") == std::string::npos &&
-         text.find_first_of("0123456789") != std::string::npos;
 }
 
 struct MeasuredRun {
@@ -165,13 +161,10 @@ class CellPainter {
     painter_.drawText(QPointF(textStart(place, content, length), baseLine(place, font)), text);
   }
 
-  // A number without its last digits would look like another one.
   static QString shortened(const Cell& content, const CellFont& font, double room) {
-    const bool isFigure =
-        !content.style.heading && content.style.align == Align::right && isNumber(content.text);
-    if (!isFigure) return font.metrics.elidedText(toQt(content.text), Qt::ElideRight, room);
-    const double width = font.metrics.horizontalAdvance('#');
-    return QString(std::max(static_cast<int>(room / width), 1), '#');
+    const std::string marks = shownForFigure(content, room, font.metrics.horizontalAdvance('#'));
+    if (!marks.empty()) return toQt(marks);
+    return font.metrics.elidedText(toQt(content.text), Qt::ElideRight, room);
   }
 
   static double textStart(const QRect& place, const Cell& content, double length) {

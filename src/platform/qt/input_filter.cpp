@@ -3,12 +3,9 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <array>
+#include <optional>
 #include <utility>
 
-#include "platform/image.h"
-#include "platform/label.h"
-#include "platform/option_button.h"
-#include "platform/panel.h"
 #include "platform/qt/gate.h"
 #include "platform/window.h"
 
@@ -42,31 +39,10 @@ int keyCode(int key) {
   return isOwnCode ? key : 0;
 }
 
-// Grid and graph know best where in them the mouse is.
-bool raisesItsOwnMouse(const Control& control) {
-  return control.kind() == ControlKind::grid || control.kind() == ControlKind::graph;
-}
-
-void clickOn(Control& control) {
-  switch (control.kind()) {
-    case ControlKind::label:
-      if (!control.takesFocus()) static_cast<Label&>(control).click();
-      return;
-    case ControlKind::panel:
-      return static_cast<Panel&>(control).click();
-    case ControlKind::image:
-      return static_cast<Image&>(control).click();
-    case ControlKind::window:
-      return raise(static_cast<Window&>(control).Click);
-    default:
-      return;
-  }
-}
-
-Control* nearestMouseUp(Control& control) {
-  for (Control* target = &control; target; target = target->parent())
-    if (target->MouseUp) return target;
-  return nullptr;
+std::optional<MouseButton> modelButton(const QMouseEvent& event) {
+  if (event.button() == Qt::RightButton) return MouseButton::right;
+  if (event.button() == Qt::LeftButton) return MouseButton::left;
+  return std::nullopt;
 }
 
 }  // namespace
@@ -124,7 +100,7 @@ void InputFilter::watchOne(QWidget& widget, Watched watched) {
 
 void InputFilter::forget(const Control& control) {
   watched_.removeIf([&](const auto& entry) { return entry.value().control == &control; });
-  if (pressed_ == &control) pressed_ = nullptr;
+  mouse_.forget(control);
 }
 
 bool InputFilter::eventFilter(QObject* object, QEvent* event) {
@@ -135,18 +111,19 @@ bool InputFilter::eventFilter(QObject* object, QEvent* event) {
   if (window && keepsOut(*window, *event)) return true;
   switch (event->type()) {
     case QEvent::MouseButtonPress:
-      if (!watched.isFrame) mousePressed(control, static_cast<QMouseEvent*>(event)->button());
+      if (const auto button = modelButton(*static_cast<QMouseEvent*>(event));
+          button && !watched.isFrame)
+        gate_.enter([&] { mouse_.press(control, *button); });
       return false;
     case QEvent::MouseButtonDblClick:
-      if (!watched.isFrame) doubleClicked(control);
+      if (!watched.isFrame) gate_.enter([&] { mouse_.doubleClick(control); });
       return false;
     case QEvent::MouseButtonRelease:
       mouseReleased(*object, watched, *static_cast<QMouseEvent*>(event));
       return false;
     case QEvent::HoverEnter:
     case QEvent::HoverMove:
-      if (control.MouseMove && control.canBeUsed())
-        gate_.enter([&control] { raise(control.MouseMove); });
+      gate_.enter([&] { mouse_.move(control); });
       return false;
     case QEvent::FocusIn:
       if (control.takesFocus()) gate_.enter([&control] { control.setFocus(); });
@@ -154,64 +131,27 @@ bool InputFilter::eventFilter(QObject* object, QEvent* event) {
     case QEvent::KeyPress:
       // An ignored key wanders outwards through the parents and must not be told again.
       return object == QApplication::focusWidget() &&
-             keyPressed(*object, control, *static_cast<QKeyEvent*>(event));
+             keyPressed(control, toKeyPress(*static_cast<QKeyEvent*>(event)));
     default:
       return false;
   }
 }
 
-void InputFilter::mousePressed(Control& control, Qt::MouseButton button) {
-  pressed_ = nullptr;
-  if (!control.canBeUsed() || raisesItsOwnMouse(control)) return;
-  if (button == Qt::LeftButton) pressed_ = &control;
+bool InputFilter::keyPressed(Control& control, const KeyPress& key) {
+  bool taken = false;
   gate_.enter([&] {
-    raise(control.MouseDown, button == Qt::RightButton ? MouseButton::right : MouseButton::left);
+    const TakenKey* found = takenKey(control, key);
+    taken = found != nullptr;
+    if (found) raise(found->work);
   });
-}
-
-void InputFilter::doubleClicked(Control& control) {
-  pressed_ = nullptr;
-  if (!control.canBeUsed()) return;
-  gate_.enter([&control] {
-    if (control.kind() == ControlKind::optionButton)
-      static_cast<OptionButton&>(control).doubleClick();
-    else if (control.kind() == ControlKind::label)
-      static_cast<Label&>(control).doubleClick();
-  });
+  return taken;
 }
 
 void InputFilter::mouseReleased(const QObject& widget, Watched watched, const QMouseEvent& event) {
-  if (raisesItsOwnMouse(*watched.control)) return;
-  if (event.button() == Qt::RightButton) {
-    if (Control* target = nearestMouseUp(*watched.control))
-      gate_.enter([target] { raise(target->MouseUp, MouseButton::right); });
-  } else if (event.button() == Qt::LeftButton && !watched.isFrame) {
-    const bool inside = static_cast<const QWidget&>(widget).rect().contains(event.pos());
-    leftReleased(widget, *watched.control, inside);
-  }
-}
-
-void InputFilter::leftReleased(const QObject& widget, Control& control, bool inside) {
-  const bool clicked = inside && pressed_ == &control;
-  pressed_ = nullptr;
-  if (!control.canBeUsed()) return;
-  gate_.enter([&] {
-    raise(control.MouseUp, MouseButton::left);
-    // The handler may have unloaded the control.
-    if (clicked && watched_.value(&widget).control == &control) clickOn(control);
-  });
-}
-
-bool InputFilter::keyPressed(const QObject& widget, Control& control, const QKeyEvent& event) {
-  const KeyPress press = toKeyPress(event);
-  bool taken = false;
-  gate_.enter([&] {
-    Window* window = control.window();
-    if (&control != window) raise(control.KeyDown, press, taken);
-    const bool stillThere = watched_.value(&widget).control == &control;
-    if (!taken && stillThere && window) raise(window->KeyDown, press, taken);
-  });
-  return taken;
+  const auto button = modelButton(event);
+  if (!button || (watched.isFrame && *button == MouseButton::left)) return;
+  const bool inside = static_cast<const QWidget&>(widget).rect().contains(event.pos());
+  gate_.enter([&] { mouse_.release(*watched.control, *button, inside); });
 }
 
 }  // namespace tolmer

@@ -7,7 +7,7 @@
 #include <QObject>
 #include <QWidget>
 
-#include "platform/control.h"
+#include "platform/user_input.h"
 
 namespace tolmer {
 
@@ -19,10 +19,7 @@ KeyPress toKeyPress(const QKeyEvent& event);
 // Whether it is input to a window that takes none.
 bool keepsOut(const Window& window, QEvent& event);
 
-// Raises MouseDown, MouseUp, MouseMove, KeyDown and the focus events, and Click of those kinds
-// whose widgets have no click of their own (label, panel, image, the ground of a window).
-//
-// A release of the right button goes to the nearest model, outwards, that has a MouseUp handler.
+// Hands on to the models what the mouse does, the keys that are taken, and where the focus goes.
 class InputFilter : public QObject {
  public:
   explicit InputFilter(Gate& gate) : gate_(gate) {}
@@ -42,15 +39,12 @@ class InputFilter : public QObject {
     bool isFrame = false;
   };
   void watchOne(QWidget& widget, Watched watched);
-  void mousePressed(Control& control, Qt::MouseButton button);
+  bool keyPressed(Control& control, const KeyPress& key);
   void mouseReleased(const QObject& widget, Watched watched, const QMouseEvent& event);
-  void doubleClicked(Control& control);
-  void leftReleased(const QObject& widget, Control& control, bool inside);
-  bool keyPressed(const QObject& widget, Control& control, const QKeyEvent& event);
 
   Gate& gate_;
   QHash<const QObject*, Watched> watched_;
-  const Control* pressed_ = nullptr;  // only compared
+  MouseRoute mouse_;
 };
 
 }  // namespace tolmer

@@ -3,7 +3,6 @@
 #include <QKeyEvent>
 #include <QMessageBox>
 #include <QPushButton>
-#include <utility>
 
 #include "platform/qt/convert.h"
 
@@ -26,15 +25,16 @@ QMessageBox::Icon iconOf(MessageIcon icon) {
   return QMessageBox::NoIcon;
 }
 
-QMessageBox::StandardButtons buttonsOf(MessageButtons buttons) {
-  switch (buttons) {
-    case MessageButtons::okCancel:
-      return QMessageBox::Ok | QMessageBox::Cancel;
-    case MessageButtons::yesNo:
-      return QMessageBox::Yes | QMessageBox::No;
-    case MessageButtons::saveDontSaveCancel:
-      return QMessageBox::Save | QMessageBox::Discard | QMessageBox::Cancel;
-    case MessageButtons::ok:
+QMessageBox::StandardButton standardButton(MessageButtons buttons, Answer answer) {
+  const bool saves = buttons == MessageButtons::saveDontSaveCancel;
+  switch (answer) {
+    case Answer::cancel:
+      return QMessageBox::Cancel;
+    case Answer::yes:
+      return saves ? QMessageBox::Save : QMessageBox::Yes;
+    case Answer::no:
+      return saves ? QMessageBox::Discard : QMessageBox::No;
+    case Answer::ok:
       break;
   }
   return QMessageBox::Ok;
@@ -55,13 +55,12 @@ Answer answerOf(int button) {
   }
 }
 
-// The toolkit's words for these say something else and have no letters.
-void nameButtons(QMessageBox& window) {
-  const std::pair<QMessageBox::StandardButton, const char*> names[] = {
-      {QMessageBox::Save, "&Save"},
-      {QMessageBox::Discard, "&Don't Save"},
-      {QMessageBox::Cancel, "&Cancel"}};
-  for (const auto& [button, name] : names) window.button(button)->setText(QLatin1String(name));
+// The toolkit's own words may say something else and have no letters.
+void addButtons(QMessageBox& window, const MessageBox& box) {
+  for (const auto& [answer, caption] : answerButtons(box.buttons))
+    window.addButton(standardButton(box.buttons, answer))->setText(QLatin1String(caption));
+  if (const auto answer = answerToEscape(box))
+    window.setEscapeButton(window.button(standardButton(box.buttons, *answer)));
 }
 
 // Leaves a box to its buttons.
@@ -79,12 +78,12 @@ class WithoutEscape : public QObject {
 
 Answer showMessageBox(Mirror& mirror, const MessageBox& box, const QString& emptyTitle) {
   QMessageBox window(iconOf(box.icon), box.title.empty() ? emptyTitle : toQt(box.title),
-                     toQt(box.text), buttonsOf(box.buttons), mirror.windows.top());
+                     toQt(box.text), QMessageBox::NoButton, mirror.windows.top());
   window.setTextFormat(Qt::PlainText);
-  if (box.buttons == MessageButtons::saveDontSaveCancel) nameButtons(window);
+  addButtons(window, box);
   window.setWindowModality(Qt::ApplicationModal);
   WithoutEscape withoutEscape;
-  if (box.noLosesWork) window.installEventFilter(&withoutEscape);
+  if (!answerToEscape(box)) window.installEventFilter(&withoutEscape);
   QEventLoop loop;
   QObject::connect(&window, &QDialog::finished, &loop, &QEventLoop::quit);
   window.show();

@@ -3,9 +3,9 @@
 #include <QLabel>
 #include <algorithm>
 
-#include "platform/label.h"
 #include "platform/panel.h"
 #include "platform/qt/control_peer.h"
+#include "platform/tab_order.h"
 #include "platform/window.h"
 
 namespace tolmer {
@@ -24,14 +24,8 @@ void stackUnderLaterOnes(Control& control, Place next, Place end) {
   if (above != end) ControlPeer::widgetOf(control)->stackUnder(ControlPeer::widgetOf(**above));
 }
 
-bool hasTextOfItsOwn(const Control& control) {
-  return control.kind() == ControlKind::label || control.kind() == ControlKind::button ||
-         control.kind() == ControlKind::checkBox || control.kind() == ControlKind::optionButton;
-}
-
 void makeBuddies(Control& before, Control& after) {
-  if (before.kind() != ControlKind::label || before.takesFocus()) return;
-  if (!after.takesFocus() || hasTextOfItsOwn(after)) return;
+  if (!isLabelOf(before, after)) return;
   auto* label = qobject_cast<QLabel*>(ControlPeer::widgetOf(before));
   QWidget* widget = ControlPeer::widgetOf(after);
   if (!label || !widget) return;
@@ -39,30 +33,18 @@ void makeBuddies(Control& before, Control& after) {
   before.peer()->changed(Change::text);  // only with a buddy does "&" mark a letter
 }
 
-bool stopsByPlace(const Container& container) {
-  return container.kind() == ControlKind::panel &&
-         static_cast<const Panel&>(container).stopsByPlace();
-}
-
-// What the Tab key stops at, in the order of construction or as the container wants it.
-void collectStops(const Container& container, std::vector<QWidget*>& stops) {
-  std::vector<Control*> children = container.children();
-  if (stopsByPlace(container))
-    std::stable_sort(children.begin(), children.end(), [](const Control* a, const Control* b) {
-      return std::pair(a->top(), a->left()) < std::pair(b->top(), b->left());
-    });
-  for (Control* child : children) {
-    if (QWidget* widget = ControlPeer::widgetOf(*child); widget && child->takesFocus())
-      stops.push_back(widget);
-    if (const auto* inner = dynamic_cast<const Container*>(child)) collectStops(*inner, stops);
-  }
+// Of those that are on the screen.
+std::vector<QWidget*> stopsOf(const Window& window) {
+  std::vector<QWidget*> stops;
+  for (const Control* stop : tabStops(window))
+    if (QWidget* widget = ControlPeer::widgetOf(*stop)) stops.push_back(widget);
+  return stops;
 }
 
 // Only the neighbours matter, unless there is none before: the toolkit moves a widget behind
 // another, never before it.
 void placeInTabOrder(Control& control, QWidget* widget) {
-  std::vector<QWidget*> stops;
-  collectStops(*control.window(), stops);
+  const std::vector<QWidget*> stops = stopsOf(*control.window());
   const auto here = std::find(stops.begin(), stops.end(), widget);
   if (here != stops.begin() && here != stops.end())
     return QWidget::setTabOrder(*(here - 1), widget);
@@ -72,8 +54,7 @@ void placeInTabOrder(Control& control, QWidget* widget) {
 }  // namespace
 
 void orderTabStops(const Window& window) {
-  std::vector<QWidget*> stops;
-  collectStops(window, stops);
+  const std::vector<QWidget*> stops = stopsOf(window);
   for (std::size_t i = 1; i < stops.size(); ++i) QWidget::setTabOrder(stops[i - 1], stops[i]);
 }
 

@@ -4,9 +4,8 @@
 #include <QPainter>
 #include <QWindow>
 
-#include "platform/button.h"
-#include "platform/label.h"
 #include "platform/qt/convert.h"
+#include "platform/qt/input_filter.h"
 
 namespace tolmer {
 namespace {
@@ -23,17 +22,6 @@ class GroundWidget : public QWidget {
  private:
   const Window& window_;
 };
-
-// What Return presses: the control with the focus if it can be pressed so, else the default button.
-std::function<void()> onReturn(Window& window) {
-  Control* focus = window.focus();
-  if (focus && focus->canBeUsed() && focus->kind() == ControlKind::label)
-    return [label = static_cast<Label*>(focus)] { label->click(); };
-  Button* button = focus && focus->kind() == ControlKind::button ? static_cast<Button*>(focus)
-                                                                 : window.defaultButton();
-  if (!button || !button->canBeUsed()) return {};
-  return [button] { button->click(); };
-}
 
 }  // namespace
 
@@ -78,18 +66,11 @@ bool WindowPeer::seen(QEvent& event) {
     mirror_.gate.enter([this] { window_.requestClose(); });
     return true;
   }
-  return event.type() == QEvent::KeyPress && keyPressed(static_cast<QKeyEvent&>(event).key());
-}
-
-bool WindowPeer::keyPressed(int key) {
-  if (key == Qt::Key_Return || key == Qt::Key_Enter) {
-    if (const auto press = onReturn(window_)) mirror_.gate.enter(press);
-    return true;
-  }
-  if (key != Qt::Key_Escape) return false;
-  if (Button* cancel = window_.cancelButton(); cancel && cancel->canBeUsed())
-    mirror_.gate.enter([cancel] { cancel->click(); });
-  return true;
+  if (event.type() != QEvent::KeyPress) return false;
+  const KeyPress key = toKeyPress(static_cast<QKeyEvent&>(event));
+  const bool isTheWindows = key.code == keys::enter || key.code == keys::escape;
+  mirror_.gate.enter([&] { window_.pressKey(key); });
+  return isTheWindows;
 }
 
 std::unique_ptr<WindowPeer> makeWindowPeer(Mirror& mirror, Window& window) {

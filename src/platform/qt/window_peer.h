@@ -32,7 +32,6 @@ class WindowPeer : public ContainerPeer {
   Window& window() const { return window_; }
 
  private:
-  bool keyPressed(int key);
   void followFocus();
 
   Window& window_;

@@ -1,0 +1,18 @@
+// The order of the Tab key, and which label names which control.
+#pragma once
+
+#include <vector>
+
+#include "platform/control.h"
+
+namespace tolmer {
+
+// What in there can have the focus, hidden and disabled ones included: in the order of construction
+// or as a panel wants it. Of options in one container Tab leads to the one that is on.
+std::vector<Control*> tabStops(const Container& container);
+
+// Is `before` the label that names `after`, constructed just after it? Its marked letter leads
+// there.
+bool isLabelOf(const Control& before, const Control& after);
+
+}  // namespace tolmer

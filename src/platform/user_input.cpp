@@ -1,0 +1,112 @@
+#include "platform/user_input.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/image.h"
+#include "platform/label.h"
+#include "platform/option_button.h"
+#include "platform/panel.h"
+#include "platform/window.h"
+
+namespace tolmer {
+namespace {
+
+const TakenKey* fitting(const Control& control, const KeyPress& key) {
+  for (const TakenKey& taken : control.takenKeys())
+    if (taken.key.fits(key) && (!taken.when || taken.when())) return &taken;
+  return nullptr;
+}
+
+// They know best where in them the mouse is.
+bool raisesItsOwnMouse(const Control& control) {
+  return control.kind() == ControlKind::grid || control.kind() == ControlKind::graph;
+}
+
+// On the list while it is being told.
+class Told {
+ public:
+  Told(std::vector<const Control*>& list, const Control& control) : list_(list) {
+    list_.push_back(&control);
+  }
+  ~Told() { list_.pop_back(); }
+  Told(const Told&) = delete;
+  Told& operator=(const Told&) = delete;
+  bool isThere() const { return list_.back() != nullptr; }
+
+ private:
+  std::vector<const Control*>& list_;
+};
+
+void clickOn(Control& control) {
+  switch (control.kind()) {
+    case ControlKind::label:
+      if (!control.takesFocus()) static_cast<Label&>(control).click();
+      return;
+    case ControlKind::panel:
+      return static_cast<Panel&>(control).click();
+    case ControlKind::image:
+      return static_cast<Image&>(control).click();
+    case ControlKind::window:
+      return raise(static_cast<Window&>(control).Click);
+    default:
+      return;
+  }
+}
+
+}  // namespace
+
+const TakenKey* takenKey(Control& focus, const KeyPress& key) {
+  const Window* window = focus.window();
+  if (window && !window->takesInput()) return nullptr;
+  const TakenKey* own = fitting(focus, key);
+  return own || !window || window == &focus ? own : fitting(*window, key);
+}
+
+void releaseRight(Control& control) {
+  if (const Window* window = control.window(); window && !window->takesInput()) return;
+  for (Control* target = &control; target; target = target->parent())
+    if (target->MouseUp) return raise(target->MouseUp, MouseButton::right);
+}
+
+void MouseRoute::press(Control& control, MouseButton button) {
+  pressed_ = nullptr;
+  if (!control.canBeUsed() || raisesItsOwnMouse(control)) return;
+  if (button == MouseButton::left) pressed_ = &control;
+  raise(control.MouseDown, button);
+}
+
+void MouseRoute::release(Control& control, MouseButton button, bool inside) {
+  if (raisesItsOwnMouse(control)) return;
+  if (button == MouseButton::right) return releaseRight(control);
+  releaseLeft(control, inside);
+}
+
+void MouseRoute::releaseLeft(Control& control, bool inside) {
+  const bool clicked = std::exchange(pressed_, nullptr) == &control && inside;
+  if (!control.canBeUsed()) return;
+  const Told told(released_, control);
+  raise(control.MouseUp, MouseButton::left);
+  // The handler may have unloaded the control.
+  if (clicked && told.isThere()) clickOn(control);
+}
+
+void MouseRoute::doubleClick(Control& control) {
+  pressed_ = nullptr;
+  if (!control.canBeUsed()) return;
+  if (control.kind() == ControlKind::optionButton)
+    static_cast<OptionButton&>(control).doubleClick();
+  else if (control.kind() == ControlKind::label)
+    static_cast<Label&>(control).doubleClick();
+}
+
+void MouseRoute::move(Control& control) {
+  if (control.MouseMove && control.canBeUsed()) raise(control.MouseMove);
+}
+
+void MouseRoute::forget(const Control& control) {
+  if (pressed_ == &control) pressed_ = nullptr;
+  std::replace(released_.begin(), released_.end(), &control, static_cast<const Control*>(nullptr));
+}
+
+}  // namespace tolmer

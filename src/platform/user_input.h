@@ -1,0 +1,38 @@
+// Where the user's mouse and keys go among the models: what every front end does alike.
+#pragma once
+
+#include <vector>
+
+#include "platform/control.h"
+
+namespace tolmer {
+
+// The taken key that this one means at the control with the focus: of the control's own, else of
+// its window's. Null where it is left to the control. Its work is to be raised.
+const TakenKey* takenKey(Control& focus, const KeyPress& key);
+
+// A release of the right button: MouseUp of the nearest control, outwards, that listens, though
+// it be disabled.
+void releaseRight(Control& control);
+
+// The mouse over controls. Raises MouseDown, MouseUp and MouseMove, and Click of those kinds that
+// have no press of their own (label that is no link, panel, image, the ground of a window), where
+// the left button came down and up on the same one. A grid or graph raises its own.
+class MouseRoute {
+ public:
+  void press(Control& control, MouseButton button);
+  // `inside`: over the control on which it was released, which is the one that was pressed.
+  void release(Control& control, MouseButton button, bool inside);
+  void doubleClick(Control& control);
+  void move(Control& control);
+  // From then on the control may be gone.
+  void forget(const Control& control);
+
+ private:
+  void releaseLeft(Control& control, bool inside);
+
+  const Control* pressed_ = nullptr;      // only compared
+  std::vector<const Control*> released_;  // that are being told, the innermost last
+};
+
+}  // namespace tolmer
