@@ -7,8 +7,8 @@
 
 namespace tolmer {
 
-// What in there can have the focus, hidden and disabled ones included: in the order of construction
-// or as a panel wants it. Of options in one container Tab leads to the one that is on.
+// What in there can have the focus, hidden and disabled ones and every option of a group included:
+// in the order of construction or as a panel wants it.
 std::vector<Control*> tabStops(const Container& container);
 
 // Is `before` the label that names `after`, constructed just after it? Its marked letter leads

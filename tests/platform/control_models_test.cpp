@@ -339,7 +339,8 @@ TEST_F(InputTest, SystemGroundsAreNotAControlsOwn) {
 }
 
 TEST(MessageBoxTest, EscapeAnswersByTheLastButtonUnlessWorkIsLost) {
-  MessageBox box{.buttons = MessageButtons::yesNo};
+  MessageBox box;
+  box.buttons = MessageButtons::yesNo;
   EXPECT_EQ(answerToEscape(box), Answer::no);
   box.buttons = MessageButtons::saveDontSaveCancel;
   EXPECT_EQ(answerToEscape(box), Answer::cancel);
