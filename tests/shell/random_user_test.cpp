@@ -24,7 +24,7 @@
 namespace tolmer::test {
 namespace {
 
-constexpr int usualActions = 25000;
+constexpr int usualActions = 50000;
 
 // No more actions: leaves all loops.
 struct Enough {};
