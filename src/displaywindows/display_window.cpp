@@ -15,6 +15,10 @@ DisplayWindow::DisplayWindow(Desktop& desktop, AnalysisState& state, DisplayHost
   };
   Click = [this] { UpdateControls(); };
   MouseUp = [this](MouseButton button) { Form_MouseUp(button); };
+  // The keys for context menus do what the right button does.
+  for (const KeyChord& key :
+       {KeyChord{keys::menu}, KeyChord{.code = keys::f10, .shift = Held::yes}})
+    takeKey(key, [this] { Form_MouseUp(MouseButton::right); });
 }
 
 void DisplayWindow::Form_MouseUp(MouseButton button) {

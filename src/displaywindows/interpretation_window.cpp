@@ -59,9 +59,6 @@ void frmInterpretation::drawDisplay() {
 }
 
 void frmInterpretation::declareKeys() {
-  for (const KeyChord& key :
-       {KeyChord{keys::menu}, KeyChord{.code = keys::f10, .shift = Held::yes}})
-    takeKey(key, [this] { Form_MouseUp(MouseButton::right); });
   const auto isAtFirst = [this] { return cmdFocus.hasFocus(); };
   for (const int code : {keys::up, keys::down, keys::pageUp, keys::pageDown, keys::home, keys::end})
     takeKey(

@@ -5,7 +5,6 @@
 
 #include <QAccessible>
 #include <QApplication>
-#include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QImage>
 #include <QMouseEvent>
@@ -101,12 +100,6 @@ TEST_F(GraphViewTest, HandsTheMouseOn) {
   events.clear();
   send(QEvent::MouseButtonRelease, Qt::LeftButton, {500, 50});
   EXPECT_THAT(events, ElementsAre("left up")) << "let go outside: no click";
-}
-
-TEST_F(GraphViewTest, TheMenuKeyIsARightClick) {
-  QContextMenuEvent key(QContextMenuEvent::Keyboard, {50, 50}, view.mapToGlobal(QPoint(50, 50)));
-  QApplication::sendEvent(&view, &key);
-  EXPECT_THAT(events, ElementsAre("right up"));
 }
 
 TEST_F(GraphViewTest, ShowsTheFocusOfTheKeyboardOnly) {

@@ -2,7 +2,6 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QContextMenuEvent>
 #include <QFocusEvent>
 #include <QFont>
 #include <QFontMetricsF>
@@ -170,14 +169,6 @@ void GraphView::mouseReleaseEvent(QMouseEvent* event) {
   const QPointer<GraphView> alive(this);
   enter([&] { tolmer::raise(graph_.MouseUp, modelButton(event->button())); });
   if (alive && clicked) enter([&] { graph_.click(); });
-}
-
-// The key for context menus does what the right button does; the mouse's own request comes with the
-// press already.
-void GraphView::contextMenuEvent(QContextMenuEvent* event) {
-  event->accept();
-  if (event->reason() == QContextMenuEvent::Keyboard)
-    enter([&] { tolmer::raise(graph_.MouseUp, MouseButton::right); });
 }
 
 void GraphView::focusInEvent(QFocusEvent* event) {
