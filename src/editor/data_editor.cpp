@@ -234,7 +234,7 @@ void frmDataEditor::offerToKeep(LostWork& lost, const Error& fault) {
   const Answer answer = desktop().messageBox(
       {.title = "Unsaved Data",
        .text = "The program ended before its data were saved (" + lost.timeWritten() +
-               "), and the copy that it kept of them cannot be read: " + fault.message() +
+               "), and the copy that it kept of them cannot be read: it " + fault.text +
                ". Do you want to keep that copy? It will be " + lost.keptFile() + ".",
        .icon = MessageIcon::question,
        .buttons = MessageButtons::yesNo,
