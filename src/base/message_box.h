@@ -19,6 +19,8 @@ struct MessageBox {
   MessageButtons buttons = MessageButtons::ok;
   // Work is lost by a no: Escape and the frame answer nothing then.
   bool noLosesWork = false;
+  // Work is lost by a yes: Return answers no then.
+  bool yesLosesWork = false;
 };
 
 // A button of a message box. "&" marks the letter that presses it.
@@ -26,7 +28,7 @@ struct AnswerButton {
   Answer answer;
   const char* caption;
 };
-// In their order; the first takes Return.
+// In their order.
 inline std::vector<AnswerButton> answerButtons(MessageButtons buttons) {
   switch (buttons) {
     case MessageButtons::okCancel:
@@ -39,6 +41,9 @@ inline std::vector<AnswerButton> answerButtons(MessageButtons buttons) {
       break;
   }
   return {{Answer::ok, "OK"}};
+}
+inline Answer answerToReturn(const MessageBox& box) {
+  return box.yesLosesWork ? Answer::no : answerButtons(box.buttons).front().answer;
 }
 // What Escape and the close box answer: the last button; nothing where the box stays.
 inline std::optional<Answer> answerToEscape(const MessageBox& box) {

@@ -187,7 +187,8 @@ bool DataSetFiles::mayOverwrite(const std::string& name) {
                       "). Do you want to overwrite it? Answer No to leave it as it is; Save As "
                       "saves the data to a different file.",
               .icon = MessageIcon::exclamation,
-              .buttons = MessageButtons::yesNo}) == Answer::yes;
+              .buttons = MessageButtons::yesNo,
+              .yesLosesWork = true}) == Answer::yes;
 }
 
 bool DataSetFiles::SaveFileAs() {

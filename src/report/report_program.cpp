@@ -1,6 +1,8 @@
 #include "report/report_program.h"
 
+#include <filesystem>
 #include <optional>
+#include <system_error>
 
 #include "base/text_encoding.h"
 #include "report/course_data.h"
@@ -101,6 +103,10 @@ ReportOutcome runReport(const std::vector<std::string>& words, const ReportSurro
   if (!options) return usageFault(options.error());
   if (options->help) return {ReportOutcome::done, reportUsage, {}};
   if (options->programFolder.empty()) options->programFolder = around.programFolder;
+  // The data lie beside this folder, and a bare name has no folder above it.
+  std::error_code fault;
+  const auto whole = std::filesystem::absolute(options->programFolder, fault);
+  if (!fault) options->programFolder = whole.string();
   return options->file.empty() ? reportOnCourse(*options, around) : reportOnTable(*options, around);
 }
 

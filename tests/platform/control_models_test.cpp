@@ -346,6 +346,9 @@ TEST(MessageBoxTest, EscapeAnswersByTheLastButtonUnlessWorkIsLost) {
   EXPECT_EQ(answerToEscape(box), Answer::cancel);
   box.noLosesWork = true;
   EXPECT_EQ(answerToEscape(box), std::nullopt);
+  EXPECT_EQ(answerToReturn(box), answerButtons(box.buttons).front().answer);
+  box.yesLosesWork = true;
+  EXPECT_EQ(answerToReturn(box), Answer::no);
 }
 
 TEST_F(WindowTest, FocusLeavesADestroyedControl) {

@@ -59,6 +59,7 @@ Answer answerOf(int button) {
 void addButtons(QMessageBox& window, const MessageBox& box) {
   for (const auto& [answer, caption] : answerButtons(box.buttons))
     window.addButton(standardButton(box.buttons, answer))->setText(QLatin1String(caption));
+  window.setDefaultButton(standardButton(box.buttons, answerToReturn(box)));
   if (const auto answer = answerToEscape(box))
     window.setEscapeButton(window.button(standardButton(box.buttons, *answer)));
 }
