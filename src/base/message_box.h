@@ -65,17 +65,11 @@ struct AnsweredBox {
   Answer answer = Answer::ok;
 };
 
-constexpr Answer firstButton(MessageButtons buttons) {
-  const bool isYes =
-      buttons == MessageButtons::yesNo || buttons == MessageButtons::saveDontSaveCancel;
-  return isYes ? Answer::yes : Answer::ok;
-}
-
 // Where nobody reads them: keeps all message boxes and answers with their first button.
 class MessageLog : public MessagePort {
  public:
   Answer messageBox(const MessageBox& box) override {
-    boxes_.push_back({box, firstButton(box.buttons)});
+    boxes_.push_back({box, answerButtons(box.buttons).front().answer});
     return boxes_.back().answer;
   }
   const std::vector<AnsweredBox>& boxes() const { return boxes_; }

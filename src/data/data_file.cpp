@@ -53,9 +53,7 @@ std::optional<Error> readFile(const std::string& fileName, const std::optional<F
 void dropData(WorkingCopy& copy) {
   copy.miNumCases = 0;
   copy.miNumCols = 0;
-  copy.miDepVarCol = 0;
-  copy.mbDepVarSpecified = false;
-  copy.miNumPredictors = 0;
+  clearModel(copy);
   copy.mbInfoAvailable = false;
   DimensionModelDesignerArrays(copy);
 }

@@ -18,12 +18,6 @@ void reportFaults(const std::string& faults, MessagePort& messages) {
                        MessageIcon::exclamation, MessageButtons::ok});
 }
 
-void clearModel(WorkingCopy& copy) {
-  copy.miDepVarCol = 0;
-  copy.mbDepVarSpecified = false;
-  copy.miNumPredictors = 0;
-}
-
 // Files and sizes of a scenario's data set, and its dependent variable where it is an example.
 void takeParameters(WorkingCopy& copy, const Parameter& parameter, bool isExample,
                     const std::string& programFolder, MessagePort& messages) {

@@ -2,6 +2,12 @@
 
 namespace tolmer {
 
+void clearModel(WorkingCopy& copy) {
+  copy.miDepVarCol = 0;
+  copy.mbDepVarSpecified = false;
+  copy.miNumPredictors = 0;
+}
+
 void DimensionModelDesignerArrays(WorkingCopy& copy) {
   copy.osData.resize(copy.miNumCases, copy.miNumCols);
   copy.otColName.redim(copy.miNumCols);

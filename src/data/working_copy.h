@@ -43,6 +43,9 @@ struct WorkingCopy {
 // Gives all arrays the bounds of miNumCases and miNumCols; their contents are lost.
 void DimensionModelDesignerArrays(WorkingCopy& copy);
 
+// No dependent variable and no predictors. The arrays stay as they are.
+void clearModel(WorkingCopy& copy);
+
 // The name of the intercept and its column of ones, in the cases from 1.
 void setInterceptColumn(WorkingCopy& copy);
 

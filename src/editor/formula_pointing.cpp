@@ -14,16 +14,13 @@ std::string cellName(CellAddress cell) {
   return columnLetters(cell.column) + std::to_string(cell.row);
 }
 
-// As a bare word where it reads as nothing else.
 std::string columnName(int column, const SheetNames& names) {
   const std::string& name = names.headings()[static_cast<std::size_t>(column)];
   if (names.lookUp(name).found != SheetNames::Found::one) {
     const std::string letters = columnLetters(column);
     return letters + ':' + letters;
   }
-  const FormulaToken alone = formulaTokens(name, 0, names).front();
-  const bool isClear = isPlainName(name) && alone.kind == Kind::name && alone.end == name.size();
-  return isClear ? name : bracketedName(name);
+  return clearName(name, names);
 }
 
 }  // namespace

@@ -247,6 +247,12 @@ class Tokenizer {
   std::vector<FormulaToken> tokens_;
 };
 
+// Whether a name can stand without brackets, as far as its characters go.
+bool isPlainName(std::string_view name) {
+  return !name.empty() && startsWord(name[0]) && std::all_of(name.begin(), name.end(), isInWord) &&
+         name.find('$') == std::string_view::npos;
+}
+
 }  // namespace
 
 std::string_view WrittenAddress::letters() const {
@@ -265,11 +271,6 @@ std::vector<FormulaToken> formulaTokens(std::string_view text, std::size_t start
   return Tokenizer(text, start, names).run();
 }
 
-bool isPlainName(std::string_view name) {
-  return !name.empty() && startsWord(name[0]) && std::all_of(name.begin(), name.end(), isInWord) &&
-         name.find('$') == std::string_view::npos;
-}
-
 std::string bracketedName(std::string_view name) {
   std::string text = "[";
   for (const char c : name) {
@@ -277,6 +278,13 @@ std::string bracketedName(std::string_view name) {
     if (c == ']') text += c;
   }
   return text + "]";
+}
+
+std::string clearName(const std::string& name, const SheetNames& names) {
+  if (!isPlainName(name)) return bracketedName(name);
+  const FormulaToken alone = formulaTokens(name, 0, names).front();
+  const bool isClear = alone.kind == FormulaToken::Kind::name && alone.end == name.size();
+  return isClear ? name : bracketedName(name);
 }
 
 }  // namespace tolmer

@@ -45,10 +45,10 @@ struct FormulaToken {
 std::vector<FormulaToken> formulaTokens(std::string_view text, std::size_t start,
                                         const SheetNames& names);
 
-// Whether a name can stand without brackets, as far as its characters go.
-bool isPlainName(std::string_view name);
-
 // "[name]", its own brackets doubled where needed.
 std::string bracketedName(std::string_view name);
+
+// The name as a bare word where that reads as the name and nothing else, in brackets otherwise.
+std::string clearName(const std::string& name, const SheetNames& names);
 
 }  // namespace tolmer

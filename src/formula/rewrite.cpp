@@ -104,12 +104,7 @@ std::string spelledName(const FormulaToken& token, bool isBare, const SheetNames
     const std::string letters = "$" + columnLetters(token.column);
     return letters + ":" + letters;
   }
-  // A word that reads as the name and nothing else.
-  if (isBare && isPlainName(heading)) {
-    const FormulaToken alone = formulaTokens(heading, 0, names).front();
-    if (alone.kind == Kind::name && alone.end == heading.size()) return heading;
-  }
-  return bracketedName(heading);
+  return isBare ? clearName(heading, names) : bracketedName(heading);
 }
 
 }  // namespace

@@ -18,7 +18,7 @@ bool isControl(char c) {
 }
 
 // A cell is one line: what would break it is a blank.
-std::string onOneLine(std::string_view field) {
+std::string cellText(std::string_view field) {
   const auto breaks = [](char c) { return c == '\t' || c == '\n' || c == '\r'; };
   field = withoutTextMark(trimmed(field));
   std::string line(field);
@@ -89,7 +89,7 @@ Result<TextTable> rawTable(std::string text, char separator, TextOrigin origin) 
     auto record = reader.next();
     if (!record) return Error{"line " + record.error().where.substr(5), record.error().text};
     std::vector<std::string> row;
-    for (const FieldSpan field : record->fields) row.push_back(onOneLine(field.in(text)));
+    for (const FieldSpan field : record->fields) row.push_back(cellText(field.in(text)));
     if (origin == TextOrigin::file && separator != noSeparator && isBlankLine(row)) {
       ++table.blankLines;
       continue;
