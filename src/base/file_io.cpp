@@ -226,6 +226,13 @@ bool isRegularFile(const std::string& hostFileName) {
   return std::filesystem::is_regular_file(hostFileName, none);
 }
 
+// Root may write anywhere; a file that nobody may write is read-only for root as well.
+bool isReadOnly(const std::string& hostFileName) {
+  struct stat about {};
+  if (::stat(hostFileName.c_str(), &about) != 0) return false;
+  return (about.st_mode & 0222) == 0 || ::access(hostFileName.c_str(), W_OK) != 0;
+}
+
 std::optional<Error> writeFileAtomically(const std::string& hostFileName, std::string_view bytes) {
   const auto target = targetOf(hostFileName);
   if (!target) return target.error();

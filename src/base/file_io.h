@@ -24,6 +24,9 @@ Result<std::string> readWholeFile(const std::string& hostFileName,
 // Whether there is such a file. False where the folder cannot be looked into.
 bool isRegularFile(const std::string& hostFileName);
 
+// The file exists and this user may not change it, or nobody may.
+bool isReadOnly(const std::string& hostFileName);
+
 // Writes beside the target, flushes to disk and renames over it, so that a crash or a full disk
 // leaves the old file whole. A replaced file keeps owner, group, mode, access list and other names;
 // where a new one could not have them, the old one is overwritten while a copy

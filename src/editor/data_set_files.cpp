@@ -159,7 +159,7 @@ bool DataSetFiles::openText(const std::string& name) {
 
 bool DataSetFiles::SaveCurrentFile() {
   const std::string name = sheet_.mtFileName();
-  return !wasGivenUp(name, true) && !isToldReadOnly(name) && mayOverwrite(name) && SaveFile(name);
+  return !wasGivenUp(name, true) && mayOverwrite(name) && SaveFile(name);
 }
 
 void DataSetFiles::takeUp(const std::string& name, std::int64_t written) {
@@ -175,7 +175,7 @@ void DataSetFiles::remember(const std::string& name) {
 }
 
 bool DataSetFiles::mayOverwrite(const std::string& name) {
-  if (!secondsWritten(name)) return true;  // it is not there
+  if (!secondsWritten(name) || isReadOnly(name)) return true;  // there is nothing to overwrite
   const auto bytes = readWholeFile(name);
   const auto known = known_.find(name);
   if (bytes && known != known_.end() && known->second == std::hash<std::string>{}(*bytes))
@@ -191,37 +191,27 @@ bool DataSetFiles::mayOverwrite(const std::string& name) {
               .yesLosesWork = true}) == Answer::yes;
 }
 
-bool DataSetFiles::SaveFileAs() {
-  const auto chosen = desktop_.saveFileDialog({.title = "Save As",
-                                               .kinds = editorFileKinds(sheet_.variables()),
-                                               .folder = dataFolder(),
-                                               .name = sheet_.mtFileName()});
-  return chosen && !isToldReadOnly(chosen->path) && SaveFile(chosen->path);
-}
-
-// The words speak of the folder, but it is the file that counts.
-bool DataSetFiles::isToldReadOnly(const std::string& name) {
-  if (!isReadOnly(name)) return false;
-  desktop_.messageBox({.title = "Read Only",
-                       .text = "This file is in a Read Only directory. Use Save As to save the "
-                               "file to a different directory.",
-                       .icon = MessageIcon::exclamation});
-  return true;
-}
+bool DataSetFiles::SaveFileAs() { return SaveFile({}); }
 
 bool DataSetFiles::SaveFile(const std::string& name) {
-  const bool asText = isTextData(name);
-  const auto failure = asText ? saveSheetText(name, withoutErrors(sheet_), textSeparator(name))
-                              : saveEditorFile(name, sheet_.content());
-  if (failure) {
-    desktop_.messageBox({.title = "Save",
-                         .text = "The data were not saved. " + failure->message(),
-                         .icon = MessageIcon::exclamation});
-    return false;
-  }
+  bool asText = false;
+  const auto bytes = [&](const ChosenFile& file) -> Result<std::string> {
+    asText = isTextData(file.path);
+    if (asText) return sheetText(withoutErrors(sheet_), textSeparator(file.path));
+    return editorFileToSave(file.path, sheet_.content());
+  };
+  const Saving saving =
+      desktop_.saveFile({.question = {.title = "Save As",
+                                      .kinds = editorFileKinds(sheet_.variables()),
+                                      .folder = dataFolder(),
+                                      .name = sheet_.mtFileName()},
+                         .bytes = bytes,
+                         .notSaved = "The data were not saved.",
+                         .path = name});
+  if (saving.end != Saving::End::saved) return false;
   if (asText) return true;
-  sheet_.markSaved(name);
-  remember(name);
+  sheet_.markSaved(saving.path);
+  remember(saving.path);
   return true;
 }
 

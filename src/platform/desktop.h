@@ -60,6 +60,11 @@ class Desktop : public MessagePort {
   virtual std::optional<ChosenFile> openFileDialog(const FileQuestion& question) = 0;
   virtual std::optional<ChosenFile> saveFileDialog(const FileQuestion& question) = 0;
 
+  // The way of all files out of the models: asks for a name, unless it is known, has the bytes made
+  // and writes them whole or not at all. A file that may only be read is refused. A front end that
+  // reaches no files of the user's hands the bytes over in its own way.
+  virtual Saving saveFile(const FileToSave& file);
+
   virtual void showHelp(const HelpRequest& request) = 0;
   // False where no such window stands or the document cannot be opened.
   virtual bool activateProgram(const std::string& title) = 0;
@@ -69,6 +74,10 @@ class Desktop : public MessagePort {
   [[noreturn]] virtual void endProgram(int status) = 0;
 
   TimerQueue& timers() { return timers_; }
+
+ protected:
+  // Says so in a box.
+  Saving failed(const FileToSave& file, const Error& reason);
 
  private:
   TimerQueue timers_;

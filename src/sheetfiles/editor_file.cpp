@@ -1,8 +1,5 @@
 #include "sheetfiles/editor_file.h"
 
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <array>
 #include <charconv>
 #include <filesystem>
@@ -207,13 +204,12 @@ Result<EditorFileContent> editorFileContent(std::string_view bytes, int observat
   return Reader(observations, variables).read(rest);
 }
 
-std::optional<Error> saveEditorFile(const std::string& fileName, const SheetContent& sheet) {
-  const std::string bytes = editorFileBytes(sheet);
-  if (bytes.size() > maxEditorFileBytes)
-    return Error{fileName, "the data need " + std::to_string(bytes.size()) +
-                               " bytes, and a file may have no more than " +
-                               std::to_string(maxEditorFileBytes)};
-  return writeFileAtomically(fileName, bytes);
+Result<std::string> editorFileToSave(const std::string& fileName, const SheetContent& sheet) {
+  std::string bytes = editorFileBytes(sheet);
+  if (bytes.size() <= maxEditorFileBytes) return bytes;
+  return Error{fileName, "the data need " + std::to_string(bytes.size()) +
+                             " bytes, and a file may have no more than " +
+                             std::to_string(maxEditorFileBytes)};
 }
 
 Result<SheetContent> loadEditorFile(const std::string& fileName, int observations, int variables) {
@@ -228,13 +224,6 @@ Result<SheetContent> loadEditorFile(const std::string& fileName, int observation
   auto content = editorFileContent(*bytes, observations, variables);
   if (!content) return Error{fileName, content.error().message()};
   return std::move(content->sheet);
-}
-
-// Root may write anywhere; a file that nobody may write is read-only for root as well.
-bool isReadOnly(const std::string& fileName) {
-  struct stat about {};
-  if (::stat(fileName.c_str(), &about) != 0) return false;
-  return (about.st_mode & 0222) == 0 || ::access(fileName.c_str(), W_OK) != 0;
 }
 
 }  // namespace tolmer

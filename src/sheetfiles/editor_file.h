@@ -49,17 +49,14 @@ Result<EditorFileContent> editorFileContent(std::string_view bytes,
                                             int observations = editorObservations,
                                             int variables = editorVariables);
 
-// Whole or not at all. File names are the host's, as the user chose them: a backslash is a letter
-// like any other. A sheet that would pass the limit, so that it could not be loaded again, is
-// refused and nothing written. nullopt is success.
-std::optional<Error> saveEditorFile(const std::string& fileName, const SheetContent& sheet);
+// The bytes for a student's file of that name. A sheet that would pass the limit, so that it could
+// not be loaded again, is refused.
+Result<std::string> editorFileToSave(const std::string& fileName, const SheetContent& sheet);
 
-// A file over the limit is refused without reading it.
+// File names are the host's, as the user chose them: a backslash is a letter like any other. A file
+// over the limit is refused without reading it.
 Result<SheetContent> loadEditorFile(const std::string& fileName,
                                     int observations = editorObservations,
                                     int variables = editorVariables);
-
-// The file exists and this user may not change it, or nobody may.
-bool isReadOnly(const std::string& fileName);
 
 }  // namespace tolmer

@@ -3,7 +3,6 @@
 #include <cmath>
 #include <string_view>
 
-#include "base/file_io.h"
 #include "base/tabbed_text.h"
 #include "sheet/sheet_content.h"
 #include "textimport/typed_number.h"
@@ -70,11 +69,6 @@ std::string sheetText(const SheetContent& sheet, char separator) {
       out += column < last ? separator : '\n';
     }
   return out;
-}
-
-std::optional<Error> saveSheetText(const std::string& fileName, const SheetContent& sheet,
-                                   char separator) {
-  return writeFileAtomically(fileName, sheetText(sheet, separator));
 }
 
 }  // namespace tolmer

@@ -1,10 +1,8 @@
 // The sheet as text data for other programs.
 #pragma once
 
-#include <optional>
 #include <string>
 
-#include "base/error.h"
 #include "sheet/sheet_content.h"
 
 namespace tolmer {
@@ -15,9 +13,5 @@ namespace tolmer {
 // their results, an error as nothing. Fields are quoted where they hold the separator, a quote, a
 // line end or blanks at an end. Lines end in a line feed. `separator` is ',' or a tab.
 std::string sheetText(const SheetContent& sheet, char separator);
-
-// Whole or not at all; the name is the host's. nullopt is success.
-std::optional<Error> saveSheetText(const std::string& fileName, const SheetContent& sheet,
-                                   char separator);
 
 }  // namespace tolmer

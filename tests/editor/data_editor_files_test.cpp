@@ -449,5 +449,30 @@ TEST_F(DataEditorFiles, TextForOthersIsNoFileOfTheDataSet) {
   });
 }
 
+// A desktop that reaches no files of the user's.
+struct Downloads : HeadlessDesktop {
+  Saving saveFile(const FileToSave& file) override {
+    const auto bytes = file.bytes({file.question.name.empty() ? "new.zmm" : file.question.name});
+    return bytes ? downloaded = *bytes, Saving{Saving::End::saved} : failed(file, bytes.error());
+  }
+  std::string downloaded;
+};
+
+TEST_F(DataEditorFiles, DataSavedWhereNobodyCanTellAreSavedAndHaveNoFile) {
+  Downloads browser;
+  HeadlessUser hand(browser);
+  frmDataEditor there(browser, {folder.path() + "/tolmod", ""});
+  browser.onModal = [&](Window&) {
+    EXPECT_TRUE(there.spdData.enter({2, 2}, "1.5"));
+    hand.menu("frmDataEditor", "File/Save As...");
+    EXPECT_FALSE(there.sheet().changeMade() || there.sheet().unsaved());
+    EXPECT_FALSE(there.menu.mnuFileSave.enabled());
+    hand.click("frmDataEditor", "cmdCancel");
+  };
+  there.ShowDataEditor();
+  EXPECT_EQ(editorFileContent(browser.downloaded)->sheet.cells(1, 1).number, 1.5);
+  EXPECT_TRUE(browser.boxes().empty());
+}
+
 }  // namespace
 }  // namespace tolmer::test

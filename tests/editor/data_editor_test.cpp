@@ -319,7 +319,8 @@ TEST_F(LostWork, ThatCannotBeReadIsKeptOrDeletedAsTheUserSays) {
 TEST_F(LostWork, OfAFileThatChangedSinceDoesNotOverwriteItUnasked) {
   const auto savesOver = [&](std::chrono::seconds later) {
     const std::string file = folder.file("mine.zmm");
-    EXPECT_FALSE(saveEditorFile(file, SheetContent(editorObservations, editorVariables)));
+    EXPECT_FALSE(writeFileAtomically(
+        file, editorFileBytes(SheetContent(editorObservations, editorVariables))));
     leaveBehind(5, file);
     fs::last_write_time(file, fs::last_write_time(file) + later);
     answers = {Answer::yes, Answer::no};

@@ -2,9 +2,11 @@
 // what is there already changes nothing, and a control may be destroyed in its own event.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <sys/stat.h>
 
 #include <tuple>
 
+#include "base/file_io.h"
 #include "platform/button.h"
 #include "platform/check_box.h"
 #include "platform/combo_box.h"
@@ -21,6 +23,7 @@
 #include "platform/text_box.h"
 #include "platform/user_input.h"
 #include "platform/window.h"
+#include "support/temp_folder.h"
 
 namespace tolmer {
 namespace {
@@ -336,6 +339,33 @@ TEST_F(InputTest, SystemGroundsAreNotAControlsOwn) {
     control->setBackColour(colour);
     EXPECT_EQ(control->hasOwnGround(), own) << control->name();
   }
+}
+
+// The full disk and the like are seen with the editor.
+TEST_F(WindowTest, ASavingIsDoneGivenUpOrFailsAndSaysWhy) {
+  const test::TempFolder folder;
+  Result<std::string> bytes = std::string("<html>");
+  std::size_t kind = 9;
+  const FileToSave report{.question = {"Save Report", {{"Page", {"html"}}, {"Script", {"R"}}}},
+                          .bytes = [&](const ChosenFile& file) { return kind = file.kind, bytes; },
+                          .notSaved = "The report was not saved."};
+  std::optional<std::string> name;
+  desktop.onSaveFile = [&](const FileQuestion&) { return name; };
+  EXPECT_EQ(desktop.saveFile(report).end, Saving::End::givenUp);
+  EXPECT_EQ(kind, 9U);
+  name = folder.file("a.R");
+  EXPECT_EQ(desktop.saveFile(report).path, folder.file("a.R"));
+  EXPECT_EQ(kind, 1U);
+  bytes = Error{"", "There is no model."};
+  EXPECT_EQ(desktop.saveFile(report).end, Saving::End::failed);
+  EXPECT_EQ(*readWholeFile(*name), "<html>");
+  ASSERT_EQ(::chmod(name->c_str(), 0444), 0);
+  EXPECT_EQ(desktop.saveFile(report).end, Saving::End::failed);
+  ASSERT_EQ(desktop.boxes().size(), 2U);
+  EXPECT_EQ(desktop.boxes()[0].box.text, "The report was not saved. There is no model.");
+  EXPECT_EQ(desktop.boxes()[1].box.text,
+            "This file is in a Read Only directory. Use Save Report to save the file to a "
+            "different directory.");
 }
 
 TEST(MessageBoxTest, EscapeAnswersByTheLastButtonUnlessWorkIsLost) {

@@ -34,6 +34,11 @@ DataCell formula(std::string source, double result, std::uint32_t seed = 0) {
       .kind = DataCell::Kind::formula, .seed = seed, .number = result, .text = std::move(source)};
 }
 
+std::optional<Error> saveEditorFile(const std::string& name, const SheetContent& sheet) {
+  const auto bytes = editorFileToSave(name, sheet);
+  return bytes ? writeFileAtomically(name, *bytes) : bytes.error();
+}
+
 double anyFinite(Random& random) {
   for (;;)
     if (const auto value = std::bit_cast<double>(random()); std::isfinite(value)) return value;
@@ -235,8 +240,8 @@ TEST_F(EditorFile, aSaveLeavesAFileAloneWhoseNameDiffersInCase) {
   ASSERT_FALSE(saveEditorFile(folder.file("A.zmm"), sheet));
   EXPECT_EQ(*loadEditorFile(name), kept);
   EXPECT_EQ(*loadEditorFile(folder.file("A.zmm")), sheet);
-  ASSERT_FALSE(saveSheetText(folder.file("a.CSV"), sheet, ','));
-  ASSERT_FALSE(saveSheetText(folder.file("a.csv"), sheet, ','));
+  ASSERT_FALSE(writeFileAtomically(folder.file("a.CSV"), sheetText(sheet, ',')));
+  ASSERT_FALSE(writeFileAtomically(folder.file("a.csv"), sheetText(sheet, ',')));
   EXPECT_TRUE(fs::exists(folder.file("a.CSV")) && fs::exists(folder.file("a.csv")));
 }
 
@@ -278,7 +283,7 @@ TEST_F(EditorFile, textDataGoOutAndComeBackExactly) {
       if (random() % 10) sheet.cells(row, column) = number(anyFinite(random));
   }
   for (const char separator : {',', '\t'}) {
-    ASSERT_FALSE(saveSheetText(name, sheet, separator));
+    ASSERT_FALSE(writeFileAtomically(name, sheetText(sheet, separator)));
     const auto table =
         TextImport::read(*readWholeFile(name), {.observations = 500, .variables = 50})->apply({});
     ASSERT_TRUE(table) << table.error().message();
