@@ -34,6 +34,7 @@ using TextMaker = Sections (*)(const AnalysisState&);
 struct Display {
   DisplayId id;
   const char* form;        // its window, and its key in the report
+  const char* word;        // its name on a command line
   const char* control;     // what fills the window
   const char* caption;     // of the window
   const char* menuWords;   // in the menu of the main window

@@ -2,31 +2,18 @@
 #include <malloc.h>
 #include <unistd.h>
 
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <exception>
 #include <string>
 #include <vector>
 
 #include "base/program_folder.h"
 #include "base/text_encoding.h"
+#include "report/report_document.h"
 #include "report/report_program.h"
 
 namespace {
-
-std::string today() {
-  const std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-  std::tm local{};
-  ::localtime_r(&now, &local);
-  const auto digits = [](int number, std::size_t count) {
-    const std::string text = std::to_string(number);
-    return std::string(count > text.size() ? count - text.size() : 0, '0') + text;
-  };
-  return digits(local.tm_year + 1900, 4) + "-" + digits(local.tm_mon + 1, 2) + "-" +
-         digits(local.tm_mday, 2);
-}
 
 bool write(std::FILE* stream, const std::string& text) {
   return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&
@@ -36,7 +23,7 @@ bool write(std::FILE* stream, const std::string& text) {
 int run(const std::vector<std::string>& words) {
   // no-color.org: the variable, whatever its value, asks for plain text.
   const bool coloured = ::isatty(STDOUT_FILENO) == 1 && !std::getenv("NO_COLOR");
-  const tolmer::ReportSurroundings around{tolmer::programFolder(), today(), coloured};
+  const tolmer::ReportSurroundings around{tolmer::programFolder(), tolmer::reportDate(), coloured};
   const tolmer::ReportOutcome outcome = tolmer::runReport(words, around);
   write(stderr, outcome.errors);
   if (write(stdout, outcome.output)) return outcome.status;

@@ -7,7 +7,6 @@
 #include "base/markup_text.h"
 #include "platform/graph/svg_writer.h"
 #include "report/html_table.h"
-#include "state/model_variables.h"
 
 namespace tolmer {
 namespace {
@@ -82,12 +81,17 @@ std::string_view withoutEndBlanks(std::string_view text) {
 }
 
 struct ShownHtml {
-  const ReportedDisplay& shown;
+  const ReportedPart& shown;
+
+  std::string operator()(const FittedEquation& equation) const {
+    return "<h2>" + markupText(shown.title) + "</h2>\n<p class=\"equation\">" +
+           markupText(equation.text) + "</p>\n";
+  }
 
   // The sentence that tells the graph stands below it, for everybody.
   std::string operator()(const GraphContent& graph) const {
     return "<figure>\n<figcaption><h2>" + markupText(shown.title) + "</h2></figcaption>\n" +
-           writeSvg(graph.plot.picture(), shown.display->caption, graph.description) +
+           writeSvg(graph.plot.picture(), std::string(captionOf(shown.part)), graph.description) +
            "<p class=\"spoken\">" + markupText(graph.description) + "</p>\n</figure>\n";
   }
 
@@ -102,45 +106,39 @@ struct ShownHtml {
   }
 };
 
-std::string displayHtml(const ReportedDisplay& shown) {
-  return "<section id=\"" + std::string(shown.display->form) + "\">\n" +
+std::string partHtml(const ReportedPart& shown) {
+  return "<section id=\"" + std::string(wordOf(shown.part)) + "\">\n" +
          std::visit(ShownHtml{shown}, shown.content) + "</section>\n";
 }
 
-std::string contentsHtml(const std::vector<const ReportedDisplay*>& displays) {
+std::string contentsHtml(const std::vector<ReportedPart>& parts) {
   std::string html = "<nav aria-label=\"Contents\">\n<h2>Contents</h2>\n<ol>\n";
-  for (const ReportedDisplay* shown : displays)
-    html += "<li><a href=\"#" + std::string(shown->display->form) + "\">" +
-            markupText(shown->title) + "</a></li>\n";
+  for (const ReportedPart& shown : parts)
+    html += "<li><a href=\"#" + std::string(wordOf(shown.part)) + "\">" + markupText(shown.title) +
+            "</a></li>\n";
   return html + "</ol>\n</nav>\n";
 }
 
-std::string predictorNames(const AnalysisState& state) {
-  std::string names;
-  for (int i = 2; i <= state.iNumPredictors + 1; ++i)
-    names += (i > 2 ? ", " : "") + variableName(state, i);
-  return names;
+std::string factsHtml(const ReportDocument& document) {
+  std::string html = "<dl class=\"facts\">\n";
+  for (const ReportFact& fact : document.facts)
+    html += "<dt>" + markupText(fact.name) + "</dt><dd>" + markupText(fact.value) + "</dd>\n";
+  return html + "</dl>\n";
 }
 
-std::string fact(std::string_view name, std::string_view value) {
-  return "<dt>" + markupText(name) + "</dt><dd>" + markupText(value) + "</dd>\n";
+std::string remarksHtml(const ReportDocument& document) {
+  if (document.remarks.empty()) return {};
+  std::string html = "<div class=\"remarks\">\n";
+  for (const std::string& line : document.remarks)
+    if (!line.empty()) html += "<p>" + markupText(line) + "</p>\n";
+  return html + "</div>\n";
 }
 
-std::string factsHtml(const ReportRun& run, std::string_view date) {
-  const AnalysisState& state = run.state();
-  return "<dl class=\"facts\">\n" + fact("Data file", run.dataFile()) +
-         fact("Cases", std::to_string(state.iNumCases)) +
-         fact("Dependent variable", variableName(state, 1)) +
-         fact(state.iNumPredictors == 1 ? "Independent variable" : "Independent variables",
-              predictorNames(state)) +
-         (state.bUseIntercept ? "" : fact("Intercept", "none")) + "<dt>Date</dt><dd><time>" +
-         markupText(date) + "</time></dd>\n</dl>\n";
-}
-
-std::string messagesHtml(const ReportRun& run) {
-  if (run.messages().empty()) return {};
+std::string messagesHtml(const ReportDocument& document) {
+  if (document.messages.empty()) return {};
   std::string html = "<div class=\"messages\">\n<h2>Messages</h2>\n";
-  for (const std::string& text : run.messageTexts()) html += "<p>" + markupText(text) + "</p>\n";
+  for (const std::string& text : messageTexts(document))
+    html += "<p>" + markupText(text) + "</p>\n";
   return html + "</div>\n";
 }
 
@@ -151,24 +149,15 @@ std::string headHtml(const std::string& title) {
          title + "</title>\n<style>" + std::string(pageStyle) + "</style>\n</head>\n";
 }
 
-// Lists of cases come last, where they break no page that others share.
-std::vector<const ReportedDisplay*> inPageOrder(const ReportRun& run) {
-  auto displays = run.inReadingOrder();
-  std::stable_partition(displays.begin(), displays.end(),
-                        [](const ReportedDisplay* shown) { return !shown->display->listsCases; });
-  return displays;
-}
-
 }  // namespace
 
-std::string htmlReport(const ReportRun& run, std::string_view date) {
-  const std::string title = markupText("Multiple regression of " + variableName(run.state(), 1));
-  const auto displays = inPageOrder(run);
+std::string htmlReport(const ReportDocument& document) {
+  const std::string title = markupText(document.title);
   std::string html = headHtml(title) + "<body>\n<header>\n<h1>" + title + "</h1>\n" +
-                     factsHtml(run, date) + "</header>\n<main>\n" + messagesHtml(run) +
-                     "<section>\n<h2>Fitted Model</h2>\n<p class=\"equation\">" +
-                     markupText(run.equation()) + "</p>\n</section>\n" + contentsHtml(displays);
-  for (const ReportedDisplay* shown : displays) html += displayHtml(*shown);
+                     factsHtml(document) + remarksHtml(document) + "</header>\n<main>\n" +
+                     messagesHtml(document);
+  if (document.parts.size() > 1) html += contentsHtml(document.parts);
+  for (const ReportedPart& shown : document.parts) html += partHtml(shown);
   return html + "</main>\n</body>\n</html>\n";
 }
 

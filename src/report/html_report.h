@@ -4,12 +4,12 @@
 #include <string>
 #include <string_view>
 
-#include "report/report_run.h"
+#include "report/report_document.h"
 
 namespace tolmer {
 
 // One page that needs nothing beside it: equation, tables as tables, graphs as SVG, messages of
 // the run. `date` as it is to be printed.
-std::string htmlReport(const ReportRun& run, std::string_view date);
+std::string htmlReport(const ReportDocument& document);
 
 }  // namespace tolmer

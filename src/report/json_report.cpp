@@ -234,10 +234,10 @@ const char* answerName(Answer answer) {
   return "ok";
 }
 
-void writeMessages(JsonWriter& json, const ReportRun& run) {
+void writeMessages(JsonWriter& json, const ReportDocument& document) {
   json.key("messages");
   json.beginArray();
-  for (const AnsweredBox& message : run.messages()) {
+  for (const AnsweredBox& message : document.messages) {
     json.beginObject();
     json.member("title", message.box.title);
     json.member("text", message.box.text);
@@ -274,6 +274,7 @@ void writeTable(JsonWriter& json, const TableContent& table) {
 struct ShownWriter {
   JsonWriter& json;
 
+  void operator()(const FittedEquation&) const {}  // stands above the displays
   void operator()(const GraphContent& graph) const { writeGraph(json, graph.plot); }
   void operator()(const TableContent& table) const { writeTable(json, table); }
   void operator()(const Sections& sections) const {
@@ -285,17 +286,19 @@ struct ShownWriter {
 
 }  // namespace
 
-std::string jsonReport(const ReportRun& run) {
+std::string jsonReport(const ReportDocument& document) {
   JsonWriter json;
   json.beginObject();
-  writeMessages(json, run);
-  json.member("equation", run.equation());
+  writeMessages(json, document);
+  for (const ReportedPart& shown : document.parts)
+    if (const auto* equation = std::get_if<FittedEquation>(&shown.content))
+      json.member("equation", equation->text);
   json.key("state");
-  writeState(json, run.state());
+  writeState(json, *document.state);
   json.key("displays");
   json.beginObject();
-  for (const ReportedDisplay& shown : run.displays()) {
-    json.key(shown.display->form);
+  for (const ReportedPart& shown : document.parts) {
+    if (shown.part) json.key(shown.part->form);
     std::visit(ShownWriter{json}, shown.content);
   }
   json.endObject();

@@ -3,10 +3,10 @@
 
 #include <string>
 
-#include "report/report_run.h"
+#include "report/report_document.h"
 
 namespace tolmer {
 
-std::string jsonReport(const ReportRun& run);
+std::string jsonReport(const ReportDocument& document);
 
 }  // namespace tolmer

@@ -15,11 +15,11 @@ using Problem = std::optional<std::string>;
 
 Problem takeFormat(ReportOptions& options, const std::string& value) {
   if (value == "text")
-    options.format = ReportFormat::text;
+    options.request.format = ReportFormat::text;
   else if (value == "json")
-    options.format = ReportFormat::json;
+    options.request.format = ReportFormat::json;
   else if (value == "html")
-    options.format = ReportFormat::html;
+    options.request.format = ReportFormat::html;
   else
     return "--format is text, json or html, not \"" + value + "\"";
   return std::nullopt;

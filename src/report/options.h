@@ -5,10 +5,9 @@
 #include <vector>
 
 #include "base/error.h"
+#include "report/report_request.h"
 
 namespace tolmer {
-
-enum class ReportFormat { text, json, html };
 
 // The axes of one scatter plot, as they are written.
 struct PlotRequest {
@@ -28,7 +27,7 @@ struct ReportOptions {
   int example = 0;                 // number of a scenario of the course's examples, from 1
   bool defaultExample = false;
   std::string programFolder;  // where the course's notebook lies; empty: beside the program
-  ReportFormat format = ReportFormat::text;
+  ReportRequest request;
   bool help = false;
 };
 

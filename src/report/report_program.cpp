@@ -8,11 +8,10 @@
 #include "report/course_data.h"
 #include "report/csv_dataset.h"
 #include "report/csv_reader.h"
-#include "report/html_report.h"
-#include "report/json_report.h"
 #include "report/model_by_name.h"
 #include "report/options.h"
-#include "report/text_report.h"
+#include "report/report_document.h"
+#include "report/report_run.h"
 
 namespace tolmer {
 namespace {
@@ -25,24 +24,6 @@ ReportOutcome usageFault(const Error& error) {
   ReportOutcome outcome = failed(ReportOutcome::usageAtFault, error);
   outcome.errors += "Try tolreport --help.\n";
   return outcome;
-}
-
-std::string written(const ReportRun& run, ReportFormat format, const ReportSurroundings& around) {
-  switch (format) {
-    case ReportFormat::json:
-      return jsonReport(run);
-    case ReportFormat::html:
-      return htmlReport(run, around.date);
-    case ReportFormat::text:
-      break;
-  }
-  return textReport(run, around.isColoured);
-}
-
-// On a page, where graphs are set among text, they are smaller, so that their letters keep the size
-// of the text when a sheet of A4 takes them in.
-ViewSize graphSize(ReportFormat format) {
-  return format == ReportFormat::html ? ViewSize{720, 400} : ViewSize{960, 500};
 }
 
 // A course's texts, and the name of any file, may hold what acts on a terminal.
@@ -70,8 +51,11 @@ ReportOutcome reportOn(WorkingCopy& copy, const ReportOptions& options,
   if (auto error = tooManyPredictors(copy)) return usageFault(*error);
   const auto axes = chooseAxesByName(copy, options.plots);
   if (!axes) return usageFault(axes.error());
-  const ReportRun run(copy, *axes, graphSize(options.format));
-  return {ReportOutcome::done, written(run, options.format, around), {}};
+  MessageLog messages;
+  const AnalysisState state = analysisOf(copy, messages, *axes);
+  ReportRequest request = options.request;
+  request.isColoured = around.isColoured;
+  return {ReportOutcome::done, makeReport(state, request, {around.date, messages.boxes()}), {}};
 }
 
 ReportOutcome reportOnTable(const ReportOptions& options, const ReportSurroundings& around) {

@@ -80,9 +80,9 @@ std::string heading(std::string_view text, bool coloured) {
   return "\n" + line + "\n\n";
 }
 
-std::string messagesText(const ReportRun& run) {
+std::string messagesText(const ReportDocument& document) {
   std::string text;
-  for (const std::string& message : run.messageTexts())
+  for (const std::string& message : messageTexts(document))
     text += wrapped("! " + message, lineWidth, 0) + "\n";
   return text;
 }
@@ -90,6 +90,10 @@ std::string messagesText(const ReportRun& run) {
 // What stands below the heading of a display.
 struct ShownText {
   bool coloured;
+
+  std::string operator()(const FittedEquation& equation) const {
+    return wrapped(equation.text, lineWidth, indent) + "\n";
+  }
 
   std::string operator()(const TableContent& table) const {
     return tableText(table, lineWidth, coloured);
@@ -109,26 +113,24 @@ struct ShownText {
   }
 };
 
-std::string counted(int count, const std::string& noun) {
-  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
-std::string summaryLine(const ReportRun& run) {
-  const AnalysisState& state = run.state();
-  return std::string(run.dataFile()) + ": " + counted(state.iNumCases, "case") + ", " +
-         counted(state.iNumPredictors, "independent variable") +
-         (state.bUseIntercept ? "" : ", no intercept");
+std::string headText(const ReportDocument& document) {
+  std::string text = wrapped(document.title, lineWidth, 0) + "\n\n";
+  for (const ReportFact& fact : document.facts)
+    text += wrapped(fact.name + ": " + fact.value, lineWidth, indent) + "\n";
+  if (!document.remarks.empty()) text += "\n";
+  for (const std::string& line : document.remarks) text += wrapped(line, lineWidth, indent) + "\n";
+  return text;
 }
 
 }  // namespace
 
-std::string textReport(const ReportRun& run, bool coloured) {
-  std::string text = messagesText(run);
+std::string textReport(const ReportDocument& document) {
+  const bool coloured = document.isColoured;
+  std::string text = messagesText(document);
   if (!text.empty()) text += "\n";
-  text += wrapped(summaryLine(run), lineWidth, 0) + "\n\n";
-  text += wrapped(run.equation(), lineWidth, indent) + "\n";
-  for (const ReportedDisplay* shown : run.inReadingOrder())
-    text += heading(shown->title, coloured) + std::visit(ShownText{coloured}, shown->content);
+  text += headText(document);
+  for (const ReportedPart& shown : document.parts)
+    text += heading(shown.title, coloured) + std::visit(ShownText{coloured}, shown.content);
   return text;
 }
 

@@ -38,21 +38,22 @@ TEST_F(HtmlReport, WellFormedPageHoldsEveryDisplayWhole) {
   ReportOptions options;
   options.y = "R<1>&";
   options.labels = "Ort";
-  const auto run = analysed(file, options, {720, 400});
+  options.request.format = ReportFormat::html;
+  const auto run = analysed(file, options);
   const Element page = this->page({file, "--y", "R<1>&", "--labels", "Ort"});
   EXPECT_EQ(page.all("h1").at(0)->text, "Multiple regression of R<1>&");
   EXPECT_THAT(texts(*page.all("dl").at(0)),
-              IsSupersetOf({"a&b.csv", "8", "R<1>&", "</td>\"', Größe;&lt;, <b>", "2026-05-04"}));
-  EXPECT_THAT(texts(page), Contains(run.equation()));
-  ASSERT_THAT(run.displays(), SizeIs(14));
-  for (const ReportedDisplay& shown : run.displays()) {
-    const Element& section = page.withId(shown.display->form);
+              IsSupersetOf({"a&b.csv", "8 read, all of them used", "R<1>&",
+                            "</td>\"', Größe;&lt;, <b>", "2026-05-04"}));
+  ASSERT_THAT(run.document.parts, SizeIs(15));
+  for (const ReportedPart& shown : run.document.parts) {
+    const Element& section = page.withId(std::string(wordOf(shown.part)));
     EXPECT_THAT(texts(section), IsSupersetOf(std::visit(test::TextsOf{}, shown.content)))
-        << shown.display->form;
+        << shown.title;
     const bool isGraph = std::holds_alternative<GraphContent>(shown.content);
     EXPECT_EQ(section.all("svg").size(), isGraph ? 1U : 0U);
     EXPECT_EQ(section.all("h2").at(0)->text, shown.title);
-    EXPECT_THAT(texts(section), Contains(shown.display->caption));
+    EXPECT_THAT(texts(section), Contains(captionOf(shown.part)));
   }
 }
 
@@ -88,7 +89,7 @@ TEST_F(HtmlReport, StandsAloneAndItsLinksLeadSomewhere) {
   for (const char* outside : {"url(", "@import", "@font-face"})
     EXPECT_EQ(style.find(outside), std::string::npos) << outside;
   EXPECT_THAT(style, HasSubstr("break-inside: avoid"));
-  EXPECT_THAT(page.all("a"), SizeIs(14));
+  EXPECT_THAT(page.all("a"), SizeIs(15));
 }
 
 TEST_F(HtmlReport, TablesHaveCaptionsAndScopes) {
@@ -98,13 +99,13 @@ TEST_F(HtmlReport, TablesHaveCaptionsAndScopes) {
     for (const Element* head : shown->all("th"))
       EXPECT_THAT(head->attribute("scope"), testing::AnyOf("row", "col"));
   }
-  const Element& list = page.withId("frmDataList");
+  const Element& list = page.withId("data");
   EXPECT_THAT(list.all("thead").at(0)->all("th"), SizeIs(5));
   EXPECT_THAT(list.all("tbody").at(0)->all("tr"), SizeIs(10));
   EXPECT_THAT(list.all("tbody").at(0)->all("th"), SizeIs(20));  // case and label
   // Summary figures do not stand under the heads of the variance table.
-  EXPECT_THAT(page.withId("frmANOVA").all("table"), SizeIs(2));
-  EXPECT_THAT(texts(*page.withId("frmEstCoef").all("p").at(0)), Contains("p < .01"));
+  EXPECT_THAT(page.withId("anova").all("table"), SizeIs(2));
+  EXPECT_THAT(texts(*page.withId("coefficients").all("p").at(0)), Contains("p < .01"));
 }
 
 // A table of that many columns of seven figures, in HTML.

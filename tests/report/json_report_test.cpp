@@ -42,12 +42,11 @@ TEST_F(JsonReport, GivesTheStateBackExactly) {
   ReportOptions options;
   options.y = "Rent";
   const auto run = analysed(table, options);
-  const AnalysisState& state = run.state();
+  const AnalysisState& state = *run.state;
 
   const Json document = json({table, "--y", "Rent"});
   EXPECT_THAT(document["messages"].items, IsEmpty());
-  EXPECT_EQ(document["equation"].text, run.equation());
-  EXPECT_THAT(run.equation(), StartsWith("Rent = "));
+  EXPECT_THAT(document["equation"].text, StartsWith("Rent = "));
   const Json& shown = document["state"];
   EXPECT_EQ(shown["iNumCases"].number<int>(), 10);
   EXPECT_EQ(shown["iNumPredictors"].number<int>(), 2);
@@ -88,6 +87,7 @@ TEST_F(JsonReport, GivesTheStateBackExactly) {
 struct ExpectShown {
   const Json& shown;
 
+  void operator()(const FittedEquation& equation) const { EXPECT_EQ(shown.text, equation.text); }
   void operator()(const Sections& sections) const {
     EXPECT_EQ(shown["text"].text, wholeText(sections));
   }
@@ -192,9 +192,10 @@ TEST_F(JsonReport, HoldsEveryDisplayInOrderWithAllItShows) {
       ElementsAre("frmResidHist", "frmStdResidHist", "frmProbPlot", "frmVIFPlot", "frmScatterPlot1",
                   "frmScatterPlot2", "frmScatterPlot3", "frmEstCoef", "frmANOVA", "frmResidList",
                   "frmDataList", "frmCorrMatrix", "frmDescStats", "frmInterpretation"));
-  for (const ReportedDisplay& reported : run.displays()) {
-    SCOPED_TRACE(reported.display->form);
-    std::visit(ExpectShown{displays[reported.display->form]}, reported.content);
+  for (const ReportedPart& reported : run.document.parts) {
+    SCOPED_TRACE(reported.title);
+    const Json& shown = reported.part ? displays[reported.part->form] : document["equation"];
+    std::visit(ExpectShown{shown}, reported.content);
   }
 }
 

@@ -20,7 +20,7 @@ TEST(ReportOptions, FileWithEverything) {
   EXPECT_THAT(options->x, ElementsAre("Size", "Age, years", "Floor"));
   EXPECT_EQ(options->labels, "Town");
   EXPECT_FALSE(options->intercept);
-  EXPECT_EQ(options->format, ReportFormat::json);
+  EXPECT_EQ(options->request.format, ReportFormat::json);
 }
 
 TEST(ReportOptions, CourseDataSets) {

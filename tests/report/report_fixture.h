@@ -6,6 +6,7 @@
 #include "json_reader.h"
 #include "report/csv_dataset.h"
 #include "report/model_by_name.h"
+#include "report/report_document.h"
 #include "report/report_program.h"
 #include "report/report_run.h"
 #include "support/temp_folder.h"
@@ -15,6 +16,7 @@ namespace tolmer::test {
 // The texts that a reader must find of a display, none of them empty.
 struct TextsOf {
   using Texts = std::vector<std::string>;
+  Texts operator()(const FittedEquation& equation) const { return {equation.text}; }
   Texts operator()(const GraphContent& graph) const { return {graph.description}; }
   Texts operator()(const Sections& sections) const {
     Texts texts;
@@ -31,6 +33,11 @@ struct TextsOf {
         if (!cell.text.empty()) texts.push_back(cell.text);
     return texts;
   }
+};
+
+struct Analysed {
+  std::unique_ptr<AnalysisState> state;
+  ReportDocument document;
 };
 
 // A folder with a table of ten flats, and the report program called as from a shell.
@@ -61,12 +68,15 @@ class ReportFixture : public testing::Test {
     return JsonReader(output(words, "json")).readAll();
   }
   // The same analysis, with the displays at hand.
-  static ReportRun analysed(const std::string& table, const ReportOptions& options,
-                            ViewSize graphSize = {960, 500}) {
+  static Analysed analysed(const std::string& table, const ReportOptions& options) {
     const auto csv = CsvTable::open(table);
     auto copy = dataSetFromTable(*csv, options);
     EXPECT_FALSE(chooseModelByName(*copy, options));
-    return ReportRun(*copy, *chooseAxesByName(*copy, options.plots), graphSize);
+    MessageLog messages;
+    auto state = std::make_unique<AnalysisState>(
+        analysisOf(*copy, messages, *chooseAxesByName(*copy, options.plots)));
+    auto document = reportDocument(*state, options.request, {"2026-05-04", messages.boxes()});
+    return {std::move(state), std::move(document)};
   }
 
   static constexpr std::string_view flats =

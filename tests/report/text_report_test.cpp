@@ -35,21 +35,22 @@ TEST_F(TextReport, TellsAllDisplaysInReadingOrder) {
   options.labels = "Street";
   const auto run = analysed(table, options);
   const std::string text = report({table, "--y", "Rent", "--labels", "Street"}).output;
-  EXPECT_THAT(text, StartsWith("flats.csv: 10 cases, 2 independent variables\n\n  Rent = "));
+  EXPECT_THAT(text, StartsWith("Multiple regression of Rent\n\n  Data file: flats.csv\n"
+                               "  Cases: 10 read, all of them used\n"));
   std::vector<std::string> captions;
   for (const std::string& line : lines(text))
-    for (const ReportedDisplay& shown : run.displays())
+    for (const ReportedPart& shown : run.document.parts)
       if (line == shown.title) captions.push_back(line);
-  EXPECT_THAT(captions, ElementsAre("Interpretation", "ANOVA Table", "Estimated Coefficients",
-                                    "Descriptive Statistics", "Correlation Matrix", "Residual List",
-                                    "Data List", "Histogram of Residuals",
-                                    "Histogram of Standardized Residuals",
+  EXPECT_THAT(captions, ElementsAre("Fitted Model", "Interpretation", "ANOVA Table",
+                                    "Estimated Coefficients", "Descriptive Statistics",
+                                    "Correlation Matrix", "Residual List", "Data List",
+                                    "Histogram of Residuals", "Histogram of Standardized Residuals",
                                     "Normality Plot for Residuals", "Variance Inflation Factors",
                                     "Scatter Plot 1", "Scatter Plot 2", "Scatter Plot 3"));
   const std::string read = words(text);
-  for (const ReportedDisplay& shown : run.displays()) {
+  for (const ReportedPart& shown : run.document.parts) {
     for (const std::string& told : std::visit(test::TextsOf{}, shown.content))
-      EXPECT_THAT(read, HasSubstr(words(told))) << shown.display->form;
+      EXPECT_THAT(read, HasSubstr(words(told))) << shown.title;
     if (const auto* sections = std::get_if<Sections>(&shown.content)) {
       EXPECT_THAT(read, HasSubstr(words(wholeText(*sections)))) << "in their order";
     }

@@ -1,0 +1,175 @@
+#include "report/report_document.h"
+
+#include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <cstdlib>
+#include <ctime>
+
+#include "base/program_words.h"
+#include "base/text_encoding.h"
+#include "engine/fitted_equation.h"
+#include "report/html_report.h"
+#include "report/json_report.h"
+#include "report/text_report.h"
+#include "state/model_variables.h"
+
+namespace tolmer {
+namespace {
+
+// Parts in the order that a format has by itself. JSON keeps that of the table of displays; on a
+// page lists of cases come last, where they break no sheet of paper that others share.
+std::vector<ReportPart> usualParts(ReportFormat format) {
+  std::vector<ReportPart> parts = allParts();
+  if (format == ReportFormat::json)
+    std::sort(parts.begin() + 1, parts.end());
+  else if (format == ReportFormat::html)
+    std::stable_partition(parts.begin(), parts.end(),
+                          [](ReportPart part) { return !part || !part->listsCases; });
+  return parts;
+}
+
+std::vector<ReportPart> chosenParts(const ReportRequest& request) {
+  std::vector<ReportPart> parts;
+  for (const ReportPart part : request.parts ? *request.parts : usualParts(request.format)) {
+    const bool isLeftOut = part && part->listsCases && request.caseLists == CaseLists::none;
+    if (!isLeftOut && std::find(parts.begin(), parts.end(), part) == parts.end())
+      parts.push_back(part);
+  }
+  return parts;
+}
+
+// On a page, where graphs are set among text, they are smaller, so that their letters keep the size
+// of the text when a sheet of A4 takes them in.
+ViewSize graphSize(ReportFormat format) {
+  return format == ReportFormat::html ? ViewSize{720, 400} : ViewSize{960, 500};
+}
+
+ReportedPart reportedPart(ReportPart part, const AnalysisState& state, ReportFormat format,
+                          MessagePort& messages) {
+  if (!part) return {part, std::string(captionOf(part)), FittedEquation{fittedEquation(state)}};
+  ReportedPart reported{part, titleOf(*part, state), {}};
+  std::visit([&](auto&& content) { reported.content = std::move(content); },
+             contentOf(*part, state, graphSize(format), messages));
+  return reported;
+}
+
+void addParts(ReportDocument& document, const ReportRequest& request) {
+  MessageLog messages;
+  for (const ReportPart part : chosenParts(request))
+    document.parts.push_back(reportedPart(part, *document.state, request.format, messages));
+  document.messages.insert(document.messages.end(), messages.boxes().begin(),
+                           messages.boxes().end());
+}
+
+// Without its folders, which are no reader's business.
+std::string nameOfFile(std::string_view file) {
+  return onOneLine(std::string(file.substr(file.find_last_of("/\\") + 1)));
+}
+
+std::string casesText(const AnalysisState& state, int leftOut) {
+  const int used = state.iNumCases;
+  if (leftOut == 0) return std::to_string(used) + " read, all of them used";
+  return std::to_string(used + leftOut) + " read, " + std::to_string(used) + " used, " +
+         std::to_string(leftOut) + " left out as incomplete";
+}
+
+std::string predictorNames(const AnalysisState& state) {
+  std::string names;
+  for (int i = 2; i <= state.iNumPredictors + 1; ++i)
+    names += (i > 2 ? ", " : "") + variableName(state, i);
+  return onOneLine(names);
+}
+
+std::vector<ReportFact> factsOf(const AnalysisState& state, const ReportRequest& request,
+                                const ReportCircumstances& around) {
+  std::vector<ReportFact> facts;
+  const auto add = [&facts](const char* name, std::string value) {
+    if (!value.empty()) facts.push_back({name, std::move(value)});
+  };
+  add("Author", onOneLine(request.author));
+  if (state.bInfoAvailable && !state.tVarDesc.empty()) add("Data", onOneLine(state.tVarDesc[0]));
+  add("Data file", nameOfFile(state.tDataFileName));
+  add("Cases", casesText(state, around.casesLeftOut));
+  add("Dependent variable", onOneLine(variableName(state, 1)));
+  add(state.iNumPredictors == 1 ? "Independent variable" : "Independent variables",
+      predictorNames(state));
+  add("Intercept", state.bUseIntercept ? "" : "none");
+  add("Program", programAndVersion());
+  add("Date", around.date);
+  return facts;
+}
+
+std::vector<std::string> linesOf(std::string text) {
+  std::erase(text, '\r');
+  std::vector<std::string> lines;
+  for (std::size_t at = 0; at < text.size();) {
+    const std::size_t end = std::min(text.find('\n', at), text.size());
+    lines.push_back(onOneLine(text.substr(at, end - at)));
+    at = end + 1;
+  }
+  return lines;
+}
+
+std::string twoDigits(int number) {
+  return {static_cast<char>('0' + number / 10 % 10), static_cast<char>('0' + number % 10)};
+}
+
+}  // namespace
+
+std::string reportDate() {
+  std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+  std::tm day{};
+  const char* fixed = std::getenv("SOURCE_DATE_EPOCH");
+  const std::string_view seconds = fixed ? fixed : "";
+  const bool isFixed =
+      !seconds.empty() &&
+      std::from_chars(seconds.data(), seconds.data() + seconds.size(), now).ec == std::errc();
+  if (!(isFixed ? ::gmtime_r(&now, &day) : ::localtime_r(&now, &day))) return {};
+  return std::to_string(day.tm_year + 1900) + "-" + twoDigits(day.tm_mon + 1) + "-" +
+         twoDigits(day.tm_mday);
+}
+
+ReportDocument reportDocument(const AnalysisState& state, const ReportRequest& request,
+                              const ReportCircumstances& around) {
+  ReportDocument document;
+  document.state = &state;
+  document.title = onOneLine(
+      request.title.empty() ? "Multiple regression of " + variableName(state, 1) : request.title);
+  document.remarks = linesOf(request.remarks);
+  document.facts = factsOf(state, request, around);
+  document.messages = around.messages;
+  document.paper = request.paper;
+  document.isColoured = request.isColoured;
+  if (request.format != ReportFormat::r) addParts(document, request);
+  return document;
+}
+
+std::vector<std::string> messageTexts(const ReportDocument& document) {
+  std::vector<std::string> texts;
+  const auto& boxes = document.messages;
+  for (std::size_t i = 0, next = 0; i < boxes.size(); i = next) {
+    const std::string& text = boxes[i].box.text;
+    for (next = i + 1; next < boxes.size() && boxes[next].box.text == text;) ++next;
+    texts.push_back(next - i == 1 ? text : text + " (" + std::to_string(next - i) + " times)");
+  }
+  return texts;
+}
+
+std::string makeReport(const AnalysisState& state, const ReportRequest& request,
+                       const ReportCircumstances& around) {
+  const ReportDocument document = reportDocument(state, request, around);
+  switch (request.format) {
+    case ReportFormat::json:
+      return jsonReport(document);
+    case ReportFormat::html:
+      return htmlReport(document);
+    case ReportFormat::markdown:
+    case ReportFormat::r:
+    case ReportFormat::text:
+      break;
+  }
+  return textReport(document);
+}
+
+}  // namespace tolmer

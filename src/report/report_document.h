@@ -1,0 +1,61 @@
+// A report as one value, from which every format is written: its head and what each display says.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "report/report_request.h"
+
+namespace tolmer {
+
+// What a report tells beside the analysis.
+struct ReportCircumstances {
+  std::string date;                     // as it is to be printed
+  std::vector<AnsweredBox> messages{};  // of the analysis
+  int casesLeftOut = 0;                 // incomplete ones, which the analysis never saw
+};
+
+// The day as "2026-11-22": today, or what the variable SOURCE_DATE_EPOCH says, so that a report can
+// be made again byte for byte (reproducible-builds.org).
+std::string reportDate();
+
+struct ReportFact {
+  std::string name;
+  std::string value;
+};
+
+struct FittedEquation {
+  std::string text;
+};
+
+struct ReportedPart {
+  ReportPart part;
+  std::string title;
+  std::variant<FittedEquation, TableContent, GraphContent, Sections> content;
+};
+
+// Texts have no control characters and are UTF-8, whatever was asked.
+struct ReportDocument {
+  std::string title;
+  std::vector<std::string> remarks;  // lines
+  std::vector<ReportFact> facts;     // author, data, cases, model, program, date
+  std::vector<AnsweredBox> messages;
+  std::vector<ReportedPart> parts;
+  Paper paper = Paper::a4;
+  bool isColoured = false;
+  const AnalysisState* state;  // outlives the document
+};
+
+// Makes the displays anew from the record, graphs in a size that suits the format.
+ReportDocument reportDocument(const AnalysisState& state, const ReportRequest& request,
+                              const ReportCircumstances& around);
+
+// Texts of the messages for a reader: one that follows itself is told once, with "(3 times)".
+std::vector<std::string> messageTexts(const ReportDocument& document);
+
+// The bytes of the report, UTF-8. Needs an analysis, no windows, and changes nothing.
+std::string makeReport(const AnalysisState& state, const ReportRequest& request,
+                       const ReportCircumstances& around);
+
+}  // namespace tolmer

@@ -1,0 +1,24 @@
+#include "report/report_request.h"
+
+#include <algorithm>
+
+namespace tolmer {
+
+std::vector<ReportPart> allParts() {
+  std::vector<ReportPart> parts = inReadingOrder();
+  parts.insert(parts.begin(), nullptr);
+  return parts;
+}
+
+std::optional<ReportPart> partCalled(std::string_view word) {
+  const auto parts = allParts();
+  const auto found = std::find_if(parts.begin(), parts.end(),
+                                  [word](ReportPart part) { return wordOf(part) == word; });
+  return found == parts.end() ? std::nullopt : std::optional(*found);
+}
+
+std::string_view wordOf(ReportPart part) { return part ? part->word : "equation"; }
+
+std::string_view captionOf(ReportPart part) { return part ? part->caption : "Fitted Model"; }
+
+}  // namespace tolmer
