@@ -38,6 +38,7 @@ struct WorkingCopy {
   IndexedArray<Int16> oiVarCol;           // (0..miNumCols+1); dimensioned with the others, unused
   IndexedArray<bool> obIsIndepVar;        // (0..miNumCols)
   IndexedArray<Int16> oiIndepVarCol;      // (0..miNumCols); 1..miNumPredictors, ascending
+  DataOrigin origin;                      // of osData
 };
 
 // Gives all arrays the bounds of miNumCases and miNumCols; their contents are lost.

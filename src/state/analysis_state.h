@@ -10,6 +10,7 @@
 #include <string>
 #include <vector>
 
+#include "state/data_origin.h"
 #include "state/fit.h"
 #include "state/matrix.h"
 
@@ -63,6 +64,7 @@ struct AnalysisState {
   std::vector<std::string> tVarName;    // (0..iNumCols); element 0 is "Intercept"
   std::vector<std::string> tCaseLabel;  // (0..iNumCases)
   std::vector<std::string> tVarDesc;    // (0..iNumCols); element 0 the data set's comment
+  DataOrigin uOrigin;
 
   // --- model; writer: the designer
   Int16 iNumPredictors = 0;  // K, the intercept not counted
