@@ -15,7 +15,7 @@ namespace tolmer {
 class JsonWriter {
  public:
   // What a report of the largest data set needs; memory is taken where it is written.
-  JsonWriter() { text_.reserve(1U << 20U); }
+  JsonWriter() { whole_.reserve(1U << 20U); }
 
   void beginObject() { open('{', true); }
   void endObject() { close('}'); }
@@ -40,36 +40,49 @@ class JsonWriter {
     value(content);
   }
 
-  const std::string& text() const& { return text_; }
-  std::string text() && { return std::move(text_); }
+  const std::string& text() & {
+    flush();
+    return whole_;
+  }
+  std::string text() && {
+    flush();
+    return std::move(whole_);
+  }
 
  private:
   struct Level {
     bool lines;  // each element on a line of its own
     bool empty = true;
   };
-  // A double as it was written.
-  struct Written {
-    std::uint64_t bits = 0;
-    std::array<char, 32> text{'0'};
-    std::size_t length = 1;
-  };
   void open(char bracket, bool lines);
   void close(char bracket);
   void beforeElement();
   void newLine();
   void integer(long long number);
+  void decimal(double number, int significant);
   void raw(std::string_view token);
   void quote(std::string_view text);
-  void escape(char c);
 
-  std::string text_;
+  // Room for `count` letters, at most as many as a block has; `end` is behind those written.
+  char* room(std::size_t count) {
+    if (block_.size() - used_ < count) flush();
+    return block_.data() + used_;
+  }
+  void wrote(const char* end) { used_ = static_cast<std::size_t>(end - block_.data()); }
+  void put(char letter) {
+    char* const at = room(1);
+    *at = letter;
+    wrote(at + 1);
+  }
+  void put(std::string_view text);
+  void flush();
+
+  std::string whole_;
+  // The last letters, not yet in the whole: appending to a string costs more than a short piece.
+  std::array<char, 4096> block_;
+  std::size_t used_ = 0;
   std::vector<Level> levels_;
   bool afterKey_ = false;
-  // The last ones, in turn: each line of a curve begins where the one before ended, and seventeen
-  // digits are dear.
-  std::array<Written, 4> doubles_;
-  std::size_t nextDouble_ = 0;
 };
 
 }  // namespace tolmer
