@@ -92,41 +92,11 @@ Decimal decimalOf(float value) {
 
 Decimal decimalOf(double value) { return decimalOf<doubleDigits, 767>(value); }
 
-struct Picture {
-  int leftZeros = 0;      // digits that always show left of the point
-  int decimals = 0;       // most digits right of the point
-  int fixedDecimals = 0;  // those of them that always show
-  int exponentDigits = 0;
-  bool point = false;
-  bool grouped = false;
-  bool scientific = false;
-};
-
-Picture readPicture(std::string_view text) {
-  Picture picture;
-  for (const char c : text) {
-    if (c == '.') picture.point = true;
-    if (c == ',') picture.grouped = true;
-    if (c == 'E') picture.scientific = true;
-    if (c != '0' && c != '#') continue;
-    const int shown = c == '0' ? 1 : 0;
-    if (picture.scientific) {
-      ++picture.exponentDigits;
-    } else if (picture.point) {
-      ++picture.decimals;
-      if (shown == 1) picture.fixedDecimals = picture.decimals;
-    } else {
-      picture.leftZeros += shown;
-    }
-  }
-  return picture;
-}
-
 void groupThousands(std::string& text, int begin, int end) {
   for (int at = end - 3; at > begin; at -= 3) text.insert(static_cast<std::size_t>(at), 1, ',');
 }
 
-std::string fixedText(Decimal value, const Picture& picture) {
+std::string fixedText(Decimal value, const NumberPicture& picture) {
   value.roundTo(value.point + picture.decimals);
   const int sign = value.negative && !value.digits.empty() ? 1 : 0;
   const int left = std::max({value.point, picture.leftZeros, 0});
@@ -152,7 +122,7 @@ std::string exponentText(int exponent, int leastDigits) {
          zeros(leastDigits - static_cast<int>(digits.size())) + digits;
 }
 
-std::string scientificText(Decimal value, Picture picture) {
+std::string scientificText(Decimal value, const NumberPicture& picture) {
   const int left = std::max(picture.leftZeros, 1);
   value.roundTo(left + picture.decimals);
   const int exponent = value.digits.empty() ? 0 : value.point - left;
@@ -160,22 +130,42 @@ std::string scientificText(Decimal value, Picture picture) {
   return fixedText(value, picture) + exponentText(exponent, picture.exponentDigits);
 }
 
+// The same of a single's seven digits, from the right, by a short picture.
+std::string fixedText(SevenDigits value, bool negative, const NumberPicture& picture) {
+  value.roundTo(picture.decimals);
+  value.dropZeros(picture.fixedDecimals);
+  const bool sign = negative && value.number > 0;
+  std::array<char, 64> text;
+  char* at = text.data() + text.size();
+  const auto put = [&at, &value] {
+    *--at = static_cast<char>('0' + value.number % 10);
+    value.number /= 10;
+  };
+  for (int i = value.places; i < picture.fixedDecimals; ++i) *--at = '0';
+  for (int i = 0; i < value.places; ++i) put();
+  if (picture.point) *--at = '.';
+  for (int i = 0; value.number > 0 || i < picture.leftZeros; ++i) {
+    if (picture.grouped && i > 0 && i % 3 == 0) *--at = ',';
+    put();
+  }
+  if (sign) *--at = '-';
+  return {at, text.data() + text.size()};
+}
+
 template <class Value>
-std::string byPicture(Value value, std::string_view picture) {
-  if (picture.empty()) return generalText(value);
+std::string byPicture(Value value, const NumberPicture& picture) {
+  if (picture.general) return generalText(value);
   if (!std::isfinite(value)) return "NA";
-  if (std::all_of(picture.begin(), picture.end(), [](char c) { return c == '*'; }))
-    return std::string(picture);
-  const Picture parts = readPicture(picture);
+  if (!picture.itself.empty()) return std::string(picture.itself);
   const Decimal decimal = decimalOf(value);
-  return parts.scientific ? scientificText(decimal, parts) : fixedText(decimal, parts);
+  return picture.scientific ? scientificText(decimal, picture) : fixedText(decimal, picture);
 }
 
 template <class Value>
 std::string general(Value value, int significant) {
   if (!std::isfinite(value)) return "NA";
   const Decimal decimal = decimalOf(value);
-  Picture picture;
+  NumberPicture picture;
   picture.leftZeros = 1;
   const bool fixed = decimal.point <= significant && decimal.count() - decimal.point <= significant;
   picture.decimals = fixed ? significant : decimal.count() - 1;
@@ -186,14 +176,45 @@ std::string general(Value value, int significant) {
 
 }  // namespace
 
-std::string formatNumber(float value, std::string_view picture) {
+NumberPicture::NumberPicture(std::string_view text) : general(text.empty()) {
+  if (text.find_first_not_of('*') == std::string_view::npos) itself = text;
+  for (const char c : text) {
+    if (c == '.') point = true;
+    if (c == ',') grouped = true;
+    if (c == 'E') scientific = true;
+    if (c != '0' && c != '#') continue;
+    const int shown = c == '0' ? 1 : 0;
+    if (scientific) {
+      ++exponentDigits;
+    } else if (point) {
+      ++decimals;
+      if (shown == 1) fixedDecimals = decimals;
+    } else {
+      leftZeros += shown;
+    }
+  }
+  constexpr int mostDigits = 24;
+  isShort = !general && itself.empty() && !scientific && leftZeros + fixedDecimals <= mostDigits;
+}
+
+std::string formatNumber(float value, const NumberPicture& picture) {
+  const float magnitude = std::fabs(value);
+  if (picture.isShort)
+    if (const auto digits = magnitude == 0 ? SevenDigits{} : sevenDigits(magnitude))
+      return fixedText(*digits, value < 0, picture);
   return byPicture(value, picture);
+}
+std::string formatNumber(double value, const NumberPicture& picture) {
+  return byPicture(value, picture);
+}
+std::string formatNumber(float value, std::string_view picture) {
+  return formatNumber(value, NumberPicture(picture));
 }
 std::string formatNumber(double value, std::string_view picture) {
-  return byPicture(value, picture);
+  return formatNumber(value, NumberPicture(picture));
 }
 std::string formatNumber(int value, std::string_view picture) {
-  return byPicture(static_cast<double>(value), picture);
+  return formatNumber(static_cast<double>(value), picture);
 }
 
 std::string generalText(float value) { return general(value, singleDigits); }

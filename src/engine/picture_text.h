@@ -11,10 +11,30 @@
 
 namespace tolmer {
 
+// A picture taken apart, which is worth while for a column.
+struct NumberPicture {
+  NumberPicture() = default;
+  // The text must stay as long as this.
+  explicit NumberPicture(std::string_view text);
+
+  std::string_view itself;  // of asterisks
+  bool general = false;
+  bool isShort = false;   // and none of asterisks, general or scientific
+  int leftZeros = 0;      // digits that always show left of the point
+  int decimals = 0;       // most digits right of the point
+  int fixedDecimals = 0;  // those of them that always show
+  int exponentDigits = 0;
+  bool point = false;
+  bool grouped = false;
+  bool scientific = false;
+};
+
 // The value by the picture. In a picture "0" is a digit that always shows, "#" one that shows if
 // there is one, "," groups thousands, "." is the point, "E+" with zeros behind it the exponent with
 // at least that many digits. A picture of asterisks shows as it is; an empty one stands for the
 // general form. A value that rounds to zero has no minus sign; one that is not finite is "NA".
+std::string formatNumber(float value, const NumberPicture& picture);
+std::string formatNumber(double value, const NumberPicture& picture);
 std::string formatNumber(float value, std::string_view picture);
 std::string formatNumber(double value, std::string_view picture);
 std::string formatNumber(int value, std::string_view picture);

@@ -45,13 +45,15 @@ CellMark outlierMark(const AnalysisState& state, int variable, float value) {
   return isOut ? CellMark::outlier : CellMark::none;
 }
 
-void putData(TableContent& table, const AnalysisState& state, int iCase, int variables) {
+// The pictures are those of the variables, in their order.
+void putData(TableContent& table, const AnalysisState& state, int iCase,
+             std::span<const NumberPicture> pictures) {
   putCase(table, state, iCase, CellRole::heading);
-  const int left = caseColumns(state);
-  for (int j = 1; j <= variables; ++j) {
-    const auto at = static_cast<std::size_t>(j);
-    const float value = state.sData(iCase, state.iModelCol[at]);
-    table.figure(iCase + 1, left + j, formatNumber(value, state.tVarFormat[at]), Align::centre,
+  int col = caseColumns(state);
+  int j = 0;
+  for (const NumberPicture& picture : pictures) {
+    const float value = state.sData(iCase, state.iModelCol[static_cast<std::size_t>(++j)]);
+    table.figure(iCase + 1, ++col, formatNumber(value, picture), Align::centre,
                  outlierMark(state, j, value));
   }
 }
@@ -108,13 +110,14 @@ class ResidualRows {
     const float z = standardized_[i];
     const Band* band = bandOf(z);
     putCase(table, state_, static_cast<int>(i), CellRole::figure);
-    const auto figure = [&](int col, float value, std::string_view picture) {
+    const auto figure = [&](int col, float value, const NumberPicture& picture) {
       table.figure(row, left + col, formatNumber(value, picture), Align::centre);
     };
-    figure(observed, observed_[i], observedPicture_);
-    figure(fitted, state_.Fit.sFitted[i], residualPicture_);
-    figure(residual, state_.Fit.sResid[i], residualPicture_);
-    figure(standardized, z, "0.000");
+    const NumberPicture ofResiduals(residualPicture_);
+    figure(observed, observed_[i], NumberPicture(observedPicture_));
+    figure(fitted, state_.Fit.sFitted[i], ofResiduals);
+    figure(residual, state_.Fit.sResid[i], ofResiduals);
+    figure(standardized, z, NumberPicture("0.000"));
     if (band) table.at(row, left + standardized).mark = band->mark;
     if (!bComments) return;
     table.text(row, left + comment, band ? (z > 0 ? band->above : band->below) : "", Align::centre);
@@ -145,7 +148,10 @@ TableContent dataList(const AnalysisState& state) {
   table.frameShare = 6;
   for (int j = 1; j <= variables; ++j)
     table.heading(1, caseColumns(state) + j, variableName(state, j), Align::centre);
-  for (int i = 1; i <= cases; ++i) putData(table, state, i, variables);
+  std::vector<NumberPicture> pictures;
+  for (int j = 1; j <= variables; ++j)
+    pictures.emplace_back(state.tVarFormat[static_cast<std::size_t>(j)]);
+  for (int i = 1; i <= cases; ++i) putData(table, state, i, pictures);
   table.frameRowsBelow();
   table.key(1, CellMark::outlier);
   return table;

@@ -125,11 +125,12 @@ TableContent correlationTable(const AnalysisState& state) {
   table.frameShare = 5;
   putNames(table, state);
   const Test test(state.iNumCases);
+  const NumberPicture picture("0.0000");
   for (int i = 1; i <= variables; ++i)
     for (int j = 1; j <= variables; ++j) {
       // A variable without spread is one with itself all the same.
       const float r = i == j ? 1 : state.sCorr(i, j);
-      table.figure(i + 1, j + 1, formatNumber(r, "0.0000"), Align::centre,
+      table.figure(i + 1, j + 1, formatNumber(r, picture), Align::centre,
                    i == j ? CellMark::itself : test.markOf(r));
     }
   table.frameRowsBelow();
