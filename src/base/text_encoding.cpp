@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
+#include <cstring>
 #include <utility>
 
 namespace tolmer {
@@ -73,10 +75,36 @@ bool acts(std::string_view character) {
   return first == 0x7F || (first < 0x20 && !breaks);
 }
 
+// ASCII that shows, tabs and line ends.
+bool isPlain(char c) { return (c >= ' ' && c <= '~') || c == '\n' || c == '\r' || c == '\t'; }
+
+// Eight letters that show, seen at once: the top bit of a byte tells of one from 0x80, of one that
+// is less than a blank, and of 0x7F.
+bool areShown(std::string_view eight) {
+  std::uint64_t letters = 0;
+  std::memcpy(&letters, eight.data(), sizeof letters);
+  constexpr std::uint64_t ones = 0x0101010101010101;
+  return ((letters | (letters - ones * ' ') | (letters + ones)) & (ones << 7U)) == 0;
+}
+
+// How many plain letters a text begins with; most texts have no others.
+std::size_t plainLength(std::string_view text) {
+  std::size_t at = 0;
+  while (at < text.size()) {
+    if (text.size() - at >= 8 && areShown(text.substr(at, 8)))
+      at += 8;
+    else if (isPlain(text[at]))
+      ++at;
+    else
+      break;
+  }
+  return at;
+}
+
 }  // namespace
 
 bool isUtf8(std::string_view bytes) {
-  for (std::size_t at = 0; at < bytes.size();) {
+  for (std::size_t at = plainLength(bytes); at < bytes.size();) {
     const std::size_t length = characterLength(bytes, at);
     if (length == 0) return false;
     at += length;
@@ -126,12 +154,7 @@ std::string utf8FromFile(std::string bytes) {
 
 std::string withoutControls(std::string text) {
   const std::string_view all = text;
-  // Most texts are ASCII from end to end.
-  const auto isPlain = [](char c) {
-    return (c >= ' ' && c <= '~') || c == '\n' || c == '\r' || c == '\t';
-  };
-  auto end =
-      static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isPlain) - text.begin());
+  std::size_t end = plainLength(all);
   for (std::size_t at = end; at < all.size();) {
     const std::size_t length = characterLength(all, at);
     const bool shows = length > 0 && !acts(all.substr(at, length));
