@@ -3,7 +3,7 @@
 #include <cstdlib>
 #include <string>
 
-#include "base/checksum.h"
+#include "base/file_io.h"
 #include "sheetfiles/editor_file.h"
 
 namespace {

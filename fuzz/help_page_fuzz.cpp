@@ -5,8 +5,8 @@
 
 #include "base/text_encoding.h"
 #include "help/help_search.h"
+#include "help/help_topic.h"
 #include "help/topic_page.h"
-#include "help/topic_reader.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tolmer;

@@ -5,12 +5,12 @@
 #include <cstddef>
 #include <vector>
 
-#include "engine/adjusted_r_squared.h"
 #include "engine/fitted_equation.h"
+#include "engine/least_squares.h"
 #include "engine/picture_choice.h"
 #include "engine/picture_text.h"
 #include "engine/variance_inflation.h"
-#include "state/model_variables.h"
+#include "state/analysis_state.h"
 
 namespace tolmer {
 namespace {

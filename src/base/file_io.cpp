@@ -4,9 +4,9 @@
 #include <sys/stat.h>
 #include <sys/xattr.h>
 #include <unistd.h>
-
 #include <array>
 #include <cerrno>
+#include <cstdint>
 #include <cstdio>
 #include <ctime>
 #include <filesystem>
@@ -201,6 +201,16 @@ std::optional<Error> writeInPlace(const Target& target, std::string_view bytes) 
   return error;
 }
 
+constexpr std::array<std::uint32_t, 256> table = [] {
+  std::array<std::uint32_t, 256> steps{};
+  for (std::uint32_t i = 0; i < steps.size(); ++i) {
+    std::uint32_t sum = i;
+    for (int bit = 0; bit < 8; ++bit) sum = (sum >> 1) ^ ((sum & 1) != 0 ? 0xEDB88320U : 0U);
+    steps[i] = sum;
+  }
+  return steps;
+}();
+
 }  // namespace
 
 Result<std::string> readWholeFile(const std::string& hostFileName, std::size_t limit) {
@@ -269,6 +279,15 @@ std::string timeWritten(const std::string& hostFileName) {
   std::string text(32, '\0');
   text.resize(std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &parts));
   return text;
+}
+
+std::string checksumText(std::string_view bytes) {
+  std::uint32_t sum = 0xFFFFFFFFU;
+  for (const char byte : bytes)
+    if (byte != '\r') sum = (sum >> 8) ^ table[(sum ^ static_cast<unsigned char>(byte)) & 255];
+  std::string digits;
+  for (int shift = 28; shift >= 0; shift -= 4) digits += "0123456789ABCDEF"[(~sum >> shift) & 15];
+  return digits;
 }
 
 }  // namespace tolmer

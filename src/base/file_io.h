@@ -42,4 +42,10 @@ std::optional<std::int64_t> secondsWritten(const std::string& hostFileName);
 // The same as "2026-11-21 18:05", in local time; empty where there is none.
 std::string timeWritten(const std::string& hostFileName);
 
+inline constexpr std::size_t checksumLength = 8;
+
+// CRC-32 of the bytes as in ISO 3309, carriage returns left out (a transfer that changes line ends
+// does no damage), as eight capital hexadecimal digits.
+std::string checksumText(std::string_view bytes);
+
 }  // namespace tolmer

@@ -28,4 +28,8 @@ std::string hostPathToWrite(std::string_view coursePath);
 // The course spelling of a host path: every separator a backslash.
 std::string coursePath(std::string_view hostPath);
 
+// The folder with the compiled notebook: that of the running program in a build tree, and
+// ../share/tolmer/tolmod beside an installed one. Host spelling, no final separator.
+std::string programFolder();
+
 }  // namespace tolmer

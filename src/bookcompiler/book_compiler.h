@@ -5,8 +5,8 @@
 #include <string_view>
 #include <vector>
 
-#include "bookcompiler/complaints.h"
 #include "bookcompiler/course_files.h"
+#include "bookcompiler/source_lines.h"
 
 namespace tolmer {
 

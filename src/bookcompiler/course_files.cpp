@@ -5,11 +5,9 @@
 #include <utility>
 #include <vector>
 
-#include "base/checksum.h"
 #include "base/file_io.h"
 #include "base/paths.h"
 #include "fieldfile/field_reader.h"
-#include "fieldfile/number_text.h"
 #include "notebook/picture_size.h"
 #include "textimport/number_shape.h"
 #include "textimport/text_table.h"

@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "bookcompiler/complaints.h"
 #include "bookcompiler/scenario_text.h"
+#include "bookcompiler/source_lines.h"
 #include "fieldfile/file_stamp.h"
 
 namespace tolmer {

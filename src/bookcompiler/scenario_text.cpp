@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "base/trimmed.h"
-#include "fieldfile/number_text.h"
+#include "fieldfile/field_reader.h"
 
 namespace tolmer {
 namespace {

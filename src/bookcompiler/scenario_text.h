@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "bookcompiler/complaints.h"
+#include "bookcompiler/source_lines.h"
 #include "notebook/book.h"
 
 namespace tolmer {

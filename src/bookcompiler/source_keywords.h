@@ -6,11 +6,9 @@
 #include <utility>
 #include <vector>
 
-#include "bookcompiler/complaints.h"
 #include "bookcompiler/scenario_text.h"
 #include "bookcompiler/source_lines.h"
 #include "notebook/book.h"
-#include "notebook/book_part.h"
 
 namespace tolmer {
 

@@ -72,6 +72,13 @@ void goOn(int line, std::string_view text, SourceEntry& entry, Complaints& compl
 
 }  // namespace
 
+std::vector<Complaint> Complaints::sorted() const {
+  std::vector<Complaint> complaints = all_;
+  std::stable_sort(complaints.begin(), complaints.end(),
+                   [](const Complaint& a, const Complaint& b) { return a.line < b.line; });
+  return complaints;
+}
+
 std::vector<SourceEntry> parseSource(std::string_view bytes, Complaints& complaints) {
   if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
   std::vector<SourceEntry> entries;

@@ -1,9 +1,9 @@
 // What a student would stumble over in a book that is right in itself.
 #pragma once
 
-#include "bookcompiler/complaints.h"
 #include "bookcompiler/course_files.h"
 #include "bookcompiler/source_keywords.h"
+#include "bookcompiler/source_lines.h"
 
 namespace tolmer {
 

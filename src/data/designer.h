@@ -6,13 +6,10 @@
 
 #include "data/data_sources.h"
 #include "data/working_copy.h"
-#include "platform/button.h"
-#include "platform/check_box.h"
-#include "platform/curtain.h"
-#include "platform/frame.h"
+#include "platform/buttons.h"
+#include "platform/fields.h"
 #include "platform/grid/grid.h"
-#include "platform/panel.h"
-#include "platform/text_box.h"
+#include "platform/panels.h"
 #include "platform/window.h"
 #include "state/analysis_state.h"
 

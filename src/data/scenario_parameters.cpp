@@ -7,7 +7,7 @@
 
 #include "base/file_io.h"
 #include "base/trimmed.h"
-#include "fieldfile/number_text.h"
+#include "fieldfile/field_reader.h"
 
 namespace tolmer {
 namespace {

@@ -1,6 +1,37 @@
 #include "data/working_copy.h"
 
+#include <cstddef>
+
 namespace tolmer {
+namespace {
+
+void copyDataToGlobal(const WorkingCopy& copy, AnalysisState& state) {
+  state.tVarName = copy.otColName.values();
+  for (int i = 1; i <= copy.miNumCases; ++i) {
+    for (int j = 0; j <= copy.miNumCols; ++j) state.sData(i, j) = copy.osData(i, j);
+    state.tCaseLabel[static_cast<std::size_t>(i)] = copy.otCaseLabel(i);
+  }
+  if (copy.mbInfoAvailable) state.tVarDesc = copy.otVarInfo.values();
+}
+
+void copyModelToGlobal(const WorkingCopy& copy, AnalysisState& state) {
+  state.iModelCol[1] = copy.miDepVarCol;
+  for (int i = 1; i <= copy.miNumPredictors; ++i)
+    state.iModelCol[static_cast<std::size_t>(i) + 1] = copy.oiIndepVarCol(i);
+  state.iModelCol[static_cast<std::size_t>(copy.miNumPredictors) + 2] = 0;
+}
+
+void takeModel(WorkingCopy& copy, const AnalysisState& state) {
+  copy.mbDepVarSpecified = true;
+  copy.miDepVarCol = state.iModelCol[1];
+  for (int i = 1; i <= copy.miNumPredictors; ++i) {
+    const Int16 col = state.iModelCol[static_cast<std::size_t>(i) + 1];
+    copy.oiIndepVarCol(i) = col;
+    copy.obIsIndepVar(col) = true;
+  }
+}
+
+}  // namespace
 
 void clearModel(WorkingCopy& copy) {
   copy.miDepVarCol = 0;
@@ -28,6 +59,41 @@ Int16 listIndepVars(WorkingCopy& copy) {
   for (Int16 col = 1; col <= copy.miNumCols; ++col)
     if (copy.obIsIndepVar(col)) copy.oiIndepVarCol(++count) = col;
   return count;
+}
+
+void CopyModuleVarsToGlobal(const WorkingCopy& copy, AnalysisState& state) {
+  state.bModelHasChanged = true;
+  state.iNumCases = copy.miNumCases;
+  state.iNumCols = copy.miNumCols;
+  state.tDataFileName = copy.mtDataFileName;
+  state.tDataFileInfoName = copy.mtDataFileInfoName;
+  state.bLabeledData = copy.mbLabeledData;
+  state.bInfoAvailable = copy.mbInfoAvailable;
+  state.tLabelColName = copy.mtLabelColName;
+  state.iNumPredictors = copy.miNumPredictors;
+  state.bUseIntercept = copy.mbUseIntercept;
+  RedimDataArrays(state);
+  copyDataToGlobal(copy, state);
+  copyModelToGlobal(copy, state);
+}
+
+void CopyGlobalVarsToModule(WorkingCopy& copy, const AnalysisState& state) {
+  copy.mbUseIntercept = state.bUseIntercept;
+  copy.miNumCases = state.iNumCases;
+  copy.miNumCols = state.iNumCols;
+  copy.mtDataFileName = state.tDataFileName;
+  copy.mtDataFileInfoName = state.tDataFileInfoName;
+  copy.mbLabeledData = state.bLabeledData;
+  copy.mbInfoAvailable = state.bInfoAvailable;
+  copy.mtLabelColName = state.tLabelColName;
+  copy.miNumPredictors = state.iNumPredictors;
+  DimensionModelDesignerArrays(copy);
+  if (!hasModel(state)) return;
+  copy.otColName.setValues(state.tVarName);
+  copy.otCaseLabel.setValues(state.tCaseLabel);
+  copy.osData = state.sData;
+  if (copy.mbInfoAvailable) copy.otVarInfo.setValues(state.tVarDesc);
+  takeModel(copy, state);
 }
 
 }  // namespace tolmer

@@ -2,15 +2,40 @@
 // shared: the analysis state changes only when a model is accepted.
 #pragma once
 
+#include <cstddef>
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
-#include "data/indexed_array.h"
 #include "fieldfile/file_stamp.h"
 #include "state/analysis_state.h"
 #include "state/matrix.h"
 
 namespace tolmer {
+
+// A vector addressed as the program's arrays are: with an int, from 0 to the upper bound.
+template <class Value>
+class IndexedArray {
+ public:
+  using Reference = typename std::vector<Value>::reference;
+  using ConstReference = typename std::vector<Value>::const_reference;
+
+  // Elements 0..last, all of them empty; what they held is lost.
+  void redim(int last) { values_.assign(static_cast<std::size_t>(last) + 1, Value{}); }
+  // The same, but elements up to the new bound keep what they hold.
+  void redimPreserve(int last) { values_.resize(static_cast<std::size_t>(last) + 1); }
+  int last() const { return static_cast<int>(values_.size()) - 1; }  // -1 while empty
+
+  Reference operator()(int index) { return values_[static_cast<std::size_t>(index)]; }
+  ConstReference operator()(int index) const { return values_[static_cast<std::size_t>(index)]; }
+
+  const std::vector<Value>& values() const { return values_; }
+  void setValues(std::vector<Value> values) { values_ = std::move(values); }
+
+ private:
+  std::vector<Value> values_;
+};
 
 // Cases and columns count from 1. Element 0 of an array is empty unless its line says otherwise.
 struct WorkingCopy {
@@ -53,5 +78,13 @@ void setInterceptColumn(WorkingCopy& copy);
 // Numbers the columns marked in obIsIndepVar into oiIndepVarCol, ascending, and returns how many
 // there are. The marks are the master; miNumPredictors is left to the caller.
 Int16 listIndepVars(WorkingCopy& copy);
+
+// Accepts the model: data and model go into the shared state, whose data arrays are dimensioned
+// anew, and bModelHasChanged is set.
+void CopyModuleVarsToGlobal(const WorkingCopy& copy, AnalysisState& state);
+
+// Takes the data and the model in force, for a change of the model alone. Where none is in force
+// the copy is empty, as for no data.
+void CopyGlobalVarsToModule(WorkingCopy& copy, const AnalysisState& state);
 
 }  // namespace tolmer

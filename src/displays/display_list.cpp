@@ -6,7 +6,7 @@
 #include "graphs/residual_plots.h"
 #include "graphs/scatter_plot.h"
 #include "graphs/vif_chart.h"
-#include "state/model_variables.h"
+#include "state/analysis_state.h"
 #include "tables/anova_table.h"
 #include "tables/case_lists.h"
 #include "tables/coefficient_table.h"

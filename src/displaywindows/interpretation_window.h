@@ -2,9 +2,9 @@
 #pragma once
 
 #include "displaywindows/display_window.h"
-#include "platform/button.h"
-#include "platform/frame.h"
-#include "platform/text_box.h"
+#include "platform/buttons.h"
+#include "platform/fields.h"
+#include "platform/panels.h"
 
 namespace tolmer {
 

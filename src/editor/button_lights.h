@@ -6,7 +6,7 @@
 #include <functional>
 #include <vector>
 
-#include "platform/button.h"
+#include "platform/buttons.h"
 #include "platform/timer.h"
 
 namespace tolmer {

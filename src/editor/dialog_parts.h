@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "platform/button.h"
+#include "platform/buttons.h"
 #include "platform/desktop.h"
 #include "sheet/data_sheet.h"
 

@@ -2,9 +2,9 @@
 
 #include <string>
 
-#include "platform/button.h"
-#include "platform/label.h"
-#include "platform/text_box.h"
+#include "platform/buttons.h"
+#include "platform/fields.h"
+#include "platform/labels.h"
 #include "platform/window.h"
 #include "sheet/data_sheet.h"
 

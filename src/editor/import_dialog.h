@@ -5,13 +5,13 @@
 #include <optional>
 #include <string>
 
-#include "platform/button.h"
-#include "platform/combo_box.h"
+#include "platform/buttons.h"
 #include "platform/control_array.h"
 #include "platform/desktop.h"
+#include "platform/fields.h"
 #include "platform/grid/grid.h"
-#include "platform/label.h"
-#include "platform/panel.h"
+#include "platform/labels.h"
+#include "platform/panels.h"
 #include "platform/window.h"
 #include "sheet/sheet_paste.h"
 #include "textimport/text_import.h"

@@ -2,13 +2,11 @@
 
 #include <vector>
 
-#include "platform/button.h"
-#include "platform/combo_box.h"
+#include "platform/buttons.h"
 #include "platform/control_array.h"
-#include "platform/label.h"
-#include "platform/number_box.h"
-#include "platform/option_button.h"
-#include "platform/panel.h"
+#include "platform/fields.h"
+#include "platform/labels.h"
+#include "platform/panels.h"
 #include "platform/window.h"
 #include "sheet/data_sheet.h"
 

@@ -7,10 +7,10 @@
 
 #include "editor/data_editor_menu.h"
 #include "editor/find_dialog.h"
-#include "platform/button.h"
+#include "platform/buttons.h"
+#include "platform/fields.h"
 #include "platform/grid/edit_grid.h"
-#include "platform/label.h"
-#include "platform/text_box.h"
+#include "platform/labels.h"
 #include "platform/window.h"
 #include "sheet/data_sheet.h"
 

@@ -3,11 +3,10 @@
 #include <cmath>
 #include <limits>
 
-#include "engine/f_distribution.h"
-#include "engine/product_sums.h"
-#include "engine/t_distribution.h"
 #include "engine/triangular_factor.h"
 #include "engine/triangular_inverse.h"
+#include "engine/distributions.h"
+#include "engine/product_sums.h"
 
 namespace tolmer {
 namespace {
@@ -142,6 +141,14 @@ void MultipleRegression(const Matrix<float>& sX, std::span<const Int16> iCols, i
   Coefficients(dCross, k, Fit.sCoef, Fit.sVarCov);
   FitStatistics(sX, iCols, n, k, Fit, bIntercept, messages);
   VarCovStats(Fit, n, k, messages);
+}
+
+float adjustedRSquared(const AnalysisState& state) {
+  const int degrees = state.iNumCases - state.iNumTerms;
+  if (degrees == 0) return std::numeric_limits<float>::quiet_NaN();
+  const float unexplained = 1.0F - state.Fit.sRSquared;
+  const float scaled = unexplained * static_cast<float>(state.iNumCases - 1);
+  return 1.0F - scaled / static_cast<float>(degrees);
 }
 
 }  // namespace tolmer

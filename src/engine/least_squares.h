@@ -13,7 +13,6 @@
 
 #include "base/message_box.h"
 #include "state/analysis_state.h"
-#include "state/fit.h"
 #include "state/matrix.h"
 
 namespace tolmer {
@@ -54,5 +53,9 @@ void FitStatistics(const Matrix<float>& sX, std::span<const Int16> iCols, int n,
 // and 0 off it; then standard errors, t and two-sided p. A standard error of 0 is reported as "Zero
 // standard error in VarCovStats.", and the t and p of its term stay as they were.
 void VarCovStats(tolmer::Fit& Fit, int n, int k, MessagePort& messages);
+
+// 1 - (1 - R-squared) (n - 1) / (n - terms) of the last fit, formed in single precision; below 0
+// where the model explains less than chance would. Not a number without degrees of freedom.
+float adjustedRSquared(const AnalysisState& state);
 
 }  // namespace tolmer

@@ -6,7 +6,6 @@
 #include <cstdint>
 
 #include "engine/picture_text.h"
-#include "engine/seven_digits.h"
 
 namespace tolmer {
 namespace {

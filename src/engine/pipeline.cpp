@@ -1,9 +1,8 @@
 #include "engine/pipeline.h"
 
 #include "engine/correlation.h"
-#include "engine/durbin_watson.h"
 #include "engine/least_squares.h"
-#include "engine/residual_classes.h"
+#include "engine/residuals.h"
 #include "engine/summary_statistics.h"
 #include "engine/variance_inflation.h"
 

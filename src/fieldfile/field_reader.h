@@ -88,4 +88,12 @@ class FieldReader {
   FieldPlace place_;
 };
 
+// A whole number with an optional sign, within 16 signed bits; nullopt for anything else.
+std::optional<std::int16_t> integerFromText(std::string_view text);
+
+// Digits with an optional sign, point and exponent ("-1.5e3", "+.5"), rounded once to single. A
+// value below the smallest single is 0; a value above the largest one, "inf", "nan" and anything
+// else is nullopt.
+std::optional<float> singleFromText(std::string_view text);
+
 }  // namespace tolmer

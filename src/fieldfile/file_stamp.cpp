@@ -3,7 +3,6 @@
 #include <array>
 #include <utility>
 
-#include "base/checksum.h"
 #include "base/file_io.h"
 #include "base/paths.h"
 

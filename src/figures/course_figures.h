@@ -7,6 +7,7 @@
 
 #include "base/error.h"
 #include "figures/course_model.h"
+#include "tables/table_content.h"
 
 namespace tolmer {
 

@@ -4,7 +4,7 @@
 #include <optional>
 
 #include "engine/fitted_equation.h"
-#include "fieldfile/number_text.h"
+#include "fieldfile/field_reader.h"
 #include "figures/field_lines.h"
 #include "report/csv_dataset.h"
 #include "report/csv_reader.h"

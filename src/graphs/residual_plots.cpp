@@ -9,10 +9,10 @@
 
 #include "engine/axis_scale.h"
 #include "engine/correlation.h"
-#include "engine/normal_distribution.h"
-#include "engine/residual_classes.h"
+#include "engine/distributions.h"
+#include "engine/residuals.h"
 #include "graphs/axis_labels.h"
-#include "graphs/graph_texts.h"
+#include "graphs/graph_content.h"
 #include "graphs/plot_classes.h"
 
 namespace tolmer {

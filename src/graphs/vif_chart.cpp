@@ -6,8 +6,8 @@
 
 #include "base/text_encoding.h"
 #include "engine/variance_inflation.h"
-#include "graphs/graph_texts.h"
-#include "state/model_variables.h"
+#include "graphs/graph_content.h"
+#include "state/analysis_state.h"
 
 namespace tolmer {
 namespace {

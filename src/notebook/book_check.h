@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "notebook/book.h"
-#include "notebook/book_part.h"
 
 namespace tolmer {
 

@@ -1,5 +1,5 @@
 // The notebook object file: a flat sequence of delimited fields (fieldfile/field_reader.h) whose
-// order is told in object_file_format.h.
+// order is told in object_file.cpp.
 #pragma once
 
 #include <string>

@@ -7,11 +7,10 @@
 #include <vector>
 
 #include "notebook/book.h"
-#include "platform/check_box.h"
+#include "platform/buttons.h"
 #include "platform/control_array.h"
-#include "platform/image.h"
-#include "platform/label.h"
-#include "platform/number_box.h"
+#include "platform/fields.h"
+#include "platform/labels.h"
 #include "platform/outline.h"
 
 namespace tolmer {

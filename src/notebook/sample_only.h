@@ -1,8 +1,7 @@
 #pragma once
 
-#include "platform/button.h"
-#include "platform/image.h"
-#include "platform/label.h"
+#include "platform/buttons.h"
+#include "platform/labels.h"
 #include "platform/window.h"
 
 namespace tolmer {

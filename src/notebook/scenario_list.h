@@ -6,12 +6,11 @@
 #include <string>
 
 #include "notebook/book.h"
+#include "platform/buttons.h"
 #include "platform/control_array.h"
-#include "platform/frame.h"
-#include "platform/label.h"
-#include "platform/option_button.h"
-#include "platform/panel.h"
-#include "platform/scroll_bar.h"
+#include "platform/fields.h"
+#include "platform/labels.h"
+#include "platform/panels.h"
 
 namespace tolmer {
 

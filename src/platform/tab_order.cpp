@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/panel.h"
+#include "platform/panels.h"
 
 namespace tolmer {
 namespace {

@@ -3,10 +3,9 @@
 #include <algorithm>
 #include <utility>
 
-#include "platform/image.h"
-#include "platform/label.h"
-#include "platform/option_button.h"
-#include "platform/panel.h"
+#include "platform/buttons.h"
+#include "platform/labels.h"
+#include "platform/panels.h"
 #include "platform/window.h"
 
 namespace tolmer {

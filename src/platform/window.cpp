@@ -5,9 +5,9 @@
 #include <iterator>
 #include <utility>
 
-#include "platform/button.h"
+#include "platform/buttons.h"
 #include "platform/desktop.h"
-#include "platform/label.h"
+#include "platform/labels.h"
 
 namespace tolmer {
 namespace {

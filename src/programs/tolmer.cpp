@@ -8,7 +8,7 @@
 #include <string>
 #include <string_view>
 
-#include "base/program_folder.h"
+#include "base/paths.h"
 #include "platform/qt/program.h"
 #include "platform/qt/qt_desktop.h"
 #include "shell/module.h"

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "base/program_folder.h"
+#include "base/paths.h"
 #include "base/text_encoding.h"
 #include "report/report_document.h"
 #include "report/report_program.h"

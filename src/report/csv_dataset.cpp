@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "base/text_encoding.h"
-#include "fieldfile/number_text.h"
+#include "fieldfile/field_reader.h"
 
 namespace tolmer {
 namespace {

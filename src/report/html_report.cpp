@@ -7,6 +7,7 @@
 #include "base/markup_text.h"
 #include "platform/graph/svg_writer.h"
 #include "report/html_table.h"
+#include "state/analysis_state.h"
 
 namespace tolmer {
 namespace {

@@ -12,7 +12,7 @@
 #include "report/html_report.h"
 #include "report/json_report.h"
 #include "report/text_report.h"
-#include "state/model_variables.h"
+#include "state/analysis_state.h"
 
 namespace tolmer {
 namespace {

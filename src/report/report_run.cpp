@@ -2,9 +2,9 @@
 
 #include <cstddef>
 
-#include "data/model_transfer.h"
+#include "data/working_copy.h"
 #include "engine/pipeline.h"
-#include "graphs/axis_choice.h"
+#include "graphs/scatter_plot.h"
 
 namespace tolmer {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <utility>
 
-#include "graphs/axis_choice.h"
+#include "graphs/scatter_plot.h"
 #include "platform/desktop.h"
 
 namespace tolmer {

@@ -4,11 +4,10 @@
 #include <array>
 #include <functional>
 
-#include "platform/button.h"
-#include "platform/combo_box.h"
-#include "platform/frame.h"
-#include "platform/label.h"
-#include "platform/text_box.h"
+#include "platform/buttons.h"
+#include "platform/fields.h"
+#include "platform/labels.h"
+#include "platform/panels.h"
 #include "platform/timer.h"
 #include "platform/window.h"
 #include "state/analysis_state.h"

@@ -1,9 +1,8 @@
 #pragma once
 
-#include "platform/button.h"
-#include "platform/image.h"
-#include "platform/label.h"
-#include "platform/panel.h"
+#include "platform/buttons.h"
+#include "platform/labels.h"
+#include "platform/panels.h"
 #include "platform/timer.h"
 #include "platform/window.h"
 

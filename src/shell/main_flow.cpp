@@ -2,7 +2,7 @@
 
 #include "base/paths.h"
 #include "data/designer.h"
-#include "notebook/note_splash.h"
+#include "notebook/cover.h"
 #include "shell/hint.h"
 
 namespace tolmer {

@@ -11,7 +11,6 @@
 #include <vector>
 
 #include "state/data_origin.h"
-#include "state/fit.h"
 #include "state/matrix.h"
 
 namespace tolmer {
@@ -27,6 +26,30 @@ enum VarType : Int16 { wholeNumbers = 1, hasFractions = 2, dummyVariable = 3 };
 enum DisplayCategory : int { graphDisplays = 1, scatterDisplays, tableDisplays, textDisplays };
 
 enum DisplayState : Int16 { displayHidden = 0, displayShown = 1, noSuchDisplay = 3 };
+
+// The results of one least-squares fit. Arrays run from 1; element 0 stays empty. A fit that meets
+// a non-positive pivot sets bSingular and leaves every other field as it was.
+struct Fit {
+  std::vector<float> sFitted;  // (0..iNumCases) fitted values, in units of the dependent variable
+  std::vector<float> sResid;   // (0..iNumCases) observed less fitted
+  std::vector<float> sCoef;    // (0..iNumTerms) coefficients
+  std::vector<float> sCoefSE;  // (0..iNumTerms) their standard errors
+  std::vector<float> sCoefT;   // (0..iNumTerms) t statistics
+  std::vector<float> sCoefP;   // (0..iNumTerms) two-sided p-values
+  Matrix<float> sVarCov;       // (0..iNumTerms+1)^2 variances on the diagonal, 0 off it
+  float sSSR = 0;              // sum of squares of the fitted values about the mean of Y
+  float sSSE = 0;              // sum of squared residuals
+  float sSST = 0;              // sum of squares of Y about its mean
+  float sStdErr = 0;           // standard error of the regression
+  float sRSquared = 0;
+  float sR = 0;             // multiple R
+  float sF = 0;             // overall F
+  float sFProb = 0;         // right-tail probability of sF
+  float sDurbinWatson = 0;  // written by DurbinWatson
+  bool bSingular = false;   // the last fit stopped at a non-positive pivot
+
+  friend bool operator==(const Fit&, const Fit&) = default;
+};
 
 // What stands in one of the 2 x 2 quadrants.
 struct Quadrant {
@@ -123,5 +146,19 @@ void RedimAnalysisArrays(AnalysisState& state);
 
 // For a fit of iTerms terms: iTermCol and the coefficient arrays of Fit, emptied.
 void RedimFitArrays(AnalysisState& state, int iTerms);
+
+// The variables of the model by their places in iModelCol: 1 the dependent one, then the
+// predictors.
+
+// Whether the arrays of the analysis have the bounds of the present data and model: not before the
+// first analysis, nor while another model waits for its own or is being analysed. A display has
+// nothing to show then.
+bool isAnalysed(const AnalysisState& state);
+
+// How many variables there are to list: K + 1, or 0 unless isAnalysed.
+int listedVariables(const AnalysisState& state);
+
+// The short name of the variable; 1 <= variable <= K + 1.
+const std::string& variableName(const AnalysisState& state, int variable);
 
 }  // namespace tolmer

@@ -1,9 +1,13 @@
 #pragma once
 
-#include "platform/button.h"
-#include "platform/label.h"
-#include "platform/text_box.h"
+#include <string>
+#include <string_view>
+
+#include "platform/buttons.h"
+#include "platform/fields.h"
+#include "platform/labels.h"
 #include "platform/window.h"
+#include "symbolfile/file_layer.h"
 
 namespace tolmer {
 
@@ -39,5 +43,10 @@ class frmFileError : public Window {
   void cmdAbort_Click();
   void cmdEndProgram_Click();
 };
+
+std::string_view failureDescription(FailureClass kind);
+
+// The possible causes. A fault of format has the lexical message instead.
+std::string failureCauses(const FileFailure& failure);
 
 }  // namespace tolmer

@@ -5,10 +5,10 @@
 #include <limits>
 #include <string>
 
-#include "engine/adjusted_r_squared.h"
+#include "engine/least_squares.h"
 #include "engine/picture_choice.h"
 #include "engine/picture_text.h"
-#include "state/model_variables.h"
+#include "state/analysis_state.h"
 
 namespace tolmer {
 namespace {

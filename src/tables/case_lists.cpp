@@ -9,7 +9,7 @@
 
 #include "engine/picture_choice.h"
 #include "engine/picture_text.h"
-#include "state/model_variables.h"
+#include "state/analysis_state.h"
 
 namespace tolmer {
 namespace {

@@ -4,11 +4,11 @@
 #include <array>
 #include <utility>
 
+#include "engine/distributions.h"
 #include "engine/picture_choice.h"
 #include "engine/picture_text.h"
-#include "engine/t_distribution.h"
 #include "engine/variance_inflation.h"
-#include "state/model_variables.h"
+#include "state/analysis_state.h"
 
 namespace tolmer {
 namespace {

@@ -5,10 +5,10 @@
 #include <limits>
 #include <utility>
 
+#include "engine/distributions.h"
 #include "engine/picture_choice.h"
 #include "engine/picture_text.h"
-#include "engine/t_distribution.h"
-#include "state/model_variables.h"
+#include "state/analysis_state.h"
 
 namespace tolmer {
 namespace {

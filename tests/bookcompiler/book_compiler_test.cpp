@@ -5,7 +5,6 @@
 
 #include <filesystem>
 
-#include "base/checksum.h"
 #include "base/file_io.h"
 #include "notebook/object_file.h"
 #include "support/temp_folder.h"

@@ -6,7 +6,6 @@
 #include <fstream>
 
 #include "base/file_io.h"
-#include "figures/figure_table.h"
 #include "support/table_of.h"
 #include "support/temp_folder.h"
 #include "support/tree.h"

@@ -1,6 +1,6 @@
 #include "data/data_file.h"
 
-#include "base/checksum.h"
+#include "base/file_io.h"
 #include "course_folder.h"
 #include "platform/headless/headless_desktop.h"
 

@@ -3,7 +3,7 @@
 #include <functional>
 
 #include "course_folder.h"
-#include "data/model_transfer.h"
+#include "data/working_copy.h"
 
 namespace tolmer {
 namespace {

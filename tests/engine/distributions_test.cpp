@@ -5,10 +5,7 @@
 #include <cmath>
 #include <limits>
 
-#include "engine/f_distribution.h"
-#include "engine/gamma_beta.h"
-#include "engine/normal_distribution.h"
-#include "engine/t_distribution.h"
+#include "engine/distributions.h"
 #include "support/recorded_messages.h"
 
 namespace tolmer {

@@ -9,7 +9,7 @@
 #include "engine/correlation.h"
 #include "engine/fitted_equation.h"
 #include "engine/pipeline.h"
-#include "engine/residual_classes.h"
+#include "engine/residuals.h"
 #include "engine/summary_statistics.h"
 #include "engine/variance_inflation.h"
 #include "support/recorded_messages.h"

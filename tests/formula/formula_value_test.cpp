@@ -6,7 +6,7 @@
 #include <array>
 #include <cmath>
 
-#include "formula/normal_distribution.h"
+#include "formula/scalar_functions.h"
 #include "formula/small_sheet.h"
 
 namespace tolmer::test {

@@ -5,8 +5,8 @@
 #include <fstream>
 
 #include "help/help_reader.h"
+#include "help/help_topic.h"
 #include "help/topic_page.h"
-#include "help/topic_reader.h"
 #include "support/temp_folder.h"
 
 namespace tolmer {

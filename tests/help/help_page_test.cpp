@@ -3,8 +3,8 @@
 #include <gtest/gtest.h>
 
 #include "help/help_reader.h"
+#include "help/help_topic.h"
 #include "help/topic_page.h"
-#include "help/topic_reader.h"
 
 namespace tolmer {
 namespace {

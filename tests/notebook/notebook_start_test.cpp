@@ -1,5 +1,5 @@
 // Cover, reading of the object file, opening message, first page.
-#include "notebook/note_splash.h"
+#include "notebook/cover.h"
 #include "notebook/notebook_fixture.h"
 #include "platform/text_metrics.h"
 

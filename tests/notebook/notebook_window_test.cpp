@@ -1,8 +1,7 @@
 #include "notebook/notebook_window.h"
 
-#include "notebook/note_splash.h"
+#include "notebook/cover.h"
 #include "notebook/notebook_fixture.h"
-#include "notebook/opening_book.h"
 #include "notebook/sample_only.h"
 #include "support/layout_check.h"
 

@@ -1,4 +1,4 @@
-#include "platform/curtain.h"
+#include "platform/panels.h"
 
 #include <gtest/gtest.h>
 

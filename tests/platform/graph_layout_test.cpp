@@ -6,7 +6,7 @@
 #include <cmath>
 #include <functional>
 
-#include "platform/graph/screen_geometry.h"
+#include "platform/graph/picture.h"
 #include "platform/text_metrics.h"
 #include "support/graph_pictures.h"
 

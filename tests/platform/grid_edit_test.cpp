@@ -4,7 +4,7 @@
 
 #include <map>
 
-#include "platform/button.h"
+#include "platform/buttons.h"
 #include "platform/grid/edit_grid.h"
 #include "platform/grid/grid_keys.h"
 #include "platform/headless/headless_desktop.h"

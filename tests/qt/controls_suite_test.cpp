@@ -2,17 +2,11 @@
 // and nothing echoes.
 #include <gtest/gtest.h>
 
-#include "platform/button.h"
-#include "platform/check_box.h"
-#include "platform/combo_box.h"
+#include "platform/buttons.h"
 #include "platform/control_array.h"
-#include "platform/frame.h"
-#include "platform/label.h"
-#include "platform/number_box.h"
-#include "platform/option_button.h"
-#include "platform/panel.h"
-#include "platform/scroll_bar.h"
-#include "platform/text_box.h"
+#include "platform/fields.h"
+#include "platform/labels.h"
+#include "platform/panels.h"
 #include "qt/stage.h"
 
 namespace tolmer::test {

@@ -4,9 +4,9 @@
 
 #include <fstream>
 
-#include "platform/button.h"
+#include "platform/buttons.h"
+#include "platform/fields.h"
 #include "platform/grid/edit_grid.h"
-#include "platform/text_box.h"
 #include "qt/stage.h"
 #include "support/headless_user.h"
 #include "support/qt_user.h"

@@ -17,9 +17,9 @@
 #include <QTimer>
 #include <fstream>
 
+#include "platform/fields.h"
 #include "platform/grid/edit_grid.h"
 #include "platform/qt/grid_view.h"
-#include "platform/text_box.h"
 #include "support/qt_user.h"
 #include "support/temp_folder.h"
 

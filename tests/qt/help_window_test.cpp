@@ -7,7 +7,7 @@
 #include <QScrollBar>
 #include <QTest>
 
-#include "platform/button.h"
+#include "platform/buttons.h"
 #include "platform/qt/help_window.h"
 #include "support/qt_user.h"
 #include "support/script.h"

@@ -16,18 +16,14 @@
 #include <QTreeWidget>
 #include <cmath>
 
-#include "platform/button.h"
-#include "platform/check_box.h"
-#include "platform/combo_box.h"
-#include "platform/label.h"
-#include "platform/number_box.h"
+#include "platform/buttons.h"
+#include "platform/fields.h"
+#include "platform/labels.h"
 #include "platform/outline.h"
-#include "platform/panel.h"
+#include "platform/panels.h"
 #include "platform/qt/control_peer.h"
 #include "platform/qt/theme.h"
-#include "platform/scroll_bar.h"
 #include "platform/tab_book.h"
-#include "platform/text_box.h"
 #include "platform/text_metrics.h"
 #include "qt/stage.h"
 #include "support/qt_user.h"

@@ -16,10 +16,10 @@
 #include <QTimer>
 #include <QWindow>
 
-#include "platform/button.h"
-#include "platform/label.h"
+#include "platform/buttons.h"
+#include "platform/fields.h"
+#include "platform/labels.h"
 #include "platform/menu.h"
-#include "platform/text_box.h"
 #include "support/qt_user.h"
 
 namespace tolmer::test {

@@ -2,9 +2,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "platform/button.h"
-#include "platform/label.h"
-#include "platform/text_box.h"
+#include "platform/buttons.h"
+#include "platform/fields.h"
+#include "platform/labels.h"
 #include "qt/stage.h"
 
 namespace tolmer::test {

@@ -10,9 +10,7 @@
 #include <limits>
 #include <random>
 
-#include "base/checksum.h"
 #include "base/file_io.h"
-#include "sheetfiles/editor_file_cell.h"
 #include "sheetfiles/text_export.h"
 #include "support/killed_program.h"
 #include "support/temp_folder.h"

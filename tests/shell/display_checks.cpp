@@ -10,7 +10,7 @@
 #include "platform/graph/graph.h"
 #include "platform/grid/grid.h"
 #include "platform/headless/headless_desktop.h"
-#include "state/model_variables.h"
+#include "state/analysis_state.h"
 #include "support/recording_host.h"
 
 namespace tolmer::test {

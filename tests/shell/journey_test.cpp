@@ -4,7 +4,7 @@
 
 #include "base/file_io.h"
 #include "displaywindows/table_window.h"
-#include "notebook/note_splash.h"
+#include "notebook/cover.h"
 #include "notebook/notebook_window.h"
 #include "platform/graph/graph.h"
 #include "platform/grid/grid.h"

@@ -3,18 +3,13 @@
 #include <algorithm>
 #include <stdexcept>
 
-#include "platform/button.h"
-#include "platform/check_box.h"
-#include "platform/combo_box.h"
+#include "platform/buttons.h"
+#include "platform/fields.h"
 #include "platform/graph/graph.h"
 #include "platform/grid/edit_grid.h"
-#include "platform/image.h"
-#include "platform/label.h"
-#include "platform/number_box.h"
-#include "platform/option_button.h"
-#include "platform/panel.h"
+#include "platform/labels.h"
+#include "platform/panels.h"
 #include "platform/tab_order.h"
-#include "platform/text_box.h"
 #include "platform/user_input.h"
 
 namespace tolmer::test {

@@ -2,9 +2,8 @@
 
 #include <algorithm>
 
-#include "platform/button.h"
-#include "platform/check_box.h"
-#include "platform/label.h"
+#include "platform/buttons.h"
+#include "platform/labels.h"
 #include "platform/tab_book.h"
 #include "platform/text_metrics.h"
 #include "platform/window.h"

@@ -4,9 +4,8 @@
 #include <cmath>
 #include <limits>
 
-#include "engine/f_distribution.h"
+#include "engine/distributions.h"
 #include "engine/picture_choice.h"
-#include "engine/t_distribution.h"
 
 namespace tolmer::literal {
 namespace {

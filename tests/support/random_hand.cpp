@@ -2,18 +2,14 @@
 
 #include <algorithm>
 
-#include "platform/button.h"
-#include "platform/combo_box.h"
+#include "platform/buttons.h"
+#include "platform/fields.h"
 #include "platform/graph/graph.h"
 #include "platform/grid/edit_grid.h"
-#include "platform/image.h"
-#include "platform/label.h"
-#include "platform/number_box.h"
+#include "platform/labels.h"
 #include "platform/outline.h"
-#include "platform/panel.h"
-#include "platform/scroll_bar.h"
+#include "platform/panels.h"
 #include "platform/tab_book.h"
-#include "platform/text_box.h"
 
 namespace tolmer::test {
 namespace {

@@ -2,7 +2,7 @@
 
 #include <stdexcept>
 
-#include "platform/combo_box.h"
+#include "platform/fields.h"
 
 namespace tolmer::test {
 namespace {

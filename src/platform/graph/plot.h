@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "platform/graph/graph_settings.h"
+#include "platform/graph/layout.h"
 #include "platform/graph/picture.h"
 #include "platform/graph/plot_scales.h"
 

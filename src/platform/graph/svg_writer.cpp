@@ -4,7 +4,7 @@
 #include <charconv>
 
 #include "base/markup_text.h"
-#include "platform/graph/screen_geometry.h"
+#include "platform/graph/picture.h"
 
 namespace tolmer {
 namespace {

@@ -87,4 +87,51 @@ class ContainerPeer : public ControlPeer {
   Container& container_;
 };
 
+using PeerPointer = std::unique_ptr<ControlPeer>;
+using PeerMaker = PeerPointer(Mirror& mirror, Control& control, QWidget* ground);
+
+// By the control's kind.
+PeerMaker makePeer;
+
+extern PeerMaker* const makeButtonPeer;
+extern PeerMaker* const makeCheckBoxPeer;
+extern PeerMaker* const makeComboBoxPeer;
+extern PeerMaker* const makeFramePeer;
+extern PeerMaker* const makeGraphPeer;
+extern PeerMaker* const makeGridPeer;
+extern PeerMaker* const makeImagePeer;
+extern PeerMaker* const makeLabelPeer;
+extern PeerMaker* const makeNumberBoxPeer;
+extern PeerMaker* const makeOptionButtonPeer;
+extern PeerMaker* const makeOutlinePeer;
+extern PeerMaker* const makePanelPeer;
+extern PeerMaker* const makeScrollBarPeer;
+extern PeerMaker* const makeTabBookPeer;
+extern PeerMaker* const makeTextBoxPeer;
+
+// The peer of one kind of control.
+template <class Model, class Base = ControlPeer>
+class PeerOf : public Base {
+ public:
+  using Kind = Model;
+
+  PeerOf(Mirror& mirror, Model& model, QWidget* ground)
+      : Base(mirror, model, ground), model_(model) {}
+
+ protected:
+  Model& model_;
+};
+
+template <class OnePeer>
+PeerPointer makePeerOf(Mirror& mirror, Control& control, QWidget* ground) {
+  return std::make_unique<OnePeer>(mirror, static_cast<typename OnePeer::Kind&>(control), ground);
+}
+
+// Puts the control's widget under those constructed after it, into the order of the Tab key, and
+// makes a label just before a control that takes the focus its buddy.
+void takePlaceAmongSiblings(Control& control);
+
+// Puts all that the Tab key stops at in a window into its order.
+void orderTabStops(const Window& window);
+
 }  // namespace tolmer

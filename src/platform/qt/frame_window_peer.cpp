@@ -6,7 +6,7 @@
 #include <QScreen>
 #include <QShortcut>
 
-#include "platform/button.h"
+#include "platform/buttons.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/main_widget.h"
 #include "platform/qt/menu_peer.h"

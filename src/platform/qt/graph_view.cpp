@@ -10,7 +10,7 @@
 #include <QPointer>
 #include <QPolygonF>
 
-#include "platform/graph/screen_geometry.h"
+#include "platform/graph/picture.h"
 #include "platform/qt/theme.h"
 
 namespace tolmer {

@@ -1,4 +1,3 @@
-// The help on the screen: contents and search at the left, the page at the right.
 #pragma once
 
 #include <QLabel>
@@ -7,6 +6,7 @@
 #include <QPushButton>
 #include <QStackedWidget>
 #include <QTemporaryDir>
+#include <QTextBrowser>
 #include <QTreeWidget>
 #include <memory>
 #include <string>
@@ -14,9 +14,27 @@
 #include "help/help_reader.h"
 #include "platform/desktop.h"
 #include "platform/qt/companion_window.h"
-#include "platform/qt/help_page.h"
 
 namespace tolmer {
+
+// Shows one page of the help. Pictures come from the help's folder and from nowhere else; links are
+// told and not followed.
+class HelpPage : public QTextBrowser {
+ public:
+  HelpPage(const QString& folder, QWidget* parent);
+
+  void showPage(const QString& html, const QString& anchor);
+  // The page on paper, as a PDF file. False where it cannot be written.
+  bool writePdf(const QString& file) const;
+
+ protected:
+  QVariant loadResource(int type, const QUrl& name) override;
+
+ private:
+  QImage picture(const QString& name) const;
+
+  QString folder_;
+};
 
 // One window, used again for every request.
 class HelpWindow : public CompanionWindow {

@@ -3,18 +3,17 @@
 #include <QApplication>
 #include <QTreeWidget>
 
+#include "platform/qt/control_peer.h"
 #include "platform/qt/convert.h"
-#include "platform/qt/make_peer.h"
 
 namespace tolmer {
 namespace {
 
 constexpr int rowHeight = 23;
 
-class OutlinePeer : public ControlPeer {
+class OutlinePeer : public PeerOf<Outline> {
  public:
-  OutlinePeer(Mirror& mirror, Outline& outline, QWidget* ground)
-      : ControlPeer(mirror, outline, ground), outline_(outline) {}
+  using PeerOf::PeerOf;
 
  private:
   QWidget* create(QWidget* ground) override {
@@ -28,7 +27,7 @@ class OutlinePeer : public ControlPeer {
     // By the keyboard, or by whatever works the tree from outside.
     on(tree_, &QTreeWidget::currentItemChanged, [this](QTreeWidgetItem* item) {
       if (QApplication::mouseButtons() != Qt::NoButton) return;
-      tell([&outline = outline_, index = indexOf(item)] { outline.moveTo(index); });
+      tell([&outline = model_, index = indexOf(item)] { outline.moveTo(index); });
     });
     on(tree_, &QTreeWidget::itemExpanded, [this](QTreeWidgetItem* item) { opened(item, true); });
     on(tree_, &QTreeWidget::itemCollapsed, [this](QTreeWidgetItem* item) { opened(item, false); });
@@ -38,27 +37,27 @@ class OutlinePeer : public ControlPeer {
   void connectMouse() {
     on(tree_, &QTreeWidget::itemPressed, [this](QTreeWidgetItem* item) {
       if (QApplication::mouseButtons() != Qt::LeftButton) return;
-      tell([&outline = outline_, index = indexOf(item)] { outline.click(index); });
+      tell([&outline = model_, index = indexOf(item)] { outline.click(index); });
     });
     on(tree_, &QTreeWidget::itemDoubleClicked,
-       [this] { tell([&outline = outline_] { outline.doubleClick(); }); });
+       [this] { tell([&outline = model_] { outline.doubleClick(); }); });
   }
 
   void opened(QTreeWidgetItem* item, bool open) {
-    tell([&outline = outline_, index = indexOf(item), open] { outline.openByUser(index, open); });
+    tell([&outline = model_, index = indexOf(item), open] { outline.openByUser(index, open); });
   }
 
   void update(Change what) override {
     if (has(what, Change::items)) fill();
     if (!has(what, Change::items) && !has(what, Change::value)) return;
-    const int index = outline_.listIndex();
+    const int index = model_.listIndex();
     tree_->setCurrentItem(index < 0 ? nullptr : items_[static_cast<std::size_t>(index)]);
   }
 
   // An outline only grows at its end.
   void fill() {
-    for (std::size_t i = items_.size(); i < outline_.items().size(); ++i) {
-      const auto& entry = outline_.items()[i];
+    for (std::size_t i = items_.size(); i < model_.items().size(); ++i) {
+      const auto& entry = model_.items()[i];
       auto* item = new QTreeWidgetItem({toQt(entry.text)});
       item->setSizeHint(0, {0, rowHeight});
       item->setData(0, Qt::UserRole, static_cast<int>(i));
@@ -69,12 +68,12 @@ class OutlinePeer : public ControlPeer {
       items_.push_back(item);
     }
     for (std::size_t i = 0; i < items_.size(); ++i)
-      items_[i]->setExpanded(outline_.items()[i].expanded);
+      items_[i]->setExpanded(model_.items()[i].expanded);
   }
 
   // The nearest item before it that stands further out.
   QTreeWidgetItem* parentOf(std::size_t index) const {
-    const auto& entries = outline_.items();
+    const auto& entries = model_.items();
     for (std::size_t i = index; i-- > 0;)
       if (entries[i].indent < entries[index].indent) return items_[i];
     return nullptr;
@@ -84,15 +83,12 @@ class OutlinePeer : public ControlPeer {
     return item ? item->data(0, Qt::UserRole).toInt() : -1;
   }
 
-  Outline& outline_;
   QTreeWidget* tree_ = nullptr;
   std::vector<QTreeWidgetItem*> items_;
 };
 
 }  // namespace
 
-PeerPointer makeOutlinePeer(Mirror& mirror, Outline& outline, QWidget* ground) {
-  return std::make_unique<OutlinePeer>(mirror, outline, ground);
-}
+constinit PeerMaker* const makeOutlinePeer = makePeerOf<OutlinePeer>;
 
 }  // namespace tolmer

@@ -1,6 +1,6 @@
-// What a desktop program's main function needs of the toolkit.
 #pragma once
 
+#include <QIcon>
 #include <functional>
 #include <memory>
 

@@ -10,7 +10,7 @@
 #include <QUrl>
 #include <algorithm>
 
-#include "base/program_folder.h"
+#include "base/paths.h"
 #include "platform/qt/clipboard.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/file_window.h"

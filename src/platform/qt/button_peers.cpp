@@ -1,0 +1,102 @@
+#include <QCheckBox>
+#include <QPushButton>
+#include <QRadioButton>
+#include <algorithm>
+
+#include "platform/buttons.h"
+#include "platform/qt/control_peer.h"
+#include "platform/qt/convert.h"
+
+namespace tolmer {
+namespace {
+
+class ButtonPeer : public PeerOf<Button> {
+ public:
+  using PeerOf::PeerOf;
+
+ private:
+  QWidget* create(QWidget* ground) override {
+    widget_ = new QPushButton(ground);
+    // Otherwise any button that gets the focus would take Return from the default button.
+    widget_->setAutoDefault(false);
+    on(widget_, &QPushButton::clicked, [this] { tell([&button = model_] { button.click(); }); });
+    return widget_;
+  }
+  void update(Change what) override {
+    if (has(what, Change::text)) widget_->setText(toQt(model_.caption()));
+    if (has(what, Change::focus)) widget_->setDefault(model_.isDefault());
+  }
+
+  QPushButton* widget_ = nullptr;
+};
+
+class CheckBoxPeer : public PeerOf<CheckBox> {
+ public:
+  using PeerOf::PeerOf;
+
+ private:
+  QWidget* create(QWidget* ground) override {
+    widget_ = new QCheckBox(ground);
+    on(widget_, &QCheckBox::stateChanged, [this](int state) {
+      tell([&box = model_, state] { box.setValue(state == Qt::Checked ? 1 : 0); });
+    });
+    return widget_;
+  }
+  void update(Change what) override {
+    if (has(what, Change::text)) widget_->setText(toQt(model_.caption()));
+    if (!has(what, Change::value)) return;
+    // The user goes between clear and ticked; only the program makes a box grey.
+    widget_->setTristate(model_.value() == 2);
+    widget_->setCheckState(model_.value() == 2   ? Qt::PartiallyChecked
+                           : model_.value() == 1 ? Qt::Checked
+                                                 : Qt::Unchecked);
+  }
+
+  QCheckBox* widget_ = nullptr;
+};
+
+class OptionButtonPeer : public PeerOf<OptionButton> {
+ public:
+  using PeerOf::PeerOf;
+
+ private:
+  QWidget* create(QWidget* ground) override {
+    widget_ = new QRadioButton(ground);
+    on(widget_, &QRadioButton::toggled, [this](bool isOn) {
+      // The one that is turned on turns the others off in the model too.
+      if (isOn) tell([&option = model_] { option.setValue(true); });
+    });
+    return widget_;
+  }
+  void update(Change what) override {
+    if (has(what, Change::text)) widget_->setText(toQt(model_.caption()));
+    if (!has(what, Change::value)) return;
+    // An exclusive button cannot be turned off by itself.
+    widget_->setAutoExclusive(false);
+    widget_->setChecked(model_.value());
+    widget_->setAutoExclusive(true);
+    shareTabStop();
+  }
+
+  // Tab leads to the option that is on, and passes the others.
+  void shareTabStop() {
+    const auto options =
+        widget_->parentWidget()->findChildren<QRadioButton*>(QString(), Qt::FindDirectChildrenOnly);
+    const bool oneIsOn = std::any_of(options.begin(), options.end(),
+                                     [](const QRadioButton* one) { return one->isChecked(); });
+    for (QRadioButton* one : options)
+      one->setFocusPolicy(oneIsOn && !one->isChecked() ? Qt::ClickFocus : Qt::StrongFocus);
+  }
+
+  QRadioButton* widget_ = nullptr;
+};
+
+}  // namespace
+
+constinit PeerMaker* const makeButtonPeer = makePeerOf<ButtonPeer>;
+
+constinit PeerMaker* const makeCheckBoxPeer = makePeerOf<CheckBoxPeer>;
+
+constinit PeerMaker* const makeOptionButtonPeer = makePeerOf<OptionButtonPeer>;
+
+}  // namespace tolmer
