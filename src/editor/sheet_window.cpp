@@ -360,9 +360,8 @@ std::string SheetWindow::htmlOf(const CopiedBlock& block) const {
 }
 
 // One line takes the clipboard's lines as one.
-void SheetWindow::pasteInto(TextBox& box) {
+void SheetWindow::pasteInto(TextBox& box, std::string text) {
   if (box.readOnly()) return;
-  std::string text = desktop().clipboardText();
   while (text.ends_with('\n') || text.ends_with('\r')) text.pop_back();
   std::replace_if(
       text.begin(), text.end(), [](char c) { return c == '\n' || c == '\r' || c == '\t'; }, ' ');
@@ -370,11 +369,11 @@ void SheetWindow::pasteInto(TextBox& box) {
 }
 
 void SheetWindow::paste() {
-  if (TextBox* box = focusedText()) return pasteInto(*box);
+  ClipboardContent pasted = desktop().pasted();
+  if (TextBox* box = focusedText()) return pasteInto(*box, std::move(pasted.text));
   if (!isOneBlock("Paste")) return;
-  if (copies_ > 0 && desktop().clipboardCells() == markOf(copies_))
-    return takePaste(selectedRange(), copied_);
-  pasteText(desktop().clipboardText());
+  if (copies_ > 0 && pasted.cells == markOf(copies_)) return takePaste(selectedRange(), copied_);
+  pasteText(pasted.text);
 }
 
 void SheetWindow::pasteText(const std::string& text) {

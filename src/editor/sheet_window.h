@@ -87,7 +87,7 @@ class SheetWindow : public Window {
   // The text box that has the focus; null where the cells are meant.
   TextBox* focusedText();
   void copyText(TextBox& box, bool cut);
-  void pasteInto(TextBox& box);
+  void pasteInto(TextBox& box, std::string text);
   void pasteText(const std::string& text);
   void takePaste(const CellRange& target, const PasteTable& table);
   void tellRefused(int refused, const std::string& reason);

@@ -1,6 +1,7 @@
 #include "shell/menu_commands.h"
 
 #include "base/file_io.h"
+#include "engine/fitted_equation.h"
 
 namespace tolmer {
 
@@ -80,7 +81,7 @@ void MenuCommands::mnuEditCopy_Click() {
   Window* active = parts_.frame.activeChild();
   if (!active) return;
   if (active->focus() && active->focus()->kind() == ControlKind::textBox) {
-    parts_.desktop.setClipboard({.text = parts_.panel.txtFittedModel.text()});
+    parts_.desktop.setClipboard({.text = fittedEquation(parts_.state)});
     return;
   }
   if (auto* display = dynamic_cast<DisplayWindow*>(active)) display->CopyGraph();

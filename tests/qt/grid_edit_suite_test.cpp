@@ -130,10 +130,10 @@ TEST_P(GridEditSuite, ShortcutsAreTheMenusButTextKeysStayInText) {
 
 TEST_P(GridEditSuite, CellsComeBackInTheProgramsOwnForm) {
   desktop.setClipboard({.text = "1\t2\n", .cells = "=A1\t2\n"});
-  EXPECT_EQ(desktop.clipboardText(), "1\t2\n");
-  EXPECT_EQ(desktop.clipboardCells(), "=A1\t2\n");
+  EXPECT_EQ(desktop.pasted().text, "1\t2\n");
+  EXPECT_EQ(desktop.pasted().cells, "=A1\t2\n");
   desktop.setClipboard({.text = "1"});
-  EXPECT_EQ(desktop.clipboardCells(), "");
+  EXPECT_EQ(desktop.pasted().cells, "");
 }
 
 INSTANTIATE_TEST_SUITE_P(Desktops, GridEditSuite, bothStages, stageName);

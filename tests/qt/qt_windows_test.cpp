@@ -149,7 +149,7 @@ TEST_F(QtWindowsTest, CopyKeyTakesWhatIsMarkedAndElseTheEntrysWords) {
   auto& lines = dynamic_cast<QPlainTextEdit&>(widgetOf(text));
   const auto copied = [&] {
     user.key("mdi", {.code = 'C', .control = true});
-    return desktop.clipboardText();
+    return desktop.pasted().text;
   };
   EXPECT_EQ(copied(), "all");
   lines.moveCursor(QTextCursor::Start);
@@ -306,7 +306,7 @@ TEST_F(QtWindowsTest, WhereNoLosesWorkOnlyAButtonAnswers) {
 
 TEST_F(QtWindowsTest, ClipboardHasEveryForm) {
   desktop.setClipboard({.text = "1\t2", .html = "<table></table>"});
-  EXPECT_EQ(desktop.clipboardText(), "1\t2");
+  EXPECT_EQ(desktop.pasted().text, "1\t2");
   EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->hasHtml());
   EXPECT_FALSE(QGuiApplication::clipboard()->mimeData()->hasImage());
   desktop.setClipboard(

@@ -50,8 +50,9 @@ class HeadlessDesktop : public Desktop {
   void beep() override { ++beeps_; }
   void setBusyPointer(bool) override {}
   void setClipboard(const ClipboardContent& content) override { clipboard_ = content; }
-  std::string clipboardText() const override { return clipboard_.text; }
-  std::string clipboardCells() const override { return clipboard_.cells; }
+  ClipboardContent pasted() const override {
+    return {.text = clipboard_.text, .cells = clipboard_.cells};
+  }
   std::optional<ChosenFile> openFileDialog(const FileQuestion& question) override;
   std::optional<ChosenFile> saveFileDialog(const FileQuestion& question) override;
   void showHelp(const HelpRequest& request) override { helpRequests_.push_back(request); }

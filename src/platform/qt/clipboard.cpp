@@ -43,11 +43,10 @@ void putOnClipboard(const ClipboardContent& content) {
   QGuiApplication::clipboard()->setMimeData(data);
 }
 
-std::string textOnClipboard() { return QGuiApplication::clipboard()->text().toStdString(); }
-
-std::string cellsOnClipboard() {
+ClipboardContent fromClipboard() {
   const QMimeData* data = QGuiApplication::clipboard()->mimeData();
-  return data ? data->data(cellsType).toStdString() : std::string();
+  if (!data) return {};
+  return {.text = data->text().toStdString(), .cells = data->data(cellsType).toStdString()};
 }
 
 }  // namespace tolmer

@@ -1,7 +1,5 @@
 #pragma once
 
-#include <string>
-
 #include "platform/desktop.h"
 
 namespace tolmer {
@@ -9,8 +7,7 @@ namespace tolmer {
 // Every form at once; another program takes the one it understands. A picture is there as SVG and
 // as a bitmap of twice its size.
 void putOnClipboard(const ClipboardContent& content);
-std::string textOnClipboard();
-// In the program's own form; empty where there are none.
-std::string cellsOnClipboard();
+// Text and cells.
+ClipboardContent fromClipboard();
 
 }  // namespace tolmer

@@ -91,9 +91,7 @@ void QtDesktop::setBusyPointer(bool busy) {
 
 void QtDesktop::setClipboard(const ClipboardContent& content) { putOnClipboard(content); }
 
-std::string QtDesktop::clipboardText() const { return textOnClipboard(); }
-
-std::string QtDesktop::clipboardCells() const { return cellsOnClipboard(); }
+ClipboardContent QtDesktop::pasted() const { return fromClipboard(); }
 
 std::optional<ChosenFile> QtDesktop::openFileDialog(const FileQuestion& question) {
   return askForFile(mirror_, question, FileUse::open);

@@ -48,8 +48,7 @@ class QtDesktop : public Desktop {
   void beep() override;
   void setBusyPointer(bool busy) override;
   void setClipboard(const ClipboardContent& content) override;
-  std::string clipboardText() const override;
-  std::string clipboardCells() const override;
+  ClipboardContent pasted() const override;
   std::optional<ChosenFile> openFileDialog(const FileQuestion& question) override;
   std::optional<ChosenFile> saveFileDialog(const FileQuestion& question) override;
   void showHelp(const HelpRequest& request) override;
