@@ -8,8 +8,12 @@ namespace tolmer {
 
 // What stands between the blanks at both ends; empty where there is nothing else.
 constexpr std::string_view trimmed(std::string_view text, std::string_view blanks = " \t") {
-  text.remove_prefix(std::min(text.find_first_not_of(blanks), text.size()));
-  return text.substr(0, text.find_last_not_of(blanks) + 1);
+  const auto isBlank = [blanks](char c) {
+    return std::any_of(blanks.begin(), blanks.end(), [c](char blank) { return c == blank; });
+  };
+  while (!text.empty() && isBlank(text.front())) text.remove_prefix(1);
+  while (!text.empty() && isBlank(text.back())) text.remove_suffix(1);
+  return text;
 }
 
 // The same of a line, whose end may have left a carriage return.

@@ -11,6 +11,7 @@ Error errorAtLine(const std::string& fileName, int line, std::string_view text) 
 
 Result<FieldRecord> RecordReader::next() {
   FieldRecord record{line_, {}};
+  record.fields.reserve(lastFields_);  // most records have as many as the one before
   for (bool more = true; more;) {
     if (record.fields.size() == mostFields)
       return errorAtLine(fileName_, record.line,
@@ -22,6 +23,7 @@ Result<FieldRecord> RecordReader::next() {
     if (more) ++at_;
   }
   skipLineEnd();
+  lastFields_ = record.fields.size();
   return record;
 }
 
@@ -36,8 +38,11 @@ bool RecordReader::opensQuotedField() const {
 
 FieldSpan RecordReader::bareField() {
   const std::size_t begin = at_;
-  while (!atEnd() && !endsField(text_[at_])) ++at_;
-  return {begin, at_ - begin};
+  const std::string_view text = text_;
+  std::size_t at = at_;
+  while (at < text.size() && !endsField(text[at])) ++at;
+  at_ = at;
+  return {begin, at - begin};
 }
 
 // The unquoted text is shorter than the quoted one, so it is put over it.

@@ -66,6 +66,7 @@ class RecordReader {
   char separator_;
   StrayQuotes strayQuotes_;
   std::size_t at_ = 0;
+  std::size_t lastFields_ = 0;  // of the record before
   int line_ = 1;
 };
 

@@ -42,6 +42,7 @@ class Builder {
   // Adds the column to the variables, or leaves it out.
   Fault readColumn(int column) {
     std::vector<float> values;
+    values.reserve(static_cast<std::size_t>(table_.rows()));
     int firstText = -1;
     for (int row = 0; row < table_.rows(); ++row) {
       if (const auto value = singleFromText(table_.cell(row, column)))

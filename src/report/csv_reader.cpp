@@ -51,6 +51,8 @@ Result<CsvTable> CsvTable::parse(std::string fileName, std::string bytes) {
   CsvTable table;
   table.fileName_ = std::move(fileName);
   table.content_ = withoutControls(utf8FromFile(std::move(bytes)));
+  // A cell has a figure and a comma at least, but for empty ones.
+  table.cells_.reserve(std::min(mostCells, table.content_.size() / 2));
   RecordReader reader(table.fileName_, table.content_);
   while (!reader.atEnd()) {
     auto record = reader.next();

@@ -83,6 +83,7 @@ constexpr auto escaped = [] {
 bool mustBeEscaped(char c) { return escaped[static_cast<unsigned char>(c)]; }
 
 constexpr std::size_t longestEscape = 6;
+constexpr std::size_t longestPart = 256;  // of a text, taken at once
 
 char* escape(char* at, char c) {
   constexpr std::string_view plain = "\"\\nrt";
@@ -95,6 +96,14 @@ char* escape(char* at, char c) {
   constexpr std::string_view hex = "0123456789abcdef";
   const auto code = static_cast<unsigned char>(c);
   for (const char letter : {'u', '0', '0', hex[code >> 4U], hex[code & 15U]}) *at++ = letter;
+  return at;
+}
+
+char* withEscapes(char* at, std::string_view text) {
+  for (const char c : text) {
+    *at = c;
+    at = mustBeEscaped(c) ? escape(at, c) : at + 1;
+  }
   return at;
 }
 
@@ -113,8 +122,9 @@ inline void JsonWriter::put(std::string_view text) {
 }
 
 void JsonWriter::open(char bracket, bool lines) {
-  beforeElement();
-  put(bracket);
+  char* const at = element(1);
+  *at = bracket;
+  wrote(at + 1);
   // What stands in an array stays on the array's line.
   levels_.push_back({lines && (levels_.empty() || levels_.back().lines)});
 }
@@ -122,51 +132,59 @@ void JsonWriter::open(char bracket, bool lines) {
 void JsonWriter::close(char bracket) {
   const Level level = levels_.back();
   levels_.pop_back();
-  if (level.lines && !level.empty) newLine();
-  put(bracket);
-  if (levels_.empty()) put('\n');
+  char* at = room(longestNewLine());
+  if (level.lines && !level.empty) at = newLine(at);
+  *at++ = bracket;
+  if (levels_.empty()) *at++ = '\n';
+  wrote(at);
 }
 
-void JsonWriter::newLine() {
-  put('\n');
-  for (std::size_t i = 0; i < levels_.size(); ++i) put("  ");
+char* JsonWriter::newLine(char* at) const {
+  *at++ = '\n';
+  return std::fill_n(at, 2 * levels_.size(), ' ');
 }
 
-inline void JsonWriter::beforeElement() {
-  if (afterKey_) {
+inline char* JsonWriter::element(std::size_t count) {
+  char* at = room(longestNewLine() + count);
+  if (afterKey_ || levels_.empty()) {
     afterKey_ = false;
-    return;
+    return at;
   }
-  if (levels_.empty()) return;
   Level& level = levels_.back();
-  if (!level.empty) put(',');
+  if (!level.empty) *at++ = ',';
   if (level.lines)
-    newLine();
+    at = newLine(at);
   else if (!level.empty)
-    put(' ');
+    *at++ = ' ';
   level.empty = false;
+  return at;
 }
 
 void JsonWriter::key(std::string_view name) {
-  beforeElement();
-  quote(name);
+  value(name);
   put(": ");
   afterKey_ = true;
 }
 
 void JsonWriter::raw(std::string_view token) {
-  beforeElement();
+  wrote(element(0));
   put(token);
 }
 
 void JsonWriter::value(std::string_view text) {
-  beforeElement();
-  quote(text);
+  char* at = element(2 + longestPart * longestEscape);
+  *at++ = '"';
+  for (; text.size() > longestPart; text.remove_prefix(longestPart)) {
+    wrote(withEscapes(at, text.substr(0, longestPart)));
+    at = room(2 + longestPart * longestEscape);
+  }
+  at = withEscapes(at, text);
+  *at++ = '"';
+  wrote(at);
 }
 
 void JsonWriter::integer(long long number) {
-  beforeElement();
-  char* const at = room(longestNumber);
+  char* const at = element(longestNumber);
   wrote(std::to_chars(at, at + longestNumber, number).ptr);
 }
 
@@ -176,31 +194,15 @@ void JsonWriter::value(double number) { decimal(number, doubleDigits); }
 
 void JsonWriter::decimal(double number, int significant) {
   if (!std::isfinite(number)) return value(notFinite(number));
-  beforeElement();
-  char* at = room(longestNumber);
+  char* at = element(1 + longestNumber);
   if (std::signbit(number)) *at++ = '-';
   const double magnitude = std::fabs(number);
   if (const auto middling = middlingDecimal(magnitude, significant))
-    wrote(write(at, *middling, significant));
+    at = write(at, *middling, significant);
   else
-    wrote(std::to_chars(at, at + longestNumber - 1, magnitude, std::chars_format::general,
-                        significant)
-              .ptr);
-}
-
-void JsonWriter::quote(std::string_view text) {
-  put('"');
-  while (!text.empty()) {
-    const std::size_t part = std::min(text.size(), block_.size() / longestEscape);
-    char* at = room(part * longestEscape);
-    for (const char c : text.substr(0, part)) {
-      *at = c;
-      at = mustBeEscaped(c) ? escape(at, c) : at + 1;
-    }
-    wrote(at);
-    text.remove_prefix(part);
-  }
-  put('"');
+    at = std::to_chars(at, at + longestNumber, magnitude, std::chars_format::general, significant)
+             .ptr;
+  wrote(at);
 }
 
 }  // namespace tolmer

@@ -56,24 +56,20 @@ class JsonWriter {
   };
   void open(char bracket, bool lines);
   void close(char bracket);
-  void beforeElement();
-  void newLine();
   void integer(long long number);
   void decimal(double number, int significant);
   void raw(std::string_view token);
-  void quote(std::string_view text);
 
+  // Room for `count` letters behind what divides an element from the one before.
+  char* element(std::size_t count);
+  char* newLine(char* at) const;
+  std::size_t longestNewLine() const { return 4 + 2 * levels_.size(); }
   // Room for `count` letters, at most as many as a block has; `end` is behind those written.
   char* room(std::size_t count) {
     if (block_.size() - used_ < count) flush();
     return block_.data() + used_;
   }
   void wrote(const char* end) { used_ = static_cast<std::size_t>(end - block_.data()); }
-  void put(char letter) {
-    char* const at = room(1);
-    *at = letter;
-    wrote(at + 1);
-  }
   void put(std::string_view text);
   void flush();
 
