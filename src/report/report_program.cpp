@@ -59,13 +59,14 @@ ReportOutcome reportOn(WorkingCopy& copy, const ReportOptions& options,
 }
 
 ReportOutcome reportOnTable(const ReportOptions& options, const ReportSurroundings& around) {
-  const auto table = CsvTable::open(options.file);
+  auto table = CsvTable::open(options.file);
   if (!table) return failed(ReportOutcome::dataAtFault, table.error());
   if (!options.labels.empty() && table->find(options.labels) < 0)
     return usageFault({table->fileName(), "there is no column \"" + options.labels +
                                               "\" for the labels; the columns are " +
                                               table->namesInOrder()});
   auto copy = dataSetFromTable(*table, options);
+  table = Error{};  // the analysis can use its memory
   if (!copy) return failed(ReportOutcome::dataAtFault, copy.error());
   return reportOn(*copy, options, around);
 }
