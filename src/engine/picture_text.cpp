@@ -231,10 +231,9 @@ std::optional<SevenDigits> sevenDigits(float a) {
   SevenDigits digits{.places = 6 - exponent - (next ? 1 : 0)};
   // Below 10^7 and a hundred millionth off at most.
   const double scaled = a * tenfold[static_cast<std::size_t>(digits.places)];
-  digits.number = static_cast<std::uint32_t>(scaled);
+  digits.number = static_cast<std::uint32_t>(scaled + 0.5);
   const double rest = scaled - static_cast<double>(digits.number);
-  if (std::fabs(rest - 0.5) < 1e-6) return std::nullopt;
-  if (rest > 0.5) ++digits.number;
+  if (std::fabs(rest) > 0.5 - 1e-6) return std::nullopt;
   return digits;
 }
 

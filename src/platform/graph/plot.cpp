@@ -287,10 +287,34 @@ Picture drawPlot(const GraphSettings& settings, const GraphLayout& layout) {
   return picture;
 }
 
+// Draws the calls on the graph's own picture.
+struct OverlayPainter {
+  Picture& picture;
+
+  void operator()(const BoxCall& call) const {
+    const ViewRect place = intersection({call.x, call.y, call.width, call.height}, picture.plot);
+    if (place.width > 0 && place.height > 0) picture.add(tintedBox(place, call.colour));
+  }
+  void operator()(const LineCall& call) const {
+    LinePrimitive line = lineOf(call);
+    // A dashed line over the frame would make the frame look dashed.
+    if (line.width > 1 || !liesOnFrame(line, picture.plot)) picture.addSegment(std::move(line));
+  }
+  void operator()(const TextCall& call) const {
+    const bool centred = (call.flags & textFlags::centred) != 0;
+    const bool hanging = (call.flags & textFlags::hanging) != 0;
+    const bool touches = !centred && std::abs(call.x - picture.plot.right()) < 0.5;
+    const double x = touches ? call.x + distanceFromFrame : call.x;
+    const double baseline =
+        hanging ? call.y - hangingBaseline * call.pixels : centredBaseline(call.y, call.pixels);
+    picture.addText({{x, baseline}, call.text, call.pixels, centred ? Align::centre : Align::left});
+  }
+};
+
 }  // namespace
 
-void DrawingView::begin(Picture picture, double textPixels) {
-  picture_ = std::move(picture);
+void DrawingView::begin(ViewSize size, double textPixels) {
+  size_ = size;
   overlay_.clear();
   usualPixels_ = textPixels;
   pixels_ = textPixels;
@@ -299,29 +323,17 @@ void DrawingView::begin(Picture picture, double textPixels) {
 void DrawingView::GSBox2D(double x, double y, double width, double height, int pattern,
                           int colour) {
   overlay_.push_back(BoxCall{x, y, width, height, pattern, colour});
-  const ViewRect place = intersection({x, y, width, height}, picture_.plot);
-  if (!(place.width > 0 && place.height > 0)) return;
-  picture_.add(tintedBox(place, colour));
 }
 
 void DrawingView::GSLineAbs(double x1, double y1, double x2, double y2, int mode, int style,
                             int colour) {
-  const LineCall call{x1, y1, x2, y2, mode, style, colour};
-  overlay_.push_back(call);
-  LinePrimitive line = lineOf(call);
-  // A dashed line over the frame would make the frame look dashed.
-  if (line.width > 1 || !liesOnFrame(line, picture_.plot)) picture_.addSegment(std::move(line));
+  overlay_.push_back(LineCall{x1, y1, x2, y2, mode, style, colour});
 }
 
 void DrawingView::GSLoadRFont(int percent) { pixels_ = std::round(usualPixels_ * percent / 100); }
 
 void DrawingView::GSRText(double x, double y, int flags, const std::string& text) {
-  overlay_.push_back(TextCall{x, y, flags, text});
-  const bool centred = (flags & textFlags::centred) != 0;
-  const bool hanging = (flags & textFlags::hanging) != 0;
-  if (!centred && std::abs(x - picture_.plot.right()) < 0.5) x += distanceFromFrame;
-  const double baseline = hanging ? y - hangingBaseline * pixels_ : centredBaseline(y, pixels_);
-  picture_.addText({{x, baseline}, text, pixels_, centred ? Align::centre : Align::left});
+  overlay_.push_back(TextCall{x, y, flags, text, pixels_});
 }
 
 double DrawingView::GSGetRTextWid(const std::string& text) const {
@@ -345,13 +357,21 @@ void Plot::setPointLabel(int point, std::string text) {
 
 void Plot::setDrawMode(DrawMode) {
   const GraphLayout layout = layOut(settings, design_, size_);
+  isDrawn_ = true;
+  area_ = layout.plot;
   x_ = layout.axes.x;
   y_ = layout.axes.y;
-  view_.begin(drawPlot(settings, layout), layout.textPixels);
+  view_.begin(size_, layout.textPixels);
+}
+
+Picture Plot::picture() const {
+  if (!isDrawn_) return {};
+  Picture picture = drawPlot(settings, layOut(settings, design_, size_));
+  for (const OverlayCall& call : overlay()) std::visit(OverlayPainter{picture}, call);
+  return picture;
 }
 
 double Plot::SDKInfo(int index) const {
-  const ViewRect& plot = picture().plot;
   switch (index) {
     case 1:
       return x_.minimum;
@@ -362,13 +382,13 @@ double Plot::SDKInfo(int index) const {
     case 4:
       return y_.minimum;
     case 5:
-      return plot.width;
+      return area_.width;
     case 6:
-      return plot.height;
+      return area_.height;
     case 7:
-      return plot.left;
+      return area_.left;
     case 8:
-      return plot.bottom;
+      return area_.bottom;
     default:
       return 0;
   }

@@ -25,6 +25,7 @@ struct TextCall {
   double x, y;
   int flags;
   std::string text;
+  double pixels;  // size of the letters
 };
 using OverlayCall = std::variant<BoxCall, LineCall, TextCall>;
 
@@ -44,8 +45,8 @@ inline constexpr int hanging = 0x010;  // y is the top of the text, else the mid
 //   wide.
 class DrawingView {
  public:
-  // A new drawing begins with what the graph itself has drawn.
-  void begin(Picture picture, double textPixels);
+  // A new drawing on a graph of that size.
+  void begin(ViewSize size, double textPixels);
 
   // Lower left corner and size.
   void GSBox2D(double x, double y, double width, double height, int pattern, int colour);
@@ -58,16 +59,15 @@ class DrawingView {
   double GSGetRTextWid(const std::string& text) const;
 
   // Extent of the view in view units, and of its window in pixels: always the same here.
-  double GSGetVXExt() const { return picture_.size.width; }
-  double GSGetVYExt() const { return picture_.size.height; }
-  double GSGetWXExt() const { return picture_.size.width; }
-  double GSGetWYExt() const { return picture_.size.height; }
+  double GSGetVXExt() const { return size_.width; }
+  double GSGetVYExt() const { return size_.height; }
+  double GSGetWXExt() const { return size_.width; }
+  double GSGetWYExt() const { return size_.height; }
 
-  const Picture& picture() const { return picture_; }
   const std::vector<OverlayCall>& overlay() const { return overlay_; }
 
  private:
-  Picture picture_;
+  ViewSize size_;
   std::vector<OverlayCall> overlay_;
   double usualPixels_ = 0;
   double pixels_ = 0;
@@ -75,6 +75,7 @@ class DrawingView {
 
 // Changes of the settings are seen when DrawMode is set to 2, which draws everything anew and drops
 // what had been drawn on top: first the settings, then DrawMode 2, then the drawing on the view.
+// The primitives are made when the picture is asked for, of settings that have not changed since.
 class Plot {
  public:
   // Of a graph of no size, on which there is nothing.
@@ -98,12 +99,14 @@ class Plot {
 
   DrawingView& GSUseView() { return view_; }
 
-  const Picture& picture() const { return view_.picture(); }
+  Picture picture() const;  // empty before the first drawing
   const std::vector<OverlayCall>& overlay() const { return view_.overlay(); }
 
  private:
   GraphDesign design_;
   ViewSize size_;
+  bool isDrawn_ = false;
+  ViewRect area_;  // as it was drawn last, with its scales
   Scale x_;
   Scale y_;
   DrawingView view_;
