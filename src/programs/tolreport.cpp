@@ -23,7 +23,7 @@ bool write(std::FILE* stream, const std::string& text) {
 int run(const std::vector<std::string>& words) {
   // no-color.org: the variable, whatever its value, asks for plain text.
   const bool coloured = ::isatty(STDOUT_FILENO) == 1 && !std::getenv("NO_COLOR");
-  const tolmer::ReportSurroundings around{tolmer::programFolder(), tolmer::reportDate(), coloured};
+  const tolmer::ReportSurroundings around{tolmer::programFolder, tolmer::reportDate, coloured};
   const tolmer::ReportOutcome outcome = tolmer::runReport(words, around);
   write(stderr, outcome.errors);
   if (write(stdout, outcome.output)) return outcome.status;

@@ -55,7 +55,9 @@ ReportOutcome reportOn(WorkingCopy& copy, const ReportOptions& options,
   const AnalysisState state = analysisOf(copy, messages, *axes);
   ReportRequest request = options.request;
   request.isColoured = around.isColoured;
-  return {ReportOutcome::done, makeReport(state, request, {around.date, messages.boxes()}), {}};
+  // JSON tells no date.
+  const std::string date = request.format == ReportFormat::json ? "" : around.date();
+  return {ReportOutcome::done, makeReport(state, request, {date, messages.boxes()}), {}};
 }
 
 ReportOutcome reportOnTable(const ReportOptions& options, const ReportSurroundings& around) {
@@ -87,12 +89,13 @@ ReportOutcome runReport(const std::vector<std::string>& words, const ReportSurro
   auto options = parseOptions(words);
   if (!options) return usageFault(options.error());
   if (options->help) return {ReportOutcome::done, reportUsage, {}};
-  if (options->programFolder.empty()) options->programFolder = around.programFolder;
+  if (!options->file.empty()) return reportOnTable(*options, around);
+  if (options->programFolder.empty()) options->programFolder = around.programFolder();
   // The data lie beside this folder, and a bare name has no folder above it.
   std::error_code fault;
   const auto whole = std::filesystem::absolute(options->programFolder, fault);
   if (!fault) options->programFolder = whole.string();
-  return options->file.empty() ? reportOnCourse(*options, around) : reportOnTable(*options, around);
+  return reportOnCourse(*options, around);
 }
 
 }  // namespace tolmer

@@ -1,16 +1,19 @@
 // The report program but for its process: command line in, texts and exit status out.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <vector>
 
 namespace tolmer {
 
-// What the program finds around it.
+// What the program finds around it. The functions are asked where a report needs them, since they
+// read files of the system.
 struct ReportSurroundings {
-  std::string programFolder;  // of the course, unless the command line names another
-  std::string date;           // as the page prints it
-  bool isColoured = false;    // standard output is a terminal that shows colours
+  std::function<std::string()>
+      programFolder;                  // of the course, unless the command line names another
+  std::function<std::string()> date;  // as the page prints it
+  bool isColoured = false;            // standard output is a terminal that shows colours
 };
 
 struct ReportOutcome {

@@ -54,7 +54,8 @@ class ReportFixture : public testing::Test {
     return (folder / name).string();
   }
   ReportOutcome report(const std::vector<std::string>& words, bool isColoured = false) const {
-    return runReport(words, {(folder / "tolmod").string(), "2026-05-04", isColoured});
+    return runReport(words, {[this] { return (folder / "tolmod").string(); },
+                             [] { return "2026-05-04"; }, isColoured});
   }
   // A report that is made without any fault.
   std::string output(std::vector<std::string> words, const std::string& format) const {
