@@ -55,6 +55,15 @@ TEST(TextEncoding, nothingThatActsOnATerminalIsKept) {
   EXPECT_EQ(withoutControls("\x9b\xE4\xC2"), "???") << "no UTF-8: the first byte acts as it is";
   EXPECT_EQ(withoutControls(std::string("\0x", 2)), "?x");
   EXPECT_EQ(onOneLine("a\r\n\tb\x1b"), "a b?");
+  // Letters are looked at in eights.
+  for (const char acting : {'\0', '\x1f', '\x7f', '\x80', '\xff'})
+    for (std::size_t at = 0; at < 20; ++at) {
+      std::string text = "\tThis is ~ plain.\r\n ", expected = text;
+      text[at] = acting;
+      expected[at] = '?';
+      EXPECT_EQ(withoutControls(text), expected) << at;
+      EXPECT_EQ(isUtf8(text), acting >= 0) << at;
+    }
 }
 
 }  // namespace

@@ -1,6 +1,11 @@
 #include "report/json_writer.h"
 
+#include <array>
+#include <bit>
+#include <charconv>
+#include <cmath>
 #include <limits>
+#include <random>
 
 namespace tolmer {
 namespace {
@@ -47,10 +52,39 @@ TEST(JsonWriter, NumbersGiveTheStoredValueBack) {
             "\"-inf\", \"inf\", -7]\n");
 }
 
+// What std::to_chars writes, bit patterns of all sizes, ties and powers of ten among them.
+TEST(JsonWriter, NumbersAreRoundedCorrectly) {
+  std::mt19937_64 bits(1702);
+  const auto text = [](double number, int digits) {
+    std::array<char, 32> buffer;
+    return std::string(buffer.data(), std::to_chars(buffer.data(), buffer.data() + buffer.size(),
+                                                    number, std::chars_format::general, digits)
+                                          .ptr);
+  };
+  for (int i = 0; i < 100000; ++i) {
+    const double any = std::bit_cast<double>(bits() >> 2U);
+    const double usual = std::ldexp(static_cast<double>(bits() >> (bits() % 64)), -(i % 80));
+    const double power = std::nextafter(std::pow(10, i % 20 - 4), i % 3 - 1);
+    for (const double number : {any, usual, power}) {
+      JsonWriter json;
+      json.beginArray();
+      json.value(number);
+      json.value(static_cast<float>(usual));
+      json.endArray();
+      ASSERT_EQ(json.text(),
+                "[" + text(number, 17) + ", " + text(static_cast<float>(usual), 9) + "]\n");
+    }
+  }
+}
+
 TEST(JsonWriter, TextIsEscapedWhereItMustBe) {
   JsonWriter json;
   json.value(std::string_view("\"\\/\r\n\t\x01 ä β\0", 14));
   EXPECT_EQ(json.text(), "\"\\\"\\\\/\\r\\n\\t\\u0001 ä β\\u0000\"");
+  const std::string controls(5000, '\x01');
+  JsonWriter lengthy;
+  lengthy.value(controls);
+  EXPECT_EQ(lengthy.text().size(), 5000 * 6 + 2);
 }
 
 }  // namespace
