@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/buttons.h"
 #include "platform/panels.h"
 
 namespace tolmer {
@@ -36,6 +37,16 @@ std::vector<Control*> tabStops(const Container& container) {
   std::vector<Control*> stops;
   collectStops(container, stops);
   return stops;
+}
+
+bool isTabStop(const Control& control) {
+  if (control.kind() != ControlKind::optionButton) return control.takesFocus();
+  const auto isOn = [](const Control* one) {
+    return one->kind() == ControlKind::optionButton &&
+           static_cast<const OptionButton*>(one)->value();
+  };
+  const Container* group = control.parent();
+  return !group || isOn(&control) || std::ranges::none_of(group->children(), isOn);
 }
 
 bool isLabelOf(const Control& before, const Control& after) {

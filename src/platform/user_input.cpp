@@ -58,8 +58,12 @@ void clickOn(Control& control) {
 const TakenKey* takenKey(Control& focus, const KeyPress& key) {
   const Window* window = focus.window();
   if (window && !window->takesInput()) return nullptr;
-  const TakenKey* own = fitting(focus, key);
-  return own || !window || window == &focus ? own : fitting(*window, key);
+  const Window* frame = window ? window->frame() : nullptr;
+  for (const Control* from :
+       {static_cast<const Control*>(&focus), static_cast<const Control*>(window),
+        static_cast<const Control*>(frame)})
+    if (const TakenKey* found = from ? fitting(*from, key) : nullptr) return found;
+  return nullptr;
 }
 
 void releaseRight(Control& control) {

@@ -8,7 +8,8 @@
 namespace tolmer {
 
 // The taken key that this one means at the control with the focus: of the control's own, else of
-// its window's. Null where it is left to the control. Its work is to be raised.
+// its window's, else of the frame's around that. Null where it is left to the control. Its work is
+// to be raised.
 const TakenKey* takenKey(Control& focus, const KeyPress& key);
 
 // A release of the right button: MouseUp of the nearest control, outwards, that listens, though

@@ -8,6 +8,7 @@
 #include "platform/buttons.h"
 #include "platform/desktop.h"
 #include "platform/labels.h"
+#include "platform/tab_order.h"
 
 namespace tolmer {
 namespace {
@@ -87,11 +88,23 @@ bool Window::requestClose() {
   return true;
 }
 
-void Window::setFocusTo(Control* control) {
+void Window::moveFocus(bool back) {
+  std::vector<Control*> stops = tabStops(*this);
+  if (back) std::ranges::reverse(stops);
+  if (const auto here = std::ranges::find(stops, focus_); here != stops.end())
+    std::rotate(stops.begin(), here + 1, stops.end());
+  const auto next = std::ranges::find_if(
+      stops, [](const Control* stop) { return isTabStop(*stop) && stop->canBeUsed(); });
+  if (next != stops.end()) setFocusTo(*next, true);
+}
+
+void Window::setFocusTo(Control* control, bool moves) {
   if (focus_ == control) return;
   Control* before = focus_;
   focus_ = control;
+  focusMoves_ = moves;
   notify(Change::focus);
+  focusMoves_ = false;
   if (before) {
     before->focusLeft();
     raise(before->LostFocus);
@@ -108,7 +121,7 @@ Button* Window::cancelButton() {
 }
 
 bool Window::pressKey(const KeyPress& key) {
-  if (key.code != keys::enter && key.code != keys::escape) return false;
+  if (key.code != keys::enter && key.code != keys::escape) return frame_ && frame_->pressKey(key);
   const bool isOnLink = focus_ && focus_->kind() == ControlKind::label && focus_->canBeUsed();
   if (key.code == keys::enter && isOnLink) {
     static_cast<Label*>(focus_)->click();
@@ -164,6 +177,17 @@ void Window::placeChanged() {
 FrameWindow::FrameWindow(Desktop& desktop, std::string name, std::string caption)
     : Window(desktop, std::move(name), WindowStyle::frame, std::move(caption)) {
   setSizable(true);
+  takeKeys();
+}
+
+void FrameWindow::takeKeys() {
+  for (const bool back : {false, true}) {
+    const Held shift = back ? Held::yes : Held::no;
+    const auto next = [this, back] { activateNext(!back); };
+    takeKey({keys::f6, shift, Held::any, Held::no}, next);
+    takeKey({keys::tab, shift, Held::yes, Held::no}, next);
+  }
+  takeKey({keys::f10, Held::no, Held::yes, Held::no}, [this] { toggleMaximised(); });
 }
 
 FrameWindow::~FrameWindow() {
@@ -201,6 +225,14 @@ void FrameWindow::activateNext(bool forward) {
     next = (static_cast<std::size_t>(at - shown.begin()) + step) % shown.size();
   }
   activate(*shown[next]);
+}
+
+bool FrameWindow::pressKey(const KeyPress& key) {
+  const bool isLetter = key.code >= 'A' && key.code <= 'Z';
+  if (!isLetter || !key.alt || key.control || key.shift) return Window::pressKey(key);
+  Button* button = mnemonicButton(static_cast<char>(key.code));
+  if (button) button->click();
+  return button != nullptr;
 }
 
 Button* FrameWindow::mnemonicButton(char letter) {

@@ -67,13 +67,17 @@ class Window : public Container {
   int updateLocks() const { return updateLocks_; }
 
   Control* focus() const { return focus_; }
-  void setFocusTo(Control* control);
+  void setFocusTo(Control* control) { setFocusTo(control, false); }
+  // As Tab does: to the next control it stops at and that can be used, or the one before, around.
+  void moveFocus(bool back = false);
+  // While the peer is told of Change::focus: whether it moves so.
+  bool focusMoves() const { return focusMoves_; }
   Button* defaultButton();
   Button* cancelButton();
-  // Return and Escape that the control with the focus has left over. Return presses the link or
-  // button with the focus, else the default button, Escape the cancel button; one that cannot be
-  // used is not pressed. True for these two keys.
-  bool pressKey(const KeyPress& key);
+  // A key that the control with the focus has left over. Return presses the link or button with the
+  // focus, else the default button, Escape the cancel button; one that cannot be used is not
+  // pressed. True for these two keys, and for what its frame takes.
+  virtual bool pressKey(const KeyPress& key);
 
   MenuItem* menuBar() const { return menuBar_; }
   void setMenuBar(MenuItem* bar) { assign(menuBar_, bar, Change::items); }
@@ -100,6 +104,7 @@ class Window : public Container {
   friend class UpdateLock;
   friend class FrameWindow;
   void forget(const Control& control);
+  void setFocusTo(Control* control, bool moves);
   void setInner(Size inner);
   void lockUpdates(int step);
 
@@ -115,9 +120,12 @@ class Window : public Container {
   bool modal_ = false;
   bool sizable_ = false;
   bool takesInput_ = true;
+  bool focusMoves_ = false;
 };
 
-// The main window: its children stand inside it.
+// The main window: its children stand inside it. It takes the customary keys of windows within a
+// window: F6, Ctrl+F6 and Ctrl+Tab go to the next child, with Shift to the one before, and Ctrl+F10
+// maximises.
 class FrameWindow : public Window {
  public:
   FrameWindow(Desktop& desktop, std::string name, std::string caption);
@@ -134,9 +142,9 @@ class FrameWindow : public Window {
   // The keyboard's way around: the next child on the screen in reading order, or the one before. A
   // maximised one is restored, since it would cover the others.
   void activateNext(bool forward = true);
-  // The button of a child on the screen that the letter with Alt presses, whichever child is
-  // active; null without one.
-  Button* mnemonicButton(char letter);
+  // A letter with Alt presses the button of any child on the screen, whichever is active: the
+  // panel's commands are to be at hand from every quadrant. Letters of menus come first.
+  bool pressKey(const KeyPress& key) override;
   // Maximises the active child, or restores it.
   void toggleMaximised();
 
@@ -150,6 +158,8 @@ class FrameWindow : public Window {
 
  private:
   friend class Window;
+  void takeKeys();
+  Button* mnemonicButton(char letter);
   std::vector<Window*> childWindows_;
   Window* activeChild_ = nullptr;
 };

@@ -320,6 +320,24 @@ TEST_F(InputTest, TabGoesFromTopToBottomWhereAPanelWantsIt) {
   EXPECT_FALSE(isLabelOf(caption, lower));
 }
 
+TEST_F(InputTest, TabStopsAtTheOptionThatIsOn) {
+  OptionButton one(&panel, "opt1"), two(&panel, "opt2"), three(&panel, "opt3");
+  Button last(&window, "cmd");
+  const auto way = [&] {
+    std::string names;
+    for (int step = 0; step < 3; ++step) {
+      window.moveFocus();
+      names += window.focus()->name() + " ";
+    }
+    return names;
+  };
+  EXPECT_EQ(way(), "opt1 opt2 opt3 ");
+  two.setValue(true);
+  EXPECT_EQ(way(), "cmd opt2 cmd ");
+  window.moveFocus(true);
+  EXPECT_TRUE(two.hasFocus());
+}
+
 TEST_F(InputTest, SystemGroundsAreNotAControlsOwn) {
   TextBox text(&window, "txt");
   Label label(&window, "lbl");

@@ -110,6 +110,11 @@ TEST_P(GridEditSuite, LeavingTheGridEntersWhatIsTyped) {
   EXPECT_EQ(window.focus(), &window.cmdOK);
   key(keys::tab);
   EXPECT_EQ(window.focus(), &window.txtTitle);
+  grid.setFocus();
+  type("7");
+  user.key("frmEdit", {keys::tab, true, true});
+  EXPECT_EQ(grid.text(2, 2), "7");
+  EXPECT_EQ(window.focus(), &window.txtTitle);
 }
 
 TEST_P(GridEditSuite, ShortcutsAreTheMenusButTextKeysStayInText) {

@@ -307,6 +307,33 @@ TEST_P(WindowsSuite, OneChildIsActive) {
   EXPECT_EQ(events, "12");
 }
 
+TEST_P(WindowsSuite, KeysLeadAroundTheFrameFromWhateverHasTheFocus) {
+  Quadrants frame(desktop);
+  TextBox text(&frame.first, "txt");
+  text.setMultiLine(true);
+  Button go(&frame.second, "cmdGo", "&Go");
+  int pressed = 0;
+  go.Click = [&] { ++pressed; };
+  for (Window* child : {&frame.first, &frame.second}) {
+    child->children()[0]->setPlace({0, 0, pixels(100), pixels(30)});
+    child->announceChildren();
+  }
+  frame.first.activate();
+  text.setFocus();
+  user.key("frmFirst", {'G', false, false, true});
+  EXPECT_EQ(pressed, 1);
+  EXPECT_EQ(frame.activeChild(), &frame.first);
+  for (const KeyPress& key : {KeyPress{keys::f6}, {keys::f6, true}, {keys::tab, false, true}}) {
+    const Window* before = frame.activeChild();
+    user.key(before->name(), key);
+    EXPECT_NE(frame.activeChild(), before) << key.code;
+  }
+  user.key("frmSecond", {keys::tab, true, true});
+  EXPECT_EQ(frame.activeChild(), &frame.first);
+  user.key("frmFirst", {keys::f10, false, true});
+  EXPECT_EQ(frame.first.state(), WindowState::maximised);
+}
+
 TEST_P(WindowsSuite, DialogDoesNotChangeTheActiveChild) {
   Quadrants frame(desktop);
   frame.first.activate();

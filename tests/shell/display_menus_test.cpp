@@ -39,17 +39,20 @@ TEST_F(DisplayMenus, ThePanelOffersPlotsAndIsNotReplacedByThem) {
 }
 
 TEST_F(DisplayMenus, ThePanelsLettersAndTheKeysReachItFromAnyQuadrant) {
-  EXPECT_EQ(parts().frame.mnemonicButton('c'), &parts().panel.cmdChangeModel);
-  EXPECT_EQ(parts().frame.mnemonicButton('U'), nullptr) << "no plot to update";
   displayAt("11").activate();
+  std::string pressed;
+  parts().panel.cmdChangeModel.Click = [&] { pressed += 'c'; };
+  parts().panel.cmdUpdateGraphs.Click = [&] { pressed += 'u'; };
+  for (const int letter : {'C', 'U'}) user.key("mdiReg", {letter, false, false, true});
+  EXPECT_EQ(pressed, "c") << "no plot to update";
   std::string way;
   for (int step = 0; step < 4; ++step) {
-    parts().frame.activateNext();
+    user.key("mdiReg", {keys::f6});
     way += parts().frame.activeChild()->tag() + " ";
   }
   EXPECT_EQ(way, "12 21 22 11 ");
-  parts().frame.toggleMaximised();
-  parts().frame.activateNext(false);
+  user.key("mdiReg", {keys::f10, false, true});
+  user.key("mdiReg", {keys::tab, true, true});
   EXPECT_EQ(parts().frame.activeChild()->tag(), "22");
   EXPECT_EQ(displayAt("11").state(), WindowState::normal);
 }

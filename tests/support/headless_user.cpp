@@ -8,23 +8,23 @@
 #include "platform/graph/graph.h"
 #include "platform/grid/edit_grid.h"
 #include "platform/labels.h"
-#include "platform/panels.h"
-#include "platform/tab_order.h"
-#include "platform/user_input.h"
 
 namespace tolmer::test {
 namespace {
 
+void raiseMouse(Control& control) {
+  raise(control.MouseDown, MouseButton::left);
+  raise(control.MouseUp, MouseButton::left);
+}
+
+// Of those kinds that have a press of their own.
 void press(Control& control) {
   switch (control.kind()) {
     case ControlKind::button:
       return static_cast<Button&>(control).click();
     case ControlKind::label:
-      return static_cast<Label&>(control).click();
-    case ControlKind::panel:
-      return static_cast<Panel&>(control).click();
-    case ControlKind::image:
-      return static_cast<Image&>(control).click();
+      if (control.takesFocus()) static_cast<Label&>(control).click();
+      return;
     case ControlKind::optionButton:
       return static_cast<OptionButton&>(control).setValue(true);
     case ControlKind::checkBox: {
@@ -32,14 +32,14 @@ void press(Control& control) {
       return box.setValue(box.value() == 1 ? 0 : 1);
     }
     case ControlKind::graph:
+      raiseMouse(control);
       return static_cast<Graph&>(control).click();
     case ControlKind::grid: {
       auto& grid = static_cast<Grid&>(control);
+      raiseMouse(control);
       grid.press(grid.activeCell());
       return grid.click(grid.activeCell());
     }
-    case ControlKind::window:
-      return raise(static_cast<Window&>(control).Click);
     default:
       return;
   }
@@ -71,36 +71,21 @@ bool pressShortcut(Window& window, const KeyPress& key) {
   return true;
 }
 
-void pressTab(Window& window, bool backwards) {
-  std::vector<Control*> stops = tabStops(window);
-  std::erase_if(stops, [](const Control* stop) { return !stop->canBeUsed(); });
-  if (stops.empty()) return;
-  const auto at = std::find(stops.begin(), stops.end(), window.focus());
-  if (at == stops.end()) return stops.front()->setFocus();
-  const auto step = backwards ? stops.size() - 1 : 1;
-  stops[(static_cast<std::size_t>(at - stops.begin()) + step) % stops.size()]->setFocus();
-}
-
 }  // namespace
 
 void HeadlessUser::doClick(Control& control) {
   reachFor(control);
   if (control.takesFocus()) control.setFocus();
-  raise(control.MouseDown, MouseButton::left);
-  if (control.MouseUp) raise(control.MouseUp, MouseButton::left);
+  mouse_.press(control, MouseButton::left);
+  mouse_.release(control, MouseButton::left, true);
   press(control);
 }
 
 void HeadlessUser::doDoubleClick(Control& control) {
-  if (control.kind() == ControlKind::optionButton) {
-    press(control);
-    static_cast<OptionButton&>(control).doubleClick();
-  } else if (control.kind() == ControlKind::label) {
-    press(control);
-    static_cast<Label&>(control).doubleClick();
-  } else {
+  if (control.kind() != ControlKind::optionButton && control.kind() != ControlKind::label)
     throw std::runtime_error("a double click on " + control.name() + " means nothing");
-  }
+  doClick(control);
+  mouse_.doubleClick(control);
 }
 
 void HeadlessUser::doRightClick(Control& control) {
@@ -133,6 +118,8 @@ void HeadlessUser::doMenu(Window&, const std::vector<MenuItem*>& path) {
 }
 
 void HeadlessUser::doKey(Window& window, const KeyPress& key) {
+  if (auto* frame = dynamic_cast<FrameWindow*>(&window); frame && frame->activeChild())
+    return doKey(*frame->activeChild(), key);
   if (pressShortcut(window, key)) return;
   bool taken = false;
   Control* focus = window.focus();
@@ -149,8 +136,7 @@ void HeadlessUser::doKey(Window& window, const KeyPress& key) {
   if (auto* edited = dynamic_cast<EditGrid*>(window.focus())) edited->releaseKey(key);
   if (taken) return;
   if (window.pressKey(key)) return;
-  const bool leavesGrid = dynamic_cast<EditGrid*>(focus) && key.code == keys::f6;
-  if (key.code == keys::tab || leavesGrid) pressTab(window, key.shift);
+  if (key.code == keys::tab) window.moveFocus(key.shift);
 }
 
 }  // namespace tolmer::test

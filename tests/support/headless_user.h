@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/headless/headless_desktop.h"
+#include "platform/user_input.h"
 #include "support/user.h"
 
 namespace tolmer::test {
@@ -25,6 +26,7 @@ class HeadlessUser : public User {
 
  private:
   HeadlessDesktop& desktop_;
+  MouseRoute mouse_;
 };
 
 }  // namespace tolmer::test

@@ -17,6 +17,7 @@
 
 #include "platform/menu.h"
 #include "platform/qt/control_peer.h"
+#include "platform/qt/input_filter.h"
 #include "platform/qt/theme.h"
 
 namespace tolmer::test {
@@ -109,42 +110,6 @@ void press(const Control& control, Qt::MouseButton button, bool twice = false) {
   const QPoint place = widget.mapTo(widget.window(), targetIn(control, widget));
   QTest::mouseClick(window, button, {}, place);
   if (twice) QTest::mouseDClick(window, button, {}, place);
-}
-
-Qt::Key toolkitKey(int code) {
-  switch (code) {
-    case keys::tab:
-      return Qt::Key_Tab;
-    case keys::enter:
-      return Qt::Key_Return;
-    case keys::escape:
-      return Qt::Key_Escape;
-    case keys::up:
-      return Qt::Key_Up;
-    case keys::down:
-      return Qt::Key_Down;
-    case keys::pageUp:
-      return Qt::Key_PageUp;
-    case keys::pageDown:
-      return Qt::Key_PageDown;
-    case keys::home:
-      return Qt::Key_Home;
-    case keys::end:
-      return Qt::Key_End;
-    case keys::left:
-      return Qt::Key_Left;
-    case keys::right:
-      return Qt::Key_Right;
-    case keys::deleteKey:
-      return Qt::Key_Delete;
-    case keys::backspace:
-      return Qt::Key_Backspace;
-    default:
-      break;
-  }
-  if (code >= keys::f1 && code < keys::f1 + 12)
-    return static_cast<Qt::Key>(Qt::Key_F1 + code - keys::f1);
-  return static_cast<Qt::Key>(code);
 }
 
 QWindow* nativeWindow(const Window& window) { return widgetOf(window).window()->windowHandle(); }

@@ -206,11 +206,11 @@ void RandomHand::pressAnyKey(Window& window) {
 
 void RandomHand::moveWithin(FrameWindow& frame) {
   const int how = upTo(3);
-  const char letter = static_cast<char>('a' + upTo(25));
-  tell("moves within " + frame.name() + " " + std::to_string(how) + letter);
-  if (how < 2) return frame.activateNext(how == 0);
-  if (how == 2) return frame.toggleMaximised();
-  if (Button* button = frame.mnemonicButton(letter)) button->click();
+  const int letter = 'A' + upTo(25);
+  tell("moves within " + frame.name() + " " + std::to_string(how) + static_cast<char>(letter));
+  if (how < 2) return doKey(frame, {keys::f6, how == 1});
+  if (how == 2) return doKey(frame, {keys::f10, false, true});
+  doKey(frame, {letter, false, false, true});
 }
 
 void RandomHand::handleFrame(Window& window) {

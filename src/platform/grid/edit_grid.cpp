@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "platform/grid/grid_keys.h"
+#include "platform/window.h"
 
 namespace tolmer {
 namespace {
@@ -43,6 +44,17 @@ bool isEntryKey(const KeyPress& key) {
 }
 
 }  // namespace
+
+EditGrid::EditGrid(Container* parent, std::string name) : Grid(parent, std::move(name)) {
+  for (const bool back : {false, true}) {
+    const auto leave = [this, back] {
+      if (Window* owner = window()) owner->moveFocus(back);
+    };
+    const Held shift = back ? Held::yes : Held::no;
+    takeKey({keys::f6, shift, Held::no}, leave);
+    takeKey({keys::tab, shift, Held::yes}, leave);
+  }
+}
 
 // --- the open edit
 

@@ -31,9 +31,11 @@ struct TextMark {
 //
 // Where the owner says that an address can stand at the caret, a press or a key that moves points:
 // it puts the cell's address there, and a drag or Shift that of a block. The next letter ends that.
+//
+// Tab goes to the next cell, so F6 and Ctrl+Tab lead out of the grid, with Shift backwards.
 class EditGrid : public Grid {
  public:
-  using Grid::Grid;
+  EditGrid(Container* parent, std::string name);
   ~EditGrid() override { setPeer(nullptr); }
 
   // Does typing replace what stands in the cell, or extend it?

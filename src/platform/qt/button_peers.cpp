@@ -1,11 +1,11 @@
 #include <QCheckBox>
 #include <QPushButton>
 #include <QRadioButton>
-#include <algorithm>
 
 #include "platform/buttons.h"
 #include "platform/qt/control_peer.h"
 #include "platform/qt/convert.h"
+#include "platform/tab_order.h"
 
 namespace tolmer {
 namespace {
@@ -78,14 +78,10 @@ class OptionButtonPeer : public PeerOf<OptionButton> {
     shareTabStop();
   }
 
-  // Tab leads to the option that is on, and passes the others.
   void shareTabStop() {
-    const auto options =
-        widget_->parentWidget()->findChildren<QRadioButton*>(QString(), Qt::FindDirectChildrenOnly);
-    const bool oneIsOn = std::any_of(options.begin(), options.end(),
-                                     [](const QRadioButton* one) { return one->isChecked(); });
-    for (QRadioButton* one : options)
-      one->setFocusPolicy(oneIsOn && !one->isChecked() ? Qt::ClickFocus : Qt::StrongFocus);
+    for (const Control* one : model_.parent()->children())
+      if (QWidget* widget = one->kind() == ControlKind::optionButton ? widgetOf(*one) : nullptr)
+        widget->setFocusPolicy(isTabStop(*one) ? Qt::StrongFocus : Qt::ClickFocus);
   }
 
   QRadioButton* widget_ = nullptr;

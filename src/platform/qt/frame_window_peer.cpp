@@ -1,21 +1,35 @@
 #include <QApplication>
 #include <QGuiApplication>
-#include <QKeyEvent>
 #include <QMdiSubWindow>
 #include <QMenuBar>
 #include <QScreen>
-#include <QShortcut>
 
-#include "platform/buttons.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/main_widget.h"
 #include "platform/qt/menu_peer.h"
 #include "platform/qt/theme.h"
 #include "platform/qt/window_peer.h"
+#include "platform/tab_order.h"
 
 namespace tolmer {
 
-MainWidget::MainWidget() : area_(new QMdiArea(this)) {
+namespace {
+
+// By itself it takes Ctrl+Tab from the whole program for a way around of its own.
+class Area : public QMdiArea {
+ public:
+  using QMdiArea::QMdiArea;
+
+ protected:
+  bool eventFilter(QObject* object, QEvent* event) override {
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    return !isKey && QMdiArea::eventFilter(object, event);
+  }
+};
+
+}  // namespace
+
+MainWidget::MainWidget() : area_(new Area(this)) {
   setContextMenuPolicy(Qt::NoContextMenu);
   area_->setFrameShape(QFrame::NoFrame);
   area_->setBackground(QColor(theme::ground));
@@ -49,24 +63,9 @@ class FrameWindowPeer : public WindowPeer {
   QWidget* create(QWidget*) override {
     main_ = new MainWidget;
     main_->area().viewport()->installEventFilter(&areaHook_);
-    addKeys();
     on(&main_->area(), &QMdiArea::subWindowActivated,
        [this](QMdiSubWindow* active) { reportActive(active); });
     return main_;
-  }
-
-  // The customary keys of windows within a window.
-  void addKeys() {
-    for (const char* keys : {"F6", "Ctrl+F6", "Ctrl+Tab"})
-      addKey(keys, [this] { frame_.activateNext(); });
-    for (const char* keys : {"Shift+F6", "Ctrl+Shift+F6", "Ctrl+Shift+Tab"})
-      addKey(keys, [this] { frame_.activateNext(false); });
-    addKey("Ctrl+F10", [this] { frame_.toggleMaximised(); });
-  }
-  template <class Work>
-  void addKey(const char* keys, Work work) {
-    on(new QShortcut(QKeySequence(keys), main_), &QShortcut::activated,
-       [this, work] { mirror_.gate.enter(work); });
   }
 
   QWidget* childrenGround() override { return main_->area().viewport(); }
@@ -116,19 +115,7 @@ class FrameWindowPeer : public WindowPeer {
   bool seen(QEvent& event) override {
     if (event.type() == QEvent::WindowStateChange)
       tell([this] { frame_.reportState(stateOf(*main_)); });
-    if (event.type() == QEvent::KeyPress && pressedMnemonic(static_cast<QKeyEvent&>(event)))
-      return true;
     return WindowPeer::seen(event);
-  }
-
-  // The toolkit hears a button's letter in the active child alone; the panel's commands are to be
-  // at hand from every quadrant. The menus' letters come first.
-  bool pressedMnemonic(const QKeyEvent& event) {
-    const bool isLetter = event.key() >= Qt::Key_A && event.key() <= Qt::Key_Z;
-    if (event.modifiers() != Qt::AltModifier || !isLetter) return false;
-    Button* button = frame_.mnemonicButton(static_cast<char>(event.key()));
-    if (button) mirror_.gate.enter([button] { button->click(); });
-    return button != nullptr;
   }
 
   static WindowState stateOf(const QWidget& widget) {
@@ -155,15 +142,14 @@ class FrameWindowPeer : public WindowPeer {
     auto* sub = active ? qobject_cast<QMdiSubWindow*>(widgetOf(*active)) : nullptr;
     if (!sub) return;
     if (main_->area().activeSubWindow() != sub) main_->area().setActiveSubWindow(sub);
-    if (!sub->isAncestorOf(QApplication::focusWidget())) focusFirst(*sub);
+    if (!sub->isAncestorOf(QApplication::focusWidget())) focusFirst(*active);
   }
 
   // A child that never had the focus gives it to the first control that the Tab key reaches.
-  static void focusFirst(QWidget& child) {
-    for (QWidget* next = child.nextInFocusChain(); next != &child; next = next->nextInFocusChain())
-      if (child.isAncestorOf(next) && next->focusPolicy() & Qt::TabFocus && next->isVisible() &&
-          next->isEnabled())
-        return next->setFocus(Qt::TabFocusReason);
+  static void focusFirst(const Window& child) {
+    for (const Control* stop : tabStops(child))
+      if (QWidget* widget = widgetOf(*stop); widget && isTabStop(*stop) && stop->canBeUsed())
+        return widget->setFocus(Qt::TabFocusReason);
   }
 
   FrameWindow& frame_;

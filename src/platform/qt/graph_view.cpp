@@ -11,6 +11,7 @@
 #include <QPolygonF>
 
 #include "platform/graph/picture.h"
+#include "platform/qt/input_filter.h"
 #include "platform/qt/theme.h"
 
 namespace tolmer {
@@ -108,14 +109,6 @@ struct PrimitivePainter {
   }
 };
 
-MouseButton modelButton(Qt::MouseButton button) {
-  return button == Qt::RightButton ? MouseButton::right : MouseButton::left;
-}
-
-bool isModelButton(Qt::MouseButton button) {
-  return button == Qt::LeftButton || button == Qt::RightButton;
-}
-
 // Tells assistive programs that this is a chart; a plain widget would be skipped as a filler.
 QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
   auto* view = dynamic_cast<GraphView*>(object);
@@ -157,17 +150,18 @@ void GraphView::paintEvent(QPaintEvent*) {
 }
 
 void GraphView::mousePressEvent(QMouseEvent* event) {
-  if (!isModelButton(event->button())) return;
-  enter([&] { tolmer::raise(graph_.MouseDown, modelButton(event->button())); });
+  if (const auto button = modelButton(*event))
+    enter([&] { tolmer::raise(graph_.MouseDown, *button); });
 }
 
 void GraphView::mouseReleaseEvent(QMouseEvent* event) {
-  if (!isModelButton(event->button())) return;
+  const auto button = modelButton(*event);
+  if (!button) return;
   const bool clicked =
       event->button() == Qt::LeftButton && rect().contains(event->position().toPoint());
   // The handler may take the graph away, and this widget with it.
   const QPointer<GraphView> alive(this);
-  enter([&] { tolmer::raise(graph_.MouseUp, modelButton(event->button())); });
+  enter([&] { tolmer::raise(graph_.MouseUp, *button); });
   if (alive && clicked) enter([&] { graph_.click(); });
 }
 

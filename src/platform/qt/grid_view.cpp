@@ -29,14 +29,6 @@ namespace {
 constexpr int dragTick = 40;  // milliseconds
 constexpr int fillCornerSize = 7;
 
-MouseButton modelButton(Qt::MouseButton button) {
-  return button == Qt::RightButton ? MouseButton::right : MouseButton::left;
-}
-
-bool isModelButton(Qt::MouseButton button) {
-  return button == Qt::LeftButton || button == Qt::RightButton;
-}
-
 Qt::ScrollBarPolicy policy(bool on) { return on ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff; }
 
 // The value of a scroll bar at which the cell is seen whole, or its beginning where it is larger
@@ -283,7 +275,8 @@ void GridView::scrollContentsBy(int dx, int dy) {
 // In these handlers the model's may unload the grid, and this view goes a little later: so nothing
 // is asked of the grid after a call into it but through `enter`.
 void GridView::mousePressEvent(QMouseEvent* event) {
-  if (!isModelButton(event->button())) return;
+  const auto button = modelButton(*event);
+  if (!button) return;
   const QPoint place = event->position().toPoint();
   if (columnDrag_ && event->button() == Qt::LeftButton &&
       (columnDrag_->press(place) || pressFillCorner(place)))
@@ -293,7 +286,7 @@ void GridView::mousePressEvent(QMouseEvent* event) {
   const ClickKeys held{event->modifiers().testFlag(Qt::ShiftModifier),
                        event->modifiers().testFlag(Qt::ControlModifier)};
   const QPointer<GridView> alive(this);
-  enter([&] { tolmer::raise(grid_.MouseDown, modelButton(event->button())); });
+  enter([&] { tolmer::raise(grid_.MouseDown, *button); });
   if (alive && dragging_) enter([&] { grid_.press(cell, held); });
   const bool asksMenu = event->button() == Qt::RightButton && editGrid_ && isOverCells(place);
   if (alive && asksMenu) enter([&] { editGrid_->pressForMenu(cell); });
@@ -334,7 +327,8 @@ void GridView::timerEvent(QTimerEvent* event) {
 }
 
 void GridView::mouseReleaseEvent(QMouseEvent* event) {
-  if (!isModelButton(event->button())) return;
+  const auto button = modelButton(*event);
+  if (!button) return;
   if (columnDrag_ && columnDrag_->release()) return;
   const QPoint place = event->position().toPoint();
   const bool clicked = event->button() == Qt::LeftButton && isOverCells(place);
@@ -343,7 +337,7 @@ void GridView::mouseReleaseEvent(QMouseEvent* event) {
   if (event->button() == Qt::LeftButton) endDrag();
   if (fills) return enter([this] { editGrid_->endFill(); });
   const QPointer<GridView> alive(this);
-  raiseMouseUp(modelButton(event->button()));
+  raiseMouseUp(*button);
   if (alive && clicked) enter([&] { grid_.click(cell); });
 }
 
@@ -395,7 +389,6 @@ void GridView::keyPressEvent(QKeyEvent* event) {
   const bool isMenuKey = event->key() == Qt::Key_Menu ||
                          (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
   if (isMenuKey) return openMenuAtCell();
-  if (editGrid_ && leavesByKey(*event)) return;
   const bool isTable = grid_.selectionMode() == SelectionMode::none;
   // The first cell may be a frozen one, which is on the screen always: the rest comes back too.
   const bool toFirst = event->key() == Qt::Key_Home && event->modifiers() == Qt::ControlModifier;
@@ -411,17 +404,9 @@ void GridView::openMenuAtCell() {
   raiseMouseUp(MouseButton::right);
 }
 
-// Tab goes to the next cell, so other keys have to lead out of the grid.
+// In an edited grid Tab goes to the next cell.
 bool GridView::focusNextPrevChild(bool next) {
   return !editGrid_ && QAbstractScrollArea::focusNextPrevChild(next);
-}
-
-bool GridView::leavesByKey(const QKeyEvent& event) {
-  const bool isTab = event.key() == Qt::Key_Tab || event.key() == Qt::Key_Backtab;
-  const bool leaves =
-      event.modifiers().testFlag(Qt::ControlModifier) ? isTab : event.key() == Qt::Key_F6;
-  const bool back = event.key() == Qt::Key_Backtab || event.modifiers().testFlag(Qt::ShiftModifier);
-  return leaves && QAbstractScrollArea::focusNextPrevChild(!back);
 }
 
 void GridView::typeKey(const QKeyEvent& event, bool& taken) {

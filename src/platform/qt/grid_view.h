@@ -85,7 +85,6 @@ class GridView : public QAbstractScrollArea {
   bool pressFillCorner(QPoint place);
   bool isOnFillCorner(QPoint place) const;
   void showDrawnBlocks();
-  bool leavesByKey(const QKeyEvent& event);
   void typeKey(const QKeyEvent& event, bool& taken);
   void dragTo(QPoint place);
   void endDrag();

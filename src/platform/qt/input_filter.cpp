@@ -3,7 +3,6 @@
 #include <QApplication>
 #include <QLineEdit>
 #include <array>
-#include <optional>
 #include <utility>
 
 #include "platform/qt/gate.h"
@@ -39,12 +38,6 @@ int keyCode(int key) {
   return isOwnCode ? key : 0;
 }
 
-std::optional<MouseButton> modelButton(const QMouseEvent& event) {
-  if (event.button() == Qt::RightButton) return MouseButton::right;
-  if (event.button() == Qt::LeftButton) return MouseButton::left;
-  return std::nullopt;
-}
-
 }  // namespace
 
 // An override that is accepted keeps the key from menus and letters.
@@ -73,6 +66,19 @@ KeyPress toKeyPress(const QKeyEvent& event) {
   const auto modifiers = event.modifiers();
   return {keyCode(event.key()), modifiers.testFlag(Qt::ShiftModifier),
           modifiers.testFlag(Qt::ControlModifier), modifiers.testFlag(Qt::AltModifier)};
+}
+
+Qt::Key toolkitKey(int code) {
+  for (const auto& [toolkit, named] : namedKeys)
+    if (named == code) return static_cast<Qt::Key>(toolkit);
+  const bool isFunctionKey = code >= keys::f1 && code < keys::f1 + 12;
+  return static_cast<Qt::Key>(isFunctionKey ? Qt::Key_F1 + code - keys::f1 : code);
+}
+
+std::optional<MouseButton> modelButton(const QMouseEvent& event) {
+  if (event.button() == Qt::RightButton) return MouseButton::right;
+  if (event.button() == Qt::LeftButton) return MouseButton::left;
+  return std::nullopt;
 }
 
 void InputFilter::watch(QWidget& widget, Control& control) {
@@ -130,7 +136,8 @@ bool InputFilter::eventFilter(QObject* object, QEvent* event) {
       return false;
     case QEvent::KeyPress:
       // An ignored key wanders outwards through the parents and must not be told again.
-      return object == QApplication::focusWidget() &&
+      return (object == QApplication::focusWidget() ||
+              !watched_.contains(QApplication::focusWidget())) &&
              keyPressed(control, toKeyPress(*static_cast<QKeyEvent*>(event)));
     default:
       return false;

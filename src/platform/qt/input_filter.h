@@ -6,6 +6,7 @@
 #include <QMouseEvent>
 #include <QObject>
 #include <QWidget>
+#include <optional>
 
 #include "platform/user_input.h"
 
@@ -13,8 +14,11 @@ namespace tolmer {
 
 class Gate;
 
-// The key as event procedures name it; 0 for one that they do not know.
+// The key as event procedures name it; 0 for one that they do not know. And back.
 KeyPress toKeyPress(const QKeyEvent& event);
+Qt::Key toolkitKey(int code);
+// None for a button that means nothing to models.
+std::optional<MouseButton> modelButton(const QMouseEvent& event);
 
 // Whether it is input to a window that takes none.
 bool keepsOut(const Window& window, QEvent& event);

@@ -7,22 +7,18 @@
 #include <optional>
 
 #include "platform/qt/convert.h"
+#include "platform/qt/input_filter.h"
 
 namespace tolmer {
 namespace {
 
-// Of letters, digits, function keys and the Delete key.
 QKeySequence keySequence(const KeyPress& key) {
   if (key.code == 0) return {};
-  const bool isFunctionKey = key.code >= keys::f1 && key.code < keys::f1 + 12;
   Qt::KeyboardModifiers held;
   held.setFlag(Qt::ShiftModifier, key.shift);
   held.setFlag(Qt::ControlModifier, key.control);
   held.setFlag(Qt::AltModifier, key.alt);
-  const int code = isFunctionKey                 ? Qt::Key_F1 + key.code - keys::f1
-                   : key.code == keys::deleteKey ? static_cast<int>(Qt::Key_Delete)
-                                                 : key.code;
-  return QKeyCombination(held, static_cast<Qt::Key>(code));
+  return QKeyCombination(held, toolkitKey(key.code));
 }
 
 // Follows one entry.

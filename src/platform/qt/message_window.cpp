@@ -40,19 +40,10 @@ QMessageBox::StandardButton standardButton(MessageButtons buttons, Answer answer
   return QMessageBox::Ok;
 }
 
-Answer answerOf(int button) {
-  switch (button) {
-    case QMessageBox::Cancel:
-      return Answer::cancel;
-    case QMessageBox::Yes:
-    case QMessageBox::Save:
-      return Answer::yes;
-    case QMessageBox::No:
-    case QMessageBox::Discard:
-      return Answer::no;
-    default:
-      return Answer::ok;
-  }
+Answer answerOf(const MessageBox& box, int button) {
+  for (const AnswerButton& one : answerButtons(box.buttons))
+    if (standardButton(box.buttons, one.answer) == button) return one.answer;
+  return Answer::ok;
 }
 
 // The toolkit's own words may say something else and have no letters.
@@ -91,7 +82,7 @@ Answer showMessageBox(Mirror& mirror, const MessageBox& box, const QString& empt
   // A gate that is shut already would leave the box without a loop.
   mirror.gate.run(loop);
   mirror.gate.rethrow();
-  return answerOf(window.result());
+  return answerOf(box, window.result());
 }
 
 }  // namespace tolmer

@@ -57,7 +57,8 @@ void WindowPeer::update(Change what) {
 void WindowPeer::followFocus() {
   const Control* focus = window_.focus();
   QWidget* widget = focus ? widgetOf(*focus) : nullptr;
-  if (widget && !widget->hasFocus()) widget->setFocus(Qt::OtherFocusReason);
+  if (widget && !widget->hasFocus())
+    widget->setFocus(window_.focusMoves() ? Qt::TabFocusReason : Qt::OtherFocusReason);
 }
 
 bool WindowPeer::seen(QEvent& event) {
@@ -68,9 +69,9 @@ bool WindowPeer::seen(QEvent& event) {
   }
   if (event.type() != QEvent::KeyPress) return false;
   const KeyPress key = toKeyPress(static_cast<QKeyEvent&>(event));
-  const bool isTheWindows = key.code == keys::enter || key.code == keys::escape;
-  mirror_.gate.enter([&] { window_.pressKey(key); });
-  return isTheWindows;
+  bool taken = true;  // also by what throws: the toolkit's own dialog would go at Escape
+  mirror_.gate.enter([&] { taken = window_.pressKey(key); });
+  return taken;
 }
 
 std::unique_ptr<WindowPeer> makeWindowPeer(Mirror& mirror, Window& window) {
