@@ -87,7 +87,7 @@ class Stage {
 
   test::TempFolder folder;
   BenchDesktop desktop;
-  frmDataEditor editor{desktop, {folder.path(), ""}};
+  frmDataEditor editor{desktop, {folder.path(), nullptr}};
 
  private:
   QImage image_{1280, 800, QImage::Format_RGB32};

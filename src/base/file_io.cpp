@@ -270,10 +270,8 @@ std::optional<std::int64_t> secondsWritten(const std::string& hostFileName) {
   return static_cast<std::int64_t>(about.st_mtime);
 }
 
-std::string timeWritten(const std::string& hostFileName) {
-  const auto seconds = secondsWritten(hostFileName);
-  if (!seconds) return {};
-  const auto time = static_cast<std::time_t>(*seconds);
+std::string localTime(std::int64_t seconds) {
+  const auto time = static_cast<std::time_t>(seconds);
   std::tm parts{};
   localtime_r(&time, &parts);
   std::string text(32, '\0');

@@ -39,8 +39,8 @@ std::optional<Error> writeFileAtomically(const std::string& hostFileName, std::s
 // When a file was written last, in seconds since 1970; nullopt where there is none.
 std::optional<std::int64_t> secondsWritten(const std::string& hostFileName);
 
-// The same as "2026-11-21 18:05", in local time; empty where there is none.
-std::string timeWritten(const std::string& hostFileName);
+// Such a time as "2026-11-21 18:05", in local time.
+std::string localTime(std::int64_t seconds);
 
 inline constexpr std::size_t checksumLength = 8;
 

@@ -3,6 +3,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "base/file_io.h"
 #include "editor/instructions.h"
 #include "editor/numeric_format.h"
 #include "editor/sort_options.h"
@@ -18,10 +19,10 @@ KeyPress withControl(int key) { return {.code = key, .control = true}; }
 
 }  // namespace
 
-frmDataEditor::frmDataEditor(Desktop& desktop, EditorFolders folders)
+frmDataEditor::frmDataEditor(Desktop& desktop, EditorPlaces places)
     : SheetWindow(desktop),
-      files_(desktop, sheet_, std::move(folders.program)),
-      autosave_(std::move(folders.autosave), [&desktop] { return desktop.timers().now(); }),
+      files_(desktop, sheet_, std::move(places.program)),
+      autosave_(places.aside, [&desktop] { return desktop.timers().now(); }),
       lights_(desktop.timers(), {&cmdOpen, &cmdSave, &cmdOK, &cmdCancel}),
       tmrAutosave_(desktop.timers(), "tmrAutosave", lookInterval) {
   setSizable(true);
@@ -172,7 +173,7 @@ void frmDataEditor::Form_Activate() {
   if (sheet_.unsaved()) autosave_.changed();  // since an earlier visit
   spdData.setFocus();
   showStatus();
-  tmrAutosave_.setEnabled(!autosave_.folder().empty());
+  tmrAutosave_.setEnabled(autosave_.isOn());
   if (std::exchange(activatedOnce_, true)) return;
   tellOptionalVariable();
   offerLostWork();
@@ -205,41 +206,41 @@ void frmDataEditor::giveUpEntry() {
 
 // What a crash or a kill of an earlier program left behind.
 void frmDataEditor::offerLostWork() {
-  for (LostWork& lost : findLostWork(autosave_.folder())) {
-    const auto content = lost.content();
+  for (VisitPlacePointer& lost : autosave_.lost()) {
+    const auto content = workIn(*lost);
     if (!content) {
-      offerToKeep(lost, content.error());
+      offerToKeep(*lost, content.error());
       continue;
     }
-    const Answer answer =
-        desktop().messageBox({.title = "Unsaved Data",
-                              .text = "The program ended before its data were saved (" +
-                                      lost.timeWritten() + "). Do you want to bring them back?",
-                              .icon = MessageIcon::question,
-                              .buttons = MessageButtons::yesNo,
-                              .noLosesWork = true});
+    const Answer answer = desktop().messageBox(
+        {.title = "Unsaved Data",
+         .text = "The program ended before its data were saved (" + localTime(lost->written()) +
+                 "). Do you want to bring them back?",
+         .icon = MessageIcon::question,
+         .buttons = MessageButtons::yesNo,
+         .noLosesWork = true});
     if (answer == Answer::no) {
-      lost.discard();
+      lost->remove();
       continue;
     }
     sheet_.replaceWith(content->sheet, content->from);
     sheet_.markNeverSaved();
-    files_.takeUp(content->from, lost.written());
+    files_.takeUp(content->from, lost->written());
     autosave_.adopt(std::move(lost));
     return;
   }
 }
 
-void frmDataEditor::offerToKeep(LostWork& lost, const Error& fault) {
+void frmDataEditor::offerToKeep(VisitPlace& lost, const Error& fault) {
   const Answer answer = desktop().messageBox(
       {.title = "Unsaved Data",
-       .text = "The program ended before its data were saved (" + lost.timeWritten() +
+       .text = "The program ended before its data were saved (" + localTime(lost.written()) +
                "), and the copy that it kept of them cannot be read: it " + fault.text +
-               ". Do you want to keep that copy? It will be " + lost.keptFile() + ".",
+               ". Do you want to keep that copy? It will be " + lost.keptName() + ".",
        .icon = MessageIcon::question,
        .buttons = MessageButtons::yesNo,
        .noLosesWork = true});
-  answer == Answer::no ? lost.discard() : lost.keepAside();
+  answer == Answer::no ? lost.remove() : lost.keepAside();
 }
 
 void frmDataEditor::tmrAutosave_Tick() {
@@ -249,7 +250,6 @@ void frmDataEditor::tmrAutosave_Tick() {
 
 void frmDataEditor::writeAside(Writing when) {
   if (!sheet_.unsaved()) return autosave_.clean();
-  if (autosave_.folder().empty()) return;
   const Autosave::Content content = [this] { return sheet_.content(); };
   const std::string& from = sheet_.mtFileName();
   const auto failure =

@@ -14,9 +14,9 @@
 
 namespace tolmer {
 
-struct EditorFolders {
-  std::string program;   // in the host's spelling
-  std::string autosave;  // empty: nothing is written aside
+struct EditorPlaces {
+  std::string program;  // the program's folder, in the host's spelling
+  VisitPlaces* aside;   // outlives the editor; null: nothing is written aside
 };
 
 // What the host asks for.
@@ -33,7 +33,7 @@ struct EditorSetup {
 // Modal, and only hidden between visits: the data stay.
 class frmDataEditor : public SheetWindow, public EditorData {
  public:
-  frmDataEditor(Desktop& desktop, EditorFolders folders);
+  frmDataEditor(Desktop& desktop, EditorPlaces places);
   ~frmDataEditor() override;
 
   // --- for the host, before SetupEditor
@@ -92,7 +92,7 @@ class frmDataEditor : public SheetWindow, public EditorData {
   void giveUpEntry();
   void tellOptionalVariable();
   void offerLostWork();
-  void offerToKeep(LostWork& lost, const Error& fault);
+  void offerToKeep(VisitPlace& lost, const Error& fault);
   void tmrAutosave_Tick();
   enum class Writing { whenDue, now };
   void writeAside(Writing when);

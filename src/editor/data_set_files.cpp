@@ -175,7 +175,8 @@ void DataSetFiles::remember(const std::string& name) {
 }
 
 bool DataSetFiles::mayOverwrite(const std::string& name) {
-  if (!secondsWritten(name) || isReadOnly(name)) return true;  // there is nothing to overwrite
+  const auto written = secondsWritten(name);
+  if (!written || isReadOnly(name)) return true;  // there is nothing to overwrite
   const auto bytes = readWholeFile(name);
   const auto known = known_.find(name);
   if (bytes && known != known_.end() && known->second == std::hash<std::string>{}(*bytes))
@@ -183,7 +184,7 @@ bool DataSetFiles::mayOverwrite(const std::string& name) {
   return desktop_.messageBox(
              {.title = "File Changed",
               .text = "Another program has changed the file " + name +
-                      " since it was opened or saved here (" + timeWritten(name) +
+                      " since it was opened or saved here (" + localTime(*written) +
                       "). Do you want to overwrite it? Answer No to leave it as it is; Save As "
                       "saves the data to a different file.",
               .icon = MessageIcon::exclamation,

@@ -11,6 +11,7 @@
 #include "base/paths.h"
 #include "platform/qt/program.h"
 #include "platform/qt/qt_desktop.h"
+#include "sheetfiles/visit_files.h"
 #include "shell/module.h"
 
 namespace {
@@ -91,8 +92,9 @@ int main(int argc, char** argv) {
   tolmer::QtProgram program(argc, argv);
   auto& desktop = dynamic_cast<tolmer::QtDesktop&>(program.desktop());
   desktop.setHelpFolder(options.programFolder + "/help");
+  tolmer::VisitFolder aside(tolmer::autosaveFolder());
   tolmer::Module module(desktop, options.programFolder);
-  module.parts().tAutosaveFolder = tolmer::autosaveFolder();
+  if (aside.isKnown()) module.parts().aside = &aside;
   std::unique_ptr<FirstPageWatch> watch;
   if (options.leaveAfterFirstPage) watch = std::make_unique<FirstPageWatch>(desktop, module);
   return program.run([&] { module.Main(); });

@@ -1,45 +1,20 @@
-// Work written aside while the data editor is open, so that a crash or a kill costs seconds.
+// When the data editor's work is written aside, and what it is.
 #pragma once
 
 #include <cstdint>
 #include <functional>
-#include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "base/error.h"
-#include "base/file_io.h"
 #include "sheetfiles/editor_file.h"
-#include "sheetfiles/visit_files.h"
+#include "sheetfiles/visit_places.h"
 
 namespace tolmer {
 
-// Where this user's programs keep such work: "tolmer" in XDG_STATE_HOME, else in ~/.local/state;
-// empty where neither is known.
-std::string autosaveFolder();
-
-// What an earlier visit left behind. Leaving it alone keeps it for the next start.
-class LostWork {
- public:
-  explicit LostWork(VisitFiles files) : files_(std::move(files)) {}
-
-  Result<EditorFileContent> content() const;
-  // When it was written last, in seconds since 1970.
-  std::int64_t written() const { return secondsWritten(files_.workFile()).value_or(0); }
-  std::string timeWritten() const { return tolmer::timeWritten(files_.workFile()); }
-  void discard() { files_.remove(); }
-  // For work that cannot be read: it stays under this name and is found no more.
-  std::string keptFile() const;
-  void keepAside();
-
- private:
-  friend class Autosave;
-  VisitFiles files_;
-};
-
-// All lost work in the folder, the newest first. It cannot be found by others while it is held.
-std::vector<LostWork> findLostWork(const std::string& folder);
+Result<EditorFileContent> workIn(const VisitPlace& place);
 
 class Autosave {
  public:
@@ -47,12 +22,16 @@ class Autosave {
   using Content = std::function<SheetContent()>;
   static constexpr std::int64_t interval = 3000;
 
-  Autosave(std::string folder, Clock now) : folder_(std::move(folder)), now_(std::move(now)) {}
+  // The places outlive it; null: nothing is written aside.
+  Autosave(VisitPlaces* places, Clock now) : places_(places), now_(std::move(now)) {}
 
-  const std::string& folder() const { return folder_; }
+  bool isOn() const { return places_; }
+  std::vector<VisitPlacePointer> lost() const {
+    return places_ ? places_->lost() : std::vector<VisitPlacePointer>();
+  }
 
   // The lost work becomes this visit's: nothing is ever without a copy.
-  void adopt(LostWork work) { files_.emplace(std::move(work.files_)); }
+  void adopt(VisitPlacePointer work) { place_ = std::move(work); }
 
   // After each change of the sheet.
   void changed();
@@ -71,11 +50,10 @@ class Autosave {
 
  private:
   std::optional<Error> write(const Content& content, const std::string& from);
-  void keepOwned();
 
-  std::string folder_;
+  VisitPlaces* places_;
   Clock now_;
-  std::optional<VisitFiles> files_;  // from the first writing
+  VisitPlacePointer place_;          // from the first writing
   std::optional<std::int64_t> due_;  // when there are changes
   bool failed_ = false;
 };

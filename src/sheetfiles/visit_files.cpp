@@ -9,10 +9,15 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstdio>
+#include <cstdlib>
 #include <ctime>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iterator>
+#include <memory>
+#include <optional>
+#include <set>
 #include <sstream>
 #include <string_view>
 #include <system_error>
@@ -23,8 +28,10 @@
 namespace tolmer {
 namespace {
 
-constexpr std::string_view lockEnding = VisitFiles::lockEnding;
-constexpr std::string_view workEnding = VisitFiles::workEnding;
+namespace fs = std::filesystem;
+
+constexpr std::string_view lockEnding = ".lock";
+constexpr std::string_view workEnding = ".zmm";
 
 std::string machine() {
   struct utsname about {};
@@ -107,11 +114,48 @@ int claim(int descriptor, const std::string& path) {
   return isTheFile(descriptor, lockName) ? 0 : EWOULDBLOCK;
 }
 
-}  // namespace
+// The two files of a visit, owned.
+class VisitFiles : public VisitPlace {
+ public:
+  static Result<std::unique_ptr<VisitFiles>> create(const std::string& folder);
+  // Takes over the files of a visit, named without their endings; null where another program owns
+  // them. Makes the lock file where it is gone.
+  static std::unique_ptr<VisitFiles> take(const std::string& path);
 
-Result<VisitFiles> VisitFiles::create(const std::string& folder) {
+  VisitFiles(std::string path, int lock) : path_(std::move(path)), lock_(lock) {}
+  VisitFiles(const VisitFiles&) = delete;
+  VisitFiles& operator=(const VisitFiles&) = delete;
+  ~VisitFiles() override;
+
+  bool hasWork() const { return ::access(workFile().c_str(), F_OK) == 0; }
+
+  std::optional<Error> write(std::string_view bytes) override;
+  Result<std::string> read() const override { return readWholeFile(workFile()); }
+  std::int64_t written() const override { return secondsWritten(workFile()).value_or(0); }
+  void remove() override {
+    if (hasWork() && keepOwned()) ::unlink(workFile().c_str());
+  }
+  std::string keptName() const override;
+  void keepAside() override { std::rename(workFile().c_str(), keptName().c_str()); }
+
+ private:
+  std::string workFile() const { return path_ + std::string(workEnding); }
+  std::string lockFile() const { return path_ + std::string(lockEnding); }
+  // False once another program has cleared the lock file away.
+  bool isOwned() const { return isTheFile(lock_, lockFile()); }
+  bool keepOwned();
+  void swap(VisitFiles& other) {
+    std::swap(path_, other.path_);
+    std::swap(lock_, other.lock_);
+  }
+
+  std::string path_;  // without ending
+  int lock_;          // descriptor of the lock file
+};
+
+Result<std::unique_ptr<VisitFiles>> VisitFiles::create(const std::string& folder) {
   std::error_code failed;
-  std::filesystem::create_directories(folder, failed);
+  fs::create_directories(folder, failed);
   if (failed) return systemError(folder, failed.value());
   int reason = EWOULDBLOCK;
   for (int tries = 0; tries < 10 && reason == EWOULDBLOCK; ++tries) {
@@ -120,50 +164,91 @@ Result<VisitFiles> VisitFiles::create(const std::string& folder) {
     if (lock < 0) return systemError(folder, errno);
     const std::string path = name.substr(0, name.size() - lockEnding.size());
     reason = claim(lock, path);
-    if (reason == 0) return VisitFiles(path, lock);
+    if (reason == 0) return std::make_unique<VisitFiles>(path, lock);
     ::unlink(name.c_str());  // a search for lost work came between, or there is no room to sign
     ::close(lock);
   }
   return systemError(folder, reason);
 }
 
-std::optional<VisitFiles> VisitFiles::take(const std::string& path) {
+std::unique_ptr<VisitFiles> VisitFiles::take(const std::string& path) {
   const std::string lockName = path + std::string(lockEnding);
   const int lock = ::open(lockName.c_str(), O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, 0600);
-  if (lock < 0) return std::nullopt;
-  if (claim(lock, path) == 0) return VisitFiles(path, lock);
+  if (lock < 0) return nullptr;
+  if (claim(lock, path) == 0) return std::make_unique<VisitFiles>(path, lock);
   ::close(lock);
-  return std::nullopt;
+  return nullptr;
 }
 
-VisitFiles::VisitFiles(VisitFiles&& other) noexcept
-    : path_(std::move(other.path_)), lock_(std::exchange(other.lock_, -1)) {}
-
-VisitFiles& VisitFiles::operator=(VisitFiles&& other) noexcept {
-  std::swap(path_, other.path_);
-  std::swap(lock_, other.lock_);
-  return *this;
-}
-
+// Without work the lock goes, too, and is held until it is gone.
 VisitFiles::~VisitFiles() {
-  if (lock_ < 0) return;
   if (!hasWork() && isOwned()) ::unlink(lockFile().c_str());
   static_cast<void>(::ftruncate(lock_, 0));  // a signature ends here, as a lock does
   ::close(lock_);
 }
 
-bool VisitFiles::isOwned() const { return lock_ >= 0 && isTheFile(lock_, lockFile()); }
+// Where the lock file was cleared away it is made anew, unless another program took the work.
+bool VisitFiles::keepOwned() {
+  if (isOwned()) return true;
+  const auto again = take(path_);
+  if (again) swap(*again);
+  return again != nullptr;
+}
 
-bool VisitFiles::hasWork() const { return ::access(workFile().c_str(), F_OK) == 0; }
+std::optional<Error> VisitFiles::write(std::string_view bytes) {
+  if (!keepOwned()) {
+    const auto other = create(fs::path(path_).parent_path().string());
+    if (!other) return other.error();
+    swap(**other);
+  }
+  return writeFileAtomically(workFile(), bytes);
+}
 
-void VisitFiles::removeWork() { ::unlink(workFile().c_str()); }
+std::string VisitFiles::keptName() const {
+  const fs::path work = workFile();
+  return (work.parent_path() / ("kept" + work.filename().string().substr(5))).string();
+}
 
-// The lock goes last, and is held until it is gone.
-void VisitFiles::remove() {
-  if (lock_ < 0) return;
-  removeWork();
-  ::unlink(lockFile().c_str());
-  ::close(std::exchange(lock_, -1));
+// Without ending: one of the two files may be gone.
+std::set<std::string> visitsIn(const std::string& folder) {
+  std::set<std::string> paths;
+  std::error_code failed;
+  for (fs::directory_iterator at(folder, failed), end; !failed && at != end; at.increment(failed)) {
+    fs::path name = at->path();
+    if (name.filename().string().starts_with("visit-") &&
+        (name.extension() == lockEnding || name.extension() == workEnding))
+      paths.insert(name.replace_extension().string());
+  }
+  return paths;
+}
+
+std::string environment(const char* name) {
+  const char* value = std::getenv(name);
+  return value ? value : "";
+}
+
+}  // namespace
+
+std::string autosaveFolder() {
+  const std::string state = environment("XDG_STATE_HOME");
+  if (state.starts_with('/')) return state + "/tolmer";
+  const std::string home = environment("HOME");
+  return home.empty() ? "" : home + "/.local/state/tolmer";
+}
+
+Result<VisitPlacePointer> VisitFolder::take() {
+  auto files = VisitFiles::create(folder_);
+  if (!files) return files.error();
+  return VisitPlacePointer(std::move(*files));
+}
+
+std::vector<VisitPlacePointer> VisitFolder::lost() {
+  std::vector<VisitPlacePointer> found;
+  for (const std::string& path : visitsIn(folder_))
+    if (auto files = VisitFiles::take(path); files && files->hasWork())
+      found.push_back(std::move(files));
+  std::ranges::sort(found, std::ranges::greater(), &VisitPlace::written);
+  return found;
 }
 
 }  // namespace tolmer

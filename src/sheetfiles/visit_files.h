@@ -1,4 +1,4 @@
-// The files of the editor's visits: names, locks, owners.
+// Work written aside in files: names, locks, owners.
 //
 // Each visit owns two files of a folder: "visit-XXXXXX.zmm", an editor's file that also names the
 // file it was opened from, and "visit-XXXXXX.lock", locked by the program that owns it. The system
@@ -7,46 +7,29 @@
 // owner's name in the lock file instead.
 #pragma once
 
-#include <optional>
 #include <string>
-#include <string_view>
 #include <utility>
+#include <vector>
 
-#include "base/error.h"
+#include "sheetfiles/visit_places.h"
 
 namespace tolmer {
 
-// The two files of a visit, owned. Dropping it leaves the work to be found again.
-class VisitFiles {
+// Where this user's programs keep such work: "tolmer" in XDG_STATE_HOME, else in ~/.local/state;
+// empty where neither is known.
+std::string autosaveFolder();
+
+// A folder of such files, made where it is missing; an empty name is none.
+class VisitFolder : public VisitPlaces {
  public:
-  static constexpr std::string_view workEnding = ".zmm";
-  static constexpr std::string_view lockEnding = ".lock";
+  explicit VisitFolder(std::string folder) : folder_(std::move(folder)) {}
 
-  // Makes the folder where it is missing.
-  static Result<VisitFiles> create(const std::string& folder);
-  // Takes over the files of a visit, named without their endings; nullopt where another program
-  // owns them. Makes the lock file where it is gone.
-  static std::optional<VisitFiles> take(const std::string& path);
-
-  VisitFiles(VisitFiles&& other) noexcept;
-  VisitFiles& operator=(VisitFiles&& other) noexcept;
-  ~VisitFiles();
-
-  const std::string& path() const { return path_; }
-  // False once another program has cleared the lock file away.
-  bool isOwned() const;
-  std::string workFile() const { return path_ + std::string(workEnding); }
-  bool hasWork() const;
-  void removeWork();
-  // Both files go.
-  void remove();
+  bool isKnown() const { return !folder_.empty(); }
+  Result<VisitPlacePointer> take() override;
+  std::vector<VisitPlacePointer> lost() override;
 
  private:
-  VisitFiles(std::string path, int lock) : path_(std::move(path)), lock_(lock) {}
-  std::string lockFile() const { return path_ + std::string(lockEnding); }
-
-  std::string path_;  // without ending
-  int lock_ = -1;     // descriptor of the lock file; -1 when nothing is owned
+  std::string folder_;
 };
 
 }  // namespace tolmer

@@ -2,22 +2,23 @@
 
 #include <algorithm>
 
+#include "base/file_io.h"
 #include "platform/desktop.h"
 
 namespace tolmer {
 
 void OwnData::tellLostWork() {
-  const auto lost = findLostWork(autosaveFolder_);
+  if (!aside_) return;
+  const auto lost = aside_->lost();
   if (lost.empty()) return;
-  const auto readable = std::find_if(lost.begin(), lost.end(), [](const LostWork& work) {
-    return static_cast<bool>(work.content());
-  });
+  const auto readable = std::ranges::find_if(
+      lost, [](const VisitPlacePointer& work) { return static_cast<bool>(workIn(*work)); });
   const bool someCanBeRead = readable != lost.end();
   desktop_.doEvents();  // what stands behind the box is painted first
   desktop_.messageBox(
       {.title = "Unsaved Data",
        .text = "The program ended before the data in the Data Editor were saved (" +
-               (someCanBeRead ? *readable : lost.front()).timeWritten() +
+               localTime((someCanBeRead ? *readable : lost.front())->written()) +
                (someCanBeRead ? "). Open the Data Editor from the Notebook to bring them back."
                               : "), and the copy that it kept of them cannot be read. Open the "
                                 "Data Editor from the Notebook to keep or delete it."),
@@ -25,8 +26,7 @@ void OwnData::tellLostWork() {
 }
 
 void OwnData::setUp() {
-  editor_ =
-      std::make_unique<frmDataEditor>(desktop_, EditorFolders{programFolder_, autosaveFolder_});
+  editor_ = std::make_unique<frmDataEditor>(desktop_, EditorPlaces{programFolder_, aside_});
   editor_->setChangeTitleEnabled(false);
   editor_->setNumberVariables(numberVariables);
   editor_->setMaxObservations(500);

@@ -10,9 +10,9 @@ namespace tolmer {
 // The student's own data: the editor is made when it is first asked for, and then keeps its data.
 class OwnData : public EditorData {
  public:
-  // The folders are read at the first use; where work is written aside may be empty.
-  OwnData(Desktop& desktop, const std::string& programFolder, const std::string& autosaveFolder)
-      : desktop_(desktop), programFolder_(programFolder), autosaveFolder_(autosaveFolder) {}
+  // The places are looked at when they are first used; that for work aside may be null.
+  OwnData(Desktop& desktop, const std::string& programFolder, VisitPlaces* const& aside)
+      : desktop_(desktop), programFolder_(programFolder), aside_(aside) {}
 
   StudentData studentData() const override {
     return editor_ ? editor_->studentData() : StudentData();
@@ -36,7 +36,7 @@ class OwnData : public EditorData {
 
   Desktop& desktop_;
   const std::string& programFolder_;
-  const std::string& autosaveFolder_;
+  VisitPlaces* const& aside_;
   std::unique_ptr<frmDataEditor> editor_;
 };
 

@@ -46,8 +46,8 @@ struct ShellParts {
   Analysis analysis{state, desktop, displays, panel};
   QuadrantManager manager{state, desktop, displays, frame, menus, panel};
   frmAbout about{desktop};
-  std::string tAutosaveFolder;  // where the data editor writes work aside; empty: nowhere
-  OwnData ownData{desktop, tProgramFolder, tAutosaveFolder};
+  VisitPlaces* aside = nullptr;  // where the data editor writes work aside; null: nowhere
+  OwnData ownData{desktop, tProgramFolder, aside};
   EditorData* editor = &ownData;
 };
 

@@ -33,7 +33,7 @@ MessageBox badFile(const std::string& name) {
 MessageBox changedElsewhere(const std::string& name) {
   return {"File Changed",
           "Another program has changed the file " + name + " since it was opened or saved here (" +
-              timeWritten(name) +
+              localTime(*secondsWritten(name)) +
               "). Do you want to overwrite it? Answer No to leave it as it is; Save As saves the "
               "data to a different file.",
           MessageIcon::exclamation, MessageButtons::yesNo};
@@ -143,7 +143,7 @@ TEST_F(DataEditorFiles, WhatWasSavedComesBackInAnotherEditor) {
     choose("File/Save");
     click("cmdCancel");
   });
-  frmDataEditor other{desktop, {folder.path() + "/tolmod", ""}};
+  frmDataEditor other{desktop, {folder.path() + "/tolmod", nullptr}};
   script.window("frmDataEditor", [&] {
     opens(mine);
     other.cmdOpen.click();
@@ -461,7 +461,7 @@ struct Downloads : HeadlessDesktop {
 TEST_F(DataEditorFiles, DataSavedWhereNobodyCanTellAreSavedAndHaveNoFile) {
   Downloads browser;
   HeadlessUser hand(browser);
-  frmDataEditor there(browser, {folder.path() + "/tolmod", ""});
+  frmDataEditor there(browser, {folder.path() + "/tolmod", nullptr});
   browser.onModal = [&](Window&) {
     EXPECT_TRUE(there.spdData.enter({2, 2}, "1.5"));
     hand.menu("frmDataEditor", "File/Save As...");

@@ -11,6 +11,7 @@
 #include "base/file_io.h"
 #include "editor/editor_visit.h"
 #include "sheetfiles/editor_file.h"
+#include "sheetfiles/visit_files.h"
 
 namespace tolmer::test {
 namespace {
@@ -235,7 +236,7 @@ class LostWork : public EditorVisit {
     };
     own.onSaveFile = [&](const FileQuestion&) { return folder.file("mine.zmm"); };
     own.onOpenFile = own.onSaveFile;
-    frmDataEditor killed(own, {folder.path() + "/tolmod", folder.path() + "/aside"});
+    frmDataEditor killed(own, {folder.path() + "/tolmod", &places});
     for (std::size_t i = 0; i < visits.size(); ++i) {
       own.onModal = [&](Window&) {
         visits[i](killed, own);
@@ -264,7 +265,7 @@ class LostWork : public EditorVisit {
     };
   }
   void leaveBehind(double value, const std::string& from = {}) {
-    Autosave crashed(aside, [time = 0]() mutable { return time += 10000; });
+    Autosave crashed(&places, [time = 0]() mutable { return time += 10000; });
     crashed.changed();
     SheetContent content(editorObservations, editorVariables);
     content.cells(1, 1) = {.kind = DataCell::Kind::number, .number = value};
@@ -273,6 +274,7 @@ class LostWork : public EditorVisit {
   std::ptrdiff_t filesAside() { return std::distance(fs::directory_iterator(aside), {}); }
 
   const std::string aside = folder.path() + "/aside";
+  VisitFolder places{aside};
   std::deque<Answer> answers;      // to the next boxes but that for saving
   std::vector<std::string> boxes;  // their texts
 };
@@ -327,7 +329,7 @@ TEST_F(LostWork, OfAFileThatChangedSinceDoesNotOverwriteItUnasked) {
     boxes.clear();
     killedIn({[](auto& next, auto&) { next.cmdSave.click(); }});
     const bool saved = loadEditorFile(file)->cells(1, 1).number == 5;
-    if (!saved) findLostWork(aside).front().discard();
+    if (!saved) places.lost().front()->remove();
     return saved;
   };
   EXPECT_TRUE(savesOver(std::chrono::seconds(-10)));
@@ -384,8 +386,8 @@ TEST_F(LostWork, IsAlsoWhatAnEarlierVisitLeftUnsaved) {
 }
 
 TEST_F(LostWork, LiesAsideUntilItIsSavedOrThrownAwayInWords) {
-  std::optional<frmDataEditor> own(
-      std::in_place, desktop, EditorFolders{folder.path() + "/tolmod", folder.path() + "/aside"});
+  std::optional<frmDataEditor> own(std::in_place, desktop,
+                                   EditorPlaces{folder.path() + "/tolmod", &places});
   const auto visitOwn = [&](const std::function<void()>& actions) {
     script.window("frmDataEditor", actions);
     own->ShowDataEditor();
@@ -426,19 +428,19 @@ TEST_F(LostWork, LiesAsideUntilItIsSavedOrThrownAwayInWords) {
   script.box(beforeTheEnd, Answer::no);
   EXPECT_TRUE(own->mayEndProgram());
   own.reset();
-  EXPECT_TRUE(findLostWork(folder.path() + "/aside").empty());
+  EXPECT_TRUE(places.lost().empty());
 }
 
 TEST_F(LostWork, IsAlsoWhatWasTypedJustBeforeTheProgramWasEndedAtAnError) {
   {
-    frmDataEditor own(desktop, {folder.path() + "/tolmod", folder.path() + "/aside"});
+    frmDataEditor own(desktop, {folder.path() + "/tolmod", &places});
     script.window("frmDataEditor", [&] {
       own.spdData.enter({2, 2}, "5");
       throw ProgramEnded{1};
     });
     EXPECT_THROW(own.ShowDataEditor(), ProgramEnded);
   }
-  EXPECT_EQ(findLostWork(folder.path() + "/aside").size(), 1u);
+  EXPECT_EQ(places.lost().size(), 1u);
 }
 
 }  // namespace

@@ -74,7 +74,7 @@ class EditorVisit : public testing::Test {
   HeadlessDesktop desktop;
   HeadlessUser user{desktop};
   Script script{desktop};
-  frmDataEditor editor{desktop, {folder.path() + "/tolmod", ""}};
+  frmDataEditor editor{desktop, {folder.path() + "/tolmod", nullptr}};
 };
 
 }  // namespace tolmer::test

@@ -9,6 +9,7 @@
 
 #include "editor/data_editor.h"
 #include "platform/headless/headless_desktop.h"
+#include "sheetfiles/visit_files.h"
 #include "support/killed_program.h"
 #include "support/temp_folder.h"
 
@@ -29,8 +30,8 @@ struct Progress {
 
 class Typist {
  public:
-  Typist(const std::string& folder, const std::string& aside, Progress& progress)
-      : editor_(desktop_, {folder, aside}), progress_(progress) {
+  Typist(const std::string& folder, VisitPlaces& aside, Progress& progress)
+      : editor_(desktop_, {folder, &aside}), progress_(progress) {
     desktop_.onSaveFile = [folder](const FileQuestion&) { return folder + "/mine.zmm"; };
     editor_.SetupEditor();
     editor_.show();
@@ -55,7 +56,7 @@ int numberIn(const SheetContent& content) { return static_cast<int>(content.cell
 
 TEST(KilledEditor, LosesSecondsAndNeverAFile) {
   const TempFolder folder;
-  const std::string aside = folder.file("aside");
+  VisitFolder aside(folder.file("aside"));
   void* const shared =
       ::mmap(nullptr, sizeof(Progress), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
   ASSERT_NE(shared, MAP_FAILED);
@@ -84,11 +85,11 @@ TEST(KilledEditor, LosesSecondsAndNeverAFile) {
       EXPECT_EQ(progress.saved, 0) << kill;
     }
     int back = onDisk;
-    for (LostWork& lost : findLostWork(aside)) {
-      const auto work = lost.content();
+    for (const VisitPlacePointer& lost : aside.lost()) {
+      const auto work = workIn(*lost);
       ASSERT_TRUE(work) << kill << ": " << work.error().message();
       back = std::max(back, numberIn(work->sheet));
-      lost.discard();
+      lost->remove();
       ++broughtBack;
     }
     EXPECT_GE(back, progress.entered - secondsLost) << kill;

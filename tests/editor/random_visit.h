@@ -301,8 +301,8 @@ class RandomVisit {
   TempFolder folder_{placeForFiles()};
   HeadlessDesktop desktop_;
   HeadlessUser user_{desktop_};
-  frmDataEditor editor_{desktop_, {folder_.path() + "/tolmod", ""}};
-  frmDataEditor other_{desktop_, {folder_.path() + "/tolmod", ""}};
+  frmDataEditor editor_{desktop_, {folder_.path() + "/tolmod", nullptr}};
+  frmDataEditor other_{desktop_, {folder_.path() + "/tolmod", nullptr}};
   SheetModel model_, startModel_;
   CellAddress region_, corner_{0, 0};  // where it all happens, to be dense
   std::vector<State> past_, future_;

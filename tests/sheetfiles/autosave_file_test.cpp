@@ -6,6 +6,7 @@
 #include <fstream>
 
 #include "sheetfiles/autosave.h"
+#include "sheetfiles/visit_files.h"
 #include "support/faults.h"
 #include "support/killed_program.h"
 #include "support/temp_folder.h"
@@ -32,8 +33,8 @@ class AutosaveTest : public testing::Test {
   }
   std::string titlesFound() {
     std::string titles;
-    for (const LostWork& work : findLostWork(folder)) {
-      const auto content = work.content();
+    for (const VisitPlacePointer& work : places.lost()) {
+      const auto content = workIn(*work);
       titles += content ? content->sheet.title + " of " + content->from + ";" : "damaged;";
     }
     return titles;
@@ -42,12 +43,13 @@ class AutosaveTest : public testing::Test {
 
   test::TempFolder temp;
   std::string folder = temp.file("state/tolmer");
+  VisitFolder places{folder};
   std::int64_t now = 1000;
   Autosave::Clock clock = [this] { return now; };
 };
 
 TEST_F(AutosaveTest, writesWhatChangedEveryFewSecondsAndNothingElse) {
-  Autosave autosave(folder, clock);
+  Autosave autosave(&places, clock);
   int written = 0;
   const auto content = [&] {
     ++written;
@@ -67,30 +69,30 @@ TEST_F(AutosaveTest, writesWhatChangedEveryFewSecondsAndNothingElse) {
 TEST_F(AutosaveTest, workIsFoundOnlyWhenItsProgramIsGone) {
   EXPECT_EQ(titlesFound(), "");
   {
-    Autosave running(folder, clock);
+    Autosave running(&places, clock);
     writeAside(running, "mine");
     EXPECT_EQ(titlesFound(), "");  // another program's, and it still runs
   }
   EXPECT_EQ(titlesFound(), "mine of /home/ann/a.zmm;");
   EXPECT_EQ(titlesFound(), "mine of /home/ann/a.zmm;");  // looking does not take it away
-  const auto held = findLostWork(folder);
+  const auto held = places.lost();
   EXPECT_EQ(titlesFound(), "");  // one finder at a time
 }
 
 TEST_F(AutosaveTest, adoptedWorkIsNeverWithoutACopy) {
   {
-    Autosave crashed(folder, clock);
+    Autosave crashed(&places, clock);
     writeAside(crashed, "old");
   }
   {
-    Autosave next(folder, clock);
-    next.adopt(std::move(findLostWork(folder).front()));
+    Autosave next(&places, clock);
+    next.adopt(std::move(places.lost().front()));
     EXPECT_EQ(titlesFound(), "");
   }  // crashed as well
   EXPECT_EQ(titlesFound(), "old of /home/ann/a.zmm;");
   {
-    Autosave third(folder, clock);
-    third.adopt(std::move(findLostWork(folder).front()));
+    Autosave third(&places, clock);
+    third.adopt(std::move(places.lost().front()));
     writeAside(third, "new");
     third.clean();
   }
@@ -99,13 +101,13 @@ TEST_F(AutosaveTest, adoptedWorkIsNeverWithoutACopy) {
 
 TEST_F(AutosaveTest, discardedWorkAndLocksWithoutWorkGo) {
   {
-    Autosave crashed(folder, clock);
+    Autosave crashed(&places, clock);
     writeAside(crashed, "old");
   }
-  findLostWork(folder).front().discard();
+  places.lost().front()->remove();
   EXPECT_EQ(files(), 0);
   {
-    Autosave crashed(folder, clock);
+    Autosave crashed(&places, clock);
     writeAside(crashed, "old");
     crashed.clean();
   }
@@ -118,7 +120,7 @@ TEST_F(AutosaveTest, aFailureIsToldOnceAndTriedAgain) {
   std::FILE* inTheWay = std::fopen(folder.c_str(), "w");
   ASSERT_TRUE(inTheWay);
   std::fclose(inTheWay);
-  Autosave autosave(folder, clock);
+  Autosave autosave(&places, clock);
   autosave.changed();
   now += Autosave::interval;
   EXPECT_TRUE(poll(autosave, "x"));
@@ -133,17 +135,17 @@ TEST_F(AutosaveTest, aFailureIsToldOnceAndTriedAgain) {
 TEST_F(AutosaveTest, aFileSystemWithoutLocksHasTheOwnersNames) {
   const test::FailingCall locks(test::Call::flock, ENOLCK);
   {
-    Autosave running(folder, clock);
+    Autosave running(&places, clock);
     writeAside(running, "mine");
     EXPECT_EQ(files(), 2);
     EXPECT_EQ(titlesFound(), "");  // its program still runs
   }
   EXPECT_EQ(titlesFound(), "mine of /home/ann/a.zmm;");
-  findLostWork(folder).front().discard();
+  places.lost().front()->remove();
   std::optional<Autosave> killed;
   test::killWhileWorking(
       [&] {
-        if (!killed) killed.emplace(folder, clock);
+        if (!killed) killed.emplace(&places, clock);
         writeAside(*killed, "killed");
       },
       0);
@@ -160,7 +162,7 @@ TEST_F(AutosaveTest, aFileSystemWithoutLocksHasTheOwnersNames) {
   EXPECT_EQ(titlesFound(), "killed of /home/ann/a.zmm;");
   fs::remove_all(folder);
   const test::FullDisk full(0);
-  Autosave unsigned_(folder, clock);
+  Autosave unsigned_(&places, clock);
   unsigned_.changed();
   now += Autosave::interval;
   EXPECT_TRUE(poll(unsigned_, "x"));
@@ -173,7 +175,7 @@ TEST_F(AutosaveTest, aLockFileThatSomebodyClearedAwayHidesNoWork) {
       if (entry.path().extension() == ".lock") fs::remove(entry.path());
   };
   {
-    Autosave running(folder, clock);
+    Autosave running(&places, clock);
     writeAside(running, "one");
     clear();
     writeAside(running, "two");
@@ -181,8 +183,8 @@ TEST_F(AutosaveTest, aLockFileThatSomebodyClearedAwayHidesNoWork) {
     clear();
   }
   EXPECT_EQ(titlesFound(), "two of /home/ann/a.zmm;");
-  Autosave running(folder, clock);
-  running.adopt(std::move(findLostWork(folder).front()));
+  Autosave running(&places, clock);
+  running.adopt(std::move(places.lost().front()));
   clear();
   running.clean();
   EXPECT_EQ(titlesFound(), "");
@@ -199,15 +201,15 @@ TEST_F(AutosaveTest, aKilledProgramLeavesItsWorkToBeFound) {
     std::optional<Autosave> autosave;  // of the child: this process never makes one
     test::killWhileWorking(
         [&] {
-          if (!autosave) autosave.emplace(folder, clock);
+          if (!autosave) autosave.emplace(&places, clock);
           writeAside(*autosave, "work");
         },
         static_cast<unsigned>(200 * kill), kill % 2);
-    for (LostWork& work : findLostWork(folder)) {
-      const auto content = work.content();
+    for (const VisitPlacePointer& work : places.lost()) {
+      const auto content = workIn(*work);
       ASSERT_TRUE(content) << content.error().message();
       EXPECT_EQ(content->sheet.title, "work");
-      work.discard();
+      work->remove();
       ++found;
     }
   }

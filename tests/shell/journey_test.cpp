@@ -9,6 +9,7 @@
 #include "platform/graph/graph.h"
 #include "platform/grid/grid.h"
 #include "sheet/sheet_content.h"
+#include "sheetfiles/visit_files.h"
 #include "shell/shipped_program.h"
 #include "support/designer_student.h"
 #include "support/stand_in_editor.h"
@@ -90,15 +91,16 @@ TEST_F(Journey, CancelInTheNotebookAsksAndStaysOnNo) {
 
 TEST_F(Journey, WorkLostByACrashIsToldAtTheStartAndOfferedByTheEditor) {
   const TempFolder aside;
+  VisitFolder places(aside.path());
   {
-    Autosave crashed(aside.path(), [time = 0]() mutable { return time += 10000; });
+    Autosave crashed(&places, [time = 0]() mutable { return time += 10000; });
     crashed.changed();
     SheetContent content = newContent(editorObservations, editorVariables);
     content.cells(2, 1) = {.kind = DataCell::Kind::number, .number = 42};
     ASSERT_FALSE(crashed.poll([&] { return content; }, ""));
   }
-  const std::string time = findLostWork(aside.path()).front().timeWritten();
-  module.parts().tAutosaveFolder = aside.path();
+  const std::string time = localTime(places.lost().front()->written());
+  module.parts().aside = &places;
   script.box("Unsaved Data", "The program ended before the data in the Data Editor were saved (" +
                                  time +
                                  "). Open the Data Editor from the Notebook to bring them back.");
@@ -120,7 +122,7 @@ TEST_F(Journey, WorkLostByACrashIsToldAtTheStartAndOfferedByTheEditor) {
   script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdCancel"); });
   script.box("Tolmer", "Exit module?", Answer::yes);
   EXPECT_THROW(module.Main(), ProgramEnded);
-  EXPECT_TRUE(findLostWork(aside.path()).empty());
+  EXPECT_TRUE(places.lost().empty());
 }
 
 TEST_F(Journey, EveryEndAsksOnceAboutUnsavedDataOfOnesOwn) {
@@ -146,12 +148,13 @@ TEST_F(Journey, EveryEndAsksOnceAboutUnsavedDataOfOnesOwn) {
 
 TEST_F(Journey, LostWorkThatCannotBeReadIsToldAsSuch) {
   const TempFolder aside;
+  VisitFolder places(aside.path());
   const std::string work = aside.file("visit-abcdef.zmm");  // without its lock file
   ASSERT_FALSE(writeFileAtomically(work, "damaged"));
-  module.parts().tAutosaveFolder = aside.path();
+  module.parts().aside = &places;
   script.box("Unsaved Data",
              "The program ended before the data in the Data Editor were saved (" +
-                 timeWritten(work) +
+                 localTime(*secondsWritten(work)) +
                  "), and the copy that it kept of them cannot be read. Open the Data Editor from "
                  "the Notebook to keep or delete it.");
   script.window("frmOpeningBook");

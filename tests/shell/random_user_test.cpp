@@ -14,6 +14,7 @@
 #include "base/file_io.h"
 #include "engine/fitted_equation.h"
 #include "notebook/notebook_window.h"
+#include "sheetfiles/visit_files.h"
 #include "shell/display_checks.h"
 #include "shell/module.h"
 #include "support/designer_student.h"
@@ -92,7 +93,7 @@ class RandomUser {
   }
 
   void connect() {
-    parts().tAutosaveFolder = folder_.file("aside");
+    parts().aside = &aside_;
     hand().tell = [this](const std::string& what) {
       tell(what);
       if (what == "menu mnuFileExit" || what.starts_with("frame of mdiReg") ||
@@ -303,6 +304,7 @@ class RandomUser {
   unsigned seed_;
   std::mt19937 random_;
   TempFolder folder_{placeForFiles()};
+  VisitFolder aside_{folder_.file("aside")};
   std::unique_ptr<Run> run_;
   std::deque<std::string> log_;
   int actions_ = 0, actionsLeft_ = 0;
