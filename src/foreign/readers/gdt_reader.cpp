@@ -13,6 +13,8 @@
 namespace tolmer {
 namespace {
 
+constexpr std::string_view blanks = " \t\r\n";
+
 // "North" "South \"x\"": texts in quotation marks.
 std::vector<std::string> quotedTexts(std::string_view list) {
   std::vector<std::string> texts;
@@ -64,7 +66,7 @@ class GdtSink : public XmlSink {
     else if (name == "valstrings")
       labels_.push_back({owner_, quotedTexts(content_)});
     else if (name == "description")
-      collector_.table().title = std::string(trimmed(content_)).substr(0, longestCutText);
+      collector_.table().title = std::string(trimmed(content_, blanks)).substr(0, longestCutText);
   }
 
   Result<CutBook> take() {
@@ -121,9 +123,9 @@ class GdtSink : public XmlSink {
   void endCase() {
     int column = hasLabels_ ? 1 : 0;
     const int last = column + static_cast<int>(variables_.size());
-    std::string_view rest = trimmed(content_);
-    for (; !rest.empty(); rest = trimmed(rest)) {
-      const auto length = std::min(rest.find_first_of(" \t\r\n"), rest.size());
+    std::string_view rest = trimmed(content_, blanks);
+    for (; !rest.empty(); rest = trimmed(rest, blanks)) {
+      const auto length = std::min(rest.find_first_of(blanks), rest.size());
       if (++column > last || !putValue(column, rest.substr(0, length))) return damaged(column);
       rest.remove_prefix(length);
     }

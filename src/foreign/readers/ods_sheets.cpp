@@ -143,6 +143,11 @@ void OdsSheetsSink::endRow() {
     row_ = std::min(row_ + rowRepeats_, lastRow);
     return;
   }
+  std::int64_t inRow = 0;
+  for (const auto& [column, cell] : rowCells_) inRow += cell.columns;
+  cellsPut_ += inRow * rowRepeats_;
+  if (cellsPut_ > mostCells)
+    return stop({"", "it has more than " + std::to_string(mostCells) + " cells with content"});
   for (int i = 0; i < rowRepeats_ && !isStopped(); ++i) putRow();
 }
 
@@ -150,11 +155,7 @@ void OdsSheetsSink::putRow() {
   if (++row_ > lastRow) return stop({"row " + std::to_string(row_), "it lies outside the sheet"});
   current_->collector->beginRow(row_, rowHidden_);
   for (const auto& [column, cell] : rowCells_)
-    for (int i = 0; i < cell.columns && !isStopped(); ++i) {
-      if (++cellsPut_ > mostCells)
-        return stop({"", "it has more than " + std::to_string(mostCells) + " cells with content"});
-      put(cell, column + i);
-    }
+    for (int i = 0; i < cell.columns && !isStopped(); ++i) put(cell, column + i);
 }
 
 void OdsSheetsSink::startCell(const XmlAttributes& attributes) {

@@ -38,6 +38,7 @@ struct MemoryFile {
   }
   static ssize_t read(void* buffer, std::size_t length, void* context) {
     MemoryFile& file = of(context);
+    if (!buffer) return 0;  // the library found no memory, or wants nothing
     length = std::min(length, file.bytes.size() - file.at);
     std::memcpy(buffer, file.bytes.data() + file.at, length);
     file.at += length;
@@ -151,9 +152,11 @@ class Reader {
   int takeMetadata(readstat_metadata_t* data) {
     constexpr int firstInUtf8 = 118;
     rowsTold_ = readstat_get_row_count(data);
-    if (format_ == StatisticsFormat::dta)
-      encoding_ = readstat_get_file_format_version(data) >= firstInUtf8 ? "UTF-8" : "";
-    else if (const char* named = readstat_get_file_encoding(data))
+    const int version = readstat_get_file_format_version(data);
+    if (format_ == StatisticsFormat::dta) {
+      encoding_ = version >= firstInUtf8 ? "UTF-8" : "";
+      longestSetName_ = version >= firstInUtf8 ? 129 : version >= 110 ? 33 : 9;
+    } else if (const char* named = readstat_get_file_encoding(data))
       encoding_ = named;
     collector_.table().title = text(readstat_get_file_label(data));
     return READSTAT_HANDLER_OK;
@@ -171,7 +174,7 @@ class Reader {
     const char* format = readstat_variable_get_format(variable);
     const std::string_view shown = format ? format : "";
     units_.push_back(format_ == StatisticsFormat::sav ? unitOfSav(shown) : unitOfDta(shown));
-    labelSets_.emplace_back(labels ? labels : "");
+    labelSets_.emplace_back(labels ? std::string(labels, ::strnlen(labels, longestSetName_)) : "");
     return READSTAT_HANDLER_OK;
   }
 
@@ -184,7 +187,7 @@ class Reader {
   int takeLabel(const char* set, readstat_value_t value, const char* label) {
     constexpr std::size_t most = 20'000;
     if (++labels_ > most) return READSTAT_HANDLER_OK;
-    labelsOf_[set].push_back({codeText(value), text(label).substr(0, longestCutText)});
+    labelsOf_[set ? set : ""].push_back({codeText(value), text(label).substr(0, longestCutText)});
     return READSTAT_HANDLER_OK;
   }
 
@@ -239,7 +242,8 @@ class Reader {
   }
 
   static Error fault(readstat_error_t status) {
-    if (status == READSTAT_ERROR_MALLOC) throw std::bad_alloc();
+    if (status == READSTAT_ERROR_MALLOC)
+      return {"", "it is damaged, or needs more memory than a reader may have"};
     if (status == READSTAT_ERROR_UNSUPPORTED_FILE_FORMAT_VERSION)
       return {"", "it is of a version that is not read; save it in another one"};
     return {"", std::string("it is damaged or cut off (") + readstat_error_message(status) + ")"};
@@ -273,6 +277,7 @@ class Reader {
   int rowsTold_ = -1;
   std::vector<TimeUnit> units_;         // of the variables
   std::vector<std::string> labelSets_;  // of the variables
+  std::size_t longestSetName_ = 256;    // a damaged one has no end of its own
   std::map<std::string, std::vector<ValueLabel>> labelsOf_;
   std::size_t labels_ = 0;
   std::vector<std::string> remarks_;

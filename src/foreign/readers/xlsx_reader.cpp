@@ -206,7 +206,7 @@ class Workbook {
     if (!parts) return parts.error();
     for (const Relationship& part : *parts) {
       if (part.type == "sharedStrings") sharedTexts_ = part.target;
-      if (part.type != "styles" || !package_.has(part.target)) continue;
+      if (part.type != "styles") continue;  // without them dates would be numbers
       StyleSink sink(styles_);
       if (auto error = package_.readXml(part.target, sink)) return error;
     }
