@@ -2,6 +2,8 @@
 
 #include <algorithm>
 #include <cctype>
+#include <charconv>
+#include <cmath>
 
 namespace tolmer {
 namespace {
@@ -22,6 +24,22 @@ bool isUnsignedNumber(std::string_view text) {
 
 bool meansSomething(char c) {
   return isDigit(c) || std::isalpha(static_cast<unsigned char>(c)) || c == '(';
+}
+
+bool isPlainNumber(std::string_view text) {
+  double number = 0;
+  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
+  return read.ec == std::errc() && read.ptr == text.data() + text.size() && std::isfinite(number);
+}
+
+// As many decimals as the number shows: "0.00" for 2.50, "0.0E+00" for 1.5e-20.
+std::string numberFormat(std::string_view number) {
+  const auto exponent = number.find_first_of("eE");
+  const std::string_view mantissa = number.substr(0, exponent);
+  const auto point = std::min(mantissa.find('.'), mantissa.size());
+  const std::string decimals(mantissa.size() - point, '0');
+  return "0" + (decimals.size() > 1 ? '.' + decimals.substr(1) : "") +
+         (exponent == number.npos ? "" : "E+00");
 }
 
 }  // namespace
@@ -50,6 +68,14 @@ std::string tabbedCell(std::string_view text) {
   std::string quoted = "\"";
   for (const char c : withTextMark(text)) quoted.append(c == '"' ? 2 : 1, c);
   return quoted + '"';
+}
+
+// LibreOffice takes the number and its looks from here, and that it is in the writing of the United
+// States (language 1033).
+std::string spreadsheetMark(std::string_view text, bool isFigure) {
+  if (looksLikeFormula(text)) return " style=\"mso-number-format:'\\@'\" sdnum=\"1033;0;@\"";
+  if (!isFigure || !isPlainNumber(text)) return {};
+  return " sdval=\"" + std::string(text) + "\" sdnum=\"1033;0;" + numberFormat(text) + '"';
 }
 
 }  // namespace tolmer

@@ -21,4 +21,10 @@ std::string_view withoutTextMark(std::string_view text);
 // doubled, where it holds a tab or a line end, or begins with a quotation mark.
 std::string tabbedCell(std::string_view text);
 
+// Attributes of a cell in a copied HTML table, each behind a blank: what would be carried out is
+// marked as text, for the one and the other spreadsheet, and a figure as the number it is. A cell's
+// text alone is read in the writing of the reader's country, where 1.234 may be more than a
+// thousand.
+std::string spreadsheetMark(std::string_view text, bool isFigure);
+
 }  // namespace tolmer

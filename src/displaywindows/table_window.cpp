@@ -8,6 +8,7 @@
 #include "platform/grid/grid_copy.h"
 #include "platform/grid/grid_fit.h"
 #include "platform/text_metrics.h"
+#include "tables/html_table.h"
 
 namespace tolmer {
 namespace {
@@ -93,6 +94,9 @@ void TableWindow::lowerFrame() {
     if (table_.isFrame(row)) grid_.setRowHeight(row, low);
 }
 
-void TableWindow::CopyGraph() { desktop().setClipboard(copyOf(gridSheet(table_))); }
+void TableWindow::CopyGraph() {
+  const Sheet sheet = gridSheet(table_);
+  desktop().setClipboard({.text = copyText(sheet, sheet.body()), .html = copiedTableHtml(table_)});
+}
 
 }  // namespace tolmer

@@ -10,20 +10,10 @@
 #include "base/file_io.h"
 #include "figures/field_lines.h"
 #include "platform/graph/svg_writer.h"
-#include "report/table_parts.h"
+#include "tables/table_parts.h"
 
 namespace tolmer {
 namespace {
-
-// On paper the colours of the screen are too strong for figures on them.
-std::string_view printedColour(Colour colour) {
-  static constexpr std::array tints = {
-      std::pair{colours::cyan, "A9EEF4"}, std::pair{colours::green, "A8EAA8"},
-      std::pair{colours::red, "FFB1AB"}, std::pair{colours::yellow, "FFF29B"}};
-  for (const auto& [screen, tint] : tints)
-    if (colour == screen) return tint;
-  return {};
-}
 
 std::string escaped(std::string_view text) {
   std::string plain;
@@ -37,8 +27,8 @@ std::string escaped(std::string_view text) {
 // A ground once set holds for all cells that follow, so that each cell sets its own. A line that
 // takes it back vanishes whole: the text stands on the next one.
 std::string cellText(const TableCell& cell) {
-  const std::string_view tint = printedColour(backOf(cell));
-  const std::string ground = tint.empty() ? "!}\n" : ":#" + std::string(tint) + "}";
+  const std::string_view tint = tintOf(cell);
+  const std::string ground = tint.empty() ? "!}\n" : ":" + std::string(tint) + "}";
   return "|{set:cellbgcolor" + ground + escaped(cell.text) + "\n";
 }
 

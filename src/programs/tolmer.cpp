@@ -9,6 +9,7 @@
 #include <string_view>
 
 #include "base/paths.h"
+#include "base/program_words.h"
 #include "platform/qt/program.h"
 #include "platform/qt/qt_desktop.h"
 #include "sheetfiles/visit_files.h"
@@ -17,27 +18,30 @@
 namespace {
 
 constexpr const char* usage =
-    "tolmer [--program-folder FOLDER] [--leave-after-first-page]\n"
+    "Usage: tolmer [--program-folder FOLDER] [--leave-after-first-page]\n\n"
+    "Multiple regression on the desktop.\n"
     "  --program-folder FOLDER    take notebook, pictures and help from there\n"
     "  --leave-after-first-page   end after the first painted page of the notebook, without the\n"
-    "                             second of the opening message (for measuring the start)\n";
+    "                             second of the opening message (for measuring the start)\n"
+    "  --version                  the version\n"
+    "  --help                     this text\n";
 
 struct Options {
   std::string programFolder = tolmer::programFolder();
   bool leaveAfterFirstPage = false;
-  int status = -1;  // 0 or 2: end at once with it
+  bool areUnderstood = true;
 };
 
 Options optionsOf(int argc, char** argv) {
   Options options;
-  for (int i = 1; i < argc && options.status < 0; ++i) {
+  for (int i = 1; i < argc && options.areUnderstood; ++i) {
     const std::string_view word = argv[i];
     if (word == "--program-folder" && i + 1 < argc)
       options.programFolder = argv[++i];
     else if (word == "--leave-after-first-page")
       options.leaveAfterFirstPage = true;
     else
-      options.status = word == "--help" ? 0 : 2;
+      options.areUnderstood = false;
   }
   return options;
 }
@@ -79,10 +83,14 @@ class FirstPageWatch : public QObject {
 }  // namespace
 
 int main(int argc, char** argv) {
+  if (const auto answer = tolmer::answerAboutProgram({argv + 1, argv + argc}, "tolmer", usage)) {
+    std::fputs(answer->c_str(), stdout);
+    return 0;
+  }
   const Options options = optionsOf(argc, argv);
-  if (options.status >= 0) {
-    std::fputs(usage, options.status == 0 ? stdout : stderr);
-    return options.status;
+  if (!options.areUnderstood) {
+    std::fputs(usage, stderr);
+    return 2;
   }
   if (!tolmer::screenAvailable()) {
     std::fputs("tolmer: there is no screen to show windows on; tolreport works without one\n",

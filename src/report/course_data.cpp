@@ -2,6 +2,7 @@
 
 #include <vector>
 
+#include "data/data_file.h"
 #include "data/data_sources.h"
 #include "fieldfile/field_reader.h"
 #include "notebook/book.h"
@@ -59,6 +60,9 @@ Result<WorkingCopy> courseDataSet(const ReportOptions& options, MessagePort& mes
   }
   WorkingCopy copy;
   LoadNewExample(copy, OneScenario(*scenario), options.programFolder, messages);
+  // Tells where the data come from, which JSON does not.
+  if (copy.mbInfoAvailable && options.request.format != ReportFormat::json)
+    ReadVarInfo(copy, messages);
   return copy;
 }
 

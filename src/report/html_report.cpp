@@ -6,16 +6,16 @@
 
 #include "base/markup_text.h"
 #include "platform/graph/svg_writer.h"
-#include "report/html_table.h"
-#include "state/analysis_state.h"
+#include "tables/html_table.h"
 
 namespace tolmer {
 namespace {
 
-// A style sheet without any outside resource. On paper (A4) displays keep together and pages break
-// between them; lists longer than a page begin a new one, break between rows and repeat their
-// heads; a table too wide for an upright page lies on a landscape one in smaller letters.
-// Neither '<' nor '&' may stand here, so that the page is well-formed for readers of XML too.
+// A style sheet without any outside resource, PAPER standing for the size. On paper displays keep
+// together and pages break between them; lists longer than a page begin a new one, break between
+// rows and repeat their heads; a table too wide for an upright page lies on a landscape one in
+// smaller letters. Neither '<' nor '&' may stand here, so that the page is well-formed for readers
+// of XML too.
 constexpr std::string_view pageStyle = R"(
 :root { color-scheme: light; }
 body { font: 16px/1.5 "Noto Sans", system-ui, sans-serif; color: #222; background: #fff;
@@ -44,16 +44,18 @@ thead th, thead td { border-bottom: 2px solid #888; }
 .right { text-align: right; }
 .marked { color: #000; font-weight: 600; }
 .figures td { padding-right: 2rem; }
-.key { font-size: .9rem; }
-.key span { color: #000; padding: .1rem .6rem; margin-left: .4rem; border: 1px solid #999; }
+.sign { display: inline-block; width: 0; text-indent: .1em; }
+.key, .note { font-size: .9rem; }
+.key .sign { width: auto; text-indent: 0; }
+.key > span { color: #000; padding: .1rem .6rem; margin-left: .4rem; border: 1px solid #999; }
 .unseen { position: absolute; width: 1px; height: 1px; overflow: hidden; clip-path: inset(50%);
   white-space: nowrap; }
 figure { margin: 0; }
 svg { display: block; max-width: 100%; height: auto; }
 .spoken { font-size: .9rem; color: #333; margin: .5rem 0 0; }
-@page { size: A4; margin: 16mm;
+@page { size: PAPER; margin: 16mm;
   @bottom-right { content: counter(page) " / " counter(pages); font: 8pt sans-serif; color: #555; } }
-@page across { size: A4 landscape; }
+@page across { size: PAPER landscape; }
 @media print {
   body { margin: 0; padding: 0; max-width: none; font-size: 10pt; line-height: 1.4; }
   h1 { font-size: 16pt; }
@@ -64,7 +66,7 @@ svg { display: block; max-width: 100%; height: auto; }
   .equation { font-size: 10.5pt; }
   .prose, .equation, .table, figure, tr { break-inside: avoid; page-break-inside: avoid; }
   .table { overflow: visible; margin-bottom: 3mm; }
-  .key { break-before: avoid; }
+  .key, .note { break-before: avoid; }
   table { font-size: 9pt; line-height: 1.25; }
   .across { page: across; }
   .across table, .cut table { font-size: 8pt; }
@@ -72,7 +74,7 @@ svg { display: block; max-width: 100%; height: auto; }
   .cut th, .cut td { padding: .15em .5em; }
   .long { break-before: page; break-inside: auto; page-break-inside: auto; }
   thead { display: table-header-group; }
-  th, td, .key span, .equation, .messages { print-color-adjust: exact;
+  th, td, .key > span, .equation, .messages { print-color-adjust: exact;
     -webkit-print-color-adjust: exact; }
 }
 )";
@@ -81,8 +83,17 @@ std::string_view withoutEndBlanks(std::string_view text) {
   return text.substr(0, text.find_last_not_of(' ') + 1);
 }
 
+std::string styleFor(Paper paper) {
+  constexpr std::string_view word = "PAPER";
+  std::string style(pageStyle);
+  for (auto at = style.find(word); at != style.npos; at = style.find(word, at))
+    style.replace(at, word.size(), paper == Paper::a4 ? "A4" : "letter");
+  return style;
+}
+
 struct ShownHtml {
   const ReportedPart& shown;
+  Paper paper;
 
   std::string operator()(const FittedEquation& equation) const {
     return "<h2>" + markupText(shown.title) + "</h2>\n<p class=\"equation\">" +
@@ -96,7 +107,9 @@ struct ShownHtml {
            "<p class=\"spoken\">" + markupText(graph.description) + "</p>\n</figure>\n";
   }
 
-  std::string operator()(const TableContent& table) const { return tableHtml(table, shown.title); }
+  std::string operator()(const TableContent& table) const {
+    return tableHtml(table, shown.title, paper);
+  }
 
   std::string operator()(const Sections& sections) const {
     std::string html = "<h2>" + markupText(shown.title) + "</h2>\n";
@@ -107,9 +120,9 @@ struct ShownHtml {
   }
 };
 
-std::string partHtml(const ReportedPart& shown) {
+std::string partHtml(const ReportedPart& shown, Paper paper) {
   return "<section id=\"" + std::string(wordOf(shown.part)) + "\">\n" +
-         std::visit(ShownHtml{shown}, shown.content) + "</section>\n";
+         std::visit(ShownHtml{shown, paper}, shown.content) + "</section>\n";
 }
 
 std::string contentsHtml(const std::vector<ReportedPart>& parts) {
@@ -144,21 +157,21 @@ std::string messagesHtml(const ReportDocument& document) {
 }
 
 // Empty elements are closed and every entity is one of XML: the page can be read as XML too.
-std::string headHtml(const std::string& title) {
+std::string headHtml(const std::string& title, Paper paper) {
   return "<!DOCTYPE html>\n<html lang=\"en\">\n<head>\n<meta charset=\"utf-8\"/>\n"
          "<meta name=\"viewport\" content=\"width=device-width, initial-scale=1\"/>\n<title>" +
-         title + "</title>\n<style>" + std::string(pageStyle) + "</style>\n</head>\n";
+         title + "</title>\n<style>" + styleFor(paper) + "</style>\n</head>\n";
 }
 
 }  // namespace
 
 std::string htmlReport(const ReportDocument& document) {
   const std::string title = markupText(document.title);
-  std::string html = headHtml(title) + "<body>\n<header>\n<h1>" + title + "</h1>\n" +
-                     factsHtml(document) + remarksHtml(document) + "</header>\n<main>\n" +
-                     messagesHtml(document);
+  std::string html = headHtml(title, document.paper) + "<body>\n<header>\n<h1>" + title +
+                     "</h1>\n" + factsHtml(document) + remarksHtml(document) +
+                     "</header>\n<main>\n" + messagesHtml(document);
   if (document.parts.size() > 1) html += contentsHtml(document.parts);
-  for (const ReportedPart& shown : document.parts) html += partHtml(shown);
+  for (const ReportedPart& shown : document.parts) html += partHtml(shown, document.paper);
   return html + "</main>\n</body>\n</html>\n";
 }
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "report/json_writer.h"
-#include "report/table_parts.h"
+#include "tables/table_parts.h"
 
 namespace tolmer {
 namespace {

@@ -1,11 +1,14 @@
 #include "report/options.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <functional>
 #include <map>
 #include <optional>
 #include <string_view>
 
+#include "base/program_words.h"
 #include "report/csv_reader.h"
 
 namespace tolmer {
@@ -13,16 +16,76 @@ namespace {
 
 using Problem = std::optional<std::string>;
 
+struct NamedFormat {
+  std::string_view name;
+  ReportFormat format;
+  std::array<std::string_view, 2> endings;  // of files
+};
+
+constexpr std::array formats = {
+    NamedFormat{"text", ReportFormat::text, {".txt", ".text"}},
+    NamedFormat{"json", ReportFormat::json, {".json", ".JSON"}},
+    NamedFormat{"html", ReportFormat::html, {".html", ".htm"}},
+    NamedFormat{"markdown", ReportFormat::markdown, {".md", ".markdown"}},
+    NamedFormat{"r", ReportFormat::r, {".R", ".r"}},
+};
+
 Problem takeFormat(ReportOptions& options, const std::string& value) {
-  if (value == "text")
-    options.request.format = ReportFormat::text;
-  else if (value == "json")
-    options.request.format = ReportFormat::json;
-  else if (value == "html")
-    options.request.format = ReportFormat::html;
-  else
-    return "--format is text, json or html, not \"" + value + "\"";
+  const auto* named = std::find_if(formats.begin(), formats.end(),
+                                   [&](const NamedFormat& one) { return one.name == value; });
+  if (named == formats.end())
+    return "--format is text, json, html, markdown or r, not \"" + value + "\"";
+  options.request.format = named->format;
+  options.formatIsGiven = true;
   return std::nullopt;
+}
+
+// What a file is called says what it holds.
+void takeFormatOfFile(ReportOptions& options) {
+  for (const NamedFormat& one : formats)
+    for (const std::string_view ending : one.endings)
+      if (options.outputFile.ends_with(ending)) options.request.format = one.format;
+}
+
+Problem takeSections(ReportOptions& options, const std::string& value) {
+  if (!options.request.parts) options.request.parts.emplace();
+  auto& parts = *options.request.parts;
+  for (const std::string& word : fieldsOfList(value)) {
+    if (word == "all") {
+      const auto all = allParts();
+      parts.insert(parts.end(), all.begin(), all.end());
+    } else if (const auto part = partCalled(word)) {
+      parts.push_back(*part);
+    } else {
+      std::string words;
+      for (const ReportPart one : allParts()) words += std::string(wordOf(one)) + ", ";
+      return "--sections has no \"" + word + "\"; there are " + words + "and all";
+    }
+  }
+  return std::nullopt;
+}
+
+Problem takePaper(ReportOptions& options, const std::string& value) {
+  if (value != "a4" && value != "letter") return "--paper is a4 or letter, not \"" + value + "\"";
+  options.request.paper = value == "a4" ? Paper::a4 : Paper::letter;
+  return std::nullopt;
+}
+
+Problem takeLists(ReportOptions& options, const std::string& value) {
+  if (value != "whole" && value != "short" && value != "none")
+    return "--lists is whole, short or none, not \"" + value + "\"";
+  options.request.caseLists = value == "whole"   ? CaseLists::whole
+                              : value == "short" ? CaseLists::shortened
+                                                 : CaseLists::none;
+  return std::nullopt;
+}
+
+// Any text, also an empty one.
+auto takeText(std::string ReportRequest::*member) {
+  return [member](ReportOptions& options, const std::string& value) -> Problem {
+    options.request.*member = value;
+    return std::nullopt;
+  };
 }
 
 Problem takeExample(ReportOptions& options, const std::string& value) {
@@ -73,6 +136,14 @@ const std::map<std::string_view, Take>& optionsWithValue() {
       {"--labels", takeInto(&ReportOptions::labels)},
       {"--plot", takePlot},
       {"--format", takeFormat},
+      {"-o", takeInto(&ReportOptions::outputFile)},
+      {"--output", takeInto(&ReportOptions::outputFile)},
+      {"--sections", takeSections},
+      {"--lists", takeLists},
+      {"--title", takeText(&ReportRequest::title)},
+      {"--author", takeText(&ReportRequest::author)},
+      {"--remarks", takeText(&ReportRequest::remarks)},
+      {"--paper", takePaper},
       {"--example", takeExample},
       {"--program-folder", takeInto(&ReportOptions::programFolder)}};
   return table;
@@ -83,8 +154,6 @@ bool takeFlag(ReportOptions& options, std::string_view word) {
     options.intercept = false;
   else if (word == "--default")
     options.defaultExample = true;
-  else if (word == "--help" || word == "-h")
-    options.help = true;
   else
     return false;
   return true;
@@ -143,9 +212,13 @@ class Words {
 
 Result<ReportOptions> parseOptions(const std::vector<std::string>& words) {
   ReportOptions options;
+  if (auto answer = answerAboutProgram(words, "tolreport", reportUsage)) {
+    options.answer = std::move(*answer);
+    return options;
+  }
   if (auto problem = Words(words).parse(options)) return Error{"", *problem};
-  if (options.help) return options;
   if (auto problem = contradiction(options)) return Error{"", *problem};
+  if (!options.formatIsGiven) takeFormatOfFile(options);
   return options;
 }
 
@@ -173,10 +246,23 @@ For both:
                        also Residuals. A name with a colon stands in double
                        quotes. Without it: 1=Fitted:Residuals,
                        2=(dependent):Fitted, 3=(first independent):(dependent).
-  --format FORMAT      text (as without this option), json or html
+  --format FORMAT      text, json, html, markdown, or r, a script for R. Without
+                       it the ending of -o's file decides, else it is text.
+  -o FILE              write the report to this file, which is overwritten, and
+                       not to standard output
+  --sections LIST      what stands in it, in this order: equation, interpretation,
+                       anova, coefficients, statistics, correlations, residuals,
+                       data, histogram, standardized, normality, vif, plot1, plot2,
+                       plot3, or all. A script for R is always whole.
+  --lists LENGTH       lists of cases: whole, short (the first 20 cases and all
+                       that are marked) or none
+  --title TEXT, --author TEXT, --remarks TEXT
+                       what stands at its head; remarks may have lines
+  --paper PAPER        a4 or letter: the paper on which a page is printed
+  --version            the version
   --help               this text
 
-The report goes to standard output. Exit status: 0 done, 1 something is wrong with
+A date in the report is today's, or that of SOURCE_DATE_EPOCH. Exit status: 0 done, 1 something is wrong with
 the data, 2 something is wrong with the command line.
 )";
 

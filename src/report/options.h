@@ -28,10 +28,13 @@ struct ReportOptions {
   bool defaultExample = false;
   std::string programFolder;  // where the course's notebook lies; empty: beside the program
   ReportRequest request;
-  bool help = false;
+  bool formatIsGiven = false;  // else the ending of outputFile decides
+  std::string outputFile;      // empty: standard output
+  std::string answer;          // to --help or --version: all there is to do
 };
 
-// Words without the program's name. The error's text is one sentence about the word at fault.
+// Words without the program's name. Where they ask for help or the version nothing else is looked
+// at. The error's text is one sentence about the word at fault.
 Result<ReportOptions> parseOptions(const std::vector<std::string>& words);
 
 // The text of --help.

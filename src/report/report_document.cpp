@@ -11,6 +11,8 @@
 #include "engine/fitted_equation.h"
 #include "report/html_report.h"
 #include "report/json_report.h"
+#include "report/markdown_report.h"
+#include "report/r_report.h"
 #include "report/text_report.h"
 #include "state/analysis_state.h"
 
@@ -45,19 +47,38 @@ ViewSize graphSize(ReportFormat format) {
   return format == ReportFormat::html ? ViewSize{720, 400} : ViewSize{960, 500};
 }
 
-ReportedPart reportedPart(ReportPart part, const AnalysisState& state, ReportFormat format,
+// Keeps the first cases and those with a marked figure.
+void shorten(TableContent& table, int cases) {
+  constexpr int first = 20;
+  const int before = table.rows();
+  const auto isMarked = [](const TableCell& cell) { return cell.mark != CellMark::none; };
+  table.keepRows([&](int row) {
+    const auto cells = table.row(row);
+    return table.caseOf(row) <= first || std::any_of(cells.begin(), cells.end(), isMarked);
+  });
+  if (table.rows() == before) return;
+  const int shown = cases - (before - table.rows());
+  table.notes.push_back(std::to_string(shown) + " of " + std::to_string(cases) +
+                        " cases: the first " + std::to_string(first) + " and all that are marked.");
+}
+
+ReportedPart reportedPart(ReportPart part, const AnalysisState& state, const ReportRequest& request,
                           MessagePort& messages) {
   if (!part) return {part, std::string(captionOf(part)), FittedEquation{fittedEquation(state)}};
   ReportedPart reported{part, titleOf(*part, state), {}};
   std::visit([&](auto&& content) { reported.content = std::move(content); },
-             contentOf(*part, state, graphSize(format), messages));
+             contentOf(*part, state, graphSize(request.format), messages));
+  auto* table = std::get_if<TableContent>(&reported.content);
+  const bool isShort = part->listsCases && request.caseLists == CaseLists::shortened &&
+                       request.format != ReportFormat::json;
+  if (isShort && table) shorten(*table, state.iNumCases);
   return reported;
 }
 
 void addParts(ReportDocument& document, const ReportRequest& request) {
   MessageLog messages;
   for (const ReportPart part : chosenParts(request))
-    document.parts.push_back(reportedPart(part, *document.state, request.format, messages));
+    document.parts.push_back(reportedPart(part, *document.state, request, messages));
   document.messages.insert(document.messages.end(), messages.boxes().begin(),
                            messages.boxes().end());
 }
@@ -67,11 +88,12 @@ std::string nameOfFile(std::string_view file) {
   return onOneLine(std::string(file.substr(file.find_last_of("/\\") + 1)));
 }
 
-std::string casesText(const AnalysisState& state, int leftOut) {
+std::string casesText(const AnalysisState& state) {
   const int used = state.iNumCases;
+  const int leftOut = static_cast<int>(state.uOrigin.leftOut.size());
   if (leftOut == 0) return std::to_string(used) + " read, all of them used";
   return std::to_string(used + leftOut) + " read, " + std::to_string(used) + " used, " +
-         std::to_string(leftOut) + " left out as incomplete";
+         std::to_string(leftOut) + " left out";
 }
 
 std::string predictorNames(const AnalysisState& state) {
@@ -90,7 +112,7 @@ std::vector<ReportFact> factsOf(const AnalysisState& state, const ReportRequest&
   add("Author", onOneLine(request.author));
   if (state.bInfoAvailable && !state.tVarDesc.empty()) add("Data", onOneLine(state.tVarDesc[0]));
   add("Data file", nameOfFile(state.tDataFileName));
-  add("Cases", casesText(state, around.casesLeftOut));
+  add("Cases", casesText(state));
   add("Dependent variable", onOneLine(variableName(state, 1)));
   add(state.iNumPredictors == 1 ? "Independent variable" : "Independent variables",
       predictorNames(state));
@@ -165,7 +187,9 @@ std::string makeReport(const AnalysisState& state, const ReportRequest& request,
     case ReportFormat::html:
       return htmlReport(document);
     case ReportFormat::markdown:
+      return markdownReport(document);
     case ReportFormat::r:
+      return rReport(document);
     case ReportFormat::text:
       break;
   }

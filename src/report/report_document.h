@@ -13,7 +13,6 @@ namespace tolmer {
 struct ReportCircumstances {
   std::string date;                     // as it is to be printed
   std::vector<AnsweredBox> messages{};  // of the analysis
-  int casesLeftOut = 0;                 // incomplete ones, which the analysis never saw
 };
 
 // The day as "2026-11-22": today, or what the variable SOURCE_DATE_EPOCH says, so that a report can

@@ -4,6 +4,7 @@
 #include <optional>
 #include <system_error>
 
+#include "base/file_io.h"
 #include "base/text_encoding.h"
 #include "report/course_data.h"
 #include "report/csv_dataset.h"
@@ -54,10 +55,14 @@ ReportOutcome reportOn(WorkingCopy& copy, const ReportOptions& options,
   MessageLog messages;
   const AnalysisState state = analysisOf(copy, messages, *axes);
   ReportRequest request = options.request;
-  request.isColoured = around.isColoured;
+  request.isColoured = around.isColoured && options.outputFile.empty();
   // JSON tells no date.
   const std::string date = request.format == ReportFormat::json ? "" : around.date();
-  return {ReportOutcome::done, makeReport(state, request, {date, messages.boxes()}), {}};
+  std::string report = makeReport(state, request, {date, messages.boxes()});
+  if (options.outputFile.empty()) return {ReportOutcome::done, std::move(report), {}};
+  if (const auto error = writeFileAtomically(options.outputFile, report))
+    return failed(ReportOutcome::dataAtFault, *error);
+  return {};
 }
 
 ReportOutcome reportOnTable(const ReportOptions& options, const ReportSurroundings& around) {
@@ -88,7 +93,7 @@ ReportOutcome reportOnCourse(const ReportOptions& options, const ReportSurroundi
 ReportOutcome runReport(const std::vector<std::string>& words, const ReportSurroundings& around) {
   auto options = parseOptions(words);
   if (!options) return usageFault(options.error());
-  if (options->help) return {ReportOutcome::done, reportUsage, {}};
+  if (!options->answer.empty()) return {ReportOutcome::done, options->answer, {}};
   if (!options->file.empty()) return reportOnTable(*options, around);
   if (options->programFolder.empty()) options->programFolder = around.programFolder();
   // The data lie beside this folder, and a bare name has no folder above it.

@@ -7,13 +7,11 @@
 #include <vector>
 
 #include "displays/display_list.h"
+#include "tables/html_table.h"
 
 namespace tolmer {
 
 enum class ReportFormat { text, json, html, markdown, r };
-
-// Of a page's print.
-enum class Paper { a4, letter };
 
 // Lists of cases: with all cases, with the first ones and all that are marked, or left out.
 enum class CaseLists { whole, shortened, none };

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <string_view>
 
-#include "report/table_parts.h"
 #include "report/text_layout.h"
+#include "tables/table_parts.h"
 
 namespace tolmer {
 namespace {
@@ -12,21 +12,6 @@ namespace {
 constexpr std::string_view indent = "  ";
 constexpr std::string_view between = "  ";  // columns
 constexpr std::string_view plain = "\x1b[0m";
-
-std::string_view signOf(CellMark mark) {
-  switch (mark) {
-    case CellMark::pBelow01:
-      return "**";
-    case CellMark::pBelow05:
-      return "*";
-    case CellMark::highVIF:
-      return "!";
-    case CellMark::outlier:
-      return "+";
-    default:
-      return {};
-  }
-}
 
 struct TerminalColour {
   Colour back;
@@ -73,6 +58,8 @@ class TableSetter {
          columnBlocks(widths, parts_.leadColumns, static_cast<double>(room)))
       lines += (lines.empty() ? "" : "\n") + blockText(block);
     if (!parts_.key.empty()) lines += "\n" + keyText();
+    for (const std::string& note : parts_.notes)
+      lines += "\n" + wrapped(note, width, indent.size()) + "\n";
     return lines;
   }
 
@@ -80,12 +67,8 @@ class TableSetter {
   void measure(const TableRow& row) {
     for (std::size_t i = 0; i < row.size(); ++i) {
       columns_[i].text = std::max(columns_[i].text, terminalWidth(row[i].text));
-      columns_[i].mark = std::max(columns_[i].mark, markText(row[i]).size());
+      columns_[i].mark = std::max(columns_[i].mark, parts_.shownSign(row[i]).size());
     }
-  }
-
-  std::string_view markText(const TableCell& cell) const {
-    return parts_.explains(cell) ? signOf(cell.mark) : std::string_view();
   }
 
   std::string inColour(const TableCell& cell, const std::string& text) const {
@@ -95,7 +78,7 @@ class TableSetter {
 
   std::string cellText(const TableCell& cell, const Column& column) const {
     std::string text = inColour(cell, padded(cell.text, column.text, cell.align));
-    if (column.mark > 0) text += " " + padded(markText(cell), column.mark, Align::left);
+    if (column.mark > 0) text += " " + padded(parts_.shownSign(cell), column.mark, Align::left);
     return text;
   }
 
@@ -122,7 +105,7 @@ class TableSetter {
     std::string line(indent);
     for (const TableCell& word : parts_.key) {
       if (&word != &parts_.key.front()) line += "   ";
-      line += std::string(markText(word)) + " " + inColour(word, word.text);
+      line += std::string(parts_.shownSign(word)) + " " + inColour(word, word.text);
     }
     return line + "\n";
   }

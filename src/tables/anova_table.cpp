@@ -73,7 +73,7 @@ void putVariances(TableContent& table, const AnovaNumbers& numbers) {
   putVariation(table, totalRow, {"Total", numbers.sSST, numbers.iTotalDf, std::nullopt}, sums);
   table.figure(regressionRow, fValue, formatNumber(numbers.sF, picture(numbers.sF, 4, false)),
                Align::right);
-  table.figure(regressionRow, pValue, formatNumber(numbers.sFProb, "0.000"), Align::right);
+  table.probability(regressionRow, pValue, formatNumber(numbers.sFProb, "0.000"));
 }
 
 void putFigure(TableContent& table, int row, int column, const char* label, std::string value) {

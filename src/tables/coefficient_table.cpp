@@ -65,8 +65,7 @@ void putTerm(TableContent& table, int row, const TermEstimate& term) {
   figure(estimate, term.sCoef, picture);
   figure(stdError, term.sCoefSE, estimatePicture(term.sCoefSE));
   figure(tValue, term.sCoefT, "0.00");
-  figure(pValue, term.sCoefP, "0.000");
-  table.at(row, pValue).mark = markOfP(term.sCoefP);
+  table.probability(row, pValue, formatNumber(term.sCoefP, "0.000"), markOfP(term.sCoefP));
   putVIF(table, row, term.sVIF);
   figure(lower, term.sLower, picture);
   figure(upper, term.sUpper, picture);

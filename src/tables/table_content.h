@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <span>
 #include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -48,6 +49,13 @@ inline bool isFramed(const TableCell& cell) {
 }
 // The colour of its mark, of the frame, or white.
 Colour backOf(const TableCell& cell);
+// The same on paper, where the screen's colours are too strong for figures on them: "#RRGGBB",
+// empty for the frame and for white.
+std::string_view tintOf(const TableCell& cell);
+// "**" and the like beside a marked figure; empty where words or nothing tell of the mark.
+std::string_view signOf(CellMark mark);
+// "p below .01": the mark for those who neither see the colour nor the sign; empty for none.
+std::string_view spokenMark(CellMark mark);
 
 // Rows and columns count from 1. The first row holds the headings of the columns.
 class TableContent {
@@ -80,6 +88,8 @@ class TableContent {
   void figure(int row, int col, std::string text, Align align, CellMark mark = CellMark::none) {
     at(row, col) = {std::move(text), CellRole::figure, mark, align};
   }
+  // A P with three decimals. Where one reads 0.000, a note says what that means.
+  void probability(int row, int col, std::string text, CellMark mark = CellMark::none);
   void frame(int row);
   bool isFrame(int row) const;  // and nothing else
 
@@ -90,6 +100,12 @@ class TableContent {
   // What the mark means, in that column of the key, if some cell bears it.
   void key(int col, CellMark mark, Align align = Align::centre);
 
+  // Only rows for which keep(row) stay.
+  template <class Keep>
+  void keepRows(Keep keep);
+
+  // Lines that stand below the table on paper; its window has no room for them.
+  std::vector<std::string> notes{};
   int fixedColumns = 1;  // at the left, stay when the others are scrolled
   int frameShare = 1;    // rows of the frame alone have that part of the height of others
 
@@ -102,6 +118,20 @@ class TableContent {
   std::vector<TableCell> cells_;
   std::vector<int> cases_;
 };
+
+template <class Keep>
+void TableContent::keepRows(Keep keep) {
+  std::vector<TableCell> cells;
+  std::vector<int> cases;
+  for (int row = 1; row <= rows(); ++row) {
+    if (!keep(row)) continue;
+    const auto kept = this->row(row);
+    cells.insert(cells.end(), kept.begin(), kept.end());
+    cases.push_back(caseOf(row));
+  }
+  cells_ = std::move(cells);
+  cases_ = std::move(cases);
+}
 
 // The first ten characters of a variable's name, where its column (row) has no room for more.
 std::string shortened(const std::string& tName);

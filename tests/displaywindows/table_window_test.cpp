@@ -99,7 +99,7 @@ TEST_F(TableDisplayTest, CopyPutsAllCellsOnTheClipboard) {
   coefficients.UpdateDisplay();
   coefficients.CopyGraph();
   EXPECT_THAT(desktop.clipboard().text, HasSubstr("\tVIF > 10\t"));
-  EXPECT_THAT(desktop.clipboard().html, HasSubstr("bgcolor=\"#ff0000\""));
+  EXPECT_THAT(desktop.clipboard().html, HasSubstr("<p class=\"key\">"));
 }
 
 TEST_F(TableDisplayTest, ClicksReachTheControlPanelAndTheMenu) {

@@ -3,8 +3,8 @@
 #include <set>
 
 #include "markup_reader.h"
-#include "report/html_table.h"
 #include "report_fixture.h"
+#include "tables/html_table.h"
 
 namespace tolmer {
 namespace {
@@ -21,7 +21,10 @@ class HtmlReport : public test::ReportFixture {
  protected:
   static std::vector<std::string> texts(const Element& root) {
     std::vector<std::string> all;
-    root.walk([&all](const Element& element) { all.push_back(element.text); });
+    // A word of the key stands behind its sign and a blank.
+    root.walk([&all](const Element& element) {
+      all.push_back(element.text.substr(element.text.starts_with(' ') ? 1 : 0));
+    });
     return all;
   }
   Element page(const std::vector<std::string>& words) const {
@@ -106,6 +109,30 @@ TEST_F(HtmlReport, TablesHaveCaptionsAndScopes) {
   // Summary figures do not stand under the heads of the variance table.
   EXPECT_THAT(page.withId("anova").all("table"), SizeIs(2));
   EXPECT_THAT(texts(*page.withId("coefficients").all("p").at(0)), Contains("p < .01"));
+}
+
+// Neither colour nor eyes are needed: a marked figure has a sign, which is spoken, and a P of 0.000
+// says what it means. A copy holds the same, and nothing of the frame.
+TEST(HtmlTable, MarksAreSignsInPageAndCopy) {
+  TableContent table(2 + TableContent::rowsBelow, 2);
+  table.heading(1, 1, "=Name", Align::left);
+  table.heading(1, 2, "P", Align::right);
+  table.heading(2, 1, "a<b", Align::left);
+  table.probability(2, 2, "0.000", CellMark::pBelow01);
+  table.frameRowsBelow();
+  table.key(1, CellMark::pBelow01);
+  const std::string sign =
+      "<span class=\"sign\" role=\"img\" aria-label=\"p below .01\" title=\"p below "
+      ".01\">**</span>";
+  EXPECT_THAT(tableHtml(table, "T"), HasSubstr("background:#A9EEF4\">0.000" + sign + "</td>"));
+  EXPECT_EQ(copiedTableHtml(table),
+            "<table border=\"1\" cellspacing=\"0\" cellpadding=\"3\">\n"
+            "<tr><th scope=\"col\" align=\"left\" style=\"mso-number-format:'\\@'\" "
+            "sdnum=\"1033;0;@\">=Name</th><th scope=\"col\" align=\"right\">P</th></tr>\n"
+            "<tr><th scope=\"row\" align=\"left\">a&lt;b</th><td align=\"right\" sdval=\"0.000\" "
+            "sdnum=\"1033;0;0.000\" bgcolor=\"#A9EEF4\"><b>0.000</b> " +
+                sign + "</td></tr>\n</table>\n<p class=\"key\">Key: " + sign +
+                " p &lt; .01</p>\n<p class=\"note\">A P of 0.000 is below 0.0005.</p>\n");
 }
 
 // A table of that many columns of seven figures, in HTML.

@@ -26,8 +26,27 @@ TEST(ReportOptions, FileWithEverything) {
 TEST(ReportOptions, CourseDataSets) {
   EXPECT_EQ(parseOptions({"--example", "3"})->example, 3);
   EXPECT_TRUE(parseOptions({"--default", "--program-folder=/opt/x"})->defaultExample);
-  EXPECT_TRUE(parseOptions({"--help"})->help);
+  EXPECT_EQ(parseOptions({"--z", "--help"})->answer, reportUsage);
+  EXPECT_THAT(parseOptions({"--version"})->answer, testing::StartsWith("tolreport (Tolmer "));
   EXPECT_EQ(parseOptions({"--y", "Rent", "--", "--odd name.csv"})->file, "--odd name.csv");
+}
+
+TEST(ReportOptions, WhatIsAskedOfTheReport) {
+  const auto options =
+      parseOptions({"a.csv", "-o", "b.html", "--sections", "plot2, equation", "--sections=data",
+                    "--lists=short", "--title=", "--paper", "letter"});
+  ASSERT_TRUE(options) << options.error().message();
+  const ReportRequest& request = options->request;
+  EXPECT_EQ(request.format, ReportFormat::html);  // by the file's name
+  EXPECT_THAT(*request.parts,
+              ElementsAre(findDisplay("frmScatterPlot2"), nullptr, findDisplay("frmDataList")));
+  EXPECT_EQ(request.caseLists, CaseLists::shortened);
+  EXPECT_EQ(request.paper, Paper::letter);
+  EXPECT_EQ(parseOptions({"a.csv", "--format", "r", "-o", "b.html"})->request.format,
+            ReportFormat::r);
+  EXPECT_THAT(
+      faultOf({"a.csv", "--sections", "plot4"}),
+      testing::StartsWith("--sections has no \"plot4\"; there are equation, interpretation"));
 }
 
 TEST(ReportOptions, FaultsSayWhatWouldBeRight) {
@@ -37,7 +56,8 @@ TEST(ReportOptions, FaultsSayWhatWouldBeRight) {
   EXPECT_EQ(faultOf({"a.csv", "--z"}), "there is no option --z");
   EXPECT_EQ(faultOf({"a.csv", "--y"}), "--y wants a value");
   EXPECT_EQ(faultOf({"a.csv", "--x", "A,,B"}), "--x has an empty name in \"A,,B\"");
-  EXPECT_EQ(faultOf({"a.csv", "--format", "pdf"}), "--format is text, json or html, not \"pdf\"");
+  EXPECT_EQ(faultOf({"a.csv", "--format", "pdf"}),
+            "--format is text, json, html, markdown or r, not \"pdf\"");
   for (const char* number : {"0", "-1", "1.5", "99999999999", ""})
     EXPECT_EQ(faultOf({"--example", number}),
               std::string("--example takes a number from 1, not \"") + number + "\"");

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <fstream>
 
+#include "base/file_io.h"
 #include "json_reader.h"
 #include "report/csv_dataset.h"
 #include "report/model_by_name.h"

@@ -1,8 +1,6 @@
 #include "platform/grid/grid_copy.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cmath>
 #include <string_view>
 
 #include "base/markup_text.h"
@@ -33,36 +31,11 @@ std::string htmlLines(std::string_view text) {
   return html;
 }
 
-bool isPlainNumber(std::string_view text) {
-  double number = 0;
-  const auto read = std::from_chars(text.data(), text.data() + text.size(), number);
-  return read.ec == std::errc() && read.ptr == text.data() + text.size() && std::isfinite(number);
-}
-
-// As many decimals as the number shows: "0.00" for 2.50, "0.0E+00" for 1.5e-20.
-std::string numberFormat(std::string_view number) {
-  const auto exponent = number.find_first_of("eE");
-  const std::string_view mantissa = number.substr(0, exponent);
-  const auto point = std::min(mantissa.find('.'), mantissa.size());
-  const std::string decimals(mantissa.size() - point, '0');
-  return "0" + (decimals.size() > 1 ? '.' + decimals.substr(1) : "") +
-         (exponent == number.npos ? "" : "E+00");
-}
-
-// Text that a spreadsheet would carry out is marked as text, for the one and the other spreadsheet.
-// LibreOffice takes the number and its looks from here, and that it is in the writing of the United
-// States (language 1033). The cell's text it reads in the writing of its own country, where 1.234
-// may be more than a thousand.
-std::string numberMark(const Cell& cell) {
-  if (looksLikeFormula(cell.text)) return " style=\"mso-number-format:'\\@'\" sdnum=\"1033;0;@\"";
-  if (cell.style.heading || cell.style.align == Align::left || !isPlainNumber(cell.text)) return {};
-  return " sdval=\"" + cell.text + "\" sdnum=\"1033;0;" + numberFormat(cell.text) + '"';
-}
-
 std::string htmlCell(const Cell& cell) {
   const std::string tag = cell.style.heading ? "th" : "td";
   std::string html =
-      '<' + tag + " align=\"" + std::string(alignName(cell.style.align)) + '"' + numberMark(cell);
+      '<' + tag + " align=\"" + std::string(alignName(cell.style.align)) + '"' +
+      spreadsheetMark(cell.text, !cell.style.heading && cell.style.align != Align::left);
   if (const std::string back = paperColour(cell.style.back); !back.empty())
     html += " bgcolor=\"" + back + '"';
   return html + '>' + htmlLines(cell.text) + "</" + tag + '>';

@@ -16,19 +16,17 @@ struct TableParts {
   // The rows below, divided where the display has one of its frame alone. The heads speak of the
   // first part; in the others each figure stands behind its own name.
   std::vector<std::vector<TableRow>> bodies;
-  TableRow key;                 // tells what marks mean
+  TableRow key;  // tells what marks mean
+  std::vector<std::string> notes;
   std::size_t leadColumns = 1;  // at the left, name their rows
 
-  // Whether the key has a word for this cell's mark.
-  bool explains(const TableCell& cell) const;
+  // The sign of the cell's mark where the key has a word for it, else nothing.
+  std::string_view shownSign(const TableCell& cell) const;
 };
 
 // Heads and first rows are set alike: what the display centres stands right where the column holds
 // figures, so that their points are in line, and left where it holds words.
 TableParts partsOf(const TableContent& table);
-
-// A mark that stands out by its colour: not that of a variable with itself.
-bool isColoured(const TableCell& cell);
 
 // "white", "face" for the look of headings, or "#RRGGBB".
 std::string_view backName(const TableCell& cell);

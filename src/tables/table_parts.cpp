@@ -1,4 +1,4 @@
-#include "report/table_parts.h"
+#include "tables/table_parts.h"
 
 #include <algorithm>
 #include <array>
@@ -96,14 +96,10 @@ struct BlockCutter {
 
 }  // namespace
 
-bool TableParts::explains(const TableCell& cell) const {
-  return isColoured(cell) && std::any_of(key.begin(), key.end(), [&cell](const TableCell& word) {
-           return word.mark == cell.mark;
-         });
-}
-
-bool isColoured(const TableCell& cell) {
-  return cell.mark != CellMark::none && cell.mark != CellMark::itself;
+std::string_view TableParts::shownSign(const TableCell& cell) const {
+  const bool isExplained = std::any_of(
+      key.begin(), key.end(), [&cell](const TableCell& word) { return word.mark == cell.mark; });
+  return isExplained ? signOf(cell.mark) : std::string_view();
 }
 
 std::string_view backName(const TableCell& cell) {
@@ -120,6 +116,7 @@ TableParts partsOf(const TableContent& table) {
   if (table.rows() == 0) return parts;
   const auto heads = table.row(1);
   parts.heads.assign(heads.begin(), heads.end());
+  parts.notes = table.notes;
   takeRows(parts, table);
   if (parts.bodies.empty()) return parts;
   putOnOneLine(parts.heads);
