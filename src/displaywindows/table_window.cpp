@@ -25,6 +25,7 @@ Sheet gridSheet(const TableContent& table) {
       const TableCell& from = table.at(row, col);
       Cell& cell = sheet.at(row, col);
       cell.text = from.text;
+      if (from.role != CellRole::key) cell.mark = spokenMark(from.mark);
       cell.style.align = from.align;
       cell.style.heading = from.role == CellRole::heading;
       cell.style.back = backOf(from);

@@ -7,7 +7,7 @@
 #include <string_view>
 
 #include "base/text_encoding.h"
-#include "state/model_variables.h"
+#include "state/analysis_state.h"
 
 namespace tolmer {
 namespace {

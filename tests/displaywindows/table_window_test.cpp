@@ -102,6 +102,16 @@ TEST_F(TableDisplayTest, CopyPutsAllCellsOnTheClipboard) {
   EXPECT_THAT(desktop.clipboard().html, HasSubstr("<p class=\"key\">"));
 }
 
+TEST_F(TableDisplayTest, MarkedCellsSayWhatTheirColourSays) {
+  coefficients.UpdateDisplay();
+  const Sheet& sheet = coefficients.grid().sheet();
+  EXPECT_EQ(sheet.at(3, 6).mark, "VIF above 10");
+  EXPECT_TRUE(sheet.at(3, 6).isBold());
+  EXPECT_FALSE(sheet.at(3, 5).isBold());
+  EXPECT_EQ(sheet.at(8, 7).text, "VIF > 10");
+  EXPECT_FALSE(sheet.at(8, 7).isBold()) << "the key";
+}
+
 TEST_F(TableDisplayTest, ClicksReachTheControlPanelAndTheMenu) {
   raise(coefficients.Click);
   coefficients.grid().click({2, 2});

@@ -16,7 +16,7 @@ constexpr Twips standardHeight = pixels(23);
 Twips upToWholePixels(double length) { return pixels(static_cast<float>(std::ceil(length))); }
 
 Font cellFont(Font font, const Cell& cell) {
-  font.bold = cell.style.heading;
+  font.bold = cell.isBold();
   return font;
 }
 

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "platform/look.h"
@@ -32,6 +33,11 @@ struct Cell {
   CellStyle style;
   std::string text{};              // what is shown, UTF-8, one line
   std::optional<double> number{};  // what a number cell holds; its text is only a picture of it
+  // What its colour says, for those who do not see it; lives as long as the program. Such a cell is
+  // set slightly bold.
+  std::string_view mark{};
+
+  bool isBold() const { return style.heading || !mark.empty(); }
 
   friend bool operator==(const Cell&, const Cell&) = default;
 };

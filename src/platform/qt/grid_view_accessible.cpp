@@ -260,11 +260,12 @@ void installGridAccessibility() {
 }
 
 QString describedCell(const Grid& grid, CellPosition cell) {
-  QStringList headings;
-  if (cell.row > 1) headings << toQt(columnHeading(grid, cell.col));
-  if (cell.col > 1) headings << toQt(rowHeading(grid, cell.row));
-  headings.removeAll(QString());
-  return headings.join(QStringLiteral(", "));
+  QStringList words;
+  if (cell.row > 1) words << toQt(columnHeading(grid, cell.col));
+  if (cell.col > 1) words << toQt(rowHeading(grid, cell.row));
+  words << toQt(std::string(grid.sheet().at(cell.row, cell.col).mark));
+  words.removeAll(QString());
+  return words.join(QStringLiteral(", "));
 }
 
 int accessibleIndex(const Grid& grid, CellPosition cell) {

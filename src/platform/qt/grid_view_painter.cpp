@@ -144,7 +144,7 @@ class CellPainter {
   }
 
   void paintText(const QRect& place, const Cell& content) {
-    const CellFont& font = content.style.heading ? heading_ : body_;
+    const CellFont& font = content.isBold() ? heading_ : body_;
     const double room = place.width() - 2 * sideMargin;
     painter_.setPen(toQt(content.style.fore));
     // Most cells are figures: their glyphs straight from the font are drawn three times as fast as
