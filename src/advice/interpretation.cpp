@@ -140,12 +140,15 @@ std::string wholeText(const std::vector<Section>& sections) {
 }
 
 std::string fittedModelText(const AnalysisState& state) {
-  std::string text = fittedEquation(state);
+  const bool isValid = !state.Fit.bSingular;
+  std::string text = isValid ? fittedEquation(state) : "There is no valid fit. ";
   if (!state.bUseIntercept) text += "You've suppressed the intercept. ";
   text += "You have" + counted(state.iNumPredictors) + " independent variables and" +
           counted(state.iNumCases) + " observations in your data set. ";
-  return text + sampleSizeAdvice(state) + explainedVariation(state) +
-         standardError(state.Fit.sStdErr) + outliers(state.iStdResidOutside);
+  text += sampleSizeAdvice(state);
+  if (!isValid) return text;
+  return text + explainedVariation(state) + standardError(state.Fit.sStdErr) +
+         outliers(state.iStdResidOutside);
 }
 
 std::string dataConditioningText(const AnalysisState& state) {

@@ -13,8 +13,7 @@ struct Section {
   std::string text;     // one paragraph
 };
 
-// Three sections. After a failed fit they speak of the numbers that the record holds; none before
-// the first fit.
+// Three sections. After a failed fit they speak of data and VIFs alone; none before the first fit.
 std::vector<Section> interpretation(const AnalysisState& state);
 
 // Headings and paragraphs on lines of their own, with an empty line between the sections; line ends

@@ -60,6 +60,7 @@ constexpr std::array list = {
             11,
             vifChart,
             false,
+            true,
             true},
     Display{{scatterDisplays, 1},
             "frmScatterPlot1",
@@ -125,7 +126,8 @@ constexpr std::array list = {
             "&Data List",
             7,
             dataList,
-            true},
+            true,
+            false},
     Display{{tableDisplays, 5},
             "frmCorrMatrix",
             "correlations",
@@ -134,7 +136,9 @@ constexpr std::array list = {
             "&Correlation Matrix",
             "&Correlation matrix",
             5,
-            correlationTable},
+            correlationTable,
+            false,
+            false},
     Display{{tableDisplays, 6},
             "frmDescStats",
             "statistics",
@@ -143,7 +147,9 @@ constexpr std::array list = {
             "Descriptive &Statistics",
             "Descriptive &Statistics",
             4,
-            descriptionTable},
+            descriptionTable,
+            false,
+            false},
     Display{{textDisplays, 1},
             "frmInterpretation",
             "interpretation",
@@ -199,8 +205,12 @@ std::vector<const Display*> inReadingOrder() {
 
 bool hasFit(const AnalysisState& state) { return state.iCompletedFits > 0 && isAnalysed(state); }
 
+std::string fitMark(const AnalysisState& state) {
+  return state.Fit.bSingular ? " (no valid fit)" : "";
+}
+
 std::string titleOf(const Display& display, const AnalysisState& state) {
-  return display.caption + std::string(state.Fit.bSingular ? " (no valid fit)" : "");
+  return display.caption + (display.showsFit ? fitMark(state) : "");
 }
 
 DisplayContent contentOf(const Display& display, const AnalysisState& state, ViewSize size,

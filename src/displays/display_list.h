@@ -44,6 +44,7 @@ struct Display {
   int readingPlace;
   std::variant<TableMaker, GraphMaker, TextMaker> make;
   bool listsCases = false;  // grows with the cases
+  bool showsFit = true;     // and not the data alone, which are right after a failed fit, too
   // A click on its graph takes the two lists of the control panel away and nothing else.
   bool keepsPanel = false;
 
@@ -59,8 +60,10 @@ std::vector<const Display*> inReadingOrder();
 
 // Is there a fit of the present model? Otherwise a graph stays as it is.
 bool hasFit(const AnalysisState& state);
-// The display's caption. It says so when the last fit failed, since the old numbers in the record
-// must not pass for new ones.
+// What stands behind the title of all that shows the fit, where the last one failed: " (no valid
+// fit)", else nothing.
+std::string fitMark(const AnalysisState& state);
+// The display's caption, with that mark where it shows the fit.
 std::string titleOf(const Display& display, const AnalysisState& state);
 // Of a graph without a fit an empty plot. Only graphs need the size and the message port.
 DisplayContent contentOf(const Display& display, const AnalysisState& state, ViewSize size,

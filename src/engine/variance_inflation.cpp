@@ -52,7 +52,7 @@ void fitOneByOne(AnalysisState& state, MessagePort& messages) {
   for (int i = 2; i <= K + 1; ++i) {
     chooseAuxiliaryTerms(state, i);
     MultipleRegression(state.sData, state.iTermCol, K, state.iNumCases, state.Fit, true, messages);
-    state.sVIF[i - 1] = inflation(state.Fit.sRSquared);
+    state.sVIF[i - 1] = state.Fit.bSingular ? noFiniteVIF : inflation(state.Fit.sRSquared);
   }
 }
 

@@ -10,10 +10,10 @@ namespace tolmer {
 
 // Regresses each predictor on an intercept and the other predictors, also where the model itself
 // has no intercept, and fills sVIF(1..iNumPredictors) with 1 / (1 - R-squared), or 999.999 where
-// R-squared is not below 1. With fewer than two predictors nothing happens.
+// R-squared is not below 1 or the regression is singular, which shows its message. With fewer than
+// two predictors nothing happens.
 //
-// iTermCol and Fit hold the auxiliary regressions afterwards. One that is singular shows its
-// message and takes the R-squared that Fit happens to hold.
+// iTermCol and Fit hold the auxiliary regressions afterwards.
 void ComputeVIFs(AnalysisState& state, MessagePort& messages);
 
 // A VIF above this is worth a warning.

@@ -130,12 +130,10 @@ std::vector<Reflections<Real>> triangularise(MatrixOf<Real>& a, Index columns) {
 }
 
 // Brings the square part of a to upper triangular form, the column of greatest remaining length
-// next each time; the columns behind it are taken along. The order of the columns.
+// next each time; the columns behind it are taken along. Their numbers in `order` go with them.
 template <class Real>
-std::vector<Index> pivot(MatrixOf<Real>& a) {
+void pivot(MatrixOf<Real>& a, std::vector<Index>& order) {
   const Index k = a.rows();
-  std::vector<Index> order(static_cast<std::size_t>(k));
-  std::iota(order.begin(), order.end(), 0);
   VectorOf<Real> workspace(a.cols());
   for (Index j = 0; j < k; ++j) {
     Index next = j;
@@ -157,7 +155,6 @@ std::vector<Index> pivot(MatrixOf<Real>& a) {
     a.col(j).tail(k - j).setZero();
     a(j, j) = length;
   }
-  return order;
 }
 
 // The inverse of an upper triangular matrix.
@@ -255,12 +252,14 @@ class Solver {
   const Index n_, k_;
   VectorOf<double> shift_;  // (k + 1) of the terms and of Y
   VectorOf<Real> length_;   // of the shifted columns before the scaling
-  MatrixOf<Real> scaled_;   // (n, k)
-  MatrixOf<Real> reduced_;  // (n, k + 2)
+  MatrixOf<Real> reduced_;  // (n, k + 2) the scaled terms, ones and Y, by reflections
   std::vector<Reflections<Real>> steps_;
-  // The triangle, reduced once more by columns in order of their length, for rank and accuracy:
-  // then the ones and Y in the same coordinates, then the way into them.
-  MatrixOf<Real> pivoted_;  // (k, k + 2 + k)
+  // A rank below the terms leaves so few digits in double that only the one with twice as many has
+  // to know it.
+  static constexpr bool findsRank = !std::is_same_v<Real, double>;
+  // The triangle, for the rank reduced once more by columns in order of their length; then the ones
+  // and Y in the same coordinates, then the way into them where there was a second reduction.
+  MatrixOf<Real> pivoted_;  // (k, k + 2) or (k, k + 2 + k)
   std::vector<Index> order_;
   Index rank_ = 0;
   MatrixOf<Real> inverse_;  // (k, k) W with W W' = the inverse of the scaled X'X; of full rank only
@@ -276,25 +275,28 @@ double Solver<Real>::rounding() const {
 
 template <class Real>
 Solver<Real>::Solver(const ModelData& data)
-    : data_(data), n_(data.cases), k_(data.terms), shift_(k_ + 1), length_(k_), scaled_(n_, k_) {
+    : data_(data), n_(data.cases), k_(data.terms), shift_(k_ + 1), length_(k_) {
   shift_.setZero();
   for (Index j = 1; j <= k_ && data.intercept; ++j) shift_(j) = nearMean(columnOf(data, j));
-  for (Index j = 0; j < k_; ++j) {
-    const VectorOf<Real> column = shifted<Real>(columnOf(data, j), shift_(j));
-    const Real length = column.norm();
-    length_(j) = length > Real(0) ? length : Real(1);
-    scaled_.col(j) = column * (Real(1) / length_(j));
-  }
   reduced_.resize(n_, k_ + 2);
-  reduced_.leftCols(k_) = scaled_;
+  for (Index j = 0; j < k_; ++j) {
+    reduced_.col(j) = shifted<Real>(columnOf(data, j), shift_(j));
+    const Real length = reduced_.col(j).norm();
+    length_(j) = length > Real(0) ? length : Real(1);
+    reduced_.col(j) *= Real(1) / length_(j);
+  }
   reduced_.col(k_).setOnes();
   reduced_.col(k_ + 1) = shifted<Real>(data.y, shift_(k_));
   steps_ = triangularise<Real>(reduced_, k_);
-  pivoted_ = MatrixOf<Real>::Zero(k_, 2 * k_ + 2);
+  pivoted_ = MatrixOf<Real>::Zero(k_, k_ + 2 + (findsRank ? k_ : 0));
   pivoted_.leftCols(k_) = reduced_.topLeftCorner(k_, k_).template triangularView<Eigen::Upper>();
   pivoted_.middleCols(k_, 2) = reduced_.topRightCorner(k_, 2);
-  pivoted_.rightCols(k_).setIdentity();
-  order_ = pivot<Real>(pivoted_);
+  order_.resize(static_cast<std::size_t>(k_));
+  std::iota(order_.begin(), order_.end(), 0);
+  if constexpr (findsRank) {
+    pivoted_.rightCols(k_).setIdentity();
+    pivot<Real>(pivoted_, order_);
+  }
   using std::abs;
   const Real least = abs(pivoted_(0, 0)) * Real(rounding());
   while (rank_ < k_ && abs(pivoted_(rank_, rank_)) > least) ++rank_;
@@ -383,18 +385,23 @@ template <class Real>
 void Solver<Real>::inflate(OrthogonalFit& result) const {
   VectorOf<Real> diagonal = inverse_.rowwise().squaredNorm();
   if (!data_.intercept) {
-    const VectorOf<Real> ones = inverse_.lazyProduct(pivoted_.col(k_));
+    const VectorOf<Real> weights = inverse_.lazyProduct(pivoted_.col(k_));
     const Real left = reduced_.col(k_).tail(n_ - k_).squaredNorm();
     const Real none = Real(rounding()) * Real(rounding()) * Real(static_cast<double>(n_));
     for (Index j = 0; j < k_; ++j)
-      if (left > none || toDouble(ones(j) * ones(j)) > 1e-16 * toDouble(ones.squaredNorm()))
-        diagonal(j) += left > none ? Real(ones(j) * ones(j) / left)
+      if (left > none ||
+          toDouble(weights(j) * weights(j)) > 1e-16 * toDouble(weights.squaredNorm()))
+        diagonal(j) += left > none ? Real(weights(j) * weights(j) / left)
                                    : Real(std::numeric_limits<double>::infinity());
   }
+  const auto ones = reduced_.col(k_);
+  const Real tail = ones.tail(n_ - k_).squaredNorm();
   for (Index j = 0; j < k_; ++j) {
-    const VectorOf<Real> column = scaled_.col(j);
-    const Real mean = column.sum() / Real(static_cast<double>(n_));
-    result.inflation.push_back(toDouble(diagonal(j) * sumOfSquaresAboutMean<Real>(column, mean)));
+    VectorOf<Real> column = reduced_.col(j).head(k_);
+    column.tail(k_ - j - 1).setZero();
+    const Real mean = column.dot(ones.head(k_)) / Real(static_cast<double>(n_));
+    const Real spread = (column - mean * ones.head(k_)).squaredNorm() + mean * mean * tail;
+    result.inflation.push_back(toDouble(diagonal(j) * spread));
   }
 }
 
@@ -406,8 +413,13 @@ VectorOf<Real> Solver<Real>::leverages() const {
     constexpr Index together = 64;  // stays in the cache
     for (Index first = 0; first < n_; first += together) {
       const Index rows = std::min(together, n_ - first);
-      result.segment(first, rows) =
-          product(scaled_.middleRows(first, rows), inverse_).rowwise().squaredNorm();
+      MatrixOf<Real> scaled(rows, k_);
+      for (Index j = 0; j < k_; ++j)
+        scaled.col(j) = shifted<Real>(columnOf(data_, j).subspan(static_cast<std::size_t>(first),
+                                                                 static_cast<std::size_t>(rows)),
+                                      shift_(j)) *
+                        (Real(1) / length_(j));
+      result.segment(first, rows) = product(scaled, inverse_).rowwise().squaredNorm();
     }
     return result;
   }

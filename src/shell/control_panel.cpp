@@ -4,6 +4,7 @@
 #include <string>
 #include <utility>
 
+#include "displays/display_list.h"
 #include "graphs/scatter_plot.h"
 #include "platform/desktop.h"
 
@@ -209,6 +210,7 @@ void frmControlPanel::SetupChangeDataSourceButton() {
 }
 
 void frmControlPanel::showModel(std::string tEquation) {
+  fraCurrentModel.setCaption("Fitted Model" + fitMark(state_));
   txtFittedModel.setText(std::move(tEquation));
   txtFittedModel.setVisible(true);
   txtFittedModel.setEnabled(true);

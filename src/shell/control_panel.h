@@ -34,7 +34,7 @@ class frmControlPanel : public Window {
   // Fills both lists for the model in force and disables them.
   void InitializeComboBoxes();
 
-  // The fitted equation and the start selection of the scatter plots.
+  // The fitted equation, marked after a failed fit, and the start selection of the scatter plots.
   void showModel(std::string tEquation);
   void stopFlash();
 

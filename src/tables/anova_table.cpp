@@ -102,19 +102,20 @@ void putSummary(TableContent& table, const AnovaNumbers& numbers) {
 AnovaNumbers anovaNumbers(const AnalysisState& state) {
   const Fit& fit = state.Fit;
   AnovaNumbers numbers;
-  numbers.sSSR = fit.sSSR;
-  numbers.sSSE = fit.sSSE;
-  numbers.sSST = fit.sSST;
   numbers.iRegressionDf = state.bUseIntercept ? state.iNumTerms - 1 : state.iNumTerms;
   numbers.iErrorDf = state.iNumCases - state.iNumTerms;
   numbers.iTotalDf = numbers.iRegressionDf + numbers.iErrorDf;
+  numbers.iNumCases = state.iNumCases;
+  if (fit.bSingular) return numbers;
+  numbers.sSSR = fit.sSSR;
+  numbers.sSSE = fit.sSSE;
+  numbers.sSST = fit.sSST;
   numbers.sMSR = quotient(fit.sSSR, numbers.iRegressionDf);
   numbers.sMSE = quotient(fit.sSSE, numbers.iErrorDf);
   numbers.sF = fit.sF;
   numbers.sFProb = fit.sFProb;
   if (state.bUseIntercept) numbers.quality = fitQuality(state);
   numbers.sStdErr = fit.sStdErr;
-  numbers.iNumCases = state.iNumCases;
   return numbers;
 }
 

@@ -1,6 +1,7 @@
 // The analysis of variance with the overall F test and the summary figures of the fit.
 #pragma once
 
+#include <limits>
 #include <optional>
 
 #include "state/analysis_state.h"
@@ -17,19 +18,22 @@ struct FitQuality {
   float sDurbinWatson = 0;
 };
 
+// After a failed fit only degrees of freedom and cases are numbers.
 struct AnovaNumbers {
-  float sSSR = 0;  // sums of squares, in squared units of the dependent variable
-  float sSSE = 0;
-  float sSST = 0;
+  static constexpr float none = std::numeric_limits<float>::quiet_NaN();
+
+  float sSSR = none;  // sums of squares, in squared units of the dependent variable
+  float sSSE = none;
+  float sSST = none;
   int iRegressionDf = 0;
   int iErrorDf = 0;
   int iTotalDf = 0;
-  float sMSR = 0;  // mean squares; not a number where the degrees of freedom are 0
-  float sMSE = 0;
-  float sF = 0;
-  float sFProb = 0;
+  float sMSR = none;  // mean squares; not a number where the degrees of freedom are 0
+  float sMSE = none;
+  float sF = none;
+  float sFProb = none;
   std::optional<FitQuality> quality;
-  float sStdErr = 0;
+  float sStdErr = none;
   int iNumCases = 0;
 };
 

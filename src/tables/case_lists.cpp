@@ -91,10 +91,10 @@ class ResidualRows {
     const auto cases = static_cast<std::size_t>(state.iNumCases);
     observed_.resize(cases + 1);
     standardized_.resize(cases + 1);
-    const float s = state.Fit.sStdErr;
+    const float s = hasValidFit_ ? state.Fit.sStdErr : 0;
     for (std::size_t i = 1; i <= cases; ++i) {
       observed_[i] = state.sData(static_cast<int>(i), state.iModelCol[1]);
-      standardized_[i] = s != 0 ? state.Fit.sResid[i] / s : std::numeric_limits<float>::quiet_NaN();
+      standardized_[i] = s != 0 ? state.Fit.sResid[i] / s : none;
     }
     observedPicture_ = picture(observed_, state.iNumCases);
     residualPicture_ = picture(state.Fit.sResid, state.iNumCases);
@@ -115,8 +115,8 @@ class ResidualRows {
     };
     const NumberPicture ofResiduals(residualPicture_);
     figure(observed, observed_[i], NumberPicture(observedPicture_));
-    figure(fitted, state_.Fit.sFitted[i], ofResiduals);
-    figure(residual, state_.Fit.sResid[i], ofResiduals);
+    figure(fitted, hasValidFit_ ? state_.Fit.sFitted[i] : none, ofResiduals);
+    figure(residual, hasValidFit_ ? state_.Fit.sResid[i] : none, ofResiduals);
     figure(standardized, z, NumberPicture("0.000"));
     if (band) table.at(row, left + standardized).mark = band->mark;
     if (!bComments) return;
@@ -124,7 +124,10 @@ class ResidualRows {
   }
 
  private:
+  static constexpr float none = std::numeric_limits<float>::quiet_NaN();
+
   const AnalysisState& state_;
+  const bool hasValidFit_ = !state_.Fit.bSingular;
   std::vector<float> observed_;      // from 1
   std::vector<float> standardized_;  // from 1
   std::string observedPicture_;

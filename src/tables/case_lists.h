@@ -14,7 +14,8 @@ TableContent dataList(const AnalysisState& state);
 // Observed and fitted values with their residuals: heads and one row a case in the order of the
 // file. A residual of more than 2, 3 or 4 standard errors is marked and commented ("> 2 SE");
 // without such a case there is no column of comments. Residuals in standard errors are formed in
-// single precision, and not a number where the standard error is 0.
+// single precision, and not a number where the standard error is 0. After a failed fit there are
+// observed values alone.
 TableContent residualList(const AnalysisState& state);
 
 }  // namespace tolmer

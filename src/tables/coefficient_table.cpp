@@ -85,6 +85,10 @@ std::vector<TermEstimate> termEstimates(const AnalysisState& state) {
   std::vector<TermEstimate> terms;
   for (int i = 1; i <= storedTerms(state); ++i) {
     const auto at = static_cast<std::size_t>(i);
+    if (fit.bSingular) {
+      terms.push_back({.tName = termName(state, at), .sVIF = inflation(state, i)});
+      continue;
+    }
     const float reach = fit.sCoefSE[at] * t;
     terms.push_back({termName(state, at), fit.sCoef[at], fit.sCoefSE[at], fit.sCoefT[at],
                      fit.sCoefP[at], inflation(state, i), fit.sCoef[at] - reach,

@@ -1,6 +1,7 @@
 // The table of estimated coefficients.
 #pragma once
 
+#include <limits>
 #include <optional>
 #include <string>
 #include <vector>
@@ -10,16 +11,19 @@
 
 namespace tolmer {
 
-// One term of the model, in units of the dependent variable per unit of the term.
+// One term of the model, in units of the dependent variable per unit of the term. After a failed
+// fit all but name and VIF are not numbers.
 struct TermEstimate {
+  static constexpr float none = std::numeric_limits<float>::quiet_NaN();
+
   std::string tName;
-  float sCoef = 0;
-  float sCoefSE = 0;
-  float sCoefT = 0;
-  float sCoefP = 0;
+  float sCoef = none;
+  float sCoefSE = none;
+  float sCoefT = none;
+  float sCoefP = none;
   std::optional<float> sVIF;  // none where a term has no variance inflation
-  float sLower = 0;           // 95 per cent confidence limits, formed in single precision
-  float sUpper = 0;
+  float sLower = none;        // 95 per cent confidence limits, formed in single precision
+  float sUpper = none;
 };
 
 // The terms in the order of the fit. While the record is between two fits, those it has room for.
