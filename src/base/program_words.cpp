@@ -4,7 +4,9 @@
 
 namespace tolmer {
 
-std::string programAndVersion() { return "Tolmer " TOLMER_VERSION; }
+const char* programVersion() { return TOLMER_VERSION; }
+
+std::string programAndVersion() { return std::string("Tolmer ") + programVersion(); }
 
 std::optional<std::string> answerAboutProgram(const std::vector<std::string>& words,
                                               std::string_view program, std::string_view usage) {

@@ -8,7 +8,9 @@
 
 namespace tolmer {
 
-// "Tolmer 2.0", with the version that the top CMakeLists.txt has.
+// "2.0.0", as the top CMakeLists.txt has it.
+const char* programVersion();
+// "Tolmer 2.0.0".
 std::string programAndVersion();
 
 // The answer to --help (-h) or --version where one of them is among the words before "--": the

@@ -1,6 +1,7 @@
 // The notes on an analysis.
 #pragma once
 
+#include <optional>
 #include <span>
 #include <string_view>
 #include <vector>
@@ -20,19 +21,18 @@ struct ShownTable {
 };
 
 // The second fit and what it says of the shown numbers: once an analysis, since it takes up to half
-// of the fit's time.
+// of the fit's time. Empty before the first fit.
 struct Examination {
   ModelData data;
   SecondFit fit;                          // Extent::shownNumbers
-  std::vector<Combination> combinations;  // why there is no valid fit, or nearly none
-  Health health;                          // empty after a failed fit
+  std::optional<Health> health;           // none after a failed fit
   std::vector<Unconfirmed> moved;         // confirmed, but others with the data as written
+  std::vector<int> alikeRows;             // of frmEstCoef whose limits read like the coefficient
+  std::vector<Combination> combinations;  // why there is no valid fit, or hardly one
 };
 
-// Looks at those of the tables that hold numbers of the fit; others may be among them.
-Examination examine(const AnalysisState& state, std::span<const ShownTable> tables);
-// With the tables made for it.
-Examination examine(const AnalysisState& state);
+// Looks at the tables with numbers of the fit, those that are not among `tables` made for it.
+Examination examine(const AnalysisState& state, std::span<const ShownTable> tables = {});
 
 // In order of weight; none before the first fit.
 std::vector<Note> notesOf(const AnalysisState& state, const Examination& examination);

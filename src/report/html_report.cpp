@@ -33,6 +33,7 @@ nav a { color: #1f4e8c; }
 .messages { background: #fff3cd; border-left: 4px solid #b58900; padding: .75rem 1rem .1rem; }
 .equation { font-size: 1.1rem; background: #f4f6f8; border-left: 4px solid #3465a4;
   padding: .75rem 1rem; overflow-wrap: anywhere; }
+.notes { margin: 0; padding-left: 1.25rem; }
 .table { overflow-x: auto; margin-bottom: .75rem; }
 table { border-collapse: collapse; font-size: .9rem; font-variant-numeric: tabular-nums; }
 caption { text-align: left; padding: 0 0 .25rem; }
@@ -96,8 +97,12 @@ struct ShownHtml {
   Paper paper;
 
   std::string operator()(const FittedEquation& equation) const {
-    return "<h2>" + markupText(shown.title) + "</h2>\n<p class=\"equation\">" +
-           markupText(equation.text) + "</p>\n";
+    std::string html = "<h2>" + markupText(shown.title) + "</h2>\n<p class=\"equation\">" +
+                       markupText(equation.text) + "</p>\n";
+    if (equation.notes.empty()) return html;
+    html += "<h3>Notes</h3>\n<ul class=\"notes\">\n";
+    for (const std::string& note : equation.notes) html += "<li>" + markupText(note) + "</li>\n";
+    return html + "</ul>\n";
   }
 
   // The sentence that tells the graph stands below it, for everybody.

@@ -8,6 +8,7 @@
 #include <variant>
 #include <vector>
 
+#include "base/program_words.h"
 #include "report/json_writer.h"
 #include "tables/table_parts.h"
 
@@ -284,6 +285,84 @@ struct ShownWriter {
   }
 };
 
+void writeCases(JsonWriter& json, const AnalysisState& state) {
+  const auto& leftOut = state.uOrigin.leftOut;
+  json.beginObject();
+  json.member("read", state.iNumCases + static_cast<int>(leftOut.size()));
+  json.member("used", state.iNumCases);
+  json.key("leftOut");
+  json.beginArray();
+  for (const LeftOutCase& one : leftOut) {
+    json.beginObject();
+    json.member("row", one.row);
+    json.member("label", one.label);
+    json.member("why", one.why);
+    json.endObject();
+  }
+  json.endArray();
+  json.endObject();
+}
+
+void writeNote(JsonWriter& json, const Note& note) {
+  json.beginObject();
+  json.member("kind", nameOf(note.kind));
+  json.member("text", note.text);
+  json.key("cells");
+  json.beginArray();
+  for (const NotedCell& cell : note.cells) {
+    json.beginArray();
+    json.value(cell.display);
+    json.value(cell.row);
+    json.value(cell.column);
+    json.endArray();
+  }
+  json.endArray();
+  json.key("cases");
+  json.beginArray();
+  for (const int number : note.cases) json.value(number);
+  json.endArray();
+  json.endObject();
+}
+
+void writeHealth(JsonWriter& json, const Health& health) {
+  json.beginObject();
+  json.member("condition", health.condition);
+  json.member("checked", health.checked);
+  json.key("unconfirmed");
+  json.beginArray();
+  for (const Unconfirmed& one : health.unconfirmed) {
+    json.beginObject();
+    json.member("display", one.display);
+    json.member("row", one.row);
+    json.member("col", one.column);
+    json.member("shown", one.shown);
+    json.member("better", one.better);
+    json.endObject();
+  }
+  json.endArray();
+  json.endObject();
+}
+
+// What came behind the displays later on.
+void writeFindings(JsonWriter& json, const ReportDocument& document) {
+  json.key("version");
+  json.beginObject();
+  json.member("program", programVersion());
+  json.member("format", 2);
+  json.endObject();
+  json.key("cases");
+  writeCases(json, *document.state);
+  json.key("notes");
+  json.beginArray();
+  for (const Note& note : document.notes) writeNote(json, note);
+  json.endArray();
+  json.key("health");
+  if (document.health)
+    writeHealth(json, *document.health);
+  else
+    json.null();
+}
+
 }  // namespace
 
 std::string jsonReport(const ReportDocument& document) {
@@ -302,6 +381,7 @@ std::string jsonReport(const ReportDocument& document) {
     std::visit(ShownWriter{json}, shown.content);
   }
   json.endObject();
+  writeFindings(json, document);
   json.endObject();
   return std::move(json).text();
 }

@@ -64,7 +64,9 @@ void shorten(TableContent& table, int cases) {
 
 ReportedPart reportedPart(ReportPart part, const AnalysisState& state, const ReportRequest& request,
                           MessagePort& messages) {
-  if (!part) return {part, std::string(captionOf(part)), FittedEquation{fittedEquation(state)}};
+  if (!part)
+    return {part, std::string(captionOf(part)) + fitMark(state),
+            FittedEquation{fittedEquation(state)}};
   ReportedPart reported{part, titleOf(*part, state), {}};
   std::visit([&](auto&& content) { reported.content = std::move(content); },
              contentOf(*part, state, graphSize(request.format), messages));
@@ -81,6 +83,24 @@ void addParts(ReportDocument& document, const ReportRequest& request) {
     document.parts.push_back(reportedPart(part, *document.state, request, messages));
   document.messages.insert(document.messages.end(), messages.boxes().begin(),
                            messages.boxes().end());
+}
+
+// Where there is a place for them, since the second fit takes its time.
+void addNotes(ReportDocument& document, ReportFormat format) {
+  std::vector<ShownTable> tables;
+  FittedEquation* equation = nullptr;
+  for (ReportedPart& shown : document.parts) {
+    if (const auto* table = std::get_if<TableContent>(&shown.content))
+      tables.push_back({shown.part->form, table});
+    else if (auto* found = std::get_if<FittedEquation>(&shown.content))
+      equation = found;
+  }
+  if (!equation && format != ReportFormat::json) return;
+  Examination examination = examine(*document.state, tables);
+  document.notes = notesOf(*document.state, examination);
+  document.health = std::move(examination.health);
+  for (const Note& note : document.notes)
+    if (equation) equation->notes.push_back(onOneLine(note.text));
 }
 
 // Without its folders, which are no reader's business.
@@ -163,7 +183,9 @@ ReportDocument reportDocument(const AnalysisState& state, const ReportRequest& r
   document.messages = around.messages;
   document.paper = request.paper;
   document.isColoured = request.isColoured;
-  if (request.format != ReportFormat::r) addParts(document, request);
+  if (request.format == ReportFormat::r) return document;
+  addParts(document, request);
+  addNotes(document, request.format);
   return document;
 }
 

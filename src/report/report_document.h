@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "notes/notes.h"
 #include "report/report_request.h"
 
 namespace tolmer {
@@ -26,6 +27,7 @@ struct ReportFact {
 
 struct FittedEquation {
   std::string text;
+  std::vector<std::string> notes{};  // sentences, in order of weight
 };
 
 struct ReportedPart {
@@ -41,6 +43,8 @@ struct ReportDocument {
   std::vector<ReportFact> facts;     // author, data, cases, model, program, date
   std::vector<AnsweredBox> messages;
   std::vector<ReportedPart> parts;
+  std::vector<Note> notes;       // with the equation, and in JSON
+  std::optional<Health> health;  // likewise; none after a failed fit
   Paper paper = Paper::a4;
   bool isColoured = false;
   const AnalysisState* state;  // outlives the document

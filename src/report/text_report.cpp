@@ -92,7 +92,11 @@ struct ShownText {
   bool coloured;
 
   std::string operator()(const FittedEquation& equation) const {
-    return wrapped(equation.text, lineWidth, indent) + "\n";
+    std::string text = wrapped(equation.text, lineWidth, indent) + "\n";
+    if (!equation.notes.empty()) text += "\n";
+    for (const std::string& note : equation.notes)
+      text += wrapped("- " + note, lineWidth, indent) + "\n";
+    return text;
   }
 
   std::string operator()(const TableContent& table) const {

@@ -5,7 +5,8 @@ namespace {
 
 Figure exactly(double value) { return {value, 0}; }
 
-std::optional<Figure> coefficientFigure(const SecondFit& fit, int row, int column) {
+std::optional<Figure> coefficientFigure(const FigureSource& source, int row, int column) {
+  const SecondFit& fit = source.fit;
   if (row < 2 || row > fit.terms + 1) return {};
   const auto place = static_cast<std::size_t>(row) - 2;
   const TermFigures& term = fit.byTerm[place];
@@ -35,7 +36,8 @@ std::optional<Figure> meanSquare(const Figure& sum, int df) {
   return Figure{sum.value / df, sum.error / df};
 }
 
-std::optional<Figure> anovaFigure(const SecondFit& fit, int row, int column) {
+std::optional<Figure> anovaFigure(const FigureSource& source, int row, int column) {
+  const SecondFit& fit = source.fit;
   const ModelFigures& model = fit.model;
   const int intercept = fit.intercept ? 1 : 0;
   const int regressionDf = fit.terms - intercept;
@@ -83,7 +85,8 @@ std::optional<Figure> residualFigure(const FigureSource& source, int row, int co
   if (row < 2 || row > source.fit.cases + 1) return {};
   const auto place = static_cast<std::size_t>(row) - 2;
   const CaseFigures& one = source.fit.byCase[place];
-  switch (source.labelled ? column - 1 : column) {
+  constexpr int label = 1;  // in place of a number
+  switch (!source.labelled ? column : column == 2 ? label : column - 1) {
     case 2:
       return exactly(source.data.y[place]);
     case 3:
@@ -99,15 +102,10 @@ std::optional<Figure> residualFigure(const FigureSource& source, int row, int co
 
 }  // namespace
 
-std::optional<Figure> shownFigure(const FigureSource& source, std::string_view display, int row,
-                                  int column) {
-  if (display == "frmEstCoef") return coefficientFigure(source.fit, row, column);
-  if (display == "frmANOVA") return anovaFigure(source.fit, row, column);
-  if (display == "frmResidList") {
-    const bool label = source.labelled && column == 2;
-    return label ? std::nullopt : residualFigure(source, row, column);
-  }
-  return {};
+FigureOfCell shownFigures(std::string_view display) {
+  if (display == "frmEstCoef") return coefficientFigure;
+  if (display == "frmANOVA") return anovaFigure;
+  return display == "frmResidList" ? residualFigure : nullptr;
 }
 
 }  // namespace tolmer

@@ -15,10 +15,12 @@ struct FigureSource {
   bool labelled = false;  // the residual list has a column of labels
 };
 
-// The number that belongs into the cell of frmEstCoef, frmANOVA or frmResidList, rows and columns
-// from 1 with the heads in row 1. Nothing for texts, for case numbers and where no number is
-// computed: the VIF of an only predictor, the F of an intercept alone.
-std::optional<Figure> shownFigure(const FigureSource& source, std::string_view display, int row,
-                                  int column);
+// The number that belongs into a cell, rows and columns from 1 with the heads in row 1. Nothing for
+// texts, for case numbers and where no number is computed: the VIF of an only predictor, the F of
+// an intercept alone.
+using FigureOfCell = std::optional<Figure> (*)(const FigureSource&, int row, int column);
+
+// That of frmEstCoef, frmANOVA or frmResidList; null for any other display.
+FigureOfCell shownFigures(std::string_view display);
 
 }  // namespace tolmer

@@ -59,7 +59,7 @@ TEST(Health, FindsTheFigureOfEachCell) {
   const SecondFit fit = fitSecond(data);
   const auto confirms = [&](const char* display, int row, int column, const char* text,
                             bool labelled = false) {
-    const auto figure = shownFigure({data, fit, labelled}, display, row, column);
+    const auto figure = shownFigures(display)({data, fit, labelled}, row, column);
     return figure && doubtOf(text, *figure) == Doubt::none;
   };
   EXPECT_TRUE(confirms("frmEstCoef", 2, 2, "62.41"));
@@ -72,7 +72,7 @@ TEST(Health, FindsTheFigureOfEachCell) {
   EXPECT_TRUE(confirms("frmResidList", 2, 3, "78.50", true));
   EXPECT_TRUE(confirms("frmResidList", 2, 3, "78.50", false));  // fitted 78.495
   EXPECT_FALSE(confirms("frmResidList", 2, 2, "1", true));
-  EXPECT_FALSE(shownFigure({data, fit}, "frmEstCoef", 2, 6));
+  EXPECT_FALSE(shownFigures("frmEstCoef")({data, fit}, 2, 6));
 }
 
 // Exact values: to 18 digits by the same areas in 50-digit arithmetic.

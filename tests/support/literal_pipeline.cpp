@@ -208,7 +208,8 @@ void computeVIFs(AnalysisState& s, MessagePort& messages) {
     for (int j = 2; j <= K + 1; ++j)
       if (s.iModelCol[j] != s.iModelCol[i]) s.iTermCol[term++] = s.iModelCol[j];
     multipleRegression(s, K, true, messages);
-    s.sVIF[i - 1] = s.Fit.sRSquared < 1 ? 1.0F / (1.0F - s.Fit.sRSquared) : 999.999F;
+    s.sVIF[i - 1] =
+        !s.Fit.bSingular && s.Fit.sRSquared < 1 ? 1.0F / (1.0F - s.Fit.sRSquared) : 999.999F;
   }
 }
 
