@@ -27,8 +27,12 @@ std::optional<Error> readHeadings(FieldReader& reader, WorkingCopy& copy) {
 std::optional<Error> readRecord(FieldReader& reader, WorkingCopy& copy, int iCase) {
   if (copy.mbLabeledData)
     if (auto error = take(reader.readText(), copy.otCaseLabel(iCase))) return error;
-  for (int j = 1; j <= copy.miNumCols; ++j)
-    if (auto error = take(reader.readSingle(), copy.osData(iCase, j))) return error;
+  for (int j = 1; j <= copy.miNumCols; ++j) {
+    TextNumber number;
+    if (auto error = take(reader.readNumber(), number)) return error;
+    copy.osData(iCase, j) = number.held;
+    copy.origin.written(iCase, j) = number.written;
+  }
   return std::nullopt;
 }
 
@@ -62,6 +66,7 @@ void dropData(WorkingCopy& copy) {
 
 std::optional<Error> readDataFields(FieldReader& reader, WorkingCopy& copy) {
   if (auto error = readHeadings(reader, copy)) return error;
+  copy.origin.written.resize(copy.miNumCases, copy.miNumCols);
   for (int i = 1; i <= copy.miNumCases; ++i)
     if (auto error = readRecord(reader, copy, i)) return error;
   return std::nullopt;

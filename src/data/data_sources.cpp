@@ -52,6 +52,7 @@ bool copyVariable(WorkingCopy& copy, const StudentData& data, int iVar, int col)
   for (int i = 1; i <= copy.miNumCases; ++i) {
     const float value = static_cast<float>(data.mdValue(i, iVar));
     copy.osData(i, col) = value;
+    copy.origin.written(i, col) = data.mdValue(i, iVar);
     hasValues = hasValues || value != 0.0F;
   }
   return hasValues;
@@ -112,6 +113,8 @@ void LoadFromDataEditor(WorkingCopy& copy, const StudentData& data) {
   copy.miNumCols = EditorData::numberVariables;
   clearModel(copy);
   DimensionModelDesignerArrays(copy);
+  copy.origin.leftOut = data.leftOut;
+  copy.origin.written.resize(copy.miNumCases, copy.miNumCols);
   setInterceptColumn(copy);
   for (int i = 1; i <= copy.miNumCases; ++i)
     copy.otCaseLabel(i) =

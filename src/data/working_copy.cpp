@@ -12,6 +12,7 @@ void copyDataToGlobal(const WorkingCopy& copy, AnalysisState& state) {
     state.tCaseLabel[static_cast<std::size_t>(i)] = copy.otCaseLabel(i);
   }
   if (copy.mbInfoAvailable) state.tVarDesc = copy.otVarInfo.values();
+  state.uOrigin = copy.origin;
 }
 
 void copyModelToGlobal(const WorkingCopy& copy, AnalysisState& state) {
@@ -47,6 +48,7 @@ void DimensionModelDesignerArrays(WorkingCopy& copy) {
   copy.oiVarCol.redim(copy.miNumCols + 1);
   copy.obIsIndepVar.redim(copy.miNumCols);
   copy.oiIndepVarCol.redim(copy.miNumCols);
+  copy.origin = {};
 }
 
 void setInterceptColumn(WorkingCopy& copy) {
@@ -92,6 +94,7 @@ void CopyGlobalVarsToModule(WorkingCopy& copy, const AnalysisState& state) {
   copy.otColName.setValues(state.tVarName);
   copy.otCaseLabel.setValues(state.tCaseLabel);
   copy.osData = state.sData;
+  copy.origin = state.uOrigin;
   if (copy.mbInfoAvailable) copy.otVarInfo.setValues(state.tVarDesc);
   takeModel(copy, state);
 }

@@ -19,15 +19,19 @@ bool takeCase(const DataSheet& sheet, int r, CompleteCases& cases) {
   const std::string& label = sheet.cell(r, 0).text;
   data.mtLabel[static_cast<std::size_t>(slot)] = label;
   if (!label.empty()) data.mbDataLabelsEntered = true;
-  bool complete = true;
+  std::string gaps;
   for (int c = 1; c <= cases.usedVariables; ++c) {
     const auto value = sheet.value(r, c);
+    const bool isEmpty = sheet.cell(r, c).kind == DataCell::Kind::empty;
     if (value) data.mdValue(slot, c) = *value;
-    if (sheet.cell(r, c).kind != DataCell::Kind::empty)
-      cases.bVarHasData[static_cast<std::size_t>(c)] = true;
-    if (!value && cases.bVarHasData[static_cast<std::size_t>(c)]) complete = false;
+    if (!isEmpty) cases.bVarHasData[static_cast<std::size_t>(c)] = true;
+    if (!value && cases.bVarHasData[static_cast<std::size_t>(c)])
+      gaps += (gaps.empty() ? "" : ", ") +
+              std::string(isEmpty ? "a gap in " : "a formula without a value in ") +
+              sheet.heading(c);
   }
-  return complete;
+  if (!gaps.empty()) data.leftOut.push_back({r, label, gaps});
+  return gaps.empty();
 }
 
 std::string missingText(int incomplete) {

@@ -62,9 +62,8 @@ std::from_chars_result convert(std::string_view text, Number& number) {
 
 // The number of up to fifteen digits with an optional minus sign and point, as most texts are. Both
 // the digits and the power of ten are exact as doubles, so the quotient is the text's number
-// rounded once, and rounds on to the same single unless it lies halfway between two. Nothing then,
-// and nothing for any other text.
-std::optional<float> plainDecimal(std::string_view text) {
+// rounded once. Nothing for any other text.
+std::optional<double> plainDecimal(std::string_view text) {
   constexpr std::array<double, 16> tenfold = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                               1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
   const bool negative = text.starts_with('-');
@@ -86,10 +85,14 @@ std::optional<float> plainDecimal(std::string_view text) {
   const std::size_t count = text.size() - (point ? 1 : 0);
   if (count == 0 || count == tenfold.size()) return std::nullopt;
   const double number = static_cast<double>(digits) / tenfold[places];
+  return negative ? -number : number;
+}
+
+// Whether a double that is a text's number rounded once may not be rounded on to single: it lies
+// halfway between two, and the text's number beside it.
+bool isHalfway(double number) {
   constexpr std::uint64_t belowSingle = (std::uint64_t{1} << 29) - 1;  // bits that a single lacks
-  if ((std::bit_cast<std::uint64_t>(number) & belowSingle) == (belowSingle + 1) / 2)
-    return std::nullopt;
-  return static_cast<float>(negative ? -number : number);
+  return (std::bit_cast<std::uint64_t>(number) & belowSingle) == (belowSingle + 1) / 2;
 }
 
 }  // namespace
@@ -185,23 +188,29 @@ Result<std::int16_t> FieldReader::readInteger() {
   return *number;
 }
 
-Result<float> FieldReader::readSingle() {
+Result<TextNumber> FieldReader::readNumber() {
   constexpr std::string_view expected = "a number";
   const auto digits = numberAhead(expected);
   if (!digits) return digits.error();
-  const auto number = digits->empty() ? 0.0f : singleOf(*digits);
+  const auto number = digits->empty() ? TextNumber() : numberOf(*digits);
   if (!number) return errorFound(expected, *digits);
   finishField(at_ + digits->size());
   return *number;
 }
 
+Result<float> FieldReader::readSingle() {
+  const auto number = readNumber();
+  if (!number) return number.error();
+  return number->held;
+}
+
 // With a decimal comma a point divides nothing that could be read.
-std::optional<float> FieldReader::singleOf(std::string_view digits) const {
-  if (marks_.decimal == '.') return singleFromText(digits);
+std::optional<TextNumber> FieldReader::numberOf(std::string_view digits) const {
+  if (marks_.decimal == '.') return numberFromText(digits);
   std::string plain(digits);
   if (plain.find('.') != plain.npos) return std::nullopt;
   std::replace(plain.begin(), plain.end(), marks_.decimal, '.');
-  return singleFromText(plain);
+  return numberFromText(plain);
 }
 
 bool FieldReader::nextIsEmpty() {
@@ -244,19 +253,25 @@ std::optional<std::int16_t> integerFromText(std::string_view text) {
   return number;
 }
 
-std::optional<float> singleFromText(std::string_view text) {
-  if (const auto plain = plainDecimal(text)) return plain;
+std::optional<TextNumber> numberFromText(std::string_view text) {
+  if (const auto plain = plainDecimal(text); plain && !isHalfway(*plain))
+    return TextNumber{*plain, static_cast<float>(*plain)};
   const auto digits = withoutPlus(text);
   if (!digits || !hasOnlyNumberCharacters(*digits)) return std::nullopt;
-  float number = 0;
-  const auto [end, failed] = convert(*digits, number);
+  TextNumber number;
+  const auto [end, failed] = convert(*digits, number.held);
   if (failed == std::errc::invalid_argument || end != digits->data() + digits->size())
     return std::nullopt;
-  if (failed == std::errc()) return std::isfinite(number) ? std::optional(number) : std::nullopt;
-  double wide = 0;
-  const bool wideHolds = convert(*digits, wide).ec == std::errc();
-  const bool tooSmall = wideHolds ? std::fabs(wide) < 1 : isTooSmall(*digits);
-  return tooSmall ? std::optional(0.0f) : std::nullopt;
+  const bool wideHolds = convert(*digits, number.written).ec == std::errc();
+  if (failed == std::errc())
+    return std::isfinite(number.held) ? std::optional(number) : std::nullopt;
+  const bool tooSmall = wideHolds ? std::fabs(number.written) < 1 : isTooSmall(*digits);
+  return tooSmall ? std::optional(TextNumber{wideHolds ? number.written : 0, 0}) : std::nullopt;
+}
+
+std::optional<float> singleFromText(std::string_view text) {
+  const auto number = numberFromText(text);
+  return number ? std::optional(number->held) : std::nullopt;
 }
 
 }  // namespace tolmer

@@ -18,6 +18,12 @@
 
 namespace tolmer {
 
+// A number as it stands in a text.
+struct TextNumber {
+  double written = 0;  // rounded once to double
+  float held = 0;      // rounded once to single; a value below the smallest one is 0
+};
+
 // Where a field begins; both numbers count from 1.
 struct FieldPlace {
   int line = 1;
@@ -44,8 +50,8 @@ class FieldReader {
   // file, line and field. At the end of the file there is no next field.
   Result<std::string> readText();
   Result<std::int16_t> readInteger();  // a whole number within 16 signed bits
-  Result<float> readSingle();          // rounded once to single; too small becomes 0, too large
-                                       // is an error
+  Result<TextNumber> readNumber();     // one too large for a single is an error
+  Result<float> readSingle();          // what is held of it
   Result<bool> readBoolean();
 
   // The rest of the present line as it stands, without its line end.
@@ -76,7 +82,7 @@ class FieldReader {
   std::size_t bareEnd() const;
   Result<std::string> readQuoted();
   Result<std::string_view> numberAhead(std::string_view expected);
-  std::optional<float> singleOf(std::string_view digits) const;
+  std::optional<TextNumber> numberOf(std::string_view digits) const;
 
   std::string fileName_;
   std::string text_;
@@ -91,9 +97,10 @@ class FieldReader {
 // A whole number with an optional sign, within 16 signed bits; nullopt for anything else.
 std::optional<std::int16_t> integerFromText(std::string_view text);
 
-// Digits with an optional sign, point and exponent ("-1.5e3", "+.5"), rounded once to single. A
-// value below the smallest single is 0; a value above the largest one, "inf", "nan" and anything
-// else is nullopt.
+// Digits with an optional sign, point and exponent ("-1.5e3", "+.5"). A value above the largest
+// single, "inf", "nan" and anything else is nullopt.
+std::optional<TextNumber> numberFromText(std::string_view text);
+// What is held of it.
 std::optional<float> singleFromText(std::string_view text);
 
 }  // namespace tolmer

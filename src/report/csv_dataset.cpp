@@ -41,11 +41,11 @@ class Builder {
 
   // Adds the column to the variables, or leaves it out.
   Fault readColumn(int column) {
-    std::vector<float> values;
+    std::vector<TextNumber> values;
     values.reserve(static_cast<std::size_t>(table_.rows()));
     int firstText = -1;
     for (int row = 0; row < table_.rows(); ++row) {
-      if (const auto value = singleFromText(table_.cell(row, column)))
+      if (const auto value = numberFromText(table_.cell(row, column)))
         values.push_back(*value);
       else if (firstText < 0)
         firstText = row;
@@ -76,12 +76,16 @@ class Builder {
 
   void fillData(WorkingCopy& copy) const {
     DimensionModelDesignerArrays(copy);
+    copy.origin.written.resize(copy.miNumCases, copy.miNumCols);
     setInterceptColumn(copy);
     for (int j = 1; j <= copy.miNumCols; ++j) {
       const auto at = static_cast<std::size_t>(j) - 1;
       copy.otColName(j) = names_[at];
-      for (int i = 1; i <= copy.miNumCases; ++i)
-        copy.osData(i, j) = numbers_[at][static_cast<std::size_t>(i) - 1];
+      for (int i = 1; i <= copy.miNumCases; ++i) {
+        const TextNumber& number = numbers_[at][static_cast<std::size_t>(i) - 1];
+        copy.osData(i, j) = number.held;
+        copy.origin.written(i, j) = number.written;
+      }
     }
     if (copy.mbLabeledData)
       for (int i = 1; i <= copy.miNumCases; ++i)
@@ -91,7 +95,7 @@ class Builder {
   const CsvTable& table_;
   const ReportOptions& options_;
   int labelColumn_ = -1;
-  std::vector<std::vector<float>> numbers_;
+  std::vector<std::vector<TextNumber>> numbers_;
   std::vector<std::string> names_;
 };
 
