@@ -1,6 +1,5 @@
 #include "secondfit/orthogonal_fit.h"
 
-#include <Eigen/Eigenvalues>
 #include <Eigen/Householder>
 #include <algorithm>
 #include <cmath>
@@ -8,6 +7,7 @@
 #include <optional>
 #include <span>
 #include <type_traits>
+#include <utility>
 
 #include "secondfit/double_double.h"
 
@@ -108,17 +108,18 @@ Reflections<Real> reduceColumns(Block block, Index first) {
                                    workspace.data());
     column(0) = length;
   }
-  const MatrixOf<Real> products = product(result.v.transpose(), result.v);
-  for (Index j = 1; j < width; ++j)
-    result.t.col(j).head(j) =
-        result.t.topLeftCorner(j, j).lazyProduct(products.col(j).head(j)) * -result.t(j, j);
+  for (Index j = 1; j < width; ++j) {
+    const VectorOf<Real> overlap = product(result.v.bottomRows(rows - j).leftCols(j).transpose(),
+                                           result.v.col(j).tail(rows - j));
+    result.t.col(j).head(j) = result.t.topLeftCorner(j, j).lazyProduct(overlap) * -result.t(j, j);
+  }
   return result;
 }
 
 // Brings the first `columns` columns of a to upper triangular form and takes the others along.
 template <class Real>
 std::vector<Reflections<Real>> triangularise(MatrixOf<Real>& a, Index columns) {
-  constexpr Index together = 16;
+  constexpr Index together = 8;
   std::vector<Reflections<Real>> steps;
   for (Index first = 0; first < columns; first += together) {
     const Index width = std::min(together, columns - first);
@@ -189,14 +190,31 @@ double greatestEigenvalue(const VectorOf<double>& diagonal, const VectorOf<doubl
   return high;
 }
 
-// The largest singular value; its square is an eigenvalue that loses nothing by the squaring.
+// The largest singular value: its square is an eigenvalue that loses nothing by the squaring, and
+// the Lanczos process (Golub and Van Loan, section 10.1) finds the greatest one in few steps.
 template <class Real>
 double largestSingularValue(const MatrixOf<Real>& matrix) {
   const MatrixOf<double> rounded = matrix.unaryExpr([](const Real& v) { return toDouble(v); });
-  const MatrixOf<double> square = product(rounded.transpose(), rounded);
-  if (square.cols() == 1) return std::sqrt(square(0, 0));
-  const Eigen::Tridiagonalization<MatrixOf<double>> form(square);
-  return std::sqrt(greatestEigenvalue(form.diagonal(), form.subDiagonal()));
+  const Index most = 3 * rounded.cols() + 20;
+  VectorOf<double> diagonal(most), beside(most);
+  VectorOf<double> before = VectorOf<double>::Zero(rounded.cols());
+  VectorOf<double> now = VectorOf<double>::LinSpaced(rounded.cols(), 1, 2).normalized();
+  double found = 0;
+  for (Index step = 0; step < most; ++step) {
+    VectorOf<double> next = rounded.transpose() * (rounded * now).eval();
+    diagonal(step) = now.dot(next);
+    next -= diagonal(step) * now;
+    if (step > 0) next -= beside(step - 1) * before;
+    beside(step) = next.norm();
+    const bool isLast = step + 1 == most || !(beside(step) > 1e-15 * diagonal(0));
+    if (isLast || (step >= 7 && step % 4 == 3)) {
+      const double value = greatestEigenvalue(diagonal.head(step + 1), beside.head(step));
+      if (isLast || !(value > found * (1 + 1e-12))) return std::sqrt(value);
+      found = value;
+    }
+    before = std::exchange(now, next / beside(step));
+  }
+  return std::sqrt(found);
 }
 
 // Term `column`, or the dependent variable behind the last.
@@ -222,9 +240,8 @@ Real sumOfSquaresAboutMean(const VectorOf<Real>& values, const Real& mean) {
 // A number of single precision near the mean. Singles less it are doubles without rounding, unless
 // they are vastly smaller.
 double nearMean(std::span<const double> values) {
-  double sum = 0;
-  for (const double value : values) sum += value;
-  return static_cast<float>(sum / static_cast<double>(values.size()));
+  const auto count = static_cast<Index>(values.size());
+  return static_cast<float>(Eigen::Map<const VectorOf<double>>(values.data(), count).mean());
 }
 
 // The problem in one precision. Where there is an intercept, predictors and Y are taken from near
@@ -235,6 +252,10 @@ class Solver {
  public:
   explicit Solver(const ModelData& data);
   OrthogonalFit fit(bool withLeverages);
+  // Otherwise there is no fit.
+  bool isFinite() const {
+    return std::isfinite(toDouble(length_.sum() + reduced_.col(k_ + 1).norm()));
+  }
   // The terms and then the dependent variable, as in the data, in the coordinates of the triangular
   // form, which keeps all lengths and angles.
   MatrixOf<Real> representatives() const;
@@ -287,6 +308,7 @@ Solver<Real>::Solver(const ModelData& data)
   }
   reduced_.col(k_).setOnes();
   reduced_.col(k_ + 1) = shifted<Real>(data.y, shift_(k_));
+  if (!isFinite()) return;
   steps_ = triangularise<Real>(reduced_, k_);
   pivoted_ = MatrixOf<Real>::Zero(k_, k_ + 2 + (findsRank ? k_ : 0));
   pivoted_.leftCols(k_) = reduced_.topLeftCorner(k_, k_).template triangularView<Eigen::Upper>();
@@ -572,7 +594,9 @@ std::optional<Combination> CombinationFinder::combinationOf(Index target) const 
 
 OrthogonalFit fitOrthogonally(const ModelData& data, bool withLeverages) {
   Eigen::setCpuCacheSizes(32768, 262144, 2097152);  // the same order of sums on every machine
-  OrthogonalFit fit = Solver<double>(data).fit(withLeverages);
+  Solver<double> solver(data);
+  if (!solver.isFinite()) return {};
+  OrthogonalFit fit = solver.fit(withLeverages);
   if (enoughDigits(fit, data.terms)) return fit;
   return Solver<DoubleDouble>(data).fit(withLeverages);
 }

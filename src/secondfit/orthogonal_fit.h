@@ -39,7 +39,8 @@ struct OrthogonalFit {
   double lengthY = 0;        // root of the sum of squares of Y
 };
 
-// In double precision; where the bounds leave too few digits, again with twice the digits.
+// In double precision; where the bounds leave too few digits, again with twice the digits. Nothing
+// at all (no fitted values) of data that are not finite.
 OrthogonalFit fitOrthogonally(const ModelData& data, bool withLeverages);
 
 // The columns of the data that are combinations of earlier ones, and the dependent variable where

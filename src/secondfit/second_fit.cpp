@@ -57,11 +57,7 @@ Figure tailOfF(int df1, int df2, const Figure& f) {
   return figure(value, std::max(most - value, value - least) + 1e-13 * value);
 }
 
-bool usable(const ModelData& data) {
-  const auto finite = [](double value) { return std::isfinite(value); };
-  return data.terms > 0 && data.cases > data.terms && std::ranges::all_of(data.x, finite) &&
-         std::ranges::all_of(data.y, finite);
-}
+bool usable(const ModelData& data) { return data.terms > 0 && data.cases > data.terms; }
 
 // What the sums of squares tell, in the order in which the displays show it.
 ModelFigures modelFigures(const ModelData& data, const OrthogonalFit& fit) {
@@ -194,6 +190,7 @@ SecondFit fitSecond(const ModelData& data, Extent extent) {
   second.byCase.resize(static_cast<std::size_t>(data.cases));
   if (!usable(data)) return second;
   const OrthogonalFit fit = fitOrthogonally(data, extent == Extent::all);
+  if (fit.fitted.empty()) return second;
   second.rank = fit.rank;
   second.condition = fit.condition;
   second.extended = fit.extended;
@@ -232,7 +229,7 @@ Prediction predictSecond(const SecondFit& fit, std::span<const double> terms) {
 std::vector<Combination> combinations(const ModelData& data, const SecondFit& fit) {
   const bool suspicious = fit.condition > 1e5 || fit.rank < fit.terms ||
                           fit.model.sse.value <= 1e-10 * fit.model.sst.value;
-  if (!usable(data) || !suspicious) return {};
+  if (!usable(data) || std::isnan(fit.model.sse.value) || !suspicious) return {};
   return findCombinations(data);
 }
 
