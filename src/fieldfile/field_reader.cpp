@@ -206,11 +206,11 @@ Result<float> FieldReader::readSingle() {
 
 // With a decimal comma a point divides nothing that could be read.
 std::optional<TextNumber> FieldReader::numberOf(std::string_view digits) const {
-  if (marks_.decimal == '.') return numberFromText(digits);
+  if (marks_.decimal == '.') return textNumberOf(digits);
   std::string plain(digits);
   if (plain.find('.') != plain.npos) return std::nullopt;
   std::replace(plain.begin(), plain.end(), marks_.decimal, '.');
-  return numberFromText(plain);
+  return textNumberOf(plain);
 }
 
 bool FieldReader::nextIsEmpty() {
@@ -253,7 +253,7 @@ std::optional<std::int16_t> integerFromText(std::string_view text) {
   return number;
 }
 
-std::optional<TextNumber> numberFromText(std::string_view text) {
+std::optional<TextNumber> textNumberOf(std::string_view text) {
   if (const auto plain = plainDecimal(text); plain && !isHalfway(*plain))
     return TextNumber{*plain, static_cast<float>(*plain)};
   const auto digits = withoutPlus(text);
@@ -270,7 +270,7 @@ std::optional<TextNumber> numberFromText(std::string_view text) {
 }
 
 std::optional<float> singleFromText(std::string_view text) {
-  const auto number = numberFromText(text);
+  const auto number = textNumberOf(text);
   return number ? std::optional(number->held) : std::nullopt;
 }
 

@@ -99,7 +99,7 @@ std::optional<std::int16_t> integerFromText(std::string_view text);
 
 // Digits with an optional sign, point and exponent ("-1.5e3", "+.5"). A value above the largest
 // single, "inf", "nan" and anything else is nullopt.
-std::optional<TextNumber> numberFromText(std::string_view text);
+std::optional<TextNumber> textNumberOf(std::string_view text);
 // What is held of it.
 std::optional<float> singleFromText(std::string_view text);
 

@@ -45,7 +45,7 @@ class Builder {
     values.reserve(static_cast<std::size_t>(table_.rows()));
     int firstText = -1;
     for (int row = 0; row < table_.rows(); ++row) {
-      if (const auto value = numberFromText(table_.cell(row, column)))
+      if (const auto value = textNumberOf(table_.cell(row, column)))
         values.push_back(*value);
       else if (firstText < 0)
         firstText = row;
