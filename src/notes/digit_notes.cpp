@@ -6,7 +6,6 @@
 #include "engine/picture_text.h"
 #include "graphs/axis_labels.h"
 #include "notes/note_makers.h"
-#include "state/model_variables.h"
 
 namespace tolmer {
 namespace {

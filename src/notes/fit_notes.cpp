@@ -3,7 +3,6 @@
 
 #include "engine/picture_text.h"
 #include "notes/note_makers.h"
-#include "state/model_variables.h"
 
 namespace tolmer {
 namespace {

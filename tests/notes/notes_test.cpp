@@ -96,7 +96,7 @@ TEST(Notes, TellWhatTheDisplaysCannot) {
   EXPECT_THAT(cement.text(NoteKind::noIntercept), HasSubstr("about the mean of Y"));
   EXPECT_THAT(cement.text(NoteKind::fewCases),
               HasSubstr("13 cases for 4 predictors leave 9 degrees of freedom"));
-  EXPECT_THAT(cement.text(NoteKind::allConfirmed), HasSubstr("All 10"));
+  EXPECT_THAT(cement.text(NoteKind::allConfirmed), HasSubstr("All 92 numbers"));
   const Noted one = noted(modelOf({{1, 3}, {2, 5}, {4, 4}, {5, 9}, {7, 8}, {9, 4}}, false));
   EXPECT_THAT(one.text(NoteKind::onePredictor), HasSubstr("The 0.0 stands for none"));
   EXPECT_THAT(one.find(NoteKind::onePredictor)->cells, ElementsAre(NotedCell{"frmEstCoef", 2, 6}));
