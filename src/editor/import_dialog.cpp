@@ -10,7 +10,7 @@
 namespace tolmer {
 namespace {
 
-constexpr int kindsOfDoubt = static_cast<int>(ImportDoubt::words) + 1;
+constexpr int kindsOfDoubt = static_cast<int>(ImportDoubt::missingCodes) + 1;
 int indexOf(ImportDoubt doubt) { return static_cast<int>(doubt) + 1; }
 ImportDoubt doubtOf(int index) { return static_cast<ImportDoubt>(index - 1); }
 

@@ -53,8 +53,8 @@ std::string CutTable::text(const CutField& field) const {
   return field.kind == CutKind::date ? dateText(field.number) : shortestDigits(field.number);
 }
 
-std::string CutTable::place(std::size_t row, std::size_t column) const {
-  const std::string number = std::to_string(rowNumbers[row]);
+std::string CutTable::place(int rowNumber, std::size_t column) const {
+  const std::string number = std::to_string(rowNumber);
   if (namesApart) return "case " + number + ", " + columns[column].name;
   return columnLetters(columns[column].number) + number;
 }

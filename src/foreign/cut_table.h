@@ -77,8 +77,8 @@ struct CutTable {
   }
   // As a person would write it: numbers in all their digits, dates as 2024-03-05 or with 14:30:00.
   std::string text(const CutField& field) const;
-  // "J6" in a spreadsheet, "case 6, Weight" in a statistics file.
-  std::string place(std::size_t row, std::size_t column) const;
+  // "J6" in a spreadsheet, "case 6, Weight" in a statistics file; the row by its number there.
+  std::string place(int rowNumber, std::size_t column) const;
 };
 
 struct SheetInfo {
@@ -97,11 +97,11 @@ struct CutBook {
 
 // Which part of a file is wanted. What is left out is counted all the same.
 struct CutRequest {
-  std::string sheet;  // name, or number from 1; empty: the first with cells, hidden ones last
-  int head = 25;      // rows with content at the top that are taken in any case
-  int rows = 525;     // so many at most, those of the head with them
-  int every = 1;      // below the head every so many-th
-  std::vector<int> columns;  // their numbers in the file; empty for all
+  std::string sheet{};  // name, or number from 1; empty: the first with cells, hidden ones last
+  int head = 25;        // rows with content at the top that are taken in any case
+  int rows = 525;       // so many at most, those of the head with them
+  int every = 1;        // below the head every so many-th
+  std::vector<int> columns{};  // their numbers in the file; empty for all
 };
 
 // The bounds of a table that is handed over; what goes beyond stays in the file.

@@ -51,8 +51,6 @@ bool couldBeDecimals(const std::string& text, TextOrigin origin) {
 bool equalsLabel(const std::string& heading) { return heading == "Label" || heading == "label"; }
 
 const std::string stop = "Do not bring the text in";
-const std::string leaveEmpty = "Leave those cells empty";
-
 constexpr int markIsPoint = 0;
 constexpr int markIsComma = 1;
 constexpr int blankGroupsEmpty = 1;
@@ -60,6 +58,8 @@ constexpr int percentDivided = 1;
 constexpr int percentEmpty = 2;
 constexpr int currencyEmpty = 1;
 constexpr int bracketsEmpty = 1;
+constexpr int datesEmpty = 1;
+constexpr int codesKept = 1;
 constexpr int stopped = 1;  // of missing marks, words and short rows
 constexpr int firstRowStopped = 2;
 
@@ -70,7 +70,19 @@ std::string quotation(const std::string& field) {
 
 }  // namespace
 
-std::optional<Error> ImportFindings::findTable(const std::string& text) {
+std::optional<Error> ImportFindings::findTable(const ImportSource& source) {
+  book_ = source.book;
+  if (!book_) return findTextTable(source.text);
+  table_ = textTable(book_->table);
+  noteBook();
+  if (table_.titleLines > 0)
+    notes_.push_back("Rows above the table were left out: " + std::to_string(table_.titleLines) +
+                     ", the first is \"" + table_.firstTitle + "\".");
+  if (table_.rows.empty() || columns() == 0) return Error{"", "There are no data in the file."};
+  return std::nullopt;
+}
+
+std::optional<Error> ImportFindings::findTextTable(const std::string& text) {
   const auto separator = chooseSeparator(text);
   // As long as nobody has said what divides the fields, quotes are letters like others.
   auto table = textTable(text, separator.value_or(noSeparator),
@@ -230,7 +242,8 @@ void ImportFindings::findHeading() {
   const bool pasted = target_.origin == TextOrigin::clipboard;
   const bool cursorOnNames = pasted && target_.row == 0;
   const bool onlyLabels = pasted && columns() == 1 && target_.column == 0;
-  auto heading = namesAreShort_ ? true : headingByLook();
+  const bool named = namesAreShort_ || (book_ && book_->table.namesApart);
+  auto heading = named ? true : headingByLook();
   if (!heading && (cursorOnNames || onlyLabels)) heading = cursorOnNames;
   if (cursorOnNames && table_.rows.size() == 1) heading = true;
   if (!heading) {
@@ -247,7 +260,8 @@ void ImportFindings::findHeading() {
 
 // Units of measurement below the names: as a row without numbers they would become a case.
 void ImportFindings::findUnits() {
-  if (target_.origin != TextOrigin::file || !heading_ || dataRows() < 2) return;
+  const bool namesApart = book_ && book_->table.namesApart;
+  if (target_.origin != TextOrigin::file || !heading_ || dataRows() < 2 || namesApart) return;
   std::string first;
   for (int column = 0; column < columns(); ++column) {
     if (kindOf(column, 2) != ColumnKind::numbers) continue;
@@ -256,8 +270,8 @@ void ImportFindings::findUnits() {
   }
   if (first.empty()) return;
   unitRows_ = 1;
-  notes_.push_back("Line " + std::to_string(table_.lines[1]) +
-                   " has no numbers below the names (\"" + first + "\") and was left out.");
+  notes_.push_back(nameOfRow(1) + " has no numbers below the names (\"" + first +
+                   "\") and was left out.");
 }
 
 // Words in a file's first column are labels; so is what a saved sheet calls "Label".
@@ -285,14 +299,17 @@ void ImportFindings::findLanding() {
 }
 
 std::optional<Error> ImportFindings::findRoom() const {
+  const std::string whole = book_ ? "The file has " : "The text has ";
   const int room = target_.observations - firstRow_ + 1;
-  if (dataRows() > room)
-    return Error{"", "The text has " + std::to_string(dataRows()) +
-                         " rows of data; there is room for " + std::to_string(room) + "."};
+  const int rows =
+      dataRows() + (book_ ? book_->table.rowsInAll - static_cast<int>(book_->table.rows()) : 0);
+  if (rows > room)
+    return Error{"", whole + std::to_string(rows) + " rows of data; there is room for " +
+                         std::to_string(room) + "."};
   const int labels = firstColumn_ == 0 ? 1 : 0;
   const int roomAcross = target_.variables - std::max(firstColumn_, 1) + 1;
   if (columns() - labels > roomAcross)
-    return Error{"", "The text has " + std::to_string(columns() - labels) +
+    return Error{"", whole + std::to_string(columns() - labels) +
                          " columns of data; there is room for " + std::to_string(roomAcross) + "."};
   return std::nullopt;
 }
@@ -312,10 +329,10 @@ std::vector<std::string> ImportFindings::headings() const {
   return heading_ && !leftOut ? table_.rows.front() : std::vector<std::string>();
 }
 
-Result<ImportFindings> ImportFindings::of(const std::string& text, const ImportTarget& target,
+Result<ImportFindings> ImportFindings::of(const ImportSource& source, const ImportTarget& target,
                                           const ImportAnswers& answers) {
   ImportFindings findings(target, answers);
-  if (const auto error = findings.findTable(text)) return *error;
+  if (const auto error = findings.findTable(source)) return *error;
   findings.lookAtFields();
   // How the text is cut decides everything else.
   if (!findings.questions_.empty() && !findings.questions_.front().chosen) return findings;
@@ -327,7 +344,9 @@ Result<ImportFindings> ImportFindings::of(const std::string& text, const ImportT
   findings.findShortRows();
   findings.findDecimalMark();
   findings.findSigns();
+  findings.findCodesAndDates();
   findings.findMissingAndWords();
+  findings.noteKinds();
   findings.findGapsOnTop();
   return findings;
 }
@@ -340,14 +359,9 @@ void ImportFindings::lookAtFields() {
 
 void ImportFindings::lookAtRow(int row) {
   for (int column = 0; column < columns(); ++column)
-    looks_(row, column) = {numberShape(field(row, column)), isMissingMark(field(row, column))};
-}
-
-template <class See>
-void ImportFindings::eachValue(See see) const {
-  for (int row = firstDataRow(); row < static_cast<int>(table_.rows.size()); ++row)
-    for (int column = 0; column < columns(); ++column)
-      if (!landsAsLabel(column) && !field(row, column).empty()) see(row, column, look(row, column));
+    looks_(row, column) =
+        book_ ? lookAtCutField(row, column)
+              : FieldLook{numberShape(field(row, column)), isMissingMark(field(row, column))};
 }
 
 void ImportFindings::findDecimalMark() {
@@ -398,22 +412,23 @@ void ImportFindings::findSigns() {
   if (groups.count)
     ask(ImportDoubt::blankGroups,
         "There are blanks or apostrophes within numbers, first " + seenAt(groups) + ".",
-        {"Take them out", leaveEmpty}, std::nullopt);
+        {"Take them out", leaveCellsEmpty}, std::nullopt);
   if (percents.count)
     ask(ImportDoubt::percent, "There are percent signs, first " + seenAt(percents) + ".",
-        {"12% is 12", "12% is 0.12", leaveEmpty}, std::nullopt);
+        {"12% is 12", "12% is 0.12", leaveCellsEmpty}, std::nullopt);
   if (currencies.count)
     ask(ImportDoubt::currency, "There are signs of currency, first " + seenAt(currencies) + ".",
-        {"Take the signs off", leaveEmpty}, std::nullopt);
+        {"Take the signs off", leaveCellsEmpty}, std::nullopt);
   if (brackets.count)
     ask(ImportDoubt::brackets, "There are numbers in brackets, first " + seenAt(brackets) + ".",
-        {"(5) is -5", leaveEmpty}, std::nullopt);
+        {"(5) is -5", leaveCellsEmpty}, std::nullopt);
 }
 
 void ImportFindings::findMissingAndWords() {
   Sighting missing;
   Sighting words;
   eachValue([&](int row, int column, const FieldLook& seenField) {
+    if (seenField.exact) return;
     if (seenField.missing)
       missing.add(row, column);
     else if (!seenField.shape.fits(decimalMark_))
@@ -424,7 +439,7 @@ void ImportFindings::findMissingAndWords() {
         {"Yes, empty cells", stop}, 0);
   if (words.count)
     ask(ImportDoubt::words, "There is text where numbers belong, first " + seenAt(words) + ".",
-        {leaveEmpty, stop}, std::nullopt);
+        {leaveCellsEmpty, stop}, std::nullopt);
 }
 
 // The check on leaving the editor knows a gap only below a column's first value.
@@ -444,8 +459,15 @@ void ImportFindings::findGapsOnTop() {
 }
 
 std::string ImportFindings::place(int row, int column) const {
+  if (book_)
+    return book_->table.place(table_.lines[static_cast<std::size_t>(row)],
+                              static_cast<std::size_t>(column));
   return "line " + std::to_string(table_.lines[static_cast<std::size_t>(row)]) + ", column " +
          std::to_string(column + 1);
+}
+
+std::string ImportFindings::nameOfRow(int row) const {
+  return (book_ ? "Row " : "Line ") + std::to_string(table_.lines[static_cast<std::size_t>(row)]);
 }
 
 std::string ImportFindings::seenAt(const Sighting& sighting) const {
@@ -485,8 +507,16 @@ Result<std::optional<ImportedCell>> ImportFindings::cell(int row, int column) co
   const std::string& text = field(row, column);
   if (landsAsLabel(column)) return std::optional(ImportedCell{.text = text});
   if (text.empty()) return std::optional(ImportedCell{});
-  if (look(row, column).missing)
-    return emptied(ImportDoubt::missing, 0, row, column, "a missing value");
+  const FieldLook& seen = look(row, column);
+  if (seen.missing && seen.exact && answerTo(ImportDoubt::missingCodes) != codesKept)
+    return std::optional(ImportedCell{});
+  if (seen.kind == CutKind::date) {
+    const auto answer = answerTo(ImportDoubt::dates);
+    if (!answer) return std::optional<ImportedCell>();
+    if (*answer == datesEmpty) return std::optional(ImportedCell{});
+  }
+  if (seen.exact) return std::optional(ImportedCell{.number = seen.exact});
+  if (seen.missing) return emptied(ImportDoubt::missing, 0, row, column, "a missing value");
   if (!decimalMark_) return std::optional<ImportedCell>();
   return numberCell(row, column, look(row, column).shape);
 }

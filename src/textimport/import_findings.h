@@ -1,6 +1,7 @@
 // What one look over a foreign table finds; see text_import.h.
 #pragma once
 
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -9,6 +10,8 @@
 #include "textimport/text_import.h"
 
 namespace tolmer {
+
+inline const std::string leaveCellsEmpty = "Leave those cells empty";
 
 // How often something was seen, and where first (row and column of the table).
 struct Sighting {
@@ -27,7 +30,7 @@ struct Sighting {
 // The table in the shape it will land in, all questions raised so far, and how they are answered.
 class ImportFindings {
  public:
-  static Result<ImportFindings> of(const std::string& text, const ImportTarget& target,
+  static Result<ImportFindings> of(const ImportSource& source, const ImportTarget& target,
                                    const ImportAnswers& answers);
 
   // The content of a cell of a data row; nullopt where it depends on an open question, and an error
@@ -54,7 +57,9 @@ class ImportFindings {
   ImportFindings(const ImportTarget& target, const ImportAnswers& answers)
       : target_(target), answers_(answers) {}
 
-  std::optional<Error> findTable(const std::string& text);
+  std::optional<Error> findTable(const ImportSource& source);
+  std::optional<Error> findTextTable(const std::string& text);
+  void noteBook();
   std::optional<char> chooseSeparator(const std::string& text);
   std::optional<char> separatorOfClipboard(const std::string& text);
   std::optional<char> separatorOfFile(const std::string& text);
@@ -75,21 +80,32 @@ class ImportFindings {
   void askDecimalMark(const Sighting& seen, std::optional<int> preset);
   void findSigns();
   void findMissingAndWords();
+  void findCodesAndDates();
+  void noteKinds();
   void findGapsOnTop();
 
   ColumnKind kindOf(int column, int fromRow) const;
   bool landsAsLabel(int column) const { return firstColumn_ + column == 0; }
   struct FieldLook {
-    NumberShape shape;
+    NumberShape shape{};
     bool missing = false;
+    CutKind kind = CutKind::text;   // what a table that came cut says
+    std::optional<double> exact{};  // its number, the day of a date or the code of a missing value
   };
   const FieldLook& look(int row, int column) const { return looks_(row, column); }
   void lookAtFields();
   void lookAtRow(int row);
+  FieldLook lookAtCutField(int row, int column) const;
   // Calls see(row, column, look) for the fields of data rows that are to be numbers.
   template <class See>
-  void eachValue(See see) const;
+  void eachValue(See see) const {
+    for (int row = firstDataRow(); row < static_cast<int>(table_.rows.size()); ++row)
+      for (int column = 0; column < columns(); ++column)
+        if (!landsAsLabel(column) && !field(row, column).empty())
+          see(row, column, look(row, column));
+  }
   std::string place(int row, int column) const;
+  std::string nameOfRow(int row) const;
   std::string seenAt(const Sighting& sighting) const;
   // Raises a question; the answer, or else what is set beforehand.
   std::optional<int> ask(ImportDoubt doubt, std::string text, std::vector<std::string> choices,
@@ -102,6 +118,7 @@ class ImportFindings {
 
   ImportTarget target_;
   ImportAnswers answers_;
+  std::shared_ptr<const CutBook> book_;  // null for text
   TextTable table_;
   Matrix<FieldLook> looks_;     // of all fields of the table
   bool namesAreShort_ = false;  // the first row is names, one less than columns

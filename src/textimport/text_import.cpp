@@ -24,7 +24,7 @@ struct TextImport::Look {
 const TextImport::Look& TextImport::look(const ImportAnswers& answers) const {
   if (!last_ || last_->answers != answers)
     last_ =
-        std::make_shared<const Look>(Look{answers, ImportFindings::of(text_, target_, answers)});
+        std::make_shared<const Look>(Look{answers, ImportFindings::of(source_, target_, answers)});
   return *last_;
 }
 
@@ -36,7 +36,11 @@ bool ImportPreview::isAnswered() const {
 Result<TextImport> TextImport::read(std::string bytes, ImportTarget target) {
   auto text = foreignText(std::move(bytes));
   if (!text) return text.error();
-  return TextImport(std::move(*text), target);
+  return TextImport({std::move(*text)}, target);
+}
+
+TextImport TextImport::of(CutBook book, ImportTarget target) {
+  return {{{}, std::make_shared<const CutBook>(std::move(book))}, target};
 }
 
 Result<ImportPreview> TextImport::preview(const ImportAnswers& answers) const {

@@ -1,4 +1,5 @@
-// Text data from a file or the clipboard, on its way into the sheet.
+// Text data from a file or the clipboard, or a table cut from another program's file, on its way
+// into the sheet.
 //
 // Nothing is guessed silently: what is doubtful becomes a question with the place where it was
 // seen, and what was taken for granted becomes a note. The dialog shows a preview, puts the user's
@@ -14,6 +15,7 @@
 #include <vector>
 
 #include "base/error.h"
+#include "foreign/cut_table.h"
 #include "state/matrix.h"
 #include "textimport/text_table.h"
 
@@ -31,7 +33,9 @@ enum class ImportDoubt {
   currency,
   brackets,  // (5)
   missing,   // NA and the like
-  words      // words among numbers
+  words,     // words among numbers
+  dates,
+  missingCodes  // 9 for "no answer", where the file says so
 };
 
 struct ImportQuestion {
@@ -83,12 +87,20 @@ struct ImportPreview {
   bool isAnswered() const;
 };
 
+// What is to be brought in: text, or a table that came cut.
+struct ImportSource {
+  std::string text{};
+  std::shared_ptr<const CutBook> book{};
+};
+
 class TextImport {
  public:
   static constexpr int shownRows = 8;
 
   // Refuses bytes that are no text. A "\r\n" or "\n" at the very end ends the last row.
   static Result<TextImport> read(std::string bytes, ImportTarget target);
+  // Its fields are exact numbers or texts already; only texts are looked at for numbers.
+  static TextImport of(CutBook book, ImportTarget target);
 
   // Refuses a table larger than its room, with both numbers, and a damaged one, with the line.
   Result<ImportPreview> preview(const ImportAnswers& answers) const;
@@ -98,10 +110,11 @@ class TextImport {
  private:
   struct Look;
 
-  TextImport(std::string text, ImportTarget target) : text_(std::move(text)), target_(target) {}
+  TextImport(ImportSource source, ImportTarget target)
+      : source_(std::move(source)), target_(target) {}
   const Look& look(const ImportAnswers& answers) const;
 
-  std::string text_;
+  ImportSource source_;
   ImportTarget target_;
   // A table is mostly applied with the answers of the last preview.
   mutable std::shared_ptr<const Look> last_;

@@ -55,8 +55,17 @@ std::size_t usedLength(const std::vector<std::string>& row) {
   return used;
 }
 
+// The only field that is not empty, or the first where all are; null where there are more.
+const std::string* onlyField(const std::vector<std::string>& row) {
+  const auto isFilled = [](const std::string& field) { return !field.empty(); };
+  const auto filled = std::find_if(row.begin(), row.end(), isFilled);
+  if (filled == row.end()) return &row.front();
+  return std::any_of(filled + 1, row.end(), isFilled) ? nullptr : &*filled;
+}
+
 bool isTitle(const std::vector<std::string>& row) {
-  return usedLength(row) <= 1 && !numberShape(row.front()).isNumber();
+  const std::string* only = onlyField(row);
+  return only && !numberShape(*only).isNumber();
 }
 
 bool isRowOfNames(const std::vector<std::string>& row) {
@@ -72,7 +81,7 @@ void leaveOutTitles(TextTable& table) {
   const auto above = names - table.rows.begin();
   if (above == 0 || above > most || names == table.rows.end() || !isRowOfNames(*names)) return;
   for (auto row = table.rows.begin(); row != names; ++row)
-    if (!isBlank(*row) && table.titleLines++ == 0) table.firstTitle = row->front();
+    if (!isBlank(*row) && table.titleLines++ == 0) table.firstTitle = *onlyField(*row);
   table.blankLines += static_cast<int>(above) - table.titleLines;
   table.rows.erase(table.rows.begin(), names);
   table.lines.erase(table.lines.begin(), table.lines.begin() + above);
@@ -140,6 +149,23 @@ Result<TextTable> textTable(std::string text, char separator, TextOrigin origin)
     }
     row.resize(width);
   }
+  return table;
+}
+
+TextTable textTable(const CutTable& cut) {
+  TextTable table;
+  if (cut.namesApart) {
+    auto& names = table.rows.emplace_back();
+    for (const CutColumn& column : cut.columns) names.push_back(cellText(column.name));
+    table.lines.push_back(0);
+  }
+  for (std::size_t row = 0; row < cut.rows(); ++row) {
+    auto& fields = table.rows.emplace_back();
+    for (std::size_t column = 0; column < cut.columns.size(); ++column)
+      fields.push_back(cellText(cut.text(cut.field(row, column))));
+    table.lines.push_back(cut.rowNumbers[row]);
+  }
+  if (!cut.namesApart) leaveOutTitles(table);
   return table;
 }
 

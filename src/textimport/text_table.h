@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/error.h"
+#include "foreign/cut_table.h"
 
 namespace tolmer {
 
@@ -38,6 +39,10 @@ struct TextTable {
 Result<std::string> foreignText(std::string bytes);
 
 Result<TextTable> textTable(std::string text, char separator, TextOrigin origin);
+
+// The same of a table that came cut, as its fields would be written; `lines` are the numbers of its
+// rows. The names of a statistics file become its first row, with the number 0.
+TextTable textTable(const CutTable& cut);
 
 // The separators that give the same number of fields, more than one, in every row, out of tab,
 // semicolon, comma and blank, in this order. In a file the first row may have one less: names over

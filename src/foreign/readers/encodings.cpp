@@ -14,10 +14,11 @@ iconv_t converterFrom(const std::string& encoding) {
   static std::map<std::string, iconv_t> opened;
   const auto known = opened.find(encoding);
   if (known != opened.end()) return known->second;
+  constexpr std::size_t most = 64;
+  if (opened.size() >= most) return nullptr;
   iconv_t converter = iconv_open("UTF-8", encoding.c_str());
   if (converter == reinterpret_cast<iconv_t>(-1)) converter = nullptr;
-  constexpr std::size_t most = 64;
-  if (opened.size() < most) opened.emplace(encoding, converter);
+  opened.emplace(encoding, converter);
   return converter;
 }
 

@@ -98,6 +98,8 @@ class Reader {
   }
 
   Result<CutBook> read() {
+    if (file_.bytes.starts_with("<stata_dta>") && !file_.bytes.ends_with("</stata_dta>"))
+      return Error{"", "it is cut off"};
     const std::unique_ptr<readstat_parser_t, decltype(&readstat_parser_free)> parser(
         readstat_parser_init(), &readstat_parser_free);
     if (!parser) throw std::bad_alloc();
@@ -260,10 +262,14 @@ class Reader {
                  .sheets = {{"", false, rows_ > 0}},
                  .remarks = std::move(remarks_),
                  .table = collector_.take()};
-    for (CutColumn& column : book.table.columns)
-      if (const auto set = labelsOf_.find(labelSets_[static_cast<std::size_t>(column.number) - 1]);
-          set != labelsOf_.end())
-        column.valueLabels = set->second;
+    for (CutColumn& column : book.table.columns) {
+      const std::string& set = labelSets_[static_cast<std::size_t>(column.number) - 1];
+      if (const auto labels = labelsOf_.find(set); labels != labelsOf_.end())
+        column.valueLabels = labels->second;
+      else if (!set.empty())
+        book.remarks.push_back("The labels for the values of \"" + column.name +
+                               "\" are missing in the file.");
+    }
     return book;
   }
 

@@ -1,0 +1,75 @@
+// What is found in a table that came cut from another program's file, beside what any text shows.
+#include <algorithm>
+#include <array>
+
+#include "textimport/import_findings.h"
+
+namespace tolmer {
+
+// Which part of the file it is, and what the reader says of it.
+void ImportFindings::noteBook() {
+  const auto withCells = std::count_if(book_->sheets.begin(), book_->sheets.end(),
+                                       [](const SheetInfo& sheet) { return sheet.hasCells; });
+  if (withCells > 1)
+    notes_.push_back("The sheet \"" + book_->sheets[book_->sheet].name + "\" was read, one of " +
+                     std::to_string(withCells) + " with content.");
+  notes_.insert(notes_.end(), book_->remarks.begin(), book_->remarks.end());
+  const CutTable& cut = book_->table;
+  const auto note = [this](int count, const char* what) {
+    if (count > 0) notes_.push_back(what + std::to_string(count) + ".");
+  };
+  note(cut.hiddenRows, "Rows that are hidden in the file were read like all others: ");
+  note(cut.mergedAreas, "Cells that were merged stand in the first of their places: ");
+  note(cut.cutTexts, "Texts were cut to their first 1000 bytes: ");
+}
+
+ImportFindings::FieldLook ImportFindings::lookAtCutField(int row, int column) const {
+  const CutTable& cut = book_->table;
+  // Above the rows of the file stand the names, or titles were left out.
+  const int at = row - (static_cast<int>(table_.rows.size()) - static_cast<int>(cut.rows()));
+  const CutField* seen =
+      at < 0 ? nullptr : &cut.field(static_cast<std::size_t>(at), static_cast<std::size_t>(column));
+  if (!seen || seen->kind == CutKind::text)
+    return {numberShape(field(row, column)), isMissingMark(field(row, column))};
+  FieldLook look{.missing = seen->kind == CutKind::error || seen->kind == CutKind::missing,
+                 .kind = seen->kind};
+  if (seen->isNumber()) look.shape.marks = NumberShape::Marks::plain;
+  if (seen->text == noText && seen->kind != CutKind::empty) look.exact = seen->number;
+  return look;
+}
+
+void ImportFindings::findCodesAndDates() {
+  if (!book_) return;
+  Sighting codes;
+  Sighting dates;
+  eachValue([&](int row, int column, const FieldLook& seenField) {
+    if (seenField.missing && seenField.exact) codes.add(row, column);
+    if (seenField.kind == CutKind::date) dates.add(row, column);
+  });
+  if (codes.count)
+    ask(ImportDoubt::missingCodes,
+        "The file says that these are codes for missing values. First " + seenAt(codes) + ".",
+        {"Leave those cells empty", "Take them as numbers"}, 0);
+  if (dates.count)
+    ask(ImportDoubt::dates, "What is to become of dates? First " + seenAt(dates) + ".",
+        {"The number of the day, as spreadsheets count", leaveCellsEmpty}, std::nullopt);
+}
+
+// What a spreadsheet shows in another way than it stores.
+void ImportFindings::noteKinds() {
+  if (!book_) return;
+  std::array<Sighting, cutKinds> seen;
+  eachValue([&](int row, int column, const FieldLook& seenField) {
+    seen[static_cast<std::size_t>(seenField.kind)].add(row, column);
+  });
+  const auto note = [&](CutKind kind, const std::string& what) {
+    const Sighting& sighting = seen[static_cast<std::size_t>(kind)];
+    if (sighting.count > 0) notes_.push_back(what + seenAt(sighting) + ".");
+  };
+  note(CutKind::percent, "A percentage comes as the number that is stored, 12.5 % as 0.125: ");
+  note(CutKind::currency, "Amounts of money come as numbers: ");
+  note(CutKind::time, "Times come as parts of a day: ");
+  note(CutKind::boolean, "TRUE comes as 1 and FALSE as 0: ");
+}
+
+}  // namespace tolmer
