@@ -12,6 +12,7 @@
 #include "base/file_io.h"
 #include "base/paths.h"
 #include "editor/import_dialog.h"
+#include "foreign/import_process.h"
 #include "platform/file_question.h"
 #include "sheet/sheet_content.h"
 #include "sheetfiles/editor_file.h"
@@ -111,6 +112,7 @@ OpenOutcome DataSetFiles::open() {
   const auto chosen = desktop_.openFileDialog(
       {.title = "Open", .kinds = editorFileKinds(sheet_.variables()), .folder = dataFolder()});
   if (!chosen || wasGivenUp(chosen->path, false)) return {};
+  if (isForeignFile(chosen->path)) return {openForeign(chosen->path)};
   return isTextData(chosen->path) ? OpenOutcome{openText(chosen->path)} : openFile(chosen->path);
 }
 
@@ -153,6 +155,16 @@ bool DataSetFiles::openText(const std::string& name) {
   const auto table =
       tableFromText(desktop_, *bytes, {TextOrigin::file, 1, 1, observations, variables},
                     newContent(observations, variables), name);
+  if (table) sheet_.replaceWith(contentOf(*table, observations, variables), {});
+  return table.has_value();
+}
+
+bool DataSetFiles::openForeign(const std::string& name) {
+  const int observations = sheet_.observations();
+  const int variables = sheet_.variables();
+  const auto table =
+      tableFromForeignFile(desktop_, name, {TextOrigin::file, 1, 1, observations, variables},
+                           newContent(observations, variables));
   if (table) sheet_.replaceWith(contentOf(*table, observations, variables), {});
   return table.has_value();
 }

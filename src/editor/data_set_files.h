@@ -44,6 +44,7 @@ class DataSetFiles {
  private:
   OpenOutcome openFile(const std::string& name);
   bool openText(const std::string& name);
+  bool openForeign(const std::string& name);
   bool SaveFile(const std::string& name);  // empty: the user chooses it
   bool mayOverwrite(const std::string& name);
   void remember(const std::string& name);

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "editor/dialog_parts.h"
+#include "foreign/import_process.h"
 #include "platform/grid/grid_fit.h"
 #include "platform/text_metrics.h"
 
@@ -349,6 +350,24 @@ void frmTextImport::growToContent() {
   Form_Resize();
 }
 
+namespace {
+
+// Asks what is doubtful in it, if anything is.
+std::optional<LandingTable> tableFrom(Desktop& desktop, const TextImport& import,
+                                      const SheetContent& into, const std::string& source) {
+  const auto preview = import.preview({});
+  if (!preview) return refused(desktop, "Text Data", preview.error());
+  if (!preview->isClear() || !preview->notes.empty()) {
+    auto asked = frmTextImport(desktop, import, into, source).ask();
+    return asked ? std::optional(landing(std::move(*asked))) : std::nullopt;
+  }
+  auto table = import.apply({});
+  if (!table) return refused(desktop, "Text Data", table.error());
+  return landing(std::move(*table));
+}
+
+}  // namespace
+
 std::optional<LandingTable> tableFromText(Desktop& desktop, const std::string& text,
                                           const ImportTarget& target, const SheetContent& into,
                                           const std::string& source) {
@@ -356,15 +375,18 @@ std::optional<LandingTable> tableFromText(Desktop& desktop, const std::string& t
   if (!import)
     return refused(desktop, target.origin == TextOrigin::file ? "Bad File" : "Paste",
                    import.error());
-  const auto preview = import->preview({});
-  if (!preview) return refused(desktop, "Text Data", preview.error());
-  if (!preview->isClear() || !preview->notes.empty()) {
-    auto asked = frmTextImport(desktop, *import, into, source).ask();
-    return asked ? std::optional(landing(std::move(*asked))) : std::nullopt;
-  }
-  auto table = import->apply({});
-  if (!table) return refused(desktop, "Text Data", table.error());
-  return landing(std::move(*table));
+  return tableFrom(desktop, *import, into, source);
+}
+
+std::optional<LandingTable> tableFromForeignFile(Desktop& desktop, const std::string& name,
+                                                 const ImportTarget& target,
+                                                 const SheetContent& into) {
+  const auto readSheet = [name](const std::string& sheet) {
+    return importFile(name, {.sheet = sheet});
+  };
+  auto book = readSheet({});
+  if (!book) return refused(desktop, "Bad File", book.error());
+  return tableFrom(desktop, TextImport::of(std::move(*book), readSheet, target), into, name);
 }
 
 }  // namespace tolmer

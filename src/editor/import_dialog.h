@@ -76,6 +76,11 @@ struct LandingTable {
   PasteTable table;
 };
 
+// The same of another program's file, which is read by the program for such files.
+std::optional<LandingTable> tableFromForeignFile(Desktop& desktop, const std::string& name,
+                                                 const ImportTarget& target,
+                                                 const SheetContent& into);
+
 // Reads the text, asks what is doubtful in it and shows what was taken for granted, or says why it
 // is refused. nullopt where it was refused or called off. `into` is the sheet as it stands before,
 // `source` says where the text is from.

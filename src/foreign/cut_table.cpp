@@ -47,6 +47,15 @@ std::string columnLetters(int column) {
   return letters;
 }
 
+std::vector<std::size_t> sheetsToRead(const CutBook& book) {
+  std::vector<std::size_t> order;
+  for (const bool hidden : {false, true})
+    for (std::size_t sheet = 0; sheet < book.sheets.size(); ++sheet)
+      if (book.sheets[sheet].hasCells && book.sheets[sheet].hidden == hidden)
+        order.push_back(sheet);
+  return order;
+}
+
 std::string CutTable::text(const CutField& field) const {
   if (field.text != noText) return texts[field.text];
   if (field.kind == CutKind::empty) return {};

@@ -95,6 +95,9 @@ struct CutBook {
   CutTable table{};
 };
 
+// The places of the sheets with content, hidden ones last.
+std::vector<std::size_t> sheetsToRead(const CutBook& book);
+
 // Which part of a file is wanted. What is left out is counted all the same.
 struct CutRequest {
   std::string sheet{};  // name, or number from 1; empty: the first with cells, hidden ones last

@@ -7,7 +7,7 @@
 
 namespace tolmer {
 
-enum class FileKind {
+enum class ForeignKind {
   text,
   zip,   // a workbook, or another package
   ole,   // old Office files, and locked new ones
@@ -28,9 +28,9 @@ enum class FileKind {
 // So much of a file's beginning tells it.
 inline constexpr std::size_t kindBytes = 4096;
 
-FileKind kindOfFile(std::string_view beginning);
+ForeignKind kindOfFile(std::string_view beginning);
 
 // "it is a PDF; ..."; for kinds that no reader reads. Empty for the others.
-std::string refusalOf(FileKind kind);
+std::string refusalOf(ForeignKind kind);
 
 }  // namespace tolmer

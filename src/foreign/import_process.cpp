@@ -219,7 +219,7 @@ std::string importProgram() {
   return name.string();
 }
 
-bool isForeign(std::string_view bytes) { return kindOfFile(bytes) != FileKind::text; }
+bool isForeign(std::string_view bytes) { return kindOfFile(bytes) != ForeignKind::text; }
 
 bool isForeignFile(const std::string& hostFileName) {
   struct stat facts {};

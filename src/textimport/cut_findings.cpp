@@ -6,13 +6,23 @@
 
 namespace tolmer {
 
-// Which part of the file it is, and what the reader says of it.
+// Hidden sheets are there to be chosen, and chosen by nobody else.
+void ImportFindings::askSheet() {
+  const auto order = sheetsToRead(*book_);
+  if (order.size() < 2) return;
+  std::vector<std::string> names;
+  int visible = 0;
+  for (const std::size_t sheet : order) {
+    const auto& [name, hidden, hasCells] = book_->sheets[sheet];
+    names.push_back(hidden ? name + " (hidden)" : name);
+    if (!hidden) ++visible;
+  }
+  ask(ImportDoubt::sheet, "Which sheet is it?", std::move(names),
+      visible == 1 ? std::optional(0) : std::nullopt);
+}
+
+// What the reader says of the file.
 void ImportFindings::noteBook() {
-  const auto withCells = std::count_if(book_->sheets.begin(), book_->sheets.end(),
-                                       [](const SheetInfo& sheet) { return sheet.hasCells; });
-  if (withCells > 1)
-    notes_.push_back("The sheet \"" + book_->sheets[book_->sheet].name + "\" was read, one of " +
-                     std::to_string(withCells) + " with content.");
   notes_.insert(notes_.end(), book_->remarks.begin(), book_->remarks.end());
   const CutTable& cut = book_->table;
   const auto note = [this](int count, const char* what) {

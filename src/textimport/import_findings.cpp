@@ -74,11 +74,14 @@ std::optional<Error> ImportFindings::findTable(const ImportSource& source) {
   book_ = source.book;
   if (!book_) return findTextTable(source.text);
   table_ = textTable(book_->table);
+  askSheet();
   noteBook();
   if (table_.titleLines > 0)
     notes_.push_back("Rows above the table were left out: " + std::to_string(table_.titleLines) +
                      ", the first is \"" + table_.firstTitle + "\".");
-  if (table_.rows.empty() || columns() == 0) return Error{"", "There are no data in the file."};
+  const bool isOpen = !questions_.empty() && !questions_.front().chosen;
+  if (!isOpen && (table_.rows.empty() || columns() == 0))
+    return Error{"", "There are no data in the file."};
   return std::nullopt;
 }
 

@@ -60,6 +60,7 @@ class ImportFindings {
   std::optional<Error> findTable(const ImportSource& source);
   std::optional<Error> findTextTable(const std::string& text);
   void noteBook();
+  void askSheet();
   std::optional<char> chooseSeparator(const std::string& text);
   std::optional<char> separatorOfClipboard(const std::string& text);
   std::optional<char> separatorOfFile(const std::string& text);

@@ -22,9 +22,11 @@ struct TextImport::Look {
 };
 
 const TextImport::Look& TextImport::look(const ImportAnswers& answers) const {
-  if (!last_ || last_->answers != answers)
-    last_ =
-        std::make_shared<const Look>(Look{answers, ImportFindings::of(source_, target_, answers)});
+  if (last_ && last_->answers == answers) return *last_;
+  const auto source = sourceFor(answers);
+  last_ = std::make_shared<const Look>(
+      source ? Look{answers, ImportFindings::of(*source, target_, answers)}
+             : Look{answers, source.error()});
   return *last_;
 }
 
@@ -39,8 +41,26 @@ Result<TextImport> TextImport::read(std::string bytes, ImportTarget target) {
   return TextImport({std::move(*text)}, target);
 }
 
-TextImport TextImport::of(CutBook book, ImportTarget target) {
-  return {{{}, std::make_shared<const CutBook>(std::move(book))}, target};
+TextImport TextImport::of(CutBook book, ReadSheet readSheet, ImportTarget target) {
+  TextImport import({{}, std::make_shared<const CutBook>(std::move(book))}, target);
+  import.readSheet_ = std::move(readSheet);
+  return import;
+}
+
+Result<ImportSource> TextImport::sourceFor(const ImportAnswers& answers) const {
+  const auto answer = answers.find(ImportDoubt::sheet);
+  if (!source_.book || answer == answers.end()) return source_;
+  const auto order = sheetsToRead(*source_.book);
+  const auto chosen = static_cast<std::size_t>(answer->second);
+  if (chosen >= order.size() || order[chosen] == source_.book->sheet) return source_;
+  const std::string& name = source_.book->sheets[order[chosen]].name;
+  auto& known = otherSheets_[name];
+  if (!known) {
+    auto read = readSheet_(name);
+    if (!read) return read.error();
+    known = std::make_shared<const CutBook>(std::move(*read));
+  }
+  return ImportSource{{}, known};
 }
 
 Result<ImportPreview> TextImport::preview(const ImportAnswers& answers) const {

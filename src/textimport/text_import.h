@@ -7,6 +7,7 @@
 // in the end takes the whole table or nothing.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -22,6 +23,7 @@
 namespace tolmer {
 
 enum class ImportDoubt {
+  sheet,         // which one of a workbook
   separator,     // what divides the fields
   firstRow,      // one field less than all others: over which column it begins
   heading,       // is the first row names?
@@ -87,6 +89,9 @@ struct ImportPreview {
   bool isAnswered() const;
 };
 
+// Reads another sheet of the same workbook, by its name.
+using ReadSheet = std::function<Result<CutBook>(const std::string& name)>;
+
 // What is to be brought in: text, or a table that came cut.
 struct ImportSource {
   std::string text{};
@@ -100,7 +105,7 @@ class TextImport {
   // Refuses bytes that are no text. A "\r\n" or "\n" at the very end ends the last row.
   static Result<TextImport> read(std::string bytes, ImportTarget target);
   // Its fields are exact numbers or texts already; only texts are looked at for numbers.
-  static TextImport of(CutBook book, ImportTarget target);
+  static TextImport of(CutBook book, ReadSheet readSheet, ImportTarget target);
 
   // Refuses a table larger than its room, with both numbers, and a damaged one, with the line.
   Result<ImportPreview> preview(const ImportAnswers& answers) const;
@@ -113,9 +118,13 @@ class TextImport {
   TextImport(ImportSource source, ImportTarget target)
       : source_(std::move(source)), target_(target) {}
   const Look& look(const ImportAnswers& answers) const;
+  // With the sheet that the answers choose.
+  Result<ImportSource> sourceFor(const ImportAnswers& answers) const;
 
   ImportSource source_;
   ImportTarget target_;
+  ReadSheet readSheet_;
+  mutable std::map<std::string, std::shared_ptr<const CutBook>> otherSheets_;  // by their names
   // A table is mostly applied with the answers of the last preview.
   mutable std::shared_ptr<const Look> last_;
 };

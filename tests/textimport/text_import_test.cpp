@@ -15,8 +15,9 @@ constexpr ImportTarget atFirstCell = atCell(1, 1);
 constexpr ImportTarget asFile{.observations = 500, .variables = 50};
 
 std::string doubts(const ImportPreview& preview) {
-  const char* names[] = {"separator", "first",   "heading",  "place",    "short",   "decimal",
-                         "blanks",    "percent", "currency", "brackets", "missing", "words"};
+  const char* names[] = {"sheet",    "separator", "first",  "heading", "place",
+                         "short",    "decimal",   "blanks", "percent", "currency",
+                         "brackets", "missing",   "words",  "dates",   "codes"};
   std::string all;
   for (const ImportQuestion& question : preview.questions) {
     all += std::string(all.empty() ? "" : " ") + names[static_cast<int>(question.doubt)];
@@ -271,6 +272,98 @@ TEST(TextImport, thePreviewShowsWhatWillLandAndTellsWhatWasTakenForGranted) {
   EXPECT_EQ(preview->shown, (std::vector<std::vector<std::string>>{{"1234", ""}, {"1.5", ""}}));
   EXPECT_EQ(preview->notes, std::vector<std::string>{"Fields are divided by semicolons."});
   EXPECT_EQ(preview->questions[0].text, "What is the decimal mark in \"1,5\" (line 3, column 1)?");
+}
+
+// A sheet whose fields are told by a letter: n and a number, d and a day, e and an error, m and a
+// code, anything else a text; rows and columns from B3 on.
+CutBook bookOf(const std::vector<std::vector<std::string>>& rows) {
+  CutBook book{.format = "xlsx", .sheets = {{"Data", false, true}}};
+  CutTable& table = book.table;
+  for (std::size_t column = 0; column < rows[0].size(); ++column)
+    table.columns.push_back({.number = static_cast<int>(column) + 2});
+  for (const auto& row : rows) {
+    table.rowNumbers.push_back(static_cast<int>(table.rowNumbers.size()) + 3);
+    for (const std::string& text : row) {
+      CutField field;
+      const char letter = text.empty() ? ' ' : text[0];
+      const auto kind = std::string("-npchbdt-m").find(letter);
+      if (letter == '#') {
+        field.kind = CutKind::error;
+      } else if (kind != std::string::npos && text.size() > 1 && text[1] != '_') {
+        field = {readNumber(text.substr(1)).number, noText, static_cast<CutKind>(kind)};
+      } else if (!text.empty()) {
+        field.kind = CutKind::text;
+      }
+      if (field.kind == CutKind::text || field.kind == CutKind::error) {
+        field.text = static_cast<std::uint32_t>(table.texts.size());
+        table.texts.push_back(text[0] == '_' ? text.substr(1) : text);
+      }
+      table.fields.push_back(field);
+    }
+  }
+  table.rowsInAll = static_cast<int>(rows.size());
+  return book;
+}
+
+std::string noted(const ImportPreview& preview) {
+  std::string all;
+  for (const std::string& note : preview.notes) all += note + "\n";
+  return all;
+}
+
+TEST(CutTable, keepsExactNumbersAndAsksOnlyForWhatIsText) {
+  const auto import = TextImport::of(bookOf({{"_Survey 2024", "", "", "", "", ""},
+                                             {"_Name", "_X", "_Code", "_Born", "_Share", "_Kind"},
+                                             {"_Ann", "n1.234", "_1,5", "d45350", "p0.125", "n1"},
+                                             {"_Bob", "n1e-7", "_007", "d45351", "p0.5", "m9"},
+                                             {"_Eve", "#N/A", "_2", "d45352", "p1", "n2"}}),
+                                     {}, asFile);
+  const auto preview = import.preview({});
+  ASSERT_TRUE(preview) << preview.error().message();
+  EXPECT_EQ(doubts(*preview), "decimal=1 codes=0 dates missing=0");
+  EXPECT_NE(noted(*preview).find("Survey 2024"), std::string::npos);
+  EXPECT_NE(noted(*preview).find("12.5 % as 0.125: \"0.125\" (F5, 3 in all)"), std::string::npos);
+  const auto question = std::find_if(
+      preview->questions.begin(), preview->questions.end(),
+      [](const ImportQuestion& asked) { return asked.doubt == ImportDoubt::missingCodes; });
+  EXPECT_NE(question->text.find("\"9\" (G6)"), std::string::npos) << question->text;
+  const auto table = import.apply({{ImportDoubt::dates, 0}, {ImportDoubt::missingCodes, 1}});
+  ASSERT_TRUE(table) << table.error().message();
+  EXPECT_EQ(table->headings[1], "X");
+  EXPECT_EQ(table->cells(0, 1).number, 1.234);
+  EXPECT_EQ(table->cells(1, 1).number, 1e-7);
+  EXPECT_EQ(table->cells(2, 1).number, std::nullopt);
+  EXPECT_EQ(table->cells(0, 2).number, 1.5);
+  EXPECT_EQ(table->cells(0, 3).number, 45350);
+  EXPECT_EQ(table->cells(1, 5).number, 9);
+  EXPECT_EQ(table->cells(0, 0).text, "Ann");
+}
+
+TEST(CutTable, ofSeveralSheetsIsTheOneThatIsChosen) {
+  CutBook first = bookOf({{"_Read me", ""}, {"_then", "_look"}});
+  first.sheets = {{"Notes", false, true}, {"Old", true, true}, {"Data", false, true}};
+  CutBook data = bookOf({{"_X", "_Y"}, {"n1", "n2"}, {"n3", "n4"}});
+  data.sheets = first.sheets;
+  data.sheet = 2;
+  std::string read;
+  const auto import = TextImport::of(
+      first,
+      [&](const std::string& name) -> Result<CutBook> {
+        read += name + ";";
+        if (name == "Data") return data;
+        return Error{name, "it is damaged"};
+      },
+      asFile);
+  EXPECT_EQ(doubts(*import.preview({})), "sheet");
+  EXPECT_EQ(import.preview({})->questions[0].choices,
+            (std::vector<std::string>{"Notes", "Data", "Old (hidden)"}));
+  EXPECT_FALSE(import.apply({}));
+  const auto table = import.apply({{ImportDoubt::sheet, 1}});
+  ASSERT_TRUE(table) << table.error().message();
+  EXPECT_EQ(table->headings, (std::vector<std::string>{"X", "Y"}));
+  EXPECT_EQ(import.preview({{ImportDoubt::sheet, 2}}).error().message(), "Old: it is damaged");
+  EXPECT_TRUE(import.preview({{ImportDoubt::sheet, 1}}));
+  EXPECT_EQ(read, "Data;Old;");
 }
 
 }  // namespace

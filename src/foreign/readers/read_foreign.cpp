@@ -77,35 +77,35 @@ Result<CutBook> readPacked(std::string_view bytes, const CutRequest& request) {
   constexpr std::size_t most = std::size_t{128} << 20;
   const auto fault = readGzip(bytes, [&content](std::string_view piece) {
     content += piece;
-    const bool isGdt = content.size() < kindBytes || kindOfFile(content) == FileKind::gdt;
+    const bool isGdt = content.size() < kindBytes || kindOfFile(content) == ForeignKind::gdt;
     return content.size() < most && isGdt;
   });
   if (fault) return *fault;
   if (content.size() >= most) return Error{"", "it is too large for a data set"};
-  if (kindOfFile(content) == FileKind::gdt) return readGdt(content, request);
-  return Error{"", refusalOf(FileKind::otherStatistics)};
+  if (kindOfFile(content) == ForeignKind::gdt) return readGdt(content, request);
+  return Error{"", refusalOf(ForeignKind::otherStatistics)};
 }
 
 }  // namespace
 
 Result<CutBook> readForeign(std::string_view bytes, const CutRequest& request) {
-  const FileKind kind = kindOfFile(bytes);
+  const ForeignKind kind = kindOfFile(bytes);
   switch (kind) {
-    case FileKind::zip:
+    case ForeignKind::zip:
       return readPackage(bytes, request);
-    case FileKind::ole:
+    case ForeignKind::ole:
       return refusalOfOle(bytes);
-    case FileKind::sav:
+    case ForeignKind::sav:
       return readStatistics(bytes, StatisticsFormat::sav, request);
-    case FileKind::dta:
+    case ForeignKind::dta:
       return readStatistics(bytes, StatisticsFormat::dta, request);
-    case FileKind::gzip:
+    case ForeignKind::gzip:
       return readPacked(bytes, request);
-    case FileKind::gdt:
+    case ForeignKind::gdt:
       return readGdt(bytes, request);
-    case FileKind::fods:
+    case ForeignKind::fods:
       return readFods(bytes, request);
-    case FileKind::text:
+    case ForeignKind::text:
       return Error{"", bytes.empty() ? "it is empty" : "it is a plain text"};
     default:
       return Error{"", refusalOf(kind)};
