@@ -140,8 +140,8 @@ std::optional<Error> writeIfChanged(const std::string& fileName, const std::stri
   return writeFileAtomically(fileName, content);
 }
 
-// The rows of the display, its first as header, its key last. The signs that AsciiDoc reads as
-// marks within a word are not expected in the texts, bars and braces are escaped.
+}  // namespace
+
 std::string figureTable(const TableContent& table) {
   const TableParts parts = partsOf(table);
   if (parts.bodies.empty()) return {};
@@ -158,8 +158,6 @@ std::string figureTable(const TableContent& table) {
   }
   return text + "|===\n";
 }
-
-}  // namespace
 
 Result<std::vector<CourseFigure>> courseFigures(const std::string& listFile) {
   const auto text = readWholeFile(listFile);

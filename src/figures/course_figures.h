@@ -29,4 +29,8 @@ Result<std::vector<CourseFigure>> courseFigures(const std::string& listFile);
 std::optional<Error> writeFigures(const std::vector<CourseFigure>& figures,
                                   const std::string& dataFolder, const std::string& folder);
 
+// A table of AsciiDoc: the rows of the display, its first as header, its key last. The signs that
+// AsciiDoc reads as marks within a word are not expected in the texts, bars and braces are escaped.
+std::string figureTable(const TableContent& table);
+
 }  // namespace tolmer

@@ -7,7 +7,7 @@
 #include <stdexcept>
 #include <vector>
 
-#include "fieldfile/number_text.h"
+#include "fieldfile/field_reader.h"
 #include "formula/formula.h"
 #include "report/csv_reader.h"
 #include "secondfit/second_fit.h"
