@@ -3,14 +3,12 @@
 #include <algorithm>
 #include <cmath>
 #include <cstddef>
-#include <vector>
 
 #include "engine/fitted_equation.h"
 #include "engine/least_squares.h"
 #include "engine/picture_choice.h"
 #include "engine/picture_text.h"
 #include "engine/variance_inflation.h"
-#include "state/analysis_state.h"
 
 namespace tolmer {
 namespace {

@@ -6,7 +6,6 @@
 #include <unistd.h>
 #include <array>
 #include <cerrno>
-#include <cstdint>
 #include <cstdio>
 #include <ctime>
 #include <filesystem>

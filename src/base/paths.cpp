@@ -72,11 +72,6 @@ std::string hostPath(std::string_view coursePath) {
   return resolved.string();
 }
 
-std::string hostPathToWrite(std::string_view coursePath) {
-  const fs::path path(withSlashes(coursePath));
-  return (fs::path(hostPath(path.parent_path().string())) / path.filename()).string();
-}
-
 std::string coursePath(std::string_view hostPath) {
   std::string text(hostPath);
   std::replace(text.begin(), text.end(), '/', '\\');

@@ -21,10 +21,6 @@ std::string tParentFolder(std::string_view tPath);
 // spelling exists comes back with separators changed only.
 std::string hostPath(std::string_view coursePath);
 
-// The same for a file to be written: its name is taken as it stands, so that it never replaces a
-// file whose name differs in case.
-std::string hostPathToWrite(std::string_view coursePath);
-
 // The course spelling of a host path: every separator a backslash.
 std::string coursePath(std::string_view hostPath);
 

@@ -6,7 +6,6 @@
 #include "base/file_io.h"
 #include "base/text_encoding.h"
 #include "bookcompiler/source_keywords.h"
-#include "bookcompiler/source_lines.h"
 #include "bookcompiler/student_view.h"
 #include "notebook/object_file.h"
 

@@ -4,7 +4,6 @@
 #include <array>
 #include <optional>
 #include <string_view>
-#include <utility>
 
 #include "fieldfile/field_reader.h"
 #include "notebook/book_check.h"

@@ -4,10 +4,8 @@
 #include <cmath>
 
 #include "data/data_file.h"
-#include "data/model_check.h"
 #include "data/model_choice.h"
 #include "data/show_data.h"
-#include "data/working_copy.h"
 #include "platform/desktop.h"
 #include "platform/text_metrics.h"
 

@@ -1,11 +1,13 @@
 // Choosing the variables of the model: what the student has marked in a list becomes the dependent
-// variable or a set of independent ones. A column is never both.
+// variable or a set of independent ones. A column is never both. Is the model then another one than
+// that in force, and can it be fitted?
 #pragma once
 
 #include <vector>
 
 #include "base/message_box.h"
 #include "data/working_copy.h"
+#include "state/analysis_state.h"
 
 namespace tolmer {
 
@@ -34,5 +36,14 @@ void UnSpecifyDepVar(WorkingCopy& copy);
 
 // Takes independent variables out; here rows are positions in the list of independent ones.
 void UnSpecifyIndepVars(WorkingCopy& copy, const RowSelection& selection);
+
+// Sets mbModelHasChanged where the working copy differs from the shared state in intercept, sizes,
+// files, flags, label heading, model, labels or any value. Names and definitions of variables do
+// not count. Values are compared because data of the editor all carry the same file name.
+void CheckForChanges(WorkingCopy& copy, const AnalysisState& state);
+
+// Sets mbModelOK, and mtErrorMessage to one sentence with a blank behind it for each thing that is
+// missing. Degrees of freedom are counted as with an intercept, whether there is one or not.
+void CheckModelSpec(WorkingCopy& copy);
 
 }  // namespace tolmer

@@ -1,7 +1,5 @@
 #include "data/working_copy.h"
 
-#include <cstddef>
-
 namespace tolmer {
 namespace {
 

@@ -6,7 +6,6 @@
 #include <cstdlib>
 #include <filesystem>
 #include <functional>
-#include <string_view>
 #include <utility>
 
 #include "base/file_io.h"

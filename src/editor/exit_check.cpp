@@ -1,6 +1,5 @@
 #include "editor/exit_check.h"
 
-#include <algorithm>
 #include <cmath>
 #include <limits>
 

@@ -1,6 +1,5 @@
 #include "engine/picture_text.h"
 
-#include <algorithm>
 #include <array>
 #include <bit>
 #include <charconv>

@@ -5,7 +5,6 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
-#include <cstddef>
 #include <system_error>
 
 #include "base/file_io.h"

@@ -1,7 +1,6 @@
 #include "formula/rewrite.h"
 
 #include <algorithm>
-#include <functional>
 #include <optional>
 
 #include "formula/formula_tokens.h"

@@ -1,8 +1,6 @@
 #include "graphs/axis_labels.h"
 
 #include <cstddef>
-#include <string>
-#include <vector>
 
 #include "engine/picture_choice.h"
 #include "engine/picture_text.h"

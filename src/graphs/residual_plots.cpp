@@ -12,7 +12,6 @@
 #include "engine/distributions.h"
 #include "engine/residuals.h"
 #include "graphs/axis_labels.h"
-#include "graphs/graph_content.h"
 #include "graphs/plot_classes.h"
 
 namespace tolmer {

@@ -4,16 +4,12 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
-#include <string>
 #include <utility>
-#include <vector>
 
 #include "engine/axis_scale.h"
 #include "engine/correlation.h"
 #include "engine/picture_text.h"
 #include "graphs/axis_labels.h"
-#include "graphs/graph_content.h"
-#include "state/analysis_state.h"
 
 namespace tolmer {
 namespace {
@@ -163,7 +159,7 @@ class ScatterPlot {
   const AnalysisState& state_;
   MessagePort& messages_;
   Plot plot_;
-  int miXChoice = 0;  // list indices, see axis_choice.h
+  int miXChoice = 0;  // list indices, see scatter_plot.h
   int miYChoice = 0;
   float msYHatMin = 0;
   float msYHatMax = 0;

@@ -1,5 +1,5 @@
 // "Scatter Plot 1" to "Scatter Plot 3": a pair of axes as a scatter plot or, over the order of
-// entry, as a line through all cases. Choices of axes are those of axis_choice.h.
+// entry, as a line through all cases. Choices of axes are told below.
 #pragma once
 
 #include <optional>

@@ -6,8 +6,6 @@
 
 #include "base/text_encoding.h"
 #include "engine/variance_inflation.h"
-#include "graphs/graph_content.h"
-#include "state/analysis_state.h"
 
 namespace tolmer {
 namespace {

@@ -6,7 +6,6 @@
 #include "base/file_io.h"
 #include "base/text_encoding.h"
 #include "help/help_text.h"
-#include "help/help_topic.h"
 
 namespace tolmer {
 namespace {

@@ -1,11 +1,9 @@
 #include "help/topic_page.h"
 
 #include <algorithm>
-#include <optional>
 
 #include "base/markup_text.h"
 #include "help/help_text.h"
-#include "help/help_topic.h"
 
 namespace tolmer {
 namespace {

@@ -6,7 +6,6 @@
 #include <utility>
 
 #include "base/file_io.h"
-#include "notebook/book.h"
 #include "notebook/book_check.h"
 
 namespace tolmer {

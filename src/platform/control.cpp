@@ -1,8 +1,5 @@
 #include "platform/control.h"
 
-#include <algorithm>
-#include <utility>
-
 #include "platform/window.h"
 
 namespace tolmer {

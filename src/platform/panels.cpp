@@ -2,7 +2,6 @@
 
 #include <cmath>
 #include <string_view>
-#include <utility>
 
 #include "platform/text_metrics.h"
 

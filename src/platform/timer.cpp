@@ -1,7 +1,6 @@
 #include "platform/timer.h"
 
 #include <algorithm>
-#include <utility>
 
 namespace tolmer {
 

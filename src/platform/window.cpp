@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cctype>
 #include <iterator>
-#include <utility>
 
 #include "platform/buttons.h"
 #include "platform/desktop.h"

@@ -4,7 +4,6 @@
 #include <string_view>
 
 #include "base/tabbed_text.h"
-#include "sheet/sheet_content.h"
 #include "textimport/typed_number.h"
 
 namespace tolmer {

@@ -19,9 +19,7 @@
 #include <optional>
 #include <set>
 #include <sstream>
-#include <string_view>
 #include <system_error>
-#include <utility>
 
 #include "base/file_io.h"
 

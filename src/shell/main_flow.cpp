@@ -1,6 +1,5 @@
 #include "shell/main_flow.h"
 
-#include "base/paths.h"
 #include "data/designer.h"
 #include "notebook/cover.h"
 #include "shell/hint.h"

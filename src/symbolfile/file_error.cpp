@@ -1,7 +1,5 @@
 #include "symbolfile/file_error.h"
 
-#include <initializer_list>
-
 #include "platform/desktop.h"
 
 namespace tolmer {

@@ -8,7 +8,6 @@
 #include <utility>
 
 #include "platform/desktop.h"
-#include "symbolfile/file_error.h"
 
 namespace tolmer {
 namespace {

@@ -48,12 +48,6 @@ TEST_F(HostPath, TakesTheNameInOtherCaseWhereTheExactOneIsMissing) {
       << "of two spellings the first in byte order";
 }
 
-TEST_F(HostPath, WritesBesideAFileThatDiffersInCase) {
-  EXPECT_EQ(hostPathToWrite(in("\\data\\OWN\\stack.csv")), root_ / "Data" / "Own" / "stack.csv");
-  EXPECT_EQ(hostPathToWrite(in("\\DATA\\new: one.csv")), root_ / "Data" / "new: one.csv");
-  EXPECT_EQ(hostPathToWrite("stack.csv"), "stack.csv");
-}
-
 TEST_F(HostPath, LeavesWhatDoesNotExistAsItStands) {
   EXPECT_EQ(hostPath(in("\\Data\\none.csv")), root_.string() + "/Data/none.csv");
   EXPECT_EQ(hostPath(""), "");

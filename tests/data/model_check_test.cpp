@@ -1,4 +1,4 @@
-#include "data/model_check.h"
+#include "data/model_choice.h"
 
 #include <functional>
 

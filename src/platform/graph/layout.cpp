@@ -4,7 +4,6 @@
 #include <cmath>
 #include <cstddef>
 
-#include "platform/graph/picture.h"
 #include "platform/text_metrics.h"
 
 namespace tolmer {

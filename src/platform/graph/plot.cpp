@@ -6,9 +6,7 @@
 #include <cstdlib>
 #include <limits>
 #include <utility>
-#include <vector>
 
-#include "platform/graph/layout.h"
 #include "platform/text_metrics.h"
 
 namespace tolmer {

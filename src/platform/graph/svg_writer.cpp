@@ -4,7 +4,6 @@
 #include <charconv>
 
 #include "base/markup_text.h"
-#include "platform/graph/picture.h"
 
 namespace tolmer {
 namespace {

@@ -4,7 +4,6 @@
 #include <QMouseEvent>
 
 #include "platform/qt/convert.h"
-#include "platform/qt/main_widget.h"
 #include "platform/qt/window_peer.h"
 
 namespace tolmer {

@@ -4,7 +4,7 @@
 #include <QWidget>
 #include <functional>
 
-#include "platform/qt/event_hook.h"
+#include "platform/qt/control_peer.h"
 
 namespace tolmer {
 

@@ -1,9 +1,11 @@
 // The base of all mirrors: what every control on the screen has, whatever its kind.
 #pragma once
 
+#include <QEvent>
 #include <QObject>
 #include <QPointer>
 #include <QWidget>
+#include <functional>
 #include <memory>
 #include <utility>
 
@@ -11,6 +13,19 @@
 #include "platform/qt/mirror.h"
 
 namespace tolmer {
+
+// Lets its owner see a widget's events first; the function returns whether the event is dealt with.
+// The widget needs no class of its own for that, and nothing dangles when the owner goes first.
+class EventHook : public QObject {
+ public:
+  explicit EventHook(std::function<bool(QEvent&)> see) : see_(std::move(see)) {}
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override { return see_(*event); }
+
+ private:
+  std::function<bool(QEvent&)> see_;
+};
 
 // Follows one model. The widget is made when the model is first visible: what nobody has seen yet
 // costs nothing.

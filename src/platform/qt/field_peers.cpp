@@ -11,7 +11,6 @@
 #include "platform/fields.h"
 #include "platform/qt/control_peer.h"
 #include "platform/qt/convert.h"
-#include "platform/qt/event_hook.h"
 
 namespace tolmer {
 namespace {

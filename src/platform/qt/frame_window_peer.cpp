@@ -5,7 +5,6 @@
 #include <QScreen>
 
 #include "platform/qt/convert.h"
-#include "platform/qt/main_widget.h"
 #include "platform/qt/menu_peer.h"
 #include "platform/qt/theme.h"
 #include "platform/qt/window_peer.h"

@@ -1,10 +1,11 @@
 // The mirrors of windows.
 #pragma once
 
+#include <QMainWindow>
+#include <QMdiArea>
 #include <memory>
 
 #include "platform/qt/control_peer.h"
-#include "platform/qt/event_hook.h"
 #include "platform/window.h"
 
 namespace tolmer {
@@ -38,6 +39,16 @@ class WindowPeer : public ContainerPeer {
   EventHook hook_;
   EventHook inputHook_;
   QPointer<QWidget> ground_;
+};
+
+// The main window on the screen; children find the area they stand in here.
+class MainWidget : public QMainWindow {
+ public:
+  MainWidget();
+  QMdiArea& area() { return *area_; }
+
+ private:
+  QMdiArea* area_;
 };
 
 // By the window's style; a child needs its frame on the screen, and has no mirror before.
