@@ -20,10 +20,10 @@ constexpr std::string_view pageStyle = R"(
 :root { color-scheme: light; }
 body { font: 16px/1.5 "Noto Sans", system-ui, sans-serif; color: #222; background: #fff;
   max-width: 62rem; margin: 2rem auto; padding: 0 1.5rem; }
-h1 { font-size: 1.75rem; line-height: 1.25; margin: 0 0 1rem; }
+h1 { font-size: 1.75rem; line-height: 1.25; margin: 0 0 1rem; overflow-wrap: anywhere; }
 h2 { font-size: 1.2rem; line-height: 1.3; margin: 0 0 .5rem; text-align: left; }
 h3 { font-size: .95rem; letter-spacing: .04em; margin: 1rem 0 .25rem; }
-p { margin: 0 0 .75rem; }
+p { margin: 0 0 .75rem; overflow-wrap: anywhere; }
 .facts { margin: 0; }
 .facts dt { float: left; clear: left; color: #555; }
 .facts dd { margin: 0 0 .15rem 12.5em; overflow-wrap: anywhere; }
@@ -42,6 +42,7 @@ th, td { padding: .25em .5em; border-bottom: 1px solid #d5d5d5; white-space: now
 th { font-weight: 600; }
 thead th, .face { background: #ececec; }
 thead th, thead td { border-bottom: 2px solid #888; }
+.cut th { white-space: normal; overflow-wrap: anywhere; max-width: 20em; }
 .right { text-align: right; }
 .marked { color: #000; font-weight: 600; }
 .figures td { padding-right: 2rem; }

@@ -158,6 +158,12 @@ class TableWriter {
            "</caption>\n";
   }
 
+  // Regions of a page need names that differ.
+  std::string regionName(const ColumnBlock& block) const {
+    const auto before = &block - &blocks_.front();
+    return title_ + (before > 0 ? ", part " + std::to_string(before + 1) : "");
+  }
+
   std::string cellHtml(const TableCell& cell, std::size_t column) const {
     return column < parts_.leadColumns && !cell.text.empty() ? cells_.rowHead(cell)
                                                              : cells_.data(cell);
@@ -167,7 +173,7 @@ class TableWriter {
     std::string html = isLong() ? "<div class=\"table long\"" : "<div class=\"table\"";
     // On a screen it may have to scroll, which the keyboard must be able to.
     if (setting_.name != "upright")
-      html += " tabindex=\"0\" role=\"region\" aria-label=\"" + title_ + "\"";
+      html += " tabindex=\"0\" role=\"region\" aria-label=\"" + regionName(block) + "\"";
     html += "><table>\n" + captionHtml(block) + "<thead>\n<tr>";
     for (const std::size_t column : block) html += cells_.columnHead(parts_.heads[column]);
     html += "</tr>\n</thead>\n<tbody>\n";
