@@ -1,6 +1,5 @@
 #include "figures/course_figures.h"
 
-#include <array>
 #include <charconv>
 #include <cstddef>
 #include <map>

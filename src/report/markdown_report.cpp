@@ -100,7 +100,11 @@ std::string barsMarkdown(const std::vector<PlottedBar>& bars) {
 }
 
 struct ShownMarkdown {
-  std::string operator()(const FittedEquation& equation) const { return paragraph(equation.text); }
+  std::string operator()(const FittedEquation& equation) const {
+    std::string text = paragraph(equation.text);
+    for (const std::string& note : equation.notes) text += "- " + escaped(note) + "\n";
+    return text + (equation.notes.empty() ? "" : "\n");
+  }
   std::string operator()(const TableContent& table) const {
     return table.rows() > 0 ? TableMarkdown{partsOf(table)}.text() : std::string();
   }

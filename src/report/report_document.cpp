@@ -70,10 +70,6 @@ ReportedPart reportedPart(ReportPart part, const AnalysisState& state, const Rep
   ReportedPart reported{part, titleOf(*part, state), {}};
   std::visit([&](auto&& content) { reported.content = std::move(content); },
              contentOf(*part, state, graphSize(request.format), messages));
-  auto* table = std::get_if<TableContent>(&reported.content);
-  const bool isShort = part->listsCases && request.caseLists == CaseLists::shortened &&
-                       request.format != ReportFormat::json;
-  if (isShort && table) shorten(*table, state.iNumCases);
   return reported;
 }
 
@@ -101,6 +97,14 @@ void addNotes(ReportDocument& document, ReportFormat format) {
   document.health = std::move(examination.health);
   for (const Note& note : document.notes)
     if (equation) equation->notes.push_back(onOneLine(note.text));
+}
+
+// After the notes, which are held against whole tables.
+void shortenLists(ReportDocument& document, const ReportRequest& request) {
+  if (request.caseLists != CaseLists::shortened || request.format == ReportFormat::json) return;
+  for (ReportedPart& shown : document.parts)
+    if (auto* table = std::get_if<TableContent>(&shown.content); table && shown.part->listsCases)
+      shorten(*table, document.state->iNumCases);
 }
 
 // Without its folders, which are no reader's business.
@@ -186,6 +190,7 @@ ReportDocument reportDocument(const AnalysisState& state, const ReportRequest& r
   if (request.format == ReportFormat::r) return document;
   addParts(document, request);
   addNotes(document, request.format);
+  shortenLists(document, request);
   return document;
 }
 

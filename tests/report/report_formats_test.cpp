@@ -71,6 +71,10 @@ TEST_F(ReportFormats, ShortListsKeepTheFirstCasesAndThoseThatAreMarked) {
                                    HasSubstr("21 of 40 cases")));
   EXPECT_THAT(list("whole"), HasSubstr("\n| 36 | 36 | 36 |\n"));
   EXPECT_THAT(list("none"), Not(HasSubstr("Data List")));
+  const std::vector<std::string> noted = {
+      file, "--y", "Y", "--sections", "equation,residuals", "--lists=short"};
+  EXPECT_THAT(output(noted, "markdown"), HasSubstr("confirmed by a second fit"));
+  EXPECT_THAT(output(noted, "markdown"), Not(HasSubstr("not confirmed")));
 }
 
 TEST_F(ReportFormats, AFileIsWrittenWholeOrNotAtAll) {
