@@ -1,5 +1,5 @@
-// The lines of a notebook source, put together and cut into keyword and text, and what is wrong with
-// them: all of it, not only the first.
+// The lines of a notebook source, put together and cut into keyword and text, and what is wrong
+// with them: all of it, not only the first.
 #pragma once
 
 #include <string>

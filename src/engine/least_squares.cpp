@@ -3,10 +3,10 @@
 #include <cmath>
 #include <limits>
 
-#include "engine/triangular_factor.h"
-#include "engine/triangular_inverse.h"
 #include "engine/distributions.h"
 #include "engine/product_sums.h"
+#include "engine/triangular_factor.h"
+#include "engine/triangular_inverse.h"
 
 namespace tolmer {
 namespace {

@@ -1,4 +1,5 @@
-// All formulas of a sheet, which of them has to be calculated before which, and what after a change.
+// All formulas of a sheet, which of them has to be calculated before which, and what after a
+// change.
 #pragma once
 
 #include <functional>
