@@ -94,8 +94,9 @@ std::string reason(const Examination& examination) {
   const double condition = examination.health->condition;
   const ModelFigures& model = examination.fit.model;
   if (condition > 1000)
-    return "the terms follow nearly from each other (condition number " + roughly(condition) +
-           "), which costs digits";
+    return "predictors vary little for their size or follow nearly from each other (condition "
+           "number " +
+           roughly(condition) + "), which costs digits";
   if (model.sse.value < 1e-6 * model.sst.value)
     return "the residuals are hardly larger than the rounding of the data's digits";
   return "rounding to about seven digits adds up";

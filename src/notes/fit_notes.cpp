@@ -14,20 +14,26 @@ NotedCell coefficientCell(std::size_t term, int column) {
   return {"frmEstCoef", static_cast<int>(term) + 2, column};
 }
 
-std::string sized(double value) { return generalText(static_cast<float>(std::abs(value))); }
+// What only rounding keeps from being exact has the digits that rounding leaves.
+std::string sized(const Combination::Part& part, bool isExact) {
+  const auto size = static_cast<float>(std::abs(part.coefficient));
+  if (isExact) return generalText(size);
+  const double step = std::pow(10.0, std::floor(std::log10(size)) - 4);
+  return generalText(static_cast<float>(std::round(size / step) * step));
+}
 
 // "2 X1 - 3", the constant last.
-std::string formula(std::vector<Combination::Part> parts) {
-  std::ranges::stable_partition(parts, [](const auto& part) { return part.name != "Intercept"; });
+std::string formula(Combination one) {
+  std::ranges::stable_partition(one.parts,
+                                [](const auto& part) { return part.name != "Intercept"; });
   std::string text;
-  for (const Combination::Part& part : parts) {
-    const std::string size = sized(part.coefficient);
-    const bool isConstant = part.name == "Intercept";
+  for (const Combination::Part& part : one.parts) {
+    const std::string size = sized(part, one.exact);
     text +=
         text.empty() ? (part.coefficient < 0 ? "-" : "") : (part.coefficient < 0 ? " - " : " + ");
-    text += isConstant ? size : (size == "1" ? "" : size + " ") + part.name;
+    text += part.name == "Intercept" ? size : (size == "1" ? "" : size + " ") + part.name;
   }
-  return text;
+  return text.empty() ? "0" : text;
 }
 
 bool isConstant(const Combination& one) {
@@ -36,12 +42,11 @@ bool isConstant(const Combination& one) {
 
 std::string cause(const Combination& one) {
   const std::string subject = (one.isDependent ? "the dependent variable " : "") + one.name;
-  const std::string by = one.parts.empty() ? "0" : formula(one.parts);
+  const std::string by = formula(one);
   if (isConstant(one)) return subject + " is " + by + " in all cases";
-  return subject + (one.isDependent ? " is computed " : " follows ") +
-         (one.exact ? "exactly" : "but for rounding") +
-         (one.isDependent ? " from the predictors: " : " from other terms: ") + one.name + " = " +
-         by;
+  const char* from = one.isDependent ? " from the predictors" : " from other terms";
+  return subject + (one.isDependent ? " is computed" : " follows") + (one.exact ? " exactly" : "") +
+         from + (one.exact ? ": " : " but for rounding: ") + one.name + " = " + by;
 }
 
 std::string unexplained(const Examination& examination) {
@@ -156,9 +161,11 @@ MaybeNote zeroStandardErrorNote(const AnalysisState& state, const Examination& e
       note.cells.push_back(coefficientCell(at - 1, column));
   }
   if (terms.empty()) return {};
-  note.text = "The standard error of " + listed(terms) +
-              " is too small to be held and counts as 0: t and P beside it were not computed and "
-              "mean nothing.";
+  note.text = (terms.size() == 1 ? "The standard error of " : "The standard errors of ") +
+              listed(terms) +
+              (terms.size() == 1 ? " is too small to be held and counts as 0"
+                                 : " are too small to be held and count as 0") +
+              ": t and P there were not computed and mean nothing.";
   return note;
 }
 
