@@ -35,7 +35,7 @@ struct StudentData {
   Matrix<double> mdValue;                // (0..M, 0..V) observation first
   std::vector<std::string> mtLabel;      // (0..M)
   std::vector<std::string> mtVarHeader;  // (0..V)
-  std::vector<LeftOutCase> leftOut;      // the incomplete ones
+  std::vector<LeftOutCase> leftOut{};    // the incomplete ones
 };
 
 // The data editor as the designer sees it.

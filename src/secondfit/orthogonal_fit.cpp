@@ -1,5 +1,6 @@
 #include "secondfit/orthogonal_fit.h"
 
+#include <Eigen/Eigenvalues>
 #include <Eigen/Householder>
 #include <algorithm>
 #include <cmath>
@@ -171,25 +172,6 @@ MatrixOf<Real> invertTriangle(const MatrixOf<Real>& upper) {
   return inverse;
 }
 
-// The greatest eigenvalue of a symmetric tridiagonal matrix, by bisection: B. N. Parlett, The
-// Symmetric Eigenvalue Problem, 1980, section 3.3. No pivot of a matrix less than the candidate is
-// positive where the candidate is not below all eigenvalues.
-double greatestEigenvalue(const VectorOf<double>& diagonal, const VectorOf<double>& beside) {
-  const auto isBound = [&](double candidate) {
-    double pivot = diagonal(0) - candidate;
-    for (Index i = 1; i < diagonal.size() && pivot < 0; ++i)
-      pivot = diagonal(i) - candidate - beside(i - 1) * beside(i - 1) / pivot;
-    return pivot < 0;
-  };
-  double low = diagonal.maxCoeff();
-  double high = diagonal.sum() * 1.001;  // none is negative
-  while (high - low > 1e-14 * high) {
-    const double middle = low + (high - low) / 2;
-    (isBound(middle) ? high : low) = middle;
-  }
-  return high;
-}
-
 // The largest singular value: its square is an eigenvalue that loses nothing by the squaring, and
 // the Lanczos process (Golub and Van Loan, section 10.1) finds the greatest one in few steps.
 template <class Real>
@@ -199,6 +181,7 @@ double largestSingularValue(const MatrixOf<Real>& matrix) {
   VectorOf<double> diagonal(most), beside(most);
   VectorOf<double> before = VectorOf<double>::Zero(rounded.cols());
   VectorOf<double> now = VectorOf<double>::LinSpaced(rounded.cols(), 1, 2).normalized();
+  Eigen::SelfAdjointEigenSolver<MatrixOf<double>> form;
   double found = 0;
   for (Index step = 0; step < most; ++step) {
     VectorOf<double> next = rounded.transpose() * (rounded * now).eval();
@@ -208,7 +191,9 @@ double largestSingularValue(const MatrixOf<Real>& matrix) {
     beside(step) = next.norm();
     const bool isLast = step + 1 == most || !(beside(step) > 1e-15 * diagonal(0));
     if (isLast || (step >= 7 && step % 4 == 3)) {
-      const double value = greatestEigenvalue(diagonal.head(step + 1), beside.head(step));
+      form.computeFromTridiagonal(diagonal.head(step + 1), beside.head(step),
+                                  Eigen::EigenvaluesOnly);
+      const double value = form.eigenvalues()(step);
       if (isLast || !(value > found * (1 + 1e-12))) return std::sqrt(value);
       found = value;
     }
