@@ -40,7 +40,7 @@ std::string shortestDigits(double number) {
   return {digits.data(), end};
 }
 
-std::string lettersOfColumn(int column) {
+std::string columnLetters(int column) {
   std::string letters;
   for (; column > 0; column = (column - 1) / 26)
     letters.insert(letters.begin(), static_cast<char>('A' + (column - 1) % 26));
@@ -65,7 +65,7 @@ std::string CutTable::text(const CutField& field) const {
 std::string CutTable::place(int rowNumber, std::size_t column) const {
   const std::string number = std::to_string(rowNumber);
   if (namesApart) return "case " + number + ", " + columns[column].name;
-  return lettersOfColumn(columns[column].number) + number;
+  return columnLetters(columns[column].number) + number;
 }
 
 }  // namespace tolmer

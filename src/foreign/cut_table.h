@@ -113,7 +113,7 @@ inline constexpr std::size_t mostCutTextBytes = std::size_t{6} << 20;
 inline constexpr std::size_t longestCutText = 1000;  // bytes
 
 // "A" for 1, "AA" for 27.
-std::string lettersOfColumn(int column);
+std::string columnLetters(int column);
 // The fewest digits that read back to the same bits.
 std::string shortestDigits(double number);
 
