@@ -4,6 +4,8 @@
 #include <chrono>
 #include <cmath>
 
+#include "formula/sheet_names.h"
+
 namespace tolmer {
 namespace {
 
@@ -40,11 +42,9 @@ std::string shortestDigits(double number) {
   return {digits.data(), end};
 }
 
-std::string columnLetters(int column) {
-  std::string letters;
-  for (; column > 0; column = (column - 1) / 26)
-    letters.insert(letters.begin(), static_cast<char>('A' + (column - 1) % 26));
-  return letters;
+// Of a formula's addresses column A is number 0.
+std::string spreadsheetPlace(int row, int column) {
+  return columnLetters(column - 1) + std::to_string(row);
 }
 
 std::vector<std::size_t> sheetsToRead(const CutBook& book) {
@@ -63,9 +63,8 @@ std::string CutTable::text(const CutField& field) const {
 }
 
 std::string CutTable::place(int rowNumber, std::size_t column) const {
-  const std::string number = std::to_string(rowNumber);
-  if (namesApart) return "case " + number + ", " + columns[column].name;
-  return columnLetters(columns[column].number) + number;
+  if (namesApart) return "case " + std::to_string(rowNumber) + ", " + columns[column].name;
+  return spreadsheetPlace(rowNumber, columns[column].number);
 }
 
 }  // namespace tolmer

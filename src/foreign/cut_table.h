@@ -112,8 +112,8 @@ inline constexpr std::size_t mostCutFields = 1'000'000;
 inline constexpr std::size_t mostCutTextBytes = std::size_t{6} << 20;
 inline constexpr std::size_t longestCutText = 1000;  // bytes
 
-// "A" for 1, "AA" for 27.
-std::string columnLetters(int column);
+// "J6" for row 6 and column 10.
+std::string spreadsheetPlace(int row, int column);
 // The fewest digits that read back to the same bits.
 std::string shortestDigits(double number);
 

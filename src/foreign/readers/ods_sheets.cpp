@@ -183,7 +183,7 @@ void OdsSheetsSink::endCell() {
   column_ = std::min(column_ + cell_.columns, lastColumn + 1);
   const bool isUnsolved = cell_.hasFormula && cell_.type.empty() && cellText_.empty();
   if (isUnsolved && current_->unsolved.empty())
-    current_->unsolved = columnLetters(first) + std::to_string(row_ + 1);
+    current_->unsolved = spreadsheetPlace(row_ + 1, first);
   const bool isText = cell_.type == "string" || (cell_.type.empty() && !cellText_.empty());
   if (isText && (!cell_.hasStringValue || cell_.isError)) cell_.value = cellText_;
   if (cell_.value.empty()) return;

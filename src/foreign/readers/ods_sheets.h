@@ -53,7 +53,7 @@ class OdsSheetsSink : public XmlSink {
   void putNumber(const Cell& cell, int column);
   bool isWanted(const SheetInfo& sheet) const;
   bool isBetter(const SheetInfo& sheet) const;
-  std::string place(int column) const { return columnLetters(column) + std::to_string(row_); }
+  std::string place(int column) const { return spreadsheetPlace(row_, column); }
 
   const CutRequest& request_;
   std::vector<SheetInfo> sheets_;

@@ -38,7 +38,7 @@ class XlsxSheetSink : public XmlSink {
   CutKind kind() const;
   double inDays(double serial) const;
   void damaged(std::string_view what);
-  std::string place() const { return columnLetters(column_) + std::to_string(row_); }
+  std::string place() const { return spreadsheetPlace(row_, column_); }
 
   const XlsxStyles& styles_;
   TableCollector& collector_;
