@@ -219,7 +219,10 @@ std::string importProgram() {
   return name.string();
 }
 
-bool isForeign(std::string_view bytes) { return kindOfFile(bytes) != ForeignKind::text; }
+bool isForeign(std::string_view bytes) {
+  const ForeignKind kind = kindOfFile(bytes);
+  return kind != ForeignKind::text && kind != ForeignKind::other;
+}
 
 bool isForeignFile(const std::string& hostFileName) {
   struct stat facts {};

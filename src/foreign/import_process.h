@@ -20,8 +20,8 @@ struct ImportReader {
   std::chrono::milliseconds patience{15000};  // by the clock; it has 5 s of the processor at most
 };
 
-// Whether a file is of a kind that text has no part in, by its first bytes. False also where it
-// cannot be read.
+// Whether a file is known to be no text but another program's, by its first bytes. False also where
+// it cannot be read.
 bool isForeignFile(const std::string& hostFileName);
 bool isForeign(std::string_view bytes);
 

@@ -435,6 +435,21 @@ TEST_F(DataEditorFiles, TextThatCannotBeReadIsToldAndTheSheetStands) {
   });
 }
 
+TEST_F(DataEditorFiles, AnotherProgramsFileIsNamedByItsContentAndTheSheetStands) {
+  const std::string old = folder.file("old.zmm");
+  write(old, "<html><body><table><tr><td>1</td></tr></table>");
+  visit([&] {
+    opens(old);
+    script.box({"Bad File",
+                old + ": it is a web page, whatever its name says; open it in your spreadsheet "
+                      "program and save it as xlsx or ods",
+                MessageIcon::exclamation});
+    click("cmdOpen");
+    EXPECT_FALSE(editor.sheet().changeMade());
+    click("cmdCancel");
+  });
+}
+
 TEST_F(DataEditorFiles, TextForOthersIsNoFileOfTheDataSet) {
   const std::string text = folder.file("mine.csv");
   visit([&] {
