@@ -108,8 +108,11 @@ std::string DataSetFiles::dataFolder() const {
 }
 
 OpenOutcome DataSetFiles::open() {
-  const auto chosen = desktop_.openFileDialog(
-      {.title = "Open", .kinds = editorFileKinds(sheet_.variables()), .folder = dataFolder()});
+  auto kinds = editorFileKinds(sheet_.variables());
+  kinds.insert(kinds.end() - 1, {"Workbooks and statistics files",
+                                 {"xlsx", "xlsm", "ods", "fods", "sav", "zsav", "dta", "gdt"}});
+  const auto chosen =
+      desktop_.openFileDialog({.title = "Open", .kinds = std::move(kinds), .folder = dataFolder()});
   if (!chosen || wasGivenUp(chosen->path, false)) return {};
   if (isForeignFile(chosen->path)) return {openForeign(chosen->path)};
   return isTextData(chosen->path) ? OpenOutcome{openText(chosen->path)} : openFile(chosen->path);

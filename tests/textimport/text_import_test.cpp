@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "foreign/import_process.h"
+#include "support/tree.h"
 #include "textimport/typed_number.h"
 
 namespace tolmer {
@@ -364,6 +366,29 @@ TEST(CutTable, ofSeveralSheetsIsTheOneThatIsChosen) {
   EXPECT_EQ(import.preview({{ImportDoubt::sheet, 2}}).error().message(), "Old: it is damaged");
   EXPECT_TRUE(import.preview({{ImportDoubt::sheet, 1}}));
   EXPECT_EQ(read, "Data;Old;");
+}
+
+// The same cases as six programs have written them.
+TEST(CutTable, landsAlikeFromEveryFormat) {
+  const auto land = [](const std::string& name, const CutRequest& request) {
+    const ImportReader reader{.program = TOLMER_PROGRAM_FOLDER "/tolimport"};
+    auto book = importFile(TOLMER_SOURCE_DIR "/fuzz/corpus/foreign_file/" + name, request, reader);
+    if (!book) return book.error().message();
+    const auto table =
+        TextImport::of(std::move(*book), {}, asFile)
+            .apply({{ImportDoubt::sheet, 1}, {ImportDoubt::heading, 0}, {ImportDoubt::dates, 0}});
+    if (!table) return table.error().message();
+    std::string all;
+    for (int row = 0; row <= table->cells.lastRow(); ++row)
+      for (int column = 0; column < 4; ++column)
+        all += cellText(table->cells(row, column)) + (column < 3 ? " " : "|");
+    return all;
+  };
+  const std::string cases = "'Oslo 12.5 27.3 45350|'K\u00F8ge, S -0.1 1e-07 45351| 3  45352|";
+  for (const char* name : {"haven.sav", "haven.zsav", "haven14.dta", "haven8.dta"})
+    EXPECT_EQ(land(name, {}), cases) << name;
+  EXPECT_EQ(land("openpyxl.xlsx", {.sheet = "Data"}), cases);
+  EXPECT_EQ(land("xlsxwriter.xlsx", {}), cases);
 }
 
 }  // namespace
