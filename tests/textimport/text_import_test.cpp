@@ -374,9 +374,11 @@ TEST(CutTable, landsAlikeFromEveryFormat) {
     const ImportReader reader{.program = TOLMER_PROGRAM_FOLDER "/tolimport"};
     auto book = importFile(TOLMER_SOURCE_DIR "/fuzz/corpus/foreign_file/" + name, request, reader);
     if (!book) return book.error().message();
-    const auto table =
-        TextImport::of(std::move(*book), {}, asFile)
-            .apply({{ImportDoubt::sheet, 1}, {ImportDoubt::heading, 0}, {ImportDoubt::dates, 0}});
+    const auto table = TextImport::of(std::move(*book), {}, asFile)
+                           .apply({{ImportDoubt::sheet, 1},
+                                   {ImportDoubt::heading, 0},
+                                   {ImportDoubt::words, 0},
+                                   {ImportDoubt::dates, 0}});
     if (!table) return table.error().message();
     std::string all;
     for (int row = 0; row <= table->cells.lastRow(); ++row)
