@@ -368,7 +368,7 @@ TEST(CutTable, ofSeveralSheetsIsTheOneThatIsChosen) {
   EXPECT_EQ(read, "Data;Old;");
 }
 
-// The same cases as six programs have written them.
+// The same cases in six files of four formats.
 TEST(CutTable, landsAlikeFromEveryFormat) {
   const auto land = [](const std::string& name, const CutRequest& request) {
     const ImportReader reader{.program = TOLMER_PROGRAM_FOLDER "/tolimport"};
