@@ -167,17 +167,17 @@ TEST_F(BookCompiler, namesLineAndReasonOfEachFault) {
       {databasePage + "database -1: D\n", "8: database: its level is below 0"},
       {head + "section: S\npage: database\noutline 3:\ndatabase 1: D\n",
        "7: outline element: it has 3 outlines"},
+      {head +
+           [] {
+             std::string nine;
+             for (int i = 0; i < 9; ++i) nine += "section: S\npage: plain\n";
+             return nine;
+           }(),
+       "21: this would be section 9, a book has at most 8"},
       {minimal + "default database: A\ndefault database: B\ndefault database: C\n",
        "9: a book has at most 2 default databases"},
   };
   for (const auto& one : cases) EXPECT_THAT(complaints(one.source), HasSubstr(one.complaint));
-}
-
-TEST_F(BookCompiler, tellsAllFaultsInTheOrderOfTheLines) {
-  EXPECT_EQ(complaints(minimal + "jump 9.1: x\ntext:\nfoo: bar\npicture: none.png\n"),
-            "7: jump element: there is no page 1 of section 9 to jump to\n"
-            "8: a text is missing behind \"text:\"\n9: unknown keyword \"foo\"\n"
-            "10: there is no file none.png\n");
 }
 
 TEST_F(BookCompiler, aFifthScenarioOfAPageIsRefused) {

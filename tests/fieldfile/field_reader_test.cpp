@@ -114,11 +114,6 @@ TEST(Errors, nameFileLineAndField) {
             "f.txt:3: field 5: a text was expected, but the file ends here");
 }
 
-TEST(Errors, quoteOnlyTheBeginningOfALongField) {
-  const std::string text = reading(std::string(500, 'x')).readSingle().error().text;
-  EXPECT_LT(text.size(), 100u);
-}
-
 TEST(Lines, areTakenAsTheyStand) {
   FieldReader reader = reading(" a, \"b\" \r\n\nc\rlast");
   for (const char* expected : {" a, \"b\" ", "", "c", "last"})

@@ -1,10 +1,7 @@
-// What is recalculated, in which order, and what stands in a cycle.
+// What is recalculated, in which order, and what stands in a cycle. Random edits are compared with
+// a model in editor/data_editor_random_test.cpp.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <algorithm>
-#include <random>
-#include <set>
 
 #include "formula/small_sheet.h"
 
@@ -49,73 +46,6 @@ TEST(Recalculation, MarksCyclesAndMendsThem) {
     EXPECT_EQ(shown(sheet.value("=F1")), "#CYCLE") << itself;
     sheet.type("F1", "1");
   }
-}
-
-// The same dependencies told naively: which formulas hold, directly or not, any of the changed
-// cells, and which hold themselves.
-class PlainGraph {
- public:
-  std::map<CellAddress, std::vector<CellRange>> formulas;
-
-  std::set<CellAddress> behind(CellAddress changed) const {
-    std::set<CellAddress> found;
-    std::vector<CellAddress> open = {changed};
-    while (!open.empty()) {
-      const CellAddress cell = open.back();
-      open.pop_back();
-      for (const auto& [formula, ranges] : formulas)
-        if (std::any_of(ranges.begin(), ranges.end(), [&](auto& r) { return r.holds(cell); }) &&
-            found.insert(formula).second)
-          open.push_back(formula);
-    }
-    return found;
-  }
-};
-
-TEST(DependencyGraph, AgreesWithANaiveSearchThroughoutRandomEdits) {
-  std::mt19937 random(4);
-  const SheetSize size{6, 5};
-  const auto draw = [&](int from, int to) {
-    return from + static_cast<int>(random() % static_cast<unsigned>(to - from + 1));
-  };
-  DependencyGraph graph(size);
-  PlainGraph plain;
-  int cyclesSeen = 0;
-  for (int edit = 0; edit < 4000; ++edit) {
-    const CellAddress cell{draw(1, 6), draw(0, 5)};
-    graph.remove(cell);
-    plain.formulas.erase(cell);
-    std::set<CellRange> ranges;
-    for (int i = draw(0, 2); i > 0; --i) {
-      const CellAddress first{draw(1, 6), draw(0, 5)};
-      const bool isSingle = draw(0, 1) == 0;
-      ranges.insert({first,
-                     {isSingle ? first.row : std::min(6, first.row + draw(0, 2)),
-                      isSingle ? first.column : std::min(5, first.column + draw(0, 1))}});
-    }
-    if (draw(0, 2) > 0) {
-      graph.set(cell, {ranges.begin(), ranges.end()});
-      plain.formulas[cell] = {ranges.begin(), ranges.end()};
-    }
-
-    std::set<CellAddress> wanted = plain.behind(cell);
-    if (plain.formulas.contains(cell)) wanted.insert(cell);
-    const CellAddress changed[] = {cell};
-    const RecalculationOrder order = graph.orderAfter(changed);
-    std::set<CellAddress> done(order.cycles.begin(), order.cycles.end());
-    for (const CellAddress circular : order.cycles)
-      ASSERT_TRUE(plain.behind(circular).contains(circular));
-    cyclesSeen += !order.cycles.empty();
-    for (const CellAddress next : order.cells) {
-      const std::set<CellAddress> later = plain.behind(next);
-      ASSERT_FALSE(later.contains(next));
-      for (const CellAddress before : done)
-        ASSERT_TRUE(!later.contains(before) || plain.behind(before).contains(before));
-      ASSERT_TRUE(done.insert(next).second);
-    }
-    ASSERT_EQ(done, wanted) << "edit " << edit;
-  }
-  EXPECT_GT(cyclesSeen, 100);
 }
 
 }  // namespace

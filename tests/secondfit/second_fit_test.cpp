@@ -177,27 +177,6 @@ TEST(SecondFit, InfluenceIsWhatLeavingACaseOutDoes) {
   }
 }
 
-// Each inflation factor from a fit of its own, with an intercept, as the displays define it.
-TEST(SecondFit, InflationIsThatOfTheRegressionOnTheOthers) {
-  for (const bool intercept : {true, false}) {
-    const ModelData data = heldData(cementModel(intercept));
-    const SecondFit fit = fitSecond(data);
-    for (int j = intercept; j < data.terms; ++j) {
-      ModelData other;
-      other.cases = data.cases;
-      other.terms = intercept ? data.terms - 1 : data.terms;
-      other.intercept = true;
-      other.x.assign(static_cast<std::size_t>(data.cases), 1);
-      for (int term = intercept; term < data.terms; ++term)
-        for (int i = 0; i < data.cases; ++i)
-          (term == j ? other.y : other.x).push_back(data.at(i, term));
-      EXPECT_NEAR(fit.byTerm[static_cast<std::size_t>(j)].inflation.value *
-                      (1 - fitSecond(other).model.rSquared.value),
-                  1, 1e-9);
-    }
-  }
-}
-
 std::string written(const std::vector<Combination>& all) {
   std::ostringstream text;
   for (const Combination& one : all) {

@@ -287,25 +287,6 @@ TEST(DataSheetTest, CopiesExactlyAndFillsWithFormulas) {
   EXPECT_EQ(sheet.editText(4, 2), "");
 }
 
-TEST(DataSheetTest, StandardFormatLeavesChangedColumnsAlone) {
-  DataSheet sheet(3, 3);
-  sheet.setDecimals(2, 5);
-  sheet.setStandardDecimals(1, false);
-  EXPECT_THAT(sheet.content().decimals, testing::Contains(5).Times(1));
-  sheet.setDecimals(2, 1);  // follows again
-  sheet.setStandardDecimals(99, false);
-  for (int c = 1; c <= 3; ++c) EXPECT_EQ(sheet.decimals(c), maxDecimals);
-  sheet.undo();
-  EXPECT_EQ(sheet.miStdDecDigits(), 1);
-  sheet.markSaved("f");
-  sheet.setDecimals(2, 1);
-  EXPECT_TRUE(sheet.changeMade()) << "OK of the format counts as a change";
-  DataSheet four(3, 4);
-  four.setStandardDecimals(2, true);
-  EXPECT_EQ(four.decimals(3), 0);
-  EXPECT_EQ(four.heading(3), "Binary");
-}
-
 TEST(DataSheetTest, CancelUnmarksTheDataButDoesNotSaveThem) {
   DataSheet sheet(5, 5);
   sheet.markChanged();
@@ -354,17 +335,6 @@ TEST(DataSheetTest, KnowsWhatIsUnsaved) {
   sheet.startVisit();
   EXPECT_TRUE(sheet.changeMade()) << "unsaved data stay unsaved from visit to visit";
   EXPECT_FALSE(sheet.undo());
-}
-
-TEST(DataSheetTest, CutsAnOpenedContentToItsSize) {
-  DataSheet sheet(3, 2);
-  SheetContent content(4, 3);
-  content.cells(4, 3) = content.cells(2, 1) = {.kind = DataCell::Kind::number, .number = 8};
-  content.cells(0, 2) = {.kind = DataCell::Kind::text, .text = "Own"};
-  sheet.replaceWith(content, "file");
-  EXPECT_EQ(sheet.heading(1), "Var1");
-  EXPECT_EQ(sheet.heading(2), "Own");
-  EXPECT_EQ(sheet.lastUsedRow(), 2);
 }
 
 }  // namespace

@@ -99,22 +99,6 @@ TEST_F(AutosaveTest, adoptedWorkIsNeverWithoutACopy) {
   EXPECT_EQ(files(), 0);
 }
 
-TEST_F(AutosaveTest, discardedWorkAndLocksWithoutWorkGo) {
-  {
-    Autosave crashed(&places, clock);
-    writeAside(crashed, "old");
-  }
-  places.lost().front()->remove();
-  EXPECT_EQ(files(), 0);
-  {
-    Autosave crashed(&places, clock);
-    writeAside(crashed, "old");
-    crashed.clean();
-  }
-  EXPECT_EQ(titlesFound(), "");
-  EXPECT_EQ(files(), 0);
-}
-
 TEST_F(AutosaveTest, aFailureIsToldOnceAndTriedAgain) {
   fs::create_directories(temp.file("state"));
   std::FILE* inTheWay = std::fopen(folder.c_str(), "w");
@@ -192,28 +176,6 @@ TEST_F(AutosaveTest, aLockFileThatSomebodyClearedAwayHidesNoWork) {
   fs::remove_all(folder);
   writeAside(running, "four");
   EXPECT_EQ(files(), 2);
-}
-
-// The child is killed while it writes as fast as it can; what it leaves is whole.
-TEST_F(AutosaveTest, aKilledProgramLeavesItsWorkToBeFound) {
-  int found = 0;
-  for (int kill = 0; kill < 50; ++kill) {
-    std::optional<Autosave> autosave;  // of the child: this process never makes one
-    test::killWhileWorking(
-        [&] {
-          if (!autosave) autosave.emplace(&places, clock);
-          writeAside(*autosave, "work");
-        },
-        static_cast<unsigned>(200 * kill), kill % 2);
-    for (const VisitPlacePointer& work : places.lost()) {
-      const auto content = workIn(*work);
-      ASSERT_TRUE(content) << content.error().message();
-      EXPECT_EQ(content->sheet.title, "work");
-      work->remove();
-      ++found;
-    }
-  }
-  EXPECT_GE(found, 25);  // of every second one for certain
 }
 
 TEST_F(AutosaveTest, theFolderIsTheUsersOwn) {

@@ -5,14 +5,12 @@
 #include <sys/stat.h>
 
 #include <bit>
-#include <chrono>
 #include <filesystem>
 #include <limits>
 #include <random>
 
 #include "base/file_io.h"
 #include "sheetfiles/text_export.h"
-#include "support/killed_program.h"
 #include "support/temp_folder.h"
 #include "textimport/text_import.h"
 #include "textimport/typed_number.h"
@@ -74,11 +72,11 @@ SheetContent anySheet(Random& random, int rows, int columns) {
   return sheet;
 }
 
-// All cells of the first rows filled; `cell(row, column)` gives the values.
+// All cells filled; `cell(row, column)` gives the values.
 template <class Make>
-SheetContent fullSheet(Make cell, int rows = editorObservations) {
+SheetContent fullSheet(Make cell) {
   SheetContent sheet(editorObservations, editorVariables);
-  for (int row = 1; row <= rows; ++row) {
+  for (int row = 1; row <= editorObservations; ++row) {
     sheet.cells(row, 0) = text("a label of some length " + std::to_string(row));
     for (int column = 1; column <= editorVariables; ++column)
       sheet.cells(row, column) = cell(row, column);
@@ -241,31 +239,6 @@ TEST_F(EditorFile, aSaveLeavesAFileAloneWhoseNameDiffersInCase) {
   ASSERT_FALSE(writeFileAtomically(folder.file("a.CSV"), sheetText(sheet, ',')));
   ASSERT_FALSE(writeFileAtomically(folder.file("a.csv"), sheetText(sheet, ',')));
   EXPECT_TRUE(fs::exists(folder.file("a.CSV")) && fs::exists(folder.file("a.csv")));
-}
-
-// A child saves two sheets in turn until it is killed; the file is always one of them, whole.
-TEST_F(EditorFile, aKillAtAnyMomentLeavesTheOldOrTheNewFile) {
-  Random random(9);
-  const SheetContent sheets[] = {
-      fullSheet([](int row, int column) { return number(row * column); }, 50),
-      fullSheet([](int row, int) { return number(1.0 / row); }, 50)};
-  ASSERT_FALSE(saveEditorFile(name, sheets[0]));
-  const auto before = std::chrono::steady_clock::now();
-  ASSERT_FALSE(saveEditorFile(name, sheets[1]));
-  const auto oneSave = std::chrono::duration_cast<std::chrono::microseconds>(
-      std::chrono::steady_clock::now() - before);
-  int seen[2] = {0, 0};
-  for (int kill = 0; kill < 200; ++kill) {
-    test::killWhileWorking([&, i = kill]() mutable { saveEditorFile(name, sheets[i++ % 2]); },
-                           static_cast<unsigned>(random() % (2 * oneSave.count() + 1)));
-    const auto back = loadEditorFile(name);
-    ASSERT_TRUE(back) << back.error().message();
-    const int which = *back == sheets[0] ? 0 : 1;
-    ASSERT_EQ(*back, sheets[which]);
-    ++seen[which];
-  }
-  EXPECT_GT(seen[0], 0);
-  EXPECT_GT(seen[1], 0);
 }
 
 TEST_F(EditorFile, textDataGoOutAndComeBackExactly) {

@@ -126,19 +126,6 @@ TEST_F(SymbolFileTest, cutsAFileIntoSymbols) {
   script.finish();
 }
 
-TEST_F(SymbolFileTest, behindTheEndThereAreEmptySymbolsAndZeros) {
-  open("a\n");
-  EXPECT_EQ(symbols(reader), "[a]");
-  EXPECT_TRUE(reader.EndOfFile());
-  reader.ReadSymbol();
-  EXPECT_EQ(reader.Symbol(), "");
-  EXPECT_EQ(reader.LastAction(), 4);
-  reader.ReadNumber();
-  EXPECT_EQ(reader.Number(), 0);
-  EXPECT_EQ(reader.LastAction(), 3);
-  EXPECT_FALSE(reader.ErrorOccurred());
-}
-
 TEST_F(SymbolFileTest, aRewoundFileIsStillAtItsEndByName) {
   open(" a b\n");
   reader.RewindFile();
