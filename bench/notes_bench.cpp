@@ -1,16 +1,16 @@
 // Notes on an analysis, with the second fit and the judgement of all shown numbers, against the
-// engine's whole analysis, timed in one run. The tables are those that the displays show anyway. The
-// counter "share" is the least time of the former divided by the latter's: beside other load the
-// least is the steadiest.
+// engine's whole analysis, timed in one run. The tables are those that the displays show anyway.
+// The counter "share" is the least time of the former divided by the latter's: beside other load
+// the least is the steadiest.
 #include <benchmark/benchmark.h>
 
 #include <algorithm>
 #include <array>
 #include <chrono>
 
+#include "base/message_box.h"
 #include "engine/pipeline.h"
 #include "notes/notes.h"
-#include "support/recorded_messages.h"
 #include "support/regression_data.h"
 #include "tables/anova_table.h"
 #include "tables/case_lists.h"
@@ -28,7 +28,7 @@ double secondsSince(Clock::time_point start) {
 // Each iteration runs both, so that a change of clock speed or load meets both alike.
 void notes(benchmark::State& run) {
   AnalysisState state = noisyModel(static_cast<int>(run.range(0)), static_cast<int>(run.range(1)));
-  RecordedMessages messages;
+  MessageLog messages;
   Analyse(state, messages);
   const TableContent coefficients = coefficientTable(state);
   const TableContent variances = anovaTable(state);

@@ -4,9 +4,9 @@
 
 #include <chrono>
 
+#include "base/message_box.h"
 #include "engine/pipeline.h"
 #include "support/literal_pipeline.h"
-#include "support/recorded_messages.h"
 #include "support/regression_data.h"
 
 namespace tolmer {
@@ -16,7 +16,7 @@ using Clock = std::chrono::steady_clock;
 using Step = void (*)(AnalysisState&, MessagePort&);
 
 double analyse(AnalysisState& state, Step statistics, Step fit) {
-  RecordedMessages messages;
+  MessageLog messages;
   const auto start = Clock::now();
   statistics(state, messages);
   fit(state, messages);

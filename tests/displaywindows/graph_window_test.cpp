@@ -34,29 +34,12 @@ class GraphDisplayTest : public testing::Test {
   Graph& graph = *display.GraphPointer;
 };
 
-TEST_F(GraphDisplayTest, AResizeFitsAndRedrawsTheGraph) {
-  setInnerSize(display, 500, 300);
-  EXPECT_EQ(graph.place(), (Rect{0, 0, pixels(500), pixels(300)}));
-  EXPECT_EQ(graph.plot().picture().size.width, 500);
-  EXPECT_THAT(graph.plot().overlay(), Not(IsEmpty()));
-  EXPECT_TRUE(state.bProcessResize);
-  EXPECT_EQ(display.updateLocks(), 0);
-}
-
 TEST_F(GraphDisplayTest, AResizeByTheShellDoesNothing) {
   state.bProcessResize = false;
   setInnerSize(display, 500, 300);
   EXPECT_EQ(graph.place(), Rect{});
   EXPECT_THAT(graph.plot().picture().primitives, IsEmpty());
   EXPECT_FALSE(state.bProcessResize);
-}
-
-TEST_F(GraphDisplayTest, WithoutAFitThereIsNothingToDraw) {
-  AnalysisState empty;
-  GraphWindow early(desktop, empty, host, *findDisplay("frmScatterPlot1"));
-  setInnerSize(early, 500, 300);
-  EXPECT_THAT(early.GraphPointer->plot().overlay(), IsEmpty());
-  EXPECT_THAT(early.GraphPointer->plot().settings.points, IsEmpty());
 }
 
 // A window may change its size between the choice of a model and its analysis.
@@ -123,17 +106,6 @@ TEST_F(GraphDisplayTest, ThePanelEditsTheScatterPlotThatWasTouchedLast) {
   first.Click();
   EXPECT_EQ(state.iCurrentPlot, 1);
   EXPECT_THAT(host.calls, testing::AllOf(SizeIs(5), testing::Each(std::string("enabled"))));
-}
-
-TEST_F(GraphDisplayTest, TheCopyCarriesBarsAndCurve) {
-  setInnerSize(display, 500, 300);
-  display.CopyGraph();
-  const std::string& svg = desktop.clipboard().svg;
-  EXPECT_THAT(svg, HasSubstr("<title>Histogram of Residuals</title>"));
-  EXPECT_THAT(svg, HasSubstr("<desc>Histogram of 24 residuals"));
-  EXPECT_THAT(svg, HasSubstr("stroke=\"#1a4fe0\""));
-  EXPECT_THAT(svg, HasSubstr("stroke=\"#d91e18\""));
-  EXPECT_THAT(desktop.clipboard().text, IsEmpty());
 }
 
 }  // namespace

@@ -48,12 +48,6 @@ TEST_F(InterpretationDisplayTest, FillsTheWindowOnceTheProgramHasStarted) {
   EXPECT_EQ(text.place(), (Rect{100, 150, 0, 0}));
 }
 
-TEST_F(InterpretationDisplayTest, CopiesItsText) {
-  display.UpdateDisplay();
-  display.CopyGraph();
-  EXPECT_EQ(desktop.clipboard().text, text.text());
-}
-
 TEST_F(InterpretationDisplayTest, ClicksReachThePanelAndTheMenu) {
   raise(display.Click);
   raise(display.fraInterpretation.MouseUp, MouseButton::left);
@@ -82,12 +76,6 @@ TEST_F(InterpretationDisplayTest, KeysScrollWithoutACaretAndOpenTheMenu) {
   EXPECT_THAT(host.calls, ElementsAre("menu", "menu"));
   text.setFocus();
   EXPECT_FALSE(press({.code = keys::pageUp})) << "the box scrolls by itself";
-}
-
-TEST_F(InterpretationDisplayTest, TheTitleSaysWhenThereIsNoValidFit) {
-  state.Fit.bSingular = true;
-  display.UpdateDisplay();
-  EXPECT_EQ(display.caption(), "Interpretation (no valid fit)");
 }
 
 }  // namespace

@@ -69,15 +69,6 @@ TEST_F(TableDisplayTest, ScrollsInAWindowThatIsTooSmall) {
   EXPECT_LT(anova.grid().rowHeight(5), anova.grid().rowHeight(1) / 4) << "the separator";
 }
 
-TEST_F(TableDisplayTest, LettersGrowWithTheWindowAndShrinkAgain) {
-  resize(600, 320);
-  const float small = anova.grid().font().pixels;
-  resize(1920, 1050);
-  EXPECT_GT(anova.grid().font().pixels, small);
-  resize(600, 320);
-  EXPECT_EQ(anova.grid().font().pixels, small);
-}
-
 TEST_F(TableDisplayTest, AResizeWritesTheTableAnewUnlessTheProgramIsStarting) {
   state.bStartingUp = true;
   resize(600, 320);
@@ -125,25 +116,6 @@ TEST_F(TableDisplayTest, ClicksReachTheControlPanelAndTheMenu) {
   EXPECT_EQ(state.frmCurrentDisplay, &coefficients);
 }
 
-TEST_F(TableDisplayTest, TheTitleSaysWhenThereIsNoValidFit) {
-  coefficients.UpdateDisplay();
-  EXPECT_EQ(coefficients.caption(), "Estimated Coefficients");
-  state.Fit.bSingular = true;
-  coefficients.UpdateDisplay();
-  anova.UpdateDisplay();
-  EXPECT_EQ(coefficients.caption(), "Estimated Coefficients (no valid fit)");
-  EXPECT_EQ(anova.caption(), "ANOVA Table (no valid fit)");
-  state.Fit.bSingular = false;
-  anova.UpdateDisplay();
-  EXPECT_EQ(anova.caption(), "ANOVA Table");
-}
-
-TEST_F(TableDisplayTest, ClosesOnlyWhenTheShellAllowsIt) {
-  EXPECT_FALSE(anova.requestClose());
-  state.bAllowUnload = true;
-  EXPECT_TRUE(anova.requestClose());
-}
-
 TEST_F(TableDisplayTest, HeadsAndCasesStayInPlace) {
   TableWindow list(desktop, state, host, *findDisplay("frmDataList"));
   state.tLabelColName = "Batch";
@@ -187,13 +159,6 @@ TEST_F(TableDisplayTest, LooksFollowFromWhatTheCellsAre) {
   EXPECT_EQ(look(1, 3), (CellStyle{.align = Align::right, .back = colours::cyan}));
   EXPECT_EQ(look(1, 4), CellStyle{});
   EXPECT_EQ(look(2, 4), (CellStyle{.back = face, .fore = text}));
-}
-
-TEST_F(TableDisplayTest, TheLargestModelScrolls) {
-  state = bareAnalysis(500, 49, true);
-  resize(632, 352);
-  EXPECT_EQ(coefficients.grid().maxRows(), 54);
-  EXPECT_EQ(coefficients.grid().scrollBars(), ScrollBars::vertical);
 }
 
 }  // namespace

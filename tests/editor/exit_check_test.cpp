@@ -3,7 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "support/recorded_messages.h"
+#include "support/box_texts.h"
 
 namespace tolmer {
 namespace {
@@ -67,31 +67,39 @@ TEST(ExitCheckTest, WantsDataInTheFirstSoManyVariables) {
   DataSheet sheet(10, 3);
   fill(sheet, {{"", "1", "4"}, {"", "2", "6"}, {"", "3", "5"}});
   sheet.enter(0, 3, "Rent");
-  RecordedMessages messages;
+  MessageLog messages;
   EXPECT_TRUE(bfDataAreValid(sheet, {.miMinVariables = 2}, messages).valid);
   EXPECT_FALSE(bfDataAreValid(sheet, {.miMinVariables = 3}, messages).valid);
-  ASSERT_EQ(messages.boxes.size(), 1u);
-  EXPECT_EQ(messages.boxes[0].title, "");
-  EXPECT_EQ(messages.boxes[0].text, "You need data for variable Rent");
-  EXPECT_EQ(messages.boxes[0].icon, MessageIcon::none);
+  ASSERT_EQ(messages.boxes().size(), 1u);
+  EXPECT_EQ(messages.boxes()[0].box.title, "");
+  EXPECT_EQ(messages.boxes()[0].box.text, "You need data for variable Rent");
+  EXPECT_EQ(messages.boxes()[0].box.icon, MessageIcon::none);
 }
 
-TEST(ExitCheckTest, ComparesValuesAsSingles) {
-  DataSheet sheet(10, 1);
-  fill(sheet, {{"", "1"}, {"", "1.000000000001"}, {"", "1"}});
-  RecordedMessages messages;
+TEST(ExitCheckTest, RefusesOneValueAsASingleUnlessItIsZero) {
+  DataSheet sheet(10, 3);
+  fill(sheet, {{"", "1", "0", "1234.5678"},
+               {"", "1.000000000001", "0", "1234.5678"},
+               {"", "1", "0", "1234.5678"}});
+  MessageLog messages;
   EXPECT_FALSE(bfDataAreValid(sheet, {}, messages).valid);
-  EXPECT_THAT(messages.texts(), ElementsAre("Your Variable X has only 1 value: 1"));
+  sheet.enter(2, 1, "2");
+  EXPECT_FALSE(bfDataAreValid(sheet, {}, messages).valid);
+  sheet.enter(2, 3, "2");
+  EXPECT_TRUE(bfDataAreValid(sheet, {}, messages).valid);
+  EXPECT_THAT(test::textsOf(messages), ElementsAre("Your Variable Var1 has only 1 value: 1",
+                                                   "Your Variable Var3 has only 1 value: 1,235"));
+  EXPECT_EQ(messages.boxes()[0].box.icon, MessageIcon::critical);
 }
 
 TEST(ExitCheckTest, RefusesWhatNoSingleCanHold) {
   DataSheet sheet(10, 2);
   fill(sheet, {{"", "1", "3e38"}, {"", "2", "-4e38"}, {"", "3", "0"}});
   sheet.enter(0, 2, "Debt");
-  RecordedMessages messages;
+  MessageLog messages;
   EXPECT_FALSE(bfDataAreValid(sheet, {}, messages).valid);
-  EXPECT_THAT(messages.texts(), ElementsAre("Your Variable Debt has the value -4e+38. The "
-                                            "analysis takes numbers up to 3.4e38."));
+  EXPECT_THAT(test::textsOf(messages), ElementsAre("Your Variable Debt has the value -4e+38. The "
+                                                   "analysis takes numbers up to 3.4e38."));
   sheet.enter(2, 2, "-3.4e38");
   EXPECT_TRUE(bfDataAreValid(sheet, {}, messages).valid);
 }

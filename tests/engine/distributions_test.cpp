@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "engine/distributions.h"
-#include "support/recorded_messages.h"
+#include "support/box_texts.h"
 
 namespace tolmer {
 namespace {
@@ -16,8 +16,8 @@ constexpr double infinity = std::numeric_limits<double>::infinity();
 
 class Distributions : public testing::Test {
  protected:
-  void TearDown() override { EXPECT_TRUE(messages.boxes.empty()); }
-  RecordedMessages messages;
+  void TearDown() override { EXPECT_TRUE(messages.boxes().empty()); }
+  MessageLog messages;
 };
 
 TEST_F(Distributions, GammaLnAgreesToItsSeries) {
@@ -46,15 +46,16 @@ TEST_F(Distributions, BetaIIsTheIncompleteBetaFunctionWithoutLogarithmsAtItsEnds
 
 TEST(BetaIMessage, AnArgumentOutsideZeroToOneIsReported) {
   for (const double x : {-0.001, 1.001, -infinity, infinity}) {
-    RecordedMessages messages;
+    MessageLog messages;
     EXPECT_TRUE(std::isnan(BetaI(2, 3, x, messages)));
-    ASSERT_EQ(messages.texts(), std::vector<std::string>{"Bad X argument in function BetaI"});
-    EXPECT_EQ(messages.boxes[0].icon, MessageIcon::none);
-    EXPECT_EQ(messages.boxes[0].title, "");
+    ASSERT_EQ(test::textsOf(messages),
+              std::vector<std::string>{"Bad X argument in function BetaI"});
+    EXPECT_EQ(messages.boxes()[0].box.icon, MessageIcon::none);
+    EXPECT_EQ(messages.boxes()[0].box.title, "");
   }
-  RecordedMessages messages;
+  MessageLog messages;
   FDist(3, 9, -0.5, messages);
-  EXPECT_EQ(messages.boxes.size(), 1U);
+  EXPECT_EQ(messages.boxes().size(), 1U);
 }
 
 TEST_F(Distributions, TDistIsTheLeftTail) {

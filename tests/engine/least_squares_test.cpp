@@ -4,15 +4,15 @@
 
 #include <cmath>
 
+#include "base/message_box.h"
 #include "engine/pipeline.h"
-#include "support/recorded_messages.h"
 #include "support/regression_data.h"
 
 namespace tolmer {
 namespace {
 
-RecordedMessages analyse(AnalysisState& state) {
-  RecordedMessages messages;
+MessageLog analyse(AnalysisState& state) {
+  MessageLog messages;
   ComputeStatistics(state, messages);
   FitRegression(state, messages);
   return messages;
@@ -30,7 +30,7 @@ void expectNear(const char* name, const std::vector<float>& values,
 // Single precision of the coefficients of nearly collinear data leaves about five digits.
 TEST(MultipleRegression, AgreesWithRForCollinearData) {
   AnalysisState state = cementModel();
-  EXPECT_TRUE(analyse(state).boxes.empty());
+  EXPECT_TRUE(analyse(state).boxes().empty());
   const Fit& fit = state.Fit;
   expectNear("coefficients", fit.sCoef,
              {62.405369299917773, 1.551102647508448, 0.510167579684915, 0.101909403579662,
@@ -69,7 +69,7 @@ TEST(MultipleRegression, AgreesWithRWithoutAnIntercept) {
        {50, 18, 86, 7},  {50, 19, 72, 8},  {50, 19, 79, 8},  {50, 20, 80, 9},  {56, 20, 82, 15},
        {70, 20, 91, 15}},
       false);
-  EXPECT_TRUE(analyse(state).boxes.empty());
+  EXPECT_TRUE(analyse(state).boxes().empty());
   const Fit& fit = state.Fit;
   expectNear("coefficients", fit.sCoef, {0.79676520229442, 1.11142245907610, -0.62499326000319},
              1e-5);
@@ -96,9 +96,9 @@ TEST(MultipleRegression, AnInterceptAloneHasNothingToTest) {
   state.iNumCases = 4;
   RedimAnalysisArrays(state);
   RedimFitArrays(state, 1);
-  RecordedMessages messages;
+  MessageLog messages;
   MultipleRegression(data, std::vector<Int16>{0, 0, 1}, 1, 4, state.Fit, true, messages);
-  EXPECT_TRUE(messages.boxes.empty());
+  EXPECT_TRUE(messages.boxes().empty());
   EXPECT_FLOAT_EQ(state.Fit.sCoef[1], 7.5F);
   EXPECT_NEAR(state.Fit.sSSR, 0, 1e-9);
   EXPECT_EQ(state.Fit.sF, 999.999F);

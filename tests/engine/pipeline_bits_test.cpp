@@ -8,8 +8,8 @@
 #include <cstring>
 
 #include "engine/pipeline.h"
+#include "support/box_texts.h"
 #include "support/literal_pipeline.h"
-#include "support/recorded_messages.h"
 #include "support/regression_data.h"
 
 namespace tolmer {
@@ -82,21 +82,22 @@ void expectSameState(const AnalysisState& a, const AnalysisState& b) {
 std::vector<std::string> analyseBothWays(AnalysisState state) {
   for (int c = 1; c <= state.iNumCases; ++c) state.tSortedResidLabel[c] = std::to_string(c);
   AnalysisState plain = state;
-  RecordedMessages messages;
-  RecordedMessages plainMessages;
+  MessageLog messages;
+  MessageLog plainMessages;
   ComputeStatistics(state, messages);
   literal::ComputeStatistics(plain, plainMessages);
   expectSameState(state, plain);
   FitRegression(state, messages);
   literal::FitRegression(plain, plainMessages);
   expectSameState(state, plain);
-  EXPECT_EQ(messages.texts(), plainMessages.texts());
-  for (std::size_t i = 0; i < std::min(messages.boxes.size(), plainMessages.boxes.size()); ++i) {
-    EXPECT_EQ(messages.boxes[i].title, plainMessages.boxes[i].title);
-    EXPECT_EQ(messages.boxes[i].icon, plainMessages.boxes[i].icon);
-    EXPECT_EQ(messages.boxes[i].buttons, plainMessages.boxes[i].buttons);
+  EXPECT_EQ(test::textsOf(messages), test::textsOf(plainMessages));
+  for (std::size_t i = 0; i < std::min(messages.boxes().size(), plainMessages.boxes().size());
+       ++i) {
+    EXPECT_EQ(messages.boxes()[i].box.title, plainMessages.boxes()[i].box.title);
+    EXPECT_EQ(messages.boxes()[i].box.icon, plainMessages.boxes()[i].box.icon);
+    EXPECT_EQ(messages.boxes()[i].box.buttons, plainMessages.boxes()[i].box.buttons);
   }
-  return messages.texts();
+  return test::textsOf(messages);
 }
 
 template <class Change>

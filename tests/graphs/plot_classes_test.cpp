@@ -3,8 +3,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "support/box_texts.h"
 #include "support/graph_pictures.h"
-#include "support/recorded_messages.h"
 
 namespace tolmer {
 namespace {
@@ -40,7 +40,7 @@ class PlotBarTest : public testing::Test {
   // Where a value between 0 and 10 stands on the horizontal axis.
   double at(double x) const { return x / 10 * plot.width + plot.left; }
 
-  RecordedMessages messages;
+  MessageLog messages;
   SampleGraph graph{480, 280};
   PlotBar plotBar{messages};
   ViewRect plot;
@@ -59,18 +59,6 @@ TEST_F(PlotBarTest, ABarReachesToTheNextRowLessHalfTheGap) {
   EXPECT_EQ(boxes[1].colour, 1);
 }
 
-TEST_F(PlotBarTest, TheLastBarRunsToTheEdgeOfThePlot) {
-  const auto boxes = draw({{2, 5}, {4, 10}});
-  ASSERT_THAT(boxes, SizeIs(2));
-  EXPECT_NEAR(boxes[1].x + boxes[1].width, plot.right() - 1, 1e-4);
-}
-
-TEST_F(PlotBarTest, TheWiderOfTheTwoGapsHolds) {
-  plotBar.GapFraction = 0.05F;
-  const auto boxes = draw({{2, 5}, {4, 10}});
-  EXPECT_NEAR(boxes[1].x - boxes[0].x - boxes[0].width, 0.05 * plot.width, 1e-4);
-}
-
 TEST_F(PlotBarTest, BarsOfAtMostOneUnitAreLeftOut) {
   plotBar.MinY = 4;
   plotBar.MaxY = 4 + static_cast<float>(plot.height);
@@ -82,15 +70,10 @@ TEST_F(PlotBarTest, BarsOfAtMostOneUnitAreLeftOut) {
 
 TEST_F(PlotBarTest, LimitsOutOfOrderStopTheDrawing) {
   EXPECT_THAT(draw({{1, 5}, {3, 5}, {2.5F, 5}, {4, 5}}), SizeIs(1));
-  ASSERT_THAT(messages.boxes, SizeIs(1));
-  EXPECT_EQ(messages.boxes[0].title, "Error!!");
-  EXPECT_EQ(messages.boxes[0].text,
+  ASSERT_THAT(messages.boxes(), SizeIs(1));
+  EXPECT_EQ(messages.boxes()[0].box.title, "Error!!");
+  EXPECT_EQ(messages.boxes()[0].box.text,
             "Error in PlotBar.PlotBarData - data unsorted. See points 2 (3) and 3 (2.5).");
-}
-
-TEST_F(PlotBarTest, TheOrderOfBarsLeftOutIsNotLookedAt) {
-  EXPECT_THAT(draw({{3, 0}, {2, 5}, {4, 5}}), SizeIs(2));
-  EXPECT_THAT(messages.boxes, IsEmpty());
 }
 
 TEST_F(PlotBarTest, ColoursComeFromTheThirdColumnWhereAsked) {
@@ -105,19 +88,9 @@ TEST_F(PlotBarTest, ColoursComeFromTheThirdColumnWhereAsked) {
 TEST_F(PlotBarTest, RefusesTooFewColumns) {
   plotBar.UseSameColor = false;
   EXPECT_THAT(draw({{1, 5}, {2, 5}}), IsEmpty());
-  EXPECT_THAT(messages.texts(),
+  EXPECT_THAT(test::textsOf(messages),
               ElementsAre("Error in PlotBar.PlotBarData - Not enough columns in array."));
-  EXPECT_EQ(messages.boxes[0].title, "Error!!");
-}
-
-TEST(PlotBar, NeedsAGraphButColumnsFirst) {
-  RecordedMessages messages;
-  PlotBar plotBar(messages);
-  plotBar.PlotBarData(bars({{1}}));
-  plotBar.PlotBarData(bars({{1, 2}}));
-  EXPECT_THAT(messages.texts(),
-              ElementsAre("Error in PlotBar.PlotBarData - Not enough columns in array.",
-                          "Error in PlotBar.PlotBarData - Graph not set."));
+  EXPECT_EQ(messages.boxes()[0].box.title, "Error!!");
 }
 
 class EqualClasses : public testing::Test {
@@ -163,15 +136,6 @@ TEST_F(EqualClasses, ADataWindowMovesAndScalesTheBars) {
   EXPECT_NEAR(boxes()[0].width, plot.width / 2, 1e-4);
   EXPECT_EQ(boxes()[0].colour, 12);
   EXPECT_EQ(boxes()[0].pattern, 1);
-}
-
-TEST_F(EqualClasses, AllBarsAtOnce) {
-  const std::vector<float> counts{0, 100, 0, 25};
-  histogram.PlotHistData(graph, counts, 3);
-  ASSERT_THAT(boxes(), SizeIs(2));
-  EXPECT_NEAR(boxes()[0].height, plot.height, 1e-9);
-  EXPECT_NEAR(boxes()[1].x, plot.left + (2 + 0.05) * plot.width / 3, 1e-4);
-  EXPECT_NEAR(boxes()[1].height, plot.height / 4, 1e-9);
 }
 
 TEST_F(EqualClasses, APolygonJoinsTheMiddlesOfClasses) {

@@ -45,7 +45,7 @@ class TenResiduals : public test::GraphFixture {
 
 // The extremes of ten normal residuals, 1.645 standard errors, are 4.93: the axis must reach from
 // there to the largest residual in steps of 2.
-TEST_F(TenResiduals, HorizontalAxisHoldsDataAndNormalExtremes) {
+TEST_F(TenResiduals, AxesHoldDataNormalExtremesAndTheFullestClass) {
   const Axis& x = gphResid.settings.x;
   EXPECT_EQ(x.scaleMode, ScaleMode::userLimits);
   EXPECT_EQ(x.minimum, 0);
@@ -53,9 +53,6 @@ TEST_F(TenResiduals, HorizontalAxisHoldsDataAndNormalExtremes) {
   EXPECT_EQ(x.ticks, 7);
   EXPECT_THAT(x.labels, ElementsAre("-6", "-4", "-2", "0", "2", "4", "6", "8"));
   EXPECT_EQ(x.title, "Residual");
-}
-
-TEST_F(TenResiduals, VerticalAxisHoldsTheFullestClass) {
   const Axis& y = gphResid.settings.y;
   EXPECT_EQ(y.minimum, 0);
   EXPECT_EQ(y.maximum, 3.5F);
@@ -198,7 +195,7 @@ TEST_P(AnalysedHistograms, AreReadableAtEverySize) {
       test::expectReadable(picture);
       expectBarsInside(picture, 1);
     }
-  EXPECT_THAT(messages.boxes, SizeIs(0));
+  EXPECT_THAT(messages.boxes(), SizeIs(0));
 }
 
 INSTANTIATE_TEST_SUITE_P(CasesAndScale, AnalysedHistograms,
@@ -212,7 +209,7 @@ TEST(DegenerateResiduals, DrawWhatCanBeDrawn) {
   for (const float value : {0.0F, 5.0F, -1e30F, 1e-42F, 3e38F, nan, infinity})
     for (const float standardError : {0.0F, 1.0F, 1e30F, 3e38F, nan}) {
       SCOPED_TRACE(std::to_string(value) + " " + std::to_string(standardError));
-      RecordedMessages messages;
+      MessageLog messages;
       AnalysisState state;
       test::setResiduals(state, {value, value, value}, standardError);
       state.iNumResidClasses = 4;

@@ -269,20 +269,6 @@ TEST_F(ScatterPlot, IsToldInWords) {
   }
 }
 
-TEST_F(ScatterPlot, DrawsItsOwnPairOfAxes) {
-  use(sixCases());
-  state.iPlotXVar = {0, negative, fitted, entryOrder};
-  state.iPlotYVar = {0, dependent, residuals, -1};
-  state.iCurrentPlot = 1;
-  const auto titles = [&](int number) {
-    const Plot plot = scatterPlot(state, number, {480, 280}, messages).plot;
-    return plot.settings.x.title + " / " + plot.settings.y.title;
-  };
-  EXPECT_EQ(titles(1), "X1 / Y");
-  EXPECT_EQ(titles(2), "Fitted Y / Residuals");
-  EXPECT_EQ(titles(3), "Order of Entry / Y") << "a list without a selection";
-}
-
 // Every pair of axes at every size of window: nothing is cut, covered or lost.
 class AllPairs : public test::GraphFixture,
                  public testing::WithParamInterface<std::tuple<bool, float>> {};
@@ -316,7 +302,7 @@ TEST_P(AllPairs, AreReadable) {
         EXPECT_THAT(test::texts(picture), testing::Contains(HasSubstr("orrelation = ")));
       }
     }
-  EXPECT_THAT(messages.boxes, IsEmpty());
+  EXPECT_THAT(messages.boxes(), IsEmpty());
 }
 
 INSTANTIATE_TEST_SUITE_P(InterceptAndScale, AllPairs,

@@ -4,11 +4,11 @@
 
 #include <cmath>
 
+#include "base/message_box.h"
 #include "displays/display_list.h"
 #include "engine/pipeline.h"
 #include "help/help_book.h"
 #include "help/topic_page.h"
-#include "support/recorded_messages.h"
 #include "support/regression_data.h"
 #include "support/tree.h"
 #include "tables/coefficient_table.h"
@@ -32,7 +32,7 @@ struct Noted {
 };
 
 Noted noted(AnalysisState state) {
-  RecordedMessages messages;
+  MessageLog messages;
   Analyse(state, messages);
   const Examination examination = examine(state);
   return {state, examination, notesOf(state, examination)};
@@ -75,7 +75,7 @@ TEST(Notes, OfAFailedFitShowNoNumberAndMarkTheTerm) {
   const Noted twins = noted(modelOf({{1, 1, 3}, {2, 2, 5}, {4, 4, 4}, {5, 5, 9}, {7, 7, 8}}));
   EXPECT_FALSE(twins.examination.health);
   EXPECT_THAT(twins.find(NoteKind::noValidFit)->cells, ElementsAre(NotedCell{"frmEstCoef", 4, 1}));
-  RecordedMessages messages;
+  MessageLog messages;
   for (const char* form : {"frmEstCoef", "frmANOVA", "frmResidList"}) {
     const auto content = contentOf(*findDisplay(form), twins.state, {}, messages);
     const auto& table = std::get<TableContent>(content);

@@ -1,6 +1,8 @@
 // What the tests of graphs look for in pictures.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <string>
 #include <vector>
 
@@ -28,6 +30,23 @@ inline std::vector<std::string> texts(const Picture& picture) {
   std::vector<std::string> found;
   for (const TextPrimitive& text : all<TextPrimitive>(picture)) found.push_back(text.text);
   return found;
+}
+
+// Every text stands inside the picture, on no other one and not on the plot.
+inline void expectReadable(const Picture& picture, bool alsoOffThePlot = false) {
+  const auto areApart = [](const ViewRect& a, const ViewRect& b) {
+    return a.right() <= b.left || b.right() <= a.left || a.top() <= b.bottom || b.top() <= a.bottom;
+  };
+  const auto texts = all<TextPrimitive>(picture);
+  for (std::size_t i = 0; i < texts.size(); ++i) {
+    const ViewRect a = textBounds(texts[i]);
+    EXPECT_TRUE(a.left >= 0 && a.bottom >= 0 && a.right() <= picture.size.width &&
+                a.top() <= picture.size.height)
+        << texts[i].text;
+    EXPECT_TRUE(!alsoOffThePlot || areApart(a, picture.plot)) << texts[i].text << " on the plot";
+    for (std::size_t j = 0; j < i; ++j)
+      EXPECT_TRUE(areApart(a, textBounds(texts[j]))) << texts[i].text << " on " << texts[j].text;
+  }
 }
 
 // A plot of that size in pixels with numeric axes 0 .. 100 in five steps.

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "base/message_box.h"
 #include "engine/pipeline.h"
-#include "support/recorded_messages.h"
 #include "support/regression_data.h"
 #include "tables/table_content.h"
 
@@ -15,7 +15,7 @@ namespace tolmer::test {
 inline AnalysisState cementAnalysis(bool bUseIntercept) {
   AnalysisState state = cementModel(bUseIntercept);
   state.tVarName = {"Intercept", "Aluminate", "Silicate tri", "Ferrite", "Silicate di", "Heat"};
-  RecordedMessages messages;
+  MessageLog messages;
   ComputeStatistics(state, messages);
   FitRegression(state, messages);
   return state;
