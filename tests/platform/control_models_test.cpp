@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
+#include <sstream>
 #include <tuple>
 
 #include "base/file_io.h"
@@ -15,6 +16,7 @@
 #include "platform/panels.h"
 #include "platform/tab_book.h"
 #include "platform/tab_order.h"
+#include "platform/text_metrics.h"
 #include "platform/user_input.h"
 #include "platform/window.h"
 #include "support/temp_folder.h"
@@ -31,90 +33,35 @@ class CountingPeer : public Peer {
   int& count_;
 };
 
-// How each kind is changed by its user, and which event says so.
+// How each kind is changed by its user: by a click, or by another value.
 template <class Kind>
-struct Traits;
+constexpr bool hasValue = !requires(Kind & control) {
+  control.click();
+};
 
-template <>
-struct Traits<Button> {
-  static void prepare(Button&) {}
-  static void use(Button& control) { control.click(); }
-  static Event<>& event(Button& control) { return control.Click; }
-  static constexpr bool hasValue = false;
-};
-template <>
-struct Traits<Label> {
-  static void prepare(Label&) {}
-  static void use(Label& control) { control.click(); }
-  static Event<>& event(Label& control) { return control.Click; }
-  static constexpr bool hasValue = false;
-};
-template <>
-struct Traits<Panel> {
-  static void prepare(Panel&) {}
-  static void use(Panel& control) { control.click(); }
-  static Event<>& event(Panel& control) { return control.Click; }
-  static constexpr bool hasValue = false;
-};
-template <>
-struct Traits<Image> {
-  static void prepare(Image&) {}
-  static void use(Image& control) { control.click(); }
-  static Event<>& event(Image& control) { return control.Click; }
-  static constexpr bool hasValue = false;
-};
-template <>
-struct Traits<CheckBox> {
-  static void prepare(CheckBox&) {}
-  static void use(CheckBox& control) { control.setValue(1); }
-  static Event<>& event(CheckBox& control) { return control.Click; }
-  static constexpr bool hasValue = true;
-};
-template <>
-struct Traits<OptionButton> {
-  static void prepare(OptionButton&) {}
-  static void use(OptionButton& control) { control.setValue(true); }
-  static Event<>& event(OptionButton& control) { return control.Click; }
-  static constexpr bool hasValue = true;
-};
-template <>
-struct Traits<ComboBox> {
-  static void prepare(ComboBox& control) {
-    control.addItem("one");
-    control.addItem("two");
-  }
-  static void use(ComboBox& control) { control.setListIndex(1); }
-  static Event<>& event(ComboBox& control) { return control.Click; }
-  static constexpr bool hasValue = true;
-};
-template <>
-struct Traits<TextBox> {
-  static void prepare(TextBox&) {}
-  static void use(TextBox& control) { control.setText("typed"); }
-  static Event<>& event(TextBox& control) { return control.Changed; }
-  static constexpr bool hasValue = true;
-};
-template <>
-struct Traits<NumberBox> {
-  static void prepare(NumberBox&) {}
-  static void use(NumberBox& control) { control.setValue(7); }
-  static Event<>& event(NumberBox& control) { return control.Changed; }
-  static constexpr bool hasValue = true;
-};
-template <>
-struct Traits<ScrollBar> {
-  static void prepare(ScrollBar& control) { control.setRange(100, 1, 10); }
-  static void use(ScrollBar& control) { control.setValue(40); }
-  static Event<>& event(ScrollBar& control) { return control.Changed; }
-  static constexpr bool hasValue = true;
-};
-template <>
-struct Traits<Outline> {
-  static void prepare(Outline& control) { control.addItem("only", 1, 1); }
-  static void use(Outline& control) { control.setListIndex(0); }
-  static Event<>& event(Outline& control) { return control.Click; }
-  static constexpr bool hasValue = true;
-};
+void use(auto& control) { control.click(); }
+void use(CheckBox& control) { control.setValue(1); }
+void use(OptionButton& control) { control.setValue(true); }
+void use(ComboBox& control) { control.setListIndex(1); }
+void use(TextBox& control) { control.setText("typed"); }
+void use(NumberBox& control) { control.setValue(7); }
+void use(ScrollBar& control) { control.setValue(40); }
+void use(Outline& control) { control.setListIndex(0); }
+
+void prepare(Control&) {}
+void prepare(ComboBox& control) {
+  for (const char* item : {"one", "two"}) control.addItem(item);
+}
+void prepare(ScrollBar& control) { control.setRange(100, 1, 10); }
+void prepare(Outline& control) { control.addItem("only", 1, 1); }
+
+// The event that says so.
+Event<>& event(auto& control) {
+  if constexpr (requires { control.Changed; })
+    return control.Changed;
+  else
+    return control.Click;
+}
 
 template <class Kind>
 class ControlRules : public testing::Test {
@@ -129,22 +76,22 @@ TYPED_TEST_SUITE(ControlRules, Kinds);
 
 TYPED_TEST(ControlRules, WorksWithoutHandlerAndRaisesItsEventOnce) {
   TypeParam control(&this->window, "ctl");
-  Traits<TypeParam>::prepare(control);
-  Traits<TypeParam>::use(control);
+  prepare(control);
+  use(control);
 
   TypeParam other(&this->window, "ctlOther");
-  Traits<TypeParam>::prepare(other);
+  prepare(other);
   int events = 0;
-  Traits<TypeParam>::event(other) = [&] { ++events; };
-  Traits<TypeParam>::use(other);
+  event(other) = [&] { ++events; };
+  use(other);
   EXPECT_EQ(events, 1);
-  Traits<TypeParam>::use(other);
-  EXPECT_EQ(events, Traits<TypeParam>::hasValue ? 1 : 2);
+  use(other);
+  EXPECT_EQ(events, hasValue<TypeParam> ? 1 : 2);
 }
 
 TYPED_TEST(ControlRules, TellsItsObserverOfRealChangesOnly) {
   TypeParam control(&this->window, "ctl");
-  Traits<TypeParam>::prepare(control);
+  prepare(control);
   int changes = 0;
   control.setPeer(std::make_unique<CountingPeer>(changes));
   control.setPlace({15, 15, 300, 300});
@@ -160,14 +107,14 @@ TYPED_TEST(ControlRules, TellsItsObserverOfRealChangesOnly) {
 
 TYPED_TEST(ControlRules, MayBeDestroyedInItsOwnEvent) {
   auto control = std::make_unique<TypeParam>(&this->window, "ctl");
-  Traits<TypeParam>::prepare(*control);
+  prepare(*control);
   const std::string seen = "captured text that is long enough to lie on the heap";
   std::string result;
-  Traits<TypeParam>::event(*control) = [&control, &result, seen] {
+  event(*control) = [&control, &result, seen] {
     control.reset();
     result = seen;
   };
-  Traits<TypeParam>::use(*control);
+  use(*control);
   EXPECT_EQ(result, seen);
   EXPECT_TRUE(this->window.children().empty());
 }
@@ -176,58 +123,6 @@ class WindowTest : public testing::Test {
  protected:
   HeadlessDesktop desktop;
 };
-
-TEST_F(WindowTest, OptionsOfOneContainerExcludeEachOther) {
-  Window window(desktop, "frm", WindowStyle::dialog);
-  Panel left(&window, "left");
-  Panel right(&window, "right");
-  OptionButton a(&left, "a");
-  OptionButton b(&left, "b");
-  OptionButton c(&right, "c");
-  c.setValue(true);
-  a.setValue(true);
-  b.setValue(true);
-  EXPECT_FALSE(a.value());
-  EXPECT_TRUE(b.value());
-  EXPECT_TRUE(c.value());
-}
-
-TEST_F(WindowTest, CloseIsRefusedOrUnloadsAndHides) {
-  Window window(desktop, "frm", WindowStyle::dialog);
-  bool refuse = true;
-  int unloads = 0;
-  window.QueryUnload = [&](bool& cancel) { cancel = refuse; };
-  window.Unload = [&] { ++unloads; };
-  window.show();
-  EXPECT_FALSE(window.requestClose());
-  EXPECT_TRUE(window.visible());
-  refuse = false;
-  EXPECT_TRUE(window.requestClose());
-  EXPECT_FALSE(window.visible());
-  EXPECT_EQ(unloads, 1);
-}
-
-TEST_F(WindowTest, ModalWindowThatNothingClosesIsNamed) {
-  Window window(desktop, "frmForgotten", WindowStyle::dialog);
-  try {
-    window.showModal();
-    FAIL() << "the loop ended by itself";
-  } catch (const std::logic_error& error) {
-    EXPECT_THAT(error.what(), testing::HasSubstr("frmForgotten"));
-  }
-  EXPECT_EQ(desktop.modalWindow(), nullptr);
-}
-
-TEST_F(WindowTest, TimerClosesAModalWindowInVirtualTime) {
-  Window window(desktop, "frm", WindowStyle::dialog);
-  Timer timer(desktop.timers(), "tmrClose", 1000, true);
-  timer.Tick = [&] {
-    timer.setEnabled(false);
-    window.hide();
-  };
-  window.showModal();
-  EXPECT_EQ(desktop.timers().now(), 1000);
-}
 
 TEST_F(WindowTest, TimersKeepTheirOwnTime) {
   std::string ticks;
@@ -240,31 +135,6 @@ TEST_F(WindowTest, TimersKeepTheirOwnTime) {
   };
   desktop.advance(2100);
   EXPECT_EQ(ticks, "ffss");
-}
-
-TEST_F(WindowTest, MaximisedChildTakesTheFrameAndGoesBackToItsPlace) {
-  FrameWindow frame(desktop, "mdi", "Frame");
-  frame.show();
-  Window child(desktop, "frmChild", WindowStyle::child);
-  Window sibling(desktop, "frmSibling", WindowStyle::child);
-  frame.adopt(child);
-  frame.adopt(sibling);
-  int resizes = 0;
-  child.Resize = [&] { ++resizes; };
-  child.setPlace({0, 0, pixels(400), pixels(300)});
-  EXPECT_EQ(child.innerWidth(), pixels(392));
-  EXPECT_EQ(child.innerHeight(), pixels(272));
-  child.show();
-  EXPECT_EQ(frame.activeChild(), &child);
-
-  child.setState(WindowState::maximised);
-  EXPECT_EQ(child.innerWidth(), frame.innerWidth());
-  EXPECT_EQ(child.innerHeight(), frame.innerHeight());
-  child.setState(WindowState::normal);
-  EXPECT_EQ(child.innerWidth(), pixels(392));
-  EXPECT_EQ(resizes, 3);
-  sibling.show();
-  EXPECT_EQ(frame.activeChild(), &sibling);
 }
 
 struct InputTest : WindowTest {
@@ -393,12 +263,22 @@ TEST(MessageBoxTest, EscapeAnswersByTheLastButtonUnlessWorkIsLost) {
   EXPECT_EQ(answerToReturn(box), Answer::no);
 }
 
-TEST_F(WindowTest, FocusLeavesADestroyedControl) {
-  Window window(desktop, "frm", WindowStyle::dialog);
-  auto button = std::make_unique<Button>(&window, "cmdGone");
-  button->setFocus();
-  button.reset();
-  EXPECT_EQ(window.focus(), nullptr);
+// Lines that differ, or end in a blank, would not stand under each other.
+TEST(Curtain, EqualLinesReachAllEdges) {
+  HeadlessDesktop desktop;
+  Window window(desktop, "frmHider", WindowStyle::bare);
+  Curtain curtain(&window, "pnlHider");
+  for (const auto& [width, height] : {std::pair{1280.0F, 800.0F}, std::pair{3840.0F, 2160.0F}}) {
+    curtain.fill({pixels(width), pixels(height)});
+    std::istringstream text(curtain.caption());
+    std::string first;
+    ASSERT_TRUE(std::getline(text, first));
+    EXPECT_TRUE(first.starts_with("Z e l m a r   Z") && first.ends_with("Z e l m a r"));
+    EXPECT_GE(textWidth(curtain.font(), first), width);
+    int lines = 1;
+    for (std::string line; std::getline(text, line); ++lines) ASSERT_EQ(line, first);
+    EXPECT_GE(lines * lineHeight(curtain.font()), height);
+  }
 }
 
 }  // namespace

@@ -26,12 +26,9 @@ TEST(TidyTicks, CountInTidySteps) {
   EXPECT_THAT(labels(0.1F, 0.7F), ElementsAre("0.1", "0.2", "0.3", "0.4", "0.5", "0.6", "0.7"));
   EXPECT_THAT(labels(0, 0.3F), ElementsAre("0.00", "0.05", "0.10", "0.15", "0.20", "0.25", "0.30"));
   EXPECT_THAT(labels(0, 2.2F), SizeIs(12)) << "no coarser step ends at both limits";
+  EXPECT_THAT(labels(-7.5F, 10), ElementsAre("-6", "-4", "-2", "0", "2", "4", "6", "8", "10"));
   EXPECT_THAT(labels(0, 1e7F),
               ElementsAre("0", "2000000", "4000000", "6000000", "8000000", "10000000"));
-}
-
-TEST(TidyTicks, StayTidyBetweenUntidyLimits) {
-  EXPECT_THAT(labels(-7.5F, 10), ElementsAre("-6", "-4", "-2", "0", "2", "4", "6", "8", "10"));
 }
 
 TEST(TidyTicks, TakeExponentsForWhatIsLongWithout) {

@@ -93,14 +93,6 @@ TEST_F(GridEditTest, TypingReplacesOrExtendsAndF2OpensTheContentItself) {
   EXPECT_FALSE(key(keys::escape)) << "without an edit Escape is the window's";
 }
 
-TEST_F(GridEditTest, UnchangedTextIsNotEnteredAgain) {
-  put({1, 1}, "12");
-  key(keys::f2);
-  key(keys::enter);
-  EXPECT_THAT(log, testing::IsEmpty());
-  EXPECT_EQ(grid.activeCell(), (CellPosition{2, 1}));
-}
-
 TEST_F(GridEditTest, KeysThatMoveEndTypingButStayInAnOpenedCell) {
   at(3, 2);
   for (const int code : {keys::right, keys::up, keys::left, keys::down}) {
@@ -183,15 +175,6 @@ TEST_F(GridEditTest, ABoxDuringARefusalDoesNotAskAgain) {
   EXPECT_FALSE(grid.editMode());
 }
 
-TEST_F(GridEditTest, AMoveByTheProgramEntersIntoTheCellThatWasOpen) {
-  grid.typeText("5");
-  at(9, 3);
-  EXPECT_EQ(grid.text(1, 1), "5.0");
-  grid.startEdit();
-  grid.setSize(4, 2);
-  EXPECT_FALSE(grid.editMode()) << "its cell is gone";
-}
-
 TEST_F(GridEditTest, FixedCellsAndLineEndsAreKeptOut) {
   at(2, 5);
   grid.typeText("1");
@@ -231,16 +214,6 @@ TEST_F(GridEditTest, ArrowsWithControlStopAtTheEdgesOfData) {
   EXPECT_EQ(grid.activeCell(), (CellPosition{13, 4}));
   key(keys::up, {.shift = true, .control = true});
   EXPECT_EQ(grid.selection().blocks().at(0), (CellBlock{6, 4, 13, 4}));
-}
-
-TEST_F(GridEditTest, KeysOfTheClipboardAndOfUndoAreTheWindows) {
-  std::vector<GridCommand> commands;
-  grid.Command = [&](GridCommand command) { commands.push_back(command); };
-  for (const int code : {'X', 'C', 'V', 'Z', 'Y'}) EXPECT_TRUE(key(code, control));
-  EXPECT_TRUE(key('Z', {.shift = true, .control = true}));
-  EXPECT_TRUE(key(keys::deleteKey));
-  using enum GridCommand;
-  EXPECT_THAT(commands, ElementsAre(cut, copy, paste, undo, redo, redo, erase));
 }
 
 TEST_F(GridEditTest, WholeRowsAndColumnsByHeadingsAndKeys) {

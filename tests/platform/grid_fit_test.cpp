@@ -1,12 +1,17 @@
-// Sizes of rows and columns: where cells lie, what texts need, and how a table fills its window.
+// Sizes of rows and columns: where cells lie, what texts need, how a table fills its window; and
+// cells on the clipboard. What spreadsheets make of such text was tried with LibreOffice Calc 7.4.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/tabbed_text.h"
+#include "platform/grid/grid_copy.h"
 #include "platform/grid/grid_fit.h"
 #include "platform/text_metrics.h"
 
 namespace tolmer {
 namespace {
 
+// Sizes of rows and columns: where cells lie, what texts need, and how a table fills its window.
 class NotedPeer : public Peer {
  public:
   explicit NotedPeer(std::vector<Change>& changes) : changes_(changes) {}
@@ -29,14 +34,6 @@ TEST(GridAxisTest, PixelsAndCellsAgree) {
   EXPECT_EQ(axis.size(2), 0);
   EXPECT_EQ(axis.at(-7), 1);
   EXPECT_EQ(axis.at(999), 4);
-}
-
-TEST(GridAxisTest, AShownHeadingComesFirstAndStays) {
-  const GridAxis axis({pixels(40), pixels(10), pixels(10)}, true, 0);
-  EXPECT_EQ(axis.at(0), 0);
-  EXPECT_EQ(axis.frozenEnd(), 42);
-  EXPECT_EQ(axis.start(1), 42);
-  EXPECT_EQ(GridAxis({pixels(40)}, false, 3).frozen(), 0);
 }
 
 TEST(GridFitTest, ScrollBarsBringEachOtherIn) {
@@ -86,21 +83,6 @@ TEST(GridFitTest, AFigureIsNeverCutShort) {
   EXPECT_EQ(shownForFigure(cell, 29, 10), "");
 }
 
-TEST(GridFitTest, TextsAreMeasuredInTheirOwnFontWithAMargin) {
-  Grid grid(nullptr, "spdAny");
-  grid.setSize(2, 2);
-  EXPECT_EQ(grid.widestText(1), 0);
-  EXPECT_EQ(grid.tallestText(1), 0);
-  grid.setText(1, 1, "Durbin Watson");
-  grid.setText(2, 1, "R");
-  const Twips plain = grid.widestText(1);
-  EXPECT_GE(plain,
-            pixels(static_cast<float>(textWidth(Font{}, "Durbin Watson"))) + 2 * Grid::sideMargin);
-  grid.setStyle({1, 1, 1, 1}, {.heading = true});
-  EXPECT_GT(grid.widestText(1), plain);
-  EXPECT_GE(grid.tallestText(1), pixels(static_cast<float>(lineHeight(Font{}))));
-}
-
 TEST(GridTest, TheLockGathersChangesAndLayoutIsReadyInside) {
   std::vector<Change> changes;
   Grid grid(nullptr, "spdAny");
@@ -117,29 +99,6 @@ TEST(GridTest, TheLockGathersChangesAndLayoutIsReadyInside) {
   EXPECT_TRUE(has(changes[0], Change::items) && has(changes[0], Change::content));
 }
 
-TEST(GridTest, CellsKeepTheirContentWhenTheSheetGrowsOrShrinks) {
-  Grid grid(nullptr, "spdAny");
-  grid.setSize(3, 3);
-  grid.setText(2, 2, "stays");
-  grid.setText(3, 3, "goes");
-  grid.setSize(2, 5);
-  EXPECT_EQ(grid.text(2, 2), "stays");
-  grid.setSize(3, 3);
-  EXPECT_EQ(grid.text(2, 2), "stays");
-  EXPECT_EQ(grid.text(3, 3), "");
-}
-
-TEST(GridTest, HeadingsBesideTheCellsLookLikeHeadings) {
-  Grid grid(nullptr, "spdAny");
-  grid.setSize(2, 3);
-  grid.setSize(4, 1);
-  for (const CellPosition place : {CellPosition{0, 0}, {0, 1}, {1, 0}, {4, 0}}) {
-    const CellStyle& style = grid.sheet().at(place.row, place.col).style;
-    EXPECT_TRUE(style.heading && style.back == colours::buttonFace) << place.row << place.col;
-  }
-  EXPECT_FALSE(grid.sheet().at(1, 1).style.heading);
-}
-
 TEST(GridTest, ANumberIsKeptBehindItsShownDigits) {
   Grid grid(nullptr, "spdAny");
   grid.setSize(1, 1);
@@ -153,6 +112,56 @@ TEST(GridTest, ANumberIsKeptBehindItsShownDigits) {
   EXPECT_EQ(grid.text(1, 1).size(), 301U + 5);
   grid.clear({0, 0, 9, 9});
   EXPECT_EQ(grid.sheet().at(1, 1), Cell{});
+}
+
+// Cells on the clipboard. What spreadsheets make of such text was tried with LibreOffice Calc 7.4.
+Sheet sheetOf(const std::vector<std::vector<std::string>>& rows) {
+  Sheet sheet(static_cast<int>(rows.size()), static_cast<int>(rows[0].size()));
+  for (int row = 1; row <= sheet.rows(); ++row)
+    for (int col = 1; col <= sheet.cols(); ++col)
+      sheet.at(row, col).text =
+          rows[static_cast<std::size_t>(row - 1)][static_cast<std::size_t>(col - 1)];
+  return sheet;
+}
+
+TEST(GridCopyTest, CellsAreDividedByTabsAndRowsEndedByLineFeeds) {
+  const Sheet sheet = sheetOf({{"a", "", "c"}, {"1.5", "-2", ""}});
+  EXPECT_EQ(copyText(sheet, sheet.body()), "a\t\tc\n1.5\t-2\t\n");
+  EXPECT_EQ(copyText(sheet, {2, 1, 2, 2}), "1.5\t-2\n");
+}
+
+TEST(GridCopyTest, OnlyCellsThatWouldFallApartAreQuoted) {
+  const Sheet sheet =
+      sheetOf({{"tab\there", "two\nlines", "\"quoted\""}, {"5\" pipe", "a, b", "'"}});
+  EXPECT_EQ(copyText(sheet, sheet.body()),
+            "\"tab\there\"\t\"two\nlines\"\t\"\"\"quoted\"\"\"\n5\" pipe\ta, b\t'\n");
+}
+
+TEST(GridCopyTest, HtmlCarriesHeadingsAlignmentAndMarks) {
+  Sheet sheet = sheetOf({{"P <", "A&B"}, {"0.003", ""}});
+  sheet.at(1, 1).style = {.heading = true, .back = colours::buttonFace};
+  sheet.at(2, 1).style = {.align = Align::right, .back = colours::cyan};
+  sheet.at(2, 2).style.back = colours::buttonFace;
+  EXPECT_EQ(copyHtml(sheet, sheet.body()),
+            "<table border=\"1\" cellspacing=\"0\" cellpadding=\"3\">\n"
+            "<tr><th align=\"left\">P &lt;</th><td align=\"left\">A&amp;B</td></tr>\n"
+            "<tr><td align=\"right\" sdval=\"0.003\" sdnum=\"1033;0;0.000\" "
+            "bgcolor=\"#00ffff\">0.003</td><td align=\"left\"></td></tr>\n"
+            "</table>\n");
+  sheet.at(2, 1).text = "-1.5e-20";
+  EXPECT_THAT(copyHtml(sheet, {2, 1, 2, 1}),
+              testing::HasSubstr("sdval=\"-1.5e-20\" sdnum=\"1033;0;0.0E+00\""));
+}
+
+TEST(GridCopyTest, WhatASpreadsheetWouldCarryOutLeavesAsTextAndComesBack) {
+  const Sheet sheet =
+      sheetOf({{"=1+1", "@SUM(A1)", "-A1", "+2-3"}, {"-1,890.4", "+2.5E-05", "---", "-"}});
+  EXPECT_EQ(copyText(sheet, sheet.body()),
+            "'=1+1\t'@SUM(A1)\t'-A1\t'+2-3\n-1,890.4\t+2.5E-05\t---\t-\n");
+  EXPECT_THAT(copyHtml(sheet, {1, 1, 1, 1}),
+              testing::HasSubstr("'\\@'\" sdnum=\"1033;0;@\">=1+1<"));
+  EXPECT_EQ(withoutTextMark("'=1+1"), "=1+1");
+  EXPECT_EQ(withoutTextMark("'tis"), "'tis");
 }
 
 }  // namespace

@@ -42,14 +42,6 @@ class GridSelectionTest : public testing::Test {
   int changes = 0;
 };
 
-TEST_F(GridSelectionTest, PlainClickMarksNoBlock) {
-  grid.press({3, 2});
-  EXPECT_EQ(grid.activeCell(), (CellPosition{3, 2}));
-  EXPECT_THAT(blocks(), IsEmpty());
-  grid.press({3, 2});
-  EXPECT_EQ(changes, 1);
-}
-
 TEST_F(GridSelectionTest, DragAndShiftMarkFromTheAnchorInAnyDirection) {
   grid.press({5, 3});
   grid.dragTo({2, 4});
@@ -57,8 +49,10 @@ TEST_F(GridSelectionTest, DragAndShiftMarkFromTheAnchorInAnyDirection) {
   grid.press({7, 1}, shift);
   EXPECT_THAT(blocks(), ElementsAre(CellBlock{5, 1, 7, 3}));
   EXPECT_EQ(grid.activeCell(), (CellPosition{5, 3}));
-  grid.press({1, 1});
+  const int before = changes;
+  for (int twice = 0; twice < 2; ++twice) grid.press({1, 1});
   EXPECT_THAT(blocks(), IsEmpty());
+  EXPECT_EQ(changes, before + 1);
 }
 
 TEST_F(GridSelectionTest, ControlClickAddsRowsToTheActiveOneAndTakesThemOut) {
@@ -86,15 +80,6 @@ TEST_F(GridSelectionTest, TakingACellOutOfABlockLeavesAllOthers) {
       EXPECT_EQ(grid.selection().covers({row, col}), wasMarked && !(row == 3 && col == 2))
           << row << ", " << col;
     }
-}
-
-TEST_F(GridSelectionTest, HeadingsTakeWholeRowsAndColumns) {
-  grid.press({0, 2});
-  EXPECT_THAT(blocks(), ElementsAre(CellBlock{1, 2, 20, 2}));
-  grid.press({4, 0});
-  EXPECT_THAT(blocks(), ElementsAre(CellBlock{4, 1, 4, 4}));
-  grid.press({0, 0});
-  EXPECT_THAT(blocks(), ElementsAre(CellBlock{1, 1, 20, 4}));
 }
 
 TEST_F(GridSelectionTest, BlocksBeyondTheSheetAreCutAndShrinkWithIt) {
@@ -172,15 +157,6 @@ TEST_F(GridSelectionTest, ATableToLookAtHasNoMarks) {
   EXPECT_FALSE(grid.selection().covers({1, 1}));
   EXPECT_THAT(blocks(), IsEmpty());
   EXPECT_EQ(changes, 0);
-}
-
-TEST_F(GridSelectionTest, AGridMayGoInItsOwnEvent) {
-  auto own = std::make_unique<Grid>(&window, "spdOwn");
-  own->setSize(3, 3);
-  own->SelectionChange = [&own] { own.reset(); };
-  own->press({2, 2});
-  EXPECT_EQ(own, nullptr);
-  EXPECT_EQ(window.find("spdOwn"), nullptr);
 }
 
 }  // namespace

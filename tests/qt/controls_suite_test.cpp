@@ -98,17 +98,6 @@ TEST_P(ControlsSuite, OptionsExcludeEachOtherWithinTheirContainer) {
   EXPECT_EQ(clicks, "121") << "after the program has turned all off";
 }
 
-TEST_P(ControlsSuite, OptionTellsADoubleClick) {
-  OptionButton option(&window, "opt", "Stack loss");
-  option.setPlace(at(0));
-  std::string events;
-  option.Click = [&] { events += 'c'; };
-  option.DblClick = [&] { events += 'd'; };
-  window.show();
-  user.doubleClick("frmTest", "opt");
-  EXPECT_EQ(events, "cd");
-}
-
 TEST_P(ControlsSuite, ComboBox) {
   ComboBox box(&window, "cbo");
   box.setPlace(at(0));
@@ -129,32 +118,6 @@ TEST_P(ControlsSuite, ComboBox) {
   user.choose("frmTest", "cbo", "Fitted Y");
   EXPECT_EQ(box.listIndex(), 0);
   EXPECT_EQ(clicks, 3);
-}
-
-TEST_P(ControlsSuite, NumberBoxTakesWhatTheProgramSetsAndLimitsWhatTheUserTypes) {
-  NumberBox box(&window, "num");
-  box.setPlace(at(0));
-  int changes = 0;
-  box.Changed = [&] { ++changes; };
-  window.show();
-  box.setValue(1200);
-  EXPECT_EQ(box.value(), 1200);
-  EXPECT_EQ(changes, 1);
-  user.type("frmTest", "num", "7");
-  EXPECT_EQ(box.value(), 7);
-}
-
-TEST_P(ControlsSuite, ScrollBarFollowsItsRange) {
-  ScrollBar bar(&window, "vsb");
-  bar.setPlace({pixels(300), pixels(10), pixels(14), pixels(200)});
-  int changes = 0;
-  bar.Changed = [&] { ++changes; };
-  bar.setRange(100, 10, 20);
-  window.show();
-  bar.setValue(90);
-  bar.setRange(50, 10, 20);
-  EXPECT_EQ(bar.value(), 50);
-  EXPECT_EQ(changes, 2);
 }
 
 TEST_P(ControlsSuite, ButtonThatCannotBeUsedRefuses) {

@@ -65,30 +65,6 @@ TEST_F(GraphViewTest, ShowsThePictureOfItsPlot) {
   EXPECT_EQ(picture.pixelColor(150, 280 - 70), QColor(fill.red, fill.green, fill.blue));
 }
 
-TEST_F(GraphViewTest, KeepsThinLinesSharp) {
-  const QImage image = painted(plot.picture(), 1);
-  const auto [left, bottom] = std::pair(qRound(plot.SDKInfo(7)), qRound(plot.SDKInfo(8)));
-  const int row = 280 - bottom - 40;  // between tick marks
-  EXPECT_EQ(image.pixelColor(left - 1, row), QColor(Qt::white));
-  EXPECT_EQ(image.pixelColor(left, row), QColor(Qt::black));
-  EXPECT_EQ(image.pixelColor(left + 1, row), QColor(Qt::white));
-}
-
-TEST_F(GraphViewTest, PaintsAZigzagSegmentBySegment) {
-  test::SampleGraph order(1920, 1000);
-  order.settings.graphType = GraphType::lineWithSymbols;
-  order.settings.pointColour = palette::brightBlue;
-  order.setNumPoints(500);
-  for (int i = 1; i <= 500; ++i) order.setPoint(i, 0, static_cast<float>(i * 7919 % 101));
-  order.setDrawMode(Plot::draw);
-  const QImage image = painted(order.picture(), 2);
-  // At the end of the first segment: 7919 modulo 101 is 41, twice that is 82.
-  const ViewRect& area = order.picture().plot;
-  const double x = area.left + 1.5 / 500 * area.width;
-  const double y = 1000 - area.bottom - 0.82 * area.height;
-  EXPECT_LT(image.pixelColor(qRound(2 * x), qRound(2 * y)).red(), 128);
-}
-
 TEST_F(GraphViewTest, HandsTheMouseOn) {
   send(QEvent::MouseButtonPress, Qt::LeftButton, {50, 50});
   send(QEvent::MouseButtonRelease, Qt::LeftButton, {50, 50});

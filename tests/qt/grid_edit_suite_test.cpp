@@ -177,14 +177,5 @@ TYPED_TEST(FileDialogs, GiveAFileWithItsKindOrNothing) {
   EXPECT_FALSE(desktop.openFileDialog(this->question));
 }
 
-TYPED_TEST(FileDialogs, FailByNameWhereNobodyExpectsThem) {
-  try {
-    this->desktop.saveFileDialog(this->question);
-    FAIL();
-  } catch (const std::exception& error) {
-    EXPECT_THAT(error.what(), testing::HasSubstr("Save Data"));
-  }
-}
-
 }  // namespace
 }  // namespace tolmer::test

@@ -54,16 +54,6 @@ class GridViewTest : public testing::Test {
   GridView view{grid};
 };
 
-TEST_F(GridViewTest, ShowsTheColoursOfTheCellsInAllFourParts) {
-  for (const CellPosition cell : {CellPosition{1, 1}, {1, 3}, {3, 1}, {3, 3}}) {
-    grid.setStyle({cell.row, cell.col, cell.row, cell.col}, {.back = colours::cyan});
-    EXPECT_EQ(colourAt(cell), QColor(Qt::cyan)) << cell.row << ", " << cell.col;
-  }
-  EXPECT_EQ(colourAt({2, 2}), QColor(Qt::white));
-  grid.setStyle({2, 2, 2, 2}, {.back = colours::buttonFace});
-  EXPECT_EQ(colourAt({2, 2}), toQt(colours::buttonFace));
-}
-
 TEST_F(GridViewTest, FrozenCellsStayWhenTheOthersScroll) {
   const QRect corner = view.cellRect({1, 1});
   const QRect head = view.cellRect({1, 5});

@@ -120,28 +120,6 @@ TEST_F(HelpWindowTest, SearchesWhileTyping) {
   EXPECT_TRUE(part<QTreeWidget>().isVisible());
 }
 
-TEST_F(HelpWindowTest, WorksBesideAModalDialogAndLeavesItAlive) {
-  Asking dialog(desktop, "frm", 102);
-  script.window("frm", [&] {
-    user.click("frm", "cmdHelp");
-    ASSERT_TRUE(QTest::qWaitForWindowActive(&help()));
-    EXPECT_EQ(title(), "Choosing Variables - Help");
-    press("&Contents");
-    EXPECT_EQ(title(), "Help for Tolmer - Help") << "the dialog shuts it out";
-    pressKey(Qt::Key_Escape);
-    EXPECT_FALSE(help().isVisible());
-    EXPECT_TRUE(dialog.visible());
-    user.click("frm", "cmdHelp");
-    EXPECT_TRUE(help().isVisible());
-    user.click("frm", "cmdOK");
-  });
-  dialog.showModal();
-  desktop.settle();
-  EXPECT_TRUE(help().isVisible()) << "it outlives the dialog";
-  press("&Contents");
-  EXPECT_EQ(title(), "Help for Tolmer - Help");
-}
-
 TEST_F(HelpWindowTest, StaysUsableThroughDialogsThatOpenAndClose) {
   Window main(desktop, "frmMain", WindowStyle::dialog, "Main");
   main.show();
@@ -171,18 +149,6 @@ TEST_F(HelpWindowTest, StaysUsableThroughDialogsThatOpenAndClose) {
   outer.showModal();
   EXPECT_TRUE(works());
   EXPECT_TRUE(help().isVisible());
-}
-
-TEST_F(HelpWindowTest, KeepsItsPlaceAndSize) {
-  ask(110).setGeometry(60, 70, 500, 400);
-  Asking dialog(desktop, "frm", 102);
-  script.window("frm", [&] {
-    user.click("frm", "cmdHelp");
-    user.click("frm", "cmdOK");
-  });
-  dialog.showModal();
-  desktop.settle();
-  EXPECT_EQ(help().geometry(), QRect(60, 70, 500, 400));
 }
 
 TEST_F(HelpWindowTest, ShowsPicturesOfItsFolderAndSaysWhereItIsMissing) {

@@ -9,6 +9,7 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QRawFont>
 #include <QScrollBar>
 #include <QSpinBox>
 #include <QTabBar>
@@ -18,6 +19,7 @@
 
 #include "platform/buttons.h"
 #include "platform/fields.h"
+#include "platform/font_advances.h"
 #include "platform/labels.h"
 #include "platform/outline.h"
 #include "platform/panels.h"
@@ -146,23 +148,6 @@ TEST_F(MirrorTest, AWindowThatTakesNoInputLooksAsEver) {
   window.setTakesInput(true);
   tryAll();
   EXPECT_EQ(heard + txtName.text(), "noofo7");
-}
-
-TEST_F(MirrorTest, TextFromDataKeepsItsAmpersand) {
-  Label plain(&window, "lbl", "Research & development");
-  TextBox text(&window, "txt");
-  TabBook book(&window, "tb");
-  plain.setPlace(at(0));
-  text.setPlace(at(1));
-  book.setPlace(at(3));
-  book.addTab("A & B", 0);
-  show();
-  const auto pictureOf = [](QWidget& widget) {
-    return widget.grab().toImage().convertToFormat(QImage::Format_RGB32);
-  };
-  QLabel alone("Research & development");
-  alone.resize(widgetOf(plain).size());
-  EXPECT_EQ(pictureOf(widgetOf(plain)), pictureOf(alone));
 }
 
 TEST_F(MirrorTest, LinksArePressedByKeyboardToo) {
@@ -329,31 +314,39 @@ TEST_F(MirrorTest, TheMouseIsToldOverControlsThatListen) {
   EXPECT_EQ(moves, before);
 }
 
-TEST_F(MirrorTest, ColoursComeAndGo) {
-  Button button(&window, "cmdUpdateGraphs", "&Update Displays");
-  button.setPlace(at(0));
-  show();
-  const QImage quiet = widgetOf(button).grab().toImage();
-  button.setBackColour(colours::red);
-  button.setForeColour(colours::white);
-  EXPECT_EQ(widgetOf(button).grab().toImage().pixelColor(20, 4), QColor(255, 0, 0));
-  button.setBackColour(colours::buttonFace);
-  button.setForeColour(colours::buttonText);
-  EXPECT_EQ(widgetOf(button).grab().toImage(), quiet);
+class TablesAgainstFont : public testing::TestWithParam<std::tuple<const char*, Font>> {};
+
+// The toolkit reads the font's file by another road than the one that made the tables.
+TEST_P(TablesAgainstFont, EveryAdvanceIsTheFontsOwn) {
+  const auto& [family, font] = GetParam();
+  QFont unscaled(family);
+  unscaled.setBold(font.bold);
+  unscaled.setHintingPreference(QFont::PreferNoHinting);
+  const FontAdvances& table = fontAdvances(font.family, font.bold);
+  unscaled.setPixelSize(table.unitsPerEm);
+  const QRawFont file = QRawFont::fromFont(unscaled);
+  if (file.familyName() != family) GTEST_SKIP() << family << " is not installed";
+  EXPECT_EQ(table.unitsPerEm, file.unitsPerEm());
+  EXPECT_EQ(table.ascent, file.ascent());
+  EXPECT_EQ(table.descent, file.descent());
+  EXPECT_EQ(table.lineGap, file.leading());
+  std::size_t i = 0;
+  for (const CodePointRange& range : advanceRanges)
+    for (char32_t code = range.first; code <= range.last; ++code, ++i) {
+      const auto glyphs = file.glyphIndexesForString(QString::fromUcs4(&code, 1));
+      const bool isThere = file.supportsCharacter(code);
+      EXPECT_EQ(table.advances[i], isThere ? file.advancesForGlyphIndexes(glyphs).at(0).x() : 0)
+          << "code point " << unsigned{code};
+    }
+  EXPECT_EQ(i, table.advances.size());
 }
 
-TEST_F(MirrorTest, UpdateLockHoldsThePaintingBack) {
-  Label label(&window, "lbl", "before");
-  label.setPlace(at(0));
-  show();
-  {
-    const UpdateLock outer(window);
-    const UpdateLock inner(window);
-    label.setCaption("after");
-    EXPECT_FALSE(widgetOf(label).updatesEnabled());
-  }
-  EXPECT_TRUE(widgetOf(label).updatesEnabled());
-}
+INSTANTIATE_TEST_SUITE_P(
+    Fonts, TablesAgainstFont,
+    testing::Values(std::tuple("Noto Sans", Font{FontFamily::interface, 12, false}),
+                    std::tuple("Noto Sans", Font{FontFamily::interface, 12, true}),
+                    std::tuple("Liberation Serif", Font{FontFamily::serif, 12, false}),
+                    std::tuple("Liberation Serif", Font{FontFamily::serif, 12, true})));
 
 // The layout of all windows relies on it.
 TEST_F(MirrorTest, RealTextIsNotWiderThanTheTablesSay) {

@@ -229,16 +229,6 @@ TEST_F(QtWindowsTest, FixedWindowStaysOnAndWithinTheScreen) {
   EXPECT_FALSE(widgetOf(last).visibleRegion().isEmpty());
 }
 
-TEST_F(QtWindowsTest, DialogsStandAboveTheWindowBefore) {
-  Window below(desktop, "frmBelow", WindowStyle::bare);
-  below.setPlace({0, 0, pixels(300), pixels(200)});
-  below.show();
-  Window above(desktop, "frmAbove", WindowStyle::dialog, "Above");
-  above.setPlace({0, 0, pixels(200), pixels(100)});
-  above.show();
-  EXPECT_EQ(widgetOf(above).windowHandle()->transientParent(), widgetOf(below).windowHandle());
-}
-
 TEST_F(QtWindowsTest, CoveredWindowIsPaintedWhenTheCoverGoes) {
   OneChild frame(desktop);
   Window cover(desktop, "frmHider", WindowStyle::bare);
@@ -329,23 +319,6 @@ TEST_F(QtWindowsTest, TimersLeaveOutTheTimeNobodyCouldHandle) {
   EXPECT_LE(ticks, 2) << "65 ticks to catch up on";
   QTest::qWait(100);
   EXPECT_GE(ticks, 2);
-}
-
-TEST_F(QtWindowsTest, LateTimerCountsFromItsStart) {
-  Timer timer(desktop.timers(), "tmr", 100);
-  int ticks = 0;
-  timer.Tick = [&] { ++ticks; };
-  QTest::qSleep(200);
-  timer.setEnabled(true);
-  QTest::qWait(30);
-  EXPECT_EQ(ticks, 0);
-}
-
-TEST_F(QtWindowsTest, BusyPointerIsSetOnce) {
-  desktop.setBusyPointer(true);
-  desktop.setBusyPointer(true);
-  desktop.setBusyPointer(false);
-  EXPECT_EQ(QGuiApplication::overrideCursor(), nullptr);
 }
 
 TEST_F(QtWindowsTest, ModelThatGoesTakesItsWidgetsAlong) {

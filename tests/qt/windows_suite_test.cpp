@@ -134,28 +134,6 @@ TEST_P(WindowsSuite, ModalWindowsNestAndKeepOthersOut) {
   script.finish();
 }
 
-TEST_P(WindowsSuite, BoxGivesTheAnswer) {
-  for (const Answer answer : {Answer::yes, Answer::no}) {
-    script.box("Tolmer", "Exit module?", answer);
-    EXPECT_EQ(desktop.messageBox(
-                  {"Tolmer", "Exit module?", MessageIcon::question, MessageButtons::yesNo}),
-              answer);
-  }
-  script.box("", "Go on?", Answer::cancel);
-  EXPECT_EQ(desktop.messageBox({"", "Go on?", MessageIcon::none, MessageButtons::okCancel}),
-            Answer::cancel);
-}
-
-TEST_P(WindowsSuite, UnannouncedWindowFailsByName) {
-  Dialog dialog(desktop, "frmSurprise");
-  try {
-    dialog.showModal();
-    FAIL() << "nothing closes it";
-  } catch (const std::exception& error) {
-    EXPECT_THAT(error.what(), testing::HasSubstr("frmSurprise"));
-  }
-}
-
 // The program ends from a box over a modal window over a modal window: the lines after each call do
 // not run, locals are destroyed, and nothing enters afterwards.
 TEST_P(WindowsSuite, ProgramEndsFromWithinNestedWindows) {
@@ -189,11 +167,6 @@ TEST_P(WindowsSuite, ProgramEndsFromWithinNestedWindows) {
     EXPECT_EQ(ended.status, 3);
   }
   EXPECT_EQ(log, "dd");
-}
-
-TEST_P(WindowsSuite, EndsFromAMessageBoxOutsideAllWindows) {
-  desktop.doEvents();
-  EXPECT_THROW(desktop.endProgram(0), ProgramEnded);
 }
 
 TEST_P(WindowsSuite, TimersGoOnWhileATickWaitsInAModalWindow) {
@@ -333,15 +306,6 @@ TEST_P(WindowsSuite, KeysLeadAroundTheFrameFromWhateverHasTheFocus) {
   EXPECT_EQ(frame.activeChild(), &frame.first);
   user.key("frmFirst", {keys::f10, false, true});
   EXPECT_EQ(frame.first.state(), WindowState::maximised);
-}
-
-TEST_P(WindowsSuite, DialogDoesNotChangeTheActiveChild) {
-  Quadrants frame(desktop);
-  frame.first.activate();
-  Dialog dialog(desktop, "frm");
-  script.window("frm", [&] { user.click("frm", "cmdOK"); });
-  dialog.showModal();
-  EXPECT_EQ(frame.activeChild(), &frame.first);
 }
 
 TEST_P(WindowsSuite, MenusOpenAndChoose) {
