@@ -269,39 +269,6 @@ TEST_F(DataEditorAsSpreadsheet, FindsAndReplacesInNamesLabelsValuesAndFormulas) 
   });
 }
 
-TEST_F(DataEditorAsSpreadsheet, CellsOfAPasteThatDoNotFitKeepWhatTheyHad) {
-  visit([&] {
-    fill({{"1"}, {"2"}, {"3"}});
-    type(1, 0, "Ann");
-    type(2, 0, "7");
-    mark(1, 0, 3, 0);
-    choose("Edit/Copy");
-    go(1, 1);
-    choose("Edit/Paste");
-    EXPECT_EQ(column(1, 3), "1 7 ");
-    EXPECT_EQ(status(), "One cell was not taken. \"Ann\" is not a number.");
-    EXPECT_EQ(desktop.beeps(), 1);
-    key(keys::down);
-    EXPECT_EQ(status(), "B2 = Var1, Obs 2:  7");
-    cancel();
-  });
-}
-
-TEST_F(DataEditorAsSpreadsheet, ARefusalIsGoneOnceItsTextIsMendedBack) {
-  visit([&] {
-    type(500, 1, "5");
-    go(500, 1);
-    key(keys::f2);
-    editor.spdData.setEditText("5x");
-    key(keys::enter);
-    EXPECT_THAT(status(), HasSubstr("not a number"));
-    editor.spdData.setEditText("5");
-    key(keys::enter);
-    EXPECT_EQ(status(), "B500 = Var1, Obs 500:  5") << "in the last row Enter leads nowhere";
-    cancel();
-  });
-}
-
 TEST_F(DataEditorAsSpreadsheet, TheRightButtonOffersWhatCanBeDoneWithTheCells) {
   visit([&] {
     fill({{"1"}, {"2"}});
