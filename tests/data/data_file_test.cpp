@@ -93,15 +93,6 @@ TEST_F(DataFile, NothingIsReadOfAFileThatIsNotTheOneOfTheStamp) {
   EXPECT_EQ(cut.miNumCols, 0);
 }
 
-TEST_F(DataFile, MissingFileLeavesTheEmptySetWithItsIntercept) {
-  WorkingCopy copy = sized(2, 1, false);
-  copy.mtDataFileName = folder.file("nowhere.csv");
-  ReadNewData(copy, desktop);
-  expectProblemWith("nowhere.csv");
-  EXPECT_EQ(copy.otColName(0), "Intercept");
-  EXPECT_EQ(copy.osData(2, 0), 1.0F);
-}
-
 TEST_F(DataFile, FaultInTheMiddleKeepsWhatWasReadBefore) {
   const auto copy = readData("A,B\n1,2\n3,x\n5,6\n", 3, 2, false);
   expectProblemWith("set.csv");
@@ -110,28 +101,10 @@ TEST_F(DataFile, FaultInTheMiddleKeepsWhatWasReadBefore) {
   EXPECT_EQ(copy.osData(3, 1), 0.0F);
 }
 
-TEST_F(DataFile, EveryTruncationIsEitherWholeOrReported) {
-  const std::string whole = "\"L a\",A,B\n\"x\",1,2\ny,3,4\n";
-  for (std::size_t length = 0; length <= whole.size(); ++length) {
-    const auto before = desktop.boxes().size();
-    const auto copy = readData(whole.substr(0, length), 2, 2, true);
-    if (desktop.boxes().size() == before) {
-      EXPECT_GE(length, whole.size() - 2) << length;  // at most "4" and the line end are missing
-    }
-    EXPECT_EQ(copy.otColName(0), "Intercept");
-  }
-}
-
 TEST_F(DataFile, InformationIsTakenLineByLineAsItStands) {
   const auto copy = readInfo(" Rents, 1990\n\"net\" rent, in francs\r\n\nnot read\n", 2);
   EXPECT_TRUE(desktop.boxes().empty());
   EXPECT_THAT(copy.otVarInfo.values(), ElementsAre(" Rents, 1990", "\"net\" rent, in francs", ""));
-}
-
-TEST_F(DataFile, ShortInformationKeepsTheDefinitionsReadSoFar) {
-  const auto copy = readInfo("comment\nfirst", 2);
-  expectProblemWith("set.inf");
-  EXPECT_THAT(copy.otVarInfo.values(), ElementsAre("comment", "first", ""));
 }
 
 }  // namespace

@@ -93,14 +93,6 @@ TEST_F(DataSources, FaultyParameterIsNamedAndCountsAsNothing) {
   }
 }
 
-TEST_F(DataSources, DependentColumnOutsideTheDataLeavesTheCountAsTold) {
-  scenarios.last[6] = "9";
-  const WorkingCopy copy = example();
-  EXPECT_FALSE(copy.mbDepVarSpecified);
-  EXPECT_EQ(copy.miNumPredictors, 2);
-  EXPECT_THAT(copy.oiIndepVarCol.values(), ElementsAre(0, 1, 2, 3));
-}
-
 TEST_F(DataSources, SizesThatNoFileCanHaveAskForNoMemory) {
   scenarios.last[4] = scenarios.last[5] = "32767";
   const WorkingCopy copy = example();
@@ -129,22 +121,6 @@ TEST_F(DataSources, EditorColumnsOfZerosDisappearAndLaterOnesMoveLeft) {
   EXPECT_EQ(copy.osData(2, 0), 1.0F);
   EXPECT_EQ(copy.osData(2, 2), 0.1F);
   EXPECT_EQ(copy.oiVarCol.last(), 3);
-}
-
-TEST_F(DataSources, EditorWithAllVariablesUsedOrNone) {
-  StandInEditor editor;
-  editor.cases = 1;
-  editor.labels = {"only"};
-  editor.variables.assign(50, {"V", {1}});
-  WorkingCopy copy;
-  LoadFromDataEditor(copy, editor.studentData());
-  EXPECT_EQ(copy.miNumCols, 50);
-  EXPECT_EQ(copy.osData(1, 50), 1.0F);
-  EXPECT_THAT(copy.otCaseLabel.values(), ElementsAre("", "only"));
-  editor.variables.clear();
-  LoadFromDataEditor(copy, editor.studentData());
-  EXPECT_EQ(copy.miNumCols, 0);
-  EXPECT_EQ(copy.osData(1, 0), 1.0F);
 }
 
 }  // namespace

@@ -64,22 +64,6 @@ class Designer : public testing::Test {
   AnalysisState state;
 };
 
-TEST_F(Designer, ADoubleClickMovesOneVariable) {
-  state.iDataSource = databasePage;
-  design([this](frmModelDesign& designer) {
-    mark(designer.spdVarList, 2, 2);
-    designer.spdVarList.doubleClick({2, 1});
-    EXPECT_EQ(designer.txtDepVar.text(), "Col 2  Size");
-    mark(designer.spdVarList, 3, 3);
-    designer.spdVarList.doubleClick({3, 1});
-    EXPECT_EQ(names(designer.spdIndepVars), std::vector<std::string>{"Col 3 Age"});
-    mark(designer.spdIndepVars, 1, 1);
-    designer.spdIndepVars.doubleClick({1, 1});
-    EXPECT_TRUE(names(designer.spdIndepVars).empty());
-    click("cmdCancel");
-  });
-}
-
 TEST_F(Designer, OpensOnTheExampleWithItsModel) {
   design([this](frmModelDesign& designer) {
     EXPECT_EQ(designer.caption(), "Variable Selection");
@@ -153,17 +137,6 @@ TEST_F(Designer, RefusedDependentVariableStaysOnTheScreenAndCountsNoMore) {
   EXPECT_EQ(state.iNumCases, 0);
 }
 
-TEST_F(Designer, DefinitionsFollowTheKeys) {
-  design([this](frmModelDesign& designer) {
-    designer.spdVarList.setFocus();
-    designer.spdVarList.pressKey({.code = keys::down});
-    EXPECT_EQ(designer.txtVblDef.text(), "Col 2   Size\n\nnumber of rooms");
-    designer.spdVarList.press({9, 1});  // below the last variable
-    EXPECT_EQ(designer.txtVblDef.text(), "Col 2   Size\n\nnumber of rooms");
-    click("cmdCancel");
-  });
-}
-
 TEST_F(Designer, UnchangedModelPassesWithoutACheck) {
   acceptExample();
   state.bModelHasChanged = true;
@@ -215,25 +188,6 @@ TEST_F(DesignerOnEditorData, CancelOpensTheEditorAgainAndItsOkBringsNewData) {
   EXPECT_FALSE(state.bNewDataRequested);
 }
 
-TEST_F(DesignerOnEditorData, CancelAfterACancelledEditorLeavesAtOnce) {
-  editor.cancelled = true;
-  design([this](frmModelDesign&) { click("cmdCancel"); });
-  EXPECT_EQ(editor.shown, 0);
-}
-
-TEST_F(DesignerOnEditorData, AllZeroDataAreRefused) {
-  editor.variables = {{"Y", {0, 0, 0}}};
-  state.iNumCols = 1;
-  design([this](frmModelDesign& designer) {
-    EXPECT_TRUE(names(designer.spdVarList).empty());
-    script.box("Model Specification Error",
-               "No dependent variable was named. You need at least one independent variable. ");
-    click("cmdOK");
-    editor.cancelled = true;
-    click("cmdCancel");
-  });
-}
-
 TEST_F(Designer, BothPlacementsAreTidyWithAndWithoutDefinitions) {
   for (const bool starting : {true, false}) {
     for (const bool info : {true, false}) {
@@ -261,29 +215,6 @@ TEST_F(Designer, BothPlacementsAreTidyWithAndWithoutDefinitions) {
       });
     }
   }
-}
-
-TEST_F(Designer, LongNamesAndDefinitionsAreReachable) {
-  std::string names = "Town";
-  std::string info = "Comment\n";
-  std::string record = "Bern";
-  for (int i = 1; i <= 30; ++i) {
-    names += ",Population" + std::to_string(i);
-    info.append(200, 'd').append("\n");
-    record += ",1";
-  }
-  folder.write("rent.csv", names + "\n" + record + "\n");
-  folder.write("rent.inf", info);
-  scenarios.standard[4] = "1";
-  scenarios.standard[5] = "30";
-  design([this](frmModelDesign& designer) {
-    EXPECT_EQ(designer.spdVarList.maxRows(), 30);
-    EXPECT_LE(designer.spdVarList.widestText(2), designer.spdVarList.colWidth(2) + pixels(12));
-    EXPECT_EQ(designer.spdVarDefs.scrollBars(), ScrollBars::both);
-    EXPECT_GE(designer.spdVarDefs.colWidth(2), designer.spdVarDefs.widestText(2));
-    EXPECT_GE(designer.spdVarDefs.colWidth(1), designer.spdVarDefs.widestText(1));
-    click("cmdCancel");
-  });
 }
 
 }  // namespace

@@ -70,16 +70,6 @@ TEST(CsvTable, FaultsAreNamedWithTheirPlace) {
   EXPECT_EQ(errorOf(many), "t.csv:32769: more than 32767 cases");
 }
 
-TEST(CsvTable, EveryTruncationIsReadOrRefused) {
-  const std::string whole = "\"a\"\"b\",c\r\n\"1\",2\r\n3,\"4\"\r\n";
-  for (std::size_t length = 0; length <= whole.size(); ++length) {
-    const auto table = CsvTable::parse("t.csv", whole.substr(0, length));
-    if (table) {
-      EXPECT_EQ(table->columns(), 2);
-    }
-  }
-}
-
 TEST(CsvTable, NamesOfAList) {
   EXPECT_THAT(fieldsOfList("Size, Age"), ElementsAre("Size", "Age"));
   EXPECT_THAT(fieldsOfList("\"Size, net\",Age"), ElementsAre("Size, net", "Age"));

@@ -199,18 +199,5 @@ TEST_F(JsonReport, HoldsEveryDisplayInOrderWithAllItShows) {
   }
 }
 
-TEST_F(JsonReport, HistogramHasABarForEachClassThatIsNotEmpty) {
-  const Json document = json({table, "--y", "Rent"});
-  const Json& histogram = document["displays"]["frmResidHist"];
-  const auto& overlay = histogram["overlay"].items;
-  const auto& counts = document["state"]["iResidClassCount"].items;
-  EXPECT_EQ(std::count_if(overlay.begin(), overlay.end(),
-                          [](const Json& call) { return call[0].text == "box"; }),
-            std::count_if(counts.begin(), counts.end(),
-                          [](const Json& count) { return count.text != "0"; }));
-  // Bars stand on the plot area of the time when they were drawn.
-  EXPECT_EQ(overlay[0][2].number<double>(), histogram["plot"]["bottom"].number<double>());
-}
-
 }  // namespace
 }  // namespace tolmer

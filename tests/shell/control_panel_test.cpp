@@ -42,6 +42,7 @@ TEST_F(ControlPanel, ListsDifferInTheirLastEntryAndPlotsStartAtTheirDefaults) {
   EXPECT_FALSE(panel.cboXAxisVar.canBeUsed());
   EXPECT_FALSE(panel.cmdUpdateGraphs.canBeUsed());
   EXPECT_TRUE(panel.cmdChangeModel.canBeUsed());
+  EXPECT_EQ(panel.txtFittedModel.accessibleName(), "Fitted Model");
 }
 
 TEST_F(ControlPanel, UpdateButtonFlashesUntilTheFormerChoiceOrThePress) {
@@ -67,15 +68,6 @@ TEST_F(ControlPanel, UpdateButtonFlashesUntilTheFormerChoiceOrThePress) {
   EXPECT_FALSE(panel.tmrFlashUpdate.enabled());
   panel.CheckUpdateFlash();
   EXPECT_FALSE(panel.tmrFlashUpdate.enabled());
-}
-
-TEST_F(ControlPanel, ASourceThatDoesNotExistIsToldAndChangesNothing) {
-  Script script(desktop);
-  panel.SetupChangeDataSourceButton();
-  state.iDataSource = 7;
-  script.box("", "Error in SetupChangeDataSourceButton - bad source:7");
-  panel.SetupChangeDataSourceButton();
-  EXPECT_EQ(panel.cmdChangeDataSource.caption(), "Select &Example");
 }
 
 TEST_F(ControlPanel, LayoutHoldsAtTheQuadrantsOfBothCommonScreens) {

@@ -1,8 +1,10 @@
-// Journeys of a student through the whole program, on the shipped course.
+// Journeys of a student through the whole program, on the shipped course: among others from every
+// example and database in the notebook to a fit.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "base/file_io.h"
+#include "data/designer.h"
 #include "displaywindows/table_window.h"
 #include "notebook/cover.h"
 #include "notebook/notebook_window.h"
@@ -11,13 +13,12 @@
 #include "sheet/sheet_content.h"
 #include "sheetfiles/visit_files.h"
 #include "shell/shipped_program.h"
-#include "support/designer_student.h"
-#include "support/stand_in_editor.h"
 #include "support/temp_folder.h"
 
 namespace tolmer::test {
 namespace {
 
+// Journeys of a student through the whole program, on the shipped course.
 class Journey : public ShippedProgram {};
 
 TEST_F(Journey, DefaultExampleFillsTheQuadrants) {
@@ -37,18 +38,6 @@ TEST_F(Journey, DefaultExampleFillsTheQuadrants) {
   module.parts().panel.txtFittedModel.setFocus();
   user.menu("mdiReg", "Edit/Copy");
   EXPECT_EQ(desktop.clipboard().text, module.parts().panel.txtFittedModel.text());
-}
-
-TEST_F(Journey, AboutShowsTitleVersionAndIcon) {
-  startWithDefaultExample();
-  script.window("frmAbout", [&] {
-    const frmAbout& about = module.parts().about;
-    EXPECT_EQ(about.lblTitle1.caption(), "Tolmer");
-    EXPECT_EQ(about.lblVersion.caption(), "Version 2.00");
-    EXPECT_TRUE(std::filesystem::exists(about.imgIcon.file()));
-    user.click("frmAbout", "cmdOK");
-  });
-  user.menu("mdiReg", "Help/About...");
 }
 
 TEST_F(Journey, WorktextIsHandedToTheProgramThatOpensItOrWhatIsWrongIsTold) {
@@ -146,78 +135,6 @@ TEST_F(Journey, EveryEndAsksOnceAboutUnsavedDataOfOnesOwn) {
   EXPECT_THROW(user.close("mdiReg"), ProgramEnded);
 }
 
-TEST_F(Journey, LostWorkThatCannotBeReadIsToldAsSuch) {
-  const TempFolder aside;
-  VisitFolder places(aside.path());
-  const std::string work = aside.file("visit-abcdef.zmm");  // without its lock file
-  ASSERT_FALSE(writeFileAtomically(work, "damaged"));
-  module.parts().aside = &places;
-  script.box("Unsaved Data",
-             "The program ended before the data in the Data Editor were saved (" +
-                 localTime(*secondsWritten(work)) +
-                 "), and the copy that it kept of them cannot be read. Open the Data Editor from "
-                 "the Notebook to keep or delete it.");
-  script.window("frmOpeningBook");
-  script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdCancel"); });
-  script.box("Tolmer", "Exit module?", Answer::yes);
-  EXPECT_THROW(module.Main(), ProgramEnded);
-}
-
-TEST_F(Journey, ChangeOfModelRefitsOnlyWhenSomethingChanged) {
-  startWithDefaultExample();
-  script.window("frmModelDesign", [&] { user.click("frmModelDesign", "cmdOK"); });
-  user.click("frmControlPanel", "cmdChangeModel");
-  EXPECT_EQ(state().iCompletedFits, 1);
-
-  script.window("frmModelDesign", [&] {
-    user.click("frmModelDesign", "chkUseIntercept");
-    user.click("frmModelDesign", "cmdOK");
-  });
-  user.click("frmControlPanel", "cmdChangeModel");
-  EXPECT_EQ(state().iCompletedFits, 2);
-  EXPECT_FALSE(state().bUseIntercept);
-  EXPECT_EQ(state().iNumTerms, 3);
-}
-
-TEST_F(Journey, AChoiceOfDataThatIsGivenUpLeavesTheSource) {
-  StandInEditor editor;
-  editor.cases = 6;
-  editor.variables = {{"x", {1, 2, 3, 4, 5, 7}}, {"y", {2, 4, 5, 4, 5, 9}}};
-  module.parts().editor = &editor;
-  startWithDefaultExample();
-  const auto choosePage = [&](int section, int page) {
-    script.window("frmNotebook", [this, section, page] {
-      module.parts().notebook.window().goTo(section, page);
-      user.click("frmNotebook", "cmdOK");
-    });
-  };
-  choosePage(5, 1);
-  script.window("frmModelDesign", [&] {
-    DesignerStudent(dynamic_cast<frmModelDesign&>(user.window("frmModelDesign")), 1).chooseModel();
-    user.click("frmModelDesign", "cmdOK");
-  });
-  user.click("frmControlPanel", "cmdShowNotebook");
-  ASSERT_EQ(state().iDataSource, dataEditor);
-
-  choosePage(4, 2);
-  script.window("frmModelDesign", [&] { user.click("frmModelDesign", "cmdCancel"); });
-  script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdCancel"); });
-  user.click("frmControlPanel", "cmdShowNotebook");
-  EXPECT_EQ(state().iDataSource, dataEditor);
-  const int shown = editor.shown;
-  editor.cancelled = true;
-  user.click("frmControlPanel", "cmdChangeDataSource");
-  EXPECT_EQ(editor.shown, shown + 1);
-}
-
-TEST_F(Journey, ARefitRestoresAMaximisedPanel) {
-  startWithDefaultExample();
-  user.maximise("frmControlPanel");
-  module.parts().analysis.RunAnalysis();
-  EXPECT_EQ(user.window("frmControlPanel").state(), WindowState::normal);
-  EXPECT_TRUE(user.window("frmResidHist").visible());
-}
-
 TEST_F(Journey, ThePanelCannotBeReplacedAndDisplaysCannotBeClosed) {
   startWithDefaultExample();
   module.parts().frame.activate(module.parts().panel);
@@ -287,6 +204,58 @@ TEST_F(Journey, ClickOnTheCurtainCountsAsOneOnTheCover) {
     return Answer::ok;
   };
   EXPECT_THROW(other.Main(), ProgramEnded);
+}
+
+// Every example and database of the shipped course, from its place in the notebook to a fit.
+constexpr int databasesSection = 4;  // where the student chooses the model
+
+class WholeCourse : public ShippedProgram {
+ protected:
+  void SetUp() override { startWithDefaultExample(); }
+  NoteBook& notebook() { return module.parts().notebook; }
+
+  // The suggested dependent variable on the column beside it.
+  static void chooseModel(frmModelDesign& designer, int dependent) {
+    const int predictor = dependent > 1 ? dependent - 1 : 2;
+    designer.spdVarList.press({dependent, 1});
+    designer.cmdDepVarSelect.click();
+    designer.spdVarList.press({predictor, 1});
+    designer.cmdIndVarSelect.click();
+  }
+
+  // Any message box on the way fails the test.
+  void openAndFit(int section, int page, int option, const Scenario& scenario) {
+    SCOPED_TRACE(scenario.tName);
+    const auto fits = state().iCompletedFits;
+    script.window("frmNotebook", [&] {
+      notebook().window().goTo(section, page);
+      user.click("frmNotebook", "optScenario(" + std::to_string(option) + ")");
+      user.click("frmNotebook", "cmdOK");
+    });
+    script.window("frmModelDesign", [&] {
+      auto& designer = dynamic_cast<frmModelDesign&>(user.window("frmModelDesign"));
+      if (section == databasesSection) chooseModel(designer, std::stoi(scenario.tParameter[7]));
+      user.click("frmModelDesign", "cmdOK");
+    });
+    user.click("frmControlPanel", "cmdShowNotebook");
+    script.finish();
+    EXPECT_EQ(state().iCompletedFits, fits + 1);
+    EXPECT_FALSE(state().Fit.bSingular);
+    EXPECT_EQ(std::to_string(state().iNumCases), scenario.tParameter[5]);
+  }
+};
+
+TEST_F(WholeCourse, LeadsFromEveryScenarioToAFit) {
+  int opened = 0;
+  const Book& book = notebook().book();
+  for (int section = 1; section <= book.uSection.count(); ++section)
+    for (int page = 1; page <= book.uSection[section].iNumPages; ++page) {
+      const ScenarioElement list =
+          book.uScenarioElement[notebook().page(section, page).iScenarioElement];
+      for (int i = 0; i < list.iNumScenarios; ++i, ++opened)
+        openAndFit(section, page, i, book.uScenario[list.iFirstScenario + i]);
+    }
+  EXPECT_EQ(opened, book.uScenario.count());
 }
 
 }  // namespace

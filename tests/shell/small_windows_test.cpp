@@ -33,35 +33,11 @@ TEST_F(SmallWindows, theHintBlinksUntilItIsClosed) {
     sees("mouse_on.svg", colours::red);
     desktop.advance(1000);
     sees("mouse_off.svg", colours::buttonFace);
-    user.click("frmHint", "cmdOK");
+    user.key("frmHint", {keys::escape});
   });
   hint.showHint();
   EXPECT_FALSE(hint.tmrMouseBlink.enabled());
   EXPECT_FALSE(hint.visible());
-}
-
-TEST_F(SmallWindows, oneTitleStandsAtTheMiddleOfTheIconAndTwoInTheirPlaces) {
-  frmAbout about(desktop);
-  about.ModuleTitleLine1 = "Tolmer";
-  about.ModuleVersion = "Version 2.00";
-  const auto topsWith = [&](const std::string& secondLine) {
-    about.ModuleTitleLine2 = secondLine;
-    script.window("frmAbout", [&] {
-      EXPECT_EQ(about.lblTitle1.caption(), "Tolmer");
-      EXPECT_EQ(about.lblTitle2.caption(), secondLine);
-      EXPECT_EQ(about.lblVersion.caption(), "Version 2.00");
-      EXPECT_EQ(test::layoutFaults(about), "");
-      user.click("frmAbout", "cmdOK");
-    });
-    about.ShowAbout();
-    return std::pair(about.lblTitle1.top(), about.lblTitle2.top());
-  };
-  const auto design = topsWith("and a line more");
-  const auto single = topsWith("");
-  EXPECT_EQ(2 * single.first + about.lblTitle1.height(),
-            about.imgIcon.top() + about.imgIcon.bottom());
-  EXPECT_EQ(topsWith("and a line more"), design);
-  EXPECT_NE(design.first, single.first);
 }
 
 TEST_F(SmallWindows, aPressOnTheAddressCopiesItAndIsRedWhileItLasts) {
