@@ -28,7 +28,8 @@ class StandInEditor : public EditorData {
                      .mbDataLabelsEntered = !labels.empty(),
                      .mdValue = Matrix<double>(cases, static_cast<int>(variables.size())),
                      .mtLabel = std::vector<std::string>(static_cast<std::size_t>(cases) + 1),
-                     .mtVarHeader = {""}};
+                     .mtVarHeader = {""},
+                     .leftOut = {}};
     std::ranges::copy(labels, data.mtLabel.begin() + 1);
     for (const Variable& variable : variables) {
       data.mtVarHeader.push_back(variable.header);
