@@ -56,6 +56,11 @@ TEST(ExitCheckTest, AnErrorMakesItsCaseIncompleteInAnyRow) {
                {"", "7", "=LAG(Var1)", "=1/Var1"}});
   const CompleteCases cases = completeCases(sheet);
   EXPECT_EQ(cases.iIncomplete, 4);
+  std::vector<std::string> why;
+  for (const LeftOutCase& one : cases.data.leftOut)
+    why.push_back(std::to_string(one.row) + ": " + one.why);
+  EXPECT_EQ(why[0], "1: a formula without a value in " + sheet.heading(2));
+  EXPECT_EQ(why[2], "4: a gap in " + sheet.heading(3));
   ASSERT_EQ(cases.data.miCompleteObs, 2);
   EXPECT_EQ(cases.data.mdValue(1, 1), 6);
   EXPECT_EQ(cases.data.mdValue(1, 2), 5);
