@@ -1,7 +1,7 @@
 // The tables of the fit: variance and coefficients.
-#include <cmath>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <cmath>
 
 #include "tables/anova_table.h"
 #include "tables/coefficient_table.h"
