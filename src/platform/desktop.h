@@ -14,6 +14,7 @@ namespace tolmer {
 
 class MenuItem;
 class Window;
+struct PrintedPages;
 
 // One content in several forms; empty forms are left out.
 struct ClipboardContent {
@@ -65,6 +66,11 @@ class Desktop : public MessagePort {
   // and writes them whole or not at all. A file that may only be read is refused. A front end that
   // reaches no files of the user's hands the bytes over in its own way.
   virtual Saving saveFile(const FileToSave& file);
+
+  // The bytes of a PDF: with text as text, title, author and bookmarks.
+  virtual Result<std::string> pdfOf(const PrintedPages& pages) = 0;
+  // Asks for the printer, or for a file in place of one. What fails is told in a box.
+  virtual void print(const PrintedPages& pages) = 0;
 
   virtual void showHelp(const HelpRequest& request) = 0;
   // False where no such window stands or the document cannot be opened.

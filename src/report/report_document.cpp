@@ -176,12 +176,15 @@ std::string reportDate() {
          twoDigits(day.tm_mday);
 }
 
+std::string usualTitle(const AnalysisState& state) {
+  return onOneLine("Multiple regression of " + variableName(state, 1));
+}
+
 ReportDocument reportDocument(const AnalysisState& state, const ReportRequest& request,
                               const ReportCircumstances& around) {
   ReportDocument document;
   document.state = &state;
-  document.title = onOneLine(
-      request.title.empty() ? "Multiple regression of " + variableName(state, 1) : request.title);
+  document.title = request.title.empty() ? usualTitle(state) : onOneLine(request.title);
   document.remarks = linesOf(request.remarks);
   document.facts = factsOf(state, request, around);
   document.messages = around.messages;

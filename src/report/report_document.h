@@ -50,6 +50,9 @@ struct ReportDocument {
   const AnalysisState* state;  // outlives the document
 };
 
+// Of a report whose request has none: "Multiple regression of Rent".
+std::string usualTitle(const AnalysisState& state);
+
 // Makes the displays anew from the record, graphs in a size that suits the format.
 ReportDocument reportDocument(const AnalysisState& state, const ReportRequest& request,
                               const ReportCircumstances& around);

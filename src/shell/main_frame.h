@@ -19,6 +19,10 @@ class mdiReg : public FrameWindow {
   MenuItem mnuFile{&menu, "mnuFile", "&File"};
   MenuItem mnuFileZM{&mnuFile, "mnuFileZM", "Return to Z&M Menu"};
   MenuItem mnuFileWorktext{&mnuFile, "mnuFileWorktext", "View &Worktext"};
+  MenuItem mnuFileBar1{&mnuFile, "mnuFileBar1", "-"};
+  MenuItem mnuFileReport{&mnuFile, "mnuFileReport", "Save &Report..."};
+  MenuItem mnuFilePrint{&mnuFile, "mnuFilePrint", "&Print..."};
+  MenuItem mnuFileBar2{&mnuFile, "mnuFileBar2", "-"};
   MenuItem mnuFileExit{&mnuFile, "mnuFileExit", "E&xit"};
 
   MenuItem mnuEdit{&menu, "mnuEdit", "&Edit"};

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "shell/main_flow.h"
+#include "shell/report_commands.h"
 #include "shell/shell_parts.h"
 
 namespace tolmer {
@@ -16,6 +17,7 @@ class MenuCommands {
   void wireOptions();
   void wireHelp();
   void wireHelpKey(Window& window, std::function<long()> topic);
+  void mnuFile_Click();
   void mnuFileWorktext_Click();
   void mnuEditCopy_Click();
   void mnuWindow_Click();
@@ -25,6 +27,7 @@ class MenuCommands {
 
   ShellParts& parts_;
   MainFlow& flow_;
+  ReportCommands reports_;
 };
 
 }  // namespace tolmer

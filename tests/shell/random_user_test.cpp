@@ -110,6 +110,7 @@ class RandomUser {
     desktop.onMessageBox = [this](const MessageBox& box) { return answer(box); };
     desktop.onOpenFile = [this](const FileQuestion&) { return chooseFile(); };
     desktop.onSaveFile = desktop.onOpenFile;
+    desktop.onPrint = [](const PrintedPages&) {};
   }
 
   void actAt(Window& window) {

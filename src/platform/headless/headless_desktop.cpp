@@ -92,6 +92,15 @@ std::optional<ChosenFile> HeadlessDesktop::saveFileDialog(const FileQuestion& qu
   return ChosenFile{withExtension(*path, question.kinds.at(0)), kindOf(question, *path, 0)};
 }
 
+Result<std::string> HeadlessDesktop::pdfOf(const PrintedPages& pages) {
+  return onPdf ? onPdf(pages) : Result<std::string>("%PDF-1.4\n");
+}
+
+void HeadlessDesktop::print(const PrintedPages& pages) {
+  if (!onPrint) throw std::logic_error("unexpected printing");
+  onPrint(pages);
+}
+
 void HeadlessDesktop::endProgram(int status) {
   ended_ = true;
   throw ProgramEnded{status};

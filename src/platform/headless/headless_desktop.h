@@ -27,6 +27,11 @@ class HeadlessDesktop : public Desktop {
   std::function<std::optional<std::string>(const FileQuestion&)> onOpenFile;
   std::function<std::optional<std::string>(const FileQuestion&)> onSaveFile;
 
+  // What stands for the PDF; unset, a few bytes do.
+  std::function<Result<std::string>(const PrintedPages&)> onPdf;
+  // Unset, printing is an exception.
+  std::function<void(const PrintedPages&)> onPrint;
+
   // Windows that have been shown and are still loaded, the oldest first.
   const std::vector<Window*>& windows() const { return windows_; }
   // The window that takes input: the innermost modal one; null outside modal loops.
@@ -55,6 +60,8 @@ class HeadlessDesktop : public Desktop {
   }
   std::optional<ChosenFile> openFileDialog(const FileQuestion& question) override;
   std::optional<ChosenFile> saveFileDialog(const FileQuestion& question) override;
+  Result<std::string> pdfOf(const PrintedPages& pages) override;
+  void print(const PrintedPages& pages) override;
   void showHelp(const HelpRequest& request) override { helpRequests_.push_back(request); }
   bool activateProgram(const std::string&) override { return false; }
   bool openDocument(const std::string& path) override {

@@ -17,6 +17,8 @@
 #include "platform/qt/help_window.h"
 #include "platform/qt/menu_peer.h"
 #include "platform/qt/message_window.h"
+#include "platform/qt/page_painter.h"
+#include "platform/qt/printing.h"
 #include "platform/qt/window_peer.h"
 
 namespace tolmer {
@@ -99,6 +101,24 @@ std::optional<ChosenFile> QtDesktop::openFileDialog(const FileQuestion& question
 
 std::optional<ChosenFile> QtDesktop::saveFileDialog(const FileQuestion& question) {
   return askForFile(mirror_, question, FileUse::save);
+}
+
+Result<std::string> QtDesktop::pdfOf(const PrintedPages& pages) { return writePdf(pages); }
+
+void QtDesktop::print(const PrintedPages& pages) {
+  const auto save = [this](const PrintedPages& chosen, const std::string& path) {
+    saveFile({.question = {.title = "Print", .kinds = {{"PDF document", {"pdf"}}}},
+              .bytes = [&chosen](const ChosenFile&) { return writePdf(chosen); },
+              .notSaved = "The PDF was not written.",
+              .path = path});
+  };
+  const auto tell = [this](const std::string& reason) {
+    messageBox({.title = "Print",
+                .text = "Nothing was printed. " + reason +
+                        " The report can be saved as a PDF document and printed from there.",
+                .icon = MessageIcon::exclamation});
+  };
+  askAndPrint({mirror_, save, tell}, pages);
 }
 
 // The pages are read when somebody first asks for them.

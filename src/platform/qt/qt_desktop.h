@@ -51,6 +51,8 @@ class QtDesktop : public Desktop {
   ClipboardContent pasted() const override;
   std::optional<ChosenFile> openFileDialog(const FileQuestion& question) override;
   std::optional<ChosenFile> saveFileDialog(const FileQuestion& question) override;
+  Result<std::string> pdfOf(const PrintedPages& pages) override;
+  void print(const PrintedPages& pages) override;
   void showHelp(const HelpRequest& request) override;
   bool activateProgram(const std::string& title) override;
   bool openDocument(const std::string& path) override;

@@ -1,0 +1,112 @@
+#include "report/printed_report.h"
+
+#include <algorithm>
+#include <memory>
+#include <string>
+
+#include "platform/text_metrics.h"
+#include "report/page_writer.h"
+#include "report/printed_table.h"
+
+namespace tolmer {
+namespace {
+
+constexpr double gap = 6;
+
+void printFacts(PageWriter& pages, const std::vector<ReportFact>& facts) {
+  constexpr double nameWidth = 130;
+  const PrintedLook& look = printed::body;
+  for (const ReportFact& fact : facts) {
+    const double room = pages.width() - nameWidth;
+    pages.require(std::min(PageWriter::heightOf(fact.value, look, room), pages.wholeRoom()));
+    pages.put(PrintedText{.x = pages.left(),
+                          .baseLine = look.baseLine(pages.top()),
+                          .text = fact.name,
+                          .font = look.font(),
+                          .colour = printed::quietInk});
+    pages.paragraph(fact.value, look, nameWidth);
+  }
+}
+
+void printHead(PageWriter& pages, const ReportDocument& document) {
+  pages.paragraph(document.title, printed::title);
+  pages.skip(gap);
+  printFacts(pages, document.facts);
+  for (const std::string& line : document.remarks) {
+    if (line.empty()) continue;
+    pages.skip(gap);
+    pages.paragraph(line, printed::body);
+  }
+}
+
+void printMessages(PageWriter& pages, const std::vector<std::string>& texts) {
+  if (texts.empty()) return;
+  pages.beginPart("Messages", 3 * printed::body.line());
+  pages.panel(texts, printed::body, Colour::rgb(0xFF, 0xF3, 0xCD), Colour::rgb(0xB5, 0x89, 0x00));
+}
+
+struct PartPrinter {
+  PageWriter& pages;
+  const std::string& title;
+
+  void operator()(const FittedEquation& equation) const {
+    constexpr PrintedLook look{.size = 10.5F};
+    const double height = PageWriter::heightOf(equation.text, look, pages.widthOf(false) - 20);
+    pages.beginPart(title, std::min(height + 2 * gap, pages.wholeRoom() / 2));
+    pages.panel({equation.text}, look, Colour::rgb(0xF4, 0xF6, 0xF8),
+                Colour::rgb(0x34, 0x65, 0xA4));
+    if (equation.notes.empty()) return;
+    pages.skip(gap);
+    pages.require(3 * printed::body.line());
+    pages.paragraph("Notes", printed::subheading);
+    for (const std::string& note : equation.notes) pages.item(note, printed::body);
+  }
+
+  void operator()(const TableContent& table) const { printTable(pages, table, title); }
+
+  // The sentence that tells the graph stands below it, for everybody.
+  void operator()(const GraphContent& graph) const {
+    const Picture& picture = graph.plot.picture();
+    const double width = pages.widthOf(false);
+    const double height =
+        picture.size.width > 0 ? picture.size.height * width / picture.size.width : 0;
+    const double words = PageWriter::heightOf(graph.description, printed::small, width);
+    pages.beginPart(title, height + gap + words);
+    if (height > 0) {
+      pages.put(PrintedPicture{pages.left(), pages.top(), width,
+                               std::make_shared<const Picture>(picture)});
+      pages.skip(height + gap);
+    }
+    pages.paragraph(graph.description, printed::small);
+  }
+
+  void operator()(const Sections& sections) const {
+    constexpr double least = 60;
+    pages.beginPart(title, least);
+    for (const Section& section : sections) {
+      const double text = PageWriter::heightOf(section.text, printed::body, pages.width());
+      pages.require(std::min(printed::subheading.line() + text, pages.wholeRoom() / 3));
+      pages.paragraph(section.heading, printed::subheading);
+      pages.paragraph(section.text, printed::body);
+      pages.skip(gap);
+    }
+  }
+};
+
+std::string authorOf(const ReportDocument& document) {
+  const auto found = std::ranges::find(document.facts, "Author", &ReportFact::name);
+  return found == document.facts.end() ? std::string() : found->value;
+}
+
+}  // namespace
+
+PrintedPages printedReport(const ReportDocument& document) {
+  PageWriter pages(document.paper);
+  printHead(pages, document);
+  printMessages(pages, messageTexts(document));
+  for (const ReportedPart& shown : document.parts)
+    std::visit(PartPrinter{pages, shown.title}, shown.content);
+  return std::move(pages).finish(document.title, authorOf(document));
+}
+
+}  // namespace tolmer

@@ -1,0 +1,31 @@
+// The report from the main menu: to a file, or to the printer.
+#pragma once
+
+#include "platform/desktop.h"
+#include "platform/paper/printed_pages.h"
+#include "shell/report_dialog.h"
+
+namespace tolmer {
+
+class ReportCommands {
+ public:
+  ReportCommands(Desktop& desktop, const AnalysisState& state) : desktop_(desktop), state_(state) {}
+
+  // Both ask first. There must be an analysis; its fit may have failed.
+  void SaveReport();
+  void PrintReport();
+
+ private:
+  bool asks(ReportUse use);
+  PrintedPages pages() const;
+  Result<std::string> bytesAs(std::size_t kind);
+  std::string suggestedName() const;
+
+  Desktop& desktop_;
+  const AnalysisState& state_;
+  ReportChoice choice_;
+  std::size_t kind_ = 0;  // of the file saved last
+  std::string folder_;    // likewise
+};
+
+}  // namespace tolmer
