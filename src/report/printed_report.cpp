@@ -81,11 +81,13 @@ struct PartPrinter {
   }
 
   void operator()(const Sections& sections) const {
-    constexpr double least = 60;
-    pages.beginPart(title, least);
+    const auto together = [this](const Section& section) {
+      const double text = PageWriter::heightOf(section.text, printed::body, pages.widthOf(false));
+      return std::min(printed::subheading.line() + text, pages.wholeRoom() / 3);
+    };
+    pages.beginPart(title, sections.empty() ? 0 : together(sections.front()));
     for (const Section& section : sections) {
-      const double text = PageWriter::heightOf(section.text, printed::body, pages.width());
-      pages.require(std::min(printed::subheading.line() + text, pages.wholeRoom() / 3));
+      pages.require(together(section));
       pages.paragraph(section.heading, printed::subheading);
       pages.paragraph(section.text, printed::body);
       pages.skip(gap);

@@ -50,6 +50,7 @@ struct SetCell {
   std::vector<std::string> lines;
   double width = 0;
   std::string_view sign{};
+  double signRoom = 0;  // in its column, right of the figures
   Colour ground = colours::white;
   bool isBold = false;
 };
@@ -69,6 +70,7 @@ class RowSetter {
                      width - 2 * setting_.side + 0.01),
             width,
             {},
+            0,
             ground,
             isBold};
   }
@@ -99,11 +101,12 @@ class RowSetter {
     PrintedLook look = setting_.look;
     look.isBold = cell.isBold;
     const bool isRight = cell.cell->align == Align::right;
-    const double at = isRight ? x + cell.width - setting_.side : x + setting_.side;
+    const double at = isRight ? x + cell.width - setting_.side - cell.signRoom : x + setting_.side;
     double top = pages_.top() + setting_.above;
     for (const std::string& line : cell.lines) {
       pages_.put(PrintedText{at, look.baseLine(top), line, look.font(), look.colour,
-                             isRight ? Align::right : Align::left, cell.width - 2 * setting_.side});
+                             isRight ? Align::right : Align::left,
+                             cell.width - cell.signRoom - 2 * setting_.side});
       top += look.line();
     }
     if (cell.sign.empty()) return;
@@ -132,6 +135,8 @@ class TablePrinter {
                : sum(smallWidths) <= pages.widthOf(true) ? across
                                                          : cut;
     widths_ = setting_.look.size == upright.look.size ? widths : smallWidths;
+    for (std::size_t column = 0; column < widths_.size(); ++column)
+      signRooms_.push_back(signRoom(column, setting_));
     blocks_ = columnBlocks(widths_, parts_.leadColumns, pages.widthOf(setting_.isAcross));
   }
 
@@ -164,15 +169,33 @@ class TablePrinter {
         widest = std::max(widest, setter.widthOf(row[column].text, isBold(row[column], column)));
       const double most =
           isLead(column) ? widestNames / static_cast<double>(parts_.leadColumns) : widestColumn;
-      widths.push_back(std::min(widest, most * setting.look.size));
+      widths.push_back(std::min(widest, most * setting.look.size) + signRoom(column, setting));
     }
     return widths;
+  }
+
+  // Beside the figures of a column, for the signs of those that are marked.
+  double signRoom(std::size_t column, const Setting& setting) const {
+    double most = 0;
+    for (const TableRow& row : rows())
+      if (const auto sign = parts_.shownSign(row[column]); !sign.empty())
+        most = std::max(most, textWidth(setting.look.font(), sign));
+    return most;
+  }
+
+  // A cell of the table's columns.
+  SetCell columnCell(const TableCell& cell, std::size_t column, Colour ground, bool bold) const {
+    const double room = signRooms_[column];
+    SetCell set = setter().cell(cell, widths_[column] - room, ground, bold);
+    set.width += room;
+    set.signRoom = room;
+    return set;
   }
 
   SetRow headRow(const ColumnBlock& block) const {
     SetRow row;
     for (const std::size_t column : block)
-      row.push_back(setter().cell(parts_.heads[column], widths_[column], headGround, true));
+      row.push_back(columnCell(parts_.heads[column], column, headGround, true));
     return row;
   }
 
@@ -184,7 +207,7 @@ class TablePrinter {
       const Colour ground = !tint.empty()                       ? colourOf(tint)
                             : isFramed(cell) && !isLead(column) ? headGround
                                                                 : colours::white;
-      row.push_back(setter().cell(cell, widths_[column], ground, isBold(cell, column)));
+      row.push_back(columnCell(cell, column, ground, isBold(cell, column)));
       row.back().sign = parts_.shownSign(cell);
     }
     return row;
@@ -300,6 +323,7 @@ class TablePrinter {
   const std::string& title_;
   Setting setting_ = upright;
   std::vector<double> widths_;
+  std::vector<double> signRooms_;  // parts of the widths
   std::vector<ColumnBlock> blocks_;
 };
 

@@ -172,6 +172,8 @@ void MainFlow::showDesigner() {
 
 void MainFlow::FinishStartup() {
   state_.bStartingAnalysis = false;
+  parts_.frame.mnuFileReport.setEnabled(true);
+  parts_.frame.mnuFilePrint.setEnabled(true);
   showHint();
 }
 

@@ -15,6 +15,9 @@ mdiReg::mdiReg(Desktop& desktop)
       mnuHelpUsingHelp(&mnuHelp, "mnuHelpUsingHelp", "&Using Help"),
       mnuHelpBar1(&mnuHelp, "mnuHelpBar1", "-"),
       mnuHelpAbout(&mnuHelp, "mnuHelpAbout", "&About...") {
+  // Until there is an analysis to report.
+  mnuFileReport.setEnabled(false);
+  mnuFilePrint.setEnabled(false);
   mnuShowRegression.setCheckable(true);
   mnuShowCorrelation.setCheckable(true);
   mnuEditCopy.setShortcut({.code = 'C', .control = true});

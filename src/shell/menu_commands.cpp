@@ -8,7 +8,6 @@ namespace tolmer {
 MenuCommands::MenuCommands(ShellParts& parts, MainFlow& flow)
     : parts_(parts), flow_(flow), reports_(parts.desktop, parts.state) {
   wireFileAndEdit();
-  mnuFile_Click();
   wireDisplays();
   wireOptions();
   wireHelp();
@@ -17,7 +16,6 @@ MenuCommands::MenuCommands(ShellParts& parts, MainFlow& flow)
 void MenuCommands::wireFileAndEdit() {
   parts_.frame.mnuFileZM.Click = [this] { parts_.desktop.activateProgram(suiteTitle); };
   parts_.frame.mnuFileWorktext.Click = [this] { mnuFileWorktext_Click(); };
-  parts_.frame.mnuFile.Click = [this] { mnuFile_Click(); };
   parts_.frame.mnuFileReport.Click = [this] { reports_.SaveReport(); };
   parts_.frame.mnuFilePrint.Click = [this] { reports_.PrintReport(); };
   parts_.frame.mnuFileExit.Click = [this] { parts_.frame.requestClose(); };
@@ -63,12 +61,6 @@ void MenuCommands::wireHelp() {
 
 void MenuCommands::wireHelpKey(Window& window, std::function<long()> topic) {
   window.takeKey({keys::f1}, [this, topic = std::move(topic)] { flow_.ShowHelpTopic(topic()); });
-}
-
-// There must be something to report.
-void MenuCommands::mnuFile_Click() {
-  for (MenuItem* entry : {&parts_.frame.mnuFileReport, &parts_.frame.mnuFilePrint})
-    entry->setEnabled(hasModel(parts_.state));
 }
 
 void MenuCommands::mnuFileWorktext_Click() {

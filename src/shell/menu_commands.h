@@ -17,7 +17,6 @@ class MenuCommands {
   void wireOptions();
   void wireHelp();
   void wireHelpKey(Window& window, std::function<long()> topic);
-  void mnuFile_Click();
   void mnuFileWorktext_Click();
   void mnuEditCopy_Click();
   void mnuWindow_Click();

@@ -60,6 +60,7 @@ void drawSegments(QPainter& painter, const QPolygonF& points) {
 struct PrimitivePainter {
   QPainter& painter;
   const ViewSize& view;
+  PictureUse use;
 
   void operator()(const BoxPrimitive& box) const {
     const ViewRect place = screenBox(box, view);
@@ -94,7 +95,8 @@ struct PrimitivePainter {
   void operator()(const TextPrimitive& text) const {
     const ViewPoint anchor = screenAnchor(text, view);
     const QString letters = QString::fromStdString(text.text);
-    const QFont font = screenFont(text.pixels);
+    QFont font = screenFont(text.pixels);
+    if (use == PictureUse::document) theme::keepLettersApart(font);
     const double length = QFontMetricsF(font).horizontalAdvance(letters);
     const double before = text.align == Align::left     ? 0
                           : text.align == Align::centre ? length / 2
@@ -175,10 +177,10 @@ void GraphView::focusOutEvent(QFocusEvent*) {
   update();
 }
 
-void paintPicture(QPainter& painter, const Picture& picture) {
+void paintPicture(QPainter& painter, const Picture& picture, PictureUse use) {
   painter.setRenderHints(QPainter::Antialiasing | QPainter::TextAntialiasing);
   for (const Primitive& primitive : picture.primitives)
-    std::visit(PrimitivePainter{painter, picture.size}, primitive);
+    std::visit(PrimitivePainter{painter, picture.size, use}, primitive);
 }
 
 }  // namespace tolmer

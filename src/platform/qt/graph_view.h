@@ -37,7 +37,9 @@ class GraphView : public QWidget {
   bool focusByKey_ = false;  // the focus came by the keyboard: it has to be seen
 };
 
+enum class PictureUse { screen, document };
+
 // Draws the list on a painter whose unit is the logical pixel.
-void paintPicture(QPainter& painter, const Picture& picture);
+void paintPicture(QPainter& painter, const Picture& picture, PictureUse use = PictureUse::screen);
 
 }  // namespace tolmer

@@ -10,6 +10,7 @@
 #include "platform/paper/pdf_outline.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/graph_view.h"
+#include "platform/qt/theme.h"
 
 namespace tolmer {
 namespace {
@@ -23,6 +24,7 @@ QFont paperFont(const Font& font, double unit) {
   result.setPixelSize(static_cast<int>(std::lround(font.pixels * unit)));
   result.setKerning(false);
   result.setHintingPreference(QFont::PreferNoHinting);
+  theme::keepLettersApart(result);
   return result;
 }
 
@@ -58,7 +60,7 @@ struct MarkPainter {
     painter.translate(picture.left * unit, picture.top * unit);
     const double scale = picture.width * unit / picture.picture->size.width;
     painter.scale(scale, scale);
-    paintPicture(painter, *picture.picture);
+    paintPicture(painter, *picture.picture, PictureUse::document);
     painter.restore();
   }
 };

@@ -47,6 +47,11 @@ constexpr RoleColour disabled[] = {
 
 }  // namespace
 
+void keepLettersApart(QFont& font) {
+  constexpr double least = 1.0 / 64;
+  font.setLetterSpacing(QFont::AbsoluteSpacing, least);
+}
+
 QPalette palette() {
   QPalette palette;
   for (const auto& [role, colour] : everywhere) palette.setColor(QPalette::All, role, colour);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QColor>
+#include <QFont>
 #include <QPalette>
 #include <QString>
 
@@ -25,6 +26,11 @@ inline const QString interfaceFamily = QStringLiteral("Noto Sans");
 inline const QStringList serifFamilies = {QStringLiteral("Liberation Serif"),
                                           QStringLiteral("Times New Roman")};
 inline constexpr int fontPixels = 12;
+
+// For text in documents, which is searched for and copied: no ligatures, whose letters many
+// programs do not take apart. The toolkit sets none where letters are spaced out, be it by a 64th
+// of a dot.
+void keepLettersApart(QFont& font);
 
 QPalette palette();
 // To be called before the application object is made: style and palette of the desktop are then
