@@ -42,8 +42,8 @@ class PageWriter {
   double width() const { return widthOf(page().isAcross); }
   double widthOf(bool isAcross) const;
   double top() const { return top_; }
-  double room() const { return bottom() - top_; }  // below
-  double wholeRoom() const { return bottom() - margin; }
+  double room() const { return bottom() - top_; }                        // below
+  double wholeRoom() const { return pages_.paper.height - 2 * margin; }  // of an upright page
 
   void newPage() { newPage(page().isAcross); }
   void newPage(bool isAcross);

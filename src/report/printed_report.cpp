@@ -67,17 +67,25 @@ struct PartPrinter {
   // The sentence that tells the graph stands below it, for everybody.
   void operator()(const GraphContent& graph) const {
     const Picture& picture = graph.plot.picture();
-    const double width = pages.widthOf(false);
-    const double height =
-        picture.size.width > 0 ? picture.size.height * width / picture.size.width : 0;
-    const double words = PageWriter::heightOf(graph.description, printed::small, width);
+    const double words =
+        PageWriter::heightOf(graph.description, printed::small, pages.widthOf(false));
+    const double height = heightOf(picture.size);
     pages.beginPart(title, height + gap + words);
     if (height > 0) {
+      const double width = height * picture.size.width / picture.size.height;
       pages.put(PrintedPicture{pages.left(), pages.top(), width,
                                std::make_shared<const Picture>(picture)});
       pages.skip(height + gap);
     }
     pages.paragraph(graph.description, printed::small);
+  }
+
+  // As wide as the page, unless two of them, with their words, were then too high for one.
+  double heightOf(const ViewSize& picture) const {
+    constexpr double besides = 85;
+    if (picture.width <= 0) return 0;
+    const double whole = picture.height * pages.widthOf(false) / picture.width;
+    return std::min(whole, pages.wholeRoom() / 2 - besides);
   }
 
   void operator()(const Sections& sections) const {

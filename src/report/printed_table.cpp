@@ -6,6 +6,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/trimmed.h"
 #include "platform/text_metrics.h"
 #include "tables/table_parts.h"
 
@@ -41,7 +42,7 @@ constexpr Setting settingOf(float size, double above, bool isAcross) {
 }
 constexpr Setting upright = settingOf(9, 0.25, false);
 constexpr Setting across = settingOf(8, 0.25, true);
-constexpr Setting cut = settingOf(8, 0.15, false);
+constexpr Setting small = settingOf(8, 0.15, false);  // where it does not fit, cut
 
 // One of the table's cells as it lies in a row. Names that would take more than their share of the
 // paper have lines.
@@ -128,12 +129,12 @@ class TablePrinter {
       : pages_(pages), parts_(partsOf(table)), title_(title) {
     const std::vector<double> widths = naturalWidths(upright);
     const std::vector<double> smallWidths = naturalWidths(across);
-    const auto sum = [](const std::vector<double>& all) {
-      return std::accumulate(all.begin(), all.end(), 0.0);
+    const auto fits = [&pages](const std::vector<double>& all, bool isAcross) {
+      return std::accumulate(all.begin(), all.end(), 0.0) <= pages.widthOf(isAcross);
     };
-    setting_ = sum(widths) <= pages.widthOf(false)       ? upright
-               : sum(smallWidths) <= pages.widthOf(true) ? across
-                                                         : cut;
+    setting_ = fits(widths, false)                                    ? upright
+               : fits(smallWidths, true) && !fits(smallWidths, false) ? across
+                                                                      : small;
     widths_ = setting_.look.size == upright.look.size ? widths : smallWidths;
     for (std::size_t column = 0; column < widths_.size(); ++column)
       signRooms_.push_back(signRoom(column, setting_));
@@ -238,8 +239,8 @@ class TablePrinter {
   // The first block carries the heading of the display, the others say where they go on.
   void begin(const ColumnBlock& block, double height) {
     if (&block == &blocks_.front()) return pages_.beginPart(title_, height, setting_.isAcross);
-    const std::string& first = parts_.heads[block[parts_.leadColumns]].text;
-    const std::string& last = parts_.heads[block.back()].text;
+    const std::string first(trimmed(parts_.heads[block[parts_.leadColumns]].text));
+    const std::string last(trimmed(parts_.heads[block.back()].text));
     pages_.continuePart(title_ + ", continued: " + first +
                             (block.size() > parts_.leadColumns + 1 ? " to " + last : std::string()),
                         height);

@@ -8,10 +8,10 @@
 
 namespace tolmer {
 
-// Heading, table, the key to its marks and its notes. A table too wide for an upright page lies
-// across one in smaller letters; one too wide for that is cut into blocks of columns below one
-// another. A table stays on one page where it can; a longer one breaks between rows and repeats its
-// heads.
+// Heading, table, the key to its marks and its notes. A table too wide for an upright page has
+// smaller letters, lies across a page where that is not enough, and is cut into blocks of columns
+// below one another where that is not. A table stays on one page where it can; a longer one breaks
+// between rows and repeats its heads.
 void printTable(PageWriter& pages, const TableContent& table, const std::string& title);
 
 }  // namespace tolmer

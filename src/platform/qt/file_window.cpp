@@ -61,7 +61,8 @@ void prepare(QFileDialog& window, const FileQuestion& question, FileUse use) {
                      [&window, &question, filters] { followKind(window, question, filters); });
   }
   showWholeColumns(window);
-  if (QDir(toQt(question.folder)).exists()) window.setDirectory(toQt(question.folder));
+  if (!question.folder.empty() && QDir(toQt(question.folder)).exists())
+    window.setDirectory(toQt(question.folder));
   if (!question.name.empty()) window.selectFile(toQt(question.name));
 }
 
