@@ -132,7 +132,7 @@ class TablePrinter {
     const auto fits = [&pages](const std::vector<double>& all, bool isAcross) {
       return std::accumulate(all.begin(), all.end(), 0.0) <= pages.widthOf(isAcross);
     };
-    setting_ = fits(widths, false)                                    ? upright
+    setting_ = fits(widths, false) && !needsSmallRows()               ? upright
                : fits(smallWidths, true) && !fits(smallWidths, false) ? across
                                                                       : small;
     widths_ = setting_.look.size == upright.look.size ? widths : smallWidths;
@@ -173,6 +173,16 @@ class TablePrinter {
       widths.push_back(std::min(widest, most * setting.look.size) + signRoom(column, setting));
     }
     return widths;
+  }
+
+  // Would a few rows be left for a second page, but not with smaller letters?
+  bool needsSmallRows() const {
+    const auto height = [this](const Setting& setting) {
+      constexpr double besides = 60;  // heading and key
+      return static_cast<double>(rows().size() + 1) * (setting.look.line() + 2 * setting.above) +
+             besides;
+    };
+    return height(upright) > pages_.wholeRoom() && height(small) <= pages_.wholeRoom();
   }
 
   // Beside the figures of a column, for the signs of those that are marked.
@@ -223,7 +233,8 @@ class TablePrinter {
     const double tail = blocks_.size() == 1 ? tailHeight() : 0;
     double height = setter().heightOf(head) + tail;
     for (const SetRow& row : body) height += setter().heightOf(row);
-    begin(block, height);
+    const bool isLong = height > pages_.wholeRoom();
+    begin(block, isLong ? pages_.wholeRoom() / 3 : height);
     setter().print(head, headLine);
     for (const SetRow& row : body) {
       const double needed = setter().heightOf(row) + (&row == &body.back() ? tail : 0);
