@@ -1,7 +1,11 @@
 // What all windows of the quadrants have in common.
 #pragma once
 
+#include <string>
+#include <vector>
+
 #include "displays/display_list.h"
+#include "platform/grid/grid.h"
 #include "platform/window.h"
 
 namespace tolmer {
@@ -17,6 +21,10 @@ class DisplayHost {
   virtual void axisListsDisabled() = 0;  // the two lists of the control panel alone
   // The right-click menu for frmCurrentDisplay.
   virtual void openDisplayMenu() = 0;
+  // What is known by now of cells of the display.
+  virtual std::vector<CellRemark> remarksOn(const Display&) { return {}; }
+  // Sentences on the display, to stand below a copy of it.
+  virtual std::vector<std::string> notesOn(const Display&) { return {}; }
 };
 
 // Shows the content of a display, which it takes anew from the analysis state at each update. Of
@@ -28,6 +36,10 @@ class DisplayWindow : public Window {
 
   // Shows the content as it is now.
   void UpdateDisplay();
+  // The host knows more, or other, remarks.
+  virtual void showRemarks() {}
+  // Marks those cells, the first of them in sight, and takes the keyboard; where it has cells.
+  virtual void showCells(const std::vector<CellPosition>&) {}
   virtual void UpdateControls() { host_.controlsDisabled(); }
   virtual void CopyGraph() = 0;
   // Fits what stands in the display to its inner size, without a redraw.

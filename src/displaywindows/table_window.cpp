@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <ranges>
 #include <utility>
 
 #include "platform/desktop.h"
@@ -56,11 +57,26 @@ void TableWindow::drawDisplay() {
   table_ = std::get<TableContent>(content());
   RedrawLock lock(grid_);
   grid_.setScrollBars(ScrollBars::none);
+  grid_.setSelectionMode(SelectionMode::none);
   grid_.setSheet(gridSheet(table_));
+  showRemarks();
   grid_.freeze(1, table_.fixedColumns);
   chooseFont();
   fillRoom(grid_, {innerWidth(), innerHeight()}, desktop().scrollBarThickness());
   PositionControls();
+}
+
+void TableWindow::showRemarks() { grid_.setRemarks(host_.remarksOn(display_)); }
+
+// Only a grid whose cells can be marked shows where it stands; the next update makes it a table to
+// look at again.
+void TableWindow::showCells(const std::vector<CellPosition>& cells) {
+  grid_.setSelectionMode(SelectionMode::cells);
+  std::vector<CellBlock> blocks;
+  for (const CellPosition& cell : std::views::reverse(cells))
+    blocks.push_back({cell.row, cell.col, cell.row, cell.col});
+  grid_.select(blocks);
+  grid_.setFocus();
 }
 
 // A small table in a large window, such as a maximised one, is set in larger letters: the room that
@@ -97,7 +113,9 @@ void TableWindow::lowerFrame() {
 
 void TableWindow::CopyGraph() {
   const Sheet sheet = gridSheet(table_);
-  desktop().setClipboard({.text = copyText(sheet, sheet.body()), .html = copiedTableHtml(table_)});
+  TableContent noted = table_;
+  for (std::string& note : host_.notesOn(display_)) noted.notes.push_back(std::move(note));
+  desktop().setClipboard({.text = copyText(sheet, sheet.body()), .html = copiedTableHtml(noted)});
 }
 
 }  // namespace tolmer

@@ -15,8 +15,10 @@ class TableWindow : public DisplayWindow {
  public:
   TableWindow(Desktop& desktop, AnalysisState& state, DisplayHost& host, const Display& display);
 
-  // All cells, the key included, as text and as HTML.
+  // All cells, the key included, as text and as HTML, which has the notes on the table below.
   void CopyGraph() override;
+  void showRemarks() override;
+  void showCells(const std::vector<CellPosition>& cells) override;
   // The grid takes the client area.
   void PositionControls() override;
 

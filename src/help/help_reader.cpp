@@ -24,8 +24,9 @@ std::string HelpReader::html() const {
   return "<p><i>" + markupText(place().notice) + "</i></p>" + page;
 }
 
-void HelpReader::open(const HelpAddress& address) {
-  if (const auto topic = book_.find(address)) return open({.topic = *topic});
+void HelpReader::open(const HelpAddress& address, std::string_view entry) {
+  if (const auto topic = book_.find(address))
+    return open({.topic = *topic, .entry = entryAnchor(entry)});
   const auto contents = book_.find({address.file, 0});
   open({.topic = contents.value_or(0), .notice = noticeFor(address)});
 }

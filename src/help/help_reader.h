@@ -22,7 +22,8 @@ class HelpReader {
   std::string html() const;
 
   // An address without a page leads to the contents of its file, or of the system, with a notice.
-  void open(const HelpAddress& address);
+  // `entry` is one of the page's, in its own words; empty for the beginning.
+  void open(const HelpAddress& address, std::string_view entry = {});
   void openContents(const std::string& file) { open({file, 0}); }
   void openUsing() { open({"tolmod", 2}); }
   void open(HelpPlace place);

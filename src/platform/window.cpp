@@ -98,6 +98,7 @@ void Window::moveFocus(bool back) {
 }
 
 void Window::setFocusTo(Control* control, bool moves) {
+  if (frame_) frame_->focus_ = nullptr;
   if (focus_ == control) return;
   Control* before = focus_;
   focus_ = control;
@@ -200,30 +201,52 @@ void FrameWindow::adopt(Window& child) {
   child.placeChanged();
 }
 
+// From the foot the active child gets the keyboard back.
 void FrameWindow::activate(Window& child) {
-  if (activeChild_ == &child) return;
+  const bool isOther = activeChild_ != &child;
+  if (!isOther && !focus()) return;
   activeChild_ = &child;
+  focus_ = nullptr;
   notify(Change::focus);
-  raise(child.Activate);
+  if (isOther) raise(child.Activate);
 }
 
-void FrameWindow::activateNext(bool forward) {
+std::vector<Window*> FrameWindow::shownInOrder() const {
   std::vector<Window*> shown;
   std::copy_if(childWindows_.begin(), childWindows_.end(), std::back_inserter(shown),
                [](const Window* child) { return child->visible(); });
   std::sort(shown.begin(), shown.end(), [](const Window* a, const Window* b) {
     return std::pair(a->top(), a->left()) < std::pair(b->top(), b->left());
   });
-  if (shown.empty()) return;
-  const auto at = std::find(shown.begin(), shown.end(), activeChild_);
+  return shown;
+}
+
+bool FrameWindow::hasFootStop() const {
+  const auto stops = tabStops(*this);
+  return std::ranges::any_of(stops, [](const Control* stop) { return stop->canBeUsed(); });
+}
+
+void FrameWindow::activateNext(bool forward) {
+  std::vector<Window*> ring = shownInOrder();
+  if (ring.empty()) return;
+  if (hasFootStop()) ring.push_back(nullptr);
+  const auto at = std::ranges::find(ring, focus() ? nullptr : activeChild_);
   std::size_t next = 0;
-  if (at != shown.end()) {
-    if (activeChild_->state() == WindowState::maximised)
-      activeChild_->setState(WindowState::normal);
-    const auto step = forward ? 1 : shown.size() - 1;
-    next = (static_cast<std::size_t>(at - shown.begin()) + step) % shown.size();
+  if (at != ring.end()) {
+    const auto step = forward ? 1 : ring.size() - 1;
+    next = (static_cast<std::size_t>(at - ring.begin()) + step) % ring.size();
   }
-  activate(*shown[next]);
+  if (ring[next])
+    leaveFor(*ring[next]);
+  else
+    moveFocus();
+}
+
+void FrameWindow::leaveFor(Window& child) {
+  const bool staysAbove = focus() && activeChild_ == &child;
+  if (activeChild_ && activeChild_->state() == WindowState::maximised && !staysAbove)
+    activeChild_->setState(WindowState::normal);
+  activate(child);
 }
 
 bool FrameWindow::pressKey(const KeyPress& key) {

@@ -139,9 +139,13 @@ class FrameWindow : public Window {
   // Comes to the front, and Activate is raised, unless it is the active one.
   void activate(Window& child);
   using Window::activate;
-  // The keyboard's way around: the next child on the screen in reading order, or the one before. A
-  // maximised one is restored, since it would cover the others.
+  // The keyboard's way around: the next child on the screen in reading order, or the one before,
+  // and after the last one the foot. A maximised child is restored where it would cover the next.
   void activateNext(bool forward = true);
+  // A strip of that height below the ground of the children, in which the frame's own controls
+  // stand; places are relative to it. The frame's inner size is that of the ground.
+  Twips footHeight() const { return footHeight_; }
+  void setFootHeight(Twips height) { assign(footHeight_, height, Change::place); }
   // A letter with Alt presses the button of any child on the screen, whichever is active: the
   // panel's commands are to be at hand from every quadrant. Letters of menus come first.
   bool pressKey(const KeyPress& key) override;
@@ -159,9 +163,13 @@ class FrameWindow : public Window {
  private:
   friend class Window;
   void takeKeys();
+  bool hasFootStop() const;
+  std::vector<Window*> shownInOrder() const;
+  void leaveFor(Window& child);
   Button* mnemonicButton(char letter);
   std::vector<Window*> childWindows_;
   Window* activeChild_ = nullptr;
+  Twips footHeight_ = 0;
 };
 
 // Holds a window's drawing back while it lives, so that a rebuilt page appears at once.

@@ -49,10 +49,14 @@ DisplayWindow& AllDisplays::display(const Display& display) {
   return *place;
 }
 
-void AllDisplays::updateShown() {
+void AllDisplays::updateShown() { visitShown(&DisplayWindow::UpdateDisplay); }
+
+void AllDisplays::showRemarks() { visitShown(&DisplayWindow::showRemarks); }
+
+void AllDisplays::visitShown(void (DisplayWindow::*what)()) {
   for (const Display& one : displayList())
     if (state_.iDisplayState(one.id.iCategory, one.id.iIndex) == displayShown)
-      display(one).UpdateDisplay();
+      (display(one).*what)();
 }
 
 }  // namespace tolmer

@@ -20,10 +20,15 @@ class AllDisplays {
   // UpdateDisplay of every display whose iDisplayState is displayShown, in the order of the list.
   void updateShown();
 
+  // showRemarks of the same.
+  void showRemarks();
+
   // Called once for each display that is made.
   std::function<void(DisplayWindow&)> created;
 
  private:
+  void visitShown(void (DisplayWindow::*what)());
+
   Desktop& desktop_;
   AnalysisState& state_;
   DisplayHost& host_;

@@ -16,6 +16,7 @@ Analysis::Analysis(AnalysisState& state, Desktop& desktop, AllDisplays& displays
 void Analysis::RunAnalysis() {
   if (!hasModel(state_)) return;
   Analyse(state_, desktop_);
+  raise(fitted);
   BuildFittedModelText();
   state_.bDisplaysReady = true;
   if (!state_.bStartingAnalysis && RestoreInitialDisplays) RestoreInitialDisplays();

@@ -24,6 +24,8 @@ class Analysis {
 
   // Arranges the start layout again; not called during the first analysis.
   std::function<void()> RestoreInitialDisplays;
+  // Another fit stands; before the displays show it.
+  std::function<void()> fitted;
 
  private:
   AnalysisState& state_;

@@ -11,7 +11,6 @@ constexpr const char* moduleTitle = "Tolmer";
 constexpr const char* loadingCaption = "Preparing Chapter 17 - Multiple Regression Analysis";
 constexpr const char* notebookFile = "tolmod.nbo";
 constexpr const char* iconFile = "tolmer.svg";
-constexpr const char* helpFile = "tolmod";
 
 }  // namespace
 
@@ -49,6 +48,7 @@ void MainFlow::Main() {
   uncoverScreen();
   FinishStartup();
   state_.bStartingUp = false;
+  parts_.notes.renew();
 }
 
 void MainFlow::readNotebook() {

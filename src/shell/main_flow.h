@@ -13,6 +13,8 @@ namespace tolmer {
 // The title of the window of the suite's menu program.
 inline constexpr const char* suiteTitle = "zelmar";
 
+// Of the module's help.
+inline constexpr const char* helpFile = "tolmod";
 // Contexts of ShowHelpTopic; any other is the number of a topic.
 inline constexpr long helpOnHelp = 2;
 inline constexpr long helpContents = 101;

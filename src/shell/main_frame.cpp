@@ -1,6 +1,18 @@
 #include "shell/main_frame.h"
 
+#include <algorithm>
+#include <cmath>
+
+#include "platform/text_metrics.h"
+
 namespace tolmer {
+namespace {
+
+constexpr Twips statusHeight = pixels(25);
+constexpr Twips statusMargin = pixels(10);
+
+}  // namespace
+
 mdiReg::mdiReg(Desktop& desktop)
     : FrameWindow(desktop, "mdiReg", "Tolmer Analysis"),
       displays(mnuWindow, &Display::menuWords, "mnuScatterList"),
@@ -8,6 +20,8 @@ mdiReg::mdiReg(Desktop& desktop)
       mnuShowRegression(&mnuOptions, "mnuShowRegression",
                         "Display &Regression Line on Scatterplots"),
       mnuShowCorrelation(&mnuOptions, "mnuShowCorrelation", "Display &Correlation on Scatterplots"),
+      mnuExplore(&menu, "mnuExplore", "E&xplore"),
+      mnuExploreNotes(&mnuExplore, "mnuExploreNotes", "&Notes..."),
       mnuHelp(&menu, "mnuHelp", "&Help"),
       mnuHelpContents(&mnuHelp, "mnuHelpContents", "&Contents"),
       mnuHelpHint(&mnuHelp, "mnuHelpHint", "Show &Hint..."),
@@ -22,6 +36,9 @@ mdiReg::mdiReg(Desktop& desktop)
   mnuShowCorrelation.setCheckable(true);
   mnuEditCopy.setShortcut({.code = 'C', .control = true});
   setMenuBar(&menu);
+  setFootHeight(statusHeight);
+  lblNotes.setIsLink(true);
+  lblNotes.setAlign(Align::right);
   setState(WindowState::maximised);
   Resize = [this] { MDIForm_Resize(); };
 }
@@ -30,6 +47,26 @@ mdiReg::mdiReg(Desktop& desktop)
 // quadrants are computed once.
 void mdiReg::MDIForm_Resize() {
   if (mbProcessMainResize && state() == WindowState::normal) setState(WindowState::maximised);
+  placeStatus();
+}
+
+void mdiReg::showStatus(const std::string& status, const std::string& notes) {
+  lblStatus.setCaption(status);
+  lblStatus.setTip(status);
+  lblNotes.setCaption(notes);
+  lblNotes.setAccessibleDescription(status);
+  placeStatus();
+}
+
+// What is too long for the line is cut off at its end, and the tip has it whole.
+void mdiReg::placeStatus() {
+  const auto words = static_cast<float>(textWidth(lblNotes.font(), lblNotes.caption()));
+  const Twips width = pixels(std::ceil(words) + 4);
+  const Twips left = std::max(innerWidth() - statusMargin - width, 0.0F);
+  const Twips top = pixels(1);  // below the line at its upper edge
+  lblNotes.setPlace({left, top, width, statusHeight - top});
+  lblStatus.setPlace({statusMargin, top, std::max(left - 2 * statusMargin, 0.0F),
+                      statusHeight - top});
 }
 
 }  // namespace tolmer

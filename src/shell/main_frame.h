@@ -1,6 +1,8 @@
-// The main window: a maximised frame around the quadrants, with the program's menu.
+// The main window: a maximised frame around the quadrants, with the program's menu above and a line
+// on the analysis below them.
 #pragma once
 
+#include "platform/labels.h"
 #include "platform/window.h"
 #include "shell/display_menu.h"
 
@@ -35,6 +37,9 @@ class mdiReg : public FrameWindow {
   MenuItem mnuShowRegression;
   MenuItem mnuShowCorrelation;
 
+  MenuItem mnuExplore;
+  MenuItem mnuExploreNotes;
+
   MenuItem mnuHelp;
   MenuItem mnuHelpContents;
   MenuItem mnuHelpHint;
@@ -43,8 +48,15 @@ class mdiReg : public FrameWindow {
   MenuItem mnuHelpBar1;
   MenuItem mnuHelpAbout;
 
+  Label lblStatus{this, "lblStatus"};  // data set, cases, model
+  Label lblNotes{this, "lblNotes"};    // "2 notes", which leads to them
+
+  // The line says `status`, and `notes` is where a click leads to.
+  void showStatus(const std::string& status, const std::string& notes);
+
  private:
   void MDIForm_Resize();
+  void placeStatus();
 };
 
 }  // namespace tolmer

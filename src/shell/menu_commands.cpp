@@ -10,6 +10,7 @@ MenuCommands::MenuCommands(ShellParts& parts, MainFlow& flow)
   wireFileAndEdit();
   wireDisplays();
   wireOptions();
+  wireNotes();
   wireHelp();
 }
 
@@ -43,6 +44,46 @@ void MenuCommands::wireDisplays() {
 void MenuCommands::wireOptions() {
   parts_.frame.mnuShowRegression.Click = [this] { mnuShowRegression_Click(); };
   parts_.frame.mnuShowCorrelation.Click = [this] { mnuShowCorrelation_Click(); };
+}
+
+void MenuCommands::wireNotes() {
+  parts_.analysis.fitted = [this] { parts_.notes.renew(); };
+  parts_.notes.changed = [this] { showNotes(); };
+  parts_.frame.mnuExploreNotes.Click = [this] { openNotes(); };
+  parts_.frame.lblStatus.Click = [this] { openNotes(); };
+  parts_.frame.lblNotes.Click = [this] { openNotes(); };
+  parts_.notesWindow.helpOn = [this](const Note& note) {
+    parts_.desktop.showHelp({.file = helpFile,
+                             .context = Note::helpTopic,
+                             .entry = std::string(helpEntryOf(note.kind))});
+  };
+  parts_.notesWindow.showIn = [this](const Note& note, const std::string& form) {
+    if (const Display* display = findDisplay(form)) showCellsOf(note, *display);
+  };
+  wireHelpKey(parts_.notesWindow, [] { return Note::helpTopic; });
+}
+
+// Everywhere but in the window, which is filled when it is opened or while it stands.
+void MenuCommands::showNotes() {
+  parts_.frame.showStatus(parts_.notes.statusText(), parts_.notes.countText());
+  parts_.displays.showRemarks();
+  if (parts_.notesWindow.visible()) parts_.notesWindow.setNotes(parts_.notes.known());
+}
+
+void MenuCommands::openNotes() {
+  parts_.notesWindow.setNotes(parts_.notes.notes());
+  parts_.notesWindow.open();
+}
+
+void MenuCommands::showCellsOf(const Note& note, const Display& display) {
+  std::vector<CellPosition> cells;
+  for (const NotedCell& cell : note.cells)
+    if (cell.display == display.form) cells.push_back({cell.row, cell.column});
+  if (cells.empty())
+    for (const int iCase : note.cases) cells.push_back({iCase + 1, 1});
+  DisplayWindow& window = parts_.manager.bringUp(display);
+  window.showCells(cells);
+  parts_.desktop.present(parts_.frame);
 }
 
 void MenuCommands::wireHelp() {

@@ -15,6 +15,10 @@ class MenuCommands {
   void wireFileAndEdit();
   void wireDisplays();
   void wireOptions();
+  void wireNotes();
+  void showNotes();
+  void openNotes();
+  void showCellsOf(const Note& note, const Display& display);
   void wireHelp();
   void wireHelpKey(Window& window, std::function<long()> topic);
   void mnuFileWorktext_Click();

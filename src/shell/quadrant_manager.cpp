@@ -75,6 +75,20 @@ void QuadrantManager::ShowNewWindow(int iCategory, int iIndex) {
   state_.bAllowUnload = false;
 }
 
+DisplayWindow& QuadrantManager::bringUp(const Display& display) {
+  const auto [iCategory, iIndex] = display.id;
+  if (state_.iDisplayState(iCategory, iIndex) != displayShown) {
+    Window* active = frame_.activeChild();
+    state_.frmCurrentDisplay = active && active != &panel_ ? active : quadrant(1, 1).frmDisplay;
+    ShowNewWindow(iCategory, iIndex);
+  }
+  DisplayWindow& window = displays_.display(display);
+  if (Window* active = frame_.activeChild(); active && active != &window)
+    active->setState(WindowState::normal);
+  window.activate();
+  return window;
+}
+
 void QuadrantManager::PlaceDisplayInQuadrant(Window& frmDisplay, int iRow, int iCol) {
   state_.bProcessResize = false;
   {

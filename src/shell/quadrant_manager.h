@@ -23,6 +23,10 @@ class QuadrantManager {
   // changes nothing.
   void ShowNewWindow(int iCategory, int iIndex);
 
+  // Brings a display up where it stands, else in the place of the active one, or in the first
+  // quadrant while the panel is active. Its window becomes the active one.
+  DisplayWindow& bringUp(const Display& display);
+
   // Sizes and places one child of the frame in quadrant row iRow, column iCol (1 or 2).
   void PlaceDisplayInQuadrant(Window& frmDisplay, int iRow, int iCol);
   void SetQuadrantEntry(int iRow, int iCol, int iCategory, int iIndex);

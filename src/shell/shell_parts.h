@@ -8,6 +8,8 @@
 #include "notebook/notebook.h"
 #include "shell/about.h"
 #include "shell/analysis.h"
+#include "shell/analysis_notes.h"
+#include "shell/notes_window.h"
 #include "shell/own_data.h"
 #include "shell/quadrant_manager.h"
 
@@ -16,18 +18,25 @@ namespace tolmer {
 // Lets a display's clicks reach the panel and the right-click menu.
 class PanelHost : public DisplayHost {
  public:
-  explicit PanelHost(frmControlPanel& panel) : panel_(panel) {}
+  PanelHost(frmControlPanel& panel, AnalysisNotes& notes) : panel_(panel), notes_(notes) {}
   void controlsDisabled() override { panel_.ControlsDisabled(); }
   void controlsEnabled() override { panel_.ControlsEnabled(); }
   void axisListsDisabled() override { panel_.DisableAxisLists(); }
   void openDisplayMenu() override {
     if (openMenu) openMenu();
   }
+  std::vector<CellRemark> remarksOn(const Display& display) override {
+    return notes_.remarksOn(display.form);
+  }
+  std::vector<std::string> notesOn(const Display& display) override {
+    return notes_.sentencesOn(display.form);
+  }
 
   std::function<void()> openMenu;
 
  private:
   frmControlPanel& panel_;
+  AnalysisNotes& notes_;
 };
 
 struct ShellParts {
@@ -41,10 +50,12 @@ struct ShellParts {
   mdiReg frame{desktop};
   frmMenus menus;
   frmControlPanel panel{desktop, state};
-  PanelHost host{panel};
+  AnalysisNotes notes{state, desktop.timers()};
+  PanelHost host{panel, notes};
   AllDisplays displays{desktop, state, host};
   Analysis analysis{state, desktop, displays, panel};
   QuadrantManager manager{state, desktop, displays, frame, menus, panel};
+  frmNotes notesWindow{desktop};
   frmAbout about{desktop};
   VisitPlaces* aside = nullptr;  // where the data editor writes work aside; null: nowhere
   OwnData ownData{desktop, tProgramFolder, aside};

@@ -61,6 +61,7 @@ void Grid::lockRedraw(int step) {
 void Grid::setSheet(Sheet sheet) {
   RedrawLock lock(*this);
   selection_.clear();
+  remarks_.clear();
   setSize(sheet.rows(), sheet.cols());
   sheet_ = std::move(sheet);
   tellCells({0, 0, maxRows(), maxCols()});
@@ -97,6 +98,21 @@ void Grid::setStyle(const CellBlock& block, const CellStyle& style) {
     if (cell.number) putNumber(cell, *cell.number);
   });
   tellCells(block);
+}
+
+void Grid::setRemarks(const std::vector<CellRemark>& remarks) {
+  if (remarks.empty() && remarks_.empty()) return;
+  remarks_.clear();
+  for (const CellRemark& remark : remarks) {
+    std::string& text = remarks_[{remark.cell.row, remark.cell.col}];
+    text += (text.empty() ? "" : "\n") + remark.text;
+  }
+  tellCells(sheet_.body());
+}
+
+std::string_view Grid::remarkOn(CellPosition cell) const {
+  const auto found = remarks_.find({cell.row, cell.col});
+  return found == remarks_.end() ? std::string_view() : found->second;
 }
 
 void Grid::clear(const CellBlock& block) {

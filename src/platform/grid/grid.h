@@ -1,7 +1,10 @@
 // The grid control.
 #pragma once
 
+#include <map>
 #include <string>
+#include <string_view>
+#include <utility>
 #include <vector>
 
 #include "platform/control.h"
@@ -12,6 +15,12 @@
 namespace tolmer {
 
 enum class ScrollBars { none, horizontal, vertical, both };
+
+// What is to be known of a cell beside its content.
+struct CellRemark {
+  CellPosition cell;
+  std::string text;
+};
 
 // The keys held during a click.
 struct ClickKeys {
@@ -34,13 +43,18 @@ class Grid : public Control {
   int maxRows() const { return sheet_.rows(); }
   int maxCols() const { return sheet_.cols(); }
   const std::string& text(int row, int col) const { return sheet_.at(row, col).text; }
-  // All cells at once. Rows and columns that stay keep their sizes. Blocks are unmarked, without an
-  // event.
+  // All cells at once, without remarks. Rows and columns that stay keep their sizes. Blocks are
+  // unmarked, without an event.
   void setSheet(Sheet sheet);
   void setSize(int maxRows, int maxCols);
   void setText(int row, int col, std::string text);
   void setNumber(int row, int col, double number);
   void setStyle(const CellBlock& block, const CellStyle& style);
+  // In place of all before, several on one cell below one another. Such a cell has a small mark in
+  // its corner, and tells the text to a pointer that rests on it and to those who hear it.
+  void setRemarks(const std::vector<CellRemark>& remarks);
+  // Empty where there is none.
+  std::string_view remarkOn(CellPosition cell) const;
   // Content and style.
   void clear(const CellBlock& block);
   // While the peer is told of Change::content: the cells to which it has happened, and some between
@@ -120,6 +134,7 @@ class Grid : public Control {
   void changeSelection(Work work);
 
   Sheet sheet_;
+  std::map<std::pair<int, int>, std::string> remarks_;  // few cells have one
   std::vector<Twips> colWidths_;
   std::vector<Twips> rowHeights_;
   mutable GridAxis rowAxis_;

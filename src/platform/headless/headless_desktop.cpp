@@ -51,8 +51,9 @@ Answer HeadlessDesktop::messageBox(const MessageBox& box) {
 
 void HeadlessDesktop::present(Window& window) {
   if (!window.peer()) window.setPeer(std::make_unique<HeadlessPeer>(*this, window));
-  if (window.style() == WindowStyle::frame)
-    window.reportInnerSize({screen_.width, screen_.height - menuBarHeight});
+  if (const auto* frame = dynamic_cast<const FrameWindow*>(&window))
+    window.reportInnerSize(
+        {screen_.width, screen_.height - menuBarHeight - frame->footHeight()});
 }
 
 void HeadlessDesktop::modalLoop(Window& window) {

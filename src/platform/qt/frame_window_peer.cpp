@@ -1,7 +1,9 @@
 #include <QApplication>
+#include <QBoxLayout>
 #include <QGuiApplication>
 #include <QMdiSubWindow>
 #include <QMenuBar>
+#include <QPainter>
 #include <QScreen>
 
 #include "platform/qt/convert.h"
@@ -26,15 +28,31 @@ class Area : public QMdiArea {
   }
 };
 
+class Foot : public QWidget {
+ protected:
+  void paintEvent(QPaintEvent*) override {
+    QPainter painter(this);
+    painter.fillRect(rect(), theme::face);
+    painter.fillRect(0, 0, width(), 1, theme::line);
+  }
+};
+
 }  // namespace
 
-MainWidget::MainWidget() : area_(new Area(this)) {
+MainWidget::MainWidget() : area_(new Area), foot_(new Foot) {
   setContextMenuPolicy(Qt::NoContextMenu);
   area_->setFrameShape(QFrame::NoFrame);
   area_->setBackground(QColor(theme::ground));
   // Otherwise activating another child would maximise it in the place of a maximised one.
   area_->setOption(QMdiArea::DontMaximizeSubWindowOnActivation);
-  setCentralWidget(area_);
+  auto* ground = new QWidget(this);
+  auto* rows = new QVBoxLayout(ground);
+  rows->setContentsMargins(0, 0, 0, 0);
+  rows->setSpacing(0);
+  rows->addWidget(area_, 1);
+  rows->addWidget(foot_);
+  foot_->setFixedHeight(0);
+  setCentralWidget(ground);
 }
 
 namespace {
@@ -67,13 +85,13 @@ class FrameWindowPeer : public WindowPeer {
     return main_;
   }
 
-  QWidget* childrenGround() override { return main_->area().viewport(); }
+  QWidget* childrenGround() override { return &main_->foot(); }
 
   void update(Change what) override {
     if (has(what, Change::items) && frame_.menuBar())
       fillMenuBar(mirror_, *main_->menuBar(), *frame_.menuBar());
     WindowPeer::update(what);
-    if (has(what, Change::focus)) followActive();
+    if (has(what, Change::focus) && !frame_.focus()) followActive();
   }
 
   // The window opens maximised whatever its model says: a main window of any other size would cut
@@ -94,6 +112,7 @@ class FrameWindowPeer : public WindowPeer {
   }
 
   void place() override {
+    main_->foot().setFixedHeight(toPixels(Size{0, frame_.footHeight()}).height());
     if (!main_->isVisible() || stateOf(*main_) == frame_.state()) return;
     main_->setWindowState(wantedState());
   }

@@ -9,7 +9,9 @@
 #include <QPainter>
 #include <QPointer>
 #include <QScrollBar>
+#include <QTextDocument>
 #include <QTimer>
+#include <QToolTip>
 #include <algorithm>
 
 #include "platform/qt/convert.h"
@@ -103,6 +105,18 @@ void GridView::refresh(Change what) {
     QAccessibleTableModelChangeEvent event(this, QAccessibleTableModelChangeEvent::ModelReset);
     QAccessible::updateAccessibility(&event);
   }
+}
+
+bool GridView::viewportEvent(QEvent* event) {
+  if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
+  const auto& help = static_cast<QHelpEvent&>(*event);
+  const CellPosition cell = cellAt(help.pos());
+  const std::string remark(isOverCells(help.pos()) ? grid_.remarkOn(cell) : std::string_view());
+  // As rich text it wraps.
+  QToolTip::showText(help.globalPos(),
+                     remark.empty() ? QString() : Qt::convertFromPlainText(toQt(remark)),
+                     viewport(), cellRect(cell));
+  return true;
 }
 
 void GridView::setScrollRanges() {

@@ -54,6 +54,7 @@ class GridView : public QAbstractScrollArea {
   QSize sizeHint() const override { return {480, 280}; }
 
  protected:
+  bool viewportEvent(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void resizeEvent(QResizeEvent* event) override;
   void scrollContentsBy(int dx, int dy) override;

@@ -264,6 +264,7 @@ QString describedCell(const Grid& grid, CellPosition cell) {
   if (cell.row > 1) words << toQt(columnHeading(grid, cell.col));
   if (cell.col > 1) words << toQt(rowHeading(grid, cell.row));
   words << toQt(std::string(grid.sheet().at(cell.row, cell.col).mark));
+  words << toQt(std::string(grid.remarkOn(cell)));
   words.removeAll(QString());
   return words.join(QStringLiteral(", "));
 }

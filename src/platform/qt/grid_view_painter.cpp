@@ -21,6 +21,7 @@ namespace {
 constexpr QColor lineColour{0xE2, 0xE5, 0xEA};
 constexpr double selectionStrength = 0.22;
 constexpr int tagMargin = 4;
+constexpr double cornerMark = 7;
 constexpr int sideMargin = static_cast<int>(Grid::sideMargin / twipsPerPixel);
 
 QColor mixed(QColor ground, QColor over, double share) {
@@ -104,6 +105,7 @@ class CellPainter {
     if (isFace && content.style.heading) paintHeadingLine(place, cell.row <= 1);
     const QRect room = cell.row == 1 ? paintTag(place, cell.col, content) : place;
     if (!content.text.empty()) paintText(room, content);
+    if (!grid_.remarkOn(cell).empty()) paintCornerMark(place);
   }
 
  private:
@@ -136,6 +138,16 @@ class CellPainter {
     const int left = isLeft ? place.left() + tagMargin : place.right() + 1 - tagMargin - width;
     painter_.drawText(QPointF(left, baseLine(place, heading_)), tag);
     return isLeft ? place.adjusted(width, 0, 0, 0) : place.adjusted(0, 0, -width, 0);
+  }
+
+  void paintCornerMark(const QRect& place) {
+    const QPointF corner = QRectF(place).topRight();
+    painter_.setRenderHint(QPainter::Antialiasing);
+    painter_.setPen(Qt::NoPen);
+    painter_.setBrush(theme::accent);
+    painter_.drawPolygon(
+        QPolygonF{corner - QPointF(cornerMark, 0), corner, corner + QPointF(0, cornerMark)});
+    painter_.setRenderHint(QPainter::Antialiasing, false);
   }
 
   static double baseLine(const QRect& place, const CellFont& font) {

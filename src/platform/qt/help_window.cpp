@@ -245,7 +245,7 @@ void HelpWindow::open(const HelpRequest& request) {
   using Kind = HelpRequest::Kind;
   switch (request.kind) {
     case Kind::topic:
-      return reader_.open({request.file, request.context});
+      return reader_.open({request.file, request.context}, request.entry);
     case Kind::usingHelp:
       return reader_.openUsing();
     case Kind::contents:

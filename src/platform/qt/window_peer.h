@@ -41,14 +41,17 @@ class WindowPeer : public ContainerPeer {
   QPointer<QWidget> ground_;
 };
 
-// The main window on the screen; children find the area they stand in here.
+// The main window on the screen; children find the area they stand in here, and the frame's own
+// controls the strip below it.
 class MainWidget : public QMainWindow {
  public:
   MainWidget();
   QMdiArea& area() { return *area_; }
+  QWidget& foot() { return *foot_; }
 
  private:
   QMdiArea* area_;
+  QWidget* foot_;
 };
 
 // By the window's style; a child needs its frame on the screen, and has no mirror before.

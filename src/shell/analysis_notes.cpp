@@ -1,0 +1,95 @@
+#include "shell/analysis_notes.h"
+
+#include <algorithm>
+
+#include "displays/display_list.h"
+#include "notes/note_makers.h"
+#include "notes/notes.h"
+
+namespace tolmer {
+namespace {
+
+constexpr int aMoment = 50;  // milliseconds, in which the displays are painted
+constexpr const char* between = "   \xC2\xB7   ";
+
+std::string dataSetName(const AnalysisState& state) {
+  const bool isOwn = state.iDataSource == dataEditor;
+  if (isOwn) return "Data editor";
+  if (state.bInfoAvailable && !state.tVarDesc.empty() && !state.tVarDesc[0].empty())
+    return state.tVarDesc[0].substr(0, state.tVarDesc[0].find_first_of("\r\n"));
+  const std::string& file = state.tDataFileName;
+  return file.substr(file.find_last_of("/\\") + 1);
+}
+
+std::string modelText(const AnalysisState& state) {
+  std::vector<std::string> predictors;
+  for (int i = 2; i <= listedVariables(state); ++i) predictors.push_back(variableName(state, i));
+  return variableName(state, 1) + " on " + listed(predictors) +
+         (state.bUseIntercept ? "" : ", without intercept");
+}
+
+bool speaksOf(const Note& note, std::string_view form) {
+  return std::ranges::find(note.cells, form, &NotedCell::display) != note.cells.end();
+}
+
+}  // namespace
+
+AnalysisNotes::AnalysisNotes(const AnalysisState& state, TimerQueue& timers)
+    : state_(state), tmrMake_(timers, "tmrMake", aMoment) {
+  tmrMake_.Tick = [this] { make(); };
+}
+
+void AnalysisNotes::renew() {
+  isKnown_ = false;
+  notes_.clear();
+  tmrMake_.setEnabled(false);
+  tmrMake_.setEnabled(!state_.bStartingUp);
+  if (changed) changed();
+}
+
+void AnalysisNotes::make() {
+  tmrMake_.setEnabled(false);
+  if (isKnown_ || !hasFit(state_)) return;
+  notes_ = notesOf(state_, examine(state_));
+  isKnown_ = true;
+  if (changed) changed();
+}
+
+const std::vector<Note>& AnalysisNotes::notes() {
+  make();
+  return notes_;
+}
+
+std::vector<CellRemark> AnalysisNotes::remarksOn(std::string_view form) const {
+  std::vector<CellRemark> remarks;
+  for (const Note& note : notes_)
+    for (const NotedCell& cell : note.cells)
+      if (cell.display == form)
+        remarks.push_back({{cell.row, cell.column},
+                           cell.remark.empty()
+                               ? note.text
+                               : std::string(helpEntryOf(note.kind)) + " - " + cell.remark});
+  return remarks;
+}
+
+std::vector<std::string> AnalysisNotes::sentencesOn(std::string_view form) {
+  std::vector<std::string> sentences;
+  for (const Note& note : notes())
+    if (speaksOf(note, form)) sentences.push_back(note.text);
+  return sentences;
+}
+
+std::string AnalysisNotes::statusText() const {
+  if (!hasFit(state_)) return {};
+  const int used = state_.iNumCases;
+  const int read = used + static_cast<int>(state_.uOrigin.leftOut.size());
+  return dataSetName(state_) + between + std::to_string(used) + " of " + counted(read, "case") +
+         between + modelText(state_) + fitMark(state_);
+}
+
+std::string AnalysisNotes::countText() const {
+  if (!isKnown_) return "Notes";
+  return notes_.empty() ? "no notes" : counted(static_cast<int>(notes_.size()), "note");
+}
+
+}  // namespace tolmer
