@@ -12,13 +12,12 @@ namespace {
 constexpr int aMoment = 50;  // milliseconds, in which the displays are painted
 constexpr const char* between = "   \xC2\xB7   ";
 
+// Its file without folder and ending.
 std::string dataSetName(const AnalysisState& state) {
-  const bool isOwn = state.iDataSource == dataEditor;
-  if (isOwn) return "Data editor";
-  if (state.bInfoAvailable && !state.tVarDesc.empty() && !state.tVarDesc[0].empty())
-    return state.tVarDesc[0].substr(0, state.tVarDesc[0].find_first_of("\r\n"));
+  if (state.iDataSource == dataEditor) return "Data editor";
   const std::string& file = state.tDataFileName;
-  return file.substr(file.find_last_of("/\\") + 1);
+  const std::string name = file.substr(file.find_last_of("/\\") + 1);
+  return name.substr(0, name.rfind('.'));
 }
 
 std::string modelText(const AnalysisState& state) {

@@ -31,7 +31,7 @@ class AnalysisNotes {
   // The sentences that speak of cells of the display. Makes the notes.
   std::vector<std::string> sentencesOn(std::string_view form);
 
-  // "House prices - 24 of 24 cases - Price on Size and Age"; empty before the first fit.
+  // "stakloss · 21 of 21 cases · StackLoss on AirFlow and WaterTemp"; empty before the first fit.
   std::string statusText() const;
   // "2 notes"; "Notes" while nobody has counted them.
   std::string countText() const;

@@ -77,14 +77,14 @@ void QuadrantManager::ShowNewWindow(int iCategory, int iIndex) {
 
 DisplayWindow& QuadrantManager::bringUp(const Display& display) {
   const auto [iCategory, iIndex] = display.id;
+  DisplayWindow& window = displays_.display(display);
+  Window* active = frame_.activeChild();
+  // What is maximised would lie over it.
+  if (active && active != &window) active->setState(WindowState::normal);
   if (state_.iDisplayState(iCategory, iIndex) != displayShown) {
-    Window* active = frame_.activeChild();
     state_.frmCurrentDisplay = active && active != &panel_ ? active : quadrant(1, 1).frmDisplay;
     ShowNewWindow(iCategory, iIndex);
   }
-  DisplayWindow& window = displays_.display(display);
-  if (Window* active = frame_.activeChild(); active && active != &window)
-    active->setState(WindowState::normal);
   window.activate();
   return window;
 }

@@ -46,12 +46,16 @@ TEST_F(DisplayMenus, ThePanelsLettersAndTheKeysReachItFromAnyQuadrant) {
   for (const int letter : {'C', 'U'}) user.key("mdiReg", {letter, false, false, true});
   EXPECT_EQ(pressed, "c") << "no plot to update";
   std::string way;
-  for (int step = 0; step < 4; ++step) {
+  for (int step = 0; step < 5; ++step) {
     user.key("mdiReg", {keys::f6});
-    way += parts().frame.activeChild()->tag() + " ";
+    way += parts().frame.focus() ? "foot " : parts().frame.activeChild()->tag() + " ";
   }
-  EXPECT_EQ(way, "12 21 22 11 ");
+  EXPECT_EQ(way, "12 21 22 foot 11 ");
   user.key("mdiReg", {keys::f10, false, true});
+  user.key("mdiReg", {keys::tab, true, true});
+  EXPECT_EQ(displayAt("11").state(), WindowState::maximised) << "it covers no line at the foot";
+  user.key("mdiReg", {keys::enter});
+  EXPECT_TRUE(parts().notesWindow.visible());
   user.key("mdiReg", {keys::tab, true, true});
   EXPECT_EQ(parts().frame.activeChild()->tag(), "22");
   EXPECT_EQ(displayAt("11").state(), WindowState::normal);

@@ -46,6 +46,7 @@ std::vector<Window*> inReach(Window& window) {
     if (child->state() == WindowState::maximised) return {child};
     shown.push_back(child);
   }
+  if (!window.children().empty()) shown.push_back(&window);
   return shown;
 }
 
