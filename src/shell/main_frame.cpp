@@ -39,6 +39,7 @@ mdiReg::mdiReg(Desktop& desktop)
   setFootHeight(statusHeight);
   lblNotes.setIsLink(true);
   lblNotes.setAlign(Align::right);
+  lblNotes.setVisible(false);
   setState(WindowState::maximised);
   Resize = [this] { MDIForm_Resize(); };
 }
@@ -55,6 +56,7 @@ void mdiReg::showStatus(const std::string& status, const std::string& notes) {
   lblStatus.setTip(status);
   lblNotes.setCaption(notes);
   lblNotes.setAccessibleDescription(status);
+  lblNotes.setVisible(!status.empty());
   placeStatus();
 }
 

@@ -51,7 +51,8 @@ class mdiReg : public FrameWindow {
   Label lblStatus{this, "lblStatus"};  // data set, cases, model
   Label lblNotes{this, "lblNotes"};    // "2 notes", which leads to them
 
-  // The line says `status`, and `notes` is where a click leads to.
+  // The line says `status`, and `notes` is where a click leads to; it is not there before, and so
+  // comes last in the window.
   void showStatus(const std::string& status, const std::string& notes);
 
  private:

@@ -38,12 +38,23 @@ std::vector<std::string> displaysOf(const Note& note) {
   return displays;
 }
 
+std::vector<std::unique_ptr<Label>> linksOn(Panel& ground, const std::string& name) {
+  constexpr int tables = 6;  // whose cells a note can speak of
+  std::vector<std::unique_ptr<Label>> links;
+  for (int i = 1; i <= tables; ++i) {
+    links.push_back(std::make_unique<Label>(&ground, name + "(" + std::to_string(i) + ")"));
+    links.back()->setIsLink(true);
+  }
+  return links;
+}
+
 }  // namespace
 
-frmNotes::Entry::Entry(Panel& ground, int theNumber)
-    : number("(" + std::to_string(theNumber) + ")"),
+frmNotes::Entry::Entry(Panel& ground, int index)
+    : number("(" + std::to_string(index) + ")"),
       title(&ground, "lblTitle" + number),
       text(&ground, "lblNote" + number),
+      ways(linksOn(ground, "lblShow" + number)),
       help(&ground, "lblHelp" + number, "Help") {
   title.setFont({FontFamily::interface, 12, true});
   text.setWordWrap(true);
@@ -53,15 +64,6 @@ frmNotes::Entry::Entry(Panel& ground, int theNumber)
 void frmNotes::Entry::hide() {
   for (Label* label : {&title, &text, &help}) label->setVisible(false);
   for (const auto& way : ways) way->setVisible(false);
-}
-
-Label& frmNotes::Entry::way(Panel& ground, std::size_t index) {
-  while (ways.size() <= index) {
-    ways.push_back(std::make_unique<Label>(
-        &ground, "lblShow" + number + "(" + std::to_string(ways.size() + 1) + ")"));
-    ways.back()->setIsLink(true);
-  }
-  return *ways[index];
 }
 
 frmNotes::frmNotes(Desktop& desktop) : Window(desktop, "frmNotes", WindowStyle::dialog, "Notes") {
@@ -91,7 +93,7 @@ void frmNotes::fill(Entry& entry, const Note& note) {
   for (Label* label : {&entry.title, &entry.text, &entry.help}) label->setVisible(true);
   const auto displays = displaysOf(note);
   for (std::size_t i = 0; i < displays.size(); ++i) {
-    Label& way = entry.way(pnlNotes, i);
+    Label& way = *entry.ways[i];
     way.setCaption("Show in " + std::string(findDisplay(displays[i])->caption));
     way.setAccessibleDescription(note.text);
     way.Click = [this, note, display = displays[i]] { raise(showIn, note, display); };

@@ -34,13 +34,13 @@ class frmNotes : public Window {
  private:
   // One note on the window. The controls stay from note to note: one may be in use right now.
   struct Entry {
-    Entry(Panel& ground, int theNumber);
-    Label& way(Panel& ground, std::size_t index);
+    Entry(Panel& ground, int index);
     void hide();
 
-    std::string number;
-    Label title, text, help;
+    std::string number;  // "(1)"
+    Label title, text;
     std::vector<std::unique_ptr<Label>> ways;  // to displays
+    Label help;
   };
   void fill(Entry& entry, const Note& note);
   static Twips place(Entry& entry, Twips top);
