@@ -87,7 +87,8 @@ bool areShown(std::string_view eight) {
   return ((letters | (letters - ones * ' ') | (letters + ones)) & (ones << 7U)) == 0;
 }
 
-// How many plain letters a text begins with; most texts have no others.
+}  // namespace
+
 std::size_t plainLength(std::string_view text) {
   std::size_t at = 0;
   while (at < text.size()) {
@@ -100,8 +101,6 @@ std::size_t plainLength(std::string_view text) {
   }
   return at;
 }
-
-}  // namespace
 
 bool isUtf8(std::string_view bytes) {
   for (std::size_t at = plainLength(bytes); at < bytes.size();) {

@@ -11,6 +11,10 @@ namespace tolmer {
 // forms, no surrogates, nothing above U+10FFFF.
 bool isUtf8(std::string_view bytes);
 
+// How many bytes of ASCII that shows, tabs and line ends a text begins with; most texts have no
+// others.
+std::size_t plainLength(std::string_view text);
+
 // Every byte as the character that Windows-1252 gives it. The five bytes without a character
 // (0x81, 0x8D, 0x8F, 0x90, 0x9D) become the C1 control codes of the same number.
 std::string utf8FromWindows1252(std::string_view bytes);

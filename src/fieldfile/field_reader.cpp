@@ -5,6 +5,7 @@
 #include <bit>
 #include <charconv>
 #include <cmath>
+#include <limits>
 #include <system_error>
 
 #include "base/file_io.h"
@@ -266,6 +267,12 @@ std::optional<TextNumber> textNumberOf(std::string_view text) {
     return std::isfinite(number.held) ? std::optional(number) : std::nullopt;
   const bool tooSmall = wideHolds ? std::fabs(number.written) < 1 : isTooSmall(*digits);
   return tooSmall ? std::optional(TextNumber{wideHolds ? number.written : 0, 0}) : std::nullopt;
+}
+
+TextNumber textNumberOf(double number, std::string_view text) {
+  const bool isTiny = std::fabs(number) < std::numeric_limits<float>::min() && number != 0;
+  const auto read = isTiny || isHalfway(number) ? textNumberOf(text) : std::nullopt;
+  return read && read->written == number ? *read : TextNumber{number, static_cast<float>(number)};
 }
 
 std::optional<float> singleFromText(std::string_view text) {

@@ -100,6 +100,9 @@ std::optional<std::int16_t> integerFromText(std::string_view text);
 // Digits with an optional sign, point and exponent ("-1.5e3", "+.5"). A value above the largest
 // single, "inf", "nan" and anything else is nullopt.
 std::optional<TextNumber> textNumberOf(std::string_view text);
+// What is held of a number that was rounded to double already; its text serves where rounding twice
+// could be told.
+TextNumber textNumberOf(double number, std::string_view text);
 // What is held of it.
 std::optional<float> singleFromText(std::string_view text);
 

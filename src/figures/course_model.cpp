@@ -4,21 +4,16 @@
 #include <optional>
 
 #include "engine/fitted_equation.h"
-#include "fieldfile/field_reader.h"
 #include "figures/field_lines.h"
-#include "report/csv_dataset.h"
-#include "report/csv_reader.h"
 #include "report/model_by_name.h"
 #include "report/report_run.h"
+#include "report/table_dataset.h"
+#include "report/table_source.h"
 
 namespace tolmer {
 namespace {
 
 constexpr std::string_view noIntercept = "no intercept";
-
-bool namesCases(const CsvTable& table) {
-  return table.rows() > 0 && !singleFromText(table.cell(0, 0));
-}
 
 std::optional<Error> takeWord(DisplayChoice& choice, const std::string& word) {
   if (word == "no-line") {
@@ -58,15 +53,28 @@ CourseModel courseModel(const std::string& dataSet, const std::string& y, std::s
   return model;
 }
 
+Result<NamedTable> courseTable(const std::string& fileName) {
+  ReportOptions options;
+  options.file = fileName;
+  auto source = readTable(options, {});
+  if (source && !source->table.isVariable(0)) {
+    options.labels = source->table.names.front();
+    source = readTable(options, {});
+  }
+  if (!source) return source.error();
+  return std::move(source->table);
+}
+
 Result<WorkingCopy> modelledData(const CourseModel& model, const std::string& dataFolder) {
-  const auto table = CsvTable::open(dataFolder + model.dataSet + ".csv");
+  const std::string fileName = dataFolder + model.dataSet + ".csv";
+  const auto table = courseTable(fileName);
   if (!table) return table.error();
   ReportOptions options;
   options.y = model.y;
   options.x = model.x;
   options.intercept = model.intercept;
-  if (namesCases(*table)) options.labels = table->name(0);
-  auto copy = dataSetFromTable(*table, options);
+  if (!table->labels.empty()) options.labels = table->names.front();
+  auto copy = dataSetFromTable(*table, fileName, options);
   if (!copy) return copy.error();
   if (auto error = chooseModelByName(*copy, options)) return *error;
   return copy;

@@ -9,6 +9,7 @@
 #include "base/message_box.h"
 #include "data/working_copy.h"
 #include "displays/display_list.h"
+#include "textimport/named_table.h"
 
 namespace tolmer {
 
@@ -25,8 +26,10 @@ struct CourseModel {
 // divided by commas or "all". The last of them may be "no intercept".
 CourseModel courseModel(const std::string& dataSet, const std::string& y, std::string_view x);
 
-// The data set out of that folder (with its separator) with the model chosen. A first column that
-// does not hold numbers names the cases.
+// A data set of the course. A first column that does not hold numbers names the cases.
+Result<NamedTable> courseTable(const std::string& fileName);
+
+// The data set out of that folder (with its separator) with the model chosen.
 Result<WorkingCopy> modelledData(const CourseModel& model, const std::string& dataFolder);
 
 // What a list writes behind the name of a display.

@@ -2,6 +2,7 @@
 #include <malloc.h>
 #include <unistd.h>
 
+#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <exception>
@@ -20,10 +21,25 @@ bool write(std::FILE* stream, const std::string& text) {
          std::fflush(stream) == 0;
 }
 
+// More than any file that is read.
+constexpr std::size_t mostInput = std::size_t{64} << 20;
+
+tolmer::Result<std::string> standardInput() {
+  std::string bytes;
+  std::array<char, 1 << 16> block{};
+  while (const std::size_t length = std::fread(block.data(), 1, block.size(), stdin)) {
+    bytes.append(block.data(), length);
+    if (bytes.size() > mostInput) return tolmer::Error{"", "it is larger than 64 MB"};
+  }
+  if (std::ferror(stdin) != 0) return tolmer::Error{"", "it cannot be read"};
+  return bytes;
+}
+
 int run(const std::vector<std::string>& words) {
   // no-color.org: the variable, whatever its value, asks for plain text.
   const bool coloured = ::isatty(STDOUT_FILENO) == 1 && !std::getenv("NO_COLOR");
-  const tolmer::ReportSurroundings around{tolmer::programFolder, tolmer::reportDate, coloured};
+  const tolmer::ReportSurroundings around{tolmer::programFolder, tolmer::reportDate, coloured,
+                                          standardInput};
   const tolmer::ReportOutcome outcome = tolmer::runReport(words, around);
   write(stderr, outcome.errors);
   if (write(stdout, outcome.output)) return outcome.status;

@@ -9,7 +9,7 @@
 #include <string_view>
 
 #include "base/program_words.h"
-#include "report/csv_reader.h"
+#include "base/trimmed.h"
 
 namespace tolmer {
 namespace {
@@ -29,6 +29,22 @@ constexpr std::array formats = {
     NamedFormat{"markdown", ReportFormat::markdown, {".md", ".markdown"}},
     NamedFormat{"r", ReportFormat::r, {".R", ".r"}},
 };
+
+// Takes what stands in quotes from the front of a list; empty where its first field is bare.
+std::string takeQuoted(std::string_view& list) {
+  std::string field;
+  const auto quote = list.find_first_not_of(" \t");
+  if (quote == list.npos || list[quote] != '"') return field;
+  list.remove_prefix(quote + 1);
+  for (; !list.empty(); list.remove_prefix(1)) {
+    if (list.front() == '"') {
+      list.remove_prefix(1);
+      if (!list.starts_with('"')) break;
+    }
+    field += list.front();
+  }
+  return std::string(trimmed(field));
+}
 
 Problem takeFormat(ReportOptions& options, const std::string& value) {
   const auto* named = std::find_if(formats.begin(), formats.end(),
@@ -88,19 +104,23 @@ auto takeText(std::string ReportRequest::*member) {
   };
 }
 
-Problem takeExample(ReportOptions& options, const std::string& value) {
-  const char* end = value.data() + value.size();
-  const auto read = std::from_chars(value.data(), end, options.example);
-  if (read.ec == std::errc() && read.ptr == end && options.example >= 1) return std::nullopt;
-  return "--example takes a number from 1, not \"" + value + "\"";
+auto takeCount(const std::string& name, int ReportOptions::*member) {
+  return [name, member](ReportOptions& options, const std::string& value) -> Problem {
+    const char* end = value.data() + value.size();
+    const auto read = std::from_chars(value.data(), end, options.*member);
+    if (read.ec == std::errc() && read.ptr == end && options.*member >= 1) return std::nullopt;
+    return name + " takes a number from 1, not \"" + value + "\"";
+  };
 }
 
-Problem takeNames(ReportOptions& options, const std::string& value) {
-  for (std::string& name : fieldsOfList(value)) {
-    if (name.empty()) return "--x has an empty name in \"" + value + "\"";
-    options.x.push_back(std::move(name));
-  }
-  return std::nullopt;
+auto takeNames(const std::string& option, std::vector<std::string> ReportOptions::*member) {
+  return [option, member](ReportOptions& options, const std::string& value) -> Problem {
+    for (std::string& name : fieldsOfList(value)) {
+      if (name.empty()) return option + " has an empty name in \"" + value + "\"";
+      (options.*member).push_back(std::move(name));
+    }
+    return std::nullopt;
+  };
 }
 
 Problem takePlot(ReportOptions& options, const std::string& value) {
@@ -129,23 +149,36 @@ auto takeInto(std::string ReportOptions::*member) {
 
 using Take = std::function<Problem(ReportOptions&, const std::string&)>;
 
+Take takeImport(std::string_view name) {
+  return [name](ReportOptions& options, const std::string& value) {
+    return takeImportOption(options.import, name, value);
+  };
+}
+
 const std::map<std::string_view, Take>& optionsWithValue() {
-  static const std::map<std::string_view, Take> table = {
-      {"--y", takeInto(&ReportOptions::y)},
-      {"--x", takeNames},
-      {"--labels", takeInto(&ReportOptions::labels)},
-      {"--plot", takePlot},
-      {"--format", takeFormat},
-      {"-o", takeInto(&ReportOptions::outputFile)},
-      {"--output", takeInto(&ReportOptions::outputFile)},
-      {"--sections", takeSections},
-      {"--lists", takeLists},
-      {"--title", takeText(&ReportRequest::title)},
-      {"--author", takeText(&ReportRequest::author)},
-      {"--remarks", takeText(&ReportRequest::remarks)},
-      {"--paper", takePaper},
-      {"--example", takeExample},
-      {"--program-folder", takeInto(&ReportOptions::programFolder)}};
+  static const std::map<std::string_view, Take> table = [] {
+    std::map<std::string_view, Take> options = {
+        {"--y", takeInto(&ReportOptions::y)},
+        {"--x", takeNames("--x", &ReportOptions::x)},
+        {"--columns", takeNames("--columns", &ReportOptions::columns)},
+        {"--first", takeCount("--first", &ReportOptions::first)},
+        {"--every", takeCount("--every", &ReportOptions::every)},
+        {"--labels", takeInto(&ReportOptions::labels)},
+        {"--plot", takePlot},
+        {"--format", takeFormat},
+        {"-o", takeInto(&ReportOptions::outputFile)},
+        {"--output", takeInto(&ReportOptions::outputFile)},
+        {"--sections", takeSections},
+        {"--lists", takeLists},
+        {"--title", takeText(&ReportRequest::title)},
+        {"--author", takeText(&ReportRequest::author)},
+        {"--remarks", takeText(&ReportRequest::remarks)},
+        {"--paper", takePaper},
+        {"--example", takeCount("--example", &ReportOptions::example)},
+        {"--program-folder", takeInto(&ReportOptions::programFolder)}};
+    for (const std::string_view name : importOptionNames()) options.emplace(name, takeImport(name));
+    return options;
+  }();
   return table;
 }
 
@@ -167,6 +200,9 @@ Problem contradiction(const ReportOptions& options) {
   if (sources > 1) return "a file, --example and --default exclude one another";
   if (options.file.empty() && !options.labels.empty())
     return "--labels goes with a file; the course's data sets have their own";
+  if (options.file.empty() &&
+      (options.import.isUsed || !options.columns.empty() || options.first > 0 || options.every > 1))
+    return "how a table is read can only be said of a file";
   return std::nullopt;
 }
 
@@ -182,7 +218,7 @@ class Words {
 
  private:
   Problem takeWord(ReportOptions& options, const std::string& word) {
-    if (onlyFiles_ || !word.starts_with('-')) return takeFile(options, word);
+    if (onlyFiles_ || word == "-" || !word.starts_with('-')) return takeFile(options, word);
     if (word == "--") {
       onlyFiles_ = true;
       return std::nullopt;
@@ -210,6 +246,19 @@ class Words {
 
 }  // namespace
 
+std::vector<std::string> fieldsOfList(std::string_view list, char separator) {
+  std::vector<std::string> fields;
+  for (bool more = true; more;) {
+    std::string field = takeQuoted(list);
+    const auto end = std::min(list.find(separator), list.size());
+    field += trimmed(list.substr(0, end));
+    more = end < list.size();
+    list.remove_prefix(more ? end + 1 : end);
+    fields.push_back(std::move(field));
+  }
+  return fields;
+}
+
 Result<ReportOptions> parseOptions(const std::vector<std::string>& words) {
   ReportOptions options;
   if (auto answer = answerAboutProgram(words, "tolreport", reportUsage)) {
@@ -229,8 +278,28 @@ const char* const reportUsage =
 
 Fits a multiple regression and reports it.
 
-FILE is a table of comma-separated values with a heading, of 16 MB at most.
+FILE is a table with names in its first row: text (CSV and its like, of 16 MB at
+most), xlsx, ods, sav, dta, gdt, or the data editor's own .zmm; - is standard
+input. Cases with a gap in a variable of the model are left out, and the report
+tells them.
   --labels COLUMN      column with the names of the cases
+  --columns NAME,...   read these columns only
+  --first N            the first N cases only
+  --every K            every K-th case only, from the first
+How it is read, where that is in doubt; an error then names the option:
+  --sheet NAME         sheet of a workbook, or its number
+  --header-row N       line or row with the names; 0 where there are none
+  --separator WORD     comma, semicolon, tab, blank or none
+  --decimal WORD       point or comma
+  --missing LIST       what stands for a missing value, beside NA, ., - and such
+  --codes WORD         empty or number: codes that a file calls missing
+  --words, --short-rows empty
+                       leave such cells, or what rows lack, empty
+  --dates, --groups, --currency WORD
+                       number or empty: dates, 12 345, and $5
+  --percent WORD       as-written, divided (12% is 0.12) or empty
+  --brackets WORD      negative or empty: (5)
+  --names-over WORD    first or second column, where one name is lacking
 Instead of a file:
   --example N          the N-th example of the course, from 1
   --default            the course's default example

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/error.h"
+#include "report/import_options.h"
 #include "report/report_request.h"
 
 namespace tolmer {
@@ -18,10 +20,14 @@ struct PlotRequest {
 };
 
 struct ReportOptions {
-  std::string file;            // table to analyse; empty for a course data set
-  std::string y;               // dependent variable
-  std::vector<std::string> x;  // independent variables; empty for all others
-  std::string labels;          // column of case labels; empty for none
+  std::string file;  // table to analyse, "-" for standard input; empty for a course data set
+  std::string y;     // dependent variable
+  std::vector<std::string> x;        // independent variables; empty for all others
+  std::string labels;                // column of case labels; empty for none
+  std::vector<std::string> columns;  // all that is read; empty for all there are
+  int first = 0;                     // so many cases at most; 0 for all
+  int every = 1;                     // of those the first and each so many-th after it
+  ImportOptions import;              // how the file is read, where that is in doubt
   bool intercept = true;
   std::vector<PlotRequest> plots;  // in order: of two for one plot the later one counts
   int example = 0;                 // number of a scenario of the course's examples, from 1
@@ -36,6 +42,10 @@ struct ReportOptions {
 // Words without the program's name. Where they ask for help or the version nothing else is looked
 // at. The error's text is one sentence about the word at fault.
 Result<ReportOptions> parseOptions(const std::vector<std::string>& words);
+
+// The fields of one line of separated values, blanks around them removed. A field that begins with
+// a double quote ends at the next one that is not doubled; any other may hold quotes as they are.
+std::vector<std::string> fieldsOfList(std::string_view list, char separator = ',');
 
 // The text of --help.
 extern const char* const reportUsage;

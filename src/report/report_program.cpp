@@ -7,12 +7,12 @@
 #include "base/file_io.h"
 #include "base/text_encoding.h"
 #include "report/course_data.h"
-#include "report/csv_dataset.h"
-#include "report/csv_reader.h"
 #include "report/model_by_name.h"
 #include "report/options.h"
 #include "report/report_document.h"
 #include "report/report_run.h"
+#include "report/table_dataset.h"
+#include "report/table_source.h"
 
 namespace tolmer {
 namespace {
@@ -65,17 +65,28 @@ ReportOutcome reportOn(WorkingCopy& copy, const ReportOptions& options,
   return {};
 }
 
+std::string listOf(const std::vector<std::string>& names) {
+  std::string list;
+  for (const std::string& name : names) list += (list.empty() ? "" : ", ") + name;
+  return list;
+}
+
 ReportOutcome reportOnTable(const ReportOptions& options, const ReportSurroundings& around) {
-  auto table = CsvTable::open(options.file);
-  if (!table) return failed(ReportOutcome::dataAtFault, table.error());
-  if (!options.labels.empty() && table->find(options.labels) < 0)
-    return usageFault({table->fileName(), "there is no column \"" + options.labels +
-                                              "\" for the labels; the columns are " +
-                                              table->namesInOrder()});
-  auto copy = dataSetFromTable(*table, options);
-  table = Error{};  // the analysis can use its memory
+  auto source = readTable(options, {around.standardInput, around.reader});
+  if (!source) return failed(ReportOutcome::dataAtFault, source.error());
+  if (!options.labels.empty() && source->table.labels.empty())
+    return usageFault({source->name, "there is no column \"" + options.labels +
+                                         "\" for the labels; the columns are " +
+                                         listOf(source->table.names)});
+  auto copy = dataSetFromTable(source->table, source->name, options);
+  const auto remarks = std::move(source->remarks);
+  source = Error{};  // the analysis can use its memory
   if (!copy) return failed(ReportOutcome::dataAtFault, copy.error());
-  return reportOn(*copy, options, around);
+  ReportOutcome outcome = reportOn(*copy, options, around);
+  std::string told;
+  for (const std::string& remark : remarks) told += "tolreport: " + onOneLine(remark) + "\n";
+  outcome.errors.insert(0, told);
+  return outcome;
 }
 
 // Data that the program would open on in part are no data for a report.

@@ -2,8 +2,12 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "base/error.h"
+#include "foreign/import_process.h"
 
 namespace tolmer {
 
@@ -14,6 +18,8 @@ struct ReportSurroundings {
       programFolder;                  // of the course, unless the command line names another
   std::function<std::string()> date;  // as the page prints it
   bool isColoured = false;            // standard output is a terminal that shows colours
+  std::function<Result<std::string>()> standardInput{};  // all of it, where it is to be the data
+  std::optional<ImportReader> reader{};  // of files of other programs, if not its own
 };
 
 struct ReportOutcome {

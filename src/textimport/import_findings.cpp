@@ -32,6 +32,15 @@ bool hasInEveryLine(std::string_view text, char separator) {
   return true;
 }
 
+std::string withoutLines(std::string_view text, int lines) {
+  for (; lines > 0 && !text.empty(); --lines) {
+    const auto end = std::min(text.find_first_of("\r\n"), text.size());
+    text.remove_prefix(end);
+    text.remove_prefix(text.starts_with("\r\n") ? 2 : std::min<std::size_t>(text.size(), 1));
+  }
+  return std::string(text);
+}
+
 bool isYear(std::string_view field) {
   return field.size() == 4 && (field[0] == '1' || field[0] == '2') &&
          std::all_of(field.begin(), field.end(), [](char c) { return c >= '0' && c <= '9'; });
@@ -72,7 +81,8 @@ std::string quotation(const std::string& field) {
 std::optional<Error> ImportFindings::findTable(const ImportSource& source) {
   book_ = source.book;
   if (!book_) return findTextTable(source.text);
-  table_ = textTable(book_->table);
+  table_ = textTable(book_->table, !target_.hints.headingRow);
+  if (auto error = cutAboveHeading()) return error;
   askSheet();
   noteBook();
   if (table_.titleLines > 0)
@@ -84,7 +94,9 @@ std::optional<Error> ImportFindings::findTable(const ImportSource& source) {
   return std::nullopt;
 }
 
-std::optional<Error> ImportFindings::findTextTable(const std::string& text) {
+std::optional<Error> ImportFindings::findTextTable(const std::string& whole) {
+  const int linesBefore = std::max(target_.hints.headingRow.value_or(0) - 1, 0);
+  const std::string text = linesBefore > 0 ? withoutLines(whole, linesBefore) : whole;
   const auto separator = chooseSeparator(text);
   // As long as nobody has said what divides the fields, quotes are letters like others.
   auto table = textTable(text, separator.value_or(noSeparator),
@@ -93,6 +105,7 @@ std::optional<Error> ImportFindings::findTextTable(const std::string& text) {
   if (table->rows.empty() || table->columns() == 0)
     return Error{"", "There are no data in the text."};
   table_ = std::move(*table);
+  for (int& line : table_.lines) line += linesBefore;
   if (table_.titleLines > 0)
     notes_.push_back("Lines above the table were left out: " + std::to_string(table_.titleLines) +
                      ", the first is \"" + table_.firstTitle + "\".");
@@ -102,6 +115,7 @@ std::optional<Error> ImportFindings::findTextTable(const std::string& text) {
 }
 
 std::optional<char> ImportFindings::chooseSeparator(const std::string& text) {
+  if (target_.hints.separator) return target_.hints.separator;
   return target_.origin == TextOrigin::clipboard ? separatorOfClipboard(text)
                                                  : separatorOfFile(text);
 }
@@ -246,6 +260,7 @@ void ImportFindings::findHeading() {
   const bool onlyLabels = pasted && columns() == 1 && target_.column == 0;
   const bool named = namesAreShort_ || (book_ && book_->table.namesApart);
   auto heading = named ? true : headingByLook();
+  if (target_.hints.headingRow) heading = *target_.hints.headingRow > 0;
   if (!heading && (cursorOnNames || onlyLabels)) heading = cursorOnNames;
   if (cursorOnNames && table_.rows.size() == 1) heading = true;
   if (!heading) {
@@ -278,6 +293,7 @@ void ImportFindings::findUnits() {
 
 // Words in a file's first column are labels; so is what a saved sheet calls "Label".
 void ImportFindings::findLanding() {
+  if (target_.hints.wanted) return findWanted();
   firstRow_ = std::max(target_.row, 1);
   firstColumn_ = target_.column;
   if (target_.origin == TextOrigin::file) {
@@ -285,9 +301,11 @@ void ImportFindings::findLanding() {
     const bool named = heading_ && (field(0, 0).empty() || equalsLabel(field(0, 0)));
     const bool labels = named || kindOf(0, firstDataRow()) == ColumnKind::words;
     firstColumn_ = labels ? 0 : 1;
+    if (labels) uses_.front() = Use::label;
     if (labels) notes_.push_back("The first column holds the labels of the cases.");
     return;
   }
+  if (firstColumn_ == 0) uses_.front() = Use::label;
   if (firstColumn_ == 0 && columns() > 1 && kindOf(0, firstDataRow()) == ColumnKind::numbers &&
       !(heading_ && (field(0, 0).empty() || equalsLabel(field(0, 0)))))
     notes_.push_back("The first column becomes the labels of the cases, though it holds numbers.");
@@ -345,6 +363,7 @@ Result<ImportFindings> ImportFindings::of(const ImportSource& source, const Impo
   if (const auto error = findings.findRoom()) return *error;
   findings.findShortRows();
   findings.findDecimalMark();
+  findings.leaveOutUnplain();
   findings.findSigns();
   findings.findCodesAndDates();
   findings.findMissingAndWords();
@@ -356,18 +375,25 @@ Result<ImportFindings> ImportFindings::of(const ImportSource& source, const Impo
 void ImportFindings::lookAtFields() {
   const int rows = static_cast<int>(table_.rows.size());
   looks_.resize(rows - 1, columns() - 1);
+  uses_.assign(static_cast<std::size_t>(columns()), Use::number);
   for (int row = 0; row < rows; ++row) lookAtRow(row);
 }
 
 void ImportFindings::lookAtRow(int row) {
-  for (int column = 0; column < columns(); ++column)
+  const auto& marks = target_.hints.missing;
+  for (int column = 0; column < columns(); ++column) {
+    const std::string& text = field(row, column);
     looks_(row, column) =
-        book_ ? lookAtCutField(row, column)
-              : FieldLook{numberShape(field(row, column)), isMissingMark(field(row, column))};
+        book_ ? lookAtCutField(row, column) : FieldLook{numberShape(text), isMissingMark(text)};
+    if (std::find(marks.begin(), marks.end(), text) != marks.end())
+      looks_(row, column) = FieldLook{.missing = true};
+  }
 }
 
 void ImportFindings::findDecimalMark() {
   using Marks = NumberShape::Marks;
+  decimalMark_ = target_.hints.decimalMark;
+  if (decimalMark_) return;
   std::array<Sighting, 6> seen;
   bool removes = false;
   eachValue([&](int row, int column, const FieldLook& seenField) {
@@ -446,11 +472,11 @@ void ImportFindings::findMissingAndWords() {
 
 // The check on leaving the editor knows a gap only below a column's first value.
 void ImportFindings::findGapsOnTop() {
-  if (target_.origin != TextOrigin::file || dataRows() < 1) return;
+  if (target_.origin != TextOrigin::file || target_.hints.wanted || dataRows() < 1) return;
   const int top = firstDataRow();
   Sighting gaps;
   for (int column = 0; column < columns(); ++column)
-    if (!landsAsLabel(column) && kindOf(column, top) == ColumnKind::numbers &&
+    if (landsAs(Use::number, column) && kindOf(column, top) == ColumnKind::numbers &&
         !look(top, column).shape.isNumber())
       gaps.add(top, column);
   if (gaps.count == 0) return;
@@ -507,7 +533,7 @@ std::optional<Error> ImportFindings::refusal() const {
 
 Result<std::optional<ImportedCell>> ImportFindings::cell(int row, int column) const {
   const std::string& text = field(row, column);
-  if (landsAsLabel(column)) return std::optional(ImportedCell{.text = text});
+  if (landsAs(Use::label, column)) return std::optional(ImportedCell{.text = text});
   if (text.empty()) return std::optional(ImportedCell{});
   const FieldLook& seen = look(row, column);
   if (seen.missing && seen.exact && answerTo(ImportDoubt::missingCodes) != codesKept)

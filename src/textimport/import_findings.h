@@ -44,6 +44,8 @@ class ImportFindings {
     return table_.rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
   }
   std::vector<std::string> headings() const;
+  // The columns that the target wants, each cell of theirs read.
+  Result<NamedTable> namedTable() const;
   int firstRow() const { return firstRow_; }
   int firstColumn() const { return firstColumn_; }
   std::optional<Error> refusal() const;
@@ -53,12 +55,19 @@ class ImportFindings {
 
  private:
   enum class ColumnKind { empty, numbers, words };
+  enum class Use {
+    number,
+    label,
+    ifPlain,  // numbers where all of them are bare ones: nobody is asked about it
+    none
+  };
 
   ImportFindings(const ImportTarget& target, const ImportAnswers& answers)
       : target_(target), answers_(answers) {}
 
   std::optional<Error> findTable(const ImportSource& source);
   std::optional<Error> findTextTable(const std::string& text);
+  std::optional<Error> cutAboveHeading();
   void noteBook();
   void askSheet();
   std::optional<char> chooseSeparator(const std::string& text);
@@ -86,7 +95,13 @@ class ImportFindings {
   void findGapsOnTop();
 
   ColumnKind kindOf(int column, int fromRow) const;
-  bool landsAsLabel(int column) const { return firstColumn_ + column == 0; }
+  bool landsAs(Use use, int column) const { return uses_[static_cast<std::size_t>(column)] == use; }
+  std::vector<std::string> columnNames() const;
+  void findWanted();
+  Use wantedUse(const std::string& name, int column) const;
+  void leaveOutUnplain();
+  bool isBareNumber(int row, int column) const;
+  Result<std::vector<TextNumber>> numbersOf(int column) const;
   struct FieldLook {
     NumberShape shape{};
     bool missing = false;
@@ -102,7 +117,7 @@ class ImportFindings {
   void eachValue(See see) const {
     for (int row = firstDataRow(); row < static_cast<int>(table_.rows.size()); ++row)
       for (int column = 0; column < columns(); ++column)
-        if (!landsAsLabel(column) && !field(row, column).empty())
+        if (landsAs(Use::number, column) && !field(row, column).empty())
           see(row, column, look(row, column));
   }
   std::string place(int row, int column) const;
@@ -125,6 +140,7 @@ class ImportFindings {
   bool namesAreShort_ = false;  // the first row is names, one less than columns
   bool heading_ = false;
   int unitRows_ = 0;
+  std::vector<Use> uses_;  // of the columns
   std::optional<char> decimalMark_;
   int firstRow_ = 1;
   int firstColumn_ = 1;

@@ -81,6 +81,13 @@ Result<ImportPreview> TextImport::preview(const ImportAnswers& answers) const {
   return preview;
 }
 
+Result<NamedTable> TextImport::named(const ImportAnswers& answers) const {
+  const auto& findings = look(answers).findings;
+  if (!findings) return findings.error();
+  if (const auto refused = findings->refusal()) return *refused;
+  return findings->namedTable();
+}
+
 Result<ImportedTable> TextImport::apply(const ImportAnswers& answers) const {
   const auto& findings = look(answers).findings;
   if (!findings) return findings.error();

@@ -17,6 +17,7 @@
 #include "base/error.h"
 #include "foreign/cut_table.h"
 #include "state/matrix.h"
+#include "textimport/named_table.h"
 #include "textimport/text_table.h"
 
 namespace tolmer {
@@ -48,6 +49,22 @@ struct ImportQuestion {
 
 using ImportAnswers = std::map<ImportDoubt, int>;
 
+// Columns by their names, for a caller that has no sheet to look at.
+struct WantedColumns {
+  std::vector<std::string> numbers;  // each must hold numbers
+  bool others = false;               // so must all other columns with any number
+  std::string labels{};              // the column that names the cases; empty for none
+};
+
+// What a caller knows beforehand, where else the table is looked at or somebody is asked.
+struct ImportHints {
+  std::optional<char> separator{};
+  std::optional<char> decimalMark{};
+  std::optional<int> headingRow{};  // line of a text or row of a sheet with the names; 0: none has
+  std::vector<std::string> missing{};  // what stands for a missing value beside the usual marks
+  std::optional<WantedColumns> wanted{};
+};
+
 // Where the table is to land, in a sheet with room for so many observations and variables. For a
 // file the sheet is empty and everything else is found out; the clipboard's text lands at the
 // cursor. Row 0 are the headings, column 0 the labels.
@@ -57,6 +74,7 @@ struct ImportTarget {
   int column = 1;
   int observations;
   int variables;
+  ImportHints hints{};
 };
 
 // An exact number, the text of a label, or neither.
@@ -110,6 +128,8 @@ class TextImport {
   Result<ImportPreview> preview(const ImportAnswers& answers) const;
   // All of it, or an error: an open question, or the first place of what was not to be brought in.
   Result<ImportedTable> apply(const ImportAnswers& answers) const;
+  // The same by the names of its columns, for a target that says which ones are wanted.
+  Result<NamedTable> named(const ImportAnswers& answers) const;
 
  private:
   struct Look;

@@ -17,16 +17,6 @@ bool isControl(char c) {
   return (code < 0x20 && c != '\t' && c != '\n' && c != '\r') || code == 0x7F;
 }
 
-// A cell is one line: what would break it is a blank.
-std::string cellText(std::string_view field) {
-  const auto breaks = [](char c) { return c == '\t' || c == '\n' || c == '\r'; };
-  field = withoutTextMark(trimmed(field));
-  std::string line(field);
-  if (std::none_of(field.begin(), field.end(), breaks)) return line;
-  std::replace_if(line.begin(), line.end(), breaks, ' ');
-  return std::string(trimmed(line));
-}
-
 // Runs of blanks become one, and none stands at an end of a line.
 std::string withSingleBlanks(const std::string& text) {
   std::string single;
@@ -133,7 +123,8 @@ bool isEven(const TextTable& table, TextOrigin origin) {
 Result<std::string> foreignText(std::string bytes) {
   std::string text = utf8FromFile(std::move(bytes));
   if (text.find('\0') != std::string::npos) return Error{"", "This is no text file."};
-  std::replace_if(text.begin(), text.end(), isControl, ' ');
+  const auto plain = static_cast<std::ptrdiff_t>(plainLength(text));
+  std::replace_if(text.begin() + plain, text.end(), isControl, ' ');
   return text;
 }
 
@@ -152,7 +143,17 @@ Result<TextTable> textTable(std::string text, char separator, TextOrigin origin)
   return table;
 }
 
-TextTable textTable(const CutTable& cut) {
+// What would break a line is a blank.
+std::string cellText(std::string_view field) {
+  const auto breaks = [](char c) { return c == '\t' || c == '\n' || c == '\r'; };
+  field = withoutTextMark(trimmed(field));
+  std::string line(field);
+  if (std::none_of(field.begin(), field.end(), breaks)) return line;
+  std::replace_if(line.begin(), line.end(), breaks, ' ');
+  return std::string(trimmed(line));
+}
+
+TextTable textTable(const CutTable& cut, bool withoutTitles) {
   TextTable table;
   if (cut.namesApart) {
     auto& names = table.rows.emplace_back();
@@ -165,7 +166,7 @@ TextTable textTable(const CutTable& cut) {
       fields.push_back(cellText(cut.text(cut.field(row, column))));
     table.lines.push_back(cut.rowNumbers[row]);
   }
-  if (!cut.namesApart) leaveOutTitles(table);
+  if (!cut.namesApart && withoutTitles) leaveOutTitles(table);
   return table;
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/error.h"
@@ -41,7 +42,11 @@ Result<TextTable> textTable(std::string text, char separator, TextOrigin origin)
 
 // The same of a table that came cut, as its fields would be written; `lines` are the numbers of its
 // rows. The names of a statistics file become its first row, with the number 0.
-TextTable textTable(const CutTable& cut);
+// Titles above the names are left out unless the caller knows better.
+TextTable textTable(const CutTable& cut, bool withoutTitles = true);
+
+// What a cell holds of a field: one line without blanks at its ends.
+std::string cellText(std::string_view field);
 
 // The separators that give the same number of fields, more than one, in every row, out of tab,
 // semicolon, comma and blank, in this order. In a file the first row may have one less: names over

@@ -9,7 +9,7 @@
 
 #include "fieldfile/field_reader.h"
 #include "formula/formula.h"
-#include "report/csv_reader.h"
+#include "report/options.h"
 #include "secondfit/second_fit.h"
 #include "secondfit/tail_areas.h"
 
@@ -19,21 +19,22 @@ namespace {
 // A data set as the data editor would hold it: labels in column 0.
 class CourseSheet : public CellSource {
  public:
-  explicit CourseSheet(CsvTable table)
-      : table_(std::move(table)), labelled_(!singleFromText(table_.cell(0, 0))) {
+  explicit CourseSheet(NamedTable table)
+      : table_(std::move(table)), labelled_(!table_.labels.empty()) {
     std::vector<std::string> headings(labelled_ ? 0 : 1);
-    for (int i = 0; i < table_.columns(); ++i) headings.push_back(table_.name(i));
-    names_.emplace(SheetSize{table_.rows(), static_cast<int>(headings.size())}, headings);
+    headings.insert(headings.end(), table_.names.begin(), table_.names.end());
+    names_.emplace(SheetSize{table_.rows, static_cast<int>(headings.size())}, headings);
   }
 
   CellValue cellValue(CellAddress cell) const override {
     const int column = cell.column - (labelled_ ? 0 : 1);
     if (column < 0 || (labelled_ && column == 0)) return CellValue::empty();
-    return CellValue::ofNumber(std::stod(std::string(table_.cell(cell.row - 1, column))));
+    const auto& numbers = table_.numbers[static_cast<std::size_t>(column)];
+    return CellValue::ofNumber(numbers[static_cast<std::size_t>(cell.row) - 1].written);
   }
-  int rows() const { return table_.rows(); }
+  int rows() const { return table_.rows; }
   std::string caseName(int row) const {
-    return labelled_ ? std::string(table_.cell(row - 1, 0)) : std::to_string(row);
+    return labelled_ ? table_.labels[static_cast<std::size_t>(row) - 1] : std::to_string(row);
   }
   double value(const std::string& variable, int row) const {
     const auto formula =
@@ -43,7 +44,7 @@ class CourseSheet : public CellSource {
   }
 
  private:
-  CsvTable table_;
+  NamedTable table_;
   bool labelled_;
   std::optional<SheetNames> names_;
 };
@@ -183,7 +184,7 @@ Columns rowOf(const CourseSheet& sheet, const Fitted& fitted, const std::string&
 
 std::optional<double> fittedNumber(const CourseModel& model, const std::string& row,
                                    const std::string& column, const std::string& dataFolder) {
-  auto table = CsvTable::open(dataFolder + model.dataSet + ".csv");
+  auto table = courseTable(dataFolder + model.dataSet + ".csv");
   if (!table) return std::nullopt;
   const CourseSheet sheet(std::move(*table));
   const Columns columns = rowOf(sheet, fitted(sheet, model), row);

@@ -5,12 +5,14 @@
 
 #include "base/file_io.h"
 #include "json_reader.h"
-#include "report/csv_dataset.h"
 #include "report/model_by_name.h"
 #include "report/report_document.h"
 #include "report/report_program.h"
 #include "report/report_run.h"
+#include "report/table_dataset.h"
+#include "report/table_source.h"
 #include "support/temp_folder.h"
+#include "support/tree.h"
 
 namespace tolmer::test {
 
@@ -55,8 +57,10 @@ class ReportFixture : public testing::Test {
     return (folder / name).string();
   }
   ReportOutcome report(const std::vector<std::string>& words, bool isColoured = false) const {
-    return runReport(words, {[this] { return (folder / "tolmod").string(); },
-                             [] { return "2026-05-04"; }, isColoured});
+    return runReport(words,
+                     {[this] { return (folder / "tolmod").string(); }, [] { return "2026-05-04"; },
+                      isColoured, [this] { return Result(input); },
+                      ImportReader{.program = TOLMER_PROGRAM_FOLDER "/tolimport"}});
   }
   // A report that is made without any fault.
   std::string output(std::vector<std::string> words, const std::string& format) const {
@@ -71,8 +75,9 @@ class ReportFixture : public testing::Test {
   }
   // The same analysis, with the displays at hand.
   static Analysed analysed(const std::string& table, const ReportOptions& options) {
-    const auto csv = CsvTable::open(table);
-    auto copy = dataSetFromTable(*csv, options);
+    ReportOptions ofTable = options;
+    ofTable.file = table;
+    auto copy = dataSetFromTable(readTable(ofTable, {})->table, table, options);
     EXPECT_FALSE(chooseModelByName(*copy, options));
     MessageLog messages;
     auto state = std::make_unique<AnalysisState>(
@@ -88,6 +93,7 @@ class ReportFixture : public testing::Test {
   const TempFolder temporary;
   const std::filesystem::path folder = temporary.path();
   std::string table;
+  std::string input;  // on standard input
 };
 
 }  // namespace tolmer::test

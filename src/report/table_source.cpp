@@ -1,0 +1,212 @@
+#include "report/table_source.h"
+
+#include <algorithm>
+#include <cmath>
+#include <limits>
+#include <optional>
+#include <utility>
+
+#include "base/file_io.h"
+#include "report/table_dataset.h"
+#include "sheetfiles/editor_file.h"
+#include "textimport/plain_table.h"
+
+namespace tolmer {
+namespace {
+
+constexpr std::size_t mostTextBytes = std::size_t{16} << 20;
+constexpr int anyNumber = std::numeric_limits<int>::max() / 2;
+
+ImportTarget targetOf(const ReportOptions& options) {
+  ImportTarget target{.observations = anyNumber, .variables = anyNumber};
+  target.hints = options.import.hints;
+  target.hints.wanted = columnsOf(options);
+  return target;
+}
+
+Error inFile(const std::string& name, const Error& error) {
+  return {error.where.empty() ? name : name + ", " + error.where, error.text};
+}
+
+// The table, unless something is left open that no option answers.
+Result<NamedTable> answeredTable(const std::string& name, const TextImport& import,
+                                 const ImportAnswers& answers) {
+  const auto preview = import.preview(answers);
+  if (!preview) return inFile(name, preview.error());
+  for (const ImportQuestion& question : preview->questions)
+    if (!question.chosen) return Error{name, askedByOption(question)};
+  auto table = import.named(answers);
+  if (!table) return inFile(name, table.error());
+  if (table->rows == 0) return Error{name, "there is no case below the names"};
+  return table;
+}
+
+bool hintsAreOpen(const ImportHints& hints) {
+  return !hints.separator && !hints.decimalMark && !hints.headingRow && hints.missing.empty();
+}
+
+CutField fieldOf(const DataCell& cell, CutTable& table) {
+  CutField field;
+  if (cell.kind == DataCell::Kind::text) {
+    field.kind = CutKind::text;
+    field.text = static_cast<std::uint32_t>(table.texts.size());
+    table.texts.push_back(cell.text);
+  } else if (cell.kind != DataCell::Kind::empty && std::isfinite(cell.number)) {
+    field.kind = CutKind::number;
+    field.number = cell.number;
+  }
+  return field;
+}
+
+bool columnIsUsed(const SheetContent& sheet, int column) {
+  for (int row = 1; row <= sheet.observations(); ++row)
+    if (sheet.cells(row, column).kind != DataCell::Kind::empty) return true;
+  return false;
+}
+
+// A sheet's columns and rows that hold anything; of a formula its result.
+CutBook bookOf(const SheetContent& sheet) {
+  CutBook book{.format = "zmm", .sheets = {{"", false, true}}};
+  CutTable& table = book.table;
+  table.namesApart = true;
+  table.title = sheet.title;
+  for (int column = 0; column <= sheet.variables(); ++column) {
+    if (!columnIsUsed(sheet, column)) continue;
+    const std::string& heading = sheet.cells(0, column).text;
+    const std::string name = heading.empty() ? exitHeading(column, sheet.variables()) : heading;
+    table.columns.push_back({.number = column, .name = name});
+  }
+  for (int row = 1; row <= lastUsedRow(sheet); ++row) {
+    if (!isUsed(sheet, row)) continue;
+    table.rowNumbers.push_back(row);
+    for (const CutColumn& column : table.columns)
+      table.fields.push_back(fieldOf(sheet.cells(row, column.number), table));
+  }
+  table.rowsInAll = static_cast<int>(table.rows());
+  return book;
+}
+
+ImportReader readerOf(const TableSource& source) {
+  return source.reader ? *source.reader : ImportReader();
+}
+
+using ReadBook = std::function<Result<CutBook>(const CutRequest&)>;
+
+ImportAnswers answersFor(const CutBook& book, const ImportOptions& options) {
+  ImportAnswers answers = options.answers;
+  const auto order = sheetsToRead(book);
+  const auto chosen = std::find(order.begin(), order.end(), book.sheet);
+  if (!options.sheet.empty() && chosen != order.end())
+    answers[ImportDoubt::sheet] = static_cast<int>(chosen - order.begin());
+  return answers;
+}
+
+bool isWhole(const CutTable& cut, const CutRequest& request) {
+  const auto rows = static_cast<int>(cut.rows());
+  return rows == cut.rowsInAll || rows == request.rows;
+}
+
+// The places of the columns that the options name; empty where they name none.
+std::vector<int> wantedPlaces(const CutBook& book, const ReportOptions& options) {
+  const WantedColumns wanted = columnsOf(options);
+  const auto preview =
+      TextImport::of(book, {}, targetOf(options)).preview(answersFor(book, options.import));
+  if (wanted.others || !preview || preview->headings.size() != book.table.columns.size()) return {};
+  std::vector<int> places;
+  for (std::size_t column = 0; column < preview->headings.size(); ++column) {
+    const std::string& heading = preview->headings[column];
+    if (heading == wanted.labels ||
+        std::find(wanted.numbers.begin(), wanted.numbers.end(), heading) != wanted.numbers.end())
+      places.push_back(book.table.columns[column].number);
+  }
+  return places;
+}
+
+// Of a file that is too large for one table the columns that the options name.
+Result<CutBook> wantedBook(const std::string& name, const ReadBook& read,
+                           const ReportOptions& options) {
+  CutRequest request{.sheet = options.import.sheet, .rows = anyNumber};
+  // Titles and names above the cases.
+  if (options.first > 0 && options.every == 1) request.rows = options.first + request.head;
+  auto book = read(request);
+  if (!book || isWhole(book->table, request)) return book;
+  const std::string size = std::to_string(book->table.rowsInAll) + " rows and " +
+                           std::to_string(book->table.columns.size()) + " columns";
+  request.columns = wantedPlaces(*book, options);
+  if (!request.columns.empty()) book = read(request);
+  if (!book || isWhole(book->table, request)) return book;
+  return Error{name,
+               "it has " + size + ", more than can be read at once; take --first or --columns"};
+}
+
+Result<SourcedTable> tableFromBook(const std::string& name, const ReadBook& read,
+                                   const ReportOptions& options) {
+  auto book = wantedBook(name, read, options);
+  if (!book) return book.error();
+  SourcedTable sourced{name, {}, book->remarks};
+  const ImportAnswers answers = answersFor(*book, options.import);
+  auto table =
+      answeredTable(name, TextImport::of(std::move(*book), {}, targetOf(options)), answers);
+  if (!table) return table.error();
+  sourced.table = std::move(*table);
+  return sourced;
+}
+
+Result<SourcedTable> tableFromBytes(const std::string& name, std::string bytes,
+                                    const ReportOptions& options) {
+  if (bytes.starts_with("ZMDATA ")) {
+    const auto content = editorFileContent(bytes);
+    if (!content) return Error{name, content.error().text};
+    return tableFromBook(
+        name, [&](const CutRequest&) { return Result(bookOf(content->sheet)); }, options);
+  }
+  auto table = tableFromText(name, std::move(bytes), options);
+  if (!table) return table.error();
+  return SourcedTable{name, std::move(*table)};
+}
+
+Result<SourcedTable> tableFromInput(const ReportOptions& options, const TableSource& source) {
+  const std::string name = "standard input";
+  auto bytes = source.standardInput();
+  if (!bytes) return Error{name, bytes.error().text};
+  if (isForeign(*bytes))
+    return tableFromBook(
+        name,
+        [&](const CutRequest& request) {
+          return importBytes(name, *bytes, request, readerOf(source));
+        },
+        options);
+  if (bytes->size() > mostTextBytes) return Error{name, "it is larger than 16 MB"};
+  return tableFromBytes(name, std::move(*bytes), options);
+}
+
+}  // namespace
+
+Result<NamedTable> tableFromText(const std::string& name, std::string bytes,
+                                 const ReportOptions& options) {
+  auto text = foreignText(std::move(bytes));
+  if (!text) return inFile(name, text.error());
+  auto plain = hintsAreOpen(options.import.hints) ? PlainTable::take(*text) : std::nullopt;
+  if (plain) {
+    if (auto table = plain->named(columnsOf(options))) return std::move(*table);
+    *text = std::move(*plain).release();
+  }
+  const auto import = TextImport::read(std::move(*text), targetOf(options));
+  if (!import) return inFile(name, import.error());
+  return answeredTable(name, *import, options.import.answers);
+}
+
+Result<SourcedTable> readTable(const ReportOptions& options, const TableSource& source) {
+  const std::string& name = options.file;
+  if (name == "-") return tableFromInput(options, source);
+  auto bytes = readWholeFile(name, mostTextBytes);
+  if (bytes ? isForeign(*bytes) : isForeignFile(name))
+    return tableFromBook(
+        name,
+        [&](const CutRequest& request) { return importFile(name, request, readerOf(source)); },
+        options);
+  if (!bytes) return bytes.error();
+  return tableFromBytes(name, std::move(*bytes), options);
+}
+
+}  // namespace tolmer

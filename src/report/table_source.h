@@ -1,0 +1,35 @@
+// The table that a report is made of, from any file that can be read.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "base/error.h"
+#include "foreign/import_process.h"
+#include "report/options.h"
+#include "textimport/named_table.h"
+
+namespace tolmer {
+
+struct TableSource {
+  std::function<Result<std::string>()> standardInput;  // all of it
+  std::optional<ImportReader> reader{};  // of files of other programs, if not the usual one
+};
+
+struct SourcedTable {
+  std::string name;  // of the file, or what stands for standard input
+  NamedTable table;
+  std::vector<std::string> remarks{};  // on a file of another program: how it was read
+};
+
+// The columns that the options want of the options' file. Where the import would ask somebody and
+// no option answers, that is the error.
+Result<SourcedTable> readTable(const ReportOptions& options, const TableSource& source);
+
+// The same of text; `name` is what errors name.
+Result<NamedTable> tableFromText(const std::string& name, std::string bytes,
+                                 const ReportOptions& options);
+
+}  // namespace tolmer

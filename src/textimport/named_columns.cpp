@@ -1,0 +1,103 @@
+// The columns of a table that a caller names, beside what a sheet would take of it.
+#include <algorithm>
+#include <cmath>
+
+#include "base/text_encoding.h"
+#include "textimport/import_findings.h"
+
+namespace tolmer {
+
+// A row of names that the caller knows has nothing above it.
+std::optional<Error> ImportFindings::cutAboveHeading() {
+  const int heading = target_.hints.headingRow.value_or(0);
+  const bool namesApart = book_->table.namesApart;
+  if (heading == 0 || namesApart) return std::nullopt;
+  const auto found = std::find(table_.lines.begin(), table_.lines.end(), heading);
+  if (found == table_.lines.end())
+    return Error{"", "There is nothing in row " + std::to_string(heading) + "."};
+  table_.rows.erase(table_.rows.begin(), table_.rows.begin() + (found - table_.lines.begin()));
+  table_.lines.erase(table_.lines.begin(), found);
+  return std::nullopt;
+}
+
+std::vector<std::string> ImportFindings::columnNames() const {
+  std::vector<std::string> names;
+  for (int column = 0; column < columns(); ++column) {
+    names.push_back(heading_ ? onOneLine(field(0, column)) : std::string());
+    if (names.back().empty()) names.back() = "Col " + std::to_string(column + 1);
+  }
+  return names;
+}
+
+void ImportFindings::findWanted() {
+  const auto names = columnNames();
+  for (int column = 0; column < columns(); ++column) {
+    const auto at = static_cast<std::size_t>(column);
+    uses_[at] = wantedUse(names[at], column);
+  }
+}
+
+ImportFindings::Use ImportFindings::wantedUse(const std::string& name, int column) const {
+  const WantedColumns& wanted = *target_.hints.wanted;
+  if (!wanted.labels.empty() && name == wanted.labels) return Use::label;
+  const auto& numbers = wanted.numbers;
+  if (std::find(numbers.begin(), numbers.end(), name) != numbers.end()) return Use::number;
+  for (int row = firstDataRow(); row < static_cast<int>(table_.rows.size()); ++row)
+    if (look(row, column).shape.isNumber() && !look(row, column).missing)
+      return wanted.others ? Use::number : Use::ifPlain;
+  return Use::none;
+}
+
+bool ImportFindings::isBareNumber(int row, int column) const {
+  const FieldLook& seen = look(row, column);
+  const NumberShape& shape = seen.shape;
+  if (seen.missing || field(row, column).empty() || !shape.fits(decimalMark_.value_or('.')))
+    return false;
+  return !shape.groupedByBlanks && !shape.percent && !shape.currency && !shape.bracketed;
+}
+
+void ImportFindings::leaveOutUnplain() {
+  for (int column = 0; column < columns(); ++column) {
+    if (!landsAs(Use::ifPlain, column)) continue;
+    bool isPlain = true;
+    for (int row = firstDataRow(); isPlain && row < static_cast<int>(table_.rows.size()); ++row)
+      isPlain = isBareNumber(row, column);
+    if (!isPlain) uses_[static_cast<std::size_t>(column)] = Use::none;
+  }
+}
+
+Result<std::vector<TextNumber>> ImportFindings::numbersOf(int column) const {
+  std::vector<TextNumber> numbers;
+  numbers.reserve(static_cast<std::size_t>(dataRows()));
+  for (int row = firstDataRow(); row < static_cast<int>(table_.rows.size()); ++row) {
+    const auto read = cell(row, column);
+    if (!read) return read.error();
+    const double number =
+        *read ? (*read)->number.value_or(gapInNumbers.written) : gapInNumbers.written;
+    std::string text = field(row, column);
+    if (decimalMark_ == ',') std::replace(text.begin(), text.end(), ',', '.');
+    numbers.push_back(std::isnan(number) ? gapInNumbers : textNumberOf(number, text));
+    if (std::isinf(numbers.back().held))
+      return Error{place(row, column), field(row, column) + " is no number this program can hold"};
+  }
+  return numbers;
+}
+
+Result<NamedTable> ImportFindings::namedTable() const {
+  NamedTable table{dataRows(), columnNames(), {}, {}};
+  table.numbers.resize(table.names.size());
+  for (int column = 0; column < columns(); ++column) {
+    const auto at = static_cast<std::size_t>(column);
+    if (landsAs(Use::label, column))
+      for (int row = 0; row < dataRows(); ++row)
+        table.labels.push_back(onOneLine(field(firstDataRow() + row, column)));
+    if (landsAs(Use::label, column) || landsAs(Use::none, column)) continue;
+    auto numbers = numbersOf(column);
+    if (!numbers && landsAs(Use::ifPlain, column)) continue;
+    if (!numbers) return numbers.error();
+    table.numbers[at] = std::move(*numbers);
+  }
+  return table;
+}
+
+}  // namespace tolmer

@@ -1,0 +1,28 @@
+// A table by the names of its columns, for an analysis without a sheet.
+#pragma once
+
+#include <cmath>
+#include <cstddef>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "fieldfile/field_reader.h"
+
+namespace tolmer {
+
+struct NamedTable {
+  int rows = 0;
+  std::vector<std::string> names;  // of all columns; a nameless one is called after its place
+  // Of each column, empty where it is no variable; an empty cell is a gap.
+  std::vector<std::vector<TextNumber>> numbers;
+  std::vector<std::string> labels;  // of the cases; empty where none were wanted
+
+  bool isVariable(std::size_t column) const { return !numbers[column].empty(); }
+};
+
+inline constexpr TextNumber gapInNumbers{std::numeric_limits<double>::quiet_NaN(),
+                                         std::numeric_limits<float>::quiet_NaN()};
+inline bool isGap(const TextNumber& number) { return std::isnan(number.written); }
+
+}  // namespace tolmer
