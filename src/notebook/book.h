@@ -59,35 +59,14 @@ enum class BookPart {
 
 // "section", "page element": how a message calls a row of the table.
 constexpr const char* nounOf(BookPart part) {
-  switch (part) {
-    case BookPart::section:
-      return "section";
-    case BookPart::page:
-      return "page";
-    case BookPart::scenario:
-      return "scenario";
-    case BookPart::database:
-      return "database";
-    case BookPart::text:
-      return "text element";
-    case BookPart::heading:
-      return "heading element";
-    case BookPart::jump:
-      return "jump element";
-    case BookPart::scenarioElement:
-      return "scenario element";
-    case BookPart::outline:
-      return "outline element";
-    case BookPart::bitmap:
-      return "bitmap element";
-    case BookPart::check:
-      return "check element";
-    case BookPart::version:
-      return "version element";
-    case BookPart::pageElement:
-      return "page element";
-  }
-  return "";
+  constexpr std::array nouns{"section",         "page",
+                             "scenario",        "database",
+                             "text element",    "heading element",
+                             "jump element",    "scenario element",
+                             "outline element", "bitmap element",
+                             "check element",   "version element",
+                             "page element"};
+  return nouns.at(static_cast<std::size_t>(part));
 }
 
 using Int16 = std::int16_t;

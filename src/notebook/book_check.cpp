@@ -139,26 +139,16 @@ class BookChecker {
 
   // Kinds that nobody knows show nothing, so their index does not matter.
   int rowsOfKind(int kind) const {
-    switch (kind) {
-      case ElementKind::text:
-        return book_.uText.count();
-      case ElementKind::heading:
-        return book_.tHeading.count();
-      case ElementKind::jump:
-        return book_.uJump.count();
-      case ElementKind::scenario:
-        return book_.uScenarioElement.count();
-      case ElementKind::outline:
-        return book_.uOutline.count();
-      case ElementKind::bitmap:
-        return book_.tBitmap.count();
-      case ElementKind::check:
-        return book_.uCheck.count();
-      case ElementKind::version:
-        return book_.uVersion.count();
-      default:
-        return -1;
-    }
+    for (const auto& [known, rows] : {std::pair{ElementKind::text, book_.uText.count()},
+                                      {ElementKind::heading, book_.tHeading.count()},
+                                      {ElementKind::jump, book_.uJump.count()},
+                                      {ElementKind::scenario, book_.uScenarioElement.count()},
+                                      {ElementKind::outline, book_.uOutline.count()},
+                                      {ElementKind::bitmap, book_.tBitmap.count()},
+                                      {ElementKind::check, book_.uCheck.count()},
+                                      {ElementKind::version, book_.uVersion.count()}})
+      if (known == kind) return rows;
+    return -1;
   }
 
   void checkPageElement(int row) {

@@ -1,6 +1,5 @@
 #include "notebook/notebook.h"
 
-#include <stdexcept>
 #include <utility>
 
 #include "notebook/cover.h"
@@ -10,12 +9,6 @@
 
 namespace tolmer {
 namespace {
-
-template <class Array>
-auto& element(Array& array, int index) {
-  if (index < 0) throw std::out_of_range("negative index");
-  return array.at(static_cast<std::size_t>(index));
-}
 
 template <class Outline>
 auto& entryOf(Outline& outline, int j) {
@@ -102,85 +95,8 @@ Int16 NoteBook::GetSelectedDatabase(int iSection, int iPage, int iOutlineNumber)
 void NoteBook::recordDatabase(int iOutline, int j, Int16 iSelectedItem) {
   OutlineEntry& entry = entryOf(book_.uOutline[iOutline], j);
   entry.iSelectedItem = iSelectedItem;
-  element(iSelectedDatabase_, j) = static_cast<Int16>(entry.iFirstDatabase + iSelectedItem);
-}
-
-Int16 NoteBook::StartDatabase(int iIndex) const { return element(iStartDatabase_, iIndex); }
-
-const std::string& NoteBook::DefaultScenarioName() const { return book_.uDefaultScenario.tName; }
-
-const std::string& NoteBook::DefaultScenarioDesc() const { return book_.uDefaultScenario.tDesc; }
-
-const std::string& NoteBook::DefaultScenarioParameter(int iParam) const {
-  return element(book_.uDefaultScenario.tParameter, iParam);
-}
-
-const std::string& NoteBook::LastScenarioName() const {
-  return book_.uScenario[iLastScenarioNumber].tName;
-}
-
-const std::string& NoteBook::LastScenarioDesc() const {
-  return book_.uScenario[iLastScenarioNumber].tDesc;
-}
-
-const std::string& NoteBook::LastScenarioParameter(int iParam) const {
-  return element(book_.uScenario[iLastScenarioNumber].tParameter, iParam);
-}
-
-const Database& NoteBook::defaultDatabase(int iIndex) const {
-  return element(book_.uDefaultDatabase, iIndex);
-}
-
-const Database& NoteBook::lastDatabase(int iIndex) const {
-  return book_.uDatabase[element(iSelectedDatabase_, iIndex)];
-}
-
-const std::string& NoteBook::DefaultDatabaseName(int iIndex) const {
-  return defaultDatabase(iIndex).tName;
-}
-
-const std::string& NoteBook::DefaultDatabaseShortName(int iIndex) const {
-  return defaultDatabase(iIndex).tShortName;
-}
-
-const std::string& NoteBook::DefaultDatabaseDesc(int iIndex) const {
-  return defaultDatabase(iIndex).tDesc;
-}
-
-const std::string& NoteBook::DefaultDatabaseDataFileName(int iIndex) const {
-  return defaultDatabase(iIndex).tDataFileName;
-}
-
-const std::string& NoteBook::DefaultDatabaseLabelFileName(int iIndex) const {
-  return defaultDatabase(iIndex).tLabelFileName;
-}
-
-const std::string& NoteBook::DefaultDatabaseHeading(int iIndex) const {
-  return defaultDatabase(iIndex).tHeading;
-}
-
-const std::string& NoteBook::LastDatabaseName(int iIndex) const {
-  return lastDatabase(iIndex).tName;
-}
-
-const std::string& NoteBook::LastDatabaseShortName(int iIndex) const {
-  return lastDatabase(iIndex).tShortName;
-}
-
-const std::string& NoteBook::LastDatabaseDesc(int iIndex) const {
-  return lastDatabase(iIndex).tDesc;
-}
-
-const std::string& NoteBook::LastDatabaseDataFileName(int iIndex) const {
-  return lastDatabase(iIndex).tDataFileName;
-}
-
-const std::string& NoteBook::LastDatabaseLabelFileName(int iIndex) const {
-  return lastDatabase(iIndex).tLabelFileName;
-}
-
-const std::string& NoteBook::LastDatabaseHeading(int iIndex) const {
-  return lastDatabase(iIndex).tHeading;
+  iSelectedDatabase_.at(static_cast<std::size_t>(j)) =
+      static_cast<Int16>(entry.iFirstDatabase + iSelectedItem);
 }
 
 void NoteBook::CheckStringFormatCodes(std::string& tStringToCheck, bool& bIndent, bool& bEmphasis,

@@ -5,6 +5,7 @@
 #include <functional>
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 
 #include "notebook/book.h"
@@ -71,27 +72,46 @@ class NoteBook {
   Int16 LastSectionNumber() const { return iLastSectionNumber; }
   Int16 LastPageNumber() const { return iLastPageNumber; }
   Int16 LastPageType() const { return iLastPageType; }
-  Int16 StartDatabase(int iIndex) const;  // list index at the moment of showing
+  // List index at the moment of showing.
+  Int16 StartDatabase(int iIndex) const { return element(iStartDatabase_, iIndex); }
 
-  const std::string& DefaultScenarioName() const;
-  const std::string& DefaultScenarioDesc() const;
-  const std::string& DefaultScenarioParameter(int iParam) const;
-  const std::string& LastScenarioName() const;
-  const std::string& LastScenarioDesc() const;
-  const std::string& LastScenarioParameter(int iParam) const;
+  const std::string& DefaultScenarioName() const { return book_.uDefaultScenario.tName; }
+  const std::string& DefaultScenarioDesc() const { return book_.uDefaultScenario.tDesc; }
+  const std::string& DefaultScenarioParameter(int iParam) const {
+    return element(book_.uDefaultScenario.tParameter, iParam);
+  }
+  const std::string& LastScenarioName() const { return lastScenario().tName; }
+  const std::string& LastScenarioDesc() const { return lastScenario().tDesc; }
+  const std::string& LastScenarioParameter(int iParam) const {
+    return element(lastScenario().tParameter, iParam);
+  }
 
-  const std::string& DefaultDatabaseName(int iIndex) const;
-  const std::string& DefaultDatabaseShortName(int iIndex) const;
-  const std::string& DefaultDatabaseDesc(int iIndex) const;
-  const std::string& DefaultDatabaseDataFileName(int iIndex) const;
-  const std::string& DefaultDatabaseLabelFileName(int iIndex) const;
-  const std::string& DefaultDatabaseHeading(int iIndex) const;
-  const std::string& LastDatabaseName(int iIndex) const;
-  const std::string& LastDatabaseShortName(int iIndex) const;
-  const std::string& LastDatabaseDesc(int iIndex) const;
-  const std::string& LastDatabaseDataFileName(int iIndex) const;
-  const std::string& LastDatabaseLabelFileName(int iIndex) const;
-  const std::string& LastDatabaseHeading(int iIndex) const;
+  const std::string& DefaultDatabaseName(int iIndex) const { return defaultDatabase(iIndex).tName; }
+  const std::string& DefaultDatabaseShortName(int iIndex) const {
+    return defaultDatabase(iIndex).tShortName;
+  }
+  const std::string& DefaultDatabaseDesc(int iIndex) const { return defaultDatabase(iIndex).tDesc; }
+  const std::string& DefaultDatabaseDataFileName(int iIndex) const {
+    return defaultDatabase(iIndex).tDataFileName;
+  }
+  const std::string& DefaultDatabaseLabelFileName(int iIndex) const {
+    return defaultDatabase(iIndex).tLabelFileName;
+  }
+  const std::string& DefaultDatabaseHeading(int iIndex) const {
+    return defaultDatabase(iIndex).tHeading;
+  }
+  const std::string& LastDatabaseName(int iIndex) const { return lastDatabase(iIndex).tName; }
+  const std::string& LastDatabaseShortName(int iIndex) const {
+    return lastDatabase(iIndex).tShortName;
+  }
+  const std::string& LastDatabaseDesc(int iIndex) const { return lastDatabase(iIndex).tDesc; }
+  const std::string& LastDatabaseDataFileName(int iIndex) const {
+    return lastDatabase(iIndex).tDataFileName;
+  }
+  const std::string& LastDatabaseLabelFileName(int iIndex) const {
+    return lastDatabase(iIndex).tLabelFileName;
+  }
+  const std::string& LastDatabaseHeading(int iIndex) const { return lastDatabase(iIndex).tHeading; }
 
   // --- life of the book on the screen, in the order in which a start calls it
   // Begins the loading stage: curtain and cover.
@@ -131,8 +151,18 @@ class NoteBook {
   void rememberStart();
   void refuseObjectFile(const std::string& text);
   const PageElement* nthOfKind(int iSection, int iPage, Int16 iKind, int number) const;
-  const Database& lastDatabase(int iIndex) const;
-  const Database& defaultDatabase(int iIndex) const;
+  template <class Value, std::size_t size>
+  static const Value& element(const std::array<Value, size>& array, int index) {
+    if (index < 0) throw std::out_of_range("negative index");
+    return array.at(static_cast<std::size_t>(index));
+  }
+  const Scenario& lastScenario() const { return book_.uScenario[iLastScenarioNumber]; }
+  const Database& lastDatabase(int iIndex) const {
+    return book_.uDatabase[element(iSelectedDatabase_, iIndex)];
+  }
+  const Database& defaultDatabase(int iIndex) const {
+    return element(book_.uDefaultDatabase, iIndex);
+  }
 
   Desktop& desktop_;
   Book book_;

@@ -19,66 +19,38 @@ namespace tolmer {
 // `book` and its rows are const for a writer.
 namespace object_file_format {
 
+void fields(auto& io, auto&... each) { (io(each), ...); }
+
 void scenarioFields(auto& io, auto& scenario) {
-  io(scenario.tName);
-  io(scenario.tDesc);
+  fields(io, scenario.tName, scenario.tDesc);
   for (int i = 1; i <= maxParameter; ++i) io(scenario.tParameter[static_cast<std::size_t>(i)]);
 }
 
-void databaseFields(auto& io, auto& database) {
-  io(database.tName);
-  io(database.tShortName);
-  io(database.iLevel);
-  io(database.tDesc);
-  io(database.tDataFileName);
-  io(database.tLabelFileName);
-  io(database.tHeading);
-  io(database.bExpanded[1]);
-  io(database.bExpanded[2]);
-}
-
-void defaultDatabaseFields(auto& io, auto& database) {
-  io(database.tName);
-  io(database.tShortName);
-  io(database.tDesc);
-  io(database.tDataFileName);
-  io(database.tLabelFileName);
-  io(database.tHeading);
+void databaseFields(auto& io, auto& row) {
+  fields(io, row.tName, row.tShortName, row.iLevel, row.tDesc, row.tDataFileName,
+         row.tLabelFileName, row.tHeading, row.bExpanded[1], row.bExpanded[2]);
 }
 
 void outlineFields(auto& io, auto& outline) {
   io.count(outline.iNumOutlines, maxOutlineEntries, "outline");
-  io(outline.iUnused1);
-  io(outline.iUnused2);
+  fields(io, outline.iUnused1, outline.iUnused2);
   for (int j = 1; j <= outline.iNumOutlines; ++j) {
     auto& entry = outline.uEntry[static_cast<std::size_t>(j)];
-    io(entry.iControlIndex);
-    io(entry.iSelectedItem);
-    io(entry.iUnused);
-    io(entry.iFirstDatabase);
-    io(entry.iNumDatabases);
+    fields(io, entry.iControlIndex, entry.iSelectedItem, entry.iUnused, entry.iFirstDatabase,
+           entry.iNumDatabases);
   }
 }
 
-void valueFields(auto& io, auto& element) {
-  io(element.tCaption);
-  io(element.bIndent);
-  io(element.iEmphasisStyle);
-  io(element.iValue);
+void valueFields(auto& io, auto& row) {
+  fields(io, row.tCaption, row.bIndent, row.iEmphasisStyle, row.iValue);
 }
 
 void pagesAndSections(auto& io, auto& book) {
-  io.table(book.uSection, BookPart::section, [](auto& out, auto& row) {
-    out(row.tName);
-    out(row.iFirstPage);
-    out(row.iNumPages);
-  });
+  io.table(book.uSection, BookPart::section,
+           [](auto& out, auto& row) { fields(out, row.tName, row.iFirstPage, row.iNumPages); });
   io.table(book.uPage, BookPart::page, [](auto& out, auto& row) {
-    out(row.iPageType);
-    out(row.iFirstElement);
-    out(row.iNumElements);
-    out(row.iScenarioElement);
-    out(row.iOutlineElement);
+    fields(out, row.iPageType, row.iFirstElement, row.iNumElements, row.iScenarioElement,
+           row.iOutlineElement);
   });
 }
 
@@ -90,39 +62,31 @@ void scenariosAndDatabases(auto& io, auto& book) {
   io.table(book.uDatabase, BookPart::database,
            [](auto& out, auto& row) { databaseFields(out, row); });
   for (std::size_t i = 1; i <= maxOutlineEntries; ++i) {
-    defaultDatabaseFields(io, book.uDefaultDatabase[i]);
+    auto& row = book.uDefaultDatabase[i];
+    fields(io, row.tName, row.tShortName, row.tDesc, row.tDataFileName, row.tLabelFileName,
+           row.tHeading);
     io.endRecord();
   }
 }
 
 void elements(auto& io, auto& book) {
-  io.table(book.uText, BookPart::text, [](auto& out, auto& row) {
-    out(row.tText);
-    out(row.bIndent);
-    out(row.iEmphasisStyle);
-  });
-  io.table(book.tHeading, BookPart::heading, [](auto& out, auto& row) { out(row); });
+  const auto itself = [](auto& out, auto& row) { out(row); };
+  const auto value = [](auto& out, auto& row) { valueFields(out, row); };
+  io.table(book.uText, BookPart::text,
+           [](auto& out, auto& row) { fields(out, row.tText, row.bIndent, row.iEmphasisStyle); });
+  io.table(book.tHeading, BookPart::heading, itself);
   io.table(book.uJump, BookPart::jump, [](auto& out, auto& row) {
-    out(row.tText);
-    out(row.bIndent);
-    out(row.iEmphasisStyle);
-    out(row.iSection);
-    out(row.iPage);
+    fields(out, row.tText, row.bIndent, row.iEmphasisStyle, row.iSection, row.iPage);
   });
   io.table(book.uScenarioElement, BookPart::scenarioElement, [](auto& out, auto& row) {
-    out(row.iNumScenarios);
-    out(row.iFirstScenario);
-    out(row.iSelected);
+    fields(out, row.iNumScenarios, row.iFirstScenario, row.iSelected);
   });
   io.table(book.uOutline, BookPart::outline, [](auto& out, auto& row) { outlineFields(out, row); });
-  io.table(book.tBitmap, BookPart::bitmap, [](auto& out, auto& row) { out(row); });
-  io.table(book.uCheck, BookPart::check, [](auto& out, auto& row) { valueFields(out, row); });
-  io.table(book.uVersion, BookPart::version, [](auto& out, auto& row) { valueFields(out, row); });
-  io.table(book.uPageElement, BookPart::pageElement, [](auto& out, auto& row) {
-    out(row.iKind);
-    out(row.iIndex);
-    out(row.iUnused);
-  });
+  io.table(book.tBitmap, BookPart::bitmap, itself);
+  io.table(book.uCheck, BookPart::check, value);
+  io.table(book.uVersion, BookPart::version, value);
+  io.table(book.uPageElement, BookPart::pageElement,
+           [](auto& out, auto& row) { fields(out, row.iKind, row.iIndex, row.iUnused); });
 }
 
 void wholeBook(auto& io, auto& book) {
