@@ -144,16 +144,11 @@ void frmModelDesign::Form_Load() {
 }
 
 void frmModelDesign::loadDataSource() {
-  switch (state_.iDataSource) {
-    case databasePage:
-      return LoadNewDatabase();
-    case dataEditor:
-      return LoadFromDataEditor();
-    case scenarioExample:
-      return state_.bUseDefaultData ? LoadDefaultExample() : LoadNewExample();
-    default:
-      return DimensionModelDesignerArrays(copy_);
-  }
+  if (state_.iDataSource == databasePage) return LoadNewDatabase();
+  if (state_.iDataSource == dataEditor) return LoadFromDataEditor();
+  if (state_.iDataSource == scenarioExample)
+    return state_.bUseDefaultData ? LoadDefaultExample() : LoadNewExample();
+  return DimensionModelDesignerArrays(copy_);
 }
 
 void frmModelDesign::LoadDefaultExample() {

@@ -296,20 +296,12 @@ std::string SheetWindow::pointingText() const {
 
 void SheetWindow::command(GridCommand what) {
   if (!focusedText() && !entryIsTaken()) return;
-  switch (what) {
-    case GridCommand::erase:
-      return sheet_.clear(selectedRanges());
-    case GridCommand::cut:
-      return copySelection(true);
-    case GridCommand::copy:
-      return copySelection(false);
-    case GridCommand::paste:
-      return paste();
-    case GridCommand::undo:
-      return undoOrRedo(true);
-    case GridCommand::redo:
-      return undoOrRedo(false);
-  }
+  if (what == GridCommand::erase) return sheet_.clear(selectedRanges());
+  if (what == GridCommand::cut) return copySelection(true);
+  if (what == GridCommand::copy) return copySelection(false);
+  if (what == GridCommand::paste) return paste();
+  if (what == GridCommand::undo) return undoOrRedo(true);
+  if (what == GridCommand::redo) return undoOrRedo(false);
 }
 
 TextBox* SheetWindow::focusedText() {

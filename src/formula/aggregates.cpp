@@ -266,22 +266,13 @@ CellValue aggregateResult(FormulaFunction function, std::span<const Operand> ope
   if (function == MEDIAN) return median(numbers);
   const Summary summary = summaryOf(numbers);
   if (summary.error != FormulaError::none) return CellValue::ofError(summary.error);
-  switch (function) {
-    case SUM:
-      return checkedNumber(summary.sum);
-    case AVERAGE:
-      return average(summary);
-    case MIN:
-      return CellValue::ofNumber(summary.count == 0 ? 0 : summary.smallest);
-    case MAX:
-      return CellValue::ofNumber(summary.count == 0 ? 0 : summary.largest);
-    case AND:
-      return truth(summary, summary.nonzero == summary.count);
-    case OR:
-      return truth(summary, summary.nonzero > 0);
-    default:
-      return spread(function, numbers, summary);
-  }
+  if (function == SUM) return checkedNumber(summary.sum);
+  if (function == AVERAGE) return average(summary);
+  if (function == MIN) return CellValue::ofNumber(summary.count == 0 ? 0 : summary.smallest);
+  if (function == MAX) return CellValue::ofNumber(summary.count == 0 ? 0 : summary.largest);
+  if (function == AND) return truth(summary, summary.nonzero == summary.count);
+  if (function == OR) return truth(summary, summary.nonzero > 0);
+  return spread(function, numbers, summary);
 }
 
 }  // namespace tolmer

@@ -51,20 +51,12 @@ CellValue logarithm(double number, double (*function)(double)) {
 
 CellValue compared(char symbol, double left, double right) {
   const bool equal = areNearlyEqual(left, right);
-  switch (symbol) {
-    case '=':
-      return truth(equal);
-    case 'n':
-      return truth(!equal);
-    case '<':
-      return truth(!equal && left < right);
-    case 'l':
-      return truth(equal || left < right);
-    case '>':
-      return truth(!equal && left > right);
-    default:
-      return truth(equal || left > right);
-  }
+  if (symbol == '=') return truth(equal);
+  if (symbol == 'n') return truth(!equal);
+  if (symbol == '<') return truth(!equal && left < right);
+  if (symbol == 'l') return truth(equal || left < right);
+  if (symbol == '>') return truth(!equal && left > right);
+  return truth(equal || left > right);
 }
 
 // A number as d.ddd times ten to the exponent.
@@ -170,54 +162,33 @@ bool areNearlyEqual(double a, double b) {
 }
 
 CellValue binaryResult(char symbol, double left, double right) {
-  switch (symbol) {
-    case '+':
-      return checkedNumber(left + right);
-    case '-':
-      return checkedNumber(left - right);
-    case '*':
-      return checkedNumber(left * right);
-    case '/':
-      return quotient(left, right);
-    case '^':
-      return power(left, right);
-    default:
-      return compared(symbol, left, right);
-  }
+  if (symbol == '+') return checkedNumber(left + right);
+  if (symbol == '-') return checkedNumber(left - right);
+  if (symbol == '*') return checkedNumber(left * right);
+  if (symbol == '/') return quotient(left, right);
+  if (symbol == '^') return power(left, right);
+  return compared(symbol, left, right);
 }
 
 CellValue functionResult(FormulaFunction function, std::span<const double> values) {
   const double first = values[0];
   const double second = values.size() > 1 ? values[1] : 0;
-  switch (function) {
-    case SQRT:
-      return first < 0 ? numberError() : checkedNumber(std::sqrt(first));
-    case ABS:
-      return checkedNumber(std::fabs(first));
-    case EXP:
-      return checkedNumber(std::exp(first));
-    case LN:
-      return logarithm(first, std::log);
-    case LOG10:
-      return logarithm(first, std::log10);
-    case POWER:
-      return power(first, second);
-    case ROUND:
-      return checkedNumber(roundedToDigits(first, second));
-    case INT:
-      return checkedNumber(wholeBelow(first));
-    case MOD:
-      return modulus(first, second);
-    case NOT:
-      return truth(first == 0);
-    case NORMSINV:
-      return first > 0 && first < 1 ? CellValue::ofNumber(normalQuantile(first)) : numberError();
-    case NORMSDIST:
-      return checkedNumber(values.size() > 1 && second == 0 ? normalDensity(first)
-                                                            : normalProbability(first));
-    default:
-      return CellValue::ofError(FormulaError::value);
-  }
+  if (function == SQRT) return first < 0 ? numberError() : checkedNumber(std::sqrt(first));
+  if (function == ABS) return checkedNumber(std::fabs(first));
+  if (function == EXP) return checkedNumber(std::exp(first));
+  if (function == LN) return logarithm(first, std::log);
+  if (function == LOG10) return logarithm(first, std::log10);
+  if (function == POWER) return power(first, second);
+  if (function == ROUND) return checkedNumber(roundedToDigits(first, second));
+  if (function == INT) return checkedNumber(wholeBelow(first));
+  if (function == MOD) return modulus(first, second);
+  if (function == NOT) return truth(first == 0);
+  if (function == NORMSINV)
+    return first > 0 && first < 1 ? CellValue::ofNumber(normalQuantile(first)) : numberError();
+  if (function == NORMSDIST)
+    return checkedNumber(values.size() > 1 && second == 0 ? normalDensity(first)
+                                                          : normalProbability(first));
+  return CellValue::ofError(FormulaError::value);
 }
 
 double roundedToDigits(double number, double digits) {

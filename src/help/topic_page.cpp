@@ -67,21 +67,13 @@ std::string listHtml(const PageBlock& block) {
 }
 
 std::string blockHtml(const PageBlock& block) {
-  switch (block.kind) {
-    case PageBlock::Kind::heading:
-      return element("h3", textHtml(block.text));
-    case PageBlock::Kind::entry:
-      return "<h4><a name=\"" + entryAnchor(block.text) + "\"></a>" + textHtml(block.text) +
-             "</h4>";
-    case PageBlock::Kind::list:
-      return listHtml(block);
-    case PageBlock::Kind::table:
-      return tableHtml(block);
-    case PageBlock::Kind::picture:
-      return "<p><img src=\"" + block.file + "\" alt=\"" + markupText(block.text) + "\"></p>";
-    case PageBlock::Kind::paragraph:
-      break;
-  }
+  if (block.kind == PageBlock::Kind::heading) return element("h3", textHtml(block.text));
+  if (block.kind == PageBlock::Kind::entry)
+    return "<h4><a name=\"" + entryAnchor(block.text) + "\"></a>" + textHtml(block.text) + "</h4>";
+  if (block.kind == PageBlock::Kind::list) return listHtml(block);
+  if (block.kind == PageBlock::Kind::table) return tableHtml(block);
+  if (block.kind == PageBlock::Kind::picture)
+    return "<p><img src=\"" + block.file + "\" alt=\"" + markupText(block.text) + "\"></p>";
   return element("p", textHtml(block.text));
 }
 
@@ -213,16 +205,10 @@ std::optional<Found> groundAt(std::string_view text) {
 }
 
 std::optional<Found> spanAt(std::string_view text) {
-  switch (text.front()) {
-    case '*':
-      return boldAt(text);
-    case '[':
-      return linkAt(text);
-    case '{':
-      return groundAt(text);
-    default:
-      return std::nullopt;
-  }
+  if (text.front() == '*') return boldAt(text);
+  if (text.front() == '[') return linkAt(text);
+  if (text.front() == '{') return groundAt(text);
+  return std::nullopt;
 }
 
 }  // namespace

@@ -32,18 +32,10 @@ bool Control::canBeUsed() const {
 }
 
 bool Control::hasOwnGround() const {
-  switch (kind()) {
-    case ControlKind::window:
-    case ControlKind::panel:
-      return true;
-    case ControlKind::textBox:
-    case ControlKind::comboBox:
-    case ControlKind::numberBox:
-    case ControlKind::outline:
-      return backColour_ != colours::buttonFace && backColour_ != colours::window;
-    default:
-      return backColour_ != colours::buttonFace;
-  }
+  if (kind() == ControlKind::window || kind() == ControlKind::panel) return true;
+  const bool isEdit = kind() == ControlKind::textBox || kind() == ControlKind::comboBox ||
+                      kind() == ControlKind::numberBox || kind() == ControlKind::outline;
+  return backColour_ != colours::buttonFace && !(isEdit && backColour_ == colours::window);
 }
 
 bool Control::hasOwnInk() const {

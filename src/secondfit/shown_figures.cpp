@@ -1,5 +1,7 @@
 #include "secondfit/shown_figures.h"
 
+#include <utility>
+
 namespace tolmer {
 namespace {
 
@@ -11,24 +13,14 @@ std::optional<Figure> coefficientFigure(const FigureSource& source, int row, int
   const auto place = static_cast<std::size_t>(row) - 2;
   const TermFigures& term = fit.byTerm[place];
   const bool hasInflation = fit.intercept ? place > 0 && fit.terms > 2 : fit.terms > 1;
-  switch (column) {
-    case 2:
-      return term.coefficient;
-    case 3:
-      return term.standardError;
-    case 4:
-      return term.t;
-    case 5:
-      return term.p;
-    case 6:
-      return hasInflation ? std::optional(term.inflation) : std::nullopt;
-    case 7:
-      return term.lower;
-    case 8:
-      return term.upper;
-    default:
-      return {};
-  }
+  if (column == 2) return term.coefficient;
+  if (column == 3) return term.standardError;
+  if (column == 4) return term.t;
+  if (column == 5) return term.p;
+  if (column == 6) return hasInflation ? std::optional(term.inflation) : std::nullopt;
+  if (column == 7) return term.lower;
+  if (column == 8) return term.upper;
+  return {};
 }
 
 std::optional<Figure> meanSquare(const Figure& sum, int df) {
@@ -43,61 +35,38 @@ std::optional<Figure> anovaFigure(const FigureSource& source, int row, int colum
   const int regressionDf = fit.terms - intercept;
   const int errorDf = fit.cases - fit.terms;
   const bool tested = regressionDf > 0;
-  switch (10 * row + column) {
-    case 22:
-      return model.ssr;
-    case 23:
-      return exactly(regressionDf);
-    case 24:
-      return meanSquare(model.ssr, regressionDf);
-    case 25:
-      return tested ? std::optional(model.f) : std::nullopt;
-    case 26:
-      return tested ? std::optional(model.fProbability) : std::nullopt;
-    case 32:
-      return model.sse;
-    case 33:
-      return exactly(errorDf);
-    case 34:
-      return meanSquare(model.sse, errorDf);
-    case 42:
-      return model.sst;
-    case 43:
-      return exactly(fit.cases - intercept);
-    case 62:
-      return model.rSquared;
-    case 65:
-      return model.adjusted;
-    case 72:
-      return model.multipleR;
-    case 75:
-      return model.durbinWatson;
-    case 82:
-      return model.standardError;
-    case 85:
-      return exactly(fit.cases);
-    default:
-      return {};
-  }
+  const std::pair<int, std::optional<Figure>> cells[] = {
+      {22, model.ssr},
+      {23, exactly(regressionDf)},
+      {24, meanSquare(model.ssr, regressionDf)},
+      {25, tested ? std::optional(model.f) : std::nullopt},
+      {26, tested ? std::optional(model.fProbability) : std::nullopt},
+      {32, model.sse},
+      {33, exactly(errorDf)},
+      {34, meanSquare(model.sse, errorDf)},
+      {42, model.sst},
+      {43, exactly(fit.cases - intercept)},
+      {62, model.rSquared},
+      {65, model.adjusted},
+      {72, model.multipleR},
+      {75, model.durbinWatson},
+      {82, model.standardError},
+      {85, exactly(fit.cases)}};
+  for (const auto& [cell, figure] : cells)
+    if (cell == 10 * row + column) return figure;
+  return {};
 }
 
 std::optional<Figure> residualFigure(const FigureSource& source, int row, int column) {
   if (row < 2 || row > source.fit.cases + 1) return {};
   const auto place = static_cast<std::size_t>(row) - 2;
   const CaseFigures& one = source.fit.byCase[place];
-  constexpr int label = 1;  // in place of a number
-  switch (!source.labelled ? column : column == 2 ? label : column - 1) {
-    case 2:
-      return exactly(source.data.y[place]);
-    case 3:
-      return one.fitted;
-    case 4:
-      return one.residual;
-    case 5:
-      return one.standardized;
-    default:
-      return {};
-  }
+  const int number = source.labelled && column > 2 ? column - 1 : column;
+  if (source.labelled && column == 2) return {};
+  if (number == 2) return exactly(source.data.y[place]);
+  if (number == 3) return one.fitted;
+  if (number == 4) return one.residual;
+  return number == 5 ? std::optional(one.standardized) : std::nullopt;
 }
 
 }  // namespace

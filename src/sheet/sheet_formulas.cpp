@@ -45,16 +45,9 @@ const FormulaError& SheetFormulas::errorAt(CellAddress cell) const {
 
 CellValue SheetFormulas::valueOf(CellAddress cell) const {
   const DataCell& held = content_.cells(cell.row, cell.column);
-  switch (held.kind) {
-    case DataCell::Kind::empty:
-      return CellValue::empty();
-    case DataCell::Kind::text:
-      return CellValue::ofText(held.text);
-    case DataCell::Kind::number:
-      return CellValue::ofNumber(held.number);
-    case DataCell::Kind::formula:
-      break;
-  }
+  if (held.kind == DataCell::Kind::empty) return CellValue::empty();
+  if (held.kind == DataCell::Kind::text) return CellValue::ofText(held.text);
+  if (held.kind == DataCell::Kind::number) return CellValue::ofNumber(held.number);
   const FormulaError error = errorAt(cell);
   return error == FormulaError::none ? CellValue::ofNumber(held.number) : CellValue::ofError(error);
 }

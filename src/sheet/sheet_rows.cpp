@@ -66,16 +66,10 @@ void moveFormulas(SheetEdit& edit, const std::vector<std::uint16_t>& from) {
 
 SortKey sortKey(const DataCell& cell, const CellValue& value) {
   using Rank = SortKey::Rank;
-  switch (value.kind) {
-    case CellValue::Kind::empty:
-      return {};
-    case CellValue::Kind::number:
-      return {.rank = Rank::number, .number = value.number};
-    case CellValue::Kind::error:
-      return {.rank = Rank::error, .text = std::string(errorText(value.error))};
-    case CellValue::Kind::text:
-      break;
-  }
+  if (value.kind == CellValue::Kind::empty) return {};
+  if (value.kind == CellValue::Kind::number) return {.rank = Rank::number, .number = value.number};
+  if (value.kind == CellValue::Kind::error)
+    return {.rank = Rank::error, .text = std::string(errorText(value.error))};
   const NumberReading reading = readNumber(cell.text);
   if (reading.kind == NumberReading::Kind::number)
     return {.rank = Rank::number, .number = reading.number};

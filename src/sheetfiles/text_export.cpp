@@ -31,15 +31,9 @@ void appendField(std::string& out, std::string_view text, char separator) {
 std::string exportedText(const SheetContent& sheet, int row, int column) {
   const DataCell& cell = sheet.cells(row, column);
   if (row == 0 && cell.text.empty()) return defaultHeading(column, sheet.variables());
-  switch (cell.kind) {
-    case DataCell::Kind::text:
-      return withTextMark(cell.text);
-    case DataCell::Kind::number:
-    case DataCell::Kind::formula:
-      return std::isfinite(cell.number) ? exactText(cell.number) : "";
-    case DataCell::Kind::empty:
-      break;
-  }
+  if (cell.kind == DataCell::Kind::text) return withTextMark(cell.text);
+  if (cell.kind == DataCell::Kind::number || cell.kind == DataCell::Kind::formula)
+    return std::isfinite(cell.number) ? exactText(cell.number) : "";
   return {};
 }
 

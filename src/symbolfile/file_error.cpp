@@ -76,23 +76,12 @@ void frmFileError::cmdAbort_Click() {
 void frmFileError::cmdEndProgram_Click() { desktop().endProgram(1); }
 
 std::string_view failureDescription(FailureClass kind) {
-  switch (kind) {
-    case FailureClass::notFound:
-      return "File could not be found";
-    case FailureClass::pastEnd:
-      return "No more data in file";
-    case FailureClass::badNumber:
-      return "Invalid data read from file. ";
-    case FailureClass::permission:
-      return "File access permission denied";
-    case FailureClass::device:
-      return "Could not read data from file";
-    case FailureClass::format:
-      return "Error in internal format. ";
-    case FailureClass::none:
-    case FailureClass::other:
-      break;
-  }
+  if (kind == FailureClass::notFound) return "File could not be found";
+  if (kind == FailureClass::pastEnd) return "No more data in file";
+  if (kind == FailureClass::badNumber) return "Invalid data read from file. ";
+  if (kind == FailureClass::permission) return "File access permission denied";
+  if (kind == FailureClass::device) return "Could not read data from file";
+  if (kind == FailureClass::format) return "Error in internal format. ";
   return "Unknown error";
 }
 

@@ -20,34 +20,19 @@ struct Meaning {
 
 // A network share that has gone away counts as a device.
 Meaning meaningOf(int hostError) {
-  switch (hostError) {
-    case ENOENT:
-      return {FailureClass::notFound, 53};
-    case ENOTDIR:
-      return {FailureClass::notFound, 76};
-    case EACCES:
-    case EPERM:
-    case EBUSY:
-    case EWOULDBLOCK:
-      return {FailureClass::permission, 70};
-    case EIO:
-    case ESTALE:
-    case ETIMEDOUT:
-    case ENETDOWN:
-    case ENETUNREACH:
-    case EHOSTDOWN:
-    case EHOSTUNREACH:
-      return {FailureClass::device, 57};
-    case ENXIO:
-    case ENODEV:
-      return {FailureClass::device, 68};
-    case ENOMEDIUM:
-      return {FailureClass::device, 71};
-    case EISDIR:
-      return {FailureClass::device, 75};
-    default:
-      return {FailureClass::other, static_cast<Int16>(hostError)};
-  }
+  static const std::map<int, Meaning> meanings{
+      {ENOENT, {FailureClass::notFound, 53}},     {ENOTDIR, {FailureClass::notFound, 76}},
+      {EACCES, {FailureClass::permission, 70}},   {EPERM, {FailureClass::permission, 70}},
+      {EBUSY, {FailureClass::permission, 70}},    {EWOULDBLOCK, {FailureClass::permission, 70}},
+      {EIO, {FailureClass::device, 57}},          {ESTALE, {FailureClass::device, 57}},
+      {ETIMEDOUT, {FailureClass::device, 57}},    {ENETDOWN, {FailureClass::device, 57}},
+      {ENETUNREACH, {FailureClass::device, 57}},  {EHOSTDOWN, {FailureClass::device, 57}},
+      {EHOSTUNREACH, {FailureClass::device, 57}}, {ENXIO, {FailureClass::device, 68}},
+      {ENODEV, {FailureClass::device, 68}},       {ENOMEDIUM, {FailureClass::device, 71}},
+      {EISDIR, {FailureClass::device, 75}}};
+  const auto found = meanings.find(hostError);
+  return found == meanings.end() ? Meaning{FailureClass::other, static_cast<Int16>(hostError)}
+                                 : found->second;
 }
 
 bool folderIsMissing(const std::string& fileSpec) {

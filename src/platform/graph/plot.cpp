@@ -370,26 +370,15 @@ Picture Plot::picture() const {
 }
 
 double Plot::SDKInfo(int index) const {
-  switch (index) {
-    case 1:
-      return x_.minimum;
-    case 2:
-      return x_.maximum;
-    case 3:
-      return y_.maximum;
-    case 4:
-      return y_.minimum;
-    case 5:
-      return area_.width;
-    case 6:
-      return area_.height;
-    case 7:
-      return area_.left;
-    case 8:
-      return area_.bottom;
-    default:
-      return 0;
-  }
+  if (index == 1) return x_.minimum;
+  if (index == 2) return x_.maximum;
+  if (index == 3) return y_.maximum;
+  if (index == 4) return y_.minimum;
+  if (index == 5) return area_.width;
+  if (index == 6) return area_.height;
+  if (index == 7) return area_.left;
+  if (index == 8) return area_.bottom;
+  return 0;
 }
 
 }  // namespace tolmer

@@ -234,14 +234,8 @@ std::vector<TidyTick> tidyTicks(const Scale& scale) {
 }
 
 PlotAxes plotAxes(const GraphSettings& settings) {
-  switch (settings.graphType) {
-    case GraphType::horizontalBars:
-      return axesOfBars(settings);
-    case GraphType::lineWithSymbols:
-      return axesOfLine(settings);
-    case GraphType::symbols:
-      break;
-  }
+  if (settings.graphType == GraphType::horizontalBars) return axesOfBars(settings);
+  if (settings.graphType == GraphType::lineWithSymbols) return axesOfLine(settings);
   return axesOfSymbols(settings);
 }
 

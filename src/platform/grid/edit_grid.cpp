@@ -23,20 +23,12 @@ std::string oneLine(std::string_view text) {
 std::optional<GridCommand> commandOf(const KeyPress& key) {
   if (key.code == keys::deleteKey && !key.control && !key.shift) return GridCommand::erase;
   if (!key.control) return std::nullopt;
-  switch (key.code) {
-    case 'X':
-      return GridCommand::cut;
-    case 'C':
-      return GridCommand::copy;
-    case 'V':
-      return GridCommand::paste;
-    case 'Y':
-      return GridCommand::redo;
-    case 'Z':
-      return key.shift ? GridCommand::redo : GridCommand::undo;
-    default:
-      return std::nullopt;
-  }
+  if (key.code == 'X') return GridCommand::cut;
+  if (key.code == 'C') return GridCommand::copy;
+  if (key.code == 'V') return GridCommand::paste;
+  if (key.code == 'Y') return GridCommand::redo;
+  if (key.code == 'Z') return key.shift ? GridCommand::redo : GridCommand::undo;
+  return std::nullopt;
 }
 
 bool isEntryKey(const KeyPress& key) {

@@ -74,41 +74,27 @@ CellPosition edgeOfData(const Grid& grid, CellPosition from, Step step) {
 }
 
 std::optional<Step> stepOf(int code) {
-  switch (code) {
-    case keys::up:
-      return Step{-1, 0};
-    case keys::down:
-      return Step{1, 0};
-    case keys::left:
-      return Step{0, -1};
-    case keys::right:
-      return Step{0, 1};
-    default:
-      return std::nullopt;
-  }
+  if (code == keys::up) return Step{-1, 0};
+  if (code == keys::down) return Step{1, 0};
+  if (code == keys::left) return Step{0, -1};
+  if (code == keys::right) return Step{0, 1};
+  return std::nullopt;
 }
 
 std::optional<CellPosition> cellFrom(const Grid& grid, const KeyPress& key, CellPosition from) {
-  switch (key.code) {
-    case keys::up:
-      return CellPosition{byArrow(grid.rowAxis(), from.row, -1, key.control), from.col};
-    case keys::down:
-      return CellPosition{byArrow(grid.rowAxis(), from.row, 1, key.control), from.col};
-    case keys::left:
-      return CellPosition{from.row, byArrow(grid.colAxis(), from.col, -1, key.control)};
-    case keys::right:
-      return CellPosition{from.row, byArrow(grid.colAxis(), from.col, 1, key.control)};
-    case keys::pageUp:
-      return CellPosition{pageUp(grid, from.row), from.col};
-    case keys::pageDown:
-      return CellPosition{pageDown(grid, from.row), from.col};
-    case keys::home:
-      return byHomeOrEnd(grid, from, false, key.control);
-    case keys::end:
-      return byHomeOrEnd(grid, from, true, key.control);
-    default:
-      return std::nullopt;
-  }
+  if (key.code == keys::up)
+    return CellPosition{byArrow(grid.rowAxis(), from.row, -1, key.control), from.col};
+  if (key.code == keys::down)
+    return CellPosition{byArrow(grid.rowAxis(), from.row, 1, key.control), from.col};
+  if (key.code == keys::left)
+    return CellPosition{from.row, byArrow(grid.colAxis(), from.col, -1, key.control)};
+  if (key.code == keys::right)
+    return CellPosition{from.row, byArrow(grid.colAxis(), from.col, 1, key.control)};
+  if (key.code == keys::pageUp) return CellPosition{pageUp(grid, from.row), from.col};
+  if (key.code == keys::pageDown) return CellPosition{pageDown(grid, from.row), from.col};
+  if (key.code == keys::home) return byHomeOrEnd(grid, from, false, key.control);
+  if (key.code == keys::end) return byHomeOrEnd(grid, from, true, key.control);
+  return std::nullopt;
 }
 
 }  // namespace

@@ -217,18 +217,11 @@ ControlStyle::ControlStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 int ControlStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                               const QWidget* widget) const {
-  switch (metric) {
-    case PM_ScrollBarExtent:
-      return 14;
-    case PM_MdiSubWindowFrameWidth:
-      return toPixel(FrameWindow::childSide);
-    case PM_TitleBarHeight:
-      return toPixel(FrameWindow::childTop);
-    case PM_DefaultFrameWidth:
-      return 1;
-    default:
-      return QProxyStyle::pixelMetric(metric, option, widget);
-  }
+  if (metric == PM_ScrollBarExtent) return 14;
+  if (metric == PM_MdiSubWindowFrameWidth) return toPixel(FrameWindow::childSide);
+  if (metric == PM_TitleBarHeight) return toPixel(FrameWindow::childTop);
+  if (metric == PM_DefaultFrameWidth) return 1;
+  return QProxyStyle::pixelMetric(metric, option, widget);
 }
 
 int ControlStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,

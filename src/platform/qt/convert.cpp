@@ -5,17 +5,10 @@
 namespace tolmer {
 
 QColor toQt(Colour colour) {
-  switch (colour.kind) {
-    case Colour::Kind::buttonFace:
-      return theme::face;
-    case Colour::Kind::window:
-      return theme::window;
-    case Colour::Kind::buttonText:
-    case Colour::Kind::windowText:
-      return theme::text;
-    case Colour::Kind::rgb:
-      break;
-  }
+  if (colour.kind == Colour::Kind::buttonFace) return theme::face;
+  if (colour.kind == Colour::Kind::window) return theme::window;
+  if (colour.kind == Colour::Kind::buttonText || colour.kind == Colour::Kind::windowText)
+    return theme::text;
   return {colour.red, colour.green, colour.blue};
 }
 

@@ -35,14 +35,8 @@ class LinkWidget : public QAbstractButton {
 };
 
 Qt::Alignment alignmentOf(Align align) {
-  switch (align) {
-    case Align::centre:
-      return Qt::AlignHCenter;
-    case Align::right:
-      return Qt::AlignRight;
-    case Align::left:
-      break;
-  }
+  if (align == Align::centre) return Qt::AlignHCenter;
+  if (align == Align::right) return Qt::AlignRight;
   return Qt::AlignLeft;
 }
 

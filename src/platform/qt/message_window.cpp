@@ -10,33 +10,18 @@ namespace tolmer {
 namespace {
 
 QMessageBox::Icon iconOf(MessageIcon icon) {
-  switch (icon) {
-    case MessageIcon::critical:
-      return QMessageBox::Critical;
-    case MessageIcon::question:
-      return QMessageBox::Question;
-    case MessageIcon::exclamation:
-      return QMessageBox::Warning;
-    case MessageIcon::information:
-      return QMessageBox::Information;
-    case MessageIcon::none:
-      break;
-  }
+  if (icon == MessageIcon::critical) return QMessageBox::Critical;
+  if (icon == MessageIcon::question) return QMessageBox::Question;
+  if (icon == MessageIcon::exclamation) return QMessageBox::Warning;
+  if (icon == MessageIcon::information) return QMessageBox::Information;
   return QMessageBox::NoIcon;
 }
 
 QMessageBox::StandardButton standardButton(MessageButtons buttons, Answer answer) {
   const bool saves = buttons == MessageButtons::saveDontSaveCancel;
-  switch (answer) {
-    case Answer::cancel:
-      return QMessageBox::Cancel;
-    case Answer::yes:
-      return saves ? QMessageBox::Save : QMessageBox::Yes;
-    case Answer::no:
-      return saves ? QMessageBox::Discard : QMessageBox::No;
-    case Answer::ok:
-      break;
-  }
+  if (answer == Answer::cancel) return QMessageBox::Cancel;
+  if (answer == Answer::yes) return saves ? QMessageBox::Save : QMessageBox::Yes;
+  if (answer == Answer::no) return saves ? QMessageBox::Discard : QMessageBox::No;
   return QMessageBox::Ok;
 }
 
