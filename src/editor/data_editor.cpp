@@ -15,8 +15,6 @@ namespace {
 
 constexpr int lookInterval = 1000;  // milliseconds between looks whether to write the work aside
 
-KeyPress withControl(int key) { return {.code = key, .control = true}; }
-
 }  // namespace
 
 frmDataEditor::frmDataEditor(Desktop& desktop, EditorPlaces places)
@@ -56,19 +54,6 @@ void frmDataEditor::describeControls() {
   // No action is attached to the widths: columns are drawn wider by the mouse.
   menu.mnuOptionWidth.setEnabled(false);
   menu.mnuFileSave.setEnabled(false);
-  menu.mnuFileNew.setShortcut(withControl('N'));
-  menu.mnuFileOpen.setShortcut(withControl('O'));
-  menu.mnuFileSave.setShortcut(withControl('S'));
-  menu.mnuFileSaveAs.setShortcut({.code = 'S', .shift = true, .control = true});
-  menu.mnuEditUndo.setShortcut(withControl('Z'));
-  menu.mnuEditRedo.setShortcut(withControl('Y'));
-  menu.mnuEditCut.setShortcut(withControl('X'));
-  menu.mnuEditCopy.setShortcut(withControl('C'));
-  menu.mnuEditPaste.setShortcut(withControl('V'));
-  menu.mnuEditFillDown.setShortcut(withControl('D'));
-  menu.mnuEditFind.setShortcut(withControl('F'));
-  menu.mnuEditReplace.setShortcut(withControl('H'));
-  menu.mnuHelpContents.setShortcut({.code = keys::f1});
 }
 
 void frmDataEditor::wireMenu() {
@@ -181,11 +166,11 @@ void frmDataEditor::Form_Activate() {
 
 void frmDataEditor::tellOptionalVariable() {
   if (sheet_.variables() != 3 && sheet_.variables() != 4) return;
-  desktop().messageBox({.title = "Var 3 is OPTIONAL",
-                        .text = "Var 3 is OPTIONAL. If you do not enter data into Var 3 and you "
-                                "later select an option that requires this variable you will be "
-                                "prompted on what to do.",
-                        .icon = MessageIcon::information});
+  desktop().messageBox({"Var 3 is OPTIONAL",
+                        "Var 3 is OPTIONAL. If you do not enter data into Var 3 and you "
+                        "later select an option that requires this variable you will be "
+                        "prompted on what to do.",
+                        MessageIcon::information});
 }
 
 void frmDataEditor::declareKeys() {
@@ -313,9 +298,7 @@ void frmDataEditor::setNumberDecimals(int iVarNum, Int16 digits) {
   sheet_.markChanged();
 }
 
-std::string frmDataEditor::DataLabel(int iOb) const {
-  return exit_.mtLabel.at(static_cast<std::size_t>(iOb));
-}
+std::string frmDataEditor::DataLabel(int iOb) const { return exit_.mtLabel.at(iOb); }
 
 double frmDataEditor::DataValue(int iVar, int iOb) const {
   if (iVar < 0 || iVar > sheet_.variables() || iOb < 1 || iOb > exit_.miCompleteObs)
@@ -326,11 +309,10 @@ double frmDataEditor::DataValue(int iVar, int iOb) const {
 void frmDataEditor::mnuFileNew_Click() {
   if (!entryIsTaken()) return;
   if (replacingLosesData() &&
-      desktop().messageBox({.title = "Data Changed",
-                            .text = "The current data has not been saved. Do you want to clear the "
-                                    "current data anyway?",
-                            .icon = MessageIcon::question,
-                            .buttons = MessageButtons::okCancel}) == Answer::cancel)
+      desktop().messageBox({"Data Changed",
+                            "The current data has not been saved. Do you want to clear the "
+                            "current data anyway?",
+                            MessageIcon::question, MessageButtons::okCancel}) == Answer::cancel)
     return;
   sheet_.clearAll();
   resetGrid();
@@ -339,11 +321,10 @@ void frmDataEditor::mnuFileNew_Click() {
 void frmDataEditor::cmdOpen_Click() {
   if (!entryIsTaken()) return;
   if (replacingLosesData() &&
-      desktop().messageBox({.title = "Data Changed",
-                            .text = "The current data has not been saved. Do you want to load new "
-                                    "data anyway?",
-                            .icon = MessageIcon::question,
-                            .buttons = MessageButtons::yesNo}) == Answer::no)
+      desktop().messageBox({"Data Changed",
+                            "The current data has not been saved. Do you want to load new "
+                            "data anyway?",
+                            MessageIcon::question, MessageButtons::yesNo}) == Answer::no)
     return;
   lights_.light(cmdOpen);
   OpenOutcome outcome = files_.open();
@@ -419,11 +400,10 @@ bool frmDataEditor::mayEndProgram() {
   const bool entryIsIn = spdData.commitEdit();
   if (!entryIsIn || holdsUnsavedWork()) {
     const Answer answer = desktop().messageBox(
-        {.title = "Unsaved Data",
-         .text = "The data in the Data Editor have not been saved. Do you want to save them before "
-                 "the program ends?",
-         .icon = MessageIcon::question,
-         .buttons = MessageButtons::saveDontSaveCancel});
+        {"Unsaved Data",
+         "The data in the Data Editor have not been saved. Do you want to save them before "
+         "the program ends?",
+         MessageIcon::question, MessageButtons::saveDontSaveCancel});
     const bool isDone = answer == Answer::no ||
                         (answer == Answer::yes && entryIsTaken() && (files_.*savingRoutine())());
     if (!isDone) return false;

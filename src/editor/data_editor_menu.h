@@ -5,34 +5,37 @@
 
 namespace tolmer {
 
+constexpr KeyPress withControl(int key) { return {.code = key, .control = true}; }
+
 struct DataEditorMenu {
   MenuItem bar{nullptr, "menu"};
 
   MenuItem mnuFile{&bar, "mnuFile", "&File"};
-  MenuItem mnuFileNew{&mnuFile, "mnuFileNew", "&New"};
-  MenuItem mnuFileOpen{&mnuFile, "mnuFileOpen", "&Open..."};
-  MenuItem mnuFileSave{&mnuFile, "mnuFileSave", "&Save"};
-  MenuItem mnuFileSaveAs{&mnuFile, "mnuFileSaveAs", "Save &As..."};
+  MenuItem mnuFileNew{&mnuFile, "mnuFileNew", "&New", withControl('N')};
+  MenuItem mnuFileOpen{&mnuFile, "mnuFileOpen", "&Open...", withControl('O')};
+  MenuItem mnuFileSave{&mnuFile, "mnuFileSave", "&Save", withControl('S')};
+  MenuItem mnuFileSaveAs{
+      &mnuFile, "mnuFileSaveAs", "Save &As...", {.code = 'S', .shift = true, .control = true}};
   MenuItem mnuFileBar1{&mnuFile, "mnuFileBar1", "-"};
   MenuItem mnuFileExitUse{&mnuFile, "mnuFileExitUse", "Close Editor and &Use Data"};
   MenuItem mnuFileExitDiscard{&mnuFile, "mnuFileExitDiscard", "Close Editor and &Discard Data"};
 
   MenuItem mnuEdit{&bar, "mnuEdit", "&Edit"};
-  MenuItem mnuEditUndo{&mnuEdit, "mnuEditUndo", "U&ndo"};
-  MenuItem mnuEditRedo{&mnuEdit, "mnuEditRedo", "Red&o"};
+  MenuItem mnuEditUndo{&mnuEdit, "mnuEditUndo", "U&ndo", withControl('Z')};
+  MenuItem mnuEditRedo{&mnuEdit, "mnuEditRedo", "Red&o", withControl('Y')};
   MenuItem mnuEditBar1{&mnuEdit, "mnuEditBar1", "-"};
-  MenuItem mnuEditCut{&mnuEdit, "mnuEditCut", "Cu&t"};
-  MenuItem mnuEditCopy{&mnuEdit, "mnuEditCopy", "&Copy"};
-  MenuItem mnuEditPaste{&mnuEdit, "mnuEditPaste", "&Paste"};
+  MenuItem mnuEditCut{&mnuEdit, "mnuEditCut", "Cu&t", withControl('X')};
+  MenuItem mnuEditCopy{&mnuEdit, "mnuEditCopy", "&Copy", withControl('C')};
+  MenuItem mnuEditPaste{&mnuEdit, "mnuEditPaste", "&Paste", withControl('V')};
   MenuItem mnuEditBar2{&mnuEdit, "mnuEditBar2", "-"};
   MenuItem mnuEditInsertRow{&mnuEdit, "mnuEditInsertRow", "&Insert Row"};
   MenuItem mnuEditDeleteRow{&mnuEdit, "mnuEditDeleteRow", "&Delete Row"};
   MenuItem mnuEditBar3{&mnuEdit, "mnuEditBar3", "-"};
-  MenuItem mnuEditFillDown{&mnuEdit, "mnuEditFillDown", "Fill Do&wn"};
+  MenuItem mnuEditFillDown{&mnuEdit, "mnuEditFillDown", "Fill Do&wn", withControl('D')};
   MenuItem mnuEditFillSeries{&mnuEdit, "mnuEditFillSeries", "Fill &Series"};
   MenuItem mnuEditBar4{&mnuEdit, "mnuEditBar4", "-"};
-  MenuItem mnuEditFind{&mnuEdit, "mnuEditFind", "&Find..."};
-  MenuItem mnuEditReplace{&mnuEdit, "mnuEditReplace", "R&eplace..."};
+  MenuItem mnuEditFind{&mnuEdit, "mnuEditFind", "&Find...", withControl('F')};
+  MenuItem mnuEditReplace{&mnuEdit, "mnuEditReplace", "R&eplace...", withControl('H')};
   MenuItem mnuEditBar5{&mnuEdit, "mnuEditBar5", "-"};
   MenuItem mnuEditTypingReplaces{&mnuEdit, "mnuEditTypingReplaces", "&Typing Replaces Cell"};
 
@@ -47,7 +50,7 @@ struct DataEditorMenu {
   MenuItem mnuOptionSort{&mnuOption, "mnuOptionSort", "&Sort..."};
 
   MenuItem mnuHelp{&bar, "mnuHelp", "&Help"};
-  MenuItem mnuHelpContents{&mnuHelp, "mnuHelpContents", "&Contents"};
+  MenuItem mnuHelpContents{&mnuHelp, "mnuHelpContents", "&Contents", {.code = keys::f1}};
   MenuItem mnuHelpSearch{&mnuHelp, "mnuHelpSearch", "&Search for Help on..."};
   MenuItem mnuHelpInstruct{&mnuHelp, "mnuHelpInstruct", "&Instructions"};
   MenuItem mnuHelpInstructText{&mnuHelpInstruct, "mnuHelpInstruct(0)",

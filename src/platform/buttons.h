@@ -9,15 +9,12 @@
 namespace tolmer {
 
 // Click is raised for the user alone: code that wants a button's work calls its event procedure.
-class Button : public Control {
+class Button : public Captioned<Control> {
  public:
-  Button(Container* parent, std::string name, std::string caption = {})
-      : Control(parent, std::move(name)), caption_(std::move(caption)) {}
+  using Captioned::Captioned;
   ControlKind kind() const override { return ControlKind::button; }
   bool takesFocus() const override { return true; }
 
-  const std::string& caption() const { return caption_; }  // "&" marks the mnemonic
-  void setCaption(std::string caption) { assign(caption_, std::move(caption), Change::text); }
   // Pressed by Return wherever no other button has the focus; by Escape.
   bool isDefault() const { return isDefault_; }
   void setDefault(bool on) { assign(isDefault_, on, Change::focus); }
@@ -30,20 +27,16 @@ class Button : public Control {
   Event<> Click;
 
  private:
-  std::string caption_;
   bool isDefault_ = false;
   bool isCancel_ = false;
 };
 
-class CheckBox : public Control {
+class CheckBox : public Captioned<Control> {
  public:
-  CheckBox(Container* parent, std::string name, std::string caption = {})
-      : Control(parent, std::move(name)), caption_(std::move(caption)) {}
+  using Captioned::Captioned;
   ControlKind kind() const override { return ControlKind::checkBox; }
   bool takesFocus() const override { return true; }
 
-  const std::string& caption() const { return caption_; }
-  void setCaption(std::string caption) { assign(caption_, std::move(caption), Change::text); }
   int value() const { return value_; }  // 0 clear, 1 ticked, 2 grey
   // By the program or the user; Click follows either way, unless the value is the same.
   void setValue(int value) {
@@ -53,20 +46,16 @@ class CheckBox : public Control {
   Event<> Click;
 
  private:
-  std::string caption_;
   int value_ = 0;
 };
 
 // One choice of several: of the options in one container at most one is on.
-class OptionButton : public Control {
+class OptionButton : public Captioned<Control> {
  public:
-  OptionButton(Container* parent, std::string name, std::string caption = {})
-      : Control(parent, std::move(name)), caption_(std::move(caption)) {}
+  using Captioned::Captioned;
   ControlKind kind() const override { return ControlKind::optionButton; }
   bool takesFocus() const override { return true; }
 
-  const std::string& caption() const { return caption_; }
-  void setCaption(std::string caption) { assign(caption_, std::move(caption), Change::text); }
   bool value() const { return value_; }
   // By the program or the user. Turning on turns the others of the container off and is followed
   // by Click; turning off raises nothing.
@@ -89,7 +78,6 @@ class OptionButton : public Control {
         static_cast<OptionButton*>(sibling)->setValue(false);
   }
 
-  std::string caption_;
   bool value_ = false;
 };
 

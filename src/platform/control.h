@@ -167,4 +167,17 @@ class Container : public Control {
   std::vector<Control*> children_;
 };
 
+// A control with a caption.
+template <class Base>
+class Captioned : public Base {
+ public:
+  Captioned(Container* parent, std::string name, std::string caption = {})
+      : Base(parent, std::move(name)), caption_(std::move(caption)) {}
+  const std::string& caption() const { return caption_; }  // "&" may mark the mnemonic
+  void setCaption(std::string caption) { this->assign(caption_, std::move(caption), Change::text); }
+
+ private:
+  std::string caption_;
+};
+
 }  // namespace tolmer

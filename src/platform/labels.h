@@ -9,15 +9,11 @@
 namespace tolmer {
 
 // Shows a text. A "&" marks the letter that, with Alt, takes the focus to the next control.
-class Label : public Control {
+class Label : public Captioned<Control> {
  public:
-  using Control::Control;
-  explicit Label(Container* parent, std::string name, std::string caption)
-      : Control(parent, std::move(name)), caption_(std::move(caption)) {}
+  using Captioned::Captioned;
   ControlKind kind() const override { return ControlKind::label; }
 
-  const std::string& caption() const { return caption_; }
-  void setCaption(std::string caption) { assign(caption_, std::move(caption), Change::text); }
   Align align() const { return align_; }
   void setAlign(Align align) { assign(align_, align, Change::look); }
   bool wordWrap() const { return wordWrap_; }
@@ -38,7 +34,6 @@ class Label : public Control {
   Event<> DblClick;
 
  private:
-  std::string caption_;
   Align align_ = Align::left;
   bool wordWrap_ = false;
   bool isLink_ = false;

@@ -13,8 +13,8 @@ namespace tolmer {
 // pop-up menu. Entries are members of a window; an entry goes after the entries below it.
 class MenuItem : public Observed {
  public:
-  MenuItem(MenuItem* parent, std::string name, std::string caption = {})
-      : name_(std::move(name)), caption_(std::move(caption)) {
+  MenuItem(MenuItem* parent, std::string name, std::string caption = {}, KeyPress shortcut = {})
+      : name_(std::move(name)), caption_(std::move(caption)), shortcut_(shortcut) {
     if (parent) parent->items_.push_back(this);
   }
   ~MenuItem() override { setPeer(nullptr); }

@@ -9,14 +9,11 @@
 namespace tolmer {
 
 // A plain surface for other controls, with a caption in its middle, or none.
-class Panel : public Container {
+class Panel : public Captioned<Container> {
  public:
-  Panel(Container* parent, std::string name, std::string caption = {})
-      : Container(parent, std::move(name)), caption_(std::move(caption)) {}
+  using Captioned::Captioned;
   ControlKind kind() const override { return ControlKind::panel; }
 
-  const std::string& caption() const { return caption_; }
-  void setCaption(std::string caption) { assign(caption_, std::move(caption), Change::text); }
   bool border() const { return border_; }
   void setBorder(bool on) { assign(border_, on, Change::look); }
   // Children beyond the panel's edges are cut off; it is scrolled by moving a child.
@@ -38,24 +35,16 @@ class Panel : public Container {
   Event<> Click;
 
  private:
-  std::string caption_;
   int raised_ = 0;
   bool border_ = false;
   bool stopsByPlace_ = false;
 };
 
 // A box with a caption in its upper edge around other controls.
-class Frame : public Container {
+class Frame : public Captioned<Container> {
  public:
-  Frame(Container* parent, std::string name, std::string caption = {})
-      : Container(parent, std::move(name)), caption_(std::move(caption)) {}
+  using Captioned::Captioned;
   ControlKind kind() const override { return ControlKind::frame; }
-
-  const std::string& caption() const { return caption_; }
-  void setCaption(std::string caption) { assign(caption_, std::move(caption), Change::text); }
-
- private:
-  std::string caption_;
 };
 
 // A ground that hides what lies behind its window: the name of the family of modules over and over.

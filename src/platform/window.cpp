@@ -27,10 +27,7 @@ Button* findButton(Container& container, Test test) {
 }  // namespace
 
 Window::Window(Desktop& desktop, std::string name, WindowStyle style, std::string caption)
-    : Container(nullptr, std::move(name)),
-      desktop_(desktop),
-      style_(style),
-      caption_(std::move(caption)) {
+    : Captioned(nullptr, std::move(name), std::move(caption)), desktop_(desktop), style_(style) {
   setVisible(false);
 }
 

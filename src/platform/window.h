@@ -24,7 +24,7 @@ enum class WindowState { normal, minimised, maximised };
 
 // Construction is the loading of a window, destruction its unloading. The place of a dialog is its
 // position on the screen and its inner size; the place of a child is its outer place in the frame.
-class Window : public Container {
+class Window : public Captioned<Container> {
  public:
   Window(Desktop& desktop, std::string name, WindowStyle style, std::string caption = {});
   ~Window() override;
@@ -32,8 +32,6 @@ class Window : public Container {
 
   Desktop& desktop() const { return desktop_; }
   WindowStyle style() const { return style_; }
-  const std::string& caption() const { return caption_; }
-  void setCaption(std::string caption) { assign(caption_, std::move(caption), Change::text); }
 
   Twips innerWidth() const { return inner_.width; }
   Twips innerHeight() const { return inner_.height; }
@@ -110,7 +108,6 @@ class Window : public Container {
 
   Desktop& desktop_;
   WindowStyle style_;
-  std::string caption_;
   MenuItem* menuBar_ = nullptr;
   Control* focus_ = nullptr;
   FrameWindow* frame_ = nullptr;
