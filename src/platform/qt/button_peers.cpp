@@ -10,37 +10,31 @@
 namespace tolmer {
 namespace {
 
-class ButtonPeer : public PeerOf<Button> {
+class ButtonPeer : public WidgetPeer<Button, QPushButton> {
  public:
-  using PeerOf::PeerOf;
+  using WidgetPeer::WidgetPeer;
 
  private:
-  QWidget* create(QWidget* ground) override {
-    widget_ = new QPushButton(ground);
+  void prepare() override {
     // Otherwise any button that gets the focus would take Return from the default button.
     widget_->setAutoDefault(false);
     on(widget_, &QPushButton::clicked, [this] { tell([&button = model_] { button.click(); }); });
-    return widget_;
   }
   void update(Change what) override {
     if (has(what, Change::text)) widget_->setText(toQt(model_.caption()));
     if (has(what, Change::focus)) widget_->setDefault(model_.isDefault());
   }
-
-  QPushButton* widget_ = nullptr;
 };
 
-class CheckBoxPeer : public PeerOf<CheckBox> {
+class CheckBoxPeer : public WidgetPeer<CheckBox, QCheckBox> {
  public:
-  using PeerOf::PeerOf;
+  using WidgetPeer::WidgetPeer;
 
  private:
-  QWidget* create(QWidget* ground) override {
-    widget_ = new QCheckBox(ground);
+  void prepare() override {
     on(widget_, &QCheckBox::stateChanged, [this](int state) {
       tell([&box = model_, state] { box.setValue(state == Qt::Checked ? 1 : 0); });
     });
-    return widget_;
   }
   void update(Change what) override {
     if (has(what, Change::text)) widget_->setText(toQt(model_.caption()));
@@ -51,22 +45,18 @@ class CheckBoxPeer : public PeerOf<CheckBox> {
                            : model_.value() == 1 ? Qt::Checked
                                                  : Qt::Unchecked);
   }
-
-  QCheckBox* widget_ = nullptr;
 };
 
-class OptionButtonPeer : public PeerOf<OptionButton> {
+class OptionButtonPeer : public WidgetPeer<OptionButton, QRadioButton> {
  public:
-  using PeerOf::PeerOf;
+  using WidgetPeer::WidgetPeer;
 
  private:
-  QWidget* create(QWidget* ground) override {
-    widget_ = new QRadioButton(ground);
+  void prepare() override {
     on(widget_, &QRadioButton::toggled, [this](bool isOn) {
       // The one that is turned on turns the others off in the model too.
       if (isOn) tell([&option = model_] { option.setValue(true); });
     });
-    return widget_;
   }
   void update(Change what) override {
     if (has(what, Change::text)) widget_->setText(toQt(model_.caption()));
@@ -83,16 +73,12 @@ class OptionButtonPeer : public PeerOf<OptionButton> {
       if (QWidget* widget = one->kind() == ControlKind::optionButton ? widgetOf(*one) : nullptr)
         widget->setFocusPolicy(isTabStop(*one) ? Qt::StrongFocus : Qt::ClickFocus);
   }
-
-  QRadioButton* widget_ = nullptr;
 };
 
 }  // namespace
 
 constinit PeerMaker* const makeButtonPeer = makePeerOf<ButtonPeer>;
-
 constinit PeerMaker* const makeCheckBoxPeer = makePeerOf<CheckBoxPeer>;
-
 constinit PeerMaker* const makeOptionButtonPeer = makePeerOf<OptionButtonPeer>;
 
 }  // namespace tolmer

@@ -3,6 +3,7 @@
 #include <QLabel>
 #include <QPalette>
 #include <algorithm>
+#include <map>
 
 #include "platform/panels.h"
 #include "platform/qt/convert.h"
@@ -166,41 +167,24 @@ void ContainerPeer::update(Change what) {
 void ContainerPeer::applyLook() { widget()->update(); }
 
 PeerPointer makePeer(Mirror& mirror, Control& control, QWidget* ground) {
-  switch (control.kind()) {
-    case ControlKind::label:
-      return makeLabelPeer(mirror, control, ground);
-    case ControlKind::button:
-      return makeButtonPeer(mirror, control, ground);
-    case ControlKind::textBox:
-      return makeTextBoxPeer(mirror, control, ground);
-    case ControlKind::checkBox:
-      return makeCheckBoxPeer(mirror, control, ground);
-    case ControlKind::optionButton:
-      return makeOptionButtonPeer(mirror, control, ground);
-    case ControlKind::comboBox:
-      return makeComboBoxPeer(mirror, control, ground);
-    case ControlKind::frame:
-      return makeFramePeer(mirror, control, ground);
-    case ControlKind::panel:
-      return makePanelPeer(mirror, control, ground);
-    case ControlKind::scrollBar:
-      return makeScrollBarPeer(mirror, control, ground);
-    case ControlKind::image:
-      return makeImagePeer(mirror, control, ground);
-    case ControlKind::tabBook:
-      return makeTabBookPeer(mirror, control, ground);
-    case ControlKind::outline:
-      return makeOutlinePeer(mirror, control, ground);
-    case ControlKind::numberBox:
-      return makeNumberBoxPeer(mirror, control, ground);
-    case ControlKind::graph:
-      return makeGraphPeer(mirror, control, ground);
-    case ControlKind::grid:
-      return makeGridPeer(mirror, control, ground);
-    case ControlKind::window:  // windows are not in containers
-      break;
-  }
-  return nullptr;
+  static const std::map<ControlKind, PeerMaker*> makers{
+      {ControlKind::label, makeLabelPeer},
+      {ControlKind::button, makeButtonPeer},
+      {ControlKind::textBox, makeTextBoxPeer},
+      {ControlKind::checkBox, makeCheckBoxPeer},
+      {ControlKind::optionButton, makeOptionButtonPeer},
+      {ControlKind::comboBox, makeComboBoxPeer},
+      {ControlKind::frame, makeFramePeer},
+      {ControlKind::panel, makePanelPeer},
+      {ControlKind::scrollBar, makeScrollBarPeer},
+      {ControlKind::image, makeImagePeer},
+      {ControlKind::tabBook, makeTabBookPeer},
+      {ControlKind::outline, makeOutlinePeer},
+      {ControlKind::numberBox, makeNumberBoxPeer},
+      {ControlKind::graph, makeGraphPeer},
+      {ControlKind::grid, makeGridPeer}};
+  const auto maker = makers.find(control.kind());  // windows are not in containers
+  return maker == makers.end() ? nullptr : maker->second(mirror, control, ground);
 }
 
 void orderTabStops(const Window& window) {

@@ -137,6 +137,25 @@ class PeerOf : public Base {
   Model& model_;
 };
 
+// One whose model needs one kind of widget.
+template <class Model, class Widget, class Base = ControlPeer>
+class WidgetPeer : public PeerOf<Model, Base> {
+ public:
+  using PeerOf<Model, Base>::PeerOf;
+
+ protected:
+  // Sets the new widget up and connects it.
+  virtual void prepare() {}
+  Widget* widget_ = nullptr;
+
+ private:
+  QWidget* create(QWidget* ground) override {
+    widget_ = new Widget(ground);
+    prepare();
+    return widget_;
+  }
+};
+
 template <class OnePeer>
 PeerPointer makePeerOf(Mirror& mirror, Control& control, QWidget* ground) {
   return std::make_unique<OnePeer>(mirror, static_cast<typename OnePeer::Kind&>(control), ground);

@@ -3,6 +3,8 @@
 #include <QIcon>
 #include <QPolygonF>
 #include <QStyleOption>
+#include <algorithm>
+#include <array>
 
 #include "platform/qt/convert.h"
 #include "platform/qt/theme.h"
@@ -226,18 +228,13 @@ int ControlStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
 
 int ControlStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
                             QStyleHintReturn* returned) const {
-  switch (hint) {
-    case SH_DialogButtonBox_ButtonsHaveIcons:
-    case SH_EtchDisabledText:
-    case SH_WindowFrame_Mask:  // square corners in the frame
-      return 0;
-    case SH_DialogButtonLayout:
-      return 0;  // OK before Cancel
-    case SH_ComboBox_Popup:
-      return 0;  // a list below the box
-    default:
-      return QProxyStyle::styleHint(hint, option, widget, returned);
-  }
+  // No icons on buttons, no etched text, square corners in the frame, OK before Cancel, a list
+  // below its box.
+  constexpr std::array none{SH_DialogButtonBox_ButtonsHaveIcons, SH_EtchDisabledText,
+                            SH_WindowFrame_Mask, SH_DialogButtonLayout, SH_ComboBox_Popup};
+  return std::ranges::find(none, hint) != none.end()
+             ? 0
+             : QProxyStyle::styleHint(hint, option, widget, returned);
 }
 
 QRect ControlStyle::subControlRect(ComplexControl control, const QStyleOptionComplex* option,
@@ -274,42 +271,27 @@ void ControlStyle::drawPrimitive(PrimitiveElement element, const QStyleOption* o
                                  QPainter* painter, const QWidget* widget) const {
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
-  switch (element) {
-    case PE_PanelButtonCommand:
-      drawButton(*painter, *option);
-      break;
-    case PE_FrameDefaultButton:
-      break;
-    case PE_FrameFocusRect:
-      drawFocusRing(*painter, option->rect);
-      break;
-    case PE_FrameLineEdit:
-    case PE_Frame:
-      drawEditBorder(*painter, *option, false);
-      break;
-    case PE_PanelLineEdit:
-      // The edit line of a number box has no border of its own.
-      if (const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
-          frame && frame->lineWidth > 0)
-        drawEditBorder(*painter, *option, true);
-      else
-        painter->fillRect(option->rect, option->palette.base());
-      break;
-    case PE_IndicatorCheckBox:
-      drawTick(*painter, *option);
-      break;
-    case PE_IndicatorRadioButton:
-      drawOption(*painter, *option);
-      break;
-    case PE_PanelScrollAreaCorner:
-      painter->fillRect(option->rect, QColor(theme::face));
-      break;
-    case PE_FrameWindow:
-      drawWindowFrame(*painter, *option);
-      break;
-    default:
-      QProxyStyle::drawPrimitive(element, option, painter, widget);
-  }
+  const auto* frame = qstyleoption_cast<const QStyleOptionFrame*>(option);
+  if (element == PE_PanelButtonCommand)
+    drawButton(*painter, *option);
+  else if (element == PE_FrameFocusRect)
+    drawFocusRing(*painter, option->rect);
+  else if (element == PE_FrameLineEdit || element == PE_Frame)
+    drawEditBorder(*painter, *option, false);
+  else if (element == PE_PanelLineEdit && frame && frame->lineWidth > 0)
+    drawEditBorder(*painter, *option, true);
+  else if (element == PE_PanelLineEdit)  // that of a number box has no border of its own
+    painter->fillRect(option->rect, option->palette.base());
+  else if (element == PE_IndicatorCheckBox)
+    drawTick(*painter, *option);
+  else if (element == PE_IndicatorRadioButton)
+    drawOption(*painter, *option);
+  else if (element == PE_PanelScrollAreaCorner)
+    painter->fillRect(option->rect, QColor(theme::face));
+  else if (element == PE_FrameWindow)
+    drawWindowFrame(*painter, *option);
+  else if (element != PE_FrameDefaultButton)
+    QProxyStyle::drawPrimitive(element, option, painter, widget);
   painter->restore();
 }
 

@@ -111,16 +111,14 @@ class TextBoxPeer : public PeerOf<TextBox> {
   QPlainTextEdit* lines_ = nullptr;
 };
 
-class NumberBoxPeer : public PeerOf<NumberBox> {
+class NumberBoxPeer : public WidgetPeer<NumberBox, QSpinBox> {
  public:
-  using PeerOf::PeerOf;
+  using WidgetPeer::WidgetPeer;
 
  private:
-  QWidget* create(QWidget* ground) override {
-    widget_ = new QSpinBox(ground);
+  void prepare() override {
     on(widget_, &QSpinBox::valueChanged,
        [this](int value) { tell([&box = model_, value] { box.setValue(value); }); });
-    return widget_;
   }
   void update(Change what) override {
     if (what == Change::focus) return widget_->selectAll();
@@ -130,20 +128,16 @@ class NumberBoxPeer : public PeerOf<NumberBox> {
                       std::max(model_.max(), model_.value()));
     widget_->setValue(model_.value());
   }
-
-  QSpinBox* widget_ = nullptr;
 };
 
-class ComboBoxPeer : public PeerOf<ComboBox> {
+class ComboBoxPeer : public WidgetPeer<ComboBox, QComboBox> {
  public:
-  using PeerOf::PeerOf;
+  using WidgetPeer::WidgetPeer;
 
  private:
-  QWidget* create(QWidget* ground) override {
-    widget_ = new QComboBox(ground);
+  void prepare() override {
     on(widget_, &QComboBox::currentIndexChanged,
        [this](int index) { tell([&box = model_, index] { box.setListIndex(index); }); });
-    return widget_;
   }
   void update(Change what) override {
     if (has(what, Change::items)) fill();
@@ -154,24 +148,19 @@ class ComboBoxPeer : public PeerOf<ComboBox> {
   void fill() {
     const int count = static_cast<int>(model_.items().size());
     if (widget_->count() >= count) widget_->clear();
-    for (int i = widget_->count(); i < count; ++i)
-      widget_->addItem(toQt(model_.items()[static_cast<std::size_t>(i)]));
+    for (int i = widget_->count(); i < count; ++i) widget_->addItem(toQt(model_.items()[i]));
   }
-
-  QComboBox* widget_ = nullptr;
 };
 
-class ScrollBarPeer : public PeerOf<ScrollBar> {
+class ScrollBarPeer : public WidgetPeer<ScrollBar, QScrollBar> {
  public:
-  using PeerOf::PeerOf;
+  using WidgetPeer::WidgetPeer;
 
  private:
-  QWidget* create(QWidget* ground) override {
-    widget_ = new QScrollBar(ground);
+  void prepare() override {
     widget_->setFocusPolicy(Qt::StrongFocus);
     on(widget_, &QScrollBar::valueChanged,
        [this](int value) { tell([&bar = model_, value] { bar.setValue(value); }); });
-    return widget_;
   }
   void update(Change what) override {
     if (has(what, Change::place))
@@ -183,18 +172,13 @@ class ScrollBarPeer : public PeerOf<ScrollBar> {
     }
     if (has(what, Change::items) || has(what, Change::value)) widget_->setValue(model_.value());
   }
-
-  QScrollBar* widget_ = nullptr;
 };
 
 }  // namespace
 
 constinit PeerMaker* const makeTextBoxPeer = makePeerOf<TextBoxPeer>;
-
 constinit PeerMaker* const makeNumberBoxPeer = makePeerOf<NumberBoxPeer>;
-
 constinit PeerMaker* const makeComboBoxPeer = makePeerOf<ComboBoxPeer>;
-
 constinit PeerMaker* const makeScrollBarPeer = makePeerOf<ScrollBarPeer>;
 
 }  // namespace tolmer

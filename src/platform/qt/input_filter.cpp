@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QLineEdit>
+#include <algorithm>
 #include <array>
 #include <utility>
 
@@ -43,23 +44,18 @@ int keyCode(int key) {
 // An override that is accepted keeps the key from menus and letters.
 bool keepsOut(const Window& window, QEvent& event) {
   if (window.takesInput()) return false;
-  switch (event.type()) {
-    case QEvent::ShortcutOverride:
-      event.accept();
-      return true;
-    case QEvent::MouseButtonPress:
-    case QEvent::MouseButtonRelease:
-    case QEvent::MouseButtonDblClick:
-    case QEvent::MouseMove:
-    case QEvent::Wheel:
-    case QEvent::KeyPress:
-    case QEvent::KeyRelease:
-    case QEvent::InputMethod:
-    case QEvent::DragEnter:
-      return true;
-    default:
-      return false;
-  }
+  constexpr std::array input{QEvent::MouseButtonPress,
+                             QEvent::MouseButtonRelease,
+                             QEvent::MouseButtonDblClick,
+                             QEvent::MouseMove,
+                             QEvent::Wheel,
+                             QEvent::KeyPress,
+                             QEvent::KeyRelease,
+                             QEvent::InputMethod,
+                             QEvent::DragEnter};
+  if (event.type() == QEvent::ShortcutOverride) event.accept();
+  return event.type() == QEvent::ShortcutOverride ||
+         std::ranges::find(input, event.type()) != input.end();
 }
 
 KeyPress toKeyPress(const QKeyEvent& event) {

@@ -136,20 +136,14 @@ class PictureWidget : public QWidget {
   QSize room_;
 };
 
-class ImagePeer : public PeerOf<Image> {
+class ImagePeer : public WidgetPeer<Image, PictureWidget> {
  public:
-  using PeerOf::PeerOf;
+  using WidgetPeer::WidgetPeer;
 
  private:
-  QWidget* create(QWidget* ground) override {
-    widget_ = new PictureWidget(ground);
-    return widget_;
-  }
   void update(Change what) override {
     if (has(what, Change::look)) widget_->setFile(toQt(model_.file()));
   }
-
-  PictureWidget* widget_ = nullptr;
 };
 
 LinkWidget::LinkWidget(QWidget* parent) : QAbstractButton(parent) {

@@ -51,7 +51,7 @@ class OutlinePeer : public PeerOf<Outline> {
     if (has(what, Change::items)) fill();
     if (!has(what, Change::items) && !has(what, Change::value)) return;
     const int index = model_.listIndex();
-    tree_->setCurrentItem(index < 0 ? nullptr : items_[static_cast<std::size_t>(index)]);
+    tree_->setCurrentItem(index < 0 ? nullptr : items_[index]);
   }
 
   // An outline only grows at its end.

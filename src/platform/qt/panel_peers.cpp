@@ -132,7 +132,6 @@ class FramePeer : public PeerOf<Frame, ContainerPeer> {
 }  // namespace
 
 constinit PeerMaker* const makePanelPeer = makePeerOf<PanelPeer>;
-
 constinit PeerMaker* const makeFramePeer = makePeerOf<FramePeer>;
 
 }  // namespace tolmer

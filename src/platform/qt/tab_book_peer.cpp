@@ -95,16 +95,14 @@ class BookTabs : public QTabBar {
   QList<int> wanted_;  // width of each tab where there is room for all
 };
 
-class TabBookPeer : public PeerOf<TabBook, ContainerPeer> {
+class TabBookPeer : public WidgetPeer<TabBook, BookWidget, ContainerPeer> {
  public:
-  using PeerOf::PeerOf;
+  using WidgetPeer::WidgetPeer;
 
  private:
-  QWidget* create(QWidget* ground) override {
-    widget_ = new BookWidget(ground);
+  void prepare() override {
     on(&widget_->tabs(), &QTabBar::currentChanged,
        [this](int tab) { tell([&book = model_, tab] { book.chooseTab(tab); }); });
-    return widget_;
   }
   void update(Change what) override {
     QTabBar& tabs = widget_->tabs();
@@ -115,8 +113,6 @@ class TabBookPeer : public PeerOf<TabBook, ContainerPeer> {
       tabs.setCurrentIndex(model_.activeTab());
     ContainerPeer::update(what);
   }
-
-  BookWidget* widget_ = nullptr;
 };
 
 BookWidget::BookWidget(QWidget* parent) : QWidget(parent), tabs_(new BookTabs(this)) {
