@@ -43,10 +43,10 @@ struct Display {
   // the variables, the cases, and the graphs.
   int readingPlace;
   std::variant<TableMaker, GraphMaker, TextMaker> make;
-  bool listsCases = false;  // grows with the cases
-  bool showsFit = true;     // and not the data alone, which are right after a failed fit, too
+  bool listsCases;  // grows with the cases
+  bool showsFit;    // and not the data alone, which are right after a failed fit, too
   // A click on its graph takes the two lists of the control panel away and nothing else.
-  bool keepsPanel = false;
+  bool keepsPanel;
 
   long helpTopic() const { return 200 + 10 * id.iCategory + id.iIndex; }
 };
