@@ -87,10 +87,9 @@ struct Awkward {
 std::vector<Awkward> awkwardVariables(const AnalysisState& state) {
   std::vector<Awkward> variables;
   for (int i = 1; i <= state.iNumPredictors + 1; ++i) {
-    const auto at = static_cast<std::size_t>(i);
     const auto m = static_cast<float>(
         std::max(std::fabs(state.dDescStat(3, i)), std::fabs(state.dDescStat(4, i))));
-    if (state.iVarType[at] == dummyVariable) continue;
+    if (state.iVarType[i] == dummyVariable) continue;
     const double g = std::log10(double{m});
     if (g > 4 || g < -1) variables.push_back({variableName(state, i), g > 4});
   }

@@ -1,5 +1,9 @@
 #include "base/markup_text.h"
 
+#include <algorithm>
+#include <array>
+#include <utility>
+
 namespace tolmer {
 namespace {
 
@@ -10,24 +14,15 @@ bool isControl(char c) {
 }  // namespace
 
 std::string markupText(std::string_view text) {
+  constexpr std::array<std::pair<char, const char*>, 4> entities{
+      {{'&', "&amp;"}, {'<', "&lt;"}, {'>', "&gt;"}, {'"', "&quot;"}}};
   std::string result;
   for (const char c : text) {
-    switch (c) {
-      case '&':
-        result += "&amp;";
-        break;
-      case '<':
-        result += "&lt;";
-        break;
-      case '>':
-        result += "&gt;";
-        break;
-      case '"':
-        result += "&quot;";
-        break;
-      default:
-        result += isControl(c) ? ' ' : c;
-    }
+    const auto* entity = std::ranges::find(entities, c, &std::pair<char, const char*>::first);
+    if (entity != entities.end())
+      result += entity->second;
+    else
+      result += isControl(c) ? ' ' : c;
   }
   return result;
 }

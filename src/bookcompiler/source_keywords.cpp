@@ -377,7 +377,7 @@ class SourceKeywords {
     element.iNumOutlines = m.value.empty() ? Int16{1} : m.number;
     const Int16 first = static_cast<Int16>(book().uDatabase.count() + 1);
     for (int j = 1; j <= element.iNumOutlines && j <= maxOutlineEntries; ++j)
-      element.uEntry[static_cast<std::size_t>(j)].iFirstDatabase = first;
+      element.uEntry[j].iFirstDatabase = first;
     addElement(book().uOutline, BookPart::outline, ElementKind::outline, element);
     page_->iOutlineElement = static_cast<Int16>(book().uOutline.count());
     outline_ = &book().uOutline[page_->iOutlineElement];

@@ -117,13 +117,11 @@ void LoadFromDataEditor(WorkingCopy& copy, const StudentData& data) {
   copy.origin.written.resize(copy.miNumCases, copy.miNumCols);
   setInterceptColumn(copy);
   for (int i = 1; i <= copy.miNumCases; ++i)
-    copy.otCaseLabel(i) =
-        copy.mbLabeledData ? data.mtLabel[static_cast<std::size_t>(i)] : std::to_string(i);
+    copy.otCaseLabel(i) = copy.mbLabeledData ? data.mtLabel[i] : std::to_string(i);
 
   Int16 used = 0;
   for (int v = 1; v <= data.mdValue.lastColumn(); ++v)
-    if (copyVariable(copy, data, v, used + 1))
-      copy.otColName(++used) = data.mtVarHeader[static_cast<std::size_t>(v)];
+    if (copyVariable(copy, data, v, used + 1)) copy.otColName(++used) = data.mtVarHeader[v];
   copy.miNumCols = used;
   shrinkColumns(copy);
 }

@@ -71,7 +71,7 @@ bool sameModel(const WorkingCopy& copy, const AnalysisState& state) {
 bool sameLabels(const WorkingCopy& copy, const AnalysisState& state) {
   if (!copy.mbLabeledData) return true;
   for (int i = 1; i <= copy.miNumCases; ++i)
-    if (copy.otCaseLabel(i) != state.tCaseLabel[static_cast<std::size_t>(i)]) return false;
+    if (copy.otCaseLabel(i) != state.tCaseLabel[i]) return false;
   return true;
 }
 

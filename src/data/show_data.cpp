@@ -32,11 +32,10 @@ CellStyle bodyStyle() { return {.align = Align::centre, .back = colours::window}
 void putVariable(Sheet& sheet, int col, const WorkingCopy& copy, int variable) {
   const int n = copy.miNumCases;
   std::vector<float> values(static_cast<std::size_t>(n) + 1);
-  for (int i = 1; i <= n; ++i) values[static_cast<std::size_t>(i)] = copy.osData(i, variable);
+  for (int i = 1; i <= n; ++i) values[i] = copy.osData(i, variable);
   const std::string picture = FindFormatString(values, n, 4, 8, false, true, true, true);
   sheet.at(1, col).text = copy.otColName(variable);
-  for (int i = 1; i <= n; ++i)
-    sheet.at(i + 1, col).text = formatNumber(values[static_cast<std::size_t>(i)], picture);
+  for (int i = 1; i <= n; ++i) sheet.at(i + 1, col).text = formatNumber(values[i], picture);
 }
 
 }  // namespace

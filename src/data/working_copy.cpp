@@ -7,7 +7,7 @@ void copyDataToGlobal(const WorkingCopy& copy, AnalysisState& state) {
   state.tVarName = copy.otColName.values();
   for (int i = 1; i <= copy.miNumCases; ++i) {
     for (int j = 0; j <= copy.miNumCols; ++j) state.sData(i, j) = copy.osData(i, j);
-    state.tCaseLabel[static_cast<std::size_t>(i)] = copy.otCaseLabel(i);
+    state.tCaseLabel[i] = copy.otCaseLabel(i);
   }
   if (copy.mbInfoAvailable) state.tVarDesc = copy.otVarInfo.values();
   state.uOrigin = copy.origin;
@@ -15,16 +15,15 @@ void copyDataToGlobal(const WorkingCopy& copy, AnalysisState& state) {
 
 void copyModelToGlobal(const WorkingCopy& copy, AnalysisState& state) {
   state.iModelCol[1] = copy.miDepVarCol;
-  for (int i = 1; i <= copy.miNumPredictors; ++i)
-    state.iModelCol[static_cast<std::size_t>(i) + 1] = copy.oiIndepVarCol(i);
-  state.iModelCol[static_cast<std::size_t>(copy.miNumPredictors) + 2] = 0;
+  for (int i = 1; i <= copy.miNumPredictors; ++i) state.iModelCol[i + 1] = copy.oiIndepVarCol(i);
+  state.iModelCol[copy.miNumPredictors + 2] = 0;
 }
 
 void takeModel(WorkingCopy& copy, const AnalysisState& state) {
   copy.mbDepVarSpecified = true;
   copy.miDepVarCol = state.iModelCol[1];
   for (int i = 1; i <= copy.miNumPredictors; ++i) {
-    const Int16 col = state.iModelCol[static_cast<std::size_t>(i) + 1];
+    const Int16 col = state.iModelCol[i + 1];
     copy.oiIndepVarCol(i) = col;
     copy.obIsIndepVar(col) = true;
   }

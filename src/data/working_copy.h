@@ -27,8 +27,8 @@ class IndexedArray {
   void redimPreserve(int last) { values_.resize(static_cast<std::size_t>(last) + 1); }
   int last() const { return static_cast<int>(values_.size()) - 1; }  // -1 while empty
 
-  Reference operator()(int index) { return values_[static_cast<std::size_t>(index)]; }
-  ConstReference operator()(int index) const { return values_[static_cast<std::size_t>(index)]; }
+  Reference operator()(int index) { return values_[index]; }
+  ConstReference operator()(int index) const { return values_[index]; }
 
   const std::vector<Value>& values() const { return values_; }
   void setValues(std::vector<Value> values) { values_ = std::move(values); }

@@ -31,7 +31,7 @@ constexpr std::array families = {Family{"ZM Univar", "zmu"}, Family{"ZM Bivar", 
 
 const Family& familyOf(int iNumberVariables) {
   const int last = static_cast<int>(families.size());
-  return families[static_cast<std::size_t>(std::clamp(iNumberVariables, 1, last) - 1)];
+  return families[std::clamp(iNumberVariables, 1, last) - 1];
 }
 
 // In small letters, without the dot.
@@ -80,7 +80,7 @@ SheetContent withoutErrors(const DataSheet& sheet) {
 
 std::string tfFileFilter(int iNumberVariables, MessagePort& messages) {
   if (iNumberVariables < 1) {
-    messages.messageBox({.title = {}, .text = "Error 154 - invalid number of variables."});
+    messages.messageBox({{}, "Error 154 - invalid number of variables."});
     return {};
   }
   const auto [name, extension] = familyOf(iNumberVariables);
@@ -132,9 +132,8 @@ bool DataSetFiles::wasGivenUp(const std::string& name, bool allowRetry) {
 OpenOutcome DataSetFiles::openFile(const std::string& name) {
   const auto content = loadEditorFile(name, sheet_.observations(), sheet_.variables());
   if (!content) {
-    desktop_.messageBox({.title = "Bad File",
-                         .text = "Could not load file " + name + ". Check file type.",
-                         .icon = MessageIcon::exclamation});
+    desktop_.messageBox({"Bad File", "Could not load file " + name + ". Check file type.",
+                         MessageIcon::exclamation});
     return {false, content.error().message()};
   }
   sheet_.replaceWith(*content, name);
@@ -148,8 +147,7 @@ bool DataSetFiles::openText(const std::string& name) {
   constexpr std::size_t most = std::size_t{2} << 20;
   const auto bytes = readWholeFile(name, most);
   if (!bytes) {
-    desktop_.messageBox(
-        {.title = "Bad File", .text = bytes.error().message(), .icon = MessageIcon::exclamation});
+    desktop_.messageBox({"Bad File", bytes.error().message(), MessageIcon::exclamation});
     return false;
   }
   const int observations = sheet_.observations();

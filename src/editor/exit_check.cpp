@@ -16,15 +16,15 @@ bool takeCase(const DataSheet& sheet, int r, CompleteCases& cases) {
   StudentData& data = cases.data;
   const int slot = data.miCompleteObs + 1;
   const std::string& label = sheet.cell(r, 0).text;
-  data.mtLabel[static_cast<std::size_t>(slot)] = label;
+  data.mtLabel[slot] = label;
   if (!label.empty()) data.mbDataLabelsEntered = true;
   std::string gaps;
   for (int c = 1; c <= cases.usedVariables; ++c) {
     const auto value = sheet.value(r, c);
     const bool isEmpty = sheet.cell(r, c).kind == DataCell::Kind::empty;
     if (value) data.mdValue(slot, c) = *value;
-    if (!isEmpty) cases.bVarHasData[static_cast<std::size_t>(c)] = true;
-    if (!value && cases.bVarHasData[static_cast<std::size_t>(c)])
+    if (!isEmpty) cases.bVarHasData[c] = true;
+    if (!value && cases.bVarHasData[c])
       gaps += (gaps.empty() ? "" : ", ") +
               std::string(isEmpty ? "a gap in " : "a formula without a value in ") +
               sheet.heading(c);
@@ -61,14 +61,12 @@ bool leavesWithTooFew(int minimum, MessagePort& messages) {
 
 std::vector<float> variableValues(const StudentData& data, int iVar) {
   std::vector<float> sVal(static_cast<std::size_t>(data.miCompleteObs) + 1);
-  for (int i = 1; i <= data.miCompleteObs; ++i)
-    sVal[static_cast<std::size_t>(i)] = static_cast<float>(data.mdValue(i, iVar));
+  for (int i = 1; i <= data.miCompleteObs; ++i) sVal[i] = static_cast<float>(data.mdValue(i, iVar));
   return sVal;
 }
 
 void writeBack(const std::vector<float>& sVal, StudentData& data, int iVar) {
-  for (int i = 1; i <= data.miCompleteObs; ++i)
-    data.mdValue(i, iVar) = sVal[static_cast<std::size_t>(i)];
+  for (int i = 1; i <= data.miCompleteObs; ++i) data.mdValue(i, iVar) = sVal[i];
 }
 
 // The analysis holds its data as singles.
@@ -106,7 +104,7 @@ bool variablesAreValid(const DataSheet& sheet, CompleteCases& cases, MessagePort
 // The first of the variables that must have data and has none; 0 for none.
 int missingVariable(const CompleteCases& cases, int minimum) {
   for (int i = 1; i <= minimum; ++i)
-    if (!cases.bVarHasData[static_cast<std::size_t>(i)]) return i;
+    if (!cases.bVarHasData[i]) return i;
   return 0;
 }
 
@@ -132,7 +130,7 @@ CompleteCases completeCases(const DataSheet& sheet) {
 std::optional<MessageBox> CheckConstantVariable(std::span<const float> sVal,
                                                 const std::string& tHeading, int iObs) {
   for (int i = 2; i <= iObs; ++i)
-    if (sVal[static_cast<std::size_t>(i)] != sVal[1]) return std::nullopt;
+    if (sVal[i] != sVal[1]) return std::nullopt;
   if (iObs == 0 || sVal[1] == 0) return std::nullopt;
   const std::string picture = FindFormatStringValue(sVal[1], 4, 8, true, true, true, true);
   return MessageBox{
@@ -149,7 +147,7 @@ std::optional<MessageBox> CheckBinaryVariable(std::span<const float> sVal, int i
   int countOne = 1;
   int countTwo = 0;
   for (int i = 2; i <= iObs; ++i) {
-    const float value = sVal[static_cast<std::size_t>(i)];
+    const float value = sVal[i];
     if (value == one)
       ++countOne;
     else if (two == unset)

@@ -15,7 +15,7 @@ std::string cellName(CellAddress cell) {
 }
 
 std::string columnName(int column, const SheetNames& names) {
-  const std::string& name = names.headings()[static_cast<std::size_t>(column)];
+  const std::string& name = names.headings()[column];
   if (names.lookUp(name).found != SheetNames::Found::one) {
     const std::string letters = columnLetters(column);
     return letters + ':' + letters;

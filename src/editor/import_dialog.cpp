@@ -114,7 +114,7 @@ Twips textHeight(const Label& label, Twips width) {
 }
 
 std::nullopt_t refused(Desktop& desktop, const char* title, const Error& error) {
-  desktop.messageBox({.title = title, .text = error.message(), .icon = MessageIcon::exclamation});
+  desktop.messageBox({title, error.message(), MessageIcon::exclamation});
   return std::nullopt;
 }
 
@@ -190,10 +190,8 @@ void frmTextImport::cmboAnswer_Click(int index) {
 void frmTextImport::cmdOK_Click() {
   auto table = import_.apply(answers_);
   if (!table) {
-    desktop().messageBox({.title = caption(),
-                          .text = "Nothing was brought in. " + table.error().message(),
-                          .icon = MessageIcon::exclamation,
-                          .buttons = MessageButtons::ok});
+    desktop().messageBox({caption(), "Nothing was brought in. " + table.error().message(),
+                          MessageIcon::exclamation, MessageButtons::ok});
     return;
   }
   table_ = std::move(*table);

@@ -47,12 +47,12 @@ NumberBox& frmNumericFormat::loadDigits(int index, const std::string& name, Twip
   label.setPlace({dialogMargin, top, nameWidth, boxHeight});
   NumberBox& box = spnDecDigits.load();
   box.setRange(0, maxDecimals);
-  box.setValue(miDecDigits_[static_cast<std::size_t>(index)]);
+  box.setValue(miDecDigits_[index]);
   box.setTip("Number of digits to right of decimal point");
   box.setPlace({boxLeft, top, boxWidth, boxHeight});
   box.Changed = [this, &box, index] {
     const int element = index == 0 ? shown_ : index;
-    miDecDigits_[static_cast<std::size_t>(element)] = static_cast<Int16>(box.value());
+    miDecDigits_[element] = static_cast<Int16>(box.value());
   };
   return box;
 }
@@ -121,7 +121,7 @@ void frmNumericFormat::Form_Activate() {
 // The box belongs to the new name before it shows its digits.
 void frmNumericFormat::cmboVblNames_Click() {
   shown_ = cmboVblNames.listIndex() + 1;
-  spnDecDigits(0).setValue(miDecDigits_[static_cast<std::size_t>(shown_)]);
+  spnDecDigits(0).setValue(miDecDigits_[shown_]);
 }
 
 void frmNumericFormat::cmdOK_Click() {

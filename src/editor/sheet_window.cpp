@@ -342,10 +342,7 @@ std::string SheetWindow::htmlOf(const CopiedBlock& block) const {
   for (int row = 1; row <= page.rows(); ++row)
     for (int col = 1; col <= page.cols(); ++col) {
       Cell& cell = page.at(row, col);
-      cell.style = spdData.sheet()
-                       .at(block.rows[static_cast<std::size_t>(row) - 1] + 1,
-                           block.columns[static_cast<std::size_t>(col) - 1] + 1)
-                       .style;
+      cell.style = spdData.sheet().at(block.rows[row - 1] + 1, block.columns[col - 1] + 1).style;
       cell.text = block.texts(row - 1, col - 1);
     }
   return copyHtml(page, page.body());
@@ -412,10 +409,10 @@ bool SheetWindow::mayChangeRows(bool insert) const {
 void SheetWindow::insertOrDeleteRows(bool insert) {
   if (!entryIsTaken()) return;
   if (!mayChangeRows(insert)) {
-    desktop().messageBox({.title = {},
-                          .text = insert ? "You cannot insert a row before the variable names."
-                                         : "You cannot delete the row of variable names.",
-                          .icon = MessageIcon::information});
+    desktop().messageBox({{},
+                          insert ? "You cannot insert a row before the variable names."
+                                 : "You cannot delete the row of variable names.",
+                          MessageIcon::information});
     return;
   }
   if (!insert) return sheet_.deleteRows(selectedRanges());

@@ -146,8 +146,7 @@ double incompleteBeta(double a, double b, double x) {
 }
 
 double BetaI(double a, double b, double x, MessagePort& messages) {
-  if (x < 0 || x > 1)
-    messages.messageBox({.title = "", .text = "Bad X argument in function BetaI"});
+  if (x < 0 || x > 1) messages.messageBox({"", "Bad X argument in function BetaI"});
   return incompleteBeta(a, b, x);
 }
 

@@ -69,10 +69,10 @@ Matrix<double> CrossProducts(const Matrix<float>& sX, std::span<const Int16> iCo
 void CholeskyFactor(Matrix<double>& dCross, int k, bool& bSingular, MessagePort& messages) {
   Matrix<double> dSums(k + 1, k + 1);
   if (factorRows(dCross, dSums, 1, k + 1)) return;
-  messages.messageBox({.title = "",
-                       .text = "Singular variance-covariance matrix. Check X matrix for duplicate "
-                               "variables.",
-                       .icon = MessageIcon::critical});
+  messages.messageBox({"",
+                       "Singular variance-covariance matrix. Check X matrix for duplicate "
+                       "variables.",
+                       MessageIcon::critical});
   bSingular = true;
 }
 
@@ -114,9 +114,7 @@ void VarCovStats(tolmer::Fit& Fit, int n, int k, MessagePort& messages) {
     Fit.sVarCov(i, i) *= errorVariance;
     Fit.sCoefSE[i] = std::sqrt(Fit.sVarCov(i, i));
     if (Fit.sCoefSE[i] == 0) {
-      messages.messageBox({.title = "",
-                           .text = "Zero standard error in VarCovStats.",
-                           .icon = MessageIcon::critical});
+      messages.messageBox({"", "Zero standard error in VarCovStats.", MessageIcon::critical});
       continue;
     }
     Fit.sCoefT[i] = Fit.sCoef[i] / Fit.sCoefSE[i];
@@ -130,8 +128,7 @@ void MultipleRegression(const Matrix<float>& sX, std::span<const Int16> iCols, i
                         tolmer::Fit& Fit, bool bIntercept, MessagePort& messages) {
   Fit.bSingular = n <= k;
   if (Fit.bSingular) {
-    messages.messageBox(
-        {.title = "", .text = "Too few cases for this model.", .icon = MessageIcon::exclamation});
+    messages.messageBox({"", "Too few cases for this model.", MessageIcon::exclamation});
     return;
   }
   Matrix<double> dCross = CrossProducts(sX, iCols, n, k);

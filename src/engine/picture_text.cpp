@@ -29,7 +29,7 @@ struct Decimal {
 // Half away from zero; keep may be zero or less.
 void Decimal::roundTo(int keep) {
   if (keep >= count()) return;
-  const bool up = keep >= 0 && digits[static_cast<std::size_t>(keep)] >= '5';
+  const bool up = keep >= 0 && digits[keep] >= '5';
   digits.resize(static_cast<std::size_t>(std::max(keep, 0)));
   if (up) {
     const std::size_t lastBelowNine = digits.find_last_not_of('9');
@@ -105,10 +105,10 @@ std::string fixedText(Decimal value, const NumberPicture& picture) {
   const int length = pointAt + point + std::max(right, 0);
   std::string text(static_cast<std::size_t>(length), '0');
   if (sign == 1) text[0] = '-';
-  if (point == 1) text[static_cast<std::size_t>(pointAt)] = '.';
+  if (point == 1) text[pointAt] = '.';
   for (int i = 0; i < value.count(); ++i) {
     const int place = pointAt - value.point + i + (i < value.point ? 0 : point);
-    text[static_cast<std::size_t>(place)] = value.digits[static_cast<std::size_t>(i)];
+    text[place] = value.digits[i];
   }
   if (picture.grouped) groupThousands(text, sign, pointAt);
   return text;
@@ -226,10 +226,10 @@ std::optional<SevenDigits> sevenDigits(float a) {
   // By the logarithm of 2, and from -4; the power of ten below a is this one or the next.
   const int binary = static_cast<int>(std::bit_cast<std::uint32_t>(a) >> 23) - 127;
   const int exponent = binary * 1233 >> 12;
-  const bool next = a >= bounds[static_cast<std::size_t>(exponent + 4)];
+  const bool next = a >= bounds[exponent + 4];
   SevenDigits digits{.places = 6 - exponent - (next ? 1 : 0)};
   // Below 10^7 and a hundred millionth off at most.
-  const double scaled = a * tenfold[static_cast<std::size_t>(digits.places)];
+  const double scaled = a * tenfold[digits.places];
   digits.number = static_cast<std::uint32_t>(scaled + 0.5);
   const double rest = scaled - static_cast<double>(digits.number);
   if (std::fabs(rest) > 0.5 - 1e-6) return std::nullopt;

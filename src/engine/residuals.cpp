@@ -64,9 +64,8 @@ void FreqTallyDec(AnalysisState& state, MessagePort& messages) {
   const std::string lie = state.iResidOutside == 1
                               ? " One residual lies "
                               : " " + std::to_string(state.iResidOutside) + " residuals lie ";
-  messages.messageBox({.title = "",
-                       .text = "Warning:" + lie + "outside the histogram classes in FreqTallyDec.",
-                       .icon = MessageIcon::exclamation});
+  messages.messageBox({"", "Warning:" + lie + "outside the histogram classes in FreqTallyDec.",
+                       MessageIcon::exclamation});
 }
 
 void TallyStdResids(AnalysisState& state) {

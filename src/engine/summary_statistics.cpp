@@ -34,9 +34,8 @@ void describe(AnalysisState& state, int i, std::span<const float> values) {
 }
 
 void reportZeroRange(const std::string& name, MessagePort& messages) {
-  messages.messageBox({.title = "Error in Summary Stats",
-                       .text = "Zero range for " + name + ". Check data.",
-                       .icon = MessageIcon::exclamation});
+  messages.messageBox({"Error in Summary Stats", "Zero range for " + name + ". Check data.",
+                       MessageIcon::exclamation});
 }
 
 bool allWhole(const AnalysisState& state, int column) {

@@ -36,8 +36,8 @@ std::optional<Error> chooseAxes(AnalysisState& state, const WorkingCopy& copy,
   const int plot = choice.display->id.iIndex;
   const auto axes = chooseAxesByName(copy, {{plot, choice.x, choice.y}});
   if (!axes) return axes.error();
-  state.iPlotXVar.at(static_cast<std::size_t>(plot)) = axes->front().x;
-  state.iPlotYVar.at(static_cast<std::size_t>(plot)) = axes->front().y;
+  state.iPlotXVar.at(plot) = axes->front().x;
+  state.iPlotYVar.at(plot) = axes->front().y;
   return std::nullopt;
 }
 

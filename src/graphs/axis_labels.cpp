@@ -35,7 +35,7 @@ void labelTicks(Axis& axis, const AxisScale& scale) {
   for (int i = 1; i <= scale.iSteps + 1; ++i) sTicks.push_back(tickValue(scale, i));
   axis.labelFormat = scalePicture(sTicks);
   for (int i = 1; i <= scale.iSteps + 1; ++i)
-    axis.setLabel(i, formatNumber(sTicks[static_cast<std::size_t>(i)], axis.labelFormat));
+    axis.setLabel(i, formatNumber(sTicks[i], axis.labelFormat));
 }
 
 }  // namespace

@@ -31,7 +31,7 @@ std::vector<ViewRect> PlotBar::PlotBarData(const Matrix<float>& Data) {
       right = horizontal(Data(i + 1, 1), place) - place.halfGap;
     }
     view.GSBox2D(left, place.bottom, right - left, height, Pattern, colourOf(Data, i));
-    places[static_cast<std::size_t>(i) - 1] = {left, place.bottom, right - left, height};
+    places[i - 1] = {left, place.bottom, right - left, height};
   }
   return places;
 }
@@ -129,7 +129,7 @@ void PlotHistogram::PlotHistData(Plot& gphGraphToPlot, std::span<const float> Da
   const double barWidth = classWidth - 2 * gap;
   const int last = std::min<int>(NumClassesToPlot, static_cast<int>(DataToPlot.size()) - 1);
   for (int i = 1; i <= last; ++i) {
-    const double height = DataToPlot[static_cast<std::size_t>(i)] / place.scaleTop * place.height;
+    const double height = DataToPlot[i] / place.scaleTop * place.height;
     if (height > 1.0)
       view.GSBox2D((i - 1) * classWidth + place.left + gap, place.bottom, barWidth, height,
                    iPattern_, iBarColor_);
@@ -144,7 +144,7 @@ void PlotPolygon::PlotPolyData(Plot& gphTarget, std::span<const Int16> DataToPlo
   const double step = whole(5) / NumClassesToPlot;
   const double firstX = step / 2 + whole(7);
   const auto yOf = [&](int i) {
-    return DataToPlot[static_cast<std::size_t>(i)] / gphTarget.SDKInfo(3) * whole(6) + whole(8);
+    return DataToPlot[i] / gphTarget.SDKInfo(3) * whole(6) + whole(8);
   };
   DrawingView& view = gphTarget.GSUseView();
   view.GSFixPos(0, 0);

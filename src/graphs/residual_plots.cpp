@@ -108,8 +108,8 @@ std::vector<ViewRect> drawBars(Plot& plot, const Classes& classes, MessagePort& 
   const float sShift = axisShift(classes.axis.sAxisMin);
   Matrix<float> sBars(count + 1, 2);
   for (int i = 1; i <= count + 1; ++i) {
-    sBars(i, 1) = classes.sLimits[static_cast<std::size_t>(i) - 1] + sShift;
-    sBars(i, 2) = i > count ? Int16{0} : classes.iClassCount[static_cast<std::size_t>(i)];
+    sBars(i, 1) = classes.sLimits[i - 1] + sShift;
+    sBars(i, 2) = i > count ? Int16{0} : classes.iClassCount[i];
   }
   PlotBar objPlotBar(messages);
   objPlotBar.setTargetGraph(plot);
@@ -135,8 +135,8 @@ std::vector<PlottedBar> barsOf(const AnalysisState& state, const Classes& classe
         {limits[i - 1], limits[i], 1.0 * iCount, std::to_string(iCount), {}, places[i - 1]});
   }
   for (int i = 1; i <= state.iNumCases; ++i)
-    if (const int j = classes.classOf(state, state.Fit.sResid[static_cast<std::size_t>(i)]); j > 0)
-      bars[static_cast<std::size_t>(j) - 1].cases.push_back(i);
+    if (const int j = classes.classOf(state, state.Fit.sResid[i]); j > 0)
+      bars[j - 1].cases.push_back(i);
   return bars;
 }
 
@@ -153,8 +153,7 @@ NormalCurve curveOfResiduals(const AnalysisState& state, const AxisScale& axis) 
   const float sShift = axisShift(axis.sAxisMin);
   const float s = state.Fit.sStdErr;
   const double z = NormalInverse(0.1 / state.iNumCases);
-  const float sSpan =
-      state.sResidClassLimit[static_cast<std::size_t>(iNumClasses) + 1] - state.sResidClassLimit[1];
+  const float sSpan = state.sResidClassLimit[iNumClasses + 1] - state.sResidClassLimit[1];
   NormalCurve curve{};
   curve.dLow = -z * s + sShift;
   curve.dHigh = z * s + sShift;
@@ -210,7 +209,7 @@ std::string spokenStandardHistogram(const AnalysisState& state) {
 std::vector<float> expectedResiduals(const AnalysisState& state) {
   std::vector<float> sExpected(static_cast<std::size_t>(state.iNumCases) + 1);
   for (int i = 1; i <= state.iNumCases; ++i)
-    sExpected[static_cast<std::size_t>(i)] =
+    sExpected[i] =
         static_cast<float>(state.Fit.sStdErr * NormalInverse(1 - (i - 0.5) / state.iNumCases));
   return sExpected;
 }
@@ -223,9 +222,8 @@ std::vector<int> sortedCases(const AnalysisState& state) {
   if (std::any_of(sResid.begin(), sResid.end(), [](float r) { return std::isnan(r); }))
     return cases;
   std::iota(cases.begin(), cases.end(), 0);
-  std::stable_sort(cases.begin() + 1, cases.end(), [&sResid](int a, int b) {
-    return sResid[static_cast<std::size_t>(a)] < sResid[static_cast<std::size_t>(b)];
-  });
+  std::stable_sort(cases.begin() + 1, cases.end(),
+                   [&sResid](int a, int b) { return sResid[a] < sResid[b]; });
   return cases;
 }
 
@@ -241,8 +239,7 @@ void DrawScatter(Plot& plot, const AnalysisState& state, const std::vector<float
   plot.setNumPoints(state.iNumCases);
   const std::vector<int> cases = sortedCases(state);
   for (int i = 1; i <= state.iNumCases; ++i) {
-    const auto c = static_cast<std::size_t>(i);
-    plot.setPoint(i, state.sSortedResid[c] + sShift, sExpected[c] + sShift, cases[c]);
+    plot.setPoint(i, state.sSortedResid[i] + sShift, sExpected[i] + sShift, cases[i]);
   }
   plot.setDrawMode(Plot::draw);
 }

@@ -20,7 +20,7 @@ double centreOf(const AnalysisState& state, int iYChoice) {
   if (isResiduals(state, iYChoice)) return 0;
   if (!isFitted(state, iYChoice)) return state.dDescStat(1, iYChoice + 1);
   double sum = 0;
-  for (int t = 1; t <= state.iNumCases; ++t) sum += state.Fit.sFitted[static_cast<std::size_t>(t)];
+  for (int t = 1; t <= state.iNumCases; ++t) sum += state.Fit.sFitted[t];
   return sum / state.iNumCases;
 }
 
@@ -32,7 +32,7 @@ float plotAutocorrelation(const AnalysisState& state, int iYChoice) {
   double squares = 0;
   double before = 0;
   for (int t = 1; t <= state.iNumCases; ++t) {
-    const double deviation = values[static_cast<std::size_t>(t)] - centre;
+    const double deviation = values[t] - centre;
     products += deviation * before;
     squares += deviation * deviation;
     before = deviation;
@@ -190,8 +190,7 @@ void ScatterPlot::DrawScatterPlot() {
   const std::vector<float> sX = chosenValues(state_, miXChoice);
   const std::vector<float> sY = chosenValues(state_, miYChoice);
   for (int i = 1; i <= state_.iNumCases; ++i) {
-    const auto c = static_cast<std::size_t>(i);
-    plot_.setPoint(i, sX[c] + sXShift, sY[c] + msYShift, i);
+    plot_.setPoint(i, sX[i] + sXShift, sY[i] + msYShift, i);
   }
   if (state_.bShowRegressionLine && !isResiduals(state_, miYChoice))
     plot_.settings.lineStatistics = leastSquaresLine;
@@ -225,8 +224,7 @@ float ScatterPlot::scaleHorizontally() {
   Axis& axis = plot_.settings.x;
   axis.title = axisTitle(state_, miXChoice);
   const Range range = rangeOf(miXChoice);
-  if (!isFitted(state_, miXChoice) &&
-      state_.iVarType[static_cast<std::size_t>(miXChoice) + 1] == dummyVariable)
+  if (!isFitted(state_, miXChoice) && state_.iVarType[miXChoice + 1] == dummyVariable)
     return setBinaryAxis(axis, range.sLow);
   const AxisScale scale = ComputeScale(range.sLow, range.sHigh);
   const float sShift = axisShift(scale.sAxisMin);
@@ -237,8 +235,7 @@ float ScatterPlot::scaleHorizontally() {
 ScatterPlot::Range ScatterPlot::rangeOf(int iChoice) const {
   if (isFitted(state_, iChoice)) return {msYHatMin, msYHatMax};
   if (isResiduals(state_, iChoice))
-    return {state_.sSortedResid[1],
-            state_.sSortedResid[static_cast<std::size_t>(state_.iNumCases)]};
+    return {state_.sSortedResid[1], state_.sSortedResid[state_.iNumCases]};
   return {static_cast<float>(state_.dDescStat(3, iChoice + 1)),
           static_cast<float>(state_.dDescStat(4, iChoice + 1))};
 }
@@ -254,7 +251,7 @@ void ScatterPlot::DrawTimePlot() {
   const std::vector<float> values = chosenValues(state_, miYChoice);
   for (int i = 1; i <= state_.iNumCases; ++i) {
     plot_.setPointLabel(i, generalText(static_cast<float>(i)));
-    plot_.setPoint(i, static_cast<float>(i), values[static_cast<std::size_t>(i)], i);
+    plot_.setPoint(i, static_cast<float>(i), values[i], i);
   }
   plot_.setDrawMode(Plot::draw);
   if (state_.bShowCorrelation) ShowAutoCorr();
@@ -291,7 +288,7 @@ void ScatterPlot::drawBand(double dStdErrs, const char* tText) {
 void ScatterPlot::ShowCorr() {
   const auto r = plotCorrelation(state_, miXChoice, miYChoice);
   if (!r) {
-    messages_.messageBox({.title = {}, .text = "Error in ShowCorr."});
+    messages_.messageBox({{}, "Error in ShowCorr."});
     return;
   }
   drawCaption(plot_, "Correlation = " + formatNumber(*r, "0.0000"), "Correlation = 0.3333");
@@ -321,10 +318,9 @@ std::optional<float> plotCorrelation(const AnalysisState& state, int iXChoice, i
 std::vector<float> chosenValues(const AnalysisState& state, int iChoice) {
   if (isFitted(state, iChoice)) return state.Fit.sFitted;
   if (isResiduals(state, iChoice)) return state.Fit.sResid;
-  const Int16 column = state.iModelCol[static_cast<std::size_t>(iChoice) + 1];
+  const Int16 column = state.iModelCol[iChoice + 1];
   std::vector<float> values(static_cast<std::size_t>(state.iNumCases) + 1);
-  for (int i = 1; i <= state.iNumCases; ++i)
-    values[static_cast<std::size_t>(i)] = state.sData(i, column);
+  for (int i = 1; i <= state.iNumCases; ++i) values[i] = state.sData(i, column);
   return values;
 }
 

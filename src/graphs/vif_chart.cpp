@@ -16,9 +16,7 @@ constexpr std::size_t nameLength = 10;  // characters of a predictor's name
 
 double log10Of(double value) { return std::log(value) / std::log(10.0); }
 
-float inflation(const AnalysisState& state, int iPredictor) {
-  return state.sVIF[static_cast<std::size_t>(iPredictor)];
-}
+float inflation(const AnalysisState& state, int iPredictor) { return state.sVIF[iPredictor]; }
 
 const std::string& predictorName(const AnalysisState& state, int iPredictor) {
   return variableName(state, iPredictor + 1);

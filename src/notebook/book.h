@@ -21,8 +21,8 @@ class BookTable {
   bool isFull() const { return count() == bound; }
 
   // Row `index`, 0 to count(). Any other index is a fault of the caller: std::out_of_range.
-  Record& operator[](int index) { return rows_.at(static_cast<std::size_t>(index)); }
-  const Record& operator[](int index) const { return rows_.at(static_cast<std::size_t>(index)); }
+  Record& operator[](int index) { return rows_.at(index); }
+  const Record& operator[](int index) const { return rows_.at(index); }
 
   // The next row, or the same table where it is full: ask isFull first.
   void add(Record record) {

@@ -110,7 +110,7 @@ class BookChecker {
 
   // Every entry shows entry 1's list, and turns a list index into a database row by its own start.
   void checkEntry(int row, const OutlineElement& outline, int j) {
-    const OutlineEntry& entry = outline.uEntry[static_cast<std::size_t>(j)];
+    const OutlineEntry& entry = outline.uEntry[j];
     const int items = outline.uEntry[1].iNumDatabases;
     if (items < 1) return add(BookPart::outline, row, "its list is empty");
     checkRange(BookPart::outline, row, entry.iFirstDatabase, items, book_.uDatabase.count(),

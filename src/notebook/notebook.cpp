@@ -14,7 +14,7 @@ template <class Outline>
 auto& entryOf(Outline& outline, int j) {
   if (j < 1 || j > outline.iNumOutlines)
     throw std::out_of_range("the page has no outline " + std::to_string(j));
-  return outline.uEntry[static_cast<std::size_t>(j)];
+  return outline.uEntry[j];
 }
 
 }  // namespace
@@ -95,8 +95,7 @@ Int16 NoteBook::GetSelectedDatabase(int iSection, int iPage, int iOutlineNumber)
 void NoteBook::recordDatabase(int iOutline, int j, Int16 iSelectedItem) {
   OutlineEntry& entry = entryOf(book_.uOutline[iOutline], j);
   entry.iSelectedItem = iSelectedItem;
-  iSelectedDatabase_.at(static_cast<std::size_t>(j)) =
-      static_cast<Int16>(entry.iFirstDatabase + iSelectedItem);
+  iSelectedDatabase_.at(j) = static_cast<Int16>(entry.iFirstDatabase + iSelectedItem);
 }
 
 void NoteBook::CheckStringFormatCodes(std::string& tStringToCheck, bool& bIndent, bool& bEmphasis,
@@ -152,8 +151,7 @@ frmNotebook& NoteBook::window() {
 void NoteBook::SetupNotebook() {
   const auto controls = window().build();
   for (const auto& [iOutline, j, iControl] : controls)
-    book_.uOutline[iOutline].uEntry[static_cast<std::size_t>(j)].iControlIndex =
-        static_cast<Int16>(iControl);
+    book_.uOutline[iOutline].uEntry[j].iControlIndex = static_cast<Int16>(iControl);
 }
 
 void NoteBook::StartAndShowNotebook() {

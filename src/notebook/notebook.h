@@ -154,7 +154,7 @@ class NoteBook {
   template <class Value, std::size_t size>
   static const Value& element(const std::array<Value, size>& array, int index) {
     if (index < 0) throw std::out_of_range("negative index");
-    return array.at(static_cast<std::size_t>(index));
+    return array.at(index);
   }
   const Scenario& lastScenario() const { return book_.uScenario[iLastScenarioNumber]; }
   const Database& lastDatabase(int iIndex) const {

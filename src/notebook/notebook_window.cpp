@@ -180,8 +180,7 @@ void frmNotebook::outOutline_Click(int Index) {
   const int item = outline.listIndex();
   if (!mbProcessControlEvents_ || item < 0) return;
   takeSelectedItem(Index);
-  if (!outline.items().at(static_cast<std::size_t>(item)).isLeaf)
-    outline.setExpanded(item, !outline.expanded(item));
+  if (!outline.items().at(item).isLeaf) outline.setExpanded(item, !outline.expanded(item));
 }
 
 void frmNotebook::takeSelectedItem(int Index) {
@@ -262,7 +261,7 @@ void frmNotebook::giveBackSelection(const PageRecord& page) {
   const OutlineElement& outline = nbNoteBook.book().uOutline[page.iOutlineElement];
   for (int j = 1; j <= outline.iNumOutlines; ++j) {
     nbNoteBook.SetSelectedDatabase(section(), pageNumber(), j, nbNoteBook.StartDatabase(j));
-    RecordSelectedDatabase(outline.uEntry[static_cast<std::size_t>(j)].iControlIndex);
+    RecordSelectedDatabase(outline.uEntry[j].iControlIndex);
   }
 }
 
@@ -309,7 +308,7 @@ void frmNotebook::buildOutline(int iOutline, std::vector<OutlineControl>& loaded
       outline.addItem(row.tName, row.iLevel, k);
       if (row.tDataFileName != groupMark)
         outline.setLeaf(item);
-      else if (row.bExpanded[static_cast<std::size_t>(j)])
+      else if (row.bExpanded[j])
         outlines_.back().groupsToExpand.push_back(item);
     }
     loaded.push_back({iOutline, j, control});
@@ -383,7 +382,7 @@ void frmNotebook::RecordSelectedScenario(int iSection, int iPage, int iSelectedI
 void frmNotebook::ShowOutlineElement(int iOutlineElementIndex) {
   const OutlineElement& element = nbNoteBook.book().uOutline[iOutlineElementIndex];
   for (int j = 1; j <= element.iNumOutlines; ++j) {
-    const OutlineEntry& entry = element.uEntry[static_cast<std::size_t>(j)];
+    const OutlineEntry& entry = element.uEntry[j];
     const int control = entry.iControlIndex;
     expandGroupsOnce(control, entry.iSelectedItem);
     setListIndex(control, entry.iSelectedItem);
@@ -396,7 +395,7 @@ void frmNotebook::ShowOutlineElement(int iOutlineElementIndex) {
 // On the first showing of an outline the groups that the course wants open are opened, and those
 // around the selected item: what OK would open is then in sight.
 void frmNotebook::expandGroupsOnce(int iControlIndex, int iSelectedItem) {
-  BuiltOutline& built = outlines_.at(static_cast<std::size_t>(iControlIndex));
+  BuiltOutline& built = outlines_.at(iControlIndex);
   if (built.expandedOnce) return;
   selectOutlineItem(iControlIndex, iSelectedItem);
   for (const int item : built.groupsToExpand)
@@ -406,9 +405,9 @@ void frmNotebook::expandGroupsOnce(int iControlIndex, int iSelectedItem) {
 
 void frmNotebook::selectOutlineItem(int iControlIndex, int iItem) {
   Outline& outline = elements.outOutline(iControlIndex);
-  const int indent = outline.items().at(static_cast<std::size_t>(iItem)).indent;
+  const int indent = outline.items().at(iItem).indent;
   for (int i = iItem - 1; i >= 0; --i) {
-    const int above = outline.items().at(static_cast<std::size_t>(i)).indent;
+    const int above = outline.items().at(i).indent;
     if (above < indent) outline.setExpanded(i, true);
     if (above == 1) break;
   }
@@ -422,14 +421,14 @@ void frmNotebook::setListIndex(int iControlIndex, int iItem) {
 }
 
 void frmNotebook::RecordSelectedDatabase(int iControlIndex) {
-  const BuiltOutline& built = outlines_.at(static_cast<std::size_t>(iControlIndex));
+  const BuiltOutline& built = outlines_.at(iControlIndex);
   nbNoteBook.recordDatabase(built.iOutline, built.j,
                             static_cast<Int16>(elements.outOutline(iControlIndex).listIndex()));
 }
 
 void frmNotebook::ShowRightDatafileDesc(int iControlIndex) {
   const Outline& outline = elements.outOutline(iControlIndex);
-  const auto& item = outline.items().at(static_cast<std::size_t>(outline.listIndex()));
+  const auto& item = outline.items().at(outline.listIndex());
   elements.describeOutline(iControlIndex, nbNoteBook.book().uDatabase[item.itemData].tDesc);
 }
 
@@ -444,7 +443,7 @@ void frmNotebook::CheckOKEnabled() {
 bool frmNotebook::groupIsSelected(int iControlIndex) {
   const Outline& outline = elements.outOutline(iControlIndex);
   if (outline.listIndex() < 0) return false;
-  const auto& item = outline.items().at(static_cast<std::size_t>(outline.listIndex()));
+  const auto& item = outline.items().at(outline.listIndex());
   return isGroupMark(nbNoteBook.book().uDatabase[item.itemData].tDataFileName);
 }
 

@@ -23,7 +23,7 @@ void fields(auto& io, auto&... each) { (io(each), ...); }
 
 void scenarioFields(auto& io, auto& scenario) {
   fields(io, scenario.tName, scenario.tDesc);
-  for (int i = 1; i <= maxParameter; ++i) io(scenario.tParameter[static_cast<std::size_t>(i)]);
+  for (int i = 1; i <= maxParameter; ++i) io(scenario.tParameter[i]);
 }
 
 void databaseFields(auto& io, auto& row) {
@@ -35,7 +35,7 @@ void outlineFields(auto& io, auto& outline) {
   io.count(outline.iNumOutlines, maxOutlineEntries, "outline");
   fields(io, outline.iUnused1, outline.iUnused2);
   for (int j = 1; j <= outline.iNumOutlines; ++j) {
-    auto& entry = outline.uEntry[static_cast<std::size_t>(j)];
+    auto& entry = outline.uEntry[j];
     fields(io, entry.iControlIndex, entry.iSelectedItem, entry.iUnused, entry.iFirstDatabase,
            entry.iNumDatabases);
   }

@@ -127,11 +127,9 @@ void PageElements::ShowJumpElement(const JumpElement& jump) {
     jumps_.emplace_back();
     Label& entry = lblContentsEntry(used_.jump);
     entry.setIsLink(true);
-    entry.Click = [this, index = used_.jump] {
-      if (jumped) jumped(index);
-    };
+    entry.Click = [this, index = used_.jump] { raise(jumped, index); };
   }
-  jumps_.at(static_cast<std::size_t>(used_.jump)) = jump;
+  jumps_.at(used_.jump) = jump;
   Label& entry = lblContentsEntry(used_.jump);
   emphasize(entry, jump.iEmphasisStyle);
   placeText(entry, leftOf(jump.bIndent), jump.tText);
@@ -142,9 +140,7 @@ void PageElements::ShowJumpElement(const JumpElement& jump) {
 // A picture that is wider than the page, or higher than what is left of it, is made smaller.
 void PageElements::ShowBitmapElement(const std::string& hostFile) {
   if (++used_.bitmap > imgPicture.last())
-    imgPicture.load().Click = [this] {
-      if (pictureClicked) pictureClicked();
-    };
+    imgPicture.load().Click = [this] { raise(pictureClicked); };
   Image& picture = imgPicture(used_.bitmap);
   const Size natural = pictureSize(hostFile);
   const Twips roomWide = page_.width() - 2 * plainLeft;
@@ -219,15 +215,9 @@ int PageElements::loadOutline() {
   outline.setPlace({outlineLeft, 0, outlineSize.width, outlineSize.height});
   outline.setAccessibleName("Databases");
   declareKeys(outline);
-  outline.Moved = [this, index] {
-    if (outlineMoved) outlineMoved(index);
-  };
-  outline.Click = [this, index] {
-    if (outlineClicked) outlineClicked(index);
-  };
-  outline.DblClick = [this, index] {
-    if (outlineDoubleClicked) outlineDoubleClicked(index);
-  };
+  outline.Moved = [this, index] { raise(outlineMoved, index); };
+  outline.Click = [this, index] { raise(outlineClicked, index); };
+  outline.DblClick = [this, index] { raise(outlineDoubleClicked, index); };
   loadLabel(lblDatabaseDesc, textFont, ink);
   return index;
 }
@@ -240,7 +230,7 @@ void PageElements::declareKeys(Outline& outline) {
         [&outline, onlyGroups] {
           const int item = outline.listIndex();
           if (item < 0) return false;
-          return !onlyGroups || !outline.items().at(static_cast<std::size_t>(item)).isLeaf;
+          return !onlyGroups || !outline.items().at(item).isLeaf;
         });
   };
   clicks(keys::space, false);

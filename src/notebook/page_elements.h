@@ -43,7 +43,7 @@ class PageElements {
   // A new outline and its description, hidden; returns its number.
   int loadOutline();
   void describeOutline(int index, const std::string& text);
-  const JumpElement& jumpOf(int index) const { return jumps_.at(static_cast<std::size_t>(index)); }
+  const JumpElement& jumpOf(int index) const { return jumps_.at(index); }
 
   // The user's doings, by index of the control in its array.
   std::function<void(int)> jumped;

@@ -118,12 +118,12 @@ void ScenarioList::showDescription(const std::string& text) {
 void ScenarioList::optScenario_Click(int Index) {
   if (!mbProcessControlEvents_) return;
   showDescription(scenarios_[scenarioOf(Index)].tDesc);
-  if (selected) selected(Index);
+  raise(selected, Index);
 }
 
 void ScenarioList::optScenario_DblClick(int Index) {
   optScenario(Index).setValue(true);
-  if (doubleClicked) doubleClicked();
+  raise(doubleClicked);
 }
 
 void ScenarioList::vsbScenDesc_Change() {

@@ -29,10 +29,8 @@ class ControlArray {
   }
   int first() const { return first_; }
   int last() const { return first_ + static_cast<int>(elements_.size()) - 1; }
-  Kind& operator()(int index) { return *elements_.at(static_cast<std::size_t>(index - first_)); }
-  const Kind& operator()(int index) const {
-    return *elements_.at(static_cast<std::size_t>(index - first_));
-  }
+  Kind& operator()(int index) { return *elements_.at(index - first_); }
+  const Kind& operator()(int index) const { return *elements_.at(index - first_); }
 
  private:
   Container& parent_;

@@ -11,10 +11,10 @@ Saving Desktop::saveFile(const FileToSave& file) {
   if (!chosen) return {};
   if (isReadOnly(chosen->path)) {
     // The words speak of the folder, but it is the file that counts.
-    messageBox({.title = "Read Only",
-                .text = "This file is in a Read Only directory. Use " + file.question.title +
-                        " to save the file to a different directory.",
-                .icon = MessageIcon::exclamation});
+    messageBox({"Read Only",
+                "This file is in a Read Only directory. Use " + file.question.title +
+                    " to save the file to a different directory.",
+                MessageIcon::exclamation});
     return {Saving::End::failed};
   }
   const auto bytes = file.bytes(*chosen);
@@ -24,9 +24,7 @@ Saving Desktop::saveFile(const FileToSave& file) {
 }
 
 Saving Desktop::failed(const FileToSave& file, const Error& reason) {
-  messageBox({.title = "Save",
-              .text = file.notSaved + ' ' + reason.message(),
-              .icon = MessageIcon::exclamation});
+  messageBox({"Save", file.notSaved + ' ' + reason.message(), MessageIcon::exclamation});
   return {Saving::End::failed};
 }
 

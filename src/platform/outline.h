@@ -30,12 +30,12 @@ class Outline : public Control {
     notify(Change::items);
   }
   void setLeaf(int index) {
-    items_.at(static_cast<std::size_t>(index)).isLeaf = true;
+    items_.at(index).isLeaf = true;
     notify(Change::items);
   }
-  bool expanded(int index) const { return items_.at(static_cast<std::size_t>(index)).expanded; }
+  bool expanded(int index) const { return items_.at(index).expanded; }
   void setExpanded(int index, bool open) {
-    auto& item = items_.at(static_cast<std::size_t>(index));
+    auto& item = items_.at(index);
     if (item.expanded == open) return;
     item.expanded = open;
     notify(Change::items);

@@ -30,7 +30,7 @@ class TabBook : public Container {
 
   // Tabs and pages count from 0 in this control.
   int tabCount() const { return static_cast<int>(tabs_.size()); }
-  const Tab& tab(int index) const { return tabs_.at(static_cast<std::size_t>(index)); }
+  const Tab& tab(int index) const { return tabs_.at(index); }
   void addTab(std::string caption, int pageMax) {
     tabs_.push_back({std::move(caption), pageMax, 0});
     notify(Change::items);
@@ -41,7 +41,7 @@ class TabBook : public Container {
   void setActive(int tab, int page) {
     if (tab < 0 || tab >= tabCount() || page < 0 || page > this->tab(tab).pageMax) return;
     activeTab_ = tab;
-    tabs_[static_cast<std::size_t>(tab)].activePage = page;
+    tabs_[tab].activePage = page;
     notify(Change::value);
   }
   // The user takes a tab: its page last active comes up, and the event is raised.

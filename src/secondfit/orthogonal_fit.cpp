@@ -148,7 +148,7 @@ void pivot(MatrixOf<Real>& a, std::vector<Index>& order) {
       }
     }
     a.col(j).swap(a.col(next));
-    std::swap(order[static_cast<std::size_t>(j)], order[static_cast<std::size_t>(next)]);
+    std::swap(order[j], order[next]);
     Real factor, length;
     VectorOf<Real> column = a.col(j).tail(k - j);
     column.makeHouseholderInPlace(factor, length);
@@ -331,8 +331,7 @@ OrthogonalFit Solver<Real>::fit(bool withLeverages) {
     const MatrixOf<Real> upper = pivoted_.leftCols(k_);
     const MatrixOf<Real> inverse = invertTriangle<Real>(upper);
     inverse_.resize(k_, k_);
-    for (Index i = 0; i < k_; ++i)
-      inverse_.row(order_[static_cast<std::size_t>(i)]) = inverse.row(i);
+    for (Index i = 0; i < k_; ++i) inverse_.row(order_[i]) = inverse.row(i);
     solve(result);
     inflate(result);
   }
@@ -511,7 +510,7 @@ VectorOf<DoubleDouble> CombinationFinder::explain(Index target,
                                                   const std::vector<Index>& by) const {
   const auto count = static_cast<Index>(by.size());
   MatrixOf<Real> problem(columns_.rows(), count + 1);
-  for (Index j = 0; j < count; ++j) problem.col(j) = columns_.col(by[static_cast<std::size_t>(j)]);
+  for (Index j = 0; j < count; ++j) problem.col(j) = columns_.col(by[j]);
   problem.col(count) = columns_.col(target);
   triangularise<Real>(problem, count);
   return invertTriangle<Real>(problem.topLeftCorner(count, count))
@@ -567,11 +566,9 @@ std::optional<Combination> CombinationFinder::combinationOf(Index target) const 
     difference = misfit(target, by, weights);
   }
   if (difference > single) return {};
-  Combination result{
-      data_.names[static_cast<std::size_t>(target)], target == data_.terms, difference < 1e-20, {}};
+  Combination result{data_.names[target], target == data_.terms, difference < 1e-20, {}};
   for (std::size_t j = 0; j < by.size(); ++j)
-    result.parts.push_back(
-        {data_.names[static_cast<std::size_t>(by[j])], toDouble(weights(static_cast<Index>(j)))});
+    result.parts.push_back({data_.names[by[j]], toDouble(weights(static_cast<Index>(j)))});
   return result;
 }
 

@@ -166,13 +166,12 @@ ModelData heldData(const AnalysisState& state) {
   data.intercept = state.bUseIntercept;
   std::vector<int> columns;
   if (data.intercept) columns.push_back(0);
-  for (int j = 2; j <= state.iNumPredictors + 1; ++j)
-    columns.push_back(state.iModelCol[static_cast<std::size_t>(j)]);
+  for (int j = 2; j <= state.iNumPredictors + 1; ++j) columns.push_back(state.iModelCol[j]);
   data.terms = static_cast<int>(columns.size());
   columns.push_back(state.iModelCol[1]);
   data.x.reserve(columns.size() * static_cast<std::size_t>(data.cases));
   for (const int column : columns) {
-    data.names.push_back(state.tVarName[static_cast<std::size_t>(column)]);
+    data.names.push_back(state.tVarName[column]);
     for (int i = 1; i <= data.cases; ++i) data.x.push_back(state.sData(i, column));
   }
   const auto dependent = data.x.end() - data.cases;

@@ -169,8 +169,8 @@ CopiedBlock DataSheet::copyOf(std::vector<int> rows, std::vector<int> columns) c
   copied.texts.resize(lastRow, lastColumn);
   for (int i = 0; i <= lastRow; ++i)
     for (int j = 0; j <= lastColumn; ++j) {
-      const int r = rows[static_cast<std::size_t>(i)];
-      const int c = columns[static_cast<std::size_t>(j)];
+      const int r = rows[i];
+      const int c = columns[j];
       const DataCell& held = cell(r, c);
       copied.table.cells(i, j) = held;
       std::string exact = r == 0 ? held.text : exactTextOf(held, formulas_.valueOf({r, c}));
@@ -207,8 +207,7 @@ std::optional<CopiedBlock> DataSheet::copy(std::span<const CellRange> blocks) co
     for (int j = 0; j <= copied.table.cells.lastColumn(); ++j) {
       DataCell& held = copied.table.cells(i, j);
       if (held.kind != DataCell::Kind::formula) continue;
-      const CellAddress at{copied.rows[static_cast<std::size_t>(i)],
-                           copied.columns[static_cast<std::size_t>(j)]};
+      const CellAddress at{copied.rows[i], copied.columns[j]};
       const CellValue value = formulas_.valueOf(at);
       held = value.kind == CellValue::Kind::number
                  ? DataCell{.kind = DataCell::Kind::number, .number = value.number}
@@ -284,9 +283,9 @@ void DataSheet::deleteRows(std::span<const CellRange> blocks) {
   }
   // From below, so that the rows above keep their numbers.
   for (int last = observations(); last >= 0; --last) {
-    if (!goes[static_cast<std::size_t>(last)]) continue;
+    if (!goes[last]) continue;
     int first = last;
-    while (first > 0 && goes[static_cast<std::size_t>(first) - 1]) --first;
+    while (first > 0 && goes[first - 1]) --first;
     tolmer::deleteRows(edit, first, last);
     last = first;
   }
@@ -311,14 +310,13 @@ void DataSheet::sort(int keyColumn, bool ascending) {
 
 void DataSheet::setDecimals(int col, Int16 digits) {
   std::vector<Int16> all = content().decimals;
-  all[static_cast<std::size_t>(col)] = digits;
+  all[col] = digits;
   setAllDecimals(all);
 }
 
 void DataSheet::setAllDecimals(std::span<const Int16> digits) {
   SheetEdit edit = beginEdit("Format");
-  for (int c = 1; c <= variables(); ++c)
-    edit.setDecimals(c, withinDecimals(digits[static_cast<std::size_t>(c)]));
+  for (int c = 1; c <= variables(); ++c) edit.setDecimals(c, withinDecimals(digits[c]));
   commit(edit, WithoutSteps::marks);
 }
 

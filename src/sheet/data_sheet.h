@@ -84,7 +84,7 @@ class DataSheet {
   void sort(int keyColumn, bool ascending);
 
   // --- format and title
-  Int16 decimals(int col) const { return content().decimals[static_cast<std::size_t>(col)]; }
+  Int16 decimals(int col) const { return content().decimals[col]; }
   Int16 miStdDecDigits() const { return state_.miStdDecDigits; }
   void setDecimals(int col, Int16 digits);
   // digits[1..variables]; element 0 is not looked at.

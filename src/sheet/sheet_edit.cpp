@@ -56,8 +56,7 @@ void SheetEdit::clear(const CellRange& block) {
 }
 
 void SheetEdit::setDecimals(int column, Int16 digits) {
-  const Int16 now = column == 0 ? state_.miStdDecDigits
-                                : state_.content.decimals[static_cast<std::size_t>(column)];
+  const Int16 now = column == 0 ? state_.miStdDecDigits : state_.content.decimals[column];
   if (now != digits) take(DecimalsStep{column, digits});
 }
 
@@ -83,8 +82,7 @@ DataCell SheetEdit::formulaCell(std::string text) {
 // its addresses.
 bool SheetEdit::Renaming::mayConcern(const std::string& folded) const {
   return std::ranges::any_of(
-      std::array{before.headings()[static_cast<std::size_t>(column)], newName},
-      [&](const std::string& name) {
+      std::array{before.headings()[column], newName}, [&](const std::string& name) {
         const std::string part = foldedName(name.substr(0, name.find(']')));  // written doubled
         return !name.empty() && folded.find(part) != std::string::npos;
       });

@@ -16,9 +16,7 @@ struct Performer {
   }
   void operator()(DecimalsStep& step) {
     auto& decimals = state.content.decimals;
-    std::swap(
-        step.column == 0 ? state.miStdDecDigits : decimals[static_cast<std::size_t>(step.column)],
-        step.digits);
+    std::swap(step.column == 0 ? state.miStdDecDigits : decimals[step.column], step.digits);
     if (step.column > 0) change.decimals.push_back(step.column);
   }
   void operator()(TitleStep& step) {

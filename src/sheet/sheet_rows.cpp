@@ -57,7 +57,7 @@ void makeValue(SheetEdit& edit, CellAddress at, const SheetFormulas& results) {
 void moveFormulas(SheetEdit& edit, const std::vector<std::uint16_t>& from) {
   for (const CellAddress at : edit.formulas()) {
     if (at.row > std::ssize(from)) continue;
-    const int before = from[static_cast<std::size_t>(at.row) - 1] + 1;
+    const int before = from[at.row - 1] + 1;
     edit.respell(at, movedFormula(edit.cell(at).text, edit.names(), at.row - before, 0));
   }
 }

@@ -72,7 +72,7 @@ std::optional<double> packedNumber(std::string_view letters) {
 }
 
 template <class Number>
-std::optional<Number> wholeNumber(std::string_view text) {
+std::optional<Number> numberIn(std::string_view text) {
   Number number{};
   const auto [end, failed] = std::from_chars(text.data(), text.data() + text.size(), number);
   if (failed != std::errc() || end != text.data() + text.size()) return std::nullopt;
@@ -81,7 +81,7 @@ std::optional<Number> wholeNumber(std::string_view text) {
 
 std::optional<double> numberFromText(std::string_view text) {
   if (text.starts_with('~')) return packedNumber(text.substr(1));
-  const auto number = wholeNumber<double>(text);
+  const auto number = numberIn<double>(text);
   return number && std::isfinite(*number) ? number : std::nullopt;
 }
 
@@ -100,7 +100,7 @@ bool takeResult(DataCell& cell, std::string_view text) {
   if (!number) return false;
   cell.number = *number;
   if (mark == text.npos) return true;
-  const auto seed = wholeNumber<std::uint32_t>(text.substr(mark + 1));
+  const auto seed = numberIn<std::uint32_t>(text.substr(mark + 1));
   cell.seed = seed.value_or(0);
   return seed.has_value();
 }
@@ -113,7 +113,7 @@ std::string oneRowDown(std::string_view formula) {
     std::size_t end = i;
     while (end < formula.size() && isDigit(formula[end])) ++end;
     const bool isRow = end > i && end - i <= 4 && i > 0 && isLetter(formula[i - 1]);
-    const auto row = isRow ? wholeNumber<int>(formula.substr(i, end - i)) : std::nullopt;
+    const auto row = isRow ? numberIn<int>(formula.substr(i, end - i)) : std::nullopt;
     if (row)
       moved += std::to_string(*row + 1);
     else
@@ -212,8 +212,7 @@ void appendRow(std::string& out, const SheetContent& sheet, int row, bool packed
 void appendTrailer(std::string& out, const SheetContent& sheet) {
   const int last = sheet.observations();
   out += std::to_string(last + decimalsRow) + "\t";
-  for (int i = 1; i <= sheet.variables(); ++i)
-    out += "\t" + std::to_string(sheet.decimals[static_cast<std::size_t>(i)]);
+  for (int i = 1; i <= sheet.variables(); ++i) out += "\t" + std::to_string(sheet.decimals[i]);
   out += "\n" + std::to_string(last + typeCodeRow) + "\t\"" +
          editorFileTypeCode(sheet.variables()) + "\n" + std::to_string(last + titleRow) + "\t\"";
   appendEscaped(out, sheet.title);
@@ -232,14 +231,6 @@ std::string bytesOf(const SheetContent& sheet, std::string_view from, bool packe
     out += '\n';
   }
   return out + std::string(checkMark) + checksumText(out) + "\n";
-}
-
-template <class Number>
-std::optional<Number> numberIn(std::string_view text) {
-  Number number{};
-  const auto [end, failed] = std::from_chars(text.data(), text.data() + text.size(), number);
-  if (failed != std::errc() || end != text.data() + text.size()) return std::nullopt;
-  return number;
 }
 
 // The text up to the mark, which is taken too; all of it where there is none.
@@ -308,7 +299,7 @@ class Reader {
     for (int i = 1; i <= variables_; ++i) {
       const auto decimals = numberIn<Int16>(takeUpTo(line, '\t'));
       if (!decimals) return false;
-      content_.sheet.decimals[static_cast<std::size_t>(i)] = *decimals;
+      content_.sheet.decimals[i] = *decimals;
     }
     return line.empty();
   }

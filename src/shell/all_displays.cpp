@@ -41,7 +41,7 @@ DisplayWindow* AllDisplays::display(int iCategory, int iIndex) {
 }
 
 DisplayWindow& AllDisplays::display(const Display& display) {
-  auto& place = displays_[static_cast<std::size_t>(&display - displayList().data())];
+  auto& place = displays_[&display - displayList().data()];
   if (!place) {
     place = std::visit(WindowMaker{desktop_, state_, host_, display}, display.make);
     if (created) created(*place);

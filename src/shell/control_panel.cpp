@@ -50,15 +50,9 @@ void frmControlPanel::wireEvents() {
   cboXAxisVar.Click = [this] { cboXAxisVar_Click(); };
   cboYAxisVar.Click = [this] { cboYAxisVar_Click(); };
   cmdUpdateGraphs.Click = [this] { cmdUpdateGraphs_Click(); };
-  cmdChangeModel.Click = [this] {
-    if (changeModel) changeModel();
-  };
-  cmdShowNotebook.Click = [this] {
-    if (showNotebook) showNotebook();
-  };
-  cmdChangeDataSource.Click = [this] {
-    if (changeDataSource) changeDataSource();
-  };
+  cmdChangeModel.Click = [this] { raise(changeModel); };
+  cmdShowNotebook.Click = [this] { raise(showNotebook); };
+  cmdChangeDataSource.Click = [this] { raise(changeDataSource); };
   tmrFlashUpdate.Tick = [this] { tmrFlashUpdate_Timer(); };
 }
 
@@ -124,7 +118,7 @@ void frmControlPanel::InitializeComboBoxes() {
 void frmControlPanel::fillList(ComboBox& list, const char* last) {
   list.clear();
   for (int i = 0; i <= state_.iNumPredictors; ++i) {
-    const auto column = static_cast<std::size_t>(state_.iModelCol[static_cast<std::size_t>(i) + 1]);
+    const auto column = static_cast<std::size_t>(state_.iModelCol[i + 1]);
     list.addItem(state_.tVarName[column]);
   }
   list.addItem("Fitted Y");
@@ -203,9 +197,9 @@ void frmControlPanel::SetupChangeDataSourceButton() {
       cmdChangeDataSource.setTip("Choose a new example");
       break;
     default:
-      desktop().messageBox({.title = {},
-                            .text = "Error in SetupChangeDataSourceButton - bad source:" +
-                                    std::to_string(state_.iDataSource)});
+      desktop().messageBox({{},
+                            "Error in SetupChangeDataSourceButton - bad source:" +
+                                std::to_string(state_.iDataSource)});
   }
 }
 
@@ -234,7 +228,7 @@ void frmControlPanel::cboYAxisVar_Click() {
 void frmControlPanel::cmdUpdateGraphs_Click() {
   state_.iPlotXVar[plot()] = static_cast<Int16>(cboXAxisVar.listIndex());
   state_.iPlotYVar[plot()] = static_cast<Int16>(cboYAxisVar.listIndex());
-  if (updateScatterPlot) updateScatterPlot(state_.iCurrentPlot);
+  raise(updateScatterPlot, state_.iCurrentPlot);
   SaveControlState();
   stopFlash();
 }

@@ -92,10 +92,8 @@ void MainFlow::tickOptions() {
 // Comes back when the student stays.
 void MainFlow::askWhetherToExit() {
   while (parts_.notebook.LastAction() == NoteBook::closedByCancel) {
-    const Answer answer = parts_.desktop.messageBox({.title = moduleTitle,
-                                                     .text = "Exit module?",
-                                                     .icon = MessageIcon::question,
-                                                     .buttons = MessageButtons::yesNo});
+    const Answer answer = parts_.desktop.messageBox(
+        {moduleTitle, "Exit module?", MessageIcon::question, MessageButtons::yesNo});
     if (answer == Answer::yes) parts_.frame.requestClose();
     parts_.notebook.ShowNotebook();
   }

@@ -16,13 +16,13 @@ void OwnData::tellLostWork() {
   const bool someCanBeRead = readable != lost.end();
   desktop_.doEvents();  // what stands behind the box is painted first
   desktop_.messageBox(
-      {.title = "Unsaved Data",
-       .text = "The program ended before the data in the Data Editor were saved (" +
-               localTime((someCanBeRead ? *readable : lost.front())->written()) +
-               (someCanBeRead ? "). Open the Data Editor from the Notebook to bring them back."
-                              : "), and the copy that it kept of them cannot be read. Open the "
-                                "Data Editor from the Notebook to keep or delete it."),
-       .icon = MessageIcon::information});
+      {"Unsaved Data",
+       "The program ended before the data in the Data Editor were saved (" +
+           localTime((someCanBeRead ? *readable : lost.front())->written()) +
+           (someCanBeRead ? "). Open the Data Editor from the Notebook to bring them back."
+                          : "), and the copy that it kept of them cannot be read. Open the "
+                            "Data Editor from the Notebook to keep or delete it."),
+       MessageIcon::information});
 }
 
 void OwnData::setUp() {

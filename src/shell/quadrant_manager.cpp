@@ -56,7 +56,7 @@ void QuadrantManager::RestoreInitialDisplays() {
 
 void QuadrantManager::ShowNewWindow(int iCategory, int iIndex) {
   if (!findDisplay({iCategory, iIndex})) {
-    messages_.messageBox({.title = {}, .text = "Error in ShowNewWindow"});
+    messages_.messageBox({{}, "Error in ShowNewWindow"});
     return;
   }
   Window* current = state_.frmCurrentDisplay;
@@ -142,7 +142,7 @@ void QuadrantManager::hideOccupant(int iRow, int iCol) {
 }
 
 Quadrant& QuadrantManager::quadrant(int iRow, int iCol) {
-  return state_.uQuadrant.at(static_cast<std::size_t>(iRow)).at(static_cast<std::size_t>(iCol));
+  return state_.uQuadrant.at(iRow).at(iCol);
 }
 
 }  // namespace tolmer

@@ -62,8 +62,8 @@ int listedVariables(const AnalysisState& state) {
 }
 
 const std::string& variableName(const AnalysisState& state, int variable) {
-  const Int16 column = state.iModelCol[static_cast<std::size_t>(variable)];
-  return state.tVarName[static_cast<std::size_t>(column)];
+  const Int16 column = state.iModelCol[variable];
+  return state.tVarName[column];
 }
 
 }  // namespace tolmer

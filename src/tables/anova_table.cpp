@@ -43,7 +43,7 @@ std::string picture(float value, int digits, bool exponent) {
 
 void putHeads(TableContent& table) {
   for (int column = source; column <= pValue; ++column)
-    table.heading(headRow, column, heads[static_cast<std::size_t>(column - 1)],
+    table.heading(headRow, column, heads[column - 1],
                   column == source ? Align::left : Align::right);
 }
 

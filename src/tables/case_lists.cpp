@@ -31,7 +31,7 @@ void putCase(TableContent& table, const AnalysisState& state, int iCase, CellRol
   table.setCase(row, iCase);
   table.at(row, 1) = {std::to_string(iCase), role, CellMark::none, Align::centre};
   if (!state.bLabeledData) return;
-  table.at(row, 2) = {state.tCaseLabel[static_cast<std::size_t>(iCase)] + " ",
+  table.at(row, 2) = {state.tCaseLabel[iCase] + " ",
                       role == CellRole::heading ? role : CellRole::text, CellMark::none,
                       Align::left};
 }
@@ -52,7 +52,7 @@ void putData(TableContent& table, const AnalysisState& state, int iCase,
   int col = caseColumns(state);
   int j = 0;
   for (const NumberPicture& picture : pictures) {
-    const float value = state.sData(iCase, state.iModelCol[static_cast<std::size_t>(++j)]);
+    const float value = state.sData(iCase, state.iModelCol[++j]);
     table.figure(iCase + 1, ++col, formatNumber(value, picture), Align::centre,
                  outlierMark(state, j, value));
   }
@@ -137,8 +137,7 @@ class ResidualRows {
 TableContent residualHeads(const AnalysisState& state, int cases, int columns) {
   TableContent table = withCaseHeads(cases + 1, columns, state);
   for (int col = 1; col <= columns; ++col)
-    table.heading(1, caseColumns(state) + col, heads[static_cast<std::size_t>(col - 1)],
-                  Align::centre);
+    table.heading(1, caseColumns(state) + col, heads[col - 1], Align::centre);
   return table;
 }
 
@@ -152,8 +151,7 @@ TableContent dataList(const AnalysisState& state) {
   for (int j = 1; j <= variables; ++j)
     table.heading(1, caseColumns(state) + j, variableName(state, j), Align::centre);
   std::vector<NumberPicture> pictures;
-  for (int j = 1; j <= variables; ++j)
-    pictures.emplace_back(state.tVarFormat[static_cast<std::size_t>(j)]);
+  for (int j = 1; j <= variables; ++j) pictures.emplace_back(state.tVarFormat[j]);
   for (int i = 1; i <= cases; ++i) putData(table, state, i, pictures);
   table.frameRowsBelow();
   table.key(1, CellMark::outlier);

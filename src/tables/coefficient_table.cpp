@@ -100,8 +100,7 @@ std::vector<TermEstimate> termEstimates(const AnalysisState& state) {
 TableContent coefficientTable(const std::vector<TermEstimate>& terms) {
   TableContent table(static_cast<int>(terms.size()) + 1 + TableContent::rowsBelow, upper);
   for (int column = name; column <= upper; ++column)
-    table.heading(1, column, heads[static_cast<std::size_t>(column - 1)],
-                  column == name ? Align::left : Align::right);
+    table.heading(1, column, heads[column - 1], column == name ? Align::left : Align::right);
   int row = 1;
   for (const TermEstimate& term : terms) putTerm(table, ++row, term);
   table.frameRowsBelow();

@@ -76,8 +76,8 @@ class TableContent {
     return std::span(cells_).subspan(index(row), static_cast<std::size_t>(cols_));
   }
   // The case that a row tells of, from 1; 0 where it tells of none.
-  int caseOf(int row) const { return cases_[static_cast<std::size_t>(row) - 1]; }
-  void setCase(int row, int iCase) { cases_[static_cast<std::size_t>(row) - 1] = iCase; }
+  int caseOf(int row) const { return cases_[row - 1]; }
+  void setCase(int row, int iCase) { cases_[row - 1] = iCase; }
 
   void heading(int row, int col, std::string text, Align align) {
     at(row, col) = {std::move(text), CellRole::heading, CellMark::none, align};

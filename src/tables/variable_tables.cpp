@@ -92,10 +92,9 @@ std::vector<VariableSummary> variableSummaries(const AnalysisState& state) {
   const double factor = sampleFactor(state.iNumCases);
   std::vector<VariableSummary> summaries;
   for (int j = 1; j <= listedVariables(state); ++j) {
-    const auto at = static_cast<std::size_t>(j);
     summaries.push_back({variableName(state, j), stat(1, j), stat(2, j), factor * stat(2, j),
-                         stat(3, j), stat(4, j), static_cast<VarType>(state.iVarType[at]),
-                         state.tVarFormat[at]});
+                         stat(3, j), stat(4, j), static_cast<VarType>(state.iVarType[j]),
+                         state.tVarFormat[j]});
   }
   return summaries;
 }
@@ -112,8 +111,7 @@ TableContent descriptionTable(const AnalysisState& state) {
   const auto summaries = variableSummaries(state);
   TableContent table(static_cast<int>(summaries.size()) + 1, type);
   for (int col = name; col <= type; ++col)
-    table.heading(1, col, heads[static_cast<std::size_t>(col - 1)],
-                  col == name ? Align::left : Align::centre);
+    table.heading(1, col, heads[col - 1], col == name ? Align::left : Align::centre);
   int row = 1;
   for (const VariableSummary& variable : summaries) putVariable(table, ++row, variable);
   return table;

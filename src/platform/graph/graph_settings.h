@@ -34,7 +34,7 @@ struct Axis {
   void setLabel(int tick, std::string text) {
     if (labels.size() < static_cast<std::size_t>(tick))
       labels.resize(static_cast<std::size_t>(tick));
-    labels[static_cast<std::size_t>(tick) - 1] = std::move(text);
+    labels[tick - 1] = std::move(text);
   }
 };
 

@@ -111,7 +111,7 @@ void snapSegment(ViewPoint& a, ViewPoint& b) {
 
 Colour paletteColour(int index) {
   if (index < 0 || index >= static_cast<int>(colours16.size())) return colours::black;
-  return colours16[static_cast<std::size_t>(index)];
+  return colours16[index];
 }
 
 Colour tint(Colour colour, double share) {

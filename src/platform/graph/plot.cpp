@@ -343,14 +343,14 @@ void Plot::setNumPoints(int count) {
 }
 
 void Plot::setPoint(int point, float x, float value, int iCase) {
-  settings.points.at(static_cast<std::size_t>(point) - 1) = {x, value, iCase};
+  settings.points.at(point - 1) = {x, value, iCase};
 }
 
 void Plot::setPointLabel(int point, std::string text) {
   auto& labels = settings.pointLabels;
   if (labels.size() < static_cast<std::size_t>(point))
     labels.resize(static_cast<std::size_t>(point));
-  labels[static_cast<std::size_t>(point) - 1] = std::move(text);
+  labels[point - 1] = std::move(text);
 }
 
 void Plot::setDrawMode(DrawMode) {

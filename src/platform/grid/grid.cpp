@@ -121,12 +121,12 @@ void Grid::clear(const CellBlock& block) {
 }
 
 void Grid::setColWidth(int col, Twips width) {
-  Twips& place = colWidths_[static_cast<std::size_t>(col)];
+  Twips& place = colWidths_[col];
   if (std::exchange(place, width) != width) tellLayout();
 }
 
 void Grid::setRowHeight(int row, Twips height) {
-  Twips& place = rowHeights_[static_cast<std::size_t>(row)];
+  Twips& place = rowHeights_[row];
   if (std::exchange(place, height) != height) tellLayout();
 }
 

@@ -62,8 +62,8 @@ class Grid : public Control {
   const CellBlock& changedCells() const { return changedCells_; }
 
   // --- layout
-  Twips colWidth(int col) const { return colWidths_[static_cast<std::size_t>(col)]; }
-  Twips rowHeight(int row) const { return rowHeights_[static_cast<std::size_t>(row)]; }
+  Twips colWidth(int col) const { return colWidths_[col]; }
+  Twips rowHeight(int row) const { return rowHeights_[row]; }
   void setColWidth(int col, Twips width);
   void setRowHeight(int row, Twips height);
   void showHeadings(bool row, bool col);

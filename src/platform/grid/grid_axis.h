@@ -17,7 +17,7 @@ class GridAxis {
 
   int count() const { return static_cast<int>(starts_.size()) - 2; }
   // The first pixel of its cells; that of `count() + 1` is where the next one would stand.
-  int start(int index) const { return starts_[static_cast<std::size_t>(index)]; }
+  int start(int index) const { return starts_[index]; }
   // Without the line behind it.
   int size(int index) const;
   // With all lines.
