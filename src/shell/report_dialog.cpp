@@ -143,23 +143,24 @@ void frmReport::layOut() {
   setPlace({0, 0, dialogWidth, commands + commandHeight + dialogMargin});
 }
 
-// Down the left column first, as the report has them.
+// The boxes go down the left column first, as the report has them.
 void frmReport::layOutContents(Twips top) {
   constexpr Twips underTitle = pixels(22);
   constexpr Twips buttonWidth = pixels(72);
   const Twips width = dialogWidth - 2 * dialogMargin;
   const Twips column = (width - gap) / 2;
   const int rows = (chkPart.last() + 1) / 2;
+  cmdAll.setPlace({gap, underTitle, buttonWidth, fieldHeight});
+  cmdNone.setPlace({cmdAll.right() + pixels(8), underTitle, buttonWidth, fieldHeight});
+  const Twips boxes = cmdAll.bottom() + pixels(6);
   for (int i = chkPart.first(); i <= chkPart.last(); ++i) {
     const int place = i - 1;
     chkPart(i).setPlace({gap + (place < rows ? 0 : column),
-                         underTitle + static_cast<float>(place % rows) * partPitch, column - gap,
+                         boxes + static_cast<float>(place % rows) * partPitch, column - gap,
                          partPitch});
   }
-  const Twips buttons = underTitle + static_cast<float>(rows) * partPitch + pixels(6);
-  cmdAll.setPlace({gap, buttons, buttonWidth, fieldHeight});
-  cmdNone.setPlace({cmdAll.right() + pixels(8), buttons, buttonWidth, fieldHeight});
-  fraContents.setPlace({dialogMargin, top, width, buttons + fieldHeight + pixels(10)});
+  fraContents.setPlace(
+      {dialogMargin, top, width, boxes + static_cast<float>(rows) * partPitch + pixels(8)});
 }
 
 void frmReport::tickAll(int value) {

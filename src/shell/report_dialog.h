@@ -52,9 +52,9 @@ class frmReport : public Window {
   Label lblRemarks{this, "lblRemarks", "&Remarks:"};
   TextBox txtRemarks{this, "txtRemarks"};
   Frame fraContents{this, "fraContents", "Contents"};
-  ControlArray<CheckBox> chkPart{fraContents, "chkPart"};
   Button cmdAll{&fraContents, "cmdAll", "A&ll"};
   Button cmdNone{&fraContents, "cmdNone", "&None"};
+  ControlArray<CheckBox> chkPart{fraContents, "chkPart"};
   Label lblCaseLists{this, "lblCaseLists", "Lists of &cases:"};
   ComboBox cboCaseLists{this, "cboCaseLists"};
   Label lblPaper{this, "lblPaper", "&Paper:"};
