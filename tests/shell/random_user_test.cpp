@@ -352,7 +352,7 @@ TEST_P(RandomUserTest, FindsTheWholeProgramSound) {
   for (const auto& [name, times] : user.seen) std::printf("%6d %s\n", times, name.c_str());
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomUserTest, testing::Values(1, 2, 4, 6));
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomUserTest, testing::Values(1, 2, 4));
 
 }  // namespace
 }  // namespace tolmer::test
