@@ -8,8 +8,10 @@
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QTest>
+#include <QToolTip>
 
 #include "platform/qt/convert.h"
+#include "platform/qt/theme.h"
 
 namespace tolmer {
 namespace {
@@ -160,6 +162,16 @@ TEST_F(GridViewTest, IsATableToScreenReaders) {
   QAccessibleInterface* cell = table->cellAt(4, 1);
   EXPECT_EQ(cell->text(QAccessible::Name), "5");
   EXPECT_EQ(cell->text(QAccessible::Description), "X2");
+  grid.setRemarks({{{5, 2}, "better: 5.1"}, {{5, 2}, "or so"}});
+  EXPECT_EQ(cell->text(QAccessible::Description), "X2, better: 5.1\nor so");
+  const QRect place = view.cellRect({5, 2});
+  QHelpEvent rests(QEvent::ToolTip, place.center(),
+                   view.viewport()->mapToGlobal(place.center()));
+  QCoreApplication::sendEvent(view.viewport(), &rests);
+  EXPECT_TRUE(QToolTip::text().contains("better: 5.1"));
+  const QImage picture = view.viewport()->grab().toImage();
+  EXPECT_EQ(picture.pixelColor(place.topRight() - QPoint(1, -1)), theme::accent);
+  EXPECT_NE(picture.pixelColor(place.topLeft()), theme::accent);
   EXPECT_EQ(cell->role(), QAccessible::Cell);
   EXPECT_EQ(self->child(self->indexOfChild(cell)), cell);
   const QPoint middle = cell->rect().center();

@@ -244,6 +244,36 @@ struct Quadrants : FrameWindow {
   Window second;
 };
 
+struct Footed : Quadrants {
+  explicit Footed(Desktop& desktop) : Quadrants(desktop) {
+    ground = innerHeight();
+    setFootHeight(pixels(25));
+    link.setIsLink(true);
+    link.setPlace({0, 0, pixels(90), pixels(25)});
+    announceChildren();
+    show();
+    desktop.doEvents();
+  }
+  Twips ground = 0;
+  Label link{this, "lnk", "2 notes"};
+};
+
+TEST_P(WindowsSuite, AFootTakesItsHeightFromTheGroundAndIsReachedAfterTheLastChild) {
+  Footed frame(desktop);
+  EXPECT_EQ(frame.innerHeight(), frame.ground - pixels(25));
+  int clicks = 0;
+  frame.link.Click = [&] { ++clicks; };
+  frame.activate(frame.second);
+  frame.activateNext();
+  EXPECT_TRUE(frame.link.hasFocus());
+  user.key("mdi", {keys::enter});
+  user.click("mdi", "lnk");
+  EXPECT_EQ(clicks, 2);
+  frame.link.setFocus();
+  frame.activate(frame.second);
+  EXPECT_FALSE(frame.link.hasFocus()) << "back where it came from";
+}
+
 TEST_P(WindowsSuite, ChildIsMaximisedAndRestored) {
   Quadrants frame(desktop);
   int resizes = 0;

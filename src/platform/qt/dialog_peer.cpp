@@ -71,7 +71,7 @@ class DialogPeer : public WindowPeer {
     const QRect wanted = toPixels(window().place());
     const QSize room = screenPlace().size() - bars();
     const QSize shown = wanted.size().boundedTo(room);
-    standOnScroller(shown != wanted.size());
+    standOnScroller(shown != wanted.size(), shown);
     const QSize outer = shown + QSize(0, menuHeight());
     if (!window().sizable())
       dialog_->setFixedSize(outer);
@@ -98,16 +98,14 @@ class DialogPeer : public WindowPeer {
   }
 
   // Where the screen is too small for the window, what is beyond its edge must be reachable.
-  void standOnScroller(bool needed) {
-    if (!needed || scroller_) {
-      if (scroller_) scroller_->resize(dialog_->maximumSize() - QSize(0, menuHeight()));
-      return;
-    }
+  void standOnScroller(bool needed, QSize shown) {
+    if (scroller_) scroller_->resize(shown);
+    if (!needed || scroller_) return;
     scroller_ = new QScrollArea(dialog_);
     scroller_->setFrameShape(QFrame::NoFrame);
     scroller_->setFocusPolicy(Qt::NoFocus);
     scroller_->setWidget(childrenGround());
-    scroller_->setGeometry(QRect({0, 0}, screenPlace().size() - bars()));
+    scroller_->setGeometry(QRect({0, 0}, shown));
   }
 
   void followState() {
