@@ -117,9 +117,9 @@ void UnSpecifyIndepVars(WorkingCopy& copy, const RowSelection& selection) {
 }
 
 void CheckForChanges(WorkingCopy& copy, const AnalysisState& state) {
-  copy.mbModelHasChanged = !(sameDescription(copy, state) && sameModel(copy, state) &&
-                             sameLabels(copy, state) && sameValues(copy, state) &&
-                             copy.origin.leftOut == state.uOrigin.leftOut);
+  copy.mbModelHasChanged =
+      !(sameDescription(copy, state) && sameModel(copy, state) && sameLabels(copy, state) &&
+        sameValues(copy, state) && copy.origin.leftOut == state.uOrigin.leftOut);
 }
 
 void CheckModelSpec(WorkingCopy& copy) {

@@ -28,7 +28,7 @@ struct HelpRequest {
   enum class Kind { contents, topic, search, usingHelp, quit };
   std::string file;  // help file without folder or ending, in lower case
   Kind kind = Kind::topic;
-  long context = 0;   // for a topic
+  long context = 0;     // for a topic
   std::string entry{};  // of its page, to be in sight; empty for the beginning
 };
 

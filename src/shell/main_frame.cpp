@@ -67,8 +67,8 @@ void mdiReg::placeStatus() {
   const Twips left = std::max(innerWidth() - statusMargin - width, 0.0F);
   const Twips top = pixels(1);  // below the line at its upper edge
   lblNotes.setPlace({left, top, width, statusHeight - top});
-  lblStatus.setPlace({statusMargin, top, std::max(left - 2 * statusMargin, 0.0F),
-                      statusHeight - top});
+  lblStatus.setPlace(
+      {statusMargin, top, std::max(left - 2 * statusMargin, 0.0F), statusHeight - top});
 }
 
 }  // namespace tolmer

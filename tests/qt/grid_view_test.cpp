@@ -165,8 +165,7 @@ TEST_F(GridViewTest, IsATableToScreenReaders) {
   grid.setRemarks({{{5, 2}, "better: 5.1"}, {{5, 2}, "or so"}});
   EXPECT_EQ(cell->text(QAccessible::Description), "X2, better: 5.1\nor so");
   const QRect place = view.cellRect({5, 2});
-  QHelpEvent rests(QEvent::ToolTip, place.center(),
-                   view.viewport()->mapToGlobal(place.center()));
+  QHelpEvent rests(QEvent::ToolTip, place.center(), view.viewport()->mapToGlobal(place.center()));
   QCoreApplication::sendEvent(view.viewport(), &rests);
   EXPECT_TRUE(QToolTip::text().contains("better: 5.1"));
   const QImage picture = view.viewport()->grab().toImage();

@@ -52,8 +52,7 @@ Answer HeadlessDesktop::messageBox(const MessageBox& box) {
 void HeadlessDesktop::present(Window& window) {
   if (!window.peer()) window.setPeer(std::make_unique<HeadlessPeer>(*this, window));
   if (const auto* frame = dynamic_cast<const FrameWindow*>(&window))
-    window.reportInnerSize(
-        {screen_.width, screen_.height - menuBarHeight - frame->footHeight()});
+    window.reportInnerSize({screen_.width, screen_.height - menuBarHeight - frame->footHeight()});
 }
 
 void HeadlessDesktop::modalLoop(Window& window) {

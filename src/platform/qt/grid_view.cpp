@@ -113,9 +113,10 @@ bool GridView::viewportEvent(QEvent* event) {
   const CellPosition cell = cellAt(help.pos());
   const std::string remark(isOverCells(help.pos()) ? grid_.remarkOn(cell) : std::string_view());
   // As rich text it wraps.
-  QToolTip::showText(help.globalPos(),
-                     remark.empty() ? QString() : Qt::convertFromPlainText(toQt(remark)),
-                     viewport(), cellRect(cell));
+  QToolTip::showText(
+      help.globalPos(),
+      remark.empty() ? QString() : Qt::convertFromPlainText(toQt(remark), Qt::WhiteSpaceNormal),
+      viewport(), cellRect(cell));
   return true;
 }
 
