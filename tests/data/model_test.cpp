@@ -47,7 +47,9 @@ TEST(ModelCheck, WhatCountsAsAChange) {
       [](WorkingCopy& copy) { copy.oiIndepVarCol(2) = 2; },
       [](WorkingCopy& copy) { copy.otCaseLabel(4) = "Dornach"; },
       [](WorkingCopy& copy) { copy.osData(4, 3) += 1e-6F; },
-      [](WorkingCopy& copy) { copy.origin.leftOut = {{5, "Muttenz", "a gap in francs"}}; }};
+      [](WorkingCopy& copy) {
+        copy.origin.leftOut = {{5, "Muttenz", "a gap in francs"}};
+      }};
   const WorkingCopy accepted = rents();
   EXPECT_FALSE(changed(accepted, accepted));
   for (std::size_t i = 0; i < changes.size(); ++i) {

@@ -118,7 +118,8 @@ void HeadlessUser::doMenu(Window&, const std::vector<MenuItem*>& path) {
 }
 
 void HeadlessUser::doKey(Window& window, const KeyPress& key) {
-  if (auto* frame = dynamic_cast<FrameWindow*>(&window); frame && frame->activeChild() && !frame->focus())
+  if (auto* frame = dynamic_cast<FrameWindow*>(&window);
+      frame && frame->activeChild() && !frame->focus())
     return doKey(*frame->activeChild(), key);
   if (pressShortcut(window, key)) return;
   bool taken = false;
