@@ -57,7 +57,8 @@ int main(int argc, char** argv) {
   }
   const std::string_view bytes = standardInput();
   const auto kind = tolmer::kindOfFile(bytes);
-  if (kind == tolmer::ForeignKind::sav || kind == tolmer::ForeignKind::dta) tolmer::prepareEncodings();
+  if (kind == tolmer::ForeignKind::sav || kind == tolmer::ForeignKind::dta)
+    tolmer::prepareEncodings();
   if (!tolmer::confineProcess()) return EXIT_FAILURE;
   const bool written = write(tolmer::cutText(read(bytes, *request)));
   ::_exit(written ? EXIT_SUCCESS : EXIT_FAILURE);

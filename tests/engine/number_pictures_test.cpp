@@ -1,8 +1,8 @@
 // The picture that is chosen for a number or a column, and the text by a picture.
+#include <gtest/gtest.h>
 #include <algorithm>
 #include <cmath>
 #include <cstdlib>
-#include <gtest/gtest.h>
 #include <limits>
 
 #include "engine/picture_choice.h"

@@ -1,7 +1,7 @@
 // The tables of the data: the two lists of the cases, description and correlations of variables.
-#include <cmath>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <cmath>
 
 #include "tables/case_lists.h"
 #include "tables/table_support.h"
