@@ -260,6 +260,7 @@ void ImportFindings::findHeading() {
   const bool onlyLabels = pasted && columns() == 1 && target_.column == 0;
   const bool named = namesAreShort_ || (book_ && book_->table.namesApart);
   auto heading = named ? true : headingByLook();
+  if (!heading && firstRowHasWantedNames()) heading = true;
   if (target_.hints.headingRow) heading = *target_.hints.headingRow > 0;
   if (!heading && (cursorOnNames || onlyLabels)) heading = cursorOnNames;
   if (cursorOnNames && table_.rows.size() == 1) heading = true;

@@ -98,6 +98,7 @@ class ImportFindings {
   bool landsAs(Use use, int column) const { return uses_[static_cast<std::size_t>(column)] == use; }
   std::vector<std::string> columnNames() const;
   void findWanted();
+  bool firstRowHasWantedNames() const;
   Use wantedUse(const std::string& name, int column) const;
   void leaveOutUnplain();
   bool isBareNumber(int row, int column) const;

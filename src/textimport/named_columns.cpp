@@ -29,6 +29,19 @@ std::vector<std::string> ImportFindings::columnNames() const {
   return names;
 }
 
+// Who names the columns by what stands there takes it for names.
+bool ImportFindings::firstRowHasWantedNames() const {
+  if (!target_.hints.wanted) return false;
+  std::vector<std::string> wanted = target_.hints.wanted->numbers;
+  wanted.push_back(target_.hints.wanted->labels);
+  std::erase(wanted, "");
+  const auto& first = table_.rows.front();
+  return !wanted.empty() && std::all_of(wanted.begin(), wanted.end(), [&](const auto& name) {
+    return std::any_of(first.begin(), first.end(),
+                       [&](const std::string& text) { return onOneLine(text) == name; });
+  });
+}
+
 void ImportFindings::findWanted() {
   const auto names = columnNames();
   for (int column = 0; column < columns(); ++column) {

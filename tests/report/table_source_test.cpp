@@ -122,7 +122,10 @@ TEST_F(TableSet, DoubtsNameTheirOption) {
   EXPECT_EQ(with("--percent", "divided", "Rent;Size\n1;50%\n3;4\n"), "0.500000");
   EXPECT_EQ(with("--missing", "-99", "Rent,Size\n-99,7\n1,2\n3,4\n"), "2.000000");
   options.import = {};
+  EXPECT_EQ(faultOf("Rent,1990\n1,2\n3,4\n"), "no fault");  // --y names one
+  options.y = "Price";
   EXPECT_THAT(faultOf("Rent,1990\n1,2\n3,4\n"), HasSubstr("--header-row with its number"));
+  options.y = "Rent";
   EXPECT_THAT(faultOf("Rent,Size\n1,2\n3,1e39\n"),
               HasSubstr("t.csv, line 3, column 2: 1e39 is no number this program can hold"));
   EXPECT_THAT(faultOf("Rent,Size,Rent\n1,2,3\n"), HasSubstr("a second column is named \"Rent\""));
