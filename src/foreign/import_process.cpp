@@ -216,7 +216,7 @@ std::string importProgram() {
   const fs::path name = "tolimport";
   for (const fs::path& place : {here / name, here.parent_path() / "libexec" / name})
     if (fs::exists(place, failed)) return place.string();
-  return name.string();
+  return (here / name).string();
 }
 
 bool isForeign(std::string_view bytes) {

@@ -11,8 +11,8 @@
 
 namespace tolmer {
 
-// Where the program lies, beside the running one or in ../libexec; its name alone where it is in
-// neither.
+// Where the program lies, beside the running one or in ../libexec; beside it where it is in
+// neither, never where the user happens to be.
 std::string importProgram();
 
 struct ImportReader {

@@ -7,6 +7,7 @@
 #include "editor/editor_visit.h"
 #include "sheetfiles/editor_file.h"
 #include "support/faults.h"
+#include "support/tree.h"
 
 namespace tolmer::test {
 namespace {
@@ -378,6 +379,26 @@ TEST_F(DataEditorFiles, AnotherProgramsFileIsNamedByItsContentAndTheSheetStands)
     click("cmdOpen");
     EXPECT_FALSE(editor.sheet().changeMade());
     click("cmdCancel");
+  });
+}
+
+TEST_F(DataEditorFiles, AWorkbookIsAskedAboutAndLandsInTheSheet) {
+  visit([&] {
+    opens(TOLMER_SOURCE_DIR "/fuzz/corpus/foreign_file/xlsxwriter.xlsx");
+    script.window("frmTextImport", [&] {
+      for (int i = 1; i <= 15; ++i) {
+        const std::string name = "cmboAnswer(" + std::to_string(i) + ")";
+        auto& box = user.get<ComboBox>("frmTextImport", name);
+        if (box.visible() && box.listIndex() < 0)
+          user.choose("frmTextImport", name, box.items().at(0));
+      }
+      user.click("frmTextImport", "cmdOK");
+    });
+    click("cmdOpen");
+    EXPECT_EQ(shown(0, 1), "size");
+    EXPECT_EQ(shown(1, 0), "Oslo");
+    EXPECT_EQ(editor.sheet().cell(2, 2).number, 1e-7);
+    cancel();
   });
 }
 
