@@ -144,26 +144,15 @@ void frmModelDesign::Form_Load() {
 }
 
 void frmModelDesign::loadDataSource() {
-  if (state_.iDataSource == databasePage) return LoadNewDatabase();
+  const auto load = [this](auto* routine) {
+    routine(copy_, sources_.scenarios, sources_.programFolder, desktop());
+    displayLoadedModel();
+  };
+  if (state_.iDataSource == databasePage) return load(LoadNewDatabase);
   if (state_.iDataSource == dataEditor) return LoadFromDataEditor();
   if (state_.iDataSource == scenarioExample)
-    return state_.bUseDefaultData ? LoadDefaultExample() : LoadNewExample();
+    return load(state_.bUseDefaultData ? LoadDefaultExample : LoadNewExample);
   return DimensionModelDesignerArrays(copy_);
-}
-
-void frmModelDesign::LoadDefaultExample() {
-  tolmer::LoadDefaultExample(copy_, sources_.scenarios, sources_.programFolder, desktop());
-  displayLoadedModel();
-}
-
-void frmModelDesign::LoadNewExample() {
-  tolmer::LoadNewExample(copy_, sources_.scenarios, sources_.programFolder, desktop());
-  displayLoadedModel();
-}
-
-void frmModelDesign::LoadNewDatabase() {
-  tolmer::LoadNewDatabase(copy_, sources_.scenarios, sources_.programFolder, desktop());
-  displayLoadedModel();
 }
 
 void frmModelDesign::LoadFromDataEditor() {

@@ -37,9 +37,6 @@ class frmModelDesign : public Window {
   std::function<void()> ShowInitialChildren;
 
   // --- the loaders: a data set, its model on the screen
-  void LoadDefaultExample();
-  void LoadNewExample();
-  void LoadNewDatabase();
   void LoadFromDataEditor();
 
   // --- the working copy on the screen

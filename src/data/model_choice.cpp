@@ -52,14 +52,6 @@ Int16 modelColumn(const AnalysisState& state, int index) {
   return at < state.iModelCol.size() ? state.iModelCol[at] : Int16{0};
 }
 
-bool sameDescription(const WorkingCopy& copy, const AnalysisState& state) {
-  return copy.mbUseIntercept == state.bUseIntercept && copy.miNumCases == state.iNumCases &&
-         copy.miNumCols == state.iNumCols && copy.mtDataFileName == state.tDataFileName &&
-         copy.mtDataFileInfoName == state.tDataFileInfoName &&
-         copy.mbLabeledData == state.bLabeledData && copy.mbInfoAvailable == state.bInfoAvailable &&
-         copy.mtLabelColName == state.tLabelColName;
-}
-
 bool sameModel(const WorkingCopy& copy, const AnalysisState& state) {
   if (copy.miNumPredictors != state.iNumPredictors || copy.miDepVarCol != modelColumn(state, 1))
     return false;
@@ -118,8 +110,9 @@ void UnSpecifyIndepVars(WorkingCopy& copy, const RowSelection& selection) {
 
 void CheckForChanges(WorkingCopy& copy, const AnalysisState& state) {
   copy.mbModelHasChanged =
-      !(sameDescription(copy, state) && sameModel(copy, state) && sameLabels(copy, state) &&
-        sameValues(copy, state) && copy.origin.leftOut == state.uOrigin.leftOut);
+      !(describedData(copy) == describedData(state) && sameModel(copy, state) &&
+        sameLabels(copy, state) && sameValues(copy, state) &&
+        copy.origin.leftOut == state.uOrigin.leftOut);
 }
 
 void CheckModelSpec(WorkingCopy& copy) {

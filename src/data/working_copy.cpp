@@ -62,29 +62,15 @@ Int16 listIndepVars(WorkingCopy& copy) {
 
 void CopyModuleVarsToGlobal(const WorkingCopy& copy, AnalysisState& state) {
   state.bModelHasChanged = true;
-  state.iNumCases = copy.miNumCases;
-  state.iNumCols = copy.miNumCols;
-  state.tDataFileName = copy.mtDataFileName;
-  state.tDataFileInfoName = copy.mtDataFileInfoName;
-  state.bLabeledData = copy.mbLabeledData;
-  state.bInfoAvailable = copy.mbInfoAvailable;
-  state.tLabelColName = copy.mtLabelColName;
+  describedData(state) = describedData(copy);
   state.iNumPredictors = copy.miNumPredictors;
-  state.bUseIntercept = copy.mbUseIntercept;
   RedimDataArrays(state);
   copyDataToGlobal(copy, state);
   copyModelToGlobal(copy, state);
 }
 
 void CopyGlobalVarsToModule(WorkingCopy& copy, const AnalysisState& state) {
-  copy.mbUseIntercept = state.bUseIntercept;
-  copy.miNumCases = state.iNumCases;
-  copy.miNumCols = state.iNumCols;
-  copy.mtDataFileName = state.tDataFileName;
-  copy.mtDataFileInfoName = state.tDataFileInfoName;
-  copy.mbLabeledData = state.bLabeledData;
-  copy.mbInfoAvailable = state.bInfoAvailable;
-  copy.mtLabelColName = state.tLabelColName;
+  describedData(copy) = describedData(state);
   copy.miNumPredictors = state.iNumPredictors;
   DimensionModelDesignerArrays(copy);
   if (!hasModel(state)) return;

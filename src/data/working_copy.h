@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <optional>
 #include <string>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -65,6 +66,21 @@ struct WorkingCopy {
   IndexedArray<Int16> oiIndepVarCol;      // (0..miNumCols); 1..miNumPredictors, ascending
   DataOrigin origin;                      // of osData
 };
+
+// What describes the data of a working copy or of the state, field by field, to be compared or
+// taken over.
+auto describedData(auto& copy) requires requires { copy.miNumCases; }
+{
+  return std::tie(copy.mbUseIntercept, copy.miNumCases, copy.miNumCols, copy.mtDataFileName,
+                  copy.mtDataFileInfoName, copy.mbLabeledData, copy.mbInfoAvailable,
+                  copy.mtLabelColName);
+}
+auto describedData(auto& state) requires requires { state.iNumCases; }
+{
+  return std::tie(state.bUseIntercept, state.iNumCases, state.iNumCols, state.tDataFileName,
+                  state.tDataFileInfoName, state.bLabeledData, state.bInfoAvailable,
+                  state.tLabelColName);
+}
 
 // Gives all arrays the bounds of miNumCases and miNumCols; their contents are lost.
 void DimensionModelDesignerArrays(WorkingCopy& copy);

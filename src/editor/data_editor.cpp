@@ -83,18 +83,11 @@ void frmDataEditor::wireMenu() {
 }
 
 void frmDataEditor::wireOptionsAndHelp() {
-  menu.mnuOptionFormatStd.Click = [this] {
-    frmNumericFormat dialog(desktop(), sheet_, true);
-    showDialog(dialog);
-  };
+  menu.mnuOptionFormatStd.Click = [this] { showDialog(frmNumericFormat(desktop(), sheet_, true)); };
   menu.mnuOptionFormatCol.Click = [this] {
-    frmNumericFormat dialog(desktop(), sheet_, false);
-    showDialog(dialog);
+    showDialog(frmNumericFormat(desktop(), sheet_, false));
   };
-  menu.mnuOptionSort.Click = [this] {
-    frmSortOptions dialog(desktop(), sheet_);
-    showDialog(dialog);
-  };
+  menu.mnuOptionSort.Click = [this] { showDialog(frmSortOptions(desktop(), sheet_)); };
   const auto help = [this](HelpRequest::Kind kind) {
     desktop().showHelp({.file = "dataedit", .kind = kind});
   };

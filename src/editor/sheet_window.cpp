@@ -482,10 +482,10 @@ void SheetWindow::find(bool replaces) {
     spdData.setActiveCell({at.row + 1, at.column + 1});
   });
   if (replaces && !findRequest_.words.text.empty()) dialog.startAtReplace();
-  showDialog(dialog);
+  showDialog(std::move(dialog));
 }
 
-void SheetWindow::showDialog(Window& dialog) {
+void SheetWindow::showDialog(Window&& dialog) {
   if (!entryIsTaken()) return;
   dialog.showModal();
   showStatus();

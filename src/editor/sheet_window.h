@@ -55,7 +55,7 @@ class SheetWindow : public Window {
   void fillDown();
   void fillSeries();
   void find(bool replaces);
-  void showDialog(Window& dialog);
+  void showDialog(Window&& dialog);
 
   DataSheet sheet_;
   std::string refusal_;  // what the status line says in place of the cell: what was not done, why

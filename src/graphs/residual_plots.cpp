@@ -154,15 +154,13 @@ NormalCurve curveOfResiduals(const AnalysisState& state, const AxisScale& axis) 
   const float s = state.Fit.sStdErr;
   const double z = NormalInverse(0.1 / state.iNumCases);
   const float sSpan = state.sResidClassLimit[iNumClasses + 1] - state.sResidClassLimit[1];
-  NormalCurve curve{};
-  curve.dLow = -z * s + sShift;
-  curve.dHigh = z * s + sShift;
-  curve.sMean = sShift;
-  curve.sStdDev = s;
-  curve.sAxisMin = sShift + axis.sAxisMin;
-  curve.sAxisLength = static_cast<float>(axis.iSteps) * axis.sStep;
-  curve.sFrequency = sSpan / static_cast<float>(iNumClasses) * state.iNumCases;
-  return curve;
+  return {.dLow = -z * s + sShift,
+          .dHigh = z * s + sShift,
+          .sMean = sShift,
+          .sStdDev = s,
+          .sAxisMin = sShift + axis.sAxisMin,
+          .sAxisLength = static_cast<float>(axis.iSteps) * axis.sStep,
+          .sFrequency = sSpan / static_cast<float>(iNumClasses) * state.iNumCases};
 }
 
 // Classes from -4 to 4 standard errors; the outer two also hold what lies beyond.
@@ -171,15 +169,13 @@ constexpr float standardMin = -4;
 
 NormalCurve standardCurve(const AnalysisState& state) {
   const float sShift = axisShift(standardMin);
-  NormalCurve curve{};
-  curve.dLow = sShift - 3;
-  curve.dHigh = sShift + 3;
-  curve.sMean = sShift;
-  curve.sStdDev = 1;
-  curve.sAxisMin = sShift + standardMin;
-  curve.sAxisLength = standardClasses;
-  curve.sFrequency = state.iNumCases;
-  return curve;
+  return {.dLow = sShift - 3,
+          .dHigh = sShift + 3,
+          .sMean = sShift,
+          .sStdDev = 1,
+          .sAxisMin = sShift + standardMin,
+          .sAxisLength = standardClasses,
+          .sFrequency = 1.0F * state.iNumCases};
 }
 
 std::string spokenHistogram(const AnalysisState& state) {

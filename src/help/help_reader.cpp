@@ -48,12 +48,10 @@ void HelpReader::open(HelpPlace place) {
 bool HelpReader::follow(std::string_view url) {
   const auto link = linkOfUrl(url);
   if (!link) return false;
-  const auto topic = book_.find(link->address);
-  if (!topic) {
+  if (const auto topic = book_.find(link->address))
+    open({*topic, link->entry, {}});
+  else
     open(link->address);
-    return true;
-  }
-  open({*topic, link->entry, {}});
   return true;
 }
 

@@ -27,18 +27,12 @@ std::string element(std::string_view name, std::string_view content) {
 // A ground needs blanks around its words that neither break nor vanish.
 std::string spanHtml(const PageSpan& span) {
   const std::string words = markupText(span.text);
-  switch (span.kind) {
-    case PageSpan::Kind::bold:
-      return element("b", words);
-    case PageSpan::Kind::link:
-      return "<a href=\"" + markupText(linkUrl(*parseHelpLink(span.target))) + "\">" + words +
-             "</a>";
-    case PageSpan::Kind::ground:
-      return "<span style=\"background-color:" + std::string(groundColour(span.target)) +
-             ";color:#000000\">&nbsp;" + words + "&nbsp;</span>";
-    case PageSpan::Kind::plain:
-      break;
-  }
+  if (span.kind == PageSpan::Kind::bold) return element("b", words);
+  if (span.kind == PageSpan::Kind::link)
+    return "<a href=\"" + markupText(linkUrl(*parseHelpLink(span.target))) + "\">" + words + "</a>";
+  if (span.kind == PageSpan::Kind::ground)
+    return "<span style=\"background-color:" + std::string(groundColour(span.target)) +
+           ";color:#000000\">&nbsp;" + words + "&nbsp;</span>";
   return words;
 }
 

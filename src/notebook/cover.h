@@ -54,7 +54,6 @@ class frmNoteSplash : public Window {
 
  private:
   void placeControls();
-  void Form_KeyPress(const KeyPress& press, bool& consumed);
 
   NoteBook& nbNoteBook_;
   int dots_ = 0;

@@ -60,32 +60,22 @@ void PageElements::beginPage() {
 bool PageElements::show(const Book& book, const PageElement& element,
                         const std::string& programFolder) {
   const int row = element.iIndex;
-  switch (element.iKind) {
-    case ElementKind::text:
-      ShowTextElement(book.uText[row]);
-      break;
-    case ElementKind::heading:
-      ShowHeadingElement(book.tHeading[row]);
-      break;
-    case ElementKind::jump:
-      ShowJumpElement(book.uJump[row]);
-      break;
-    case ElementKind::bitmap:
-      ShowBitmapElement(hostPath(programFolder + "\\" + book.tBitmap[row]));
-      break;
-    case ElementKind::space:
-      ShowSpace();
-      break;
-    case ElementKind::check:
-      ShowCheckElement(book.uCheck[row]);
-      break;
-    case ElementKind::version:
-      ShowVersionElement(book.uVersion[row]);
-      break;
-    default:
-      return element.iKind != ElementKind::scenario && element.iKind != ElementKind::outline;
-  }
-  return true;
+  const int kind = element.iKind;
+  if (kind == ElementKind::text)
+    ShowTextElement(book.uText[row]);
+  else if (kind == ElementKind::heading)
+    ShowHeadingElement(book.tHeading[row]);
+  else if (kind == ElementKind::jump)
+    ShowJumpElement(book.uJump[row]);
+  else if (kind == ElementKind::bitmap)
+    ShowBitmapElement(hostPath(programFolder + "\\" + book.tBitmap[row]));
+  else if (kind == ElementKind::space)
+    ShowSpace();
+  else if (kind == ElementKind::check)
+    ShowCheckElement(book.uCheck[row]);
+  else if (kind == ElementKind::version)
+    ShowVersionElement(book.uVersion[row]);
+  return kind != ElementKind::scenario && kind != ElementKind::outline;
 }
 
 void PageElements::UpdateNextControlTop(const Control& ctlOldTop) {

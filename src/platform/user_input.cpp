@@ -38,19 +38,11 @@ class Told {
 };
 
 void clickOn(Control& control) {
-  switch (control.kind()) {
-    case ControlKind::label:
-      if (!control.takesFocus()) static_cast<Label&>(control).click();
-      return;
-    case ControlKind::panel:
-      return static_cast<Panel&>(control).click();
-    case ControlKind::image:
-      return static_cast<Image&>(control).click();
-    case ControlKind::window:
-      return raise(static_cast<Window&>(control).Click);
-    default:
-      return;
-  }
+  const ControlKind kind = control.kind();
+  if (kind == ControlKind::label && !control.takesFocus()) static_cast<Label&>(control).click();
+  if (kind == ControlKind::panel) return static_cast<Panel&>(control).click();
+  if (kind == ControlKind::image) return static_cast<Image&>(control).click();
+  if (kind == ControlKind::window) return raise(static_cast<Window&>(control).Click);
 }
 
 }  // namespace

@@ -379,19 +379,17 @@ void DataSheet::markSaved(std::string fileName) {
   follow({.file = true});
 }
 
-const SheetJournal::Action* DataSheet::undo() {
+template <class Step>
+const SheetJournal::Action* DataSheet::step(Step undoOrRedo) {
   SheetChange change;
-  const SheetJournal::Action* undone = journal_.undo(state_, change);
-  if (undone) follow(std::move(change));
-  return undone;
+  const SheetJournal::Action* action = (journal_.*undoOrRedo)(state_, change);
+  if (action) follow(std::move(change));
+  return action;
 }
 
-const SheetJournal::Action* DataSheet::redo() {
-  SheetChange change;
-  const SheetJournal::Action* redone = journal_.redo(state_, change);
-  if (redone) follow(std::move(change));
-  return redone;
-}
+const SheetJournal::Action* DataSheet::undo() { return step(&SheetJournal::undo); }
+
+const SheetJournal::Action* DataSheet::redo() { return step(&SheetJournal::redo); }
 
 void DataSheet::startVisit() {
   journal_.forget();

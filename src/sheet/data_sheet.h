@@ -140,6 +140,8 @@ class DataSheet {
   void follow(SheetChange change);
   void replaceAll(std::string_view name, SheetContent content, std::string fileName);
   CellRange clipped(const CellRange& block) const;
+  template <class Step>
+  const SheetJournal::Action* step(Step undoOrRedo);
   CopiedBlock copyOf(std::vector<int> rows, std::vector<int> columns) const;
 
   SheetState state_;

@@ -141,16 +141,11 @@ std::optional<DataCell> formulaFromText(std::string_view text, const DataCell& a
 
 // Appends the cell. `above` is the cell over it, which a packed formula may refer to.
 void appendCell(std::string& out, const DataCell& cell, const DataCell& above, bool packed) {
-  switch (cell.kind) {
-    case DataCell::Kind::empty:
-      return;
-    case DataCell::Kind::number:
-      return appendNumber(out, cell.number, packed);
-    case DataCell::Kind::text:
-      out += '"';
-      return appendEscaped(out, cell.text);
-    case DataCell::Kind::formula:
-      break;
+  if (cell.kind == DataCell::Kind::empty) return;
+  if (cell.kind == DataCell::Kind::number) return appendNumber(out, cell.number, packed);
+  if (cell.kind == DataCell::Kind::text) {
+    out += '"';
+    return appendEscaped(out, cell.text);
   }
   const bool copied = packed && followsAbove(cell, above);
   out += copied ? '^' : '=';

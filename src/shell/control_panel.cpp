@@ -183,24 +183,16 @@ void frmControlPanel::stopFlash() {
 }
 
 void frmControlPanel::SetupChangeDataSourceButton() {
-  switch (state_.iDataSource) {
-    case databasePage:
-      cmdChangeDataSource.setCaption("Select &Database");
-      cmdChangeDataSource.setTip("Choose a new database");
-      break;
-    case dataEditor:
-      cmdChangeDataSource.setCaption("&Edit Data");
-      cmdChangeDataSource.setTip("Activate the Data Editor");
-      break;
-    case scenarioExample:
-      cmdChangeDataSource.setCaption("Select &Example");
-      cmdChangeDataSource.setTip("Choose a new example");
-      break;
-    default:
-      desktop().messageBox({{},
-                            "Error in SetupChangeDataSourceButton - bad source:" +
-                                std::to_string(state_.iDataSource)});
-  }
+  const auto offer = [this](const char* caption, const char* tip) {
+    cmdChangeDataSource.setCaption(caption);
+    cmdChangeDataSource.setTip(tip);
+  };
+  const Int16 source = state_.iDataSource;
+  if (source == databasePage) return offer("Select &Database", "Choose a new database");
+  if (source == dataEditor) return offer("&Edit Data", "Activate the Data Editor");
+  if (source == scenarioExample) return offer("Select &Example", "Choose a new example");
+  desktop().messageBox(
+      {{}, "Error in SetupChangeDataSourceButton - bad source:" + std::to_string(source)});
 }
 
 void frmControlPanel::showModel(std::string tEquation) {

@@ -123,30 +123,20 @@ void MainFlow::LoadModelAndData() {
 
 // False where the notebook's page opens no data.
 bool MainFlow::takeDataSource() {
+  const int section = parts_.notebook.LastSectionNumber();
   const bool pageHasData = parts_.notebook.LastPageNumber() > 1;
-  switch (parts_.notebook.LastSectionNumber()) {
-    case 1:
-      state_.iDataSource = scenarioExample;
-      state_.bUseDefaultData = true;
-      return !state_.bNewDataRequested;
-    case 2:
-    case 6:
-      return false;
-    case 3:
-      if (!pageHasData) return true;
-      state_.iDataSource = scenarioExample;
-      state_.bUseDefaultData = false;
-      return !state_.bNewDataRequested;
-    case 4:
-      if (!pageHasData) return true;
-      state_.iDataSource = databasePage;
-      state_.bUseDefaultData = false;
-      return true;
-    case 5:
-      return takeEditorData();
-    default:
-      return true;
+  if (section == 2 || section == 6) return false;
+  if (section == 5) return takeEditorData();
+  if (section == 1 || (section == 3 && pageHasData)) {
+    state_.iDataSource = scenarioExample;
+    state_.bUseDefaultData = section == 1;
+    return !state_.bNewDataRequested;
   }
+  if (section == 4 && pageHasData) {
+    state_.iDataSource = databasePage;
+    state_.bUseDefaultData = false;
+  }
+  return true;
 }
 
 // After Cancel the source stays what it was; where there is no analysis yet to go back to, the

@@ -22,9 +22,9 @@ frmFileError::frmFileError(Desktop& desktop)
   cmdAbort.setTip("Abort the file operation but continue the program");
   cmdEndProgram.setTip("End the program now");
   Activate = [this] { Form_Activate(); };
-  cmdRetry.Click = [this] { cmdRetry_Click(); };
-  cmdAbort.Click = [this] { cmdAbort_Click(); };
-  cmdEndProgram.Click = [this] { cmdEndProgram_Click(); };
+  cmdRetry.Click = [this] { choose(mbRetry); };
+  cmdAbort.Click = [this] { choose(mbAbort); };
+  cmdEndProgram.Click = [this] { this->desktop().endProgram(1); };
   centreOnScreen();
 }
 
@@ -63,17 +63,10 @@ void frmFileError::Form_Activate() {
     if (button->canBeUsed()) return button->setFocus();
 }
 
-void frmFileError::cmdRetry_Click() {
-  mbRetry = true;
+void frmFileError::choose(bool& mbChoice) {
+  mbChoice = true;
   hide();
 }
-
-void frmFileError::cmdAbort_Click() {
-  mbAbort = true;
-  hide();
-}
-
-void frmFileError::cmdEndProgram_Click() { desktop().endProgram(1); }
 
 std::string_view failureDescription(FailureClass kind) {
   if (kind == FailureClass::notFound) return "File could not be found";

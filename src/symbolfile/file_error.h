@@ -39,9 +39,7 @@ class frmFileError : public Window {
  private:
   void layOut();
   void Form_Activate();
-  void cmdRetry_Click();
-  void cmdAbort_Click();
-  void cmdEndProgram_Click();
+  void choose(bool& mbChoice);
 };
 
 std::string_view failureDescription(FailureClass kind);

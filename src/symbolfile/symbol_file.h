@@ -61,9 +61,7 @@ class SymbolFile {
   Int16 ErrorType() const { return miErrorType; }
   void setExclusive(bool bNewExclusive) { mbExclusive = bNewExclusive; }
   void setAllowRetry(bool bNewAllowRetry) { mbAllowRetry = bNewAllowRetry; }
-  void setAllowAbortOperation(bool bNewAllowAbortOperation) {
-    mbAllowAbortOperation = bNewAllowAbortOperation;
-  }
+  void setAllowAbortOperation(bool bNewAllow) { mbAllowAbortOperation = bNewAllow; }
   void setAllowEndProgram(bool bNewAllowEndProgram) { mbAllowEndProgram = bNewAllowEndProgram; }
   bool Exclusive() const { return mbExclusive; }
   bool AllowRetry() const { return mbAllowRetry; }
