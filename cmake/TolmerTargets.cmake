@@ -30,15 +30,20 @@ function(tolmer_library name)
   endif()
 endfunction()
 
-# tolmer_program(NAME LINKS target...): src/programs/NAME.cpp, put beside the compiled notebook.
+# tolmer_program(NAME LINKS target... [INSTALL folder]): src/programs/NAME.cpp, put beside the
+# compiled notebook, and into bin by an installation.
 function(tolmer_program name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS")
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "INSTALL" "LINKS")
+  if(NOT arg_INSTALL)
+    set(arg_INSTALL bin)
+  endif()
   if(NOT EXISTS "${CMAKE_CURRENT_SOURCE_DIR}/${name}.cpp")
     return()
   endif()
   add_executable(${name} "${name}.cpp")
   target_link_libraries(${name} PRIVATE tolmer_options ${arg_LINKS})
   set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${TOLMER_PROGRAM_FOLDER}")
+  install(TARGETS ${name} RUNTIME DESTINATION "${arg_INSTALL}")
 endfunction()
 
 # One precompiled header serves all test targets.

@@ -35,6 +35,12 @@ std::string withSlashes(std::string_view coursePath) {
   return text;
 }
 
+// Links to the program are followed; empty where the system does not tell.
+fs::path runningFolder() {
+  std::error_code failed;
+  return fs::read_symlink("/proc/self/exe", failed).parent_path();
+}
+
 }  // namespace
 
 std::string tAddBackSlash(std::string_view tStringToAddTo) {
@@ -78,11 +84,18 @@ std::string coursePath(std::string_view hostPath) {
   return text;
 }
 
-std::string programFolder() {
-  namespace fs = std::filesystem;
+std::string programPart(const std::string& name) {
   std::error_code failed;
-  const fs::path here = fs::read_symlink("/proc/self/exe", failed).parent_path();
-  if (failed) return ".";
+  const fs::path here = runningFolder();
+  for (const fs::path& place : {here / name, here.parent_path() / "libexec" / "tolmer" / name})
+    if (fs::exists(place, failed)) return place.string();
+  return name;
+}
+
+std::string programFolder() {
+  std::error_code failed;
+  const fs::path here = runningFolder();
+  if (here.empty()) return ".";
   const fs::path installed = here.parent_path() / "share" / "tolmer" / "tolmod";
   if (!fs::exists(here / "tolmod.nbo", failed) && fs::exists(installed, failed))
     return installed.string();

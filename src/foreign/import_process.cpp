@@ -11,11 +11,11 @@
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <filesystem>
 #include <system_error>
 #include <utility>
 #include <vector>
 
+#include "base/paths.h"
 #include "foreign/cut_format.h"
 #include "foreign/cut_request.h"
 #include "foreign/file_kind.h"
@@ -209,15 +209,7 @@ Descriptor opened(const std::string& hostFileName, struct stat& facts) {
 
 }  // namespace
 
-std::string importProgram() {
-  namespace fs = std::filesystem;
-  std::error_code failed;
-  const fs::path here = fs::read_symlink("/proc/self/exe", failed).parent_path();
-  const fs::path name = "tolimport";
-  for (const fs::path& place : {here / name, here.parent_path() / "libexec" / name})
-    if (fs::exists(place, failed)) return place.string();
-  return (here / name).string();
-}
+std::string importProgram() { return programPart("tolimport"); }
 
 bool isForeign(std::string_view bytes) {
   const ForeignKind kind = kindOfFile(bytes);

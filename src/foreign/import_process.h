@@ -11,8 +11,7 @@
 
 namespace tolmer {
 
-// Where the program lies, beside the running one or in ../libexec; beside it where it is in
-// neither, never where the user happens to be.
+// Where the program lies.
 std::string importProgram();
 
 struct ImportReader {

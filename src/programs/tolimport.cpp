@@ -9,7 +9,9 @@
 #include <new>
 #include <string>
 #include <string_view>
+#include <vector>
 
+#include "base/program_words.h"
 #include "foreign/cut_format.h"
 #include "foreign/cut_request.h"
 #include "foreign/file_kind.h"
@@ -18,6 +20,12 @@
 #include "foreign/readers/read_foreign.h"
 
 namespace {
+
+constexpr const char* usage =
+    "Usage: tolimport [--sheet=SHEET] [--head=N] [--rows=N] [--every=N] [--columns=N,N...] < FILE\n\n"
+    "Reads another program's file for tolmer, which starts it, and writes its table.\n"
+    "  --version  the version\n"
+    "  --help     this text\n";
 
 // The whole of a regular file; empty for anything else.
 std::string_view standardInput() {
@@ -50,7 +58,12 @@ bool write(std::string_view text) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  const auto request = tolmer::requestFromWords({argv + 1, argv + argc});
+  const std::vector<std::string> words(argv + 1, argv + argc);
+  if (const auto answer = tolmer::answerAboutProgram(words, "tolimport", usage)) {
+    std::fputs(answer->c_str(), stdout);
+    return EXIT_SUCCESS;
+  }
+  const auto request = tolmer::requestFromWords(words);
   if (!request) {
     std::fprintf(stderr, "tolimport: %s\n", request.error().text.c_str());
     return EXIT_FAILURE;

@@ -1,11 +1,11 @@
 #include "platform/qt/printing.h"
 
-#include <QCoreApplication>
 #include <QDialog>
 #include <QLibrary>
 #include <QPainter>
 #include <algorithm>
 
+#include "base/paths.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/page_painter.h"
 #include "platform/qt/print/print_module.h"
@@ -44,7 +44,7 @@ void paintOnPaper(QPainter& painter, const PrintedPages& pages, std::size_t page
 }  // namespace
 
 void askAndPrint(const PrintingDoor& door, const PrintedPages& pages) {
-  QLibrary module(QCoreApplication::applicationDirPath() + '/' + printModuleFile);
+  QLibrary module(toQt(programPart(printModuleFile)));
   const auto print = reinterpret_cast<PrintFunction>(module.resolve(printFunctionName));
   if (!print) return door.tellFailure(module.errorString().toStdString());
   const PrintJob job{.title = toQt(pages.title),
