@@ -8,7 +8,7 @@ execute_process(COMMAND "${CMAKE_COMMAND}" --install "${BUILD}" --prefix /any/wh
   OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
 set(installed "$ENV{DESTDIR}/any/where")
 set(course "${installed}/share/tolmer")
-set(compiled "$ENV{DESTDIR}/compiled.nbo")
+set(compiled "${course}/tolmod/compiled.nbo")  # beside the pictures
 foreach(command IN ITEMS "bin/tolreport;--default" "libexec/tolmer/tolimport;--version"
     "bin/nbocompile;${NOTEBOOK};${compiled};--root;${course}")
   list(POP_FRONT command program)

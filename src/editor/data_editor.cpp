@@ -152,9 +152,12 @@ void frmDataEditor::Form_Activate() {
   spdData.setFocus();
   showStatus();
   tmrAutosave_.setEnabled(autosave_.isOn());
-  if (std::exchange(activatedOnce_, true)) return;
-  tellOptionalVariable();
-  offerLostWork();
+  if (!std::exchange(activatedOnce_, true)) {
+    tellOptionalVariable();
+    offerLostWork();
+  }
+  if (const std::string name = std::exchange(toOpen_, {}); !name.empty())
+    open([&] { return files_.open(name); });
 }
 
 void frmDataEditor::tellOptionalVariable() {
@@ -312,6 +315,10 @@ void frmDataEditor::mnuFileNew_Click() {
 }
 
 void frmDataEditor::cmdOpen_Click() {
+  open([this] { return files_.open(); });
+}
+
+void frmDataEditor::open(const std::function<OpenOutcome()>& routine) {
   if (!entryIsTaken()) return;
   if (replacingLosesData() &&
       desktop().messageBox({"Data Changed",
@@ -320,7 +327,7 @@ void frmDataEditor::cmdOpen_Click() {
                             MessageIcon::question, MessageButtons::yesNo}) == Answer::no)
     return;
   lights_.light(cmdOpen);
-  OpenOutcome outcome = files_.open();
+  OpenOutcome outcome = routine();
   if (outcome.opened) {
     resetGrid();
     return spdData.setActiveCell({1, 1});

@@ -73,6 +73,8 @@ class frmDataEditor : public SheetWindow, public EditorData {
   bool UserCancel() const override { return mbUserCancel_; }
   // Sets the editor up where the host has not.
   void ShowDataEditor() override;
+  // The next visit begins by opening that file, as Open would.
+  void openAtNextVisit(const std::string& fileName) { toOpen_ = fileName; }
 
   // Before the program ends: asks once what becomes of data that are in no file. False where the
   // program is to go on, with everything as it was.
@@ -102,6 +104,7 @@ class frmDataEditor : public SheetWindow, public EditorData {
   // --- whole data sets
   void mnuFileNew_Click();
   void cmdOpen_Click();
+  void open(const std::function<OpenOutcome()>& routine);
   void cmdSave_Click();
   void save(bool (DataSetFiles::*routine)());
   // Save: under the name it has, else a new one.
@@ -124,6 +127,7 @@ class frmDataEditor : public SheetWindow, public EditorData {
   ButtonLights lights_;
   Timer tmrAutosave_;
   StudentData exit_;
+  std::string toOpen_;
   bool mbEditorOpen_ = false;
   bool mbUserCancel_ = false;
   bool activatedOnce_ = false;

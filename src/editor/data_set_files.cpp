@@ -113,9 +113,13 @@ OpenOutcome DataSetFiles::open() {
                                  {"xlsx", "xlsm", "ods", "fods", "sav", "zsav", "dta", "gdt"}});
   const auto chosen =
       desktop_.openFileDialog({.title = "Open", .kinds = std::move(kinds), .folder = dataFolder()});
-  if (!chosen || wasGivenUp(chosen->path, false)) return {};
-  if (isForeignFile(chosen->path)) return {openForeign(chosen->path)};
-  return isTextData(chosen->path) ? OpenOutcome{openText(chosen->path)} : openFile(chosen->path);
+  return chosen ? open(chosen->path) : OpenOutcome{};
+}
+
+OpenOutcome DataSetFiles::open(const std::string& name) {
+  if (wasGivenUp(name, false)) return {};
+  if (isForeignFile(name)) return {openForeign(name)};
+  return isTextData(name) ? OpenOutcome{openText(name)} : openFile(name);
 }
 
 // Opens and closes it once. Where that fails, the user has his say; only Abort gives it up.

@@ -30,6 +30,8 @@ class DataSetFiles {
   // Puts the file that the user chooses into the sheet, without asking what becomes of the data
   // there. Text of another program becomes a data set without a file of its own yet.
   OpenOutcome open();
+  // The same of a file that is named already.
+  OpenOutcome open(const std::string& name);
 
   // The sheet holds work brought back that belongs to this file, where there is one, and was
   // written aside then, in seconds since 1970.

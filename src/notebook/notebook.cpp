@@ -154,7 +154,7 @@ void NoteBook::SetupNotebook() {
     book_.uOutline[iOutline].uEntry[j].iControlIndex = static_cast<Int16>(iControl);
 }
 
-void NoteBook::StartAndShowNotebook() {
+void NoteBook::endLoading() {
   if (cover_) {
     UpdateLock still(*cover_);
     cover_->tmrLoading.setEnabled(false);
@@ -166,9 +166,19 @@ void NoteBook::StartAndShowNotebook() {
   desktop_.doEvents();
   cover_.reset();
   frmOpeningBook(desktop_, tProgramFolder).showModal();
+}
 
-  window().goTo(1, 1);
-  ShowNotebook();
+void NoteBook::StartAndShowNotebook() {
+  endLoading();
+  ShowNotebook(1, 1);
+  if (ShowHider && unloadHider) unloadHider();
+}
+
+void NoteBook::StartOnPage(int iSection, int iPage) {
+  endLoading();
+  window().goTo(iSection, iPage);
+  rememberStart();
+  window().cmdOK.click();
   if (ShowHider && unloadHider) unloadHider();
 }
 

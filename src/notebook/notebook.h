@@ -121,6 +121,8 @@ class NoteBook {
   void ReadObjectFile(const std::string& tFileName);
   // Ends the loading stage: the opening message, then the book on its first page.
   void StartAndShowNotebook();
+  // The same as though OK had been pressed on that page at once.
+  void StartOnPage(int iSection, int iPage);
   // Shows the book and returns when it has been closed; at a page, or as it was left.
   void ShowNotebook(std::optional<int> vSection = std::nullopt,
                     std::optional<int> vPage = std::nullopt);
@@ -148,6 +150,7 @@ class NoteBook {
 
  private:
   void SetupNotebook();
+  void endLoading();
   void rememberStart();
   void refuseObjectFile(const std::string& text);
   const PageElement* nthOfKind(int iSection, int iPage, Int16 iKind, int number) const;

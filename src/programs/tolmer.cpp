@@ -4,6 +4,7 @@
 #include <QTimer>
 #include <QWidget>
 #include <cstdio>
+#include <filesystem>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -18,8 +19,10 @@
 namespace {
 
 constexpr const char* usage =
-    "Usage: tolmer [--program-folder FOLDER] [--leave-after-first-page]\n\n"
+    "Usage: tolmer [--program-folder FOLDER] [--leave-after-first-page] [FILE]\n\n"
     "Multiple regression on the desktop.\n"
+    "  FILE                       opens in the data editor: a data set, text as CSV, or a\n"
+    "                             workbook or statistics file of another program\n"
     "  --program-folder FOLDER    take notebook, pictures and help from there\n"
     "  --leave-after-first-page   end after the first painted page of the notebook, without the\n"
     "                             second of the opening message (for measuring the start)\n"
@@ -28,6 +31,7 @@ constexpr const char* usage =
 
 struct Options {
   std::string programFolder = tolmer::programFolder();
+  std::string file;  // empty: none
   bool leaveAfterFirstPage = false;
   bool areUnderstood = true;
 };
@@ -40,6 +44,8 @@ Options optionsOf(int argc, char** argv) {
       options.programFolder = argv[++i];
     else if (word == "--leave-after-first-page")
       options.leaveAfterFirstPage = true;
+    else if (options.file.empty() && !word.empty() && !word.starts_with('-'))
+      options.file = std::filesystem::absolute(word).string();
     else
       options.areUnderstood = false;
   }
@@ -103,6 +109,7 @@ int main(int argc, char** argv) {
   tolmer::VisitFolder aside(tolmer::autosaveFolder());
   tolmer::Module module(desktop, options.programFolder);
   if (aside.isKnown()) module.parts().aside = &aside;
+  module.parts().fileAtStart = options.file;
   std::unique_ptr<FirstPageWatch> watch;
   if (options.leaveAfterFirstPage) watch = std::make_unique<FirstPageWatch>(desktop, module);
   return program.run([&] { module.Main(); });

@@ -1,5 +1,6 @@
 #include "shell/main_flow.h"
 
+#include "base/program_words.h"
 #include "data/designer.h"
 #include "notebook/cover.h"
 #include "shell/hint.h"
@@ -11,6 +12,7 @@ constexpr const char* moduleTitle = "Tolmer";
 constexpr const char* loadingCaption = "Preparing Chapter 17 - Multiple Regression Analysis";
 constexpr const char* notebookFile = "tolmod.nbo";
 constexpr const char* iconFile = "tolmer.svg";
+constexpr Int16 sectionOfOwnData = 5;
 
 }  // namespace
 
@@ -29,7 +31,7 @@ MainFlow::MainFlow(ShellParts& parts) : parts_(parts), state_(parts.state) {
 void MainFlow::Main() {
   state_.bStartingUp = true;
   parts_.about.ModuleTitleLine1 = moduleTitle;
-  parts_.about.ModuleVersion = "Version 2.00";
+  parts_.about.ModuleVersion = std::string("Version 2.00 (") + programVersion() + ")";
   parts_.about.imgIcon.setFile(parts_.tProgramFolder + "/" + iconFile);
   readNotebook();
   showMainWindow();
@@ -37,7 +39,7 @@ void MainFlow::Main() {
   coverScreen();
   state_.bAppIsLoading = false;
   parts_.ownData.tellLostWork();
-  parts_.notebook.StartAndShowNotebook();
+  startNotebook();
   askWhetherToExit();
   tickOptions();
   parts_.frame.mbProcessMainResize = true;
@@ -49,6 +51,13 @@ void MainFlow::Main() {
   FinishStartup();
   state_.bStartingUp = false;
   parts_.notes.renew();
+}
+
+// A data file to begin with goes the way of the student's own data.
+void MainFlow::startNotebook() {
+  if (parts_.fileAtStart.empty()) return parts_.notebook.StartAndShowNotebook();
+  parts_.ownData.editor().openAtNextVisit(parts_.fileAtStart);
+  parts_.notebook.StartOnPage(sectionOfOwnData, 1);
 }
 
 void MainFlow::readNotebook() {
@@ -126,7 +135,7 @@ bool MainFlow::takeDataSource() {
   const int section = parts_.notebook.LastSectionNumber();
   const bool pageHasData = parts_.notebook.LastPageNumber() > 1;
   if (section == 2 || section == 6) return false;
-  if (section == 5) return takeEditorData();
+  if (section == sectionOfOwnData) return takeEditorData();
   if (section == 1 || (section == 3 && pageHasData)) {
     state_.iDataSource = scenarioExample;
     state_.bUseDefaultData = section == 1;

@@ -46,6 +46,7 @@ class MainFlow : public ScenarioSource {
   std::string DefaultScenarioParameter(int iIndex) const override;
 
  private:
+  void startNotebook();
   void readNotebook();
   void showMainWindow();
   void coverScreen();

@@ -60,6 +60,7 @@ struct ShellParts {
   VisitPlaces* aside = nullptr;  // where the data editor writes work aside; null: nowhere
   OwnData ownData{desktop, tProgramFolder, aside};
   EditorData* editor = &ownData;
+  std::string fileAtStart;  // opens in the data editor; the host's spelling, empty: none
 };
 
 }  // namespace tolmer

@@ -114,6 +114,20 @@ TEST_F(Journey, WorkLostByACrashIsToldAtTheStartAndOfferedByTheEditor) {
   EXPECT_TRUE(places.lost().empty());
 }
 
+TEST_F(Journey, AFileNamedAtTheStartIsOpenedAndAnalysed) {
+  const TempFolder folder;
+  ASSERT_FALSE(writeFileAtomically(folder.file("own.csv"), "A,B\n1,2\n2,4.5\n3,5\n4,9\n"));
+  module.parts().fileAtStart = folder.file("own.csv");
+  script.window("frmOpeningBook");
+  script.window("frmDataEditor", [&] {
+    EXPECT_EQ(module.parts().ownData.editor().sheet().value(2, 2), 4.5);
+    user.click("frmDataEditor", "cmdCancel");
+  });
+  script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdCancel"); });
+  script.box("Tolmer", "Exit module?", Answer::yes);
+  EXPECT_THROW(module.Main(), ProgramEnded);
+}
+
 TEST_F(Journey, EveryEndAsksOnceAboutUnsavedDataOfOnesOwn) {
   const MessageBox unsaved{"Unsaved Data",
                            "The data in the Data Editor have not been saved. Do you want to save "
