@@ -114,11 +114,12 @@ TEST_F(Journey, WorkLostByACrashIsToldAtTheStartAndOfferedByTheEditor) {
   EXPECT_TRUE(places.lost().empty());
 }
 
-TEST_F(Journey, AFileNamedAtTheStartIsOpenedAndAnalysed) {
+TEST_F(Journey, AFileNamedAtTheStartIsOpenedInTheEditor) {
   const TempFolder folder;
-  ASSERT_FALSE(writeFileAtomically(folder.file("own.csv"), "A,B\n1,2\n2,4.5\n3,5\n4,9\n"));
+  ASSERT_FALSE(writeFileAtomically(folder.file("own.csv"), "A,B\n1.5,2\n2,4.5\n3,5\n4,9\n"));
   module.parts().fileAtStart = folder.file("own.csv");
   script.window("frmOpeningBook");
+  script.window("frmTextImport", [&] { user.click("frmTextImport", "cmdOK"); });
   script.window("frmDataEditor", [&] {
     EXPECT_EQ(module.parts().ownData.editor().sheet().value(2, 2), 4.5);
     user.click("frmDataEditor", "cmdCancel");
