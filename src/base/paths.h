@@ -28,8 +28,8 @@ std::string coursePath(std::string_view hostPath);
 // ../share/tolmer/tolmod beside an installed one. Host spelling, no final separator.
 std::string programFolder();
 
-// A program or module that belongs to the running one: beside it in a build tree, in ../libexec/tolmer
-// beside an installed one; its name alone where it is in neither.
+// A program or module that belongs to the running one: beside it in a build tree, in
+// ../libexec/tolmer beside an installed one; its name alone where it is in neither.
 std::string programPart(const std::string& name);
 
 }  // namespace tolmer

@@ -22,7 +22,8 @@
 namespace {
 
 constexpr const char* usage =
-    "Usage: tolimport [--sheet=SHEET] [--head=N] [--rows=N] [--every=N] [--columns=N,N...] < FILE\n\n"
+    "Usage: tolimport [--sheet=SHEET] [--head=N] [--rows=N] [--every=N] [--columns=N,N...] < "
+    "FILE\n\n"
     "Reads another program's file for tolmer, which starts it, and writes its table.\n"
     "  --version  the version\n"
     "  --help     this text\n";
