@@ -89,7 +89,7 @@ std::string programPart(const std::string& name) {
   const fs::path here = runningFolder();
   for (const fs::path& place : {here / name, here.parent_path() / "libexec" / "tolmer" / name})
     if (fs::exists(place, failed)) return place.string();
-  return name;
+  return (here / name).string();
 }
 
 std::string programFolder() {

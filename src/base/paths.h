@@ -29,7 +29,7 @@ std::string coursePath(std::string_view hostPath);
 std::string programFolder();
 
 // A program or module that belongs to the running one: beside it in a build tree, in
-// ../libexec/tolmer beside an installed one; its name alone where it is in neither.
+// ../libexec/tolmer beside an installed one; never where the user happens to be.
 std::string programPart(const std::string& name);
 
 }  // namespace tolmer
