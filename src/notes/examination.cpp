@@ -99,7 +99,7 @@ Examination examine(const AnalysisState& state, std::span<const ShownTable> tabl
   Examination result;
   if (!hasFit(state)) return result;
   result.data = heldData(state);
-  result.fit = fitSecond(result.data, Extent::shownNumbers);
+  result.fit = fitSecond(result.data);
   if (state.Fit.bSingular) {
     result.combinations = combinations(result.data, result.fit);
     return result;

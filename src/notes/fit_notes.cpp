@@ -71,22 +71,6 @@ bool isFailed(const AnalysisState& state) { return state.Fit.bSingular; }
 
 }  // namespace
 
-std::string counted(int count, const std::string& noun) {
-  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
-std::string listed(const std::vector<std::string>& words) {
-  constexpr std::size_t most = 4;
-  const std::size_t named = words.size() > most ? most - 1 : words.size();
-  std::string text;
-  for (std::size_t i = 0; i < named; ++i) {
-    const bool isLast = i + 1 == words.size();
-    text += (i == 0 ? "" : isLast ? " and " : ", ") + words[i];
-  }
-  if (named < words.size()) text += " and " + std::to_string(words.size() - named) + " more";
-  return text;
-}
-
 std::string causes(const std::vector<Combination>& combinations) {
   constexpr std::size_t most = 3;
   std::string text;

@@ -16,6 +16,8 @@ enum class NoteKind {
   zeroStandardError,
   fewCases,
   smallP,
+  influentialCase,
+  unequalSpread,
   coarseScale,
   dataRounded,
   unconfirmed,

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "base/sentence_parts.h"
 #include "notes/notes.h"
 
 namespace tolmer {
@@ -19,6 +20,10 @@ MaybeNote onePredictorNote(const AnalysisState& state, const Examination& examin
 MaybeNote zeroStandardErrorNote(const AnalysisState& state, const Examination& examination);
 MaybeNote fewCasesNote(const AnalysisState& state, const Examination& examination);
 
+// On single cases, and on the residuals of all of them.
+MaybeNote influentialCaseNote(const AnalysisState& state, const Examination& examination);
+MaybeNote unequalSpreadNote(const AnalysisState& state, const Examination& examination);
+
 // On the digits that are shown.
 MaybeNote smallPNote(const AnalysisState& state, const Examination& examination);
 MaybeNote coarseScaleNote(const AnalysisState& state, const Examination& examination);
@@ -28,10 +33,6 @@ MaybeNote allConfirmedNote(const AnalysisState& state, const Examination& examin
 
 // What their sentences are made of.
 
-// "1 case", "2 cases".
-std::string counted(int count, const std::string& noun);
-// "X1", "X1 and X2", "X1, X2 and X3", "X1, X2, X3 and 4 more".
-std::string listed(const std::vector<std::string>& words);
 // "X3 follows exactly from other terms: X3 = 2 X1 - 3", "Y is 5 in all cases"; several with
 // semicolons between.
 std::string causes(const std::vector<Combination>& combinations);

@@ -23,6 +23,8 @@ constexpr std::array kinds = {
     KindOfNote{"zeroStandardError", "Zero standard error", zeroStandardErrorNote},
     KindOfNote{"fewCases", "Few cases", fewCasesNote},
     KindOfNote{"smallP", "P shown as 0.000", smallPNote},
+    KindOfNote{"influentialCase", "Influential cases", influentialCaseNote},
+    KindOfNote{"unequalSpread", "Unequal spread", unequalSpreadNote},
     KindOfNote{"coarseScale", "Numbers that read alike", coarseScaleNote},
     KindOfNote{"dataRounded", "Data rounded", dataRoundedNote},
     KindOfNote{"unconfirmed", "Numbers not confirmed", unconfirmedNote},

@@ -24,7 +24,7 @@ struct ShownTable {
 // of the fit's time. Empty before the first fit.
 struct Examination {
   ModelData data;
-  SecondFit fit;                          // Extent::shownNumbers
+  SecondFit fit;                          // Extent::all
   std::optional<Health> health;           // none after a failed fit
   std::vector<Unconfirmed> moved;         // confirmed, but others with the data as written
   std::vector<int> alikeRows;             // of frmEstCoef whose limits read like the coefficient

@@ -343,6 +343,44 @@ void writeHealth(JsonWriter& json, const Health& health) {
   json.endObject();
 }
 
+void writeFigures(JsonWriter& json, std::string_view name, const SecondFit& fit,
+                  Figure CaseFigures::*figure) {
+  json.key(name);
+  json.beginArray();
+  for (const CaseFigures& one : fit.byCase) json.value((one.*figure).value);
+  json.endArray();
+}
+
+void writeInfluence(JsonWriter& json, const SecondFit& fit) {
+  json.beginObject();
+  writeFigures(json, "leverage", fit, &CaseFigures::leverage);
+  writeFigures(json, "internal", fit, &CaseFigures::internal);
+  writeFigures(json, "studentized", fit, &CaseFigures::studentized);
+  writeFigures(json, "cooks", fit, &CaseFigures::cooks);
+  writeFigures(json, "dffits", fit, &CaseFigures::dffits);
+  json.endObject();
+}
+
+void writePrediction(JsonWriter& json, const PredictedCase& one) {
+  const Prediction& prediction = one.prediction;
+  json.beginObject();
+  json.member("fit", prediction.fit);
+  json.member("meanLower", prediction.meanLower);
+  json.member("meanUpper", prediction.meanUpper);
+  json.member("newLower", prediction.newLower);
+  json.member("newUpper", prediction.newUpper);
+  json.member("leverage", prediction.leverage);
+  writeLabels(json, "outside", one.outside);
+  json.member("extrapolates", one.extrapolates);
+  json.endObject();
+}
+
+void writePredictions(JsonWriter& json, const std::vector<PredictedCase>& predictions) {
+  json.beginArray();
+  for (const PredictedCase& one : predictions) writePrediction(json, one);
+  json.endArray();
+}
+
 // What came behind the displays later on.
 void writeFindings(JsonWriter& json, const ReportDocument& document) {
   json.key("version");
@@ -359,6 +397,17 @@ void writeFindings(JsonWriter& json, const ReportDocument& document) {
   json.key("health");
   if (document.health)
     writeHealth(json, *document.health);
+  else
+    json.null();
+  json.key("influence");
+  if (document.fit)
+    writeInfluence(json, *document.fit);
+  else
+    json.null();
+  if (!document.hasNewCases) return;
+  json.key("predictions");
+  if (document.fit)
+    writePredictions(json, document.predictions);
   else
     json.null();
 }

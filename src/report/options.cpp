@@ -75,7 +75,8 @@ Problem takeSections(ReportOptions& options, const std::string& value) {
     } else {
       std::string words;
       for (const ReportPart one : allParts()) words += std::string(wordOf(one)) + ", ";
-      return "--sections has no \"" + word + "\"; there are " + words + "and all";
+      return "--sections has no \"" + word + "\"; there are " + words +
+             "all of these, and influence and predictions";
     }
   }
   return std::nullopt;
@@ -174,6 +175,7 @@ const std::map<std::string_view, Take>& optionsWithValue() {
         {"--author", takeText(&ReportRequest::author)},
         {"--remarks", takeText(&ReportRequest::remarks)},
         {"--paper", takePaper},
+        {"--predict", takeInto(&ReportOptions::predict)},
         {"--example", takeCount("--example", &ReportOptions::example)},
         {"--program-folder", takeInto(&ReportOptions::programFolder)}};
     for (const std::string_view name : importOptionNames()) options.emplace(name, takeImport(name));
@@ -203,6 +205,17 @@ Problem contradiction(const ReportOptions& options) {
   if (options.file.empty() &&
       (options.import.isUsed || !options.columns.empty() || options.first > 0 || options.every > 1))
     return "how a table is read can only be said of a file";
+  return std::nullopt;
+}
+
+// What belongs to the table of new cases.
+Problem contradictionInPredict(const ReportOptions& options) {
+  const auto& parts = options.request.parts;
+  const bool isSection =
+      parts && std::find(parts->begin(), parts->end(), predictionsPart()) != parts->end();
+  if (options.predict.empty() && isSection) return "the section predictions wants --predict FILE";
+  if (!options.predict.empty() && options.request.format == ReportFormat::r)
+    return "--predict is not for a script for R, which holds the fit to predict by";
   return std::nullopt;
 }
 
@@ -268,6 +281,7 @@ Result<ReportOptions> parseOptions(const std::vector<std::string>& words) {
   if (auto problem = Words(words).parse(options)) return Error{"", *problem};
   if (auto problem = contradiction(options)) return Error{"", *problem};
   if (!options.formatIsGiven) takeFormatOfFile(options);
+  if (auto problem = contradictionInPredict(options)) return Error{"", *problem};
   return options;
 }
 
@@ -315,6 +329,8 @@ For both:
                        also Residuals. A name with a colon stands in double
                        quotes. Without it: 1=Fitted:Residuals,
                        2=(dependent):Fitted, 3=(first independent):(dependent).
+  --predict FILE       predicts the cases of this table, of which columns named as
+                       the independent variables are taken, with 95% limits
   --format FORMAT      text, json, html, markdown, or r, a script for R. Without
                        it the ending of -o's file decides, else it is text.
   -o FILE              write the report to this file, which is overwritten, and
@@ -322,7 +338,9 @@ For both:
   --sections LIST      what stands in it, in this order: equation, interpretation,
                        anova, coefficients, statistics, correlations, residuals,
                        data, histogram, standardized, normality, vif, plot1, plot2,
-                       plot3, or all. A script for R is always whole.
+                       plot3, or all of these; also influence (leverage and the
+                       like of each case) and, with --predict, predictions. A
+                       script for R is always whole.
   --lists LENGTH       lists of cases: whole, short (the first 20 cases and all
                        that are marked) or none
   --title TEXT, --author TEXT, --remarks TEXT

@@ -32,6 +32,7 @@ struct ReportOptions {
   std::vector<PlotRequest> plots;  // in order: of two for one plot the later one counts
   int example = 0;                 // number of a scenario of the course's examples, from 1
   bool defaultExample = false;
+  std::string predict;        // table of new cases; empty for none
   std::string programFolder;  // where the course's notebook lies; empty: beside the program
   ReportRequest request;
   bool formatIsGiven = false;  // else the ending of outputFile decides

@@ -9,6 +9,7 @@
 #include "base/program_words.h"
 #include "base/text_encoding.h"
 #include "engine/fitted_equation.h"
+#include "insight/insight_tables.h"
 #include "report/html_report.h"
 #include "report/json_report.h"
 #include "report/markdown_report.h"
@@ -31,10 +32,17 @@ std::vector<ReportPart> usualParts(ReportFormat format) {
   return parts;
 }
 
+bool isFurther(ReportPart part) { return part == influencePart() || part == predictionsPart(); }
+
 std::vector<ReportPart> chosenParts(const ReportRequest& request) {
+  std::vector<ReportPart> asked = request.parts ? *request.parts : usualParts(request.format);
+  if (request.newCases) asked.push_back(predictionsPart());
   std::vector<ReportPart> parts;
-  for (const ReportPart part : request.parts ? *request.parts : usualParts(request.format)) {
-    const bool isLeftOut = part && part->listsCases && request.caseLists == CaseLists::none;
+  for (const ReportPart part : asked) {
+    const bool isLeftOut =
+        (part && part->listsCases && request.caseLists == CaseLists::none) ||
+        (isFurther(part) && request.format == ReportFormat::json) ||
+        (part == predictionsPart() && !request.newCases);
     if (!isLeftOut && std::find(parts.begin(), parts.end(), part) == parts.end())
       parts.push_back(part);
   }
@@ -68,6 +76,7 @@ ReportedPart reportedPart(ReportPart part, const AnalysisState& state, const Rep
     return {part, std::string(captionOf(part)) + fitMark(state),
             FittedEquation{fittedEquation(state)}};
   ReportedPart reported{part, titleOf(*part, state), {}};
+  if (isFurther(part)) return reported;  // filled by the second fit
   std::visit([&](auto&& content) { reported.content = std::move(content); },
              contentOf(*part, state, graphSize(request.format), messages));
   return reported;
@@ -81,8 +90,27 @@ void addParts(ReportDocument& document, const ReportRequest& request) {
                            messages.boxes().end());
 }
 
-// Where there is a place for them, since the second fit takes its time.
-void addNotes(ReportDocument& document, ReportFormat format) {
+// Influence and predictions, or that there are none.
+void addFurther(ReportDocument& document, const ReportRequest& request, Examination& examination) {
+  document.hasNewCases = request.newCases.has_value();
+  if (!document.state->Fit.bSingular && examination.fit.determined())
+    document.fit = std::move(examination.fit);
+  if (document.fit && request.newCases)
+    if (auto predicted = predictCases(examination.data, *document.fit, *request.newCases))
+      document.predictions = *std::move(predicted);
+  for (ReportedPart& shown : document.parts) {
+    if (!isFurther(shown.part)) continue;
+    if (!document.fit)
+      shown.content = Sections{{"No valid fit", "This needs a valid fit."}};
+    else if (shown.part == influencePart())
+      shown.content = influenceTable(*document.state, *document.fit);
+    else
+      shown.content = predictionTable(document.predictions);
+  }
+}
+
+// Where there is a place for it, since the second fit takes its time.
+void addFindings(ReportDocument& document, const ReportRequest& request) {
   std::vector<ShownTable> tables;
   FittedEquation* equation = nullptr;
   for (ReportedPart& shown : document.parts) {
@@ -91,12 +119,14 @@ void addNotes(ReportDocument& document, ReportFormat format) {
     else if (auto* found = std::get_if<FittedEquation>(&shown.content))
       equation = found;
   }
-  if (!equation && format != ReportFormat::json) return;
+  const bool hasFurther = std::ranges::any_of(document.parts, isFurther, &ReportedPart::part);
+  if (!equation && !hasFurther && request.format != ReportFormat::json) return;
   Examination examination = examine(*document.state, tables);
   document.notes = notesOf(*document.state, examination);
   document.health = std::move(examination.health);
   for (const Note& note : document.notes)
     if (equation) equation->notes.push_back(onOneLine(note.text));
+  addFurther(document, request, examination);
 }
 
 // After the notes, which are held against whole tables.
@@ -192,7 +222,7 @@ ReportDocument reportDocument(const AnalysisState& state, const ReportRequest& r
   document.isColoured = request.isColoured;
   if (request.format == ReportFormat::r) return document;
   addParts(document, request);
-  addNotes(document, request.format);
+  addFindings(document, request);
   shortenLists(document, request);
   return document;
 }

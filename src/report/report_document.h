@@ -45,6 +45,9 @@ struct ReportDocument {
   std::vector<ReportedPart> parts;
   std::vector<Note> notes;       // with the equation, and in JSON
   std::optional<Health> health;  // likewise; none after a failed fit
+  std::optional<SecondFit> fit;  // where notes, influence or predictions ask for it, likewise
+  bool hasNewCases = false;
+  std::vector<PredictedCase> predictions;  // of them; none after a failed fit
   Paper paper = Paper::a4;
   bool isColoured = false;
   const AnalysisState* state;  // outlives the document

@@ -8,6 +8,7 @@
 #include "base/text_encoding.h"
 #include "report/course_data.h"
 #include "report/model_by_name.h"
+#include "report/new_cases.h"
 #include "report/options.h"
 #include "report/report_document.h"
 #include "report/report_run.h"
@@ -44,6 +45,13 @@ std::optional<Error> tooManyPredictors(const WorkingCopy& copy) {
                                         std::to_string(most) + "; choose them with --x"};
 }
 
+std::vector<std::string> predictorsOf(const WorkingCopy& copy) {
+  std::vector<std::string> names;
+  for (int i = 1; i <= copy.miNumPredictors; ++i)
+    names.push_back(copy.otColName(copy.oiIndepVarCol(i)));
+  return names;
+}
+
 // The common end of both ways to a data set.
 ReportOutcome reportOn(WorkingCopy& copy, const ReportOptions& options,
                        const ReportSurroundings& around) {
@@ -52,9 +60,14 @@ ReportOutcome reportOn(WorkingCopy& copy, const ReportOptions& options,
   if (auto error = tooManyPredictors(copy)) return usageFault(*error);
   const auto axes = chooseAxesByName(copy, options.plots);
   if (!axes) return usageFault(axes.error());
+  ReportRequest request = options.request;
+  if (!options.predict.empty()) {
+    auto cases = readNewCases(options, predictorsOf(copy), {around.standardInput, around.reader});
+    if (!cases) return failed(ReportOutcome::dataAtFault, cases.error());
+    request.newCases = *std::move(cases);
+  }
   MessageLog messages;
   const AnalysisState state = analysisOf(copy, messages, *axes);
-  ReportRequest request = options.request;
   request.isColoured = around.isColoured && options.outputFile.empty();
   // JSON tells no date.
   const std::string date = request.format == ReportFormat::json ? "" : around.date();

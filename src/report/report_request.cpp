@@ -10,8 +10,21 @@ std::vector<ReportPart> allParts() {
   return parts;
 }
 
+ReportPart influencePart() {
+  static constexpr Display part{
+      {}, "", "influence", "", "Influence of the Cases", "", "", 15, TableMaker{}, true};
+  return &part;
+}
+
+ReportPart predictionsPart() {
+  static constexpr Display part{
+      {}, "", "predictions", "", "Predictions of New Cases", "", "", 16, TableMaker{}};
+  return &part;
+}
+
 std::optional<ReportPart> partCalled(std::string_view word) {
-  const auto parts = allParts();
+  auto parts = allParts();
+  parts.insert(parts.end(), {influencePart(), predictionsPart()});
   const auto found = std::find_if(parts.begin(), parts.end(),
                                   [word](ReportPart part) { return wordOf(part) == word; });
   return found == parts.end() ? std::nullopt : std::optional(*found);

@@ -202,11 +202,8 @@ double largestSingularValue(const MatrixOf<Real>& matrix) {
   return std::sqrt(found);
 }
 
-// Term `column`, or the dependent variable behind the last.
-std::span<const double> columnOf(const ModelData& data, Index column) {
-  if (column == data.terms) return data.y;
-  const auto cases = static_cast<std::size_t>(data.cases);
-  return std::span(data.x).subspan(static_cast<std::size_t>(column) * cases, cases);
+std::span<const double> columnOf(const ModelData& data, Index term) {
+  return data.column(static_cast<int>(term));
 }
 
 template <class Real>

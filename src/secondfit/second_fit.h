@@ -30,10 +30,12 @@ struct ModelData {
   std::vector<double> y;           // (n) the dependent variable
   std::vector<std::string> names;  // (k + 1) of the terms, then of the dependent variable
 
-  double at(int row, int term) const {
-    return x[static_cast<std::size_t>(term) * static_cast<std::size_t>(cases) +
-             static_cast<std::size_t>(row)];
+  // The values of a term, or, behind the last, of the dependent variable.
+  std::span<const double> column(int term) const {
+    const auto n = static_cast<std::size_t>(cases);
+    return term == terms ? std::span(y) : std::span(x).subspan(static_cast<std::size_t>(term) * n, n);
   }
+  double at(int row, int term) const { return column(term)[static_cast<std::size_t>(row)]; }
 };
 
 // The held data of the model: sData by iModelCol and bUseIntercept. Empty (0 cases) where the state

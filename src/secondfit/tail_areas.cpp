@@ -108,6 +108,16 @@ double fTail(int df1, int df2, double F) {
   return betaArea(df2 / 2.0, df1 / 2.0, df2 / F / df1);
 }
 
+double chiSquareTail(int df, double x) {
+  if (df < 1 || std::isnan(x)) return notANumber();
+  if (x <= 0) return 1;
+  const double half = x / 2;
+  double tail = df % 2 == 1 ? std::erfc(std::sqrt(half)) : 0;
+  for (double i = df % 2 == 1 ? 0.5 : 0; i < df / 2.0; ++i)
+    tail += std::exp(i * std::log(half) - half - std::lgamma(i + 1));
+  return std::min(tail, 1.0);
+}
+
 double fDensity(int df1, int df2, double F) {
   return betaFactor(df2 / 2.0, df1 / 2.0, df2 / F / df1) / F;
 }

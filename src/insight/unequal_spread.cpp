@@ -1,0 +1,80 @@
+#include "insight/unequal_spread.h"
+
+#include <cmath>
+#include <numeric>
+#include <span>
+#include <vector>
+
+#include "secondfit/tail_areas.h"
+
+namespace tolmer {
+namespace {
+
+using Column = std::vector<double>;
+
+double dot(const Column& one, const Column& other) {
+  return std::inner_product(one.begin(), one.end(), other.begin(), 0.0);
+}
+
+double meanOf(std::span<const double> values) {
+  return std::accumulate(values.begin(), values.end(), 0.0) / static_cast<double>(values.size());
+}
+
+// The squared residuals about their mean.
+Column centredSquares(const SecondFit& fit) {
+  Column squares;
+  for (const CaseFigures& one : fit.byCase)
+    squares.push_back(one.residual.value * one.residual.value);
+  const double mean = meanOf(squares);
+  for (double& square : squares) square -= mean;
+  return squares;
+}
+
+// W'X'v, of which the length is that of v projected on the terms. Where v has the mean 0 and the
+// model an intercept, the terms may be taken about their means, which saves digits.
+Column weights(const ModelData& data, const SecondFit& fit, const Column& v, bool aboutMeans) {
+  const auto k = static_cast<std::size_t>(data.terms);
+  Column result(k);
+  for (std::size_t i = 0; i < k; ++i) {
+    const auto term = data.column(static_cast<int>(i));
+    const double mean = aboutMeans ? meanOf(term) : 0;
+    double product = 0;
+    for (std::size_t row = 0; row < v.size(); ++row) product += (term[row] - mean) * v[row];
+    for (std::size_t j = 0; j < k; ++j) result[j] += fit.inverseFactor[j * k + i] * product;
+  }
+  return result;
+}
+
+// What a constant beside the terms adds to the projection of v, which has the mean 0.
+struct Constant {
+  bool isSpanned = true;  // by the terms: it adds nothing
+  double adds = 0;
+};
+
+Constant besideTerms(const ModelData& data, const SecondFit& fit, const Column& v,
+                     const Column& ofV) {
+  if (data.intercept) return {};
+  const Column ofOnes = weights(data, fit, Column(v.size(), 1.0), false);
+  const double left = data.cases - dot(ofOnes, ofOnes);
+  if (left <= 1e-10 * data.cases) return {};
+  const double along = dot(ofOnes, ofV);
+  return {false, along * along / left};
+}
+
+}  // namespace
+
+SpreadTest breuschPagan(const ModelData& data, const SecondFit& fit) {
+  if (!fit.determined() || fit.model.sse.value <= 1e-10 * fit.model.sst.value) return {};
+  const Column squares = centredSquares(fit);
+  const Column projected = weights(data, fit, squares, data.intercept);
+  const Constant constant = besideTerms(data, fit, squares, projected);
+  const double total = dot(squares, squares);
+  SpreadTest test;
+  test.degrees = data.terms - (constant.isSpanned ? 1 : 0);
+  if (test.degrees == 0 || !(total > 0)) return {};
+  test.statistic = data.cases * (dot(projected, projected) + constant.adds) / total;
+  test.p = chiSquareTail(test.degrees, test.statistic);
+  return test;
+}
+
+}  // namespace tolmer

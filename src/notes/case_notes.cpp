@@ -1,0 +1,64 @@
+#include "engine/picture_text.h"
+#include "insight/change_words.h"
+#include "insight/influence.h"
+#include "insight/unequal_spread.h"
+#include "insight/without_cases.h"
+#include "notes/note_makers.h"
+
+namespace tolmer {
+namespace {
+
+std::string named(const AnalysisState& state, const std::vector<int>& cases) {
+  std::vector<std::string> labels;
+  if (state.bLabeledData) labels.assign(state.tCaseLabel.begin() + 1, state.tCaseLabel.end());
+  std::string words = casesInWords(cases, labels);
+  words[0] = 'C';
+  return words;
+}
+
+std::string onDistances(const AnalysisState& state, const SecondFit& fit,
+                        const std::vector<int>& cases) {
+  double largest = 0;
+  for (const int one : cases)
+    largest = std::max(largest, fit.byCase[static_cast<std::size_t>(one) - 1].cooks.value);
+  const bool isOne = cases.size() == 1;
+  return named(state, cases) +
+         (isOne ? " moves the fit noticeably by itself: Cook's distance is "
+                : " each move the fit noticeably: the largest Cook's distance is ") +
+         formatNumber(largest, "#,##0.00") + (isOne ? ", above 0.5." : ", and all are above 0.5.");
+}
+
+std::string onHeld(const AnalysisState& state, const std::vector<int>& cases) {
+  const bool isOne = cases.size() == 1;
+  return named(state, cases) + (isOne ? " has" : " have") +
+         " a leverage of 1: the fit passes through " + (isOne ? "it wherever it lies." : "each of them wherever it lies.");
+}
+
+}  // namespace
+
+MaybeNote influentialCaseNote(const AnalysisState& state, const Examination& examination) {
+  if (state.Fit.bSingular || !examination.fit.determined()) return {};
+  Note note{.cases = influentialCases(examination.fit)};
+  if (note.cases.empty()) return {};
+  std::vector<int> held, distant;
+  for (const int one : note.cases)
+    (isHeldByOneCase(examination.fit.byCase[static_cast<std::size_t>(one) - 1]) ? held : distant)
+        .push_back(one);
+  if (!distant.empty()) note.text = onDistances(state, examination.fit, distant);
+  if (!held.empty()) note.text += (note.text.empty() ? "" : " ") + onHeld(state, held);
+  return note;
+}
+
+MaybeNote unequalSpreadNote(const AnalysisState& state, const Examination& examination) {
+  if (state.Fit.bSingular) return {};
+  const SpreadTest test = breuschPagan(examination.data, examination.fit);
+  if (!(test.p < 0.05)) return {};
+  return Note{.text = "Residuals spread more for some values of the predictors than for others "
+                      "(Breusch-Pagan " +
+                      formatNumber(test.statistic, "0.00") + " with " +
+                      counted(test.degrees, "degree") + " of freedom, " +
+                      probabilityWords(test.p) +
+                      "), so that standard errors, t and P may be too small or too large."};
+}
+
+}  // namespace tolmer
