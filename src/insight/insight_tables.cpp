@@ -46,8 +46,8 @@ using PredictionColumn = double Prediction::*;
 constexpr std::array predictionColumns = {&Prediction::fit, &Prediction::meanLower,
                                           &Prediction::meanUpper, &Prediction::newLower,
                                           &Prediction::newUpper};
-constexpr std::array predictionHeads = {"Case",       "Fitted",    "Mean Lower", "Mean Upper",
-                                        "New Lower",  "New Upper", "Leverage",   "Outside"};
+constexpr std::array predictionHeads = {"Case",      "Fitted",    "Mean Lower", "Mean Upper",
+                                        "New Lower", "New Upper", "Leverage",   "Outside"};
 
 // One picture for all that is in units of Y.
 std::string pictureOf(std::span<const PredictedCase> predictions) {
@@ -76,7 +76,8 @@ TableContent influenceTable(const AnalysisState& state, const SecondFit& fit) {
     int col = lead;
     for (const InfluenceColumn& column : influenceColumns) {
       table.heading(1, ++col, column.head, Align::right);
-      table.figure(i + 1, col, formatNumber((fit.byCase[at - 1].*column.figure).value, column.picture),
+      table.figure(i + 1, col,
+                   formatNumber((fit.byCase[at - 1].*column.figure).value, column.picture),
                    Align::right);
     }
   }
@@ -104,8 +105,9 @@ TableContent predictionTable(std::span<const PredictedCase> predictions) {
     table.text(row, ++col, one.words.empty() ? "" : "yes", Align::left);
     if (!one.words.empty()) table.notes.push_back("Case " + number + ": " + one.words);
   }
-  table.notes.push_back("Lower and upper limits are of 95 per cent: Mean for the mean of all such "
-                        "cases, New for a single one.");
+  table.notes.push_back(
+      "Lower and upper limits are of 95 per cent: Mean for the mean of all such "
+      "cases, New for a single one.");
   return table;
 }
 

@@ -10,8 +10,8 @@
 
 namespace tolmer {
 
-// A row for each case: leverage, both studentized residuals, Cook's distance, DFFITS. The notes name
-// the largest leverage and distance.
+// A row for each case: leverage, both studentized residuals, Cook's distance, DFFITS. The notes
+// name the largest leverage and distance.
 TableContent influenceTable(const AnalysisState& state, const SecondFit& fit);
 
 // A row for each new case; the notes tell which of them lie outside the data and why.

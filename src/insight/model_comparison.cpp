@@ -5,8 +5,8 @@
 #include <cmath>
 #include <utility>
 
-#include "insight/change_words.h"
 #include "base/sentence_parts.h"
+#include "insight/change_words.h"
 #include "secondfit/tail_areas.h"
 
 namespace tolmer {
@@ -75,8 +75,8 @@ PartialTest partialTest(const ModelRecord& smaller, const ModelRecord& larger) {
   test.degrees = larger.terms() - smaller.terms();
   test.errorDegrees = larger.cases - larger.terms();
   const double error = larger.model.sse.value;
-  test.f = std::max(0.0, smaller.model.sse.value - error) / test.degrees /
-           (error / test.errorDegrees);
+  test.f =
+      std::max(0.0, smaller.model.sse.value - error) / test.degrees / (error / test.errorDegrees);
   test.p = fTail(test.degrees, test.errorDegrees, test.f);
   return test;
 }
@@ -105,7 +105,7 @@ class Sentences {
 
   std::string onTest(const PartialTest& test) const {
     const auto& more = dropped_.empty() ? added_ : dropped_;
-    const std::string numbers = "(partial F = " + figureText(test.f) + " with " +
+    const std::string numbers = "(partial F = " + figureText(test.f, 2) + " with " +
                                 std::to_string(test.degrees) + " and " +
                                 counted(test.errorDegrees, "degree") + " of freedom, " +
                                 probabilityWords(test.p) + ")";
@@ -122,9 +122,11 @@ class Sentences {
     const std::string aics = pair(one.aic, other.aic), bics = pair(one.bic, other.bic);
     if (aic == bic)
       return "AIC (" + aics + ") and BIC (" + bics + ") " +
-             (aic == 0 ? "prefer neither model." : "prefer the " + which(aic) + " model: lower is better.");
-    return "AIC (" + aics + ") prefers " + (aic == 0 ? "neither model" : "the " + which(aic) + " model") +
-           " and BIC (" + bics + ") " + (bic == 0 ? "neither" : "the " + which(bic)) +
+             (aic == 0 ? "prefer neither model."
+                       : "prefer the " + which(aic) + " model: lower is better.");
+    return "AIC (" + aics + ") prefers " +
+           (aic == 0 ? "neither model" : "the " + which(aic) + " model") + " and BIC (" + bics +
+           ") " + (bic == 0 ? "neither" : "the " + which(bic)) +
            ": lower is better, and BIC counts terms more heavily.";
   }
 
@@ -161,7 +163,8 @@ std::string onOtherCases(const ModelRecord& before, const ModelRecord& after) {
           std::to_string(after.cases);
   else
     why = "The fits are of different values of the same variables";
-  return why + ": R-squared, AIC and BIC cannot be held against each other, and there is no F test.";
+  return why +
+         ": R-squared, AIC and BIC cannot be held against each other, and there is no F test.";
 }
 
 std::vector<std::string> sentencesOn(const ModelRecord& before, const ModelRecord& after,

@@ -14,15 +14,15 @@ namespace tolmer {
 
 // A completed fit, without the data themselves.
 struct ModelRecord {
-  std::string dataName;                // file of the data, without its folders
-  std::vector<Int16> modelCol;         // as AnalysisState::iModelCol, to take the model up again
+  std::string dataName;         // file of the data, without its folders
+  std::vector<Int16> modelCol;  // as AnalysisState::iModelCol, to take the model up again
   bool intercept = false;
   int cases = 0;
-  std::vector<std::string> names;      // (k + 1) of the terms, then of the dependent variable
-  std::vector<std::uint64_t> prints;   // (k + 1) of their values in the order of the cases: columns
-                                       // of the same values have the same
+  std::vector<std::string> names;     // (k + 1) of the terms, then of the dependent variable
+  std::vector<std::uint64_t> prints;  // (k + 1) of their values in the order of the cases: columns
+                                      // of the same values have the same
   ModelFigures model;
-  std::vector<TermFigures> byTerm;     // (k)
+  std::vector<TermFigures> byTerm;  // (k)
 
   int terms() const { return static_cast<int>(byTerm.size()); }
   const std::string& dependent() const { return names.back(); }

@@ -59,9 +59,7 @@ class Predictor {
 
  private:
   int first() const { return data_.intercept ? 1 : 0; }
-  const std::string& nameOf(int term) const {
-    return data_.names[static_cast<std::size_t>(term)];
-  }
+  const std::string& nameOf(int term) const { return data_.names[static_cast<std::size_t>(term)]; }
   static std::string wordsOn(const PredictedCase& one, const std::vector<std::string>& places) {
     if (std::isnan(one.prediction.fit)) return "A value is missing.";
     const char* far = " It lies farther out than any case of the data (its leverage is larger).";

@@ -18,8 +18,8 @@ struct SpreadTest {
   double p = std::numeric_limits<double>::quiet_NaN();
 };
 
-// Takes one pass over the data: the factor of the fit serves the second regression, too. Not numbers
-// where the fit is not determined, or leaves no residuals to speak of.
+// Takes one pass over the data: the factor of the fit serves the second regression, too. Not
+// numbers where the fit is not determined, or leaves no residuals to speak of.
 SpreadTest breuschPagan(const ModelData& data, const SecondFit& fit);
 
 }  // namespace tolmer

@@ -62,7 +62,11 @@ std::string casesInWords(std::span<const int> cases, std::span<const std::string
 
 ModelData dataWithout(const ModelData& data, std::span<const int> cases) {
   const std::set<int> left(cases.begin(), cases.end());
-  ModelData result{.cases = 0, .terms = data.terms, .intercept = data.intercept, .x = {}, .y = {},
+  ModelData result{.cases = 0,
+                   .terms = data.terms,
+                   .intercept = data.intercept,
+                   .x = {},
+                   .y = {},
                    .names = data.names};
   for (int term = 0; term <= data.terms; ++term) {
     auto& values = term < data.terms ? result.x : result.y;
@@ -82,8 +86,9 @@ WithoutCases refitWithout(const ModelData& data, const SecondFit& fit, std::span
   result.terms = termChanges(data.names, fit.byTerm, others.names, result.fit.byTerm);
   const std::string without = "Without " + casesInWords(cases, labels) + " ";
   if (!fit.determined() || !result.fit.determined())
-    result.sentences = {without + "there is no valid fit: the " + counted(others.cases, "other case") +
-                        " cannot determine all " + counted(data.terms, "term") + "."};
+    result.sentences = {without + "there is no valid fit: the " +
+                        counted(others.cases, "other case") + " cannot determine all " +
+                        counted(data.terms, "term") + "."};
   else
     result.sentences = {onQuality(without, fit, result.fit), onCoefficients(result.terms)};
   return result;

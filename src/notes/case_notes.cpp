@@ -31,7 +31,8 @@ std::string onDistances(const AnalysisState& state, const SecondFit& fit,
 std::string onHeld(const AnalysisState& state, const std::vector<int>& cases) {
   const bool isOne = cases.size() == 1;
   return named(state, cases) + (isOne ? " has" : " have") +
-         " a leverage of 1: the fit passes through " + (isOne ? "it wherever it lies." : "each of them wherever it lies.");
+         " a leverage of 1: the fit passes through " +
+         (isOne ? "it wherever it lies." : "each of them wherever it lies.");
 }
 
 }  // namespace
@@ -53,12 +54,12 @@ MaybeNote unequalSpreadNote(const AnalysisState& state, const Examination& exami
   if (state.Fit.bSingular) return {};
   const SpreadTest test = breuschPagan(examination.data, examination.fit);
   if (!(test.p < 0.05)) return {};
-  return Note{.text = "Residuals spread more for some values of the predictors than for others "
-                      "(Breusch-Pagan " +
-                      formatNumber(test.statistic, "0.00") + " with " +
-                      counted(test.degrees, "degree") + " of freedom, " +
-                      probabilityWords(test.p) +
-                      "), so that standard errors, t and P may be too small or too large."};
+  return Note{.text =
+                  "Residuals spread more for some values of the predictors than for others "
+                  "(Breusch-Pagan " +
+                  formatNumber(test.statistic, "0.00") + " with " +
+                  counted(test.degrees, "degree") + " of freedom, " + probabilityWords(test.p) +
+                  "), so that standard errors, t and P may be too small or too large."};
 }
 
 }  // namespace tolmer

@@ -26,8 +26,8 @@ class NewCasesTable {
   }
 
   Result<NewCases> cases(const std::vector<std::string>& names) const {
-    NewCases cases{names, std::vector<std::vector<double>>(
-                              static_cast<std::size_t>(source_.table.rows))};
+    NewCases cases{names,
+                   std::vector<std::vector<double>>(static_cast<std::size_t>(source_.table.rows))};
     for (const std::string& name : names)
       if (auto fault = addColumn(name, cases)) return *fault;
     return cases;

@@ -39,10 +39,9 @@ std::vector<ReportPart> chosenParts(const ReportRequest& request) {
   if (request.newCases) asked.push_back(predictionsPart());
   std::vector<ReportPart> parts;
   for (const ReportPart part : asked) {
-    const bool isLeftOut =
-        (part && part->listsCases && request.caseLists == CaseLists::none) ||
-        (isFurther(part) && request.format == ReportFormat::json) ||
-        (part == predictionsPart() && !request.newCases);
+    const bool isLeftOut = (part && part->listsCases && request.caseLists == CaseLists::none) ||
+                           (isFurther(part) && request.format == ReportFormat::json) ||
+                           (part == predictionsPart() && !request.newCases);
     if (!isLeftOut && std::find(parts.begin(), parts.end(), part) == parts.end())
       parts.push_back(part);
   }
@@ -76,7 +75,10 @@ ReportedPart reportedPart(ReportPart part, const AnalysisState& state, const Rep
     return {part, std::string(captionOf(part)) + fitMark(state),
             FittedEquation{fittedEquation(state)}};
   ReportedPart reported{part, titleOf(*part, state), {}};
-  if (isFurther(part)) return reported;  // filled by the second fit
+  if (isFurther(part)) {
+    reported.content = TableContent();  // filled by the second fit
+    return reported;
+  }
   std::visit([&](auto&& content) { reported.content = std::move(content); },
              contentOf(*part, state, graphSize(request.format), messages));
   return reported;

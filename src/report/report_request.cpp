@@ -11,14 +11,16 @@ std::vector<ReportPart> allParts() {
 }
 
 ReportPart influencePart() {
-  static constexpr Display part{
-      {}, "", "influence", "", "Influence of the Cases", "", "", 15, TableMaker{}, true};
+  static constexpr Display part{{},   "",   "influence", "",           "Influence of the Cases",
+                                "",   "",   15,          TableMaker{}, true,
+                                true, false};
   return &part;
 }
 
 ReportPart predictionsPart() {
   static constexpr Display part{
-      {}, "", "predictions", "", "Predictions of New Cases", "", "", 16, TableMaker{}};
+      {},           "",    "predictions", "",   "Predictions of New Cases", "", "", 16,
+      TableMaker{}, false, true,          false};
   return &part;
 }
 

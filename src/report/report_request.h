@@ -31,15 +31,15 @@ struct ReportRequest {
   std::optional<std::vector<ReportPart>> parts{};
   CaseLists caseLists = CaseLists::whole;  // of parts that list cases; JSON has them whole or not
   Paper paper = Paper::a4;
-  bool isColoured = false;  // text with the colours of a terminal
+  bool isColoured = false;             // text with the colours of a terminal
   std::optional<NewCases> newCases{};  // to predict; not in an R script
 };
 
 // All parts in reading order: the equation, then the displays.
 std::vector<ReportPart> allParts();
-// What is no display, and a part only where it is named: the influence of the cases; the predictions
-// of new cases, which stand last where there are such cases and nobody names them. JSON has keys of
-// its own for both.
+// What is no display, and a part only where it is named: the influence of the cases; the
+// predictions of new cases, which stand last where there are such cases and nobody names them. JSON
+// has keys of its own for both.
 ReportPart influencePart();
 ReportPart predictionsPart();
 // "equation", or the word of a display; nullopt where no part is called so.

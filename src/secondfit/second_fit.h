@@ -33,7 +33,8 @@ struct ModelData {
   // The values of a term, or, behind the last, of the dependent variable.
   std::span<const double> column(int term) const {
     const auto n = static_cast<std::size_t>(cases);
-    return term == terms ? std::span(y) : std::span(x).subspan(static_cast<std::size_t>(term) * n, n);
+    return term == terms ? std::span(y)
+                         : std::span(x).subspan(static_cast<std::size_t>(term) * n, n);
   }
   double at(int row, int term) const { return column(term)[static_cast<std::size_t>(row)]; }
 };
