@@ -132,7 +132,8 @@ BENCHMARK(firstNotebookPage)->UseManualTime()->Iterations(30)->Unit(benchmark::k
 
 int main(int argc, char** argv) {
   setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  setenv("XDG_STATE_HOME", TOLMER_BENCH_FOLDER "/no_state", 1);  // no work of another run to tell of
+  setenv("XDG_STATE_HOME", TOLMER_BENCH_FOLDER "/no_state",
+         1);  // no work of another run to tell of
   benchmark::Initialize(&argc, argv);
   benchmark::RunSpecifiedBenchmarks();
   return 0;
