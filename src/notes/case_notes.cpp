@@ -25,7 +25,7 @@ std::string onDistances(const AnalysisState& state, const SecondFit& fit,
   return named(state, cases) +
          (isOne ? " moves the fit noticeably by itself: Cook's distance is "
                 : " each move the fit noticeably: the largest Cook's distance is ") +
-         formatNumber(largest, "#,##0.00") + (isOne ? ", above 0.5." : ", and all are above 0.5.");
+         formatNumber(largest, "#,##0.00") + " (noticeable from 0.5 on).";
 }
 
 std::string onHeld(const AnalysisState& state, const std::vector<int>& cases) {

@@ -110,6 +110,27 @@ TEST(Notes, TellWhatTheDisplaysCannot) {
   EXPECT_THAT(gap.text(NoteKind::coarseScale), HasSubstr("Values of X1 differ only behind"));
 }
 
+TEST(Notes, NameCasesThatDecideTheFitAndResidualsThatSpreadUnequally) {
+  const auto noise = [](float i) { return std::fmod(i * i * 7, 11.0F); };
+  auto rows = rowsOf(12, [&](float i) { return std::vector{i, noise(i), 0.0F, noise(i + 3)}; });
+  rows[4][2] = 1;  // the only case with it
+  EXPECT_EQ(noted(modelOf(rows)).text(NoteKind::influentialCase),
+            "Case 5 has a leverage of 1: the fit passes through it wherever it lies.");
+  rows[4][2] = 0;
+  rows[7][2] = 1;
+  rows[8][2] = 1;
+  rows[8][3] = 90;
+  EXPECT_THAT(
+      noted(modelOf(rows)).text(NoteKind::influentialCase),
+      HasSubstr("Cases 8 and 9 each move the fit noticeably: the largest Cook's distance "));
+  const Noted wedge = noted(modelOf(rowsOf(40, [](float i) {
+    return std::vector{i, i + (std::fmod(i, 2.0F) - 0.5F) * i};
+  })));
+  EXPECT_THAT(wedge.text(NoteKind::unequalSpread),
+              HasSubstr("with 1 degree of freedom, P below 0.001), so that"));
+  EXPECT_EQ(noted(cementModel()).text(NoteKind::unequalSpread), "");
+}
+
 TEST(Notes, TellWhatRoundingToSinglesMoves) {
   AnalysisState state = modelOf(rowsOf(9, [](float i) {
     return std::vector{123456789.0F + 16 * i, std::fmod(i * i * 7, 11.0F)};
