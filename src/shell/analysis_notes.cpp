@@ -14,8 +14,8 @@ constexpr const char* between = "   \xC2\xB7   ";
 
 // Its file without folder and ending.
 std::string dataSetName(const AnalysisState& state) {
-  if (state.iDataSource == dataEditor) return "Data editor";
   const std::string& file = state.tDataFileName;
+  if (file == "None") return "Data editor";  // the data's, while another source is being chosen too
   const std::string name = file.substr(file.find_last_of("/\\") + 1);
   return name.substr(0, name.rfind('.'));
 }

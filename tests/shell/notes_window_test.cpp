@@ -35,7 +35,7 @@ TEST_F(NotesOnTheScreen, AreMadeAfterTheStartAndLeadToTheirCellsAndHelp) {
   });
   module.Main();
   desktop.advance(1000);
-  EXPECT_EQ(parts().frame.lblNotes.caption(), "2 notes");
+  EXPECT_EQ(parts().frame.lblNotes.caption(), "3 notes");
   EXPECT_EQ(parts().frame.lblStatus.caption(),
             "stakloss   ·   21 of 21 cases   ·   StackLoss on AirFlow, WaterTemp and AcidConc");
   const CellPosition marked{3, 5};
@@ -44,7 +44,7 @@ TEST_F(NotesOnTheScreen, AreMadeAfterTheStartAndLeadToTheirCellsAndHelp) {
 
   user.click("mdiReg", "lblStatus");
   EXPECT_EQ(layoutFaults(parts().notesWindow), "");
-  user.click("frmNotes", "lblHelp(2)");
+  user.click("frmNotes", "lblHelp(3)");
   EXPECT_EQ(desktop.helpRequests().back().entry, "All numbers confirmed");
   parts().manager.ShowNewWindow(graphDisplays, 2);
   coefficients().activate();
