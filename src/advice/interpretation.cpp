@@ -4,9 +4,9 @@
 #include <cmath>
 #include <cstddef>
 
+#include "engine/decimals_choice.h"
 #include "engine/fitted_equation.h"
 #include "engine/least_squares.h"
-#include "engine/picture_choice.h"
 #include "engine/picture_text.h"
 #include "engine/variance_inflation.h"
 

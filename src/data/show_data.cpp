@@ -4,7 +4,7 @@
 #include <cmath>
 #include <vector>
 
-#include "engine/picture_choice.h"
+#include "engine/decimals_choice.h"
 #include "engine/picture_text.h"
 #include "platform/desktop.h"
 #include "platform/grid/grid_copy.h"

@@ -3,7 +3,7 @@
 #include <cmath>
 #include <limits>
 
-#include "engine/picture_choice.h"
+#include "engine/decimals_choice.h"
 #include "engine/picture_text.h"
 #include "sheet/sheet_content.h"
 #include "textimport/typed_number.h"

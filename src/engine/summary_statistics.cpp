@@ -3,7 +3,7 @@
 #include <cmath>
 #include <vector>
 
-#include "engine/picture_choice.h"
+#include "engine/decimals_choice.h"
 
 namespace tolmer {
 namespace {

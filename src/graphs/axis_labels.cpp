@@ -2,7 +2,7 @@
 
 #include <cstddef>
 
-#include "engine/picture_choice.h"
+#include "engine/decimals_choice.h"
 #include "engine/picture_text.h"
 
 namespace tolmer {

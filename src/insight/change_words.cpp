@@ -2,7 +2,7 @@
 
 #include <cmath>
 
-#include "engine/picture_choice.h"
+#include "engine/decimals_choice.h"
 #include "engine/picture_text.h"
 
 namespace tolmer {

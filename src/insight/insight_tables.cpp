@@ -5,7 +5,7 @@
 #include <cmath>
 #include <vector>
 
-#include "engine/picture_choice.h"
+#include "engine/decimals_choice.h"
 #include "engine/picture_text.h"
 #include "insight/without_cases.h"
 

@@ -10,22 +10,6 @@ namespace tolmer {
 namespace {
 
 constexpr int aMoment = 50;  // milliseconds, in which the displays are painted
-constexpr const char* between = "   \xC2\xB7   ";
-
-// Its file without folder and ending.
-std::string dataSetName(const AnalysisState& state) {
-  const std::string& file = state.tDataFileName;
-  if (file == "None") return "Data editor";  // the data's, while another source is being chosen too
-  const std::string name = file.substr(file.find_last_of("/\\") + 1);
-  return name.substr(0, name.rfind('.'));
-}
-
-std::string modelText(const AnalysisState& state) {
-  std::vector<std::string> predictors;
-  for (int i = 2; i <= listedVariables(state); ++i) predictors.push_back(variableName(state, i));
-  return variableName(state, 1) + " on " + listed(predictors) +
-         (state.bUseIntercept ? "" : ", without intercept");
-}
 
 bool speaksOf(const Note& note, std::string_view form) {
   return std::ranges::find(note.cells, form, &NotedCell::display) != note.cells.end();
@@ -76,14 +60,6 @@ std::vector<std::string> AnalysisNotes::sentencesOn(std::string_view form) {
   for (const Note& note : notes())
     if (speaksOf(note, form)) sentences.push_back(note.text);
   return sentences;
-}
-
-std::string AnalysisNotes::statusText() const {
-  if (!hasFit(state_)) return {};
-  const int used = state_.iNumCases;
-  const int read = used + static_cast<int>(state_.uOrigin.leftOut.size());
-  return dataSetName(state_) + between + std::to_string(used) + " of " + counted(read, "case") +
-         between + modelText(state_) + fitMark(state_);
 }
 
 std::string AnalysisNotes::countText() const {

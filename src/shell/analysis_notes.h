@@ -1,4 +1,4 @@
-// The notes on the present analysis, and what the main window says of it in a line.
+// The notes on the present analysis.
 #pragma once
 
 #include <functional>
@@ -31,8 +31,6 @@ class AnalysisNotes {
   // The sentences that speak of cells of the display. Makes the notes.
   std::vector<std::string> sentencesOn(std::string_view form);
 
-  // "stakloss · 21 of 21 cases · StackLoss on AirFlow and WaterTemp"; empty before the first fit.
-  std::string statusText() const;
   // "2 notes"; "Notes" while nobody has counted them.
   std::string countText() const;
 

@@ -2,6 +2,7 @@
 
 #include "base/file_io.h"
 #include "engine/fitted_equation.h"
+#include "shell/status_line.h"
 
 namespace tolmer {
 
@@ -65,7 +66,7 @@ void MenuCommands::wireNotes() {
 
 // Everywhere but in the window, which is filled when it is opened or while it stands.
 void MenuCommands::showNotes() {
-  parts_.frame.showStatus(parts_.notes.statusText(), parts_.notes.countText());
+  parts_.frame.showStatus(statusLine(parts_.state), parts_.notes.countText());
   parts_.displays.showRemarks();
   if (parts_.notesWindow.visible()) parts_.notesWindow.setNotes(parts_.notes.known());
 }

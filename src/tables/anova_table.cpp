@@ -5,8 +5,8 @@
 #include <limits>
 #include <string>
 
+#include "engine/decimals_choice.h"
 #include "engine/least_squares.h"
-#include "engine/picture_choice.h"
 #include "engine/picture_text.h"
 #include "state/analysis_state.h"
 

@@ -7,7 +7,7 @@
 #include <limits>
 #include <span>
 
-#include "engine/picture_choice.h"
+#include "engine/decimals_choice.h"
 #include "engine/picture_text.h"
 #include "state/analysis_state.h"
 

@@ -4,8 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "engine/decimals_choice.h"
 #include "engine/distributions.h"
-#include "engine/picture_choice.h"
 #include "engine/picture_text.h"
 #include "engine/variance_inflation.h"
 #include "state/analysis_state.h"

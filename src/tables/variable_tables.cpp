@@ -5,8 +5,8 @@
 #include <limits>
 #include <utility>
 
+#include "engine/decimals_choice.h"
 #include "engine/distributions.h"
-#include "engine/picture_choice.h"
 #include "engine/picture_text.h"
 #include "state/analysis_state.h"
 

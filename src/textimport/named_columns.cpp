@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "base/text_encoding.h"
-#include "textimport/import_findings.h"
+#include "textimport/import_guesses.h"
 
 namespace tolmer {
 

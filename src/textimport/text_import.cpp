@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "textimport/import_findings.h"
+#include "textimport/import_guesses.h"
 #include "textimport/typed_number.h"
 
 namespace tolmer {

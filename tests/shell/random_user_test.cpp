@@ -18,6 +18,7 @@
 #include "sheetfiles/visit_files.h"
 #include "shell/display_checks.h"
 #include "shell/module.h"
+#include "shell/status_line.h"
 #include "support/designer_student.h"
 #include "support/random_hand.h"
 #include "support/temp_folder.h"
@@ -289,7 +290,7 @@ class RandomUser {
   void checkNotes() {
     AnalysisNotes& notes = parts().notes;
     EXPECT_EQ(parts().frame.lblNotes.caption(), notes.countText());
-    EXPECT_EQ(parts().frame.lblStatus.caption(), notes.statusText());
+    EXPECT_EQ(parts().frame.lblStatus.caption(), statusLine(parts().state));
     for (const Note& note : notes.known())
       for (const NotedCell& cell : note.cells) {
         const auto* table =

@@ -4,8 +4,8 @@
 #include <cmath>
 #include <limits>
 
+#include "engine/decimals_choice.h"
 #include "engine/distributions.h"
-#include "engine/picture_choice.h"
 
 namespace tolmer::literal {
 namespace {

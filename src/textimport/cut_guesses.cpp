@@ -2,7 +2,7 @@
 #include <algorithm>
 #include <array>
 
-#include "textimport/import_findings.h"
+#include "textimport/import_guesses.h"
 
 namespace tolmer {
 

@@ -1,4 +1,4 @@
-#include "engine/picture_choice.h"
+#include "engine/decimals_choice.h"
 
 #include <algorithm>
 #include <array>

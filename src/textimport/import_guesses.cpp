@@ -1,4 +1,4 @@
-#include "textimport/import_findings.h"
+#include "textimport/import_guesses.h"
 
 #include <algorithm>
 #include <array>

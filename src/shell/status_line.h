@@ -1,0 +1,13 @@
+// What the main window says of the analysis in the line below the quadrants.
+#pragma once
+
+#include <string>
+
+#include "state/analysis_state.h"
+
+namespace tolmer {
+
+// "stakloss · 21 of 21 cases · StackLoss on AirFlow and WaterTemp"; empty before the first fit.
+std::string statusLine(const AnalysisState& state);
+
+}  // namespace tolmer
