@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <ranges>
 #include <utility>
 
 #include "platform/desktop.h"
@@ -73,8 +72,8 @@ void TableWindow::showRemarks() { grid_.setRemarks(host_.remarksOn(display_)); }
 void TableWindow::showCells(const std::vector<CellPosition>& cells) {
   grid_.setSelectionMode(SelectionMode::cells);
   std::vector<CellBlock> blocks;
-  for (const CellPosition& cell : std::views::reverse(cells))
-    blocks.push_back({cell.row, cell.col, cell.row, cell.col});
+  for (auto cell = cells.rbegin(); cell != cells.rend(); ++cell)
+    blocks.push_back({cell->row, cell->col, cell->row, cell->col});
   grid_.select(blocks);
   grid_.setFocus();
 }

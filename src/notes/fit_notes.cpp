@@ -24,8 +24,8 @@ std::string sized(const Combination::Part& part, bool isExact) {
 
 // "2 X1 - 3", the constant last.
 std::string formula(Combination one) {
-  std::ranges::stable_partition(one.parts,
-                                [](const auto& part) { return part.name != "Intercept"; });
+  std::stable_partition(one.parts.begin(), one.parts.end(),
+                        [](const auto& part) { return part.name != "Intercept"; });
   std::string text;
   for (const Combination::Part& part : one.parts) {
     const std::string size = sized(part, one.exact);
