@@ -1,6 +1,7 @@
 #include "platform/qt/control_style.h"
 
 #include <QIcon>
+#include <QPainter>
 #include <QPolygonF>
 #include <QStyleOption>
 #include <algorithm>
