@@ -1,24 +1,15 @@
 #include "insight/unequal_spread.h"
 
 #include <cmath>
-#include <numeric>
-#include <span>
 #include <vector>
 
+#include "secondfit/long_sums.h"
 #include "secondfit/tail_areas.h"
 
 namespace tolmer {
 namespace {
 
 using Column = std::vector<double>;
-
-double dot(const Column& one, const Column& other) {
-  return std::inner_product(one.begin(), one.end(), other.begin(), 0.0);
-}
-
-double meanOf(std::span<const double> values) {
-  return std::accumulate(values.begin(), values.end(), 0.0) / static_cast<double>(values.size());
-}
 
 // The squared residuals about their mean.
 Column centredSquares(const SecondFit& fit) {
@@ -38,8 +29,8 @@ Column weights(const ModelData& data, const SecondFit& fit, const Column& v, boo
   for (std::size_t i = 0; i < k; ++i) {
     const auto term = data.column(static_cast<int>(i));
     const double mean = aboutMeans ? meanOf(term) : 0;
-    double product = 0;
-    for (std::size_t row = 0; row < v.size(); ++row) product += (term[row] - mean) * v[row];
+    const double product =
+        longSum(v.size(), [&](std::size_t row) { return (term[row] - mean) * v[row]; });
     for (std::size_t j = 0; j < k; ++j) result[j] += fit.inverseFactor[j * k + i] * product;
   }
   return result;

@@ -52,23 +52,26 @@ std::vector<std::string> axisTexts(float sLow, float sHigh) {
   return scaleTexts(ticks);
 }
 
+// Decimals of a picture; more than any where the point is not fixed.
+constexpr int anyDecimals = 300;
+int decimalsOf(std::string_view picture) {
+  if (picture.find('E') != picture.npos || picture.empty()) return anyDecimals;
+  const auto point = picture.find('.');
+  return point == picture.npos ? 0 : static_cast<int>(picture.size() - point) - 1;
+}
+
 // Whether different values of the variable read alike.
 bool readsAlike(const AnalysisState& state, int variable) {
   const double low = state.dDescStat(3, variable);
   const double high = state.dDescStat(4, variable);
   if (!(low < high)) return false;
   const std::string& picture = state.tVarFormat[static_cast<std::size_t>(variable)];
-  if (formatNumber(low, picture) == formatNumber(high, picture)) return true;
+  const bool isFixed = decimalsOf(picture) < anyDecimals && picture.find('0') != picture.npos;
+  const bool isFar = isFixed && high - low > 2 * std::pow(10.0, -decimalsOf(picture));
+  if (!isFar && formatNumber(low, picture) == formatNumber(high, picture)) return true;
   if (high - low > 1e-3 * std::max(std::abs(low), std::abs(high))) return false;
   const auto texts = axisTexts(static_cast<float>(low), static_cast<float>(high));
   return std::ranges::adjacent_find(texts) != texts.end();
-}
-
-// Decimals of a picture; more than any where the point is not fixed.
-int decimalsOf(std::string_view picture) {
-  if (picture.find('E') != picture.npos || picture.empty()) return 300;
-  const auto point = picture.find('.');
-  return point == picture.npos ? 0 : static_cast<int>(picture.size() - point) - 1;
 }
 
 // Values of one variable that the data list does not show as they were written.

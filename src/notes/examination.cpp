@@ -36,18 +36,20 @@ class FitTables {
     }
   }
 
-  Health check(const ModelData& data, const SecondFit& fit, bool labelled) const {
-    const FigureSource source{data, fit, labelled};
-    std::vector<ShownCell> cells;
-    for (std::size_t i = 0; i < fitTables.size(); ++i) {
-      const FigureOfCell figureOf = shownFigures(fitTables[i].display);
-      for (int row = 2; row <= tables_[i]->rows(); ++row)
-        for (int col = 1; col <= tables_[i]->cols(); ++col)
-          if (const auto figure = figureOf(source, row, col))
-            cells.push_back(
-                {fitTables[i].display, row, col, tables_[i]->at(row, col).text, *figure});
-    }
-    return checkCells(fit.condition, cells);
+  Health check(const FigureSource& source) const {
+    Health health{.condition = source.fit.condition};
+    forEach(source, [&](std::size_t table, int row, int col, const Figure& figure) {
+      checkCell(health, {fitTables[table].display, row, col, text(table, row, col), figure});
+    });
+    return health;
+  }
+
+  bool surelyStand(const FigureSource& source) const {
+    bool stand = true;
+    forEach(source, [&](std::size_t table, int row, int col, const Figure& figure) {
+      stand = stand && surelyConfirmed(text(table, row, col), figure);
+    });
+    return stand;
   }
 
   // The terms whose limits read like the coefficient.
@@ -64,6 +66,19 @@ class FitTables {
   }
 
  private:
+  const std::string& text(std::size_t table, int row, int col) const {
+    return tables_[table]->at(row, col).text;
+  }
+  template <class Visit>
+  void forEach(const FigureSource& source, Visit visit) const {
+    for (std::size_t i = 0; i < fitTables.size(); ++i) {
+      const FigureOfCell figureOf = shownFigures(fitTables[i].display);
+      for (int row = 2; row <= tables_[i]->rows(); ++row)
+        for (int col = 1; col <= tables_[i]->cols(); ++col)
+          if (const auto figure = figureOf(source, row, col)) visit(i, row, col, *figure);
+    }
+  }
+
   std::array<TableContent, fitTables.size()> made_;
   std::array<const TableContent*, fitTables.size()> tables_{};
 };
@@ -72,25 +87,22 @@ bool samePlace(const Unconfirmed& one, const Unconfirmed& other) {
   return one.row == other.row && one.column == other.column && one.display == other.display;
 }
 
-// The held data with the numbers as they were written; nothing where nobody kept them, or where
-// singles hold them all.
-std::optional<ModelData> writtenData(const AnalysisState& state, const ModelData& held) {
-  const Matrix<double>& written = state.uOrigin.written;
-  if (written.lastRow() < held.cases) return {};
-  ModelData data = held;
-  bool differs = false;
-  const auto take = [&](double& value, int row, int column) {
-    differs = differs || value != written(row, column);
-    value = written(row, column);
-  };
-  const int first = held.intercept ? 1 : 0;
-  for (int i = 1; i <= held.cases; ++i) {
-    take(data.y[static_cast<std::size_t>(i) - 1], i, state.iModelCol[1]);
-    for (int j = first; j < held.terms; ++j)
-      take(data.x[static_cast<std::size_t>(j * held.cases + i) - 1], i,
-           state.iModelCol[static_cast<std::size_t>(j - first) + 2]);
-  }
-  return differs ? std::optional(std::move(data)) : std::nullopt;
+// Shown numbers that are confirmed and would be others with the data as written. The fit of those
+// costs as much as the first, so it is done where a step from the first cannot rule out any.
+std::vector<Unconfirmed> movedNumbers(const AnalysisState& state, const Examination& held,
+                                      const FitTables& shown) {
+  const auto written = writtenData(state);
+  if (!written) return {};
+  const auto near = fitNearby(held.fit, held.data, *written);
+  if (near && shown.surelyStand({*written, *near, state.bLabeledData})) return {};
+  const SecondFit fit = fitSecond(*written, Extent::shownNumbers);
+  std::vector<Unconfirmed> moved;
+  for (Unconfirmed& one : shown.check({*written, fit, state.bLabeledData}).unconfirmed)
+    if (one.doubt == Doubt::differs &&
+        std::ranges::none_of(held.health->unconfirmed,
+                             [&](const auto& other) { return samePlace(one, other); }))
+      moved.push_back(std::move(one));
+  return moved;
 }
 
 }  // namespace
@@ -105,18 +117,11 @@ Examination examine(const AnalysisState& state, std::span<const ShownTable> tabl
     return result;
   }
   const FitTables shown(state, tables);
-  result.health = shown.check(result.data, result.fit, state.bLabeledData);
+  result.health = shown.check({result.data, result.fit, state.bLabeledData});
   result.alikeRows = shown.alikeRows(state.Fit);
   if (!result.health->unconfirmed.empty())
     result.combinations = combinations(result.data, result.fit);
-  if (const auto written = writtenData(state, result.data)) {
-    const SecondFit fit = fitSecond(*written, Extent::shownNumbers);
-    for (Unconfirmed& one : shown.check(*written, fit, state.bLabeledData).unconfirmed)
-      if (one.doubt == Doubt::differs &&
-          std::ranges::none_of(result.health->unconfirmed,
-                               [&](const auto& other) { return samePlace(one, other); }))
-        result.moved.push_back(std::move(one));
-  }
+  result.moved = movedNumbers(state, result, shown);
   return result;
 }
 

@@ -44,20 +44,28 @@ class ShownReader {
     return digit;
   }
   void readDigits() {
-    bool behindPoint = false;
-    while (true) {
-      if (const int digit = takeDigit(); digit >= 0) {
-        result_.digits = 10 * result_.digits + digit;
-        ++result_.count;
-        ++(behindPoint ? result_.decimals : result_.whole);
-      } else if (!behindPoint && take('.')) {
-        behindPoint = true;
-      } else if (!behindPoint && result_.whole > 0 && take(',')) {
+    double digits = 0;
+    int count = 0;
+    int whole = -1;  // until there is a point
+    std::size_t at = 0;
+    for (; at < rest_.size(); ++at) {
+      const char c = rest_[at];
+      if (c >= '0' && c <= '9') {
+        digits = 10 * digits + (c - '0');
+        ++count;
+      } else if (c == '.' && whole < 0) {
+        whole = count;
+      } else if (c == ',' && whole < 0 && count > 0) {
         result_.grouped = true;
       } else {
-        return;
+        break;
       }
     }
+    rest_.remove_prefix(at);
+    result_.digits = digits;
+    result_.count = count;
+    result_.whole = whole < 0 ? count : whole;
+    result_.decimals = count - result_.whole;
   }
   bool readExponent() {
     const bool negative = take('-');
@@ -87,11 +95,15 @@ double inUnits(double value, const ShownText& shown) {
   return places >= 0 ? value * powerOfTen(places) : value / powerOfTen(-places);
 }
 
+bool confirms(const ShownText& shown, double value) {
+  const double rounded = std::round(inUnits(value, shown));
+  const double allowed = shown.digits == 0 ? 0 : 1;
+  return std::abs(rounded - shown.digits) <= allowed;
+}
+
 Doubt judge(const ShownText& shown, const Figure& second) {
   if (!(inUnits(second.error, shown) < 0.5)) return Doubt::uncertain;
-  const double rounded = std::round(inUnits(second.value, shown));
-  const double allowed = shown.digits == 0 ? 0 : 1;
-  return std::abs(rounded - shown.digits) <= allowed ? Doubt::none : Doubt::differs;
+  return confirms(shown, second.value) ? Doubt::none : Doubt::differs;
 }
 
 std::string pictureLike(const ShownText& shown) {
@@ -110,20 +122,21 @@ std::optional<Doubt> doubtOf(std::string_view text, const Figure& second) {
   return shown ? std::optional(judge(*shown, second)) : std::nullopt;
 }
 
-Health checkCells(double condition, std::span<const ShownCell> cells) {
-  Health health;
-  health.condition = condition;
-  for (const ShownCell& cell : cells) {
-    const auto shown = ShownReader(cell.text).read();
-    if (!shown) continue;
-    ++health.checked;
-    const Doubt doubt = judge(*shown, cell.second);
-    if (doubt == Doubt::none) continue;
-    health.unconfirmed.push_back({std::string(cell.display), cell.row, cell.column,
-                                  std::string(cell.text),
-                                  formatNumber(cell.second.value, pictureLike(*shown)), doubt});
-  }
-  return health;
+bool surelyConfirmed(std::string_view text, const Figure& second) {
+  const auto shown = ShownReader(text).read();
+  return !shown || (confirms(*shown, second.value - second.error) &&
+                    confirms(*shown, second.value + second.error));
+}
+
+void checkCell(Health& health, const ShownCell& cell) {
+  const auto shown = ShownReader(cell.text).read();
+  if (!shown) return;
+  ++health.checked;
+  const Doubt doubt = judge(*shown, cell.second);
+  if (doubt == Doubt::none) return;
+  health.unconfirmed.push_back({std::string(cell.display), cell.row, cell.column,
+                                std::string(cell.text),
+                                formatNumber(cell.second.value, pictureLike(*shown)), doubt});
 }
 
 }  // namespace tolmer

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <optional>
-#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -39,7 +38,7 @@ struct Unconfirmed {
 struct Health {
   double condition = 0;                  // of the scaled model matrix, as in SecondFit
   int checked = 0;                       // cells that hold a number
-  std::vector<Unconfirmed> unconfirmed;  // in the order of the cells
+  std::vector<Unconfirmed> unconfirmed{};  // in the order of the cells
 };
 
 // The judgement of one text: confirmed where the second number, rounded half away from zero to the
@@ -48,7 +47,10 @@ struct Health {
 // asterisks, words, an empty cell).
 std::optional<Doubt> doubtOf(std::string_view text, const Figure& second);
 
-// Judges cells; those without a number are left out.
-Health checkCells(double condition, std::span<const ShownCell> cells);
+// Whether every number within the second one's error confirms the text; also where it is no number.
+bool surelyConfirmed(std::string_view text, const Figure& second);
+
+// Judges one more cell; one without a number is left out.
+void checkCell(Health& health, const ShownCell& cell);
 
 }  // namespace tolmer

@@ -64,25 +64,30 @@ auto product(const Left& left, const Right& right) {
     return left.lazyProduct(right).eval();
 }
 
-// Several reflections at once, I - V T V', that act on the rows from `first`.
+// Several reflections at once, I - V T V', that act on the rows from `first`. V stands in the columns
+// they reduced, down from the diagonal; what stood there of the triangle is kept here.
 template <class Real>
 struct Reflections {
   Index first = 0;
-  MatrixOf<Real> v;
   MatrixOf<Real> t;
+  MatrixOf<Real> triangle;  // (width, width) with zeros below the diagonal
 
-  template <class Block>
-  void towardsTriangle(Block&& rows) const {
-    take(rows, product(t.transpose(), product(v.transpose(), rows)));
+  // Of the matrix that was reduced.
+  auto v(const MatrixOf<Real>& reduced) const {
+    return reduced.block(first, first, reduced.rows() - first, t.cols());
   }
-  template <class Block>
-  void back(Block&& rows) const {
-    take(rows, product(t, product(v.transpose(), rows)));
+  template <class V, class Block>
+  void towardsTriangle(const V& v, Block&& rows) const {
+    take(v, rows, product(t.transpose(), product(v.transpose(), rows)));
+  }
+  template <class V, class Block>
+  void back(const V& v, Block&& rows) const {
+    take(v, rows, product(t, product(v.transpose(), rows)));
   }
 
  private:
-  template <class Block, class Weights>
-  void take(Block& rows, const Weights& weights) const {
+  template <class V, class Block, class Weights>
+  void take(const V& v, Block& rows, const Weights& weights) const {
     if constexpr (std::is_same_v<Real, double>)
       rows.noalias() -= v * weights;
     else
@@ -95,29 +100,31 @@ template <class Real, class Block>
 Reflections<Real> reduceColumns(Block block, Index first) {
   const Index rows = block.rows();
   const Index width = block.cols();
-  Reflections<Real> result{first, MatrixOf<Real>::Zero(rows, width),
+  Reflections<Real> result{first, MatrixOf<Real>::Zero(width, width),
                            MatrixOf<Real>::Zero(width, width)};
   VectorOf<Real> workspace(width);
   for (Index j = 0; j < width; ++j) {
     Real length;
     auto column = block.col(j).tail(rows - j);
     column.makeHouseholderInPlace(result.t(j, j), length);
-    result.v(j, j) = Real(1);
-    result.v.col(j).tail(rows - j - 1) = column.tail(rows - j - 1);
     block.bottomRightCorner(rows - j, width - j - 1)
-        .applyHouseholderOnTheLeft(result.v.col(j).tail(rows - j - 1), result.t(j, j),
-                                   workspace.data());
+        .applyHouseholderOnTheLeft(column.tail(rows - j - 1), result.t(j, j), workspace.data());
     column(0) = length;
   }
+  for (Index j = 0; j < width; ++j) {
+    result.triangle.col(j).head(j + 1) = block.col(j).head(j + 1);
+    block.col(j).head(j).setZero();
+    block(j, j) = Real(1);
+  }
   for (Index j = 1; j < width; ++j) {
-    const VectorOf<Real> overlap = product(result.v.bottomRows(rows - j).leftCols(j).transpose(),
-                                           result.v.col(j).tail(rows - j));
+    const VectorOf<Real> overlap = product(block.bottomRows(rows - j).leftCols(j).transpose(),
+                                           block.col(j).tail(rows - j));
     result.t.col(j).head(j) = result.t.topLeftCorner(j, j).lazyProduct(overlap) * -result.t(j, j);
   }
   return result;
 }
 
-// Brings the first `columns` columns of a to upper triangular form and takes the others along.
+// Reduces the first `columns` columns of a and takes the others along.
 template <class Real>
 std::vector<Reflections<Real>> triangularise(MatrixOf<Real>& a, Index columns) {
   constexpr Index together = 8;
@@ -126,9 +133,24 @@ std::vector<Reflections<Real>> triangularise(MatrixOf<Real>& a, Index columns) {
     const Index width = std::min(together, columns - first);
     const Index rows = a.rows() - first;
     steps.push_back(reduceColumns<Real>(a.block(first, first, rows, width), first));
-    steps.back().towardsTriangle(a.bottomRightCorner(rows, a.cols() - first - width));
+    steps.back().towardsTriangle(steps.back().v(a),
+                                 a.bottomRightCorner(rows, a.cols() - first - width));
   }
   return steps;
+}
+
+// The upper triangle of the reduced columns, and the others down to its last row.
+template <class Real>
+MatrixOf<Real> triangleOf(const MatrixOf<Real>& reduced,
+                          const std::vector<Reflections<Real>>& steps) {
+  const Index k = steps.empty() ? 0 : steps.back().first + steps.back().t.cols();
+  MatrixOf<Real> result = reduced.topRows(k);
+  for (const Reflections<Real>& step : steps) {
+    const Index width = step.t.cols();
+    result.block(step.first, step.first, width, width) = step.triangle;
+    result.middleCols(step.first, width).bottomRows(k - step.first - width).setZero();
+  }
+  return result;
 }
 
 // Brings the square part of a to upper triangular form, the column of greatest remaining length
@@ -255,8 +277,10 @@ class Solver {
   const Index n_, k_;
   VectorOf<double> shift_;  // (k + 1) of the terms and of Y
   VectorOf<Real> length_;   // of the shifted columns before the scaling
-  MatrixOf<Real> reduced_;  // (n, k + 2) the scaled terms, ones and Y, by reflections
+  MatrixOf<Real> reduced_;  // (n, k + 2) the reflections in place of the scaled terms; ones and Y,
+                            // reflected
   std::vector<Reflections<Real>> steps_;
+  MatrixOf<Real> triangle_;  // (k, k + 2) of the scaled terms; then the rows of ones and Y
   // A rank below the terms leaves so few digits in double that only the one with twice as many has
   // to know it.
   static constexpr bool findsRank = !std::is_same_v<Real, double>;
@@ -292,9 +316,9 @@ Solver<Real>::Solver(const ModelData& data)
   reduced_.col(k_ + 1) = shifted<Real>(data.y, shift_(k_));
   if (!isFinite()) return;
   steps_ = triangularise<Real>(reduced_, k_);
-  pivoted_ = MatrixOf<Real>::Zero(k_, k_ + 2 + (findsRank ? k_ : 0));
-  pivoted_.leftCols(k_) = reduced_.topLeftCorner(k_, k_).template triangularView<Eigen::Upper>();
-  pivoted_.middleCols(k_, 2) = reduced_.topRightCorner(k_, 2);
+  triangle_ = triangleOf<Real>(reduced_, steps_);
+  pivoted_.resize(k_, k_ + 2 + (findsRank ? k_ : 0));
+  pivoted_.leftCols(k_ + 2) = triangle_;
   order_.resize(static_cast<std::size_t>(k_));
   std::iota(order_.begin(), order_.end(), 0);
   if constexpr (findsRank) {
@@ -310,8 +334,8 @@ template <class Real>
 MatrixOf<Real> Solver<Real>::representatives() const {
   MatrixOf<Real> result = MatrixOf<Real>::Zero(k_ + 1, k_ + 1);
   for (Index j = 0; j < k_; ++j)
-    result.col(j).head(j + 1) = reduced_.col(j).head(j + 1) * length_(j);
-  result.col(k_).head(k_) = reduced_.col(k_ + 1).head(k_);
+    result.col(j).head(j + 1) = triangle_.col(j).head(j + 1) * length_(j);
+  result.col(k_).head(k_) = triangle_.col(k_ + 1);
   result(k_, k_) = reduced_.col(k_ + 1).tail(n_ - k_).norm();
   for (Index j = 1; j <= k_; ++j) result(0, j) += result(0, 0) * Real(shift_(j));
   return result;
@@ -397,13 +421,12 @@ void Solver<Real>::inflate(OrthogonalFit& result) const {
         diagonal(j) += left > none ? Real(weights(j) * weights(j) / left)
                                    : Real(std::numeric_limits<double>::infinity());
   }
-  const auto ones = reduced_.col(k_);
-  const Real tail = ones.tail(n_ - k_).squaredNorm();
+  const auto ones = triangle_.col(k_);
+  const Real tail = reduced_.col(k_).tail(n_ - k_).squaredNorm();
   for (Index j = 0; j < k_; ++j) {
-    VectorOf<Real> column = reduced_.col(j).head(k_);
-    column.tail(k_ - j - 1).setZero();
-    const Real mean = column.dot(ones.head(k_)) / Real(static_cast<double>(n_));
-    const Real spread = (column - mean * ones.head(k_)).squaredNorm() + mean * mean * tail;
+    const auto column = triangle_.col(j);
+    const Real mean = column.dot(ones) / Real(static_cast<double>(n_));
+    const Real spread = (column - mean * ones).squaredNorm() + mean * mean * tail;
     result.inflation.push_back(toDouble(diagonal(j) * spread));
   }
 }
@@ -414,22 +437,32 @@ VectorOf<Real> Solver<Real>::leverages() const {
   VectorOf<Real> result(n_);
   if (rank_ == k_) {
     constexpr Index together = 64;  // stays in the cache
+    // The inverse of a triangle that was not pivoted is one, too: a few columns need few terms.
+    const Index width = findsRank ? k_ : std::min<Index>(k_, 16);
+    MatrixOf<Real> scaled, basis;
     for (Index first = 0; first < n_; first += together) {
       const Index rows = std::min(together, n_ - first);
-      MatrixOf<Real> scaled(rows, k_);
-      for (Index j = 0; j < k_; ++j)
-        scaled.col(j) = shifted<Real>(columnOf(data_, j).subspan(static_cast<std::size_t>(first),
-                                                                 static_cast<std::size_t>(rows)),
-                                      shift_(j)) *
-                        (Real(1) / length_(j));
-      result.segment(first, rows) = product(scaled, inverse_).rowwise().squaredNorm();
+      scaled.resize(rows, k_);
+      for (Index j = 0; j < k_; ++j) {
+        const auto column = columnOf(data_, j).subspan(static_cast<std::size_t>(first));
+        const Real scale = Real(1) / length_(j);
+        for (Index i = 0; i < rows; ++i)
+          scaled(i, j) = (Real(column[i]) - Real(shift_(j))) * scale;
+      }
+      basis.resize(rows, k_);
+      for (Index at = 0; at < k_; at += width) {
+        const Index last = std::min(k_, at + width);
+        basis.middleCols(at, last - at) =
+            product(scaled.leftCols(last), inverse_.block(0, at, last, last - at));
+      }
+      result.segment(first, rows) = basis.rowwise().squaredNorm();
     }
     return result;
   }
   MatrixOf<Real> rows = MatrixOf<Real>::Zero(n_, rank_);
   rows.topRows(k_) = pivoted_.rightCols(k_).topRows(rank_).transpose();
   for (auto step = steps_.rbegin(); step != steps_.rend(); ++step)
-    step->back(rows.bottomRows(n_ - step->first));
+    step->back(step->v(reduced_), rows.bottomRows(n_ - step->first));
   return rows.rowwise().squaredNorm();
 }
 
@@ -441,7 +474,7 @@ void Solver<Real>::project(OrthogonalFit& result) {
                            .transpose()
                            .lazyProduct(pivoted_.col(k_ + 1).tail(k_ - rank_));
   for (auto step = steps_.rbegin(); step != steps_.rend(); ++step)
-    step->back(residual_.tail(n_ - step->first));
+    step->back(step->v(reduced_), residual_.tail(n_ - step->first));
   result.residual = toDoubles<Real>(residual_);
 }
 
@@ -509,9 +542,8 @@ VectorOf<DoubleDouble> CombinationFinder::explain(Index target,
   MatrixOf<Real> problem(columns_.rows(), count + 1);
   for (Index j = 0; j < count; ++j) problem.col(j) = columns_.col(by[j]);
   problem.col(count) = columns_.col(target);
-  triangularise<Real>(problem, count);
-  return invertTriangle<Real>(problem.topLeftCorner(count, count))
-      .lazyProduct(problem.col(count).head(count));
+  const MatrixOf<Real> triangle = triangleOf<Real>(problem, triangularise<Real>(problem, count));
+  return invertTriangle<Real>(triangle.leftCols(count)).lazyProduct(triangle.col(count));
 }
 
 std::vector<Index> CombinationFinder::withoutIdle(const VectorOf<Real>& weights) const {

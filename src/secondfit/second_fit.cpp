@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "secondfit/long_sums.h"
 #include "secondfit/orthogonal_fit.h"
 #include "secondfit/tail_areas.h"
 
@@ -157,46 +158,23 @@ void addProjection(SecondFit& second, const OrthogonalFit& fit) {
   }
 }
 
-}  // namespace
-
-ModelData heldData(const AnalysisState& state) {
-  ModelData data;
-  if (!hasModel(state)) return data;
-  data.cases = state.iNumCases;
-  data.intercept = state.bUseIntercept;
-  std::vector<int> columns;
-  if (data.intercept) columns.push_back(0);
-  for (int j = 2; j <= state.iNumPredictors + 1; ++j) columns.push_back(state.iModelCol[j]);
-  data.terms = static_cast<int>(columns.size());
-  columns.push_back(state.iModelCol[1]);
-  data.x.reserve(columns.size() * static_cast<std::size_t>(data.cases));
-  for (const int column : columns) {
-    data.names.push_back(state.tVarName[column]);
-    for (int i = 1; i <= data.cases; ++i) data.x.push_back(state.sData(i, column));
-  }
-  const auto dependent = data.x.end() - data.cases;
-  data.y.assign(dependent, data.x.end());
-  data.x.erase(dependent, data.x.end());
-  return data;
-}
-
-SecondFit fitSecond(const ModelData& data, Extent extent) {
+SecondFit emptyFit(const ModelData& data) {
   SecondFit second;
   second.cases = data.cases;
   second.terms = data.terms;
   second.intercept = data.intercept;
   second.byTerm.resize(static_cast<std::size_t>(data.terms));
   second.byCase.resize(static_cast<std::size_t>(data.cases));
-  if (!usable(data)) return second;
-  const OrthogonalFit fit = fitOrthogonally(data, extent == Extent::all);
-  if (fit.fitted.empty()) return second;
+  return second;
+}
+
+// The figures of a determined fit.
+SecondFit figuresOf(const ModelData& data, const OrthogonalFit& fit) {
+  SecondFit second = emptyFit(data);
   second.rank = fit.rank;
   second.condition = fit.condition;
   second.extended = fit.extended;
-  if (!second.determined()) {
-    addProjection(second, fit);
-    return second;
-  }
+  if (!second.determined()) return second;
   second.tQuantile = studentQuantile(data.cases - data.terms, 0.05);
   second.inverseFactor = fit.inverseFactor;
   second.model = modelFigures(data, fit);
@@ -205,6 +183,157 @@ SecondFit fitSecond(const ModelData& data, Extent extent) {
   for (std::size_t i = 0; i < second.byCase.size(); ++i)
     second.byCase[i] = caseFigures(second, fit, i);
   return second;
+}
+
+// The columns of the model out of a matrix of the state, (0..iNumCases, 0..iNumCols).
+template <class Value>
+ModelData dataOf(const AnalysisState& state, const Matrix<Value>& values) {
+  ModelData data;
+  data.cases = state.iNumCases;
+  data.intercept = state.bUseIntercept;
+  data.terms = state.iNumPredictors + (data.intercept ? 1 : 0);
+  const auto n = static_cast<std::size_t>(data.cases);
+  data.x.resize(static_cast<std::size_t>(data.terms) * n, 1);
+  data.y.resize(n);
+  const auto take = [&](int column, double* to) {
+    for (int i = 1; i <= data.cases; ++i) *to++ = values(i, column);
+  };
+  if (data.intercept) data.names.push_back(state.tVarName[0]);
+  double* to = data.x.data() + (data.intercept ? n : 0);
+  for (int j = 2; j <= state.iNumPredictors + 1; ++j, to += n) {
+    data.names.push_back(state.tVarName[state.iModelCol[j]]);
+    take(state.iModelCol[j], to);
+  }
+  data.names.push_back(state.tVarName[state.iModelCol[1]]);
+  take(state.iModelCol[1], data.y.data());
+  return data;
+}
+
+// Half a unit of the last place of a double.
+constexpr double unit = 0x1p-53;
+
+// Of a column by reflections, see orthogonal_fit.cpp.
+double rounding(const ModelData& data) {
+  return unit * 2 * (2 * data.terms + std::sqrt(data.cases));
+}
+
+void subtract(std::vector<double>& from, double weight, std::span<const double> column) {
+  for (std::size_t i = 0; i < from.size(); ++i) from[i] -= weight * column[i];
+}
+
+// The lengths that bound what a step of refinement leaves, per term.
+struct Nearness {
+  std::vector<double> root;  // of the diagonal of the inverse of X'X: the length of W's row
+  double moved = 0;  // bounds the length of the change of X times W, with W's own rounding
+  double amplified = 0;      // the sum of roots times lengths of the columns
+  double explained = 0;      // the sum of sizes of coefficients times lengths of the columns
+};
+
+Nearness nearness(const SecondFit& fit, const ModelData& held, const ModelData& other) {
+  Nearness result;
+  const auto k = static_cast<std::size_t>(fit.terms);
+  std::vector<double> change(held.y.size());
+  for (std::size_t j = 0; j < k; ++j) {
+    double square = 0;
+    for (std::size_t i = 0; i < k; ++i)
+      square += fit.inverseFactor[i * k + j] * fit.inverseFactor[i * k + j];
+    result.root.push_back(std::sqrt(square));
+    const auto now = other.column(static_cast<int>(j));
+    std::ranges::copy(now, change.begin());
+    subtract(change, 1, held.column(static_cast<int>(j)));
+    const double length = lengthOf(now);
+    result.moved += result.root[j] * (lengthOf(change) + 2 * rounding(other) * length);
+    result.amplified += result.root[j] * length;
+    result.explained += std::abs(fit.byTerm[j].coefficient.value) * length;
+  }
+  return result;
+}
+
+// What a fit leaves of `y`, and the sums that the displays show.
+void addSums(OrthogonalFit& result, std::span<const double> y) {
+  const double mean = meanOf(y);
+  double before = result.residual.front();
+  for (std::size_t i = 0; i < y.size(); ++i) {
+    const double residual = result.residual[i];
+    const double fitted = y[i] - residual;
+    result.fitted.push_back(fitted);
+    result.sumFitted += (fitted - mean) * (fitted - mean);
+    result.sumTotal += (y[i] - mean) * (y[i] - mean);
+    result.sumResidual += residual * residual;
+    result.sumSteps += (residual - before) * (residual - before);
+    before = residual;
+  }
+  result.lengthY = lengthOf(y);
+}
+
+// One step from the coefficients of the fit, W W' X' (what they leave), and its bounds: W W' differs
+// from the inverse of the other X'X by the factor 1 -+ spread.
+OrthogonalFit refined(const SecondFit& fit, const ModelData& other, const Nearness& near) {
+  OrthogonalFit result;
+  const auto k = static_cast<std::size_t>(fit.terms);
+  result.rounding = rounding(other);
+  result.spread = 2 * near.moved + near.moved * near.moved;
+  result.residual = other.y;
+  for (std::size_t j = 0; j < k; ++j)
+    subtract(result.residual, fit.byTerm[j].coefficient.value, other.column(static_cast<int>(j)));
+  const double left = lengthOf(result.residual);
+  std::vector<double> products, step(k);
+  for (std::size_t j = 0; j < k; ++j)
+    products.push_back(dot(other.column(static_cast<int>(j)), result.residual));
+  double stepLength = 0;
+  for (std::size_t i = 0; i < k; ++i) {
+    const auto column = std::span(fit.inverseFactor).subspan(i * k, k);
+    const double along = dot(column, products);
+    stepLength += along * along;
+    for (std::size_t j = 0; j < k; ++j) step[j] += along * column[j];
+  }
+  for (std::size_t j = 0; j < k; ++j) {
+    subtract(result.residual, step[j], other.column(static_cast<int>(j)));
+    result.coefficient.push_back(fit.byTerm[j].coefficient.value + step[j]);
+    result.inflation.push_back(fit.byTerm[j].inflation.value);
+  }
+  result.rootDiagonal = result.amplification = near.root;
+  addSums(result, other.y);
+  const double subtraction = unit * (other.terms + 2) * (result.lengthY + near.explained);
+  result.residualError = 1.1 * (result.spread * std::sqrt(stepLength) + 4 * subtraction +
+                                unit * (other.cases + other.terms) * left * near.amplified);
+  return result;
+}
+
+}  // namespace
+
+ModelData heldData(const AnalysisState& state) {
+  return hasModel(state) ? dataOf(state, state.sData) : ModelData();
+}
+
+std::optional<ModelData> writtenData(const AnalysisState& state) {
+  const Matrix<double>& written = state.uOrigin.written;
+  if (!hasModel(state) || written.lastRow() < state.iNumCases) return {};
+  for (int j = 1; j <= state.iNumPredictors + 1; ++j)
+    for (int i = 1; i <= state.iNumCases; ++i)
+      if (written(i, state.iModelCol[j]) != state.sData(i, state.iModelCol[j]))
+        return dataOf(state, written);
+  return {};
+}
+
+SecondFit fitSecond(const ModelData& data, Extent extent) {
+  if (!usable(data)) return emptyFit(data);
+  const OrthogonalFit fit = fitOrthogonally(data, extent == Extent::all);
+  if (fit.fitted.empty()) return emptyFit(data);
+  SecondFit second = figuresOf(data, fit);
+  if (!second.determined()) addProjection(second, fit);
+  return second;
+}
+
+std::optional<SecondFit> fitNearby(const SecondFit& fit, const ModelData& held,
+                                   const ModelData& other) {
+  if (!fit.determined() || !fit.intercept) return {};
+  const Nearness near = nearness(fit, held, other);
+  if (!(near.moved < 0.01)) return {};
+  OrthogonalFit step = refined(fit, other, near);
+  step.rank = fit.rank;
+  step.condition = fit.condition;
+  return figuresOf(other, step);
 }
 
 Prediction predictSecond(const SecondFit& fit, std::span<const double> terms) {

@@ -8,6 +8,7 @@
 #pragma once
 
 #include <limits>
+#include <optional>
 #include <span>
 #include <string>
 #include <vector>
@@ -42,6 +43,9 @@ struct ModelData {
 // The held data of the model: sData by iModelCol and bUseIntercept. Empty (0 cases) where the state
 // has no model.
 ModelData heldData(const AnalysisState& state);
+// The same with the numbers as they were written; nothing where nobody kept them, or where singles
+// hold them all.
+std::optional<ModelData> writtenData(const AnalysisState& state);
 
 // One term of the model; e.g. coefficients in units of Y per unit of the term.
 // Sources: D. A. Belsley, E. Kuh and R. E. Welsch, Regression Diagnostics, 1980 (inflation: section
@@ -126,6 +130,13 @@ struct SecondFit {
 // a quarter of the time.
 enum class Extent { all, shownNumbers };
 SecondFit fitSecond(const ModelData& data, Extent extent = Extent::all);
+
+// The shown numbers of data that differ from those of `fit` by hardly more than rounding: one step
+// of refinement by its factor, a twentieth of a fit, with bounds of what the step leaves. Nothing
+// where the model has no intercept or the difference is too large for the bounds.
+// Source: A. Bjoerck, Numerical Methods for Least Squares Problems, 1996, section 2.9.2.
+std::optional<SecondFit> fitNearby(const SecondFit& fit, const ModelData& held,
+                                   const ModelData& other);
 
 // The mean of Y at new values of the terms (1 first where there is an intercept), its 95 per cent
 // limits, those of a single new observation, and the leverage of the point: x'(X'X)^-1 x.

@@ -44,7 +44,8 @@ TEST(Health, TellsWhatWouldStandThereInTheSameDigits) {
                                      {"frmEstCoef", 3, 2, ".0012", {-0.00156, 0}},
                                      {"frmEstCoef", 3, 3, "1.50E-6", {2.5e-7, 0}},
                                      {"frmEstCoef", 3, 4, "2.00", {2.001, 0}}};
-  const Health health = checkCells(12.5, cells);
+  Health health;
+  for (const ShownCell& cell : cells) checkCell(health, cell);
   EXPECT_EQ(health.checked, 4);
   std::vector<std::string> better;
   for (const Unconfirmed& one : health.unconfirmed) better.push_back(one.better);
