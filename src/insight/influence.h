@@ -22,10 +22,8 @@ struct CaseMeasure {
 std::vector<CaseMeasure> measuresOf(const SecondFit& fit, int iCase);
 
 // Cases that move the fit noticeably by themselves: Cook's distance above 0.5, or a leverage of 1,
-// with which the fit passes through the case wherever it lies. Ascending, from 1.
-// Source: R. D. Cook and S. Weisberg, Applied Regression Including Computing and Graphics, 1999,
-// section 15.2 (above 0.5 worth a look, above 1 always).
-constexpr double noticeableDistance = 0.5;
+// with which the fit passes through the case wherever it lies. Ascending, from 1. Of a fit with
+// Extent::noticeable at least.
 std::vector<int> influentialCases(const SecondFit& fit);
 bool isHeldByOneCase(const CaseFigures& figures);  // that leverage of 1
 

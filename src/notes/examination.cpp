@@ -107,11 +107,12 @@ std::vector<Unconfirmed> movedNumbers(const AnalysisState& state, const Examinat
 
 }  // namespace
 
-Examination examine(const AnalysisState& state, std::span<const ShownTable> tables) {
+Examination examine(const AnalysisState& state, std::span<const ShownTable> tables,
+                    Extent extent) {
   Examination result;
   if (!hasFit(state)) return result;
   result.data = heldData(state);
-  result.fit = fitSecond(result.data);
+  result.fit = fitSecond(result.data, extent);
   if (state.Fit.bSingular) {
     result.combinations = combinations(result.data, result.fit);
     return result;

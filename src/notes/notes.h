@@ -24,15 +24,17 @@ struct ShownTable {
 // of the fit's time. Empty before the first fit.
 struct Examination {
   ModelData data;
-  SecondFit fit;                          // Extent::all
+  SecondFit fit;
   std::optional<Health> health;           // none after a failed fit
   std::vector<Unconfirmed> moved;         // confirmed, but others with the data as written
   std::vector<int> alikeRows;             // of frmEstCoef whose limits read like the coefficient
   std::vector<Combination> combinations;  // why there is no valid fit, or hardly one
 };
 
-// Looks at the tables with numbers of the fit, those that are not among `tables` made for it.
-Examination examine(const AnalysisState& state, std::span<const ShownTable> tables = {});
+// Looks at the tables with numbers of the fit, those that are not among `tables` made for it. Notes
+// need no more than the extent noticeable.
+Examination examine(const AnalysisState& state, std::span<const ShownTable> tables = {},
+                    Extent extent = Extent::noticeable);
 
 // In order of weight; none before the first fit.
 std::vector<Note> notesOf(const AnalysisState& state, const Examination& examination);

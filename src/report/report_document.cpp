@@ -122,8 +122,10 @@ void addFindings(ReportDocument& document, const ReportRequest& request) {
       equation = found;
   }
   const bool hasFurther = std::ranges::any_of(document.parts, isFurther, &ReportedPart::part);
-  if (!equation && !hasFurther && request.format != ReportFormat::json) return;
-  Examination examination = examine(*document.state, tables);
+  const bool needsAll = hasFurther || request.format == ReportFormat::json;
+  if (!equation && !needsAll) return;
+  Examination examination =
+      examine(*document.state, tables, needsAll ? Extent::all : Extent::noticeable);
   document.notes = notesOf(*document.state, examination);
   document.health = std::move(examination.health);
   for (const Note& note : document.notes)

@@ -255,7 +255,7 @@ template <class Real>
 class Solver {
  public:
   explicit Solver(const ModelData& data);
-  OrthogonalFit fit(bool withLeverages);
+  OrthogonalFit fit(Extent extent);
   // Otherwise there is no fit.
   bool isFinite() const {
     return std::isfinite(toDouble(length_.sum() + reduced_.col(k_ + 1).norm()));
@@ -271,6 +271,9 @@ class Solver {
   void project(OrthogonalFit& result);
   void addSums(OrthogonalFit& result) const;
   VectorOf<Real> leverages() const;
+  std::vector<double> noticeableLeverages(const OrthogonalFit& result) const;
+  MatrixOf<Real> scaledRows(std::span<const Index> cases) const;
+  VectorOf<Real> leveragesOf(const MatrixOf<Real>& scaled) const;
   double rounding() const;
 
   const ModelData& data_;
@@ -307,7 +310,10 @@ Solver<Real>::Solver(const ModelData& data)
   for (Index j = 1; j <= k_ && data.intercept; ++j) shift_(j) = nearMean(columnOf(data, j));
   reduced_.resize(n_, k_ + 2);
   for (Index j = 0; j < k_; ++j) {
-    reduced_.col(j) = shifted<Real>(columnOf(data, j), shift_(j));
+    const auto column = columnOf(data, j);
+    const Real shift(shift_(j));
+    for (Index i = 0; i < n_; ++i)
+      reduced_(i, j) = Real(column[static_cast<std::size_t>(i)]) - shift;
     const Real length = reduced_.col(j).norm();
     length_(j) = length > Real(0) ? length : Real(1);
     reduced_.col(j) *= Real(1) / length_(j);
@@ -342,7 +348,7 @@ MatrixOf<Real> Solver<Real>::representatives() const {
 }
 
 template <class Real>
-OrthogonalFit Solver<Real>::fit(bool withLeverages) {
+OrthogonalFit Solver<Real>::fit(Extent extent) {
   OrthogonalFit result;
   result.rank = static_cast<int>(rank_);
   result.condition = std::numeric_limits<double>::infinity();
@@ -356,9 +362,12 @@ OrthogonalFit Solver<Real>::fit(bool withLeverages) {
     solve(result);
     inflate(result);
   }
-  if (withLeverages) result.leverage = toDoubles<Real>(leverages());
   project(result);
   addSums(result);
+  if (extent == Extent::all || (extent == Extent::noticeable && (findsRank || rank_ < k_)))
+    result.leverage = toDoubles<Real>(leverages());
+  else if (extent == Extent::noticeable)
+    result.leverage = noticeableLeverages(result);
   return result;
 }
 
@@ -437,25 +446,12 @@ VectorOf<Real> Solver<Real>::leverages() const {
   VectorOf<Real> result(n_);
   if (rank_ == k_) {
     constexpr Index together = 64;  // stays in the cache
-    // The inverse of a triangle that was not pivoted is one, too: a few columns need few terms.
-    const Index width = findsRank ? k_ : std::min<Index>(k_, 16);
-    MatrixOf<Real> scaled, basis;
+    std::vector<Index> cases(static_cast<std::size_t>(n_));
+    std::iota(cases.begin(), cases.end(), 0);
     for (Index first = 0; first < n_; first += together) {
       const Index rows = std::min(together, n_ - first);
-      scaled.resize(rows, k_);
-      for (Index j = 0; j < k_; ++j) {
-        const auto column = columnOf(data_, j).subspan(static_cast<std::size_t>(first));
-        const Real scale = Real(1) / length_(j);
-        for (Index i = 0; i < rows; ++i)
-          scaled(i, j) = (Real(column[i]) - Real(shift_(j))) * scale;
-      }
-      basis.resize(rows, k_);
-      for (Index at = 0; at < k_; at += width) {
-        const Index last = std::min(k_, at + width);
-        basis.middleCols(at, last - at) =
-            product(scaled.leftCols(last), inverse_.block(0, at, last, last - at));
-      }
-      result.segment(first, rows) = basis.rowwise().squaredNorm();
+      result.segment(first, rows) = leveragesOf(scaledRows(std::span(cases).subspan(
+          static_cast<std::size_t>(first), static_cast<std::size_t>(rows))));
     }
     return result;
   }
@@ -464,6 +460,67 @@ VectorOf<Real> Solver<Real>::leverages() const {
   for (auto step = steps_.rbegin(); step != steps_.rend(); ++step)
     step->back(step->v(reduced_), rows.bottomRows(n_ - step->first));
   return rows.rowwise().squaredNorm();
+}
+
+template <class Real>
+MatrixOf<Real> Solver<Real>::scaledRows(std::span<const Index> cases) const {
+  MatrixOf<Real> scaled(static_cast<Index>(cases.size()), k_);
+  for (Index j = 0; j < k_; ++j) {
+    const auto column = columnOf(data_, j);
+    const Real shift(shift_(j));
+    const Real scale = Real(1) / length_(j);
+    for (std::size_t i = 0; i < cases.size(); ++i)
+      scaled(static_cast<Index>(i), j) =
+          (Real(column[static_cast<std::size_t>(cases[i])]) - shift) * scale;
+  }
+  return scaled;
+}
+
+// The inverse of a triangle that was not pivoted is one, too: a few columns need few terms.
+template <class Real>
+VectorOf<Real> Solver<Real>::leveragesOf(const MatrixOf<Real>& scaled) const {
+  const Index width = findsRank ? k_ : std::min<Index>(k_, 16);
+  MatrixOf<Real> basis(scaled.rows(), k_);
+  for (Index at = 0; at < k_; at += width) {
+    const Index last = std::min(k_, at + width);
+    basis.middleCols(at, last - at) =
+        product(scaled.leftCols(last), inverse_.block(0, at, last, last - at));
+  }
+  return basis.rowwise().squaredNorm();
+}
+
+// A leverage is at most the squared length of the scaled row times the largest eigenvalue of the inverse;
+// Cook's distance, e^2 h / (s^2 k (1 - h)^2), tells the least that is noticeable. Those below are
+// not numbers.
+template <class Real>
+std::vector<double> Solver<Real>::noticeableLeverages(const OrthogonalFit& result) const {
+  // By the Frobenius norm of the fourth power.
+  const MatrixOf<Real> inverse = product(inverse_.transpose(), inverse_);
+  const MatrixOf<Real> square = product(inverse, inverse);
+  const double largest = std::pow(toDouble(product(square, square).norm()), 0.25);
+  const double mean = result.sumResidual / static_cast<double>(n_ - k_);
+  VectorOf<double> lengths = VectorOf<double>::Zero(n_);
+  for (Index j = 0; j < k_; ++j) {
+    const double scale = 1 / toDouble(length_(j));
+    lengths += ((Eigen::Map<const VectorOf<double>>(columnOf(data_, j).data(), n_).array() -
+                 shift_(j)) *
+                scale)
+                   .matrix()
+                   .cwiseAbs2();
+  }
+  std::vector<Index> cases;
+  for (Index i = 0; i < n_; ++i) {
+    const double square = result.residual[i] * result.residual[i];
+    const double odds = square / (noticeableDistance * static_cast<double>(k_) * mean);
+    const double least = 1 + odds / 2 - std::sqrt(odds + odds * odds / 4);
+    if (!(largest * lengths(i) < (1 - 1e-6) * least)) cases.push_back(i);
+  }
+  const VectorOf<Real> found = leveragesOf(scaledRows(cases));
+  std::vector<double> leverages(static_cast<std::size_t>(n_),
+                                std::numeric_limits<double>::quiet_NaN());
+  for (std::size_t i = 0; i < cases.size(); ++i)
+    leverages[static_cast<std::size_t>(cases[i])] = toDouble(found(static_cast<Index>(i)));
+  return leverages;
 }
 
 template <class Real>
@@ -603,13 +660,13 @@ std::optional<Combination> CombinationFinder::combinationOf(Index target) const 
 
 }  // namespace
 
-OrthogonalFit fitOrthogonally(const ModelData& data, bool withLeverages) {
+OrthogonalFit fitOrthogonally(const ModelData& data, Extent extent) {
   Eigen::setCpuCacheSizes(32768, 262144, 2097152);  // the same order of sums on every machine
   Solver<double> solver(data);
   if (!solver.isFinite()) return {};
-  OrthogonalFit fit = solver.fit(withLeverages);
+  OrthogonalFit fit = solver.fit(extent);
   if (enoughDigits(fit, data.terms)) return fit;
-  return Solver<DoubleDouble>(data).fit(withLeverages);
+  return Solver<DoubleDouble>(data).fit(extent);
 }
 
 std::vector<Combination> findCombinations(const ModelData& data) {

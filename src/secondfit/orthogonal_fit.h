@@ -23,7 +23,7 @@ struct OrthogonalFit {
   std::vector<double> amplification;  // (k) of the residuals' error into the coefficient
   std::vector<double> inverseFactor;  // (k, k) by columns: W with W W' = the inverse of X'X
   std::vector<double> inflation;      // (k) variance inflation factors, also of the intercept
-  std::vector<double> leverage;       // (n) if asked for; of the determined columns
+  std::vector<double> leverage;       // (n) as asked for; of the determined columns
   std::vector<double> fitted;         // (n)
   std::vector<double> residual;       // (n)
   double sumFitted = 0;               // of squared fitted values about the mean of Y
@@ -41,7 +41,7 @@ struct OrthogonalFit {
 
 // In double precision; where the bounds leave too few digits, again with twice the digits. Nothing
 // at all (no fitted values) of data that are not finite.
-OrthogonalFit fitOrthogonally(const ModelData& data, bool withLeverages);
+OrthogonalFit fitOrthogonally(const ModelData& data, Extent extent);
 
 // The columns of the data that are combinations of earlier ones, and the dependent variable where
 // it is one of the terms. Costs some 30 fits: for data of a rank below their terms, or nearly so.

@@ -138,7 +138,7 @@ CaseFigures caseFigures(const SecondFit& second, const OrthogonalFit& fit, std::
   result.fitted = figure(fit.fitted[index], fit.residualError);
   result.residual = figure(fit.residual[index], fit.residualError);
   result.standardized = quotient(result.residual, second.model.standardError);
-  if (fit.leverage.empty()) return result;
+  if (fit.leverage.empty() || std::isnan(fit.leverage[index])) return result;
   const double h = fit.leverage[index];
   result.leverage =
       figure(h, 2 * fit.spread * std::sqrt(std::max(0.0, h * (1 - h))) + fit.spread * fit.spread);
@@ -193,13 +193,17 @@ ModelData dataOf(const AnalysisState& state, const Matrix<Value>& values) {
   data.intercept = state.bUseIntercept;
   data.terms = state.iNumPredictors + (data.intercept ? 1 : 0);
   const auto n = static_cast<std::size_t>(data.cases);
-  data.x.resize(static_cast<std::size_t>(data.terms) * n, 1);
+  data.x.resize(static_cast<std::size_t>(data.terms) * n);
   data.y.resize(n);
   const auto take = [&](int column, double* to) {
-    for (int i = 1; i <= data.cases; ++i) *to++ = values(i, column);
+    const Value* from = &values(1, column);
+    for (const double* end = to + n; to < end; from += values.lastColumn() + 1) *to++ = *from;
   };
-  if (data.intercept) data.names.push_back(state.tVarName[0]);
-  double* to = data.x.data() + (data.intercept ? n : 0);
+  double* to = data.x.data();
+  if (data.intercept) {
+    data.names.push_back(state.tVarName[0]);
+    to = std::fill_n(to, n, 1.0);
+  }
   for (int j = 2; j <= state.iNumPredictors + 1; ++j, to += n) {
     data.names.push_back(state.tVarName[state.iModelCol[j]]);
     take(state.iModelCol[j], to);
@@ -318,7 +322,7 @@ std::optional<ModelData> writtenData(const AnalysisState& state) {
 
 SecondFit fitSecond(const ModelData& data, Extent extent) {
   if (!usable(data)) return emptyFit(data);
-  const OrthogonalFit fit = fitOrthogonally(data, extent == Extent::all);
+  const OrthogonalFit fit = fitOrthogonally(data, extent);
   if (fit.fitted.empty()) return emptyFit(data);
   SecondFit second = figuresOf(data, fit);
   if (!second.determined()) addProjection(second, fit);
