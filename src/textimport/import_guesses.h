@@ -13,6 +13,9 @@ namespace tolmer {
 
 inline const std::string leaveCellsEmpty = "Leave those cells empty";
 
+// In quotation marks, its beginning where it is long.
+std::string quotation(const std::string& field);
+
 // How often something was seen, and where first (row and column of the table).
 struct Sighting {
   int count = 0;

@@ -1,0 +1,335 @@
+// How a foreign table is cut, and where names, units, labels and cases are in it.
+#include <algorithm>
+#include <utility>
+
+#include "textimport/import_guesses.h"
+
+namespace tolmer {
+namespace {
+
+std::string separatorName(char separator) {
+  switch (separator) {
+    case '\t':
+      return "Tabs";
+    case ';':
+      return "Semicolons";
+    case ',':
+      return "Commas";
+    case ' ':
+      return "Blanks";
+    default:
+      return "Nothing: it is one column";
+  }
+}
+
+// Blank lines apart.
+bool hasInEveryLine(std::string_view text, char separator) {
+  while (!text.empty()) {
+    const std::string_view line = text.substr(0, text.find_first_of("\r\n"));
+    if (!line.empty() && line.find(separator) == line.npos) return false;
+    text.remove_prefix(std::min(line.size() + 1, text.size()));
+  }
+  return true;
+}
+
+std::string withoutLines(std::string_view text, int lines) {
+  for (; lines > 0 && !text.empty(); --lines) {
+    const auto end = std::min(text.find_first_of("\r\n"), text.size());
+    text.remove_prefix(end);
+    text.remove_prefix(text.starts_with("\r\n") ? 2 : std::min<std::size_t>(text.size(), 1));
+  }
+  return std::string(text);
+}
+
+bool isYear(std::string_view field) {
+  return field.size() == 4 && (field[0] == '1' || field[0] == '2') &&
+         std::all_of(field.begin(), field.end(), [](char c) { return c >= '0' && c <= '9'; });
+}
+
+// "1,5" in every line with a comma: one number with a decimal comma, or two numbers.
+bool couldBeDecimals(const std::string& text, TextOrigin origin) {
+  const auto table = textTable(text, ',', origin);
+  if (!table || table->columns() != 2) return false;
+  return std::all_of(table->rows.begin(), table->rows.end(), [](const auto& row) {
+    return numberShape(row[0]).marks == NumberShape::Marks::plain &&
+           numberShape(row[1]).marks == NumberShape::Marks::plain;
+  });
+}
+
+bool equalsLabel(const std::string& heading) { return heading == "Label" || heading == "label"; }
+
+}  // namespace
+
+std::optional<Error> ImportFindings::findTable(const ImportSource& source) {
+  book_ = source.book;
+  if (!book_) return findTextTable(source.text);
+  table_ = textTable(book_->table, !target_.hints.headingRow);
+  if (auto error = cutAboveHeading()) return error;
+  askSheet();
+  noteBook();
+  if (table_.titleLines > 0)
+    notes_.push_back("Rows above the table were left out: " + std::to_string(table_.titleLines) +
+                     ", the first is \"" + table_.firstTitle + "\".");
+  const bool isOpen = !questions_.empty() && !questions_.front().chosen;
+  if (!isOpen && (table_.rows.empty() || columns() == 0))
+    return Error{"", "There are no data in the file."};
+  return std::nullopt;
+}
+
+std::optional<Error> ImportFindings::findTextTable(const std::string& whole) {
+  const int linesBefore = std::max(target_.hints.headingRow.value_or(0) - 1, 0);
+  const std::string text = linesBefore > 0 ? withoutLines(whole, linesBefore) : whole;
+  const auto separator = chooseSeparator(text);
+  // As long as nobody has said what divides the fields, quotes are letters like others.
+  auto table = textTable(text, separator.value_or(noSeparator),
+                         separator ? target_.origin : TextOrigin::clipboard);
+  if (!table) return table.error();
+  if (table->rows.empty() || table->columns() == 0)
+    return Error{"", "There are no data in the text."};
+  table_ = std::move(*table);
+  for (int& line : table_.lines) line += linesBefore;
+  if (table_.titleLines > 0)
+    notes_.push_back("Lines above the table were left out: " + std::to_string(table_.titleLines) +
+                     ", the first is \"" + table_.firstTitle + "\".");
+  if (table_.blankLines > 0)
+    notes_.push_back("Blank lines were left out: " + std::to_string(table_.blankLines) + ".");
+  return std::nullopt;
+}
+
+std::optional<char> ImportFindings::chooseSeparator(const std::string& text) {
+  if (target_.hints.separator) return target_.hints.separator;
+  return target_.origin == TextOrigin::clipboard ? separatorOfClipboard(text)
+                                                 : separatorOfFile(text);
+}
+
+// Spreadsheets put tabs on the clipboard; anything else there is doubtful, but for a single line,
+// which is the text of a cell.
+std::optional<char> ImportFindings::separatorOfClipboard(const std::string& text) {
+  if (text.find('\t') != std::string::npos) return '\t';
+  const auto lastLine = text.find_last_not_of("\r\n");
+  if (lastLine == std::string::npos || text.find_first_of("\r\n") > lastLine) return noSeparator;
+  const auto even = evenSeparators(text, target_.origin);
+  if (even.empty())
+    return hasInEveryLine(text, ';') ? askSeparator({';'}, std::nullopt) : noSeparator;
+  const bool clear = even.size() == 1 && even[0] != ' ' &&
+                     !(even[0] == ',' && couldBeDecimals(text, target_.origin));
+  return askSeparator(even, clear ? std::optional(0) : std::nullopt);
+}
+
+std::optional<char> ImportFindings::separatorOfFile(const std::string& text) {
+  auto even = evenSeparators(text, target_.origin);
+  if (even == std::vector{' '}) return askSeparator(even, std::nullopt);
+  std::erase(even, ' ');
+  if (!even.empty() && even[0] == '\t') return '\t';
+  if (even.size() == 1 && !(even[0] == ',' && couldBeDecimals(text, target_.origin))) {
+    notes_.push_back("Fields are divided by " +
+                     std::string(even[0] == ',' ? "commas." : "semicolons."));
+    return even[0];
+  }
+  if (!even.empty()) return askSeparator(even, even.size() > 1 ? std::optional(0) : std::nullopt);
+  std::vector<char> seen;
+  const std::string_view firstLine = std::string_view(text).substr(0, text.find_first_of("\r\n"));
+  for (const char separator : {'\t', ';', ','})
+    if (firstLine.find(separator) != firstLine.npos) seen.push_back(separator);
+  if (seen.empty()) return noSeparator;
+  return askSeparator(seen, seen.size() == 1 ? std::optional(0) : std::nullopt);
+}
+
+std::optional<char> ImportFindings::askSeparator(const std::vector<char>& candidates,
+                                                 std::optional<int> preset) {
+  std::vector<std::string> choices;
+  choices.reserve(candidates.size() + 1);
+  for (const char separator : candidates) choices.push_back(separatorName(separator));
+  choices.push_back(separatorName(noSeparator));
+  const auto chosen = ask(ImportDoubt::separator, "What divides the columns?", choices, preset);
+  if (!chosen) return std::nullopt;
+  const auto index = static_cast<std::size_t>(*chosen);
+  return index < candidates.size() ? candidates[index] : noSeparator;
+}
+
+ImportFindings::ColumnKind ImportFindings::kindOf(int column, int fromRow) const {
+  int numbers = 0;
+  int words = 0;
+  for (int row = fromRow; row < static_cast<int>(table_.rows.size()); ++row) {
+    const std::string& text = field(row, column);
+    if (text.empty() || look(row, column).missing) continue;
+    ++(look(row, column).shape.isNumber() ? numbers : words);
+  }
+  if (numbers + words == 0) return ColumnKind::empty;
+  return numbers >= words ? ColumnKind::numbers : ColumnKind::words;
+}
+
+// Programs that number or name their cases write these in a first column without a name, some of
+// them without even an empty field over it.
+bool ImportFindings::firstRowIsShortOfAName() const {
+  if (table_.shortRows != 1 || table_.firstShortRow != 0 || table_.rows.size() < 2 ||
+      table_.shortLength + 1 != table_.columns())
+    return false;
+  for (int column = 0; column + 1 < columns(); ++column)
+    if (!field(0, column).empty() && !look(0, column).shape.isNumber()) return true;
+  return firstColumnNamesCases();
+}
+
+bool ImportFindings::firstColumnNamesCases() const {
+  if (kindOf(0, 1) == ColumnKind::words) return true;
+  for (int row = 1; row < static_cast<int>(table_.rows.size()); ++row)
+    if (field(row, 0) != std::to_string(row)) return false;
+  return true;
+}
+
+void ImportFindings::findFirstRow() {
+  if (!firstRowIsShortOfAName()) return;
+  namesAreShort_ = true;
+  const auto chosen = ask(ImportDoubt::firstRow,
+                          "The first row has one field less than the others (\"" + firstName() +
+                              "\" and so on). Over which column does it begin?",
+                          {"Over the second: the first has no name",
+                           "Over the first: the last has no name", "Do not bring the text in"},
+                          firstColumnNamesCases() ? std::optional(0) : std::nullopt);
+  if (chosen.value_or(0) != 0) return;
+  auto& names = table_.rows.front();
+  std::rotate(names.begin(), names.end() - 1, names.end());
+  lookAtRow(0);
+}
+
+// Nothing over a first column that is filled, which hints at names over the others.
+bool ImportFindings::cornerIsBlank() const {
+  if (target_.origin == TextOrigin::clipboard || !field(0, 0).empty()) return false;
+  return std::none_of(table_.rows.begin() + 1, table_.rows.end(),
+                      [](const auto& row) { return row.front().empty(); });
+}
+
+std::string ImportFindings::firstName() const {
+  for (const std::string& name : table_.rows.front())
+    if (!name.empty()) return name;
+  return {};
+}
+
+bool ImportFindings::firstRowIsYears() const {
+  bool years = false;
+  for (int column = 0; column < columns(); ++column) {
+    if (kindOf(column, 1) != ColumnKind::numbers) continue;
+    if (!isYear(field(0, column))) return false;
+    years = years || !isYear(field(1, column));
+  }
+  return years;
+}
+
+// nullopt: the first row may be either.
+std::optional<bool> ImportFindings::headingByLook() const {
+  if (table_.rows.size() < 2) return false;
+  int words = 0;
+  int others = 0;
+  bool anyNumbers = false;
+  for (int column = 0; column < columns(); ++column) {
+    const bool overNumbers = kindOf(column, 1) == ColumnKind::numbers;
+    anyNumbers = anyNumbers || overNumbers;
+    const std::string& text = field(0, column);
+    const FieldLook& seen = look(0, column);
+    const bool isWord = !text.empty() && !seen.missing && !seen.shape.isNumber();
+    if (column == 0 && cornerIsBlank()) continue;
+    if (overNumbers || kindOf(column, 1) == ColumnKind::empty) ++(isWord ? words : others);
+  }
+  if (!anyNumbers && words == 0 && others > 0) return false;
+  if (!anyNumbers || (words > 0 && others > 0) || firstRowIsYears()) return std::nullopt;
+  if (words == 0 && cornerIsBlank()) return std::nullopt;
+  return words > 0;
+}
+
+void ImportFindings::findHeading() {
+  const bool pasted = target_.origin == TextOrigin::clipboard;
+  const bool cursorOnNames = pasted && target_.row == 0;
+  const bool onlyLabels = pasted && columns() == 1 && target_.column == 0;
+  const bool named = namesAreShort_ || (book_ && book_->table.namesApart);
+  auto heading = named ? true : headingByLook();
+  if (!heading && firstRowHasWantedNames()) heading = true;
+  if (target_.hints.headingRow) heading = *target_.hints.headingRow > 0;
+  if (!heading && (cursorOnNames || onlyLabels)) heading = cursorOnNames;
+  if (cursorOnNames && table_.rows.size() == 1) heading = true;
+  if (!heading) {
+    const auto chosen =
+        ask(ImportDoubt::heading,
+            "Does the first row hold the names of the columns (\"" + firstName() + "\" and so on)?",
+            {"Yes, names", "No, data"}, std::nullopt);
+    heading = chosen.value_or(0) == 0;
+  }
+  heading_ = *heading;
+  if (cursorOnNames && !heading_)
+    notes_.push_back("The first row holds data: the block begins below the headings.");
+}
+
+// Units of measurement below the names: as a row without numbers they would become a case.
+void ImportFindings::findUnits() {
+  const bool namesApart = book_ && book_->table.namesApart;
+  if (target_.origin != TextOrigin::file || !heading_ || dataRows() < 2 || namesApart) return;
+  std::string first;
+  for (int column = 0; column < columns(); ++column) {
+    if (kindOf(column, 2) != ColumnKind::numbers) continue;
+    if (look(1, column).shape.isNumber() || look(1, column).missing) return;
+    if (first.empty()) first = field(1, column);
+  }
+  if (first.empty()) return;
+  unitRows_ = 1;
+  notes_.push_back(nameOfRow(1) + " has no numbers below the names (\"" + first +
+                   "\") and was left out.");
+}
+
+// Words in a file's first column are labels; so is what a saved sheet calls "Label".
+void ImportFindings::findLanding() {
+  if (target_.hints.wanted) return findWanted();
+  firstRow_ = std::max(target_.row, 1);
+  firstColumn_ = target_.column;
+  if (target_.origin == TextOrigin::file) {
+    firstRow_ = 1;
+    const bool named = heading_ && (field(0, 0).empty() || equalsLabel(field(0, 0)));
+    const bool labels = named || kindOf(0, firstDataRow()) == ColumnKind::words;
+    firstColumn_ = labels ? 0 : 1;
+    if (labels) uses_.front() = Use::label;
+    if (labels) notes_.push_back("The first column holds the labels of the cases.");
+    return;
+  }
+  if (firstColumn_ == 0) uses_.front() = Use::label;
+  if (firstColumn_ == 0 && columns() > 1 && kindOf(0, firstDataRow()) == ColumnKind::numbers &&
+      !(heading_ && (field(0, 0).empty() || equalsLabel(field(0, 0)))))
+    notes_.push_back("The first column becomes the labels of the cases, though it holds numbers.");
+  if (heading_ && target_.row > 0 && (questions_.empty() || questions_.back().chosen)) {
+    ask(ImportDoubt::headingPlace,
+        "The first row holds names, and the block lands below the row of headings. What is to "
+        "become "
+        "of the names?",
+        {"Put them into the row of headings", "Leave them out"}, 0);
+  }
+}
+
+std::optional<Error> ImportFindings::findRoom() const {
+  const std::string whole = book_ ? "The file has " : "The text has ";
+  const int room = target_.observations - firstRow_ + 1;
+  const int rows =
+      dataRows() + (book_ ? book_->table.rowsInAll - static_cast<int>(book_->table.rows()) : 0);
+  if (rows > room)
+    return Error{"", whole + std::to_string(rows) + " rows of data; there is room for " +
+                         std::to_string(room) + "."};
+  const int labels = firstColumn_ == 0 ? 1 : 0;
+  const int roomAcross = target_.variables - std::max(firstColumn_, 1) + 1;
+  if (columns() - labels > roomAcross)
+    return Error{"", whole + std::to_string(columns() - labels) +
+                         " columns of data; there is room for " + std::to_string(roomAcross) + "."};
+  return std::nullopt;
+}
+
+void ImportFindings::findShortRows() {
+  if (table_.firstShortRow < 0 || namesAreShort_) return;
+  ask(ImportDoubt::shortRows,
+      "Rows have different lengths: line " +
+          std::to_string(table_.lines[static_cast<std::size_t>(table_.firstShortRow)]) + " has " +
+          std::to_string(table_.shortLength) + (table_.shortLength == 1 ? " field" : " fields") +
+          ", others have " + std::to_string(columns()) + ". What is missing at their ends?",
+      {"Empty cells", "Do not bring the text in"}, std::nullopt);
+}
+
+std::vector<std::string> ImportFindings::headings() const {
+  const bool leftOut = answerTo(ImportDoubt::headingPlace) == 1;
+  return heading_ && !leftOut ? table_.rows.front() : std::vector<std::string>();
+}
+
+}  // namespace tolmer
