@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "editor/dialog_parts.h"
+#include "editor/variable_choice.h"
 #include "foreign/import_process.h"
 #include "platform/grid/grid_fit.h"
 #include "platform/text_metrics.h"
@@ -37,6 +38,7 @@ std::string stateOf(const ImportPreview& preview) {
   if (open > 0)
     return counted(static_cast<std::size_t>(open), "question") +
            (open == 1 ? " waits for an answer." : " wait for an answer.");
+  if (!preview.mustChoose.empty()) return preview.mustChoose + " Press Variables to choose.";
   if (preview.rows == 0) return counted(columnsOf(preview), "name") + ", no data.";
   return counted(static_cast<std::size_t>(preview.rows), "row") + ", " +
          counted(columnsOf(preview), "column") + ".";
@@ -139,6 +141,7 @@ frmTextImport::frmTextImport(Desktop& desktop, const TextImport& import, const S
                              const std::string& source)
     : Window(desktop, "frmTextImport", WindowStyle::dialog, "Bring in Text - " + source),
       import_(import),
+      source_(source),
       sheet_(sheet) {
   setSizable(true);
   loadQuestions();
@@ -151,12 +154,16 @@ frmTextImport::frmTextImport(Desktop& desktop, const TextImport& import, const S
   Resize = [this] { Form_Resize(); };
   cmdOK.Click = [this] { cmdOK_Click(); };
   cmdCancel.Click = [this] { hide(); };
+  cmdVariables.Click = [this] { chooseVariables(); };
   refresh();
   centreOnScreen();
 }
 
 std::optional<ImportedTable> frmTextImport::ask() {
   table_.reset();
+  const bool isOpen = std::any_of(questions_.begin(), questions_.end(),
+                                  [](const ImportQuestion& question) { return !question.chosen; });
+  if (mustChoose_ && !isOpen && !chooseVariables()) return std::nullopt;
   showModal();
   return std::move(table_);
 }
@@ -174,6 +181,7 @@ void frmTextImport::Form_Activate() {
   for (const ImportQuestion& question : questions_)
     if (!question.chosen) return cmboAnswer(indexOf(question.doubt)).setFocus();
   if (cmdOK.enabled()) return cmdOK.setFocus();
+  if (mustChoose_) return cmdVariables.setFocus();
   cmdCancel.setFocus();
 }
 
@@ -188,7 +196,7 @@ void frmTextImport::cmboAnswer_Click(int index) {
 }
 
 void frmTextImport::cmdOK_Click() {
-  auto table = import_.apply(answers_);
+  auto table = import_.apply(answers_, choice_);
   if (!table) {
     desktop().messageBox({caption(), "Nothing was brought in. " + table.error().message(),
                           MessageIcon::exclamation, MessageButtons::ok});
@@ -198,9 +206,28 @@ void frmTextImport::cmdOK_Click() {
   hide();
 }
 
+// Whether the user has chosen.
+bool frmTextImport::chooseVariables() {
+  ImportChoice ofAllCases = choice_;
+  ofAllCases.cases.reset();
+  const auto preview = import_.preview(answers_, ofAllCases);
+  if (!preview) return false;
+  const auto check = [this](const ImportChoice& choice) -> std::optional<Error> {
+    const auto chosen = import_.preview(answers_, choice);
+    if (!chosen) return chosen.error();
+    return chosen->mustChoose.empty() ? std::nullopt : std::optional(Error{"", chosen->mustChoose});
+  };
+  auto chosen = frmVariableChoice(desktop(), *preview, choice_, source_, check).ask();
+  if (!chosen) return false;
+  choice_ = std::move(*chosen);
+  refresh();
+  Form_Activate();
+  return true;
+}
+
 void frmTextImport::refresh() {
-  auto preview = import_.preview(answers_);
-  while (preview && dropStaleAnswers(*preview)) preview = import_.preview(answers_);
+  auto preview = import_.preview(answers_, choice_);
+  while (preview && dropStaleAnswers(*preview)) preview = import_.preview(answers_, choice_);
   if (preview)
     showPreview(*preview);
   else
@@ -229,6 +256,7 @@ void frmTextImport::showPreview(const ImportPreview& preview) {
   lblNotes.setCaption(notesOf(preview));
   lblState.setCaption(stateOf(preview));
   cmdOK.setEnabled(preview.isAnswered());
+  mustChoose_ = !preview.mustChoose.empty();
 }
 
 // The questions stay: another answer may mend it.
@@ -296,7 +324,7 @@ void frmTextImport::Form_Resize() {
   top = picQuestions.bottom();
   lblNotes.setPlace({dialogMargin, top, inside, lblNotes.height()});
   top = lblNotes.bottom() + gap;
-  placeCommands({&cmdOK, &cmdCancel}, dialogMargin + inside, top);
+  placeCommands({&cmdOK, &cmdCancel, &cmdVariables}, dialogMargin + inside, top);
   lblState.setPlace({dialogMargin, top + pixels(5), cmdOK.left() - gap - dialogMargin,
                      2 * lineOfText - pixels(5)});
 }
@@ -379,12 +407,10 @@ std::optional<LandingTable> tableFromText(Desktop& desktop, const std::string& t
 std::optional<LandingTable> tableFromForeignFile(Desktop& desktop, const std::string& name,
                                                  const ImportTarget& target,
                                                  const SheetContent& into) {
-  const auto readSheet = [name](const std::string& sheet) {
-    return importFile(name, {.sheet = sheet});
-  };
-  auto book = readSheet({});
+  const auto readBook = [name](const CutRequest& request) { return importFile(name, request); };
+  auto book = readBook({});
   if (!book) return refused(desktop, "Bad File", book.error());
-  return tableFrom(desktop, TextImport::of(std::move(*book), readSheet, target), into, name);
+  return tableFrom(desktop, TextImport::of(std::move(*book), readBook, target), into, name);
 }
 
 }  // namespace tolmer

@@ -28,7 +28,8 @@ class frmTextImport : public Window {
                 const std::string& source);
 
   // Shows the window modally. The whole table as the user wants it; nothing on Cancel. Where an
-  // answer was not to bring something in, OK says where it lies and the window stays.
+  // answer was not to bring something in, OK says where it lies and the window stays. Of a table
+  // that is larger than its room the variables and cases are chosen before.
   std::optional<ImportedTable> ask();
 
   Label lblPreview{this, "lblPreview", ""};
@@ -40,6 +41,7 @@ class frmTextImport : public Window {
   Label lblState{this, "lblState", ""};
   Button cmdOK{this, "cmdOK", "OK"};
   Button cmdCancel{this, "cmdCancel", "Cancel"};
+  Button cmdVariables{this, "cmdVariables", "&Variables..."};
 
  private:
   void loadQuestions();
@@ -47,6 +49,7 @@ class frmTextImport : public Window {
   void Form_Resize();
   void cmboAnswer_Click(int index);
   void cmdOK_Click();
+  bool chooseVariables();
 
   void refresh();
   bool dropStaleAnswers(const ImportPreview& preview);
@@ -62,8 +65,11 @@ class frmTextImport : public Window {
   void growToContent();
 
   const TextImport& import_;
+  const std::string& source_;
   const SheetContent& sheet_;
   ImportAnswers answers_;
+  ImportChoice choice_;
+  bool mustChoose_ = false;
   std::vector<ImportQuestion> questions_;           // on the screen
   std::map<ImportDoubt, ImportQuestion> answered_;  // as they stood when they were answered
   std::optional<ImportedTable> table_;

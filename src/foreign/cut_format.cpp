@@ -61,7 +61,8 @@ class Writer {
   }
 
   void column(const CutColumn& column) {
-    line("column", {std::to_string(column.number), column.name, column.label});
+    line("column", {std::to_string(column.number), column.name, column.label,
+                    std::to_string(column.different)});
     out_ += "counts";
     for (const int count : column.counts) out_ += "\t" + std::to_string(count);
     out_ += '\n';
@@ -230,6 +231,7 @@ class Reader {
     column.number = countField();
     column.name = textField();
     column.label = textField();
+    if (!line_.empty()) column.different = countField();
     if (!lineDone() || !takeWord("counts")) return false;
     for (int& count : column.counts) count = countField();
     while (lineDone())

@@ -12,10 +12,10 @@ bool takeCount(std::string_view text, int least, int& count) {
   return read.ec == std::errc() && read.ptr == text.data() + text.size() && count >= least;
 }
 
-bool takeColumns(std::string_view list, std::vector<int>& columns) {
+bool takeList(std::string_view list, std::vector<int>& numbers) {
   while (!list.empty()) {
     const auto end = std::min(list.find(','), list.size());
-    if (!takeCount(list.substr(0, end), 1, columns.emplace_back())) return false;
+    if (!takeCount(list.substr(0, end), 1, numbers.emplace_back())) return false;
     list.remove_prefix(std::min(end + 1, list.size()));
   }
   return true;
@@ -29,7 +29,16 @@ bool takeOption(std::string_view name, std::string_view value, CutRequest& reque
   if (name == "--head") return takeCount(value, 0, request.head);
   if (name == "--rows") return takeCount(value, 1, request.rows);
   if (name == "--every") return takeCount(value, 1, request.every);
-  return name == "--columns" && takeColumns(value, request.columns);
+  if (name == "--only") return takeList(value, request.only);
+  return name == "--columns" && takeList(value, request.columns);
+}
+
+void addList(std::vector<std::string>& words, const std::string& name,
+             const std::vector<int>& numbers) {
+  if (numbers.empty()) return;
+  std::string list;
+  for (const int number : numbers) list += (list.empty() ? "" : ",") + std::to_string(number);
+  words.push_back(name + "=" + list);
 }
 
 }  // namespace
@@ -39,10 +48,8 @@ std::vector<std::string> wordsOf(const CutRequest& request) {
                                  "--rows=" + std::to_string(request.rows),
                                  "--every=" + std::to_string(request.every)};
   if (!request.sheet.empty()) words.push_back("--sheet=" + request.sheet);
-  std::string columns;
-  for (const int column : request.columns)
-    columns += (columns.empty() ? "" : ",") + std::to_string(column);
-  if (!columns.empty()) words.push_back("--columns=" + columns);
+  addList(words, "--columns", request.columns);
+  addList(words, "--only", request.only);
   return words;
 }
 

@@ -46,6 +46,9 @@ struct MissingCode {
   int count = 0;
 };
 
+// Beyond it, a column has more different values than anybody makes categories of.
+inline constexpr int mostDifferent = 51;
+
 struct CutColumn {
   int number = 1;      // its place in the file, from 1
   std::string name{};  // name and label are a statistics file's; a spreadsheet's are in its rows
@@ -53,6 +56,7 @@ struct CutColumn {
   std::array<int, cutKinds> counts{};  // of each kind, in all rows of the file
   std::vector<ValueLabel> valueLabels{};
   std::vector<MissingCode> missingCodes{};
+  int different = 0;  // different numbers and texts in all rows of the file, up to mostDifferent
 
   int count(CutKind kind) const { return counts[static_cast<std::size_t>(kind)]; }
 };
@@ -100,10 +104,11 @@ std::vector<std::size_t> sheetsToRead(const CutBook& book);
 
 // Which part of a file is wanted. What is left out is counted all the same.
 struct CutRequest {
-  std::string sheet{};  // name, or number from 1; empty: the first with cells, hidden ones last
-  int head = 25;        // rows with content at the top that are taken in any case
-  int rows = 525;       // so many at most, those of the head with them
-  int every = 1;        // below the head every so many-th
+  std::string sheet{};      // name, or number from 1; empty: the first with cells, hidden ones last
+  int head = 25;            // rows with content at the top that are taken in any case
+  int rows = 525;           // so many at most, those of the head with them
+  int every = 1;            // below the head every so many-th
+  std::vector<int> only{};  // below the head these alone: their numbers, rising; empty for all
   std::vector<int> columns{};  // their numbers in the file; empty for all
 };
 

@@ -39,8 +39,7 @@ ImportFindings::FieldLook ImportFindings::lookAtCutField(int row, int column) co
   const int at = row - (static_cast<int>(table_.rows.size()) - static_cast<int>(cut.rows()));
   const CutField* seen =
       at < 0 ? nullptr : &cut.field(static_cast<std::size_t>(at), static_cast<std::size_t>(column));
-  if (!seen || seen->kind == CutKind::text)
-    return {numberShape(field(row, column)), isMissingMark(field(row, column))};
+  if (!seen || seen->kind == CutKind::text) return lookAtText(field(row, column));
   FieldLook look{.missing = seen->kind == CutKind::error || seen->kind == CutKind::missing,
                  .kind = seen->kind};
   if (seen->isNumber()) look.shape.marks = NumberShape::Marks::plain;
@@ -48,21 +47,15 @@ ImportFindings::FieldLook ImportFindings::lookAtCutField(int row, int column) co
   return look;
 }
 
-void ImportFindings::findCodesAndDates() {
-  if (!book_) return;
+void ImportFindings::findCodes() {
   Sighting codes;
-  Sighting dates;
   eachValue([&](int row, int column, const FieldLook& seenField) {
     if (seenField.missing && seenField.exact) codes.add(row, column);
-    if (seenField.kind == CutKind::date) dates.add(row, column);
   });
   if (codes.count)
     ask(ImportDoubt::missingCodes,
         "The file says that these are codes for missing values. First " + seenAt(codes) + ".",
-        {"Leave those cells empty", "Take them as numbers"}, 0);
-  if (dates.count)
-    ask(ImportDoubt::dates, "What is to become of dates? First " + seenAt(dates) + ".",
-        {"The number of the day, as spreadsheets count", leaveCellsEmpty}, std::nullopt);
+        {leaveCellsEmpty, "Take them as numbers"}, 0);
 }
 
 // What a spreadsheet shows in another way than it stores.

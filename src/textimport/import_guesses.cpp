@@ -19,26 +19,52 @@ std::string quotation(const std::string& field) {
 }
 
 Result<ImportFindings> ImportFindings::of(const ImportSource& source, const ImportTarget& target,
-                                          const ImportAnswers& answers) {
-  ImportFindings findings(target, answers);
+                                          const ImportAnswers& answers,
+                                          const ImportChoice& choice) {
+  ImportFindings findings(target, answers, choice);
   if (const auto error = findings.findTable(source)) return *error;
   findings.lookAtFields();
   // How the text is cut decides everything else.
-  if (!findings.questions_.empty() && !findings.questions_.front().chosen) return findings;
+  if (!findings.questions_.empty() && !findings.questions_.front().chosen) {
+    findings.rowsOfData_ = findings.dataRows();
+    findings.describeVariables();
+    findings.land();
+    return findings;
+  }
   findings.findFirstRow();
   findings.findHeading();
   findings.findUnits();
+  findings.noteShortRows();
   findings.findLanding();
-  if (const auto error = findings.findRoom()) return *error;
+  if (const auto error = findings.findVariables()) return *error;
+  if (findings.lacksCases_ || !findings.mustChoose_.empty()) return findings;
   findings.findShortRows();
   findings.findDecimalMark();
   findings.leaveOutUnplain();
   findings.findSigns();
-  findings.findCodesAndDates();
+  findings.findCodes();
   findings.findMissingAndWords();
   findings.noteKinds();
   findings.findGapsOnTop();
   return findings;
+}
+
+// Which cases and columns there are, and what becomes of them.
+std::optional<Error> ImportFindings::findVariables() {
+  rowsOfData_ = dataRows();
+  describeVariables();
+  if (auto error = chooseCases()) return error;
+  if (!target_.hints.wanted) {
+    takeChosenUses();
+    findLabels();
+    findWordColumns();
+  } else {
+    findWantedDummies();
+  }
+  findDates();
+  land();
+  if (landings_.empty()) return Error{"", "All columns are left out."};
+  return findRoom();
 }
 
 void ImportFindings::lookAtFields() {
@@ -48,12 +74,17 @@ void ImportFindings::lookAtFields() {
   for (int row = 0; row < rows; ++row) lookAtRow(row);
 }
 
+ImportFindings::FieldLook ImportFindings::lookAtText(const std::string& text) {
+  FieldLook look{numberShape(text), isMissingMark(text)};
+  if ((look.exact = dayOfDate(text))) look.kind = CutKind::date;
+  return look;
+}
+
 void ImportFindings::lookAtRow(int row) {
   const auto& marks = target_.hints.missing;
   for (int column = 0; column < columns(); ++column) {
     const std::string& text = field(row, column);
-    looks_(row, column) =
-        book_ ? lookAtCutField(row, column) : FieldLook{numberShape(text), isMissingMark(text)};
+    looks_(row, column) = book_ ? lookAtCutField(row, column) : lookAtText(text);
     if (std::find(marks.begin(), marks.end(), text) != marks.end())
       looks_(row, column) = FieldLook{.missing = true};
   }
@@ -96,11 +127,12 @@ std::optional<int> ImportFindings::answerTo(ImportDoubt doubt) const {
 }
 
 std::optional<Error> ImportFindings::refusal() const {
+  if (!mustChoose_.empty()) return Error{"", mustChoose_};
   for (const ImportQuestion& question : questions_)
     if (!question.chosen) return Error{"", "An answer is missing: " + question.text};
   if (answerTo(ImportDoubt::shortRows) == stopped ||
       answerTo(ImportDoubt::firstRow) == firstRowStopped)
-    return Error{place(table_.firstShortRow, 0), "The row is too short."};
+    return Error{shortRow_, "The row is too short."};
   return std::nullopt;
 }
 

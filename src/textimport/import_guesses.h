@@ -1,11 +1,13 @@
 // What one look over a foreign table finds; see text_import.h.
 #pragma once
 
+#include <algorithm>
 #include <memory>
 #include <optional>
 #include <string>
 #include <vector>
 
+#include "textimport/case_condition.h"
 #include "textimport/number_shape.h"
 #include "textimport/text_import.h"
 
@@ -30,15 +32,23 @@ struct Sighting {
   }
 };
 
+// A column as it lands, or one of the dummies that it becomes.
+struct Landing {
+  int column = 0;
+  std::string name{};             // empty: the one that stands
+  std::optional<Category> one{};  // of a dummy: what is 1 in it
+  std::string reference{};        // and the category without one
+};
+
 // The table in the shape it will land in, all questions raised so far, and how they are answered.
 class ImportFindings {
  public:
   static Result<ImportFindings> of(const ImportSource& source, const ImportTarget& target,
-                                   const ImportAnswers& answers);
+                                   const ImportAnswers& answers, const ImportChoice& choice);
 
   // The content of a cell of a data row; nullopt where it depends on an open question, and an error
   // where the answer was not to bring such a thing in.
-  Result<std::optional<ImportedCell>> cell(int row, int column) const;
+  Result<std::optional<ImportedCell>> cell(int row, const Landing& landing) const;
 
   int firstDataRow() const { return (heading_ ? 1 : 0) + unitRows_; }
   int dataRows() const { return static_cast<int>(table_.rows.size()) - firstDataRow(); }
@@ -46,7 +56,25 @@ class ImportFindings {
   const std::string& field(int row, int column) const {
     return table_.rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
   }
+  const std::vector<Landing>& landings() const { return landings_; }
   std::vector<std::string> headings() const;
+  std::vector<ImportedVariable> described() const;
+  std::string title() const { return book_ ? book_->table.title : std::string(); }
+  const std::vector<ImportVariable>& variables() const { return variables_; }
+  int cases() const { return cases_; }
+  int roomForCases() const { return target_.observations - firstRow_ + 1; }
+  int roomForVariables() const { return target_.variables - std::max(firstColumn_, 1) + 1; }
+  int taken() const;
+  const std::string& mustChoose() const { return mustChoose_; }
+  const std::vector<std::string>& choiceTold() const { return choiceTold_; }
+
+  // The chosen cases are not all in the book, which is to be read again.
+  bool lacksCases() const { return lacksCases_; }
+  // The book's rows above its first case.
+  int rowsAbove() const { return static_cast<int>(book_->table.rows()) - rowsOfData_; }
+  // The condition of the choice, on the columns by their places in the table.
+  Result<CaseCondition> condition() const;
+  int columnNumber(int column) const;
   // The columns that the target wants, each cell of theirs read.
   Result<NamedTable> namedTable() const;
   int firstRow() const { return firstRow_; }
@@ -57,16 +85,18 @@ class ImportFindings {
   const std::vector<std::string>& notes() const { return notes_; }
 
  private:
-  enum class ColumnKind { empty, numbers, words };
   enum class Use {
     number,
     label,
-    ifPlain,  // numbers where all of them are bare ones: nobody is asked about it
+    dummies,
+    undecided,  // between dummies and nothing
+    ifPlain,    // numbers where all of them are bare ones: nobody is asked about it
     none
   };
 
-  ImportFindings(const ImportTarget& target, const ImportAnswers& answers)
-      : target_(target), answers_(answers) {}
+  ImportFindings(const ImportTarget& target, const ImportAnswers& answers,
+                 const ImportChoice& choice)
+      : target_(target), answers_(answers), choice_(choice) {}
 
   std::optional<Error> findTable(const ImportSource& source);
   std::optional<Error> findTextTable(const std::string& text);
@@ -87,17 +117,58 @@ class ImportFindings {
   bool firstRowIsYears() const;
   void findUnits();
   void findLanding();
-  std::optional<Error> findRoom() const;
+  std::optional<Error> findRoom();
+  void noteShortRows();
   void findShortRows();
   void findDecimalMark();
   void askDecimalMark(const Sighting& seen, std::optional<int> preset);
   void findSigns();
   void findMissingAndWords();
-  void findCodesAndDates();
+  void findCodes();
   void noteKinds();
   void findGapsOnTop();
 
-  ColumnKind kindOf(int column, int fromRow) const;
+  VariableKind kindOf(int column, int fromRow) const;
+
+  // Of variables, in variable_guesses.cpp.
+  std::optional<Error> findVariables();
+  void findWantedDummies();
+  std::optional<Error> nameColumn(int column, const std::string& name, NamedTable& table) const;
+  void describeVariables();
+  ImportVariable described(int column, std::string name) const;
+  void countInAll(int column, ImportVariable& variable) const;
+  std::vector<Category> categoriesOf(int column) const;
+  bool canBeDummies(const ImportVariable& variable) const;
+  std::string labelOf(int column, const std::string& value) const;
+  void takeChosenUses();
+  void findLabels();
+  void findWordColumns();
+  void askWordColumns(const std::vector<int>& columns);
+  void tellUnfit(const std::vector<int>& columns);
+  void findDates();
+  void land();
+  void landDummies(int column);
+  void noteDummies(int column);
+  void noteCodes();
+  void tellUses();
+  int dummiesOf(int column) const;
+  std::string referenceOf(int column) const;
+  std::string dummiesText(int column) const;
+  bool isTaken(int column) const;
+  ImportVariable& variable(int column) { return variables_[static_cast<std::size_t>(column)]; }
+  const ImportVariable& variable(int column) const {
+    return variables_[static_cast<std::size_t>(column)];
+  }
+  Use& use(int column) { return uses_[static_cast<std::size_t>(column)]; }
+  Result<std::optional<ImportedCell>> dummyCell(int row, const Landing& landing) const;
+
+  // Of cases, in case_guesses.cpp.
+  std::optional<Error> chooseCases();
+  Result<std::vector<int>> casesThatMeet() const;
+  void keepCases(const std::vector<int>& rows);
+  void tellCases(int met);
+  void tellVariables();
+
   bool landsAs(Use use, int column) const { return uses_[static_cast<std::size_t>(column)] == use; }
   std::vector<std::string> columnNames() const;
   void findWanted();
@@ -105,7 +176,7 @@ class ImportFindings {
   Use wantedUse(const std::string& name, int column) const;
   void leaveOutUnplain();
   bool isBareNumber(int row, int column) const;
-  Result<std::vector<TextNumber>> numbersOf(int column) const;
+  Result<std::vector<TextNumber>> numbersOf(const Landing& landing) const;
   struct FieldLook {
     NumberShape shape{};
     bool missing = false;
@@ -115,13 +186,23 @@ class ImportFindings {
   const FieldLook& look(int row, int column) const { return looks_(row, column); }
   void lookAtFields();
   void lookAtRow(int row);
+  static FieldLook lookAtText(const std::string& text);
   FieldLook lookAtCutField(int row, int column) const;
   // Calls see(row, column, look) for the fields of data rows that are to be numbers.
   template <class See>
   void eachValue(See see) const {
+    eachOf(Use::number, see);
+  }
+  // The same for those that become dummies.
+  template <class See>
+  void eachDummy(See see) const {
+    eachOf(Use::dummies, see);
+  }
+  template <class See>
+  void eachOf(Use use, See see) const {
     for (int row = firstDataRow(); row < static_cast<int>(table_.rows.size()); ++row)
       for (int column = 0; column < columns(); ++column)
-        if (landsAs(Use::number, column) && !field(row, column).empty())
+        if (landsAs(use, column) && !field(row, column).empty())
           see(row, column, look(row, column));
   }
   std::string place(int row, int column) const;
@@ -138,13 +219,25 @@ class ImportFindings {
 
   ImportTarget target_;
   ImportAnswers answers_;
+  ImportChoice choice_;
+  std::optional<int> casesMet_;          // the book has chosen cases
   std::shared_ptr<const CutBook> book_;  // null for text
   TextTable table_;
   Matrix<FieldLook> looks_;     // of all fields of the table
   bool namesAreShort_ = false;  // the first row is names, one less than columns
   bool heading_ = false;
   int unitRows_ = 0;
-  std::vector<Use> uses_;  // of the columns
+  std::vector<Use> uses_;                  // of the columns
+  std::vector<ImportVariable> variables_;  // likewise
+  std::vector<Landing> landings_;
+  int cases_ = 0;                 // in the file
+  int rowsOfData_ = 0;            // of them in the table before some were chosen
+  std::vector<int> caseNumbers_;  // of the chosen ones, from 1; empty for all
+  bool lacksCases_ = false;
+  std::string mustChoose_;
+  std::vector<std::string> choiceTold_;
+  std::string shortRow_;  // the place of the first one
+  int shortLine_ = 0;     // and its line
   std::optional<char> decimalMark_;
   int firstRow_ = 1;
   int firstColumn_ = 1;

@@ -4,6 +4,7 @@
 
 #include "base/text_encoding.h"
 #include "textimport/import_guesses.h"
+#include "textimport/typed_number.h"
 
 namespace tolmer {
 
@@ -53,6 +54,8 @@ void ImportFindings::findWanted() {
 ImportFindings::Use ImportFindings::wantedUse(const std::string& name, int column) const {
   const WantedColumns& wanted = *target_.hints.wanted;
   if (!wanted.labels.empty() && name == wanted.labels) return Use::label;
+  if (std::find(wanted.dummies.begin(), wanted.dummies.end(), name) != wanted.dummies.end())
+    return Use::dummies;
   const auto& numbers = wanted.numbers;
   if (std::find(numbers.begin(), numbers.end(), name) != numbers.end()) return Use::number;
   for (int row = firstDataRow(); row < static_cast<int>(table_.rows.size()); ++row)
@@ -79,38 +82,74 @@ void ImportFindings::leaveOutUnplain() {
   }
 }
 
-Result<std::vector<TextNumber>> ImportFindings::numbersOf(int column) const {
+// Of every column that is to become dummies its categories and the reference.
+void ImportFindings::findWantedDummies() {
+  const auto& references = target_.hints.wanted->references;
+  for (int column = 0; column < columns(); ++column) {
+    if (!landsAs(Use::dummies, column)) continue;
+    ImportVariable& one = variable(column);
+    one.categories = categoriesOf(column);
+    if (one.categories.size() < 2) {
+      use(column) = Use::none;
+      continue;
+    }
+    if (const auto named = references.find(one.name); named != references.end())
+      for (const Category& category : one.categories)
+        if (category.value == named->second || category.name == named->second)
+          choice_.references[columnNumber(column)] = category.value;
+    one.reference = referenceOf(column);
+  }
+}
+
+Result<std::vector<TextNumber>> ImportFindings::numbersOf(const Landing& landing) const {
   std::vector<TextNumber> numbers;
   numbers.reserve(static_cast<std::size_t>(dataRows()));
   for (int row = firstDataRow(); row < static_cast<int>(table_.rows.size()); ++row) {
-    const auto read = cell(row, column);
+    const auto read = cell(row, landing);
     if (!read) return read.error();
     const double number =
         *read ? (*read)->number.value_or(gapInNumbers.written) : gapInNumbers.written;
-    std::string text = field(row, column);
+    std::string text = landing.one ? exactText(number) : field(row, landing.column);
     if (decimalMark_ == ',') std::replace(text.begin(), text.end(), ',', '.');
     numbers.push_back(std::isnan(number) ? gapInNumbers : textNumberOf(number, text));
     if (std::isinf(numbers.back().held))
-      return Error{place(row, column), field(row, column) + " is no number this program can hold"};
+      return Error{place(row, landing.column), text + " is no number this program can hold"};
   }
   return numbers;
 }
 
 Result<NamedTable> ImportFindings::namedTable() const {
-  NamedTable table{dataRows(), columnNames(), {}, {}};
-  table.numbers.resize(table.names.size());
+  NamedTable table{dataRows(), {}, {}, {}, caseNumbers_};
+  const auto names = columnNames();
   for (int column = 0; column < columns(); ++column) {
-    const auto at = static_cast<std::size_t>(column);
     if (landsAs(Use::label, column))
       for (int row = 0; row < dataRows(); ++row)
         table.labels.push_back(onOneLine(field(firstDataRow() + row, column)));
-    if (landsAs(Use::label, column) || landsAs(Use::none, column)) continue;
-    auto numbers = numbersOf(column);
-    if (!numbers && landsAs(Use::ifPlain, column)) continue;
-    if (!numbers) return numbers.error();
-    table.numbers[at] = std::move(*numbers);
+    if (auto error = nameColumn(column, names[static_cast<std::size_t>(column)], table))
+      return *error;
   }
   return table;
+}
+
+// All that the column becomes.
+std::optional<Error> ImportFindings::nameColumn(int column, const std::string& name,
+                                                NamedTable& table) const {
+  const bool isDummies = landsAs(Use::dummies, column);
+  if (!isDummies) table.names.push_back(name);
+  if (landsAs(Use::label, column) || landsAs(Use::none, column)) {
+    table.numbers.emplace_back();
+    return std::nullopt;
+  }
+  for (const Landing& landing : landings_) {
+    if (landing.column != column) continue;
+    auto numbers = numbersOf(landing);
+    if (!numbers && !landsAs(Use::ifPlain, column)) return numbers.error();
+    table.numbers.push_back(numbers ? std::move(*numbers) : std::vector<TextNumber>());
+    if (!isDummies) continue;
+    table.names.push_back(onOneLine(landing.name));
+    table.dummies[name].push_back(table.names.back());
+  }
+  return std::nullopt;
 }
 
 }  // namespace tolmer

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <limits>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,9 @@ struct NamedTable {
   // Of each column, empty where it is no variable; an empty cell is a gap.
   std::vector<std::vector<TextNumber>> numbers;
   std::vector<std::string> labels;  // of the cases; empty where none were wanted
+  std::vector<int> caseNumbers{};   // where some cases were not taken: those of the others, from 1
+  // The names of the dummy variables that a column has become.
+  std::map<std::string, std::vector<std::string>> dummies{};
 
   bool isVariable(std::size_t column) const { return !numbers[column].empty(); }
 };

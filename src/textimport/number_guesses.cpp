@@ -93,6 +93,9 @@ void ImportFindings::findMissingAndWords() {
     else if (!seenField.shape.fits(decimalMark_))
       words.add(row, column);
   });
+  eachDummy([&](int row, int column, const FieldLook& seenField) {
+    if (seenField.missing && seenField.kind == CutKind::text) missing.add(row, column);
+  });
   if (missing.count)
     ask(ImportDoubt::missing, "Are these missing values? First " + seenAt(missing) + ".",
         {"Yes, empty cells", stop}, 0);
@@ -107,7 +110,7 @@ void ImportFindings::findGapsOnTop() {
   const int top = firstDataRow();
   Sighting gaps;
   for (int column = 0; column < columns(); ++column)
-    if (landsAs(Use::number, column) && kindOf(column, top) == ColumnKind::numbers &&
+    if (landsAs(Use::number, column) && kindOf(column, top) == VariableKind::numbers &&
         !look(top, column).shape.isNumber())
       gaps.add(top, column);
   if (gaps.count == 0) return;
@@ -117,17 +120,23 @@ void ImportFindings::findGapsOnTop() {
                    ". Above a variable's first value, the analysis takes empty cells as 0.");
 }
 
-Result<std::optional<ImportedCell>> ImportFindings::cell(int row, int column) const {
+Result<std::optional<ImportedCell>> ImportFindings::cell(int row, const Landing& landing) const {
+  const int column = landing.column;
+  if (landing.one) return dummyCell(row, landing);
   const std::string& text = field(row, column);
   if (landsAs(Use::label, column)) return std::optional(ImportedCell{.text = text});
   if (text.empty()) return std::optional(ImportedCell{});
+  if (landsAs(Use::undecided, column)) return std::optional<ImportedCell>();
   const FieldLook& seen = look(row, column);
   if (seen.missing && seen.exact && answerTo(ImportDoubt::missingCodes) != codesKept)
     return std::optional(ImportedCell{});
   if (seen.kind == CutKind::date) {
+    const bool isAsked = std::any_of(questions_.begin(), questions_.end(), [](const auto& asked) {
+      return asked.doubt == ImportDoubt::dates;
+    });
     const auto answer = answerTo(ImportDoubt::dates);
-    if (!answer) return std::optional<ImportedCell>();
-    if (*answer == datesEmpty) return std::optional(ImportedCell{});
+    if (isAsked && !answer) return std::optional<ImportedCell>();
+    if (answer == datesEmpty) return std::optional(ImportedCell{});
   }
   if (seen.exact) return std::optional(ImportedCell{.number = seen.exact});
   if (seen.missing) return emptied(ImportDoubt::missing, 0, row, column, "a missing value");

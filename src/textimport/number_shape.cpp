@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <array>
+#include <chrono>
 
 #include "base/trimmed.h"
 #include "textimport/typed_number.h"
@@ -207,6 +208,22 @@ std::optional<double> fieldNumber(std::string_view field, char decimalMark, Perc
   const auto read = readNumber((parts->negative ? "-" : "") + digits + exponent);
   if (read.kind != NumberReading::Kind::number) return std::nullopt;
   return divided && !parts->exponent.empty() ? read.number / 100 : read.number;
+}
+
+std::optional<double> dayOfDate(std::string_view field) {
+  using namespace std::chrono;
+  if (field.size() != 10 || field[4] != '-' || field[7] != '-') return std::nullopt;
+  int parts[] = {0, 0, 0};
+  constexpr std::size_t begins[] = {0, 5, 8};
+  for (int part = 0; part < 3; ++part)
+    for (std::size_t at = begins[part]; at < field.size() && field[at] != '-'; ++at) {
+      if (field[at] < '0' || field[at] > '9') return std::nullopt;
+      parts[part] = 10 * parts[part] + (field[at] - '0');
+    }
+  const year_month_day date(year(parts[0]), month(static_cast<unsigned>(parts[1])),
+                            day(static_cast<unsigned>(parts[2])));
+  if (!date.ok()) return std::nullopt;
+  return (sys_days(date) - sys_days(year(1899) / 12 / 30)).count();
 }
 
 bool isMissingMark(std::string_view field) {

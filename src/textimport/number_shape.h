@@ -40,6 +40,10 @@ enum class Percent { asWritten, divided };  // 12% is 12, or 0.12
 std::optional<double> fieldNumber(std::string_view field, char decimalMark,
                                   Percent percent = Percent::asWritten);
 
+// The day that is written as 2024-03-05, in days since 1899-12-30, as spreadsheets count. nullopt
+// for other text: 5/3/2024 is another day in other countries.
+std::optional<double> dayOfDate(std::string_view field);
+
 // A sign of a missing value as statistics programs and spreadsheets write them: NA . - * #DIV/0!
 bool isMissingMark(std::string_view field);
 

@@ -62,6 +62,7 @@ bool equalsLabel(const std::string& heading) { return heading == "Label" || head
 
 std::optional<Error> ImportFindings::findTable(const ImportSource& source) {
   book_ = source.book;
+  casesMet_ = source.casesMet;
   if (!book_) return findTextTable(source.text);
   table_ = textTable(book_->table, !target_.hints.headingRow);
   if (auto error = cutAboveHeading()) return error;
@@ -147,18 +148,6 @@ std::optional<char> ImportFindings::askSeparator(const std::vector<char>& candid
   return index < candidates.size() ? candidates[index] : noSeparator;
 }
 
-ImportFindings::ColumnKind ImportFindings::kindOf(int column, int fromRow) const {
-  int numbers = 0;
-  int words = 0;
-  for (int row = fromRow; row < static_cast<int>(table_.rows.size()); ++row) {
-    const std::string& text = field(row, column);
-    if (text.empty() || look(row, column).missing) continue;
-    ++(look(row, column).shape.isNumber() ? numbers : words);
-  }
-  if (numbers + words == 0) return ColumnKind::empty;
-  return numbers >= words ? ColumnKind::numbers : ColumnKind::words;
-}
-
 // Programs that number or name their cases write these in a first column without a name, some of
 // them without even an empty field over it.
 bool ImportFindings::firstRowIsShortOfAName() const {
@@ -171,7 +160,7 @@ bool ImportFindings::firstRowIsShortOfAName() const {
 }
 
 bool ImportFindings::firstColumnNamesCases() const {
-  if (kindOf(0, 1) == ColumnKind::words) return true;
+  if (kindOf(0, 1) == VariableKind::words) return true;
   for (int row = 1; row < static_cast<int>(table_.rows.size()); ++row)
     if (field(row, 0) != std::to_string(row)) return false;
   return true;
@@ -208,7 +197,7 @@ std::string ImportFindings::firstName() const {
 bool ImportFindings::firstRowIsYears() const {
   bool years = false;
   for (int column = 0; column < columns(); ++column) {
-    if (kindOf(column, 1) != ColumnKind::numbers) continue;
+    if (kindOf(column, 1) != VariableKind::numbers) continue;
     if (!isYear(field(0, column))) return false;
     years = years || !isYear(field(1, column));
   }
@@ -222,13 +211,15 @@ std::optional<bool> ImportFindings::headingByLook() const {
   int others = 0;
   bool anyNumbers = false;
   for (int column = 0; column < columns(); ++column) {
-    const bool overNumbers = kindOf(column, 1) == ColumnKind::numbers;
+    const VariableKind kind = kindOf(column, 1);
+    const bool overNumbers = kind == VariableKind::numbers || kind == VariableKind::dates;
     anyNumbers = anyNumbers || overNumbers;
     const std::string& text = field(0, column);
     const FieldLook& seen = look(0, column);
-    const bool isWord = !text.empty() && !seen.missing && !seen.shape.isNumber();
+    const bool isWord =
+        !text.empty() && !seen.missing && !seen.shape.isNumber() && seen.kind != CutKind::date;
     if (column == 0 && cornerIsBlank()) continue;
-    if (overNumbers || kindOf(column, 1) == ColumnKind::empty) ++(isWord ? words : others);
+    if (overNumbers || kind == VariableKind::empty) ++(isWord ? words : others);
   }
   if (!anyNumbers && words == 0 && others > 0) return false;
   if (!anyNumbers || (words > 0 && others > 0) || firstRowIsYears()) return std::nullopt;
@@ -264,7 +255,7 @@ void ImportFindings::findUnits() {
   if (target_.origin != TextOrigin::file || !heading_ || dataRows() < 2 || namesApart) return;
   std::string first;
   for (int column = 0; column < columns(); ++column) {
-    if (kindOf(column, 2) != ColumnKind::numbers) continue;
+    if (kindOf(column, 2) != VariableKind::numbers) continue;
     if (look(1, column).shape.isNumber() || look(1, column).missing) return;
     if (first.empty()) first = field(1, column);
   }
@@ -274,22 +265,17 @@ void ImportFindings::findUnits() {
                    "\") and was left out.");
 }
 
-// Words in a file's first column are labels; so is what a saved sheet calls "Label".
+// Where the table begins in the sheet.
 void ImportFindings::findLanding() {
   if (target_.hints.wanted) return findWanted();
   firstRow_ = std::max(target_.row, 1);
   firstColumn_ = target_.column;
   if (target_.origin == TextOrigin::file) {
-    firstRow_ = 1;
-    const bool named = heading_ && (field(0, 0).empty() || equalsLabel(field(0, 0)));
-    const bool labels = named || kindOf(0, firstDataRow()) == ColumnKind::words;
-    firstColumn_ = labels ? 0 : 1;
-    if (labels) uses_.front() = Use::label;
-    if (labels) notes_.push_back("The first column holds the labels of the cases.");
+    firstRow_ = firstColumn_ = 1;
     return;
   }
   if (firstColumn_ == 0) uses_.front() = Use::label;
-  if (firstColumn_ == 0 && columns() > 1 && kindOf(0, firstDataRow()) == ColumnKind::numbers &&
+  if (firstColumn_ == 0 && columns() > 1 && kindOf(0, firstDataRow()) == VariableKind::numbers &&
       !(heading_ && (field(0, 0).empty() || equalsLabel(field(0, 0)))))
     notes_.push_back("The first column becomes the labels of the cases, though it holds numbers.");
   if (heading_ && target_.row > 0 && (questions_.empty() || questions_.back().chosen)) {
@@ -301,35 +287,20 @@ void ImportFindings::findLanding() {
   }
 }
 
-std::optional<Error> ImportFindings::findRoom() const {
-  const std::string whole = book_ ? "The file has " : "The text has ";
-  const int room = target_.observations - firstRow_ + 1;
-  const int rows =
-      dataRows() + (book_ ? book_->table.rowsInAll - static_cast<int>(book_->table.rows()) : 0);
-  if (rows > room)
-    return Error{"", whole + std::to_string(rows) + " rows of data; there is room for " +
-                         std::to_string(room) + "."};
-  const int labels = firstColumn_ == 0 ? 1 : 0;
-  const int roomAcross = target_.variables - std::max(firstColumn_, 1) + 1;
-  if (columns() - labels > roomAcross)
-    return Error{"", whole + std::to_string(columns() - labels) +
-                         " columns of data; there is room for " + std::to_string(roomAcross) + "."};
-  return std::nullopt;
+// Before some of the rows are chosen.
+void ImportFindings::noteShortRows() {
+  if (table_.firstShortRow < 0) return;
+  shortRow_ = place(table_.firstShortRow, 0);
+  shortLine_ = table_.lines[static_cast<std::size_t>(table_.firstShortRow)];
 }
 
 void ImportFindings::findShortRows() {
-  if (table_.firstShortRow < 0 || namesAreShort_) return;
+  if (shortLine_ == 0 || namesAreShort_) return;
   ask(ImportDoubt::shortRows,
-      "Rows have different lengths: line " +
-          std::to_string(table_.lines[static_cast<std::size_t>(table_.firstShortRow)]) + " has " +
+      "Rows have different lengths: line " + std::to_string(shortLine_) + " has " +
           std::to_string(table_.shortLength) + (table_.shortLength == 1 ? " field" : " fields") +
           ", others have " + std::to_string(columns()) + ". What is missing at their ends?",
       {"Empty cells", "Do not bring the text in"}, std::nullopt);
-}
-
-std::vector<std::string> ImportFindings::headings() const {
-  const bool leftOut = answerTo(ImportDoubt::headingPlace) == 1;
-  return heading_ && !leftOut ? table_.rows.front() : std::vector<std::string>();
 }
 
 }  // namespace tolmer

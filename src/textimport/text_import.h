@@ -17,6 +17,7 @@
 #include "base/error.h"
 #include "foreign/cut_table.h"
 #include "state/matrix.h"
+#include "textimport/import_choice.h"
 #include "textimport/named_table.h"
 #include "textimport/text_table.h"
 
@@ -28,6 +29,8 @@ enum class ImportDoubt {
   firstRow,      // one field less than all others: over which column it begins
   heading,       // is the first row names?
   headingPlace,  // names above a block that lands further down
+  labels,        // words or days in a file's first column
+  wordColumns,   // words in others
   shortRows,     // rows of different length
   decimalMark,
   blankGroups,  // 12 345
@@ -51,9 +54,11 @@ using ImportAnswers = std::map<ImportDoubt, int>;
 
 // Columns by their names, for a caller that has no sheet to look at.
 struct WantedColumns {
-  std::vector<std::string> numbers;  // each must hold numbers
-  bool others = false;               // so must all other columns with any number
-  std::string labels{};              // the column that names the cases; empty for none
+  std::vector<std::string> numbers;    // each must hold numbers
+  bool others = false;                 // so must all other columns with any number
+  std::string labels{};                // the column that names the cases; empty for none
+  std::vector<std::string> dummies{};  // each becomes dummy variables
+  std::map<std::string, std::string> references{};  // of some of these: the category without one
 };
 
 // What a caller knows beforehand, where else the table is looked at or somebody is asked.
@@ -88,7 +93,10 @@ struct ImportedTable {
   std::vector<std::string> headings;  // of the table's columns; empty where there are none
   int firstRow = 1;                   // at least 1
   int firstColumn = 1;
-  Matrix<ImportedCell> cells;  // texts in the sheet's column 0 only
+  Matrix<ImportedCell> cells;               // texts in the sheet's column 0 only
+  std::vector<ImportedVariable> variables;  // of the table's columns
+  std::string title;                        // of a statistics file
+  std::vector<std::string> choice;          // sentences: what was taken of a table and what not
 };
 
 struct ImportPreview {
@@ -99,21 +107,32 @@ struct ImportPreview {
   int firstColumn = 1;
   int rows = 0;
   // The first rows as they would land; fields whose reading is still open as they are written.
-  std::vector<std::vector<std::string>> shown;
+  std::vector<std::vector<std::string>> shown{};
+
+  std::vector<ImportVariable> variables{};  // all there are, taken or not
+  int cases = 0;                            // likewise
+  int roomForCases = 0;
+  int roomForVariables = 0;
+  int taken = 0;             // variables that land, dummies among them and labels not
+  std::string mustChoose{};  // a sentence: more than there is room for; empty where all fits
 
   // Nobody needs to be asked: all went without a doubt.
-  bool isClear() const { return questions.empty(); }
+  bool isClear() const { return questions.empty() && mustChoose.empty(); }
   bool isAnswered() const;
 };
 
-// Reads another sheet of the same workbook, by its name.
-using ReadSheet = std::function<Result<CutBook>(const std::string& name)>;
+// Reads the same file once more.
+using ReadBook = std::function<Result<CutBook>(const CutRequest&)>;
 
 // What is to be brought in: text, or a table that came cut.
 struct ImportSource {
   std::string text{};
   std::shared_ptr<const CutBook> book{};
+  // Of the file's cases the book has those that were chosen, out of so many that meet the choice.
+  std::optional<int> casesMet{};
 };
+
+class ImportFindings;
 
 class TextImport {
  public:
@@ -122,28 +141,36 @@ class TextImport {
   // Refuses bytes that are no text. A "\r\n" or "\n" at the very end ends the last row.
   static Result<TextImport> read(std::string bytes, ImportTarget target);
   // Its fields are exact numbers or texts already; only texts are looked at for numbers.
-  static TextImport of(CutBook book, ReadSheet readSheet, ImportTarget target);
+  static TextImport of(CutBook book, ReadBook readBook, ImportTarget target);
 
-  // Refuses a table larger than its room, with both numbers, and a damaged one, with the line.
-  Result<ImportPreview> preview(const ImportAnswers& answers) const;
+  // Refuses a damaged table, with the line, and a choice that means nothing here.
+  Result<ImportPreview> preview(const ImportAnswers& answers,
+                                const ImportChoice& choice = {}) const;
   // All of it, or an error: an open question, or the first place of what was not to be brought in.
-  Result<ImportedTable> apply(const ImportAnswers& answers) const;
+  // A table larger than its room is refused with both numbers.
+  Result<ImportedTable> apply(const ImportAnswers& answers, const ImportChoice& choice = {}) const;
   // The same by the names of its columns, for a target that says which ones are wanted.
-  Result<NamedTable> named(const ImportAnswers& answers) const;
+  Result<NamedTable> named(const ImportAnswers& answers, const ImportChoice& choice = {}) const;
 
  private:
   struct Look;
 
   TextImport(ImportSource source, ImportTarget target)
       : source_(std::move(source)), target_(target) {}
-  const Look& look(const ImportAnswers& answers) const;
+  const Look& look(const ImportAnswers& answers, const ImportChoice& choice) const;
+  Result<ImportFindings> findings(const ImportAnswers& answers, const ImportChoice& choice) const;
   // With the sheet that the answers choose.
   Result<ImportSource> sourceFor(const ImportAnswers& answers) const;
+  Result<ImportSource> withChosenCases(const ImportSource& source, const ImportFindings& found,
+                                       const ImportChoice& choice) const;
+  Result<std::vector<int>> numbersOfCases(const ImportFindings& found,
+                                          const CutRequest& request) const;
+  Result<std::shared_ptr<const CutBook>> readAgain(const CutRequest& request) const;
 
   ImportSource source_;
   ImportTarget target_;
-  ReadSheet readSheet_;
-  mutable std::map<std::string, std::shared_ptr<const CutBook>> otherSheets_;  // by their names
+  ReadBook readBook_;
+  mutable std::map<std::string, std::shared_ptr<const CutBook>> readBefore_;  // by the requests
   // A table is mostly applied with the answers of the last preview.
   mutable std::shared_ptr<const Look> last_;
 };

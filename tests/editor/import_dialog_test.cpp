@@ -59,7 +59,8 @@ TEST(TextImportDialog, ClearTextNeedsOnlyReturn) {
     EXPECT_EQ(stage.row(2), "1 Ulm 1.5");
     EXPECT_EQ(stage.state(), "2 rows, 2 columns.");
     EXPECT_THAT(stage.user.get<Label>(window, "lblNotes").caption(),
-                testing::HasSubstr("Fields are divided by commas.\n"));
+                testing::HasSubstr("Fields are divided by commas."));
+    EXPECT_EQ(stage.answer(ImportDoubt::labels).listIndex(), 0);
     stage.user.key(window, {keys::enter});
   });
   ASSERT_TRUE(table);
@@ -98,13 +99,13 @@ TEST(TextImportDialog, OpenQuestionsHoldOkBackAndThePreviewFollows) {
 
 TEST(TextImportDialog, AnAnswerHoldsOnlyForTheQuestionThatWasRead) {
   Stage stage;
-  const auto table = stage.ask("1,5;7\n2,5;x\n3,5;3\n", asFile, [&] {
-    // Cut at commas, "5;7" is the first text among numbers; cut at semicolons, it is "x".
+  const auto table = stage.ask("(1),5;(7)\n(2),5;(8)\n(3),5;(3)\n", asFile, [&] {
+    // Cut at commas, "(1)" is the first number in brackets; cut at semicolons, it is "(7)".
     stage.choose(ImportDoubt::separator, 1);
-    stage.choose(ImportDoubt::words, 0);
+    stage.choose(ImportDoubt::brackets, 0);
     EXPECT_TRUE(stage.okWorks());
     stage.choose(ImportDoubt::separator, 0);
-    EXPECT_EQ(stage.answer(ImportDoubt::words).listIndex(), -1);
+    EXPECT_EQ(stage.answer(ImportDoubt::brackets).listIndex(), -1);
     EXPECT_FALSE(stage.okWorks());
     stage.user.key(window, {keys::escape});
   });
@@ -120,13 +121,69 @@ TEST(TextImportDialog, ATableTooLargeCanBeMendedByAnotherAnswerOnly) {
   }
   stage.ask(wide, asFile, [&] {
     stage.choose(ImportDoubt::separator, 1);
-    EXPECT_EQ(stage.state(), "The text has 59 columns of data; there is room for 50.");
+    EXPECT_EQ(stage.state(),
+              "The text has 2 rows and 59 columns of data; there is room for 500 and 50. Press "
+              "Variables to choose.");
     EXPECT_FALSE(stage.okWorks());
     stage.choose(ImportDoubt::separator, 0);
-    EXPECT_NE(stage.state().find("question"), std::string::npos);
+    EXPECT_TRUE(stage.okWorks());
     EXPECT_EQ(stage.answer(ImportDoubt::separator).listIndex(), 0);
     stage.user.close(window);
   });
+}
+
+// From a table that is too large to one that lands, by the keyboard alone.
+TEST(TextImportDialog, TicksVariablesAndChoosesCasesOfALargeTable) {
+  constexpr const char* choice = "frmVariableChoice";
+  Stage stage;
+  std::string text;
+  for (int i = 0; i < 60; ++i) text += (i ? ",v" : "v") + std::to_string(i);
+  for (int row = 1; row <= 600; ++row) {
+    text += "\n" + std::to_string(row);
+    for (int i = 1; i < 60; ++i)
+      text += i == 7 ? (row % 3 ? ",North" : ",South") : "," + std::to_string(row * i);
+  }
+  const auto state = [&] { return stage.user.get<Label>(choice, "lblState").caption(); };
+  const auto type = [&](const char* box, const char* typed) {
+    stage.user.get<TextBox>(choice, box).setText(typed);
+  };
+  stage.script.window(choice, [&] {
+    EXPECT_EQ(test::layoutFaults(stage.user.window(choice)), "");
+    EXPECT_EQ(stage.user.get<Label>(choice, "lblSize").caption(),
+              "There are 60 variables and 600 cases; the sheet has room for 50 and 500.");
+    stage.user.click(choice, "cmdAll");
+    EXPECT_EQ(state(), "60 of 60 variables ticked; they take 60 columns, there is room for 50.");
+    EXPECT_FALSE(stage.user.window(choice).find("cmdOK")->enabled());
+    stage.user.click(choice, "cmdNone");
+    auto& list = stage.user.get<Grid>(choice, "spdVariables");
+    list.setFocus();
+    stage.user.key(choice, {keys::space});
+    type("txtFind", "v7");
+    EXPECT_EQ(list.maxRows(), 2);
+    stage.user.key(choice, {keys::space});
+    EXPECT_EQ(list.text(2, 1) + list.text(2, 7), "Yes1 and 0");
+    stage.user.choose(choice, "cmboReference", "South");
+    EXPECT_EQ(state(), "2 of 60 variables ticked; they take 2 columns, there is room for 50.");
+    type("txtWhere", "v99 > 3");
+    stage.user.key(choice, {keys::enter});
+    EXPECT_EQ(state(), "The condition: there is no variable \"v99\".");
+    type("txtWhere", "v7 = south");
+    stage.user.key(choice, {keys::enter});
+  });
+  const auto table = stage.ask(text, asFile, [&] {
+    EXPECT_THAT(stage.user.get<Label>(window, "lblNotes").caption(),
+                testing::HasSubstr("Of 600 cases 200 meet"));
+    stage.script.window(choice, [&] {
+      EXPECT_EQ(state(), "2 of 60 variables ticked; they take 2 columns, there is room for 50.");
+      stage.user.get<OptionButton>(choice, "optFirst").setValue(true);
+      stage.user.key(choice, {keys::enter});
+    });
+    stage.user.click(window, "cmdVariables");
+    stage.user.key(window, {keys::enter});
+  });
+  ASSERT_TRUE(table);
+  EXPECT_EQ(table->headings, (std::vector<std::string>{"v0", "v7: North"}));
+  EXPECT_EQ(table->cells.lastRow(), 499);
 }
 
 // Every doubt that can stand beside the others, in a window that the user makes small and large.

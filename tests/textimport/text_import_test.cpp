@@ -17,9 +17,9 @@ constexpr ImportTarget atFirstCell = atCell(1, 1);
 constexpr ImportTarget asFile{.observations = 500, .variables = 50};
 
 std::string doubts(const ImportPreview& preview) {
-  const char* names[] = {"sheet",    "separator", "first",  "heading", "place",
-                         "short",    "decimal",   "blanks", "percent", "currency",
-                         "brackets", "missing",   "words",  "dates",   "codes"};
+  const char* names[] = {"sheet",    "separator", "first",   "heading", "place",   "labels",
+                         "dummies",  "short",     "decimal", "blanks",  "percent", "currency",
+                         "brackets", "missing",   "words",   "dates",   "codes"};
   std::string all;
   for (const ImportQuestion& question : preview.questions) {
     all += std::string(all.empty() ? "" : " ") + names[static_cast<int>(question.doubt)];
@@ -53,7 +53,8 @@ std::string landed(const std::string& text, const ImportTarget& target,
 std::string asked(const std::string& text, const ImportTarget& target,
                   const ImportAnswers& answers = {}) {
   const auto preview = TextImport::read(text, target)->preview(answers);
-  return preview ? doubts(*preview) : preview.error().message();
+  if (!preview) return preview.error().message();
+  return preview->mustChoose.empty() ? doubts(*preview) : preview->mustChoose;
 }
 
 struct Sample {
@@ -87,8 +88,7 @@ TEST(TextImport, pastedBlocksLandAsTheyLook) {
       {"x\ny\n",
        "heading words",
        {{heading, 1}},
-       "An answer is missing: There is text where numbers "
-       "belong, first \"x\" (line 1, column 1, 2 in all)."},
+       "An answer is missing: Col 1 holds words (x, y). What is to become of it?"},
       // The decimal mark.
       {"1,5\t2\n1.234,5\t3\n", "decimal=1", {}, "|1.5 2|1234.5 3@1,1"},
       {"1,5\t2\n", "decimal=1", {{decimalMark, 0}, {words, 0}}, "| 2@1,1"},
@@ -144,7 +144,10 @@ TEST(TextImport, labelsAndNamesFollowTheCursor) {
 TEST(TextImport, filesAreCutAsTheirProgramsWroteThem) {
   using enum ImportDoubt;
   const Sample samples[] = {
-      {"Town,Price\n\"Ulm, Alb\",1.5\nRom,2\n", "", {}, "[Town][Price]|'Ulm, Alb 1.5|'Rom 2@1,0"},
+      {"Town,Price\n\"Ulm, Alb\",1.5\nRom,2\n",
+       "labels=0",
+       {},
+       "[Town][Price]|'Ulm, Alb 1.5|'Rom 2@1,0"},
       {"\xEF\xBB\xBF"
        "a;b\r\n1,5;2\r\n3,25;4\r\n",
        "decimal=1",
@@ -159,7 +162,7 @@ TEST(TextImport, filesAreCutAsTheirProgramsWroteThem) {
       {"a,b\n1,2\n3\n", "separator=0 short", {{shortRows, 0}}, "[a][b]|1 2|3 @1,1"},
       {"Stra\xDF"
        "e,x\nb,1\n",
-       "",
+       "labels=0",
        {},
        "[Stra\xC3\x9F"
        "e][x]|'b 1@1,0"},
@@ -256,8 +259,10 @@ TEST(TextImport, whatWouldSurpriseLaterIsTold) {
 
 TEST(TextImport, whatHasNoRoomIsRefusedWithTheNumbers) {
   EXPECT_EQ(asked(block(500, 50), asFile), "");
-  EXPECT_EQ(asked(block(501, 2), asFile), "The text has 501 rows of data; there is room for 500.");
-  EXPECT_EQ(asked(block(2, 51), asFile), "The text has 51 columns of data; there is room for 50.");
+  EXPECT_EQ(asked(block(501, 2), asFile),
+            "The text has 501 rows and 2 columns of data; there is room for 500 and 50.");
+  EXPECT_EQ(asked(block(2, 51), asFile),
+            "The text has 2 rows and 51 columns of data; there is room for 500 and 50.");
   const ImportTarget low = atCell(500, 50);
   EXPECT_EQ(asked("1\n", low), "");
   EXPECT_EQ(asked("1\n2\n", low), "The text has 2 rows of data; there is room for 1.");
@@ -265,13 +270,14 @@ TEST(TextImport, whatHasNoRoomIsRefusedWithTheNumbers) {
 }
 
 TEST(TextImport, thePreviewShowsWhatWillLandAndTellsWhatWasTakenForGranted) {
-  const auto import = TextImport::read("a;b\n1.234;x\n1,5;NA\n", asFile);
+  const auto import = TextImport::read("a;b\n1.234;9\n1,5;NA\n3;x\n", asFile);
   auto preview = import->preview({});
-  EXPECT_EQ(preview->shown[0], (std::vector<std::string>{"1234", "x"}));
+  EXPECT_EQ(preview->shown[2], (std::vector<std::string>{"3", "x"}));
   EXPECT_FALSE(preview->isAnswered());
   preview = import->preview({{ImportDoubt::words, 0}, {ImportDoubt::heading, 0}});
   EXPECT_TRUE(preview->isAnswered());
-  EXPECT_EQ(preview->shown, (std::vector<std::vector<std::string>>{{"1234", ""}, {"1.5", ""}}));
+  EXPECT_EQ(preview->shown,
+            (std::vector<std::vector<std::string>>{{"1234", "9"}, {"1.5", ""}, {"3", ""}}));
   EXPECT_EQ(preview->notes, std::vector<std::string>{"Fields are divided by semicolons."});
   EXPECT_EQ(preview->questions[0].text, "What is the decimal mark in \"1,5\" (line 3, column 1)?");
 }
@@ -322,7 +328,7 @@ TEST(CutTable, keepsExactNumbersAndAsksOnlyForWhatIsText) {
                                      {}, asFile);
   const auto preview = import.preview({});
   ASSERT_TRUE(preview) << preview.error().message();
-  EXPECT_EQ(doubts(*preview), "decimal=1 codes=0 dates missing=0");
+  EXPECT_EQ(doubts(*preview), "labels=0 dates decimal=1 codes=0 missing=0");
   EXPECT_NE(noted(*preview).find("Survey 2024"), std::string::npos);
   EXPECT_NE(noted(*preview).find("12.5 % as 0.125: \"0.125\" (F5, 3 in all)"), std::string::npos);
   const auto question = std::find_if(
@@ -350,10 +356,10 @@ TEST(CutTable, ofSeveralSheetsIsTheOneThatIsChosen) {
   std::string read;
   const auto import = TextImport::of(
       first,
-      [&](const std::string& name) -> Result<CutBook> {
-        read += name + ";";
-        if (name == "Data") return data;
-        return Error{name, "it is damaged"};
+      [&](const CutRequest& request) -> Result<CutBook> {
+        read += request.sheet + ";";
+        if (request.sheet == "Data") return data;
+        return Error{request.sheet, "it is damaged"};
       },
       asFile);
   EXPECT_EQ(doubts(*import.preview({})), "sheet");

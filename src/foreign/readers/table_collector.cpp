@@ -1,6 +1,7 @@
 #include "foreign/readers/table_collector.h"
 
 #include <algorithm>
+#include <functional>
 #include <utility>
 
 namespace tolmer {
@@ -35,8 +36,12 @@ void TableCollector::beginRow(int row, bool hidden) {
 bool TableCollector::rowIsKept() const {
   const int index = table_.rowsInAll - 1;
   const auto kept = static_cast<int>(table_.rowNumbers.size());
-  return kept < request_.rows && fields_.size() < mostCutFields && firstLostField_ == none &&
-         (index < request_.head || (index - request_.head) % std::max(request_.every, 1) == 0);
+  if (kept >= request_.rows || fields_.size() >= mostCutFields || firstLostField_ != none)
+    return false;
+  if (index < request_.head) return true;
+  if (!request_.only.empty())
+    return std::binary_search(request_.only.begin(), request_.only.end(), row_);
+  return (index - request_.head) % std::max(request_.every, 1) == 0;
 }
 
 void TableCollector::startRow() {
@@ -60,6 +65,7 @@ std::size_t TableCollector::columnAt(int column) {
   if (columnOf_[number] == none) {
     columnOf_[number] = table_.columns.size();
     table_.columns.emplace_back().number = column;
+    different_.emplace_back();
   }
   return columnOf_[number];
 }
@@ -75,10 +81,13 @@ std::size_t TableCollector::place(int column, CutKind kind) {
 }
 
 void TableCollector::putNumber(int column, CutKind kind, double number) {
+  if (kind != CutKind::missing) different_[columnAt(column)].seeNumber(number);
   if (const auto at = place(column, kind); at != none) fields_[at].number = number;
 }
 
 void TableCollector::putText(int column, CutKind kind, std::string_view text) {
+  if (kind == CutKind::text)
+    different_[columnAt(column)].seeText(std::hash<std::string_view>{}(text));
   if (const auto at = place(column, kind); at != none) fields_[at].text = interned(text, at);
 }
 
@@ -103,6 +112,7 @@ void TableCollector::putMissing(int column, std::string_view code) {
 }
 
 void TableCollector::putLaterText(int column, std::uint32_t number) {
+  different_[columnAt(column)].seeText(number);
   if (const auto at = place(column, CutKind::text); at != none) later_.push_back({number, at});
 }
 
@@ -156,6 +166,7 @@ CutTable TableCollector::take() {
   std::vector<CutColumn> columns;
   for (const std::size_t at : order) {
     placeOf[at] = columns.size();
+    table_.columns[at].different = different_[at].count();
     columns.push_back(std::move(table_.columns[at]));
   }
   std::size_t rows = rowStarts_.size();

@@ -2,6 +2,7 @@
 // are kept, the others counted.
 #pragma once
 
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -12,6 +13,25 @@
 #include "foreign/cut_table.h"
 
 namespace tolmer {
+
+// Counts what differs, as far as anybody asks.
+class DifferentValues {
+ public:
+  int count() const { return static_cast<int>(numbers_.size() + texts_.size()); }
+  void seeNumber(double number) { see(numbers_, number); }
+  // A text by its hash, or by its number in a list of texts.
+  void seeText(std::size_t text) { see(texts_, text); }
+
+ private:
+  template <class Value>
+  void see(std::vector<Value>& seen, Value value) {
+    if (count() < mostDifferent && std::find(seen.begin(), seen.end(), value) == seen.end())
+      seen.push_back(value);
+  }
+
+  std::vector<double> numbers_;
+  std::vector<std::size_t> texts_;
+};
 
 class TableCollector {
  public:
@@ -56,9 +76,10 @@ class TableCollector {
   void startRow();
 
   const CutRequest& request_;
-  CutTable table_;                     // its columns in the order in which they were seen
-  std::vector<std::size_t> columnOf_;  // of a column's number, in table_.columns
-  std::vector<CutField> fields_;       // of the kept rows, one after the other
+  CutTable table_;                          // its columns in the order in which they were seen
+  std::vector<DifferentValues> different_;  // of the columns, in that order
+  std::vector<std::size_t> columnOf_;       // of a column's number, in table_.columns
+  std::vector<CutField> fields_;            // of the kept rows, one after the other
   std::vector<std::uint32_t> fieldColumns_;
   std::vector<std::size_t> rowStarts_;
   std::vector<LaterText> later_;
