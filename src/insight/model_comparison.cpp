@@ -194,11 +194,13 @@ std::optional<ModelRecord> recordOf(const AnalysisState& state, const ModelData&
                      .byTerm = fit.byTerm};
 }
 
+std::string modelTitle(std::span<const std::string> names, bool intercept) {
+  const std::vector<std::string> predictors(names.begin() + (intercept ? 1 : 0), names.end() - 1);
+  return names.back() + " on " + listed(predictors) + (intercept ? "" : ", no intercept");
+}
+
 std::string titleOf(const ModelRecord& record) {
-  const std::vector<std::string> predictors(record.names.begin() + (record.intercept ? 1 : 0),
-                                            record.names.end() - 1);
-  return record.dependent() + " on " + listed(predictors) +
-         (record.intercept ? "" : ", no intercept");
+  return modelTitle(record.names, record.intercept);
 }
 
 std::optional<double> largestInflation(const ModelRecord& record) {

@@ -31,7 +31,9 @@ struct ModelRecord {
 // Nothing after a failed fit, nor where the second fit is not determined.
 std::optional<ModelRecord> recordOf(const AnalysisState& state, const ModelData& data,
                                     const SecondFit& fit);
-// "Y on X1, X2, X3 and 4 more, no intercept".
+// "Y on X1, X2, X3 and 4 more, no intercept". The names are those of the terms, then of the
+// dependent variable.
+std::string modelTitle(std::span<const std::string> names, bool intercept);
 std::string titleOf(const ModelRecord& record);
 // None with fewer than two predictors.
 std::optional<double> largestInflation(const ModelRecord& record);

@@ -38,6 +38,10 @@ const KindOfNote& entryOf(NoteKind kind) { return kinds[static_cast<std::size_t>
 std::string_view nameOf(NoteKind kind) { return entryOf(kind).name; }
 std::string_view helpEntryOf(NoteKind kind) { return entryOf(kind).helpEntry; }
 
+const SecondFit* validFit(const AnalysisState& state, const Examination& examination) {
+  return !state.Fit.bSingular && examination.fit.determined() ? &examination.fit : nullptr;
+}
+
 std::vector<Note> notesOf(const AnalysisState& state, const Examination& examination) {
   std::vector<Note> notes;
   if (!hasFit(state)) return notes;

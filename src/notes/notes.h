@@ -36,6 +36,9 @@ struct Examination {
 Examination examine(const AnalysisState& state, std::span<const ShownTable> tables = {},
                     Extent extent = Extent::noticeable);
 
+// What can be looked into; null after a failed fit, and where the second fit is not determined.
+const SecondFit* validFit(const AnalysisState& state, const Examination& examination);
+
 // In order of weight; none before the first fit.
 std::vector<Note> notesOf(const AnalysisState& state, const Examination& examination);
 

@@ -95,8 +95,7 @@ void addParts(ReportDocument& document, const ReportRequest& request) {
 // Influence and predictions, or that there are none.
 void addFurther(ReportDocument& document, const ReportRequest& request, Examination& examination) {
   document.hasNewCases = request.newCases.has_value();
-  if (!document.state->Fit.bSingular && examination.fit.determined())
-    document.fit = std::move(examination.fit);
+  if (validFit(*document.state, examination)) document.fit = std::move(examination.fit);
   if (document.fit && request.newCases)
     if (auto predicted = predictCases(examination.data, *document.fit, *request.newCases))
       document.predictions = *std::move(predicted);

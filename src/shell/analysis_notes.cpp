@@ -4,7 +4,6 @@
 
 #include "displays/display_list.h"
 #include "notes/note_makers.h"
-#include "notes/notes.h"
 
 namespace tolmer {
 namespace {
@@ -33,7 +32,8 @@ void AnalysisNotes::renew() {
 void AnalysisNotes::make() {
   tmrMake_.setEnabled(false);
   if (isKnown_ || !hasFit(state_)) return;
-  notes_ = notesOf(state_, examine(state_));
+  examination_ = examine(state_);
+  notes_ = notesOf(state_, examination_);
   isKnown_ = true;
   if (changed) changed();
 }

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "notes/note.h"
+#include "notes/notes.h"
 #include "platform/grid/grid.h"
 #include "platform/timer.h"
 #include "state/analysis_state.h"
@@ -25,6 +25,8 @@ class AnalysisNotes {
   const std::vector<Note>& notes();
   // None before they are made.
   const std::vector<Note>& known() const { return notes_; }
+  // The second fit that they were made of; null before, and again with the next renew().
+  const Examination* examination() const { return isKnown_ ? &examination_ : nullptr; }
 
   // Of the cells of a display, by its form's name; none before the notes are made.
   std::vector<CellRemark> remarksOn(std::string_view form) const;
@@ -42,6 +44,7 @@ class AnalysisNotes {
 
   const AnalysisState& state_;
   Timer tmrMake_;
+  Examination examination_;
   std::vector<Note> notes_;
   bool isKnown_ = false;
 };

@@ -22,6 +22,7 @@ mdiReg::mdiReg(Desktop& desktop)
       mnuShowCorrelation(&mnuOptions, "mnuShowCorrelation", "Display &Correlation on Scatterplots"),
       mnuExplore(&menu, "mnuExplore", "E&xplore"),
       mnuExploreNotes(&mnuExplore, "mnuExploreNotes", "&Notes..."),
+      mnuExplorePredict(&mnuExplore, "mnuExplorePredict", "&Predict..."),
       mnuHelp(&menu, "mnuHelp", "&Help"),
       mnuHelpContents(&mnuHelp, "mnuHelpContents", "&Contents"),
       mnuHelpHint(&mnuHelp, "mnuHelpHint", "Show &Hint..."),

@@ -39,6 +39,7 @@ class mdiReg : public FrameWindow {
 
   MenuItem mnuExplore;
   MenuItem mnuExploreNotes;
+  MenuItem mnuExplorePredict;
 
   MenuItem mnuHelp;
   MenuItem mnuHelpContents;

@@ -7,7 +7,7 @@
 namespace tolmer {
 
 MenuCommands::MenuCommands(ShellParts& parts, MainFlow& flow)
-    : parts_(parts), flow_(flow), reports_(parts.desktop, parts.state) {
+    : parts_(parts), flow_(flow), reports_(parts.desktop, parts.state), explore_(parts, flow) {
   wireFileAndEdit();
   wireDisplays();
   wireOptions();
@@ -68,6 +68,7 @@ void MenuCommands::wireNotes() {
 void MenuCommands::showNotes() {
   parts_.frame.showStatus(statusLine(parts_.state), parts_.notes.countText());
   parts_.displays.showRemarks();
+  explore_.followFit();
   if (parts_.notesWindow.visible()) parts_.notesWindow.setNotes(parts_.notes.known());
 }
 

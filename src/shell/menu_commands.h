@@ -1,6 +1,7 @@
 // What the entries of the main menu and of the right-click menu do.
 #pragma once
 
+#include "shell/explore_commands.h"
 #include "shell/main_flow.h"
 #include "shell/report_commands.h"
 #include "shell/shell_parts.h"
@@ -31,6 +32,7 @@ class MenuCommands {
   ShellParts& parts_;
   MainFlow& flow_;
   ReportCommands reports_;
+  ExploreCommands explore_;
 };
 
 }  // namespace tolmer

@@ -11,6 +11,7 @@
 #include "shell/analysis_notes.h"
 #include "shell/notes_window.h"
 #include "shell/own_data.h"
+#include "shell/predict_window.h"
 #include "shell/quadrant_manager.h"
 
 namespace tolmer {
@@ -56,6 +57,7 @@ struct ShellParts {
   Analysis analysis{state, desktop, displays, panel};
   QuadrantManager manager{state, desktop, displays, frame, menus, panel};
   frmNotes notesWindow{desktop};
+  frmPredict predictWindow{desktop, state};
   frmAbout about{desktop};
   VisitPlaces* aside = nullptr;  // where the data editor writes work aside; null: nowhere
   OwnData ownData{desktop, tProgramFolder, aside};

@@ -57,6 +57,12 @@ bool isAnalysed(const AnalysisState& state) {
          state.Fit.sResid.size() == static_cast<std::size_t>(cases) + 1;
 }
 
+double writtenValue(const AnalysisState& state, int iCase, int column) {
+  const Matrix<double>& written = state.uOrigin.written;
+  const bool isKept = iCase <= written.lastRow() && column <= written.lastColumn();
+  return isKept ? written(iCase, column) : state.sData(iCase, column);
+}
+
 int listedVariables(const AnalysisState& state) {
   return isAnalysed(state) ? state.iNumPredictors + 1 : 0;
 }

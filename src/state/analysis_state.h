@@ -147,6 +147,9 @@ void RedimAnalysisArrays(AnalysisState& state);
 // For a fit of iTerms terms: iTermCol and the coefficient arrays of Fit, emptied.
 void RedimFitArrays(AnalysisState& state, int iTerms);
 
+// As it was written where that was kept, else as it is held.
+double writtenValue(const AnalysisState& state, int iCase, int column);
+
 // The variables of the model by their places in iModelCol: 1 the dependent one, then the
 // predictors.
 
