@@ -24,7 +24,7 @@ inline constexpr Font coverHeadingFont{FontFamily::serif, 24, true};  // as the 
 inline constexpr Font pageHeaderFont{FontFamily::serif, 15, false};
 
 // Where the elements of a page stand.
-inline constexpr Size pageContainer{pixels(620), pixels(440)};
+inline constexpr Size pageContainer{pixels(620), pixels(520)};
 // The heading of the first page, and the two captions that head all others.
 inline constexpr Twips headerLeft = 300;
 inline constexpr Twips headerWidth = pageContainer.width - 2 * headerLeft;

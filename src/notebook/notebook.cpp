@@ -185,6 +185,7 @@ void NoteBook::StartOnPage(int iSection, int iPage) {
 void NoteBook::ShowNotebook(std::optional<int> vSection, std::optional<int> vPage) {
   if (vSection) window().goTo(*vSection, vPage.value_or(1));
   rememberStart();
+  window().fitToScreen();
   window().tbNoteBook.setFocus();  // and on no link: Return means OK
   window().showModal();
 }

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <cmath>
 #include <string_view>
 
 #include "base/paths.h"
@@ -27,6 +28,20 @@ constexpr Size book{bookWidth,
                     TabBook::tabHeight + pixels(10) + container.height + turnerHeight + pixels(16)};
 constexpr Size windowSize{book.width + 2 * margin, book.height + buttonSize.height + 3 * margin};
 
+// Letters of 12 pixels are whole ones at each step.
+constexpr float magnificationSteps = 12;
+constexpr float mostMagnification = 2;
+constexpr float shareOfScreen = 0.9F;
+constexpr Twips titleBar = pixels(40);
+constexpr Twips leastPage = pixels(120);  // of the page's height that is seen
+
+float magnificationOn(Size screen) {
+  const float room = shareOfScreen * std::min(screen.width / windowSize.width,
+                                              screen.height / windowSize.height);
+  return std::clamp(std::floor(room * magnificationSteps) / magnificationSteps, 1.0F,
+                    mostMagnification);
+}
+
 // "group" in any case, with blanks around it or not.
 bool isGroupMark(std::string_view fileName) {
   fileName = trimmed(fileName, " ");
@@ -47,19 +62,40 @@ frmNotebook::frmNotebook(Desktop& desktop, NoteBook& noteBook)
     ZMLogo.load();
   }
   dressControls();
-  placeControls();
+  lblIntroChapterHeading.setPlace({headerLeft, 0, headerWidth, 500});
+  picPageContainer.setPlace({0, 0, container.width, container.height});
+  vsbPage.setAccessibleName("Scroll the page");
+  fitToScreen();
   connectEvents();
+}
+
+void frmNotebook::fitToScreen() {
+  const Size screen = desktop().screenSize();
+  setMagnification(magnificationOn(screen));
+  const Twips beside =
+      std::clamp(screen.width - container.width, pageMargin, windowSize.width - container.width);
+  const Twips tooHigh = std::max(windowSize.height + titleBar - screen.height, 0.0F);
+  placeControls(std::min(pageMargin, beside / 2), beside,
+                std::max(container.height - tooHigh, leastPage));
   centreOnScreen();
 }
 
-void frmNotebook::placeControls() {
-  setPlace({0, 0, windowSize.width, windowSize.height});
-  tbNoteBook.setPlace({margin, margin, book.width, book.height});
-  picPageContainer.setPlace(
-      {pageMargin, TabBook::tabHeight + pixels(10), container.width, container.height});
-  lblIntroChapterHeading.setPlace({headerLeft, 0, headerWidth, 500});
-  placeFoot(picPageContainer.bottom() + pixels(4));
+// `side` is what the book has beside the page, `beside` the window on both sides together.
+void frmNotebook::placeControls(Twips side, Twips beside, Twips pageHeight) {
+  const Twips around = beside / 2 - side;
+  const Twips less = container.height - pageHeight;
+  setPlace({left(), top(), container.width + beside, windowSize.height - less});
+  tbNoteBook.setPlace({around, margin, container.width + 2 * side, book.height - less});
+  // On a narrow book the bar beside the page needs more of the margins than the other side.
+  const Twips bar = desktop().scrollBarThickness() + pixels(3);
+  picPageView.setPlace({std::min(side, 2 * side - bar), TabBook::tabHeight + pixels(10), container.width, pageHeight});
+  page_.fit(desktop().scrollBarThickness());
+  placeFoot(picPageView.bottom() + pixels(4));
   placeButtons();
+}
+
+void frmNotebook::focusMoved() {
+  if (focus()) page_.bringIntoView(*focus());
 }
 
 // Page turners, name and logo in one row; the turners' words end where the page's texts do.
@@ -67,19 +103,19 @@ void frmNotebook::placeFoot(Twips top) {
   const auto wide = [](const Label& label) { return widthOf(label.font(), label.caption()); };
   const Twips previousWidth = wide(lblPreviousPage) + 2 * turnerSides;
   const Twips nextWidth = wide(lblNextPage) + 2 * turnerSides;
-  const Twips left = pageMargin + headerLeft;
+  const Twips left = picPageView.left() + headerLeft;
   const Twips right = left + headerWidth;
   lblPreviousPage.setPlace({left - turnerSides, top, previousWidth, turnerHeight});
   lblNextPage.setPlace({right + turnerSides - nextWidth, top, nextWidth, turnerHeight});
   const Twips nameWidth = wide(lblProductName);
-  lblProductName.setPlace({(book.width - nameWidth) / 2, top, nameWidth, turnerHeight});
+  lblProductName.setPlace({(tbNoteBook.width() - nameWidth) / 2, top, nameWidth, turnerHeight});
   ZMLogo(0).setPlace({left, top, logoSide, logoSide});
   // the second place of the logo is beside the product's name, in the middle
   ZMLogo(1).setPlace({lblProductName.left() - pixels(8) - logoSide, top, logoSide, logoSide});
 }
 
 void frmNotebook::placeButtons() {
-  Twips right = innerWidth() - margin;
+  Twips right = std::min(innerWidth() - margin, tbNoteBook.right());
   const Twips buttonTop = innerHeight() - margin - buttonSize.height;
   for (Button* button : {&cmdHelp, &cmdCancel, &cmdOK}) {
     button->setPlace({right - buttonSize.width, buttonTop, buttonSize.width, buttonSize.height});
@@ -89,6 +125,7 @@ void frmNotebook::placeButtons() {
 
 void frmNotebook::dressControls() {
   tbNoteBook.setBackColour(paper);
+  picPageView.setBackColour(paper);
   picPageContainer.setBackColour(paper);
   const auto dress = [](Label& label, const Font& font, Colour colour, Align align) {
     label.setFont(font);
@@ -136,6 +173,7 @@ void frmNotebook::connectEvents() {
   cmdHelp.Click = [this] { cmdHelp_Click(); };
   tmrFlashOK.Tick = [this] { tmrFlashOK_Timer(); };
   Activate = [this] { Form_Activate(); };
+  ScreenChanged = [this] { fitToScreen(); };
   declareKeys();
   // the close box leaves the book as the button does
   QueryUnload = [this](bool& cancel) {
@@ -227,6 +265,13 @@ void frmNotebook::declareKeys() {
   };
   turns(keys::pageDown, lblNextPage, 1);
   turns(keys::pageUp, lblPreviousPage, -1);
+  const auto moves = [this](int code, float ofView) {
+    takeKey(
+        {code, Held::no, Held::no, Held::no}, [this, ofView] { page_.moveBy(ofView); },
+        [this] { return page_.scrolls() && !(focus() && focus()->kind() == ControlKind::outline); });
+  };
+  moves(keys::pageDown, 0.9F);
+  moves(keys::pageUp, -0.9F);
 }
 
 void frmNotebook::cmdOK_Click() {
@@ -324,6 +369,7 @@ void frmNotebook::SetupPage(int iSection, int iPage) {
   const PageRecord& page = nbNoteBook.page(iSection, iPage);
   const bool onCoverPage = iSection == 1 && iPage == 1;
   elements.beginPage();
+  picPageContainer.setHeight(container.height);
   showHeader(onCoverPage);
   showTurners(iPage, nbNoteBook.book().uSection[iSection].iNumPages);
   const bool showsPicture = showElements(page, iSection, iPage);
@@ -332,6 +378,10 @@ void frmNotebook::SetupPage(int iSection, int iPage) {
   else
     cmdOK.setEnabled(onCoverPage || page.iPageType != PageType::picture || showsPicture);
   picPageContainer.orderStopsByPlace();
+  // A book of somebody's own may have a longer page.
+  picPageContainer.setHeight(std::max(container.height, elements.nextControlTop()));
+  page_.toTop();
+  page_.fit(desktop().scrollBarThickness());
   recordPage(iSection, iPage);
 }
 

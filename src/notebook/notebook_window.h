@@ -11,6 +11,7 @@
 #include "platform/control_array.h"
 #include "platform/labels.h"
 #include "platform/panels.h"
+#include "platform/scrolled_panel.h"
 #include "platform/tab_book.h"
 #include "platform/timer.h"
 #include "platform/window.h"
@@ -37,17 +38,23 @@ class frmNotebook : public Window {
   // Opens the ancestors of an item and selects it, without any event.
   void selectOutlineItem(int iControlIndex, int iItem);
 
+  // Its size on the screen as it is now: larger as a whole where there is room, and where there is
+  // too little the page scrolls between tabs and buttons.
+  void fitToScreen();
+
   void cmdOK_Click();
   void cmdCancel_Click();
   void cmdHelp_Click();
 
   NoteBook& nbNoteBook;
   TabBook tbNoteBook{this, "tbNoteBook"};
-  Panel picPageContainer{&tbNoteBook, "picPageContainer"};
+  Panel picPageView{&tbNoteBook, "picPageView"};
+  Panel picPageContainer{&picPageView, "picPageContainer"};
   Label lblIntroChapterHeading{&picPageContainer, "lblIntroChapterHeading"};
   ControlArray<Label> lblPageHeader{picPageContainer, "lblPageHeader", 0};
   PageElements elements{picPageContainer};
   ScenarioList scenarios;
+  ScrollBar vsbPage{&tbNoteBook, "vsbPage"};
   Label lblPreviousPage{&tbNoteBook, "lblPreviousPage", "Previous page ->"};
   Label lblProductName{&tbNoteBook, "lblProductName", "Zelmar"};
   ControlArray<Image> ZMLogo{tbNoteBook, "ZMLogo", 0};
@@ -59,8 +66,9 @@ class frmNotebook : public Window {
   int miOutlineControlsLoaded = 0;
 
  private:
-  void placeControls();
+  void placeControls(Twips side, Twips beside, Twips pageHeight);
   void placeFoot(Twips top);
+  void focusMoved() override;
   void placeButtons();
   void dressControls();
   void connectEvents();
@@ -104,6 +112,7 @@ class frmNotebook : public Window {
   };
   std::vector<BuiltOutline> outlines_ = std::vector<BuiltOutline>(1);  // by number of the control
   bool mbProcessControlEvents_ = true;
+  ScrolledPanel page_{picPageView, picPageContainer, vsbPage};
 };
 
 }  // namespace tolmer

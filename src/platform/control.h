@@ -36,13 +36,6 @@ enum class ControlKind {
   graph
 };
 
-// A key that a control or window takes before anything else is done with it.
-struct TakenKey {
-  KeyChord key;
-  std::function<void()> work;
-  std::function<bool()> when;  // empty: always
-};
-
 // A control belongs to the container given at its construction and stands in it in the order of
 // construction, which is also the order of the Tab key. Places are relative to that container.
 class Control : public Observed {
@@ -54,6 +47,7 @@ class Control : public Observed {
   const std::string& name() const { return name_; }  // as in the code: "cmdOK", "lblText(3)"
   Container* parent() const { return parent_; }
   Window* window();  // the window it stands in, itself for a window; null outside any
+  const Window* window() const { return const_cast<Control*>(this)->window(); }
 
   const Rect& place() const { return place_; }
   Twips left() const { return place_.left; }

@@ -4,10 +4,12 @@
 
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "base/message_box.h"
 #include "platform/file_question.h"
 #include "platform/geometry.h"
+#include "platform/input.h"
 #include "platform/timer.h"
 
 namespace tolmer {
@@ -39,6 +41,8 @@ struct ProgramEnded {
 
 class Desktop : public MessagePort {
  public:
+  Desktop();
+
   // Builds the window's mirror where there is none and brings it to the screen.
   virtual void present(Window& window) = 0;
   // Handles events until the window is hidden.
@@ -83,12 +87,28 @@ class Desktop : public MessagePort {
 
   TimerQueue& timers() { return timers_; }
 
+  // In per cent of the usual size; the models' lengths stay what they are, and the screen has room
+  // for more of them or for fewer.
+  static constexpr int usualZoom = 100, leastZoom = 75, mostZoom = 250, zoomStep = 25;
+  int zoom() const { return zoom_; }
+  // What is out of bounds is brought to them.
+  void setZoom(int percent);
+  void zoomIn() { setZoom((zoom_ / zoomStep + 1) * zoomStep); }
+  void zoomOut() { setZoom((zoom_ - 1) / zoomStep * zoomStep); }
+  void zoomToUsual() { setZoom(usualZoom); }
+  // Those that mean the same in every window: Ctrl with Plus, Minus and 0.
+  const std::vector<TakenKey>& takenKeys() const { return takenKeys_; }
+
  protected:
+  // A front end shows everything anew.
+  virtual void zoomChanged() {}
   // Says so in a box.
   Saving failed(const FileToSave& file, const Error& reason);
 
  private:
   TimerQueue timers_;
+  std::vector<TakenKey> takenKeys_;
+  int zoom_ = usualZoom;
 };
 
 }  // namespace tolmer

@@ -1,6 +1,8 @@
 // What the user does with mouse and keyboard, as the models see it.
 #pragma once
 
+#include <functional>
+
 namespace tolmer {
 
 enum class MouseButton { left, right };
@@ -23,6 +25,8 @@ inline constexpr int right = 39;
 inline constexpr int down = 40;
 inline constexpr int deleteKey = 46;
 inline constexpr int menu = 93;  // opens the right-click menu
+inline constexpr int plus = 187;   // also where it needs Shift
+inline constexpr int minus = 189;
 inline constexpr int f1 = 112;
 inline constexpr int f2 = 113;
 inline constexpr int f6 = 117;
@@ -54,6 +58,13 @@ struct KeyChord {
     return code == key.code && agree(shift, key.shift) && agree(control, key.control) &&
            agree(alt, key.alt);
   }
+};
+
+// A key that a control, a window or the desktop takes before anything else is done with it.
+struct TakenKey {
+  KeyChord key;
+  std::function<void()> work;
+  std::function<bool()> when;  // empty: always
 };
 
 }  // namespace tolmer

@@ -33,6 +33,7 @@ class Panel : public Captioned<Container> {
   bool stopsByPlace() const { return stopsByPlace_; }
 
   Event<> Click;
+  Event<float> Wheel;  // turned over it or what stands on it, by so many lines down
 
  private:
   int raised_ = 0;

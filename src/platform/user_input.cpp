@@ -1,9 +1,11 @@
 #include "platform/user_input.h"
 
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "platform/buttons.h"
+#include "platform/desktop.h"
 #include "platform/labels.h"
 #include "platform/panels.h"
 #include "platform/window.h"
@@ -11,8 +13,8 @@
 namespace tolmer {
 namespace {
 
-const TakenKey* fitting(const Control& control, const KeyPress& key) {
-  for (const TakenKey& taken : control.takenKeys())
+const TakenKey* fitting(const std::vector<TakenKey>& keys, const KeyPress& key) {
+  for (const TakenKey& taken : keys)
     if (taken.key.fits(key) && (!taken.when || taken.when())) return &taken;
   return nullptr;
 }
@@ -54,14 +56,31 @@ const TakenKey* takenKey(Control& focus, const KeyPress& key) {
   for (const Control* from :
        {static_cast<const Control*>(&focus), static_cast<const Control*>(window),
         static_cast<const Control*>(frame)})
-    if (const TakenKey* found = from ? fitting(*from, key) : nullptr) return found;
-  return nullptr;
+    if (const TakenKey* found = from ? fitting(from->takenKeys(), key) : nullptr) return found;
+  return window ? takenKey(window->desktop(), key) : nullptr;
+}
+
+const TakenKey* takenKey(const Desktop& desktop, const KeyPress& key) {
+  return fitting(desktop.takenKeys(), key);
 }
 
 void releaseRight(Control& control) {
   if (const Window* window = control.window(); window && !window->takesInput()) return;
   for (Control* target = &control; target; target = target->parent())
     if (target->MouseUp) return raise(target->MouseUp, MouseButton::right);
+}
+
+bool turnWheel(Control& control, float lines) {
+  constexpr std::array own{ControlKind::outline,   ControlKind::grid,    ControlKind::textBox,
+                           ControlKind::numberBox, ControlKind::comboBox, ControlKind::scrollBar};
+  if (std::ranges::find(own, control.kind()) != own.end()) return false;
+  for (Control* target = &control; target; target = target->parent()) {
+    auto* panel = dynamic_cast<Panel*>(target);
+    if (!panel || !panel->Wheel) continue;
+    raise(panel->Wheel, lines);
+    return true;
+  }
+  return false;
 }
 
 void MouseRoute::press(Control& control, MouseButton button) {

@@ -7,14 +7,23 @@
 
 namespace tolmer {
 
+class Desktop;
+
 // The taken key that this one means at the control with the focus: of the control's own, else of
-// its window's, else of the frame's around that. Null where it is left to the control. Its work is
+// its window's, else of the frame's around that, else of the desktop's. Null where it is left to the control. Its work is
 // to be raised.
 const TakenKey* takenKey(Control& focus, const KeyPress& key);
+
+// The same where no control has the focus.
+const TakenKey* takenKey(const Desktop& desktop, const KeyPress& key);
 
 // A release of the right button: MouseUp of the nearest control, outwards, that listens, though
 // it be disabled.
 void releaseRight(Control& control);
+
+// The wheel turned over a control, by so many lines down: for the nearest panel, outwards, that
+// listens. False where the control scrolls by itself, or none does.
+bool turnWheel(Control& control, float lines);
 
 // The mouse over controls. Raises MouseDown, MouseUp and MouseMove, and Click of those kinds that
 // have no press of their own (label that is no link, panel, image, the ground of a window), where

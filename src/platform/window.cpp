@@ -71,7 +71,8 @@ void Window::hide() { setVisible(false); }
 
 void Window::centreOnScreen() {
   const Size screen = desktop_.screenSize();
-  setPlace({(screen.width - width()) / 2, (screen.height - height()) / 2, width(), height()});
+  setPlace({(screen.width - width() * magnification_) / 2,
+            (screen.height - height() * magnification_) / 2, width(), height()});
 }
 
 bool Window::requestClose() {
@@ -102,6 +103,7 @@ void Window::setFocusTo(Control* control, bool moves) {
   focusMoves_ = moves;
   notify(Change::focus);
   focusMoves_ = false;
+  focusMoved();
   if (before) {
     before->focusLeft();
     raise(before->LostFocus);
@@ -141,7 +143,12 @@ void Window::lockUpdates(int step) {
   notify(Change::updates);
 }
 
+void Window::setLeastInner(Size least) {
+  if (assign(leastInner_, least, Change::place)) setInner(inner_);
+}
+
 void Window::setInner(Size inner) {
+  inner = {std::max(inner.width, leastInner_.width), std::max(inner.height, leastInner_.height)};
   if (inner_ == inner) return;
   inner_ = inner;
   innerChanged();

@@ -35,6 +35,14 @@ class Window : public Captioned<Container> {
 
   Twips innerWidth() const { return inner_.width; }
   Twips innerHeight() const { return inner_.height; }
+  // Its layout needs so much: with less room the inside keeps this size, and the front end scrolls.
+  Size leastInner() const { return leastInner_; }
+  void setLeastInner(Size least);
+  // It is shown so many times as large as other windows, its lengths being what they are.
+  float magnification() const { return magnification_; }
+  void setMagnification(float times) {
+    assign(magnification_, times, Change::place | Change::look);
+  }
   WindowState state() const { return state_; }
   // Resize follows when the inner size changes by it.
   void setState(WindowState state);
@@ -85,9 +93,11 @@ class Window : public Captioned<Container> {
   void reportState(WindowState state);
   void reportActivated() { activate(); }
   void reportPosition(Twips left, Twips top);
+  void reportScreen() { raise(ScreenChanged); }
 
   Event<> Activate;
   Event<> Resize;            // the inner size has changed
+  Event<> ScreenChanged;     // the screen has another size, or everything on it
   Event<bool&> QueryUnload;  // its argument set True cancels the close
   Event<> Unload;
   Event<> Click;  // on the ground
@@ -96,6 +106,8 @@ class Window : public Captioned<Container> {
   void placeChanged() override;
 
   virtual void innerChanged() {}
+  // The focus is on another control, or on none.
+  virtual void focusMoved() {}
 
  private:
   friend class Control;
@@ -112,6 +124,8 @@ class Window : public Captioned<Container> {
   Control* focus_ = nullptr;
   FrameWindow* frame_ = nullptr;
   Size inner_;
+  Size leastInner_;
+  float magnification_ = 1;
   int updateLocks_ = 0;
   WindowState state_ = WindowState::normal;
   bool modal_ = false;

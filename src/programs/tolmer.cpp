@@ -3,6 +3,7 @@
 #include <QEvent>
 #include <QTimer>
 #include <QWidget>
+#include <charconv>
 #include <cstdio>
 #include <filesystem>
 #include <memory>
@@ -19,10 +20,12 @@
 namespace {
 
 constexpr const char* usage =
-    "Usage: tolmer [--program-folder FOLDER] [--leave-after-first-page] [FILE]\n\n"
+    "Usage: tolmer [--zoom PERCENT] [--program-folder FOLDER] [--leave-after-first-page] [FILE]\n\n"
     "Multiple regression on the desktop.\n"
     "  FILE                       opens in the data editor: a data set, text as CSV, or a\n"
     "                             workbook or statistics file of another program\n"
+    "  --zoom PERCENT             everything that much larger or smaller: 75 to 250; in the\n"
+    "                             program Ctrl with Plus, Minus and 0\n"
     "  --program-folder FOLDER    take notebook, pictures and help from there\n"
     "  --leave-after-first-page   end after the first painted page of the notebook, without the\n"
     "                             second of the opening message (for measuring the start)\n"
@@ -32,9 +35,18 @@ constexpr const char* usage =
 struct Options {
   std::string programFolder = tolmer::programFolder();
   std::string file;  // empty: none
+  int zoom = tolmer::Desktop::usualZoom;
   bool leaveAfterFirstPage = false;
   bool areUnderstood = true;
 };
+
+// False where it is no percentage within the bounds.
+bool takeZoom(std::string_view word, int& zoom) {
+  if (word.ends_with('%')) word.remove_suffix(1);
+  const auto [end, error] = std::from_chars(word.data(), word.data() + word.size(), zoom);
+  return error == std::errc() && end == word.data() + word.size() &&
+         zoom >= tolmer::Desktop::leastZoom && zoom <= tolmer::Desktop::mostZoom;
+}
 
 Options optionsOf(int argc, char** argv) {
   Options options;
@@ -42,6 +54,8 @@ Options optionsOf(int argc, char** argv) {
     const std::string_view word = argv[i];
     if (word == "--program-folder" && i + 1 < argc)
       options.programFolder = argv[++i];
+    else if (word == "--zoom" && i + 1 < argc)
+      options.areUnderstood = takeZoom(argv[++i], options.zoom);
     else if (word == "--leave-after-first-page")
       options.leaveAfterFirstPage = true;
     else if (options.file.empty() && !word.empty() && !word.starts_with('-'))
@@ -105,6 +119,7 @@ int main(int argc, char** argv) {
   }
   tolmer::QtProgram program(argc, argv);
   auto& desktop = dynamic_cast<tolmer::QtDesktop&>(program.desktop());
+  desktop.setZoom(options.zoom);
   desktop.setHelpFolder(options.programFolder + "/help");
   tolmer::VisitFolder aside(tolmer::autosaveFolder());
   tolmer::Module module(desktop, options.programFolder);

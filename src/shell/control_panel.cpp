@@ -9,6 +9,19 @@
 #include "platform/desktop.h"
 
 namespace tolmer {
+namespace {
+
+constexpr Size listSize{pixels(210), pixels(26)};
+constexpr Twips labelHeight = pixels(18);
+constexpr Twips captionWidth = pixels(100);  // beside its list
+constexpr Twips captionHeight = pixels(16);  // of a frame
+constexpr Twips leastGap = pixels(4);
+
+// What a quadrant of 320 x 220 pixels has inside.
+constexpr Size leastInside{pixels(320) - 2 * FrameWindow::childSide,
+                           pixels(220) - FrameWindow::childTop - FrameWindow::childSide};
+
+}  // namespace
 
 frmControlPanel::frmControlPanel(Desktop& desktop, AnalysisState& state)
     : Window(desktop, "frmControlPanel", WindowStyle::child, "Control Panel"),
@@ -20,13 +33,17 @@ frmControlPanel::frmControlPanel(Desktop& desktop, AnalysisState& state)
 }
 
 void frmControlPanel::designSizes() {
+  setLeastInner(leastInside);
+  sizeLists();
+  for (Button* button : buttons_) button->setPlace({0, 0, pixels(126), pixels(30)});
+}
+
+void frmControlPanel::sizeLists() {
   for (Label* label : {&lblYAxisVar, &lblXAxisVar})
-    label->setPlace({0, 0, pixels(210), pixels(18)});
+    label->setPlace({0, 0, listSize.width, labelHeight});
   for (ComboBox* list : {&cboYAxisVar, &cboXAxisVar})
-    list->setPlace({0, 0, pixels(210), pixels(26)});
+    list->setPlace({0, 0, listSize.width, listSize.height});
   txtFittedModel.setTop(pixels(22));
-  for (Button* button : {&cmdUpdateGraphs, &cmdChangeModel, &cmdShowNotebook, &cmdChangeDataSource})
-    button->setPlace({0, 0, pixels(126), pixels(30)});
 }
 
 void frmControlPanel::designTexts() {
@@ -57,6 +74,8 @@ void frmControlPanel::wireEvents() {
 }
 
 void frmControlPanel::PositionControls() {
+  if (!hasRoomAsDesigned()) return placeTightly();
+  sizeLists();
   placeFrames();
   placeScatterControls();
   spreadButtons();
@@ -93,17 +112,68 @@ void frmControlPanel::placeScatterControls() {
 }
 
 void frmControlPanel::spreadButtons() {
-  const std::array buttons = {&cmdUpdateGraphs, &cmdChangeModel, &cmdShowNotebook,
-                              &cmdChangeDataSource};
+  spreadRow(buttons_, fraCurrentModel.bottom() + fraScatterControls.top());
+}
+
+// At equal distances.
+void frmControlPanel::spreadRow(std::span<Button* const> buttons, Twips top) {
   Twips widths = 0;
   for (const Button* button : buttons) widths += button->width();
-  const Twips between = (innerWidth() - widths) / 5;
-  const Twips gap = fraScatterControls.top();
+  const Twips between = (innerWidth() - widths) / static_cast<float>(buttons.size() + 1);
   Twips left = between;
   for (Button* button : buttons) {
     button->setLeft(left);
-    button->setTop(fraCurrentModel.bottom() + gap);
+    button->setTop(top);
     left = button->right() + between;
+  }
+}
+
+// Four buttons side by side, two lists side by side, and these with their labels below the frame's
+// caption.
+bool frmControlPanel::hasRoomAsDesigned() const {
+  const Twips buttons = 4 * cmdUpdateGraphs.width() + 5 * leastGap;
+  const Twips lists = 2 * listSize.width + 3 * leastGap;
+  const Twips frameHeight = innerHeight() / 3 - 25;
+  return innerWidth() >= buttons && innerWidth() - 50 >= lists &&
+         frameHeight >= labelHeight + listSize.height + 20 + 2 * captionHeight;
+}
+
+// From below: the buttons, in two rows unless there is room for one; from above: the lists, below
+// one another unless there is room beside; the model takes what is left.
+void frmControlPanel::placeTightly() {
+  const bool oneRow = innerWidth() >= 4 * cmdUpdateGraphs.width() + 5 * leastGap;
+  const Twips lastRow = innerHeight() - leastGap - cmdUpdateGraphs.height();
+  const Twips firstRow = oneRow ? lastRow : lastRow - leastGap - cmdUpdateGraphs.height();
+  const std::span<Button* const> buttons(buttons_);
+  spreadRow(oneRow ? buttons : buttons.first(2), firstRow);
+  if (!oneRow) spreadRow(buttons.last(2), lastRow);
+
+  const Twips width = innerWidth() - 50;
+  const bool beside = width >= 2 * listSize.width + 3 * leastGap;
+  const Twips listsHeight = beside ? labelHeight + listSize.height : 2 * listSize.height + leastGap;
+  fraScatterControls.setPlace({25, 0, width, captionHeight + listsHeight + leastGap});
+  placeListsTightly(beside);
+  fraCurrentModel.setPlace(
+      {25, fraScatterControls.bottom(), width, firstRow - leastGap - fraScatterControls.bottom()});
+  txtFittedModel.setPlace({2 * leastGap, captionHeight, width - 4 * leastGap,
+                           fraCurrentModel.height() - captionHeight - leastGap});
+}
+
+// Side by side below their labels, or below one another and behind them.
+void frmControlPanel::placeListsTightly(bool beside) {
+  const Twips inside = fraScatterControls.width() - 4 * leastGap;
+  Twips left = 2 * leastGap;
+  Twips top = captionHeight;
+  for (auto [label, list] : {std::pair(&lblYAxisVar, &cboYAxisVar), {&lblXAxisVar, &cboXAxisVar}}) {
+    if (beside) {
+      label->setPlace({left, top, listSize.width, labelHeight});
+      list->setPlace({left, label->bottom(), listSize.width, listSize.height});
+      left += inside - listSize.width;
+    } else {
+      label->setPlace({left, top, captionWidth, listSize.height});
+      list->setPlace({label->right(), top, inside - captionWidth, listSize.height});
+      top = list->bottom() + leastGap;
+    }
   }
 }
 

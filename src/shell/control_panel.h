@@ -3,6 +3,7 @@
 
 #include <array>
 #include <functional>
+#include <span>
 
 #include "platform/buttons.h"
 #include "platform/fields.h"
@@ -18,7 +19,8 @@ class frmControlPanel : public Window {
  public:
   frmControlPanel(Desktop& desktop, AnalysisState& state);
 
-  // Lays the panel out in its inner size.
+  // Lays the panel out in its inner size: with more in less room where that is small, down to a
+  // quadrant of 320 x 220 pixels.
   void PositionControls();
   // What the plots show now is what they were last updated to.
   void SaveControlState();
@@ -59,13 +61,18 @@ class frmControlPanel : public Window {
 
  private:
   void designSizes();
+  void sizeLists();
   void designTexts();
   void wireEvents();
   void showChoices();
   void fillList(ComboBox& list, const char* last);
+  bool hasRoomAsDesigned() const;
   void placeFrames();
   void placeScatterControls();
   void spreadButtons();
+  void placeTightly();
+  void placeListsTightly(bool beside);
+  void spreadRow(std::span<Button* const> buttons, Twips top);
   void cboXAxisVar_Click();
   void cboYAxisVar_Click();
   void cmdUpdateGraphs_Click();
@@ -73,6 +80,8 @@ class frmControlPanel : public Window {
   std::size_t plot() const { return static_cast<std::size_t>(state_.iCurrentPlot); }
 
   AnalysisState& state_;
+  std::array<Button*, 4> buttons_{&cmdUpdateGraphs, &cmdChangeModel, &cmdShowNotebook,
+                                  &cmdChangeDataSource};
   std::array<Int16, 4> miXChoice{};
   std::array<Int16, 4> miYChoice{};
 };

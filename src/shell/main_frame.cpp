@@ -45,11 +45,11 @@ mdiReg::mdiReg(Desktop& desktop)
   Resize = [this] { MDIForm_Resize(); };
 }
 
-// The frame can be minimised and maximised and never stays in a normal size: the sizes of the
-// quadrants are computed once.
+// The frame can be minimised and maximised and never stays in a normal size.
 void mdiReg::MDIForm_Resize() {
   if (mbProcessMainResize && state() == WindowState::normal) setState(WindowState::maximised);
   placeStatus();
+  raise(placeQuadrants);
 }
 
 void mdiReg::showStatus(const std::string& status, const std::string& notes) {

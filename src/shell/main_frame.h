@@ -2,6 +2,8 @@
 // on the analysis below them.
 #pragma once
 
+#include <functional>
+
 #include "platform/labels.h"
 #include "platform/window.h"
 #include "shell/display_menu.h"
@@ -15,6 +17,8 @@ class mdiReg : public FrameWindow {
 
   // False while the frame is first being shown: its size is no command to anybody then.
   bool mbProcessMainResize = false;
+  // The inner size has changed; the frame itself has nothing in it but the status line.
+  std::function<void()> placeQuadrants;
 
   MenuItem menu{nullptr, "menu"};
 

@@ -29,16 +29,36 @@ QuadrantManager::QuadrantManager(AnalysisState& state, MessagePort& messages, Al
       panel_(panel) {
   displays_.created = [this](DisplayWindow& display) { frame_.adopt(display); };
   frame_.adopt(panel_);
+  frame_.placeQuadrants = [this] { placeQuadrants(); };
 }
 
 void QuadrantManager::ShowInitialChildren() {
   InitDisplayTable(state_);
-  state_.sQuadrantWidth = std::floor(frame_.innerWidth() / 2);
-  state_.sQuadrantHeight = std::floor(frame_.innerHeight() / 2);
+  measureQuadrants();
   for (const Place& place : startLayout)
     showInQuadrant(place.iRow, place.iCol, place.iCategory, place.iIndex);
   PlaceDisplayInQuadrant(panel_, 1, 2);
   panel_.tmrFlashUpdate.setEnabled(false);
+}
+
+void QuadrantManager::measureQuadrants() {
+  state_.sQuadrantWidth = std::floor(frame_.innerWidth() / 2);
+  state_.sQuadrantHeight = std::floor(frame_.innerHeight() / 2);
+}
+
+// A display draws itself for its new size, also while others leave their sizes alone.
+void QuadrantManager::placeQuadrants() {
+  if (!quadrant(1, 2).frmDisplay) return;
+  const Size before{state_.sQuadrantWidth, state_.sQuadrantHeight};
+  measureQuadrants();
+  if (before == Size{state_.sQuadrantWidth, state_.sQuadrantHeight}) return;
+  const UpdateLock lock(frame_);
+  for (const int iRow : {1, 2})
+    for (const int iCol : {1, 2}) {
+      Window& window = *quadrant(iRow, iCol).frmDisplay;
+      standInQuadrant(window, iRow, iCol);
+      if (auto* display = dynamic_cast<DisplayWindow*>(&window)) display->UpdateDisplay();
+    }
 }
 
 // All quadrants are emptied before the first is filled: a display of the start layout may stand in
@@ -90,20 +110,24 @@ DisplayWindow& QuadrantManager::bringUp(const Display& display) {
 }
 
 void QuadrantManager::PlaceDisplayInQuadrant(Window& frmDisplay, int iRow, int iCol) {
+  const UpdateLock lock(frame_);
+  quadrant(iRow, iCol).frmDisplay = &frmDisplay;
+  frmDisplay.setTag(std::to_string(iRow) + std::to_string(iCol));
+  standInQuadrant(frmDisplay, iRow, iCol);
   state_.bProcessResize = false;
-  {
-    const UpdateLock lock(frame_);
-    const Twips top = iRow == 1 ? 0 : state_.sQuadrantHeight;
-    const Twips left = iCol == 1 ? 0 : state_.sQuadrantWidth;
-    quadrant(iRow, iCol).frmDisplay = &frmDisplay;
-    frmDisplay.setPlace({left, top, state_.sQuadrantWidth, state_.sQuadrantHeight});
-    frmDisplay.setTag(std::to_string(iRow) + std::to_string(iCol));
-    if (auto* display = dynamic_cast<DisplayWindow*>(&frmDisplay))
-      display->PositionControls();
-    else if (&frmDisplay == &panel_)
-      panel_.PositionControls();
-    frmDisplay.show();
-  }
+  frmDisplay.show();
+  state_.bProcessResize = true;
+}
+
+void QuadrantManager::standInQuadrant(Window& frmDisplay, int iRow, int iCol) {
+  state_.bProcessResize = false;
+  const Twips top = iRow == 1 ? 0 : state_.sQuadrantHeight;
+  const Twips left = iCol == 1 ? 0 : state_.sQuadrantWidth;
+  frmDisplay.setPlace({left, top, state_.sQuadrantWidth, state_.sQuadrantHeight});
+  if (auto* display = dynamic_cast<DisplayWindow*>(&frmDisplay))
+    display->PositionControls();
+  else if (&frmDisplay == &panel_)
+    panel_.PositionControls();
   state_.bProcessResize = true;
 }
 

@@ -27,6 +27,9 @@ class QuadrantManager {
   // quadrant while the panel is active. Its window becomes the active one.
   DisplayWindow& bringUp(const Display& display);
 
+  // As halves of the frame's inner size: where it has changed, what stands in the quadrants is
+  // placed anew in its row and column.
+  void placeQuadrants();
   // Sizes and places one child of the frame in quadrant row iRow, column iCol (1 or 2).
   void PlaceDisplayInQuadrant(Window& frmDisplay, int iRow, int iCol);
   void SetQuadrantEntry(int iRow, int iCol, int iCategory, int iIndex);
@@ -35,6 +38,8 @@ class QuadrantManager {
   void DisableScatterControlsIfNone();
 
  private:
+  void measureQuadrants();
+  void standInQuadrant(Window& frmDisplay, int iRow, int iCol);
   void showInQuadrant(int iRow, int iCol, int iCategory, int iIndex);
   void hideOccupant(int iRow, int iCol);
   Quadrant& quadrant(int iRow, int iCol);

@@ -21,6 +21,13 @@ GridAxis::GridAxis(const std::vector<Twips>& sizes, bool showsHeading, int froze
   }
 }
 
+GridAxis GridAxis::scaled(float times) const {
+  GridAxis axis(*this);
+  for (int& start : axis.starts_)
+    start = static_cast<int>(std::floor(static_cast<float>(start - 1) * times)) + 1;
+  return axis;
+}
+
 int GridAxis::size(int index) const { return std::max(start(index + 1) - start(index) - 1, 0); }
 
 int GridAxis::at(int pixel) const {

@@ -15,6 +15,9 @@ class GridAxis {
   // sizes: element 0 the heading, then 1..n. The first `frozen` of them stay in place.
   GridAxis(const std::vector<Twips>& sizes, bool showsHeading, int frozen);
 
+  // The same so many times as large, and so the whole; lines are of one pixel there too.
+  GridAxis scaled(float times) const;
+
   int count() const { return static_cast<int>(starts_.size()) - 2; }
   // The first pixel of its cells; that of `count() + 1` is where the next one would stand.
   int start(int index) const { return starts_[index]; }

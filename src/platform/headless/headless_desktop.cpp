@@ -51,8 +51,22 @@ Answer HeadlessDesktop::messageBox(const MessageBox& box) {
 
 void HeadlessDesktop::present(Window& window) {
   if (!window.peer()) window.setPeer(std::make_unique<HeadlessPeer>(*this, window));
-  if (const auto* frame = dynamic_cast<const FrameWindow*>(&window))
-    window.reportInnerSize({screen_.width, screen_.height - menuBarHeight - frame->footHeight()});
+  const auto* frame = dynamic_cast<const FrameWindow*>(&window);
+  if (!frame) return;
+  const Size screen = screenSize();
+  window.reportInnerSize({screen.width, screen.height - menuBarHeight - frame->footHeight()});
+}
+
+void HeadlessDesktop::setScreen(Size screen) {
+  screen_ = screen;
+  zoomChanged();
+}
+
+void HeadlessDesktop::zoomChanged() {
+  for (Window* window : std::vector<Window*>(windows_)) {
+    present(*window);
+    window->reportScreen();
+  }
 }
 
 void HeadlessDesktop::modalLoop(Window& window) {

@@ -36,6 +36,8 @@ class HeadlessDesktop : public Desktop {
   const std::vector<Window*>& windows() const { return windows_; }
   // The window that takes input: the innermost modal one; null outside modal loops.
   Window* modalWindow() const { return modal_.empty() ? nullptr : modal_.back(); }
+  // As if another screen had been plugged in.
+  void setScreen(Size screen);
   void advance(int milliseconds) { timers().advanceTo(timers().now() + milliseconds); }
 
   // What happened, in order.
@@ -49,7 +51,10 @@ class HeadlessDesktop : public Desktop {
   void present(Window& window) override;
   void modalLoop(Window& window) override;
   void doEvents() override {}
-  Size screenSize() const override { return screen_; }
+  Size screenSize() const override {
+    const float share = static_cast<float>(usualZoom) / static_cast<float>(zoom());
+    return {screen_.width * share, screen_.height * share};
+  }
   Twips scrollBarThickness() const override { return pixels(14); }
   void popupMenu(MenuItem& menu, Window& window) override;
   void beep() override { ++beeps_; }
@@ -71,6 +76,7 @@ class HeadlessDesktop : public Desktop {
 
  private:
   friend class HeadlessPeer;
+  void zoomChanged() override;
   void waitForTimers(Window& window);
 
   Size screen_;

@@ -2,6 +2,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMouseEvent>
+#include <QScrollArea>
 
 #include "platform/qt/convert.h"
 #include "platform/qt/window_peer.h"
@@ -27,12 +28,24 @@ class ChildPeer : public WindowPeer {
  private:
   QWidget* create(QWidget*) override {
     sub_ = new QMdiSubWindow;
-    sub_->setWidget(makeGround(sub_));
+    sub_->setWidget(makeInside());
     main_->area().addSubWindow(sub_, childFlags & ~Qt::WindowMinimizeButtonHint);
     // It would open on a right click, which belongs to the display's menu.
     sub_->setSystemMenu(nullptr);
     on(sub_, &QMdiSubWindow::windowStateChanged, [this] { reportState(); });
     return sub_;
+  }
+
+  // What its layout needs more room for than there is scrolls.
+  QWidget* makeInside() {
+    if (window().leastInner() == Size{}) return makeGround(sub_);
+    auto* scroller = new QScrollArea(sub_);
+    scroller->setFrameShape(QFrame::NoFrame);
+    scroller->setFocusPolicy(Qt::NoFocus);
+    scroller->setWidgetResizable(true);
+    scroller->setWidget(makeGround(scroller));
+    childrenGround()->installEventFilter(&groundHook_);
+    return scroller;
   }
 
   void watch() override {
@@ -41,9 +54,11 @@ class ChildPeer : public WindowPeer {
   }
 
   void place() override {
+    if (window().leastInner() != Size{})
+      childrenGround()->setMinimumSize(toPixels(window().leastInner(), scale()));
     const bool maximised = window().state() == WindowState::maximised;
     if (!sub_->isVisible()) {
-      sub_->setGeometry(toPixels(window().place()));
+      sub_->setGeometry(toPixels(window().place(), scale()));
       return;
     }
     if (maximised != sub_->isMaximized()) maximised ? sub_->showMaximized() : sub_->showNormal();
@@ -80,9 +95,16 @@ class ChildPeer : public WindowPeer {
 
   // Whatever moved it, it goes back. A fixed size would not do: it forbids maximising.
   void hold() {
-    const QRect wanted = toPixels(window().place());
+    const QRect wanted = toPixels(window().place(), scale());
     const bool fixed = window().state() == WindowState::normal && !sub_->isMaximized();
     if (fixed && !sub_->isMinimized() && sub_->geometry() != wanted) sub_->setGeometry(wanted);
+  }
+
+  // Less than the model knows where a scroll bar takes some of it.
+  void reportInner() {
+    const QSize now = childrenGround()->size();
+    if (now == toPixels(Size{window().innerWidth(), window().innerHeight()}, scale())) return;
+    tell([this, now] { window().reportInnerSize(toTwips(now, scale())); });
   }
 
   void reportState() {
@@ -90,6 +112,10 @@ class ChildPeer : public WindowPeer {
     tell([this, state] { window().reportState(state); });
   }
 
+  EventHook groundHook_{[this](QEvent& event) {
+    if (event.type() == QEvent::Resize && sub_->isVisible()) reportInner();
+    return false;
+  }};
   MainWidget* main_;
   QMdiSubWindow* sub_ = nullptr;
 };

@@ -7,6 +7,7 @@
 
 #include "platform/panels.h"
 #include "platform/qt/convert.h"
+#include "platform/qt/theme.h"
 #include "platform/tab_order.h"
 #include "platform/window.h"
 
@@ -122,14 +123,25 @@ void ControlPeer::push(Change what) {
   --busy_;
 }
 
-void ControlPeer::place() { widget_->setGeometry(toPixels(control_.place())); }
+void ControlPeer::place() { widget_->setGeometry(toPixels(control_.place(), scale())); }
+
+float ControlPeer::scale() const { return scaleOf(control_); }
+
+void ControlPeer::moveTo(QWidget* ground) {
+  ground_ = ground;
+  if (!widget_ || widget_->parentWidget() == ground) return;
+  const bool wasHidden = widget_->isHidden();
+  widget_->setParent(ground);
+  widget_->setVisible(!wasHidden);
+}
 
 void ControlPeer::show(bool visible) { widget_->setVisible(visible); }
 
 void ControlPeer::applyLook() {
   const bool hadOwnFont = widget_->testAttribute(Qt::WA_SetFont);
-  if (hasOwnLook_ || hadOwnFont || control_.font() != Font{})
-    widget_->setFont(toQt(control_.font()));
+  const bool isMagnified = scale() != theme::zoom();
+  if (hasOwnLook_ || hadOwnFont || isMagnified || control_.font() != Font{})
+    widget_->setFont(toQt(control_.font(), scale()));
   if (hasOwnLook_ || control_.hasOwnGround() || control_.hasOwnInk()) applyColours();
 }
 
@@ -159,12 +171,18 @@ void ContainerPeer::update(Change what) {
   if (!has(what, Change::children)) return;
   for (Control* child : container_.children()) {
     if (child->peer()) continue;
-    child->setPeer(makePeer(mirror_, *child, childrenGround()));
+    child->setPeer(makePeer(mirror_, *child, groundOf(*child)));
     child->peer()->changed(Change::all);
   }
 }
 
 void ContainerPeer::applyLook() { widget()->update(); }
+
+void ContainerPeer::showAnew() {
+  ControlPeer::showAnew();
+  for (Control* child : container_.children())
+    if (child->peer()) static_cast<ControlPeer*>(child->peer())->showAnew();
+}
 
 PeerPointer makePeer(Mirror& mirror, Control& control, QWidget* ground) {
   static const std::map<ControlKind, PeerMaker*> makers{

@@ -43,6 +43,10 @@ class ControlPeer : public Peer {
 
   void changed(Change what) override;
   QWidget* widget() const { return widget_; }
+  // To another ground, in which it has the same place.
+  void moveTo(QWidget* ground);
+  // The zoom has changed: for the control and all that stands in it.
+  virtual void showAnew() { changed(Change::place | Change::look); }
   // The widget of that control; null while it has none.
   static QWidget* widgetOf(const Control& control);
 
@@ -55,6 +59,7 @@ class ControlPeer : public Peer {
   virtual void show(bool visible);
   // Font and colours. They are inherited by the widgets inside, so containers paint theirs.
   virtual void applyLook();
+  float scale() const;
   virtual std::string accessibleName() const { return control_.accessibleName(); }
 
   void build();
@@ -95,8 +100,10 @@ class ContainerPeer : public ControlPeer {
  protected:
   void update(Change what) override;
   void applyLook() override;
-  // What the children stand on.
+  void showAnew() override;
+  // What the children stand on, and what this one does.
   virtual QWidget* childrenGround() { return widget(); }
+  virtual QWidget* groundOf(const Control&) { return childrenGround(); }
 
  private:
   Container& container_;

@@ -6,6 +6,7 @@
 #include <QStyleOption>
 #include <algorithm>
 #include <array>
+#include <cmath>
 
 #include "platform/qt/convert.h"
 #include "platform/qt/theme.h"
@@ -15,6 +16,31 @@ namespace tolmer {
 namespace {
 
 constexpr double corner = 4;
+
+// Lengths of the toolkit's own that go by no font and are made of no other.
+constexpr std::array growing{QStyle::PM_IndicatorWidth,
+                             QStyle::PM_IndicatorHeight,
+                             QStyle::PM_ExclusiveIndicatorWidth,
+                             QStyle::PM_ExclusiveIndicatorHeight,
+                             QStyle::PM_CheckBoxLabelSpacing,
+                             QStyle::PM_RadioButtonLabelSpacing,
+                             QStyle::PM_ScrollBarSliderMin,
+                             QStyle::PM_SmallIconSize,
+                             QStyle::PM_LargeIconSize,
+                             QStyle::PM_MessageBoxIconSize,
+                             QStyle::PM_LayoutLeftMargin,
+                             QStyle::PM_LayoutTopMargin,
+                             QStyle::PM_LayoutRightMargin,
+                             QStyle::PM_LayoutBottomMargin,
+                             QStyle::PM_LayoutHorizontalSpacing,
+                             QStyle::PM_LayoutVerticalSpacing,
+                             QStyle::PM_ButtonMargin,
+                             QStyle::PM_MenuBarHMargin,
+                             QStyle::PM_MenuBarVMargin,
+                             QStyle::PM_MenuBarItemSpacing,
+                             QStyle::PM_HeaderMargin,
+                             QStyle::PM_SplitterWidth,
+                             QStyle::PM_TitleBarButtonIconSize};
 
 bool isEnabled(const QStyleOption& option) { return option.state.testFlag(QStyle::State_Enabled); }
 bool isHovered(const QStyleOption& option) {
@@ -47,11 +73,12 @@ QColor tinted(const QStyleOption& option, QColor base) {
                              : base;
 }
 
-void drawChevron(QPainter& painter, QPointF middle, QColor colour) {
-  painter.setPen(QPen(colour, 1.5, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
+void drawChevron(QPainter& painter, QPointF middle, QColor colour, double scale = 1) {
+  painter.setPen(QPen(colour, 1.5 * scale, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.setBrush(Qt::NoBrush);
-  painter.drawPolyline(QPolygonF(
-      {middle + QPointF(-3.5, -1.5), middle + QPointF(0, 2), middle + QPointF(3.5, -1.5)}));
+  painter.drawPolyline(QPolygonF({middle + scale * QPointF(-3.5, -1.5),
+                                  middle + scale * QPointF(0, 2),
+                                  middle + scale * QPointF(3.5, -1.5)}));
 }
 
 // The sign on a maximise or restore button.
@@ -61,7 +88,8 @@ void drawSmallWindow(QPainter& painter, QPoint corner, QSize size, bool hovered)
   painter.setPen(ink);
   painter.setBrush(Qt::NoBrush);
   painter.drawRect(QRect(corner, size));
-  painter.fillRect(QRect(corner, QSize(size.width() + 1, 2)), ink);
+  const int bar = std::max(size.height() / 4, 2);
+  painter.fillRect(QRect(corner, QSize(size.width() + 1, bar)), ink);
 }
 
 bool isMessageSign(QStyle::StandardPixmap icon) {
@@ -123,11 +151,13 @@ void drawOption(QPainter& painter, const QStyleOption& option) {
   painter.drawEllipse(circle.adjusted(inset, inset, -inset, -inset));
 }
 
-void drawComboBox(QPainter& painter, const QStyleOptionComplex& option, const QRect& arrow) {
+void drawComboBox(QPainter& painter, const QStyleOptionComplex& option, const QRect& arrow,
+                  double scale) {
   painter.setPen(borderOf(option, false));
   painter.setBrush(tinted(option, option.palette.color(QPalette::Base)));
   painter.drawRoundedRect(edge(option.rect), 3, 3);
-  drawChevron(painter, QRectF(arrow).center(), isEnabled(option) ? theme::quietText : theme::line);
+  drawChevron(painter, QRectF(arrow).center(), isEnabled(option) ? theme::quietText : theme::line,
+              scale);
 }
 
 void drawScrollBar(QPainter& painter, const QStyleOptionComplex& option, const QRect& groove,
@@ -163,25 +193,30 @@ void drawTitleBar(QPainter& painter, const QStyleOptionTitleBar& option, const Q
   font.setBold(true);
   painter.setFont(font);
   painter.setPen(isActive ? QColor(theme::text) : QColor(theme::quietText));
-  const QRect text = option.rect.adjusted(10, 1, -36, 0);
+  const QRect text = option.rect.adjusted(10, 1, -button.width() - 12, 0);
   painter.drawText(text, Qt::AlignVCenter | Qt::AlignLeft,
                    painter.fontMetrics().elidedText(option.text, Qt::ElideRight, text.width()));
   const bool hovered =
       option.activeSubControls & (QStyle::SC_TitleBarMaxButton | QStyle::SC_TitleBarNormalButton);
-  drawSmallWindow(painter, button.center() - QPoint(5, 4), QSize(10, 9), hovered);
+  const QSize sign = QSize(10, 9) * theme::zoom();
+  drawSmallWindow(painter, button.center() - QPoint(sign.width() / 2, (sign.height() - 1) / 2),
+                  sign, hovered);
 }
 
 void drawRestoreButton(QPainter& painter, const QRect& place, bool hovered) {
   if (hovered) painter.fillRect(place, QColor(theme::paleAccent));
-  const QPoint corner = place.center() - QPoint(6, 5);
-  drawSmallWindow(painter, corner + QPoint(3, 0), QSize(9, 7), hovered);
-  painter.fillRect(QRect(corner + QPoint(0, 3), QSize(10, 8)),
+  const float scale = theme::zoom();
+  const QPoint corner = place.center() - QPoint(6, 5) * scale;
+  const QSize sign = QSize(9, 7) * scale;
+  drawSmallWindow(painter, corner + QPoint(3, 0) * scale, sign, hovered);
+  const QPoint front = corner + QPoint(0, 3) * scale;
+  painter.fillRect(QRect(front, sign + QSize(1, 1)),
                    QColor(hovered ? theme::paleAccent : theme::face));
-  drawSmallWindow(painter, corner + QPoint(0, 3), QSize(9, 7), hovered);
+  drawSmallWindow(painter, front, sign, hovered);
 }
 
 QIcon messageIcon(QColor colour, QChar sign) {
-  constexpr int side = 40;
+  const int side = static_cast<int>(40 * theme::zoom());
   QIcon icon;
   for (const int ratio : {1, 2}) {
     QPixmap pixmap(side * ratio, side * ratio);
@@ -193,7 +228,7 @@ QIcon messageIcon(QColor colour, QChar sign) {
     painter.setBrush(colour);
     painter.drawEllipse(QRectF(2, 2, side - 4, side - 4));
     QFont font(theme::interfaceFamily);
-    font.setPixelSize(24);
+    font.setPixelSize(side * 3 / 5);
     font.setBold(true);
     painter.setFont(font);
     painter.setPen(QColor(theme::window));
@@ -220,11 +255,14 @@ ControlStyle::ControlStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
 
 int ControlStyle::pixelMetric(PixelMetric metric, const QStyleOption* option,
                               const QWidget* widget) const {
-  if (metric == PM_ScrollBarExtent) return 14;
-  if (metric == PM_MdiSubWindowFrameWidth) return toPixel(FrameWindow::childSide);
-  if (metric == PM_TitleBarHeight) return toPixel(FrameWindow::childTop);
+  const float scale = theme::scaleOf(widget);
+  if (metric == PM_ScrollBarExtent) return toPixel(pixels(14), scale);
+  if (metric == PM_MdiSubWindowFrameWidth) return toPixel(FrameWindow::childSide, scale);
+  if (metric == PM_TitleBarHeight) return toPixel(FrameWindow::childTop, scale);
   if (metric == PM_DefaultFrameWidth) return 1;
-  return QProxyStyle::pixelMetric(metric, option, widget);
+  const int usual = QProxyStyle::pixelMetric(metric, option, widget);
+  const bool grows = scale != 1 && std::ranges::find(growing, metric) != growing.end();
+  return grows ? static_cast<int>(std::lround(static_cast<float>(usual) * scale)) : usual;
 }
 
 int ControlStyle::styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
@@ -252,9 +290,10 @@ QRect ControlStyle::subControlRect(ComplexControl control, const QStyleOptionCom
 
 QSize ControlStyle::sizeFromContents(ContentsType type, const QStyleOption* option,
                                      const QSize& size, const QWidget* widget) const {
-  if (type == CT_MdiControls) return {28, 18};
+  const float scale = theme::scaleOf(widget);
+  if (type == CT_MdiControls) return QSize(28, 18) * scale;
   const QSize usual = QProxyStyle::sizeFromContents(type, option, size, widget);
-  return type == CT_PushButton ? usual.expandedTo({90, 30}) : usual;
+  return type == CT_PushButton ? usual.expandedTo(QSize(90, 30) * scale) : usual;
 }
 
 QIcon ControlStyle::standardIcon(StandardPixmap icon, const QStyleOption* option,
@@ -304,7 +343,7 @@ void ControlStyle::drawComplexControl(ComplexControl control, const QStyleOption
   painter->save();
   painter->setRenderHint(QPainter::Antialiasing);
   if (control == CC_ComboBox) {
-    drawComboBox(*painter, *option, part(SC_ComboBoxArrow));
+    drawComboBox(*painter, *option, part(SC_ComboBoxArrow), theme::scaleOf(widget));
   } else if (control == CC_ScrollBar) {
     drawScrollBar(*painter, *option, option->rect, part(SC_ScrollBarSlider));
   } else if (control == CC_TitleBar) {

@@ -1,6 +1,7 @@
 #include "platform/qt/convert.h"
 
 #include "platform/qt/theme.h"
+#include "platform/window.h"
 
 namespace tolmer {
 
@@ -12,14 +13,20 @@ QColor toQt(Colour colour) {
   return {colour.red, colour.green, colour.blue};
 }
 
-QFont toQt(const Font& font) {
+float scaleOf(const Control& control) {
+  const Window* window = control.window();
+  return theme::zoom() * (window ? window->magnification() : 1);
+}
+
+QFont toQt(const Font& font, float scale) {
   QFont result(font.family == FontFamily::serif ? theme::serifFamilies
                                                 : QStringList{theme::interfaceFamily});
-  result.setPixelSize(static_cast<int>(std::lround(font.pixels)));
+  const float size = font.pixels * scale;
+  result.setPixelSize(static_cast<int>(std::floor(scale == 1 ? size + 0.5F : size + 0.01F)));
   result.setBold(font.bold);
   // Serif letters are large here; fitting them to the pixels would cost time and spoil their
-  // shapes.
-  if (font.family == FontFamily::serif) result.setHintingPreference(QFont::PreferNoHinting);
+  // shapes. Of other sizes than the usual ones it would make texts wider than they were measured.
+  if (font.family == FontFamily::serif || scale != 1) result.setHintingPreference(QFont::PreferNoHinting);
   return result;
 }
 

@@ -8,6 +8,7 @@
 #include <cmath>
 #include <string>
 
+#include "platform/control.h"
 #include "platform/geometry.h"
 #include "platform/look.h"
 
@@ -15,21 +16,31 @@ namespace tolmer {
 
 inline QString toQt(const std::string& utf8) { return QString::fromStdString(utf8); }
 
+// How many times as large as usual a control is shown: the zoom of the desktop, and in a window
+// that is magnified so many times that.
+float scaleOf(const Control& control);
+
 // The logical pixel at which that distance ends.
-inline int toPixel(Twips twips) {
-  return static_cast<int>(std::floor(twips / twipsPerPixel + 0.5F));
+inline int toPixel(Twips twips, float scale) {
+  return static_cast<int>(std::floor(twips * scale / twipsPerPixel + 0.5F));
 }
-inline Twips toTwips(int pixel) { return pixels(static_cast<float>(pixel)); }
+inline Twips toTwips(int pixel, float scale) { return pixels(static_cast<float>(pixel)) / scale; }
 
 // The edges are rounded and not the sizes, so that neighbours neither overlap nor gape.
-inline QRect toPixels(const Rect& place) {
-  const int left = toPixel(place.left);
-  const int top = toPixel(place.top);
-  return {left, top, toPixel(place.right()) - left, toPixel(place.bottom()) - top};
+inline QRect toPixels(const Rect& place, float scale) {
+  const int left = toPixel(place.left, scale);
+  const int top = toPixel(place.top, scale);
+  return {left, top, toPixel(place.right(), scale) - left, toPixel(place.bottom(), scale) - top};
 }
-inline QSize toPixels(Size size) { return {toPixel(size.width), toPixel(size.height)}; }
+inline QSize toPixels(Size size, float scale) {
+  return {toPixel(size.width, scale), toPixel(size.height, scale)};
+}
+inline Size toTwips(QSize size, float scale) {
+  return {toTwips(size.width(), scale), toTwips(size.height(), scale)};
+}
 
 QColor toQt(Colour colour);
-QFont toQt(const Font& font);
+// Never larger than the scale asks for, so that texts have the room that was measured for them.
+QFont toQt(const Font& font, float scale = 1);
 
 }  // namespace tolmer

@@ -1,12 +1,17 @@
+#include <QApplication>
 #include <QDialog>
-#include <QGuiApplication>
+#include <QKeyEvent>
 #include <QMenuBar>
 #include <QScreen>
 #include <QScrollArea>
+#include <QScrollBar>
+#include <QStyle>
 #include <QWindow>
 
+#include "platform/dialog_fit.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/menu_peer.h"
+#include "platform/qt/theme.h"
 #include "platform/qt/window_peer.h"
 
 namespace tolmer {
@@ -24,6 +29,36 @@ Qt::WindowFlags flagsOf(const Window& window) {
                                 Qt::WindowSystemMenuHint | Qt::WindowCloseButtonHint;
   return window.sizable() ? flags | Qt::WindowMaximizeButtonHint : flags;
 }
+
+// What of a dialog's inside scrolls where the screen has no room for all of it, and what stays in
+// view below that. Both grounds have the window's own places.
+class ScrolledInside {
+ public:
+  ScrolledInside(QWidget& dialog, QWidget& body)
+      : scroller_(new QScrollArea(&dialog)), strip_(new QWidget(&dialog)), foot_(new QWidget(strip_)) {
+    scroller_->setFrameShape(QFrame::NoFrame);
+    scroller_->setFocusPolicy(Qt::NoFocus);
+    scroller_->setWidget(&body);
+    for (QWidget* one : {&body, static_cast<QWidget*>(scroller_), strip_}) one->show();
+  }
+
+  QWidget* foot() { return foot_; }
+  QScrollBar& bar() const { return *scroller_->verticalScrollBar(); }
+
+  // The whole has that size and stands in `room`; from `footTop` on it stays in view.
+  void place(QSize whole, const QRect& room, int footTop) {
+    const int footHeight = whole.height() - footTop;
+    scroller_->setGeometry(room.adjusted(0, 0, 0, -footHeight));
+    scroller_->widget()->resize(whole.width(), footTop);
+    strip_->setGeometry(room.left(), room.bottom() + 1 - footHeight, room.width(), footHeight);
+    foot_->setGeometry(0, -footTop, std::max(whole.width(), room.width()), whole.height());
+  }
+
+ private:
+  QScrollArea* scroller_;
+  QWidget* strip_;
+  QWidget* foot_;
+};
 
 // A window of its own: dialog, or bare without title bar. A menu bar stands above what the model
 // counts as the window's inside.
@@ -45,6 +80,8 @@ class DialogPeer : public WindowPeer {
  private:
   QWidget* create(QWidget*) override {
     dialog_ = new QDialog(nullptr, flagsOf(window()));
+    magnification_ = window().magnification();
+    theme::setMagnification(*dialog_, magnification_);
     makeGround(dialog_);
     addMenuBar();
     return dialog_;
@@ -65,47 +102,73 @@ class DialogPeer : public WindowPeer {
       place();
     }
     WindowPeer::update(what);
+    if (magnification_ == window().magnification()) return;
+    magnification_ = window().magnification();
+    theme::setMagnification(*dialog_, magnification_);
+    QEvent event(QEvent::StyleChange);  // as if the style had other measures
+    for (QWidget* one : dialog_->findChildren<QWidget*>()) QCoreApplication::sendEvent(one, &event);
+    showAnew();
   }
 
+  // A window that the user may resize takes the room that there is; another one keeps its size.
   void place() override {
-    const QRect wanted = toPixels(window().place());
     const QSize room = screenPlace().size() - bars();
-    const QSize shown = wanted.size().boundedTo(room);
-    standOnScroller(shown != wanted.size(), shown);
-    const QSize outer = shown + QSize(0, menuHeight());
-    if (!window().sizable())
-      dialog_->setFixedSize(outer);
-    else if (window().state() != WindowState::maximised)
-      dialog_->resize(outer);
-    childrenGround()->resize(wanted.size());
-    standBelowMenu();
+    if (window().sizable()) {
+      const QSize wanted = toPixels(window().place(), scale()).size();
+      const QSize shown = wanted.boundedTo(room);
+      if (window().state() != WindowState::maximised) dialog_->resize(shown + menu());
+      if (shown != wanted) report(shown);
+    } else {
+      const Twips bar = toTwips(QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent,
+                                                                   nullptr, dialog_),
+                                scale());
+      const Size whole{window().width(), window().height()};
+      const DialogFit fit = fitDialog(window(), whole, toTwips(room, scale()), bar);
+      dialog_->setFixedSize(toPixels(fit.shown, scale()).boundedTo(room) + menu());
+    }
+    arrange();
     // Nothing reaches beyond the right or lower edge of the screen.
-    const QPoint corner(std::min(wanted.x(), room.width() - shown.width()),
-                        std::min(wanted.y(), room.height() - shown.height()));
-    dialog_->move(screenPlace().topLeft() + corner);
+    const QSize shown = dialog_->size() - menu();
+    const QPoint wanted = corner();
+    dialog_->move(screenPlace().topLeft() + QPoint(std::min(wanted.x(), room.width() - shown.width()),
+                                                   std::min(wanted.y(), room.height() - shown.height())));
     if (window().sizable()) followState();
   }
 
+  // On the screen, where no window is magnified.
+  QPoint corner() const {
+    return {toPixel(window().left(), theme::zoom()), toPixel(window().top(), theme::zoom())};
+  }
+
+  QSize menu() const { return {0, menuHeight()}; }
+
   QSize bars() const {
     return window().style() == WindowStyle::bare ? QSize(0, 0)
-                                                 : QSize(0, titleBarAllowance + menuHeight());
+                                                 : QSize(0, titleBarAllowance) + menu();
   }
 
-  void standBelowMenu() {
-    if (!menuBar_) return;
-    menuBar_->setGeometry(0, 0, dialog_->width(), menuHeight());
-    (scroller_ ? static_cast<QWidget*>(scroller_) : childrenGround())->move(0, menuHeight());
+  // The inside as it is laid out, in the room that the dialog has for it.
+  void arrange() {
+    const QRect room(QPoint(0, menuHeight()), dialog_->size() - menu());
+    const QSize whole = window().sizable()
+                            ? room.size().expandedTo(toPixels(window().leastInner(), scale()))
+                            : toPixels(window().place(), scale()).size();
+    if (menuBar_) menuBar_->setGeometry(0, 0, dialog_->width(), menuHeight());
+    const bool hasRoom = whole.width() <= room.width() && whole.height() <= room.height();
+    if (hasRoom && !inside_) return childrenGround()->setGeometry(room);
+    if (!inside_) inside_ = std::make_unique<ScrolledInside>(*dialog_, *childrenGround());
+    footTop_ = fitDialog(window(), toTwips(whole, scale()), toTwips(room.size(), scale()), 0).footTop;
+    if (hasRoom)
+      inside_->place(room.size(), room, room.height());
+    else
+      inside_->place(whole, room, std::min(toPixel(footTop_, scale()), whole.height()));
+    for (Control* child : window().children())
+      if (child->peer()) static_cast<ControlPeer*>(child->peer())->moveTo(groundOf(*child));
+    orderTabStops(window());
   }
 
-  // Where the screen is too small for the window, what is beyond its edge must be reachable.
-  void standOnScroller(bool needed, QSize shown) {
-    if (scroller_) scroller_->resize(shown);
-    if (!needed || scroller_) return;
-    scroller_ = new QScrollArea(dialog_);
-    scroller_->setFrameShape(QFrame::NoFrame);
-    scroller_->setFocusPolicy(Qt::NoFocus);
-    scroller_->setWidget(childrenGround());
-    scroller_->setGeometry(QRect({0, 0}, shown));
+  QWidget* groundOf(const Control& child) override {
+    return inside_ && child.top() >= footTop_ ? inside_->foot() : childrenGround();
   }
 
   void followState() {
@@ -133,12 +196,15 @@ class DialogPeer : public WindowPeer {
   bool seen(QEvent& event) override {
     switch (event.type()) {
       case QEvent::Resize:
-        standBelowMenu();
         resized();
+        arrange();
         break;
       case QEvent::Move:
         moved();
         break;
+      case QEvent::KeyPress:
+        if (WindowPeer::seen(event)) return true;
+        return scrolled(static_cast<QKeyEvent&>(event).key());
       case QEvent::WindowStateChange:
         tell([this] {
           window().reportState(dialog_->isMaximized() ? WindowState::maximised
@@ -151,24 +217,45 @@ class DialogPeer : public WindowPeer {
     return WindowPeer::seen(event);
   }
 
-  // Only what differs by a pixel is news: a model's own size is seldom a whole number of them.
+  // By keys that nothing in the window had a use for.
+  bool scrolled(int key) {
+    const bool isPage = key == Qt::Key_PageUp || key == Qt::Key_PageDown;
+    if (!inside_ || !isPage) return false;
+    inside_->bar().triggerAction(key == Qt::Key_PageUp ? QScrollBar::SliderPageStepSub
+                                                       : QScrollBar::SliderPageStepAdd);
+    return true;
+  }
+
+  // Only what differs by a pixel is news: a model's own size is seldom a whole number of them, and
+  // may be more than there is room for.
   void resized() {
-    if (!window().sizable() || scroller_) return;
-    const QSize now = dialog_->size() - QSize(0, menuHeight());
-    childrenGround()->resize(now);
-    if (now == toPixels(Size{window().innerWidth(), window().innerHeight()})) return;
-    tell([this, now] { window().reportInnerSize({toTwips(now.width()), toTwips(now.height())}); });
+    if (!window().sizable()) return;
+    const QSize now = dialog_->size() - menu();
+    const QSize least = toPixels(window().leastInner(), scale());
+    if (now.expandedTo(least) ==
+        toPixels(Size{window().innerWidth(), window().innerHeight()}, scale()))
+      return;
+    tell([this, now] { window().reportInnerSize(toTwips(now, scale())); });
+  }
+
+  // Also while the model's wish is being followed, for which the screen has no room.
+  void report(QSize inside) {
+    mirror_.gate.enter([this, inside] { window().reportInnerSize(toTwips(inside, scale())); });
   }
 
   void moved() {
     const QPoint now = dialog_->pos() - screenPlace().topLeft();
-    if (now == toPixels(window().place()).topLeft() || dialog_->isMaximized()) return;
-    tell([this, now] { window().reportPosition(toTwips(now.x()), toTwips(now.y())); });
+    if (now == corner() || dialog_->isMaximized()) return;
+    tell([this, now] {
+      window().reportPosition(toTwips(now.x(), theme::zoom()), toTwips(now.y(), theme::zoom()));
+    });
   }
 
   QDialog* dialog_ = nullptr;
-  QScrollArea* scroller_ = nullptr;
   QMenuBar* menuBar_ = nullptr;
+  std::unique_ptr<ScrolledInside> inside_;
+  Twips footTop_ = 0;
+  float magnification_ = 1;
 };
 
 }  // namespace

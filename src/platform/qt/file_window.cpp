@@ -71,6 +71,7 @@ void prepare(QFileDialog& window, const FileQuestion& question, FileUse use) {
 std::optional<ChosenFile> askForFile(Mirror& mirror, const FileQuestion& question, FileUse use) {
   QFileDialog window(mirror.windows.top(), toQt(question.title));
   prepare(window, question, use);
+  takeDesktopKeys(window, mirror.desktop, mirror.gate);
   QEventLoop loop;
   QObject::connect(&window, &QDialog::finished, &loop, &QEventLoop::quit);
   window.show();

@@ -87,6 +87,13 @@ class FrameWindowPeer : public WindowPeer {
 
   QWidget* childrenGround() override { return &main_->foot(); }
 
+  void showAnew() override {
+    WindowPeer::showAnew();
+    for (Window* child : frame_.childWindows())
+      if (child->peer()) static_cast<ControlPeer*>(child->peer())->showAnew();
+    reportInner();
+  }
+
   void update(Change what) override {
     if (has(what, Change::items) && frame_.menuBar())
       fillMenuBar(mirror_, *main_->menuBar(), *frame_.menuBar());
@@ -112,7 +119,7 @@ class FrameWindowPeer : public WindowPeer {
   }
 
   void place() override {
-    main_->foot().setFixedHeight(toPixels(Size{0, frame_.footHeight()}).height());
+    main_->foot().setFixedHeight(toPixel(frame_.footHeight(), scale()));
     if (!main_->isVisible() || stateOf(*main_) == frame_.state()) return;
     main_->setWindowState(wantedState());
   }
@@ -145,7 +152,7 @@ class FrameWindowPeer : public WindowPeer {
     if (!main_->isVisible() || main_->isMinimized()) return;
     const QSize inner = main_->area().viewport()->size();
     mirror_.gate.enter([this, inner] {
-      frame_.reportInnerSize({toTwips(inner.width()), toTwips(inner.height())});
+      frame_.reportInnerSize(toTwips(inner, scale()));
     });
   }
 

@@ -11,6 +11,7 @@
 #include <QPolygonF>
 
 #include "platform/graph/picture.h"
+#include "platform/qt/convert.h"
 #include "platform/qt/input_filter.h"
 #include "platform/qt/theme.h"
 
@@ -137,13 +138,17 @@ void GraphView::refresh(Change what) {
     setAccessibleDescription(QString::fromStdString(graph_.accessibleDescription()));
     setToolTip(QString::fromStdString(graph_.tip()));
   }
-  if (has(what, Change::content)) update();
+  if (has(what, Change::content | Change::look)) update();
 }
 
 void GraphView::paintEvent(QPaintEvent*) {
   QPainter painter(this);
   painter.fillRect(rect(), Qt::white);
+  const float scale = scaleOf(graph_);
+  painter.save();
+  painter.scale(scale, scale);
   paintPicture(painter, graph_.plot().picture());
+  painter.restore();
   if (!focusByKey_) return;
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setBrush(Qt::NoBrush);

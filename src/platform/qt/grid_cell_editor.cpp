@@ -15,7 +15,6 @@ namespace {
 
 constexpr int ownMargin = 2;   // that the toolkit leaves beside the text
 constexpr int caretRoom = 12;  // behind the text, for the caret and the next letter
-constexpr int textMargin = static_cast<int>(Grid::sideMargin / twipsPerPixel) - ownMargin;
 
 int bytesOf(const QString& text) { return static_cast<int>(text.toUtf8().size()); }
 
@@ -34,7 +33,6 @@ GridCellEditor::GridCellEditor(GridView& view, EditGrid& grid)
     : QLineEdit(view.viewport()), view_(view), grid_(grid) {
   setFrame(false);
   setFocusPolicy(Qt::ClickFocus);
-  setTextMargins(textMargin, 0, textMargin, 0);
   hide();
   connect(this, &QLineEdit::textEdited, this, [this](const QString& text) {
     view_.enter([&] { grid_.setEditText(text.toStdString(), mark()); });
@@ -79,7 +77,6 @@ void GridCellEditor::follow() {
 }
 
 void GridCellEditor::open() {
-  setFont(toQt(grid_.font()));
   QPalette colours = palette();
   const CellPosition cell = grid_.editCell();
   colours.setColor(QPalette::Base, toQt(grid_.sheet().at(cell.row, cell.col).style.back));
@@ -104,6 +101,9 @@ void GridCellEditor::close() {
 // them.
 void GridCellEditor::stand() {
   if (isHidden()) return;
+  const int textMargin = toPixel(Grid::sideMargin, view_.scale()) - ownMargin;
+  setTextMargins(textMargin, 0, textMargin, 0);
+  setFont(toQt(grid_.font(), view_.scale()));
   const QRect room = view_.viewport()->rect();
   QRect place = view_.cellRect(grid_.editCell());
   const int needed = fontMetrics().horizontalAdvance(text()) + 2 * (textMargin + ownMargin);

@@ -17,7 +17,7 @@ int GridColumnDrag::edgeAt(QPoint place) const {
   const CellPosition cell = view_.cellAt(place);
   if (cell.row != uppermost) return 0;
   for (const int col : {cell.col, cell.col - 1})
-    if (col >= 0 && grid_.colAxis().size(col) > 0 &&
+    if (col >= 0 && view_.colAxis().size(col) > 0 &&
         std::abs(view_.cellRect({uppermost, col}).right() + 1 - place.x()) <= reach)
       return col;
   return 0;
@@ -38,7 +38,7 @@ bool GridColumnDrag::moveTo(QPoint place) {
     return onEdge;
   }
   const int width = place.x() - view_.cellRect({1, dragged_}).left();
-  view_.enter([&] { grid_.dragColWidth(dragged_, toTwips(width)); });
+  view_.enter([&] { grid_.dragColWidth(dragged_, toTwips(width, view_.scale())); });
   return true;
 }
 

@@ -87,12 +87,25 @@ GridView::GridView(Grid& grid, QWidget* parent)
 
 GridView::~GridView() = default;
 
+const GridAxis& GridView::scaled(const GridAxis& axis, GridAxis& copy) const {
+  if (scale_ == 1) return axis;
+  if (copy.count() != axis.count()) copy = axis.scaled(scale_);
+  return copy;
+}
+
+const GridAxis& GridView::rowAxis() const { return scaled(grid_.rowAxis(), rows_); }
+const GridAxis& GridView::colAxis() const { return scaled(grid_.colAxis(), cols_); }
+
 void GridView::refresh(Change what) {
+  if (has(what, Change::items | Change::look)) {
+    scale_ = scaleOf(grid_);
+    rows_ = cols_ = GridAxis();
+  }
   if (has(what, Change::tip)) {
     setAccessibleName(toQt(grid_.accessibleName()));
     setAccessibleDescription(toQt(grid_.accessibleDescription()));
   }
-  if (has(what, Change::items)) setScrollRanges();
+  if (has(what, Change::items | Change::look)) setScrollRanges();
   if (has(what, Change::items | Change::look))
     viewport()->update();
   else if (has(what, Change::content))
@@ -100,7 +113,7 @@ void GridView::refresh(Change what) {
   if (has(what, Change::value)) showSelection();
   if (editor_ && has(what, Change::text)) editor_->follow();
   if (editor_ && has(what, Change::text)) showDrawnBlocks();
-  if (editor_ && has(what, Change::items)) editor_->stand();
+  if (editor_ && has(what, Change::items | Change::look)) editor_->stand();
   if (has(what, Change::items) && QAccessible::isActive()) {
     QAccessibleTableModelChangeEvent event(this, QAccessibleTableModelChangeEvent::ModelReset);
     QAccessible::updateAccessibility(&event);
@@ -129,13 +142,13 @@ void GridView::setScrollRanges() {
     bar.setPageStep(std::max(room - axis.frozenEnd(), 1));
     bar.setSingleStep(axis.count() > 0 ? axis.size(axis.count() > 1 ? 2 : 1) + 1 : 1);
   };
-  set(*horizontalScrollBar(), grid_.colAxis(), viewport()->width());
-  set(*verticalScrollBar(), grid_.rowAxis(), viewport()->height());
+  set(*horizontalScrollBar(), colAxis(), viewport()->width());
+  set(*verticalScrollBar(), rowAxis(), viewport()->height());
 }
 
 QRect GridView::cellRect(CellPosition cell) const {
-  const GridAxis& cols = grid_.colAxis();
-  const GridAxis& rows = grid_.rowAxis();
+  const GridAxis& cols = colAxis();
+  const GridAxis& rows = rowAxis();
   const int x = cell.col > cols.frozen() ? horizontalScrollBar()->value() : 0;
   const int y = cell.row > rows.frozen() ? verticalScrollBar()->value() : 0;
   return {cols.start(cell.col) - x, rows.start(cell.row) - y, cols.size(cell.col),
@@ -144,16 +157,16 @@ QRect GridView::cellRect(CellPosition cell) const {
 
 QRect GridView::placeOf(const CellBlock& block) const {
   if (block.row > block.row2 || block.col > block.col2) return {};
-  const Span rows = shownSpan(grid_.rowAxis(), block.row, block.row2, verticalScrollBar()->value());
+  const Span rows = shownSpan(rowAxis(), block.row, block.row2, verticalScrollBar()->value());
   const Span cols =
-      shownSpan(grid_.colAxis(), block.col, block.col2, horizontalScrollBar()->value());
+      shownSpan(colAxis(), block.col, block.col2, horizontalScrollBar()->value());
   return {QPoint(cols.from, rows.from), QPoint(cols.to, rows.to)};
 }
 
 QRect GridView::partOf(CellPosition cell) const {
   QRect part = viewport()->rect();
-  if (cell.col > grid_.colAxis().frozen()) part.setLeft(grid_.colAxis().frozenEnd());
-  if (cell.row > grid_.rowAxis().frozen()) part.setTop(grid_.rowAxis().frozenEnd());
+  if (cell.col > colAxis().frozen()) part.setLeft(colAxis().frozenEnd());
+  if (cell.row > rowAxis().frozen()) part.setTop(rowAxis().frozenEnd());
   return part;
 }
 
@@ -164,8 +177,8 @@ QRect GridView::activePlace() const {
 bool GridView::holdsFocus() const { return hasFocus() || (editor_ && editor_->hasFocus()); }
 
 CellPosition GridView::cellAt(QPoint place) const {
-  const GridAxis& cols = grid_.colAxis();
-  const GridAxis& rows = grid_.rowAxis();
+  const GridAxis& cols = colAxis();
+  const GridAxis& rows = rowAxis();
   if (place.x() >= cols.frozenEnd()) place.rx() += horizontalScrollBar()->value();
   if (place.y() >= rows.frozenEnd()) place.ry() += verticalScrollBar()->value();
   return {rows.at(place.y()), cols.at(place.x())};
@@ -173,15 +186,15 @@ CellPosition GridView::cellAt(QPoint place) const {
 
 bool GridView::isOverCells(QPoint place) const {
   return viewport()->rect().contains(place) &&
-         place.x() + horizontalScrollBar()->value() < grid_.colAxis().total() &&
-         place.y() + verticalScrollBar()->value() < grid_.rowAxis().total();
+         place.x() + horizontalScrollBar()->value() < colAxis().total() &&
+         place.y() + verticalScrollBar()->value() < rowAxis().total();
 }
 
 void GridView::bringIntoView(CellPosition cell) {
   QScrollBar& across = *horizontalScrollBar();
   QScrollBar& down = *verticalScrollBar();
-  across.setValue(scrolledTo(grid_.colAxis(), cell.col, across.value(), viewport()->width()));
-  down.setValue(scrolledTo(grid_.rowAxis(), cell.row, down.value(), viewport()->height()));
+  across.setValue(scrolledTo(colAxis(), cell.col, across.value(), viewport()->width()));
+  down.setValue(scrolledTo(rowAxis(), cell.row, down.value(), viewport()->height()));
 }
 
 // A plain move of the active cell repaints two cells; that is ten times faster than all of them.
@@ -280,8 +293,8 @@ void GridView::scrollContentsBy(int dx, int dy) {
     return editor_->stand();
   }
   const QRect all = viewport()->rect();
-  const int left = grid_.colAxis().frozenEnd();
-  const int top = grid_.rowAxis().frozenEnd();
+  const int left = colAxis().frozenEnd();
+  const int top = rowAxis().frozenEnd();
   viewport()->scroll(dx, dy, QRect(left, top, all.width() - left, all.height() - top));
   if (dx != 0 && top > 0) viewport()->scroll(dx, 0, QRect(left, 0, all.width() - left, top));
   if (dy != 0 && left > 0) viewport()->scroll(0, dy, QRect(0, top, left, all.height() - top));

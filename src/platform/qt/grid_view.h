@@ -27,6 +27,10 @@ class GridView : public QAbstractScrollArea {
 
   Grid& grid() const { return grid_; }
   const EditGrid* editGrid() const { return editGrid_; }
+  // Where rows and columns lie at the scale at which they are shown.
+  float scale() const { return scale_; }
+  const GridAxis& rowAxis() const;
+  const GridAxis& colAxis() const;
   // Where the cell lies now, without its lines; outside the viewport where it is scrolled away.
   QRect cellRect(CellPosition cell) const;
   // The part of the viewport in which the cell shows: what is frozen, or what scrolls.
@@ -74,6 +78,7 @@ class GridView : public QAbstractScrollArea {
   void hideEvent(QHideEvent* event) override;
 
  private:
+  const GridAxis& scaled(const GridAxis& axis, GridAxis& copy) const;
   void setScrollRanges();
   void showSelection();
   void showHead(bool isNew);
@@ -94,6 +99,8 @@ class GridView : public QAbstractScrollArea {
   EditGrid* editGrid_;                // the same one; null for a table
   GridCellEditor* editor_ = nullptr;  // with editGrid_
   std::unique_ptr<GridColumnDrag> columnDrag_;
+  float scale_ = 1;
+  mutable GridAxis rows_, cols_;  // scaled, where that is not as in the grid
   GridSelection shown_;  // as painted last
   std::optional<CellBlock> shownPointed_, shownFill_;
   bool dragging_ = false;

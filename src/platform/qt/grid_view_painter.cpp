@@ -22,7 +22,6 @@ constexpr QColor lineColour{0xE2, 0xE5, 0xEA};
 constexpr double selectionStrength = 0.22;
 constexpr int tagMargin = 4;
 constexpr double cornerMark = 7;
-constexpr int sideMargin = static_cast<int>(Grid::sideMargin / twipsPerPixel);
 
 QColor mixed(QColor ground, QColor over, double share) {
   const auto mix = [share](int below, int above) {
@@ -40,8 +39,8 @@ struct CellFont {
   QRawFont glyphs;
 };
 
-CellFont cellFont(const Grid& grid, bool heading) {
-  QFont font = toQt(grid.font());
+CellFont cellFont(const GridView& view, bool heading) {
+  QFont font = toQt(view.grid().font(), view.scale());
   if (heading) font.setWeight(QFont::DemiBold);
   return CellFont(font);
 }
@@ -91,8 +90,9 @@ class CellPainter {
       : painter_(painter),
         view_(view),
         grid_(view.grid()),
-        body_(cellFont(grid_, false)),
-        heading_(cellFont(grid_, true)) {}
+        body_(cellFont(view, false)),
+        heading_(cellFont(view, true)),
+        sideMargin_(toPixel(Grid::sideMargin, view.scale())) {}
 
   void paint(CellPosition cell) {
     const QRect place = view_.cellRect(cell);
@@ -157,7 +157,7 @@ class CellPainter {
 
   void paintText(const QRect& place, const Cell& content) {
     const CellFont& font = content.isBold() ? heading_ : body_;
-    const double room = place.width() - 2 * sideMargin;
+    const double room = place.width() - 2 * sideMargin_;
     painter_.setPen(toQt(content.style.fore));
     // Most cells are figures: their glyphs straight from the font are drawn three times as fast as
     // text that is shaped.
@@ -179,13 +179,13 @@ class CellPainter {
     return font.metrics.elidedText(toQt(content.text), Qt::ElideRight, room);
   }
 
-  static double textStart(const QRect& place, const Cell& content, double length) {
-    const double room = place.width() - 2 * sideMargin;
+  double textStart(const QRect& place, const Cell& content, double length) const {
+    const double room = place.width() - 2 * sideMargin_;
     const Align align = content.style.align;
     const double before = align == Align::left     ? 0
                           : align == Align::centre ? (room - length) / 2
                                                    : room - length;
-    return place.left() + sideMargin + before;
+    return place.left() + sideMargin_ + before;
   }
 
   QPainter& painter_;
@@ -193,6 +193,7 @@ class CellPainter {
   const Grid& grid_;
   CellFont body_;
   CellFont heading_;
+  int sideMargin_;
 };
 
 // The active cell, or its row, framed on its lines.
@@ -205,11 +206,11 @@ void paintFrame(QPainter& painter, const GridView& view) {
   if (grid.selectionMode() == SelectionMode::rows) {
     place.setLeft(0);
     place.setRight(view.cellRect({1, grid.maxCols()}).right());
-  } else if (grid.activeCell().col > grid.colAxis().frozen()) {
-    room.setLeft(grid.colAxis().frozenEnd() - 1);
+  } else if (grid.activeCell().col > view.colAxis().frozen()) {
+    room.setLeft(view.colAxis().frozenEnd() - 1);
   }
   // What scrolls goes below what is frozen.
-  if (grid.activeCell().row > grid.rowAxis().frozen()) room.setTop(grid.rowAxis().frozenEnd() - 1);
+  if (grid.activeCell().row > view.rowAxis().frozen()) room.setTop(view.rowAxis().frozenEnd() - 1);
   painter.setClipRect(room);
   painter.setPen(
       QPen(view.holdsFocus() ? theme::accent : theme::strongLine, view.holdsFocus() ? 2 : 1));
@@ -244,11 +245,10 @@ struct Part {
 
 void paintPart(QPainter& painter, CellPainter& cells, const GridView& view, const Part& part,
                QPoint scrolled) {
-  const Grid& grid = view.grid();
   const Range rows =
-      rangeBetween(grid.rowAxis(), part.upper, scrolled.y(), part.place.top(), part.place.bottom());
+      rangeBetween(view.rowAxis(), part.upper, scrolled.y(), part.place.top(), part.place.bottom());
   const Range cols =
-      rangeBetween(grid.colAxis(), part.left, scrolled.x(), part.place.left(), part.place.right());
+      rangeBetween(view.colAxis(), part.left, scrolled.x(), part.place.left(), part.place.right());
   painter.save();
   painter.setClipRect(part.place);
   for (int row = rows.first; row <= rows.last; ++row)
@@ -261,10 +261,10 @@ void paintPart(QPainter& painter, CellPainter& cells, const GridView& view, cons
 void paintGrid(QPainter& painter, const GridView& view, const QRect& area) {
   const Grid& grid = view.grid();
   const QPoint scrolled(view.horizontalScrollBar()->value(), view.verticalScrollBar()->value());
-  const int left = grid.colAxis().frozenEnd();
-  const int top = grid.rowAxis().frozenEnd();
-  const QRect content(0, 0, grid.colAxis().total() - scrolled.x(),
-                      grid.rowAxis().total() - scrolled.y());
+  const int left = view.colAxis().frozenEnd();
+  const int top = view.rowAxis().frozenEnd();
+  const QRect content(0, 0, view.colAxis().total() - scrolled.x(),
+                      view.rowAxis().total() - scrolled.y());
   painter.fillRect(area, toQt(grid.backColour()));
   painter.fillRect(area & content, lineColour);
   CellPainter cells(painter, view);

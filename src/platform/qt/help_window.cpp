@@ -10,6 +10,7 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QTextDocument>
+#include <algorithm>
 
 #include "base/file_io.h"
 #include "help/topic_page.h"
@@ -19,8 +20,8 @@
 namespace tolmer {
 namespace {
 
-constexpr int textPixels = 14;
-constexpr int margin = 18;
+constexpr Font textFont{FontFamily::interface, 14};
+constexpr Twips pageMargin = pixels(18);
 constexpr int dotsPerInch = 96;  // so that a page on paper has the sizes of the screen
 
 QString pageStyle() {
@@ -61,16 +62,18 @@ QVariant topicOf(const QTreeWidgetItem* item) { return item->data(0, Qt::UserRol
 HelpPage::HelpPage(const QString& folder, QWidget* parent) : QTextBrowser(parent), folder_(folder) {
   setOpenLinks(false);
   setAccessibleName(QStringLiteral("Help page"));
-  QFont font = this->font();
-  font.setPixelSize(textPixels);
-  document()->setDefaultFont(font);
   document()->setDefaultStyleSheet(pageStyle());
-  document()->setDocumentMargin(margin);
+  showAnew();
+}
+
+void HelpPage::showAnew() {
+  document()->setDefaultFont(toQt(textFont, theme::zoom()));
+  document()->setDocumentMargin(toPixel(pageMargin, theme::zoom()));
 }
 
 void HelpPage::showPage(const QString& html, const QString& anchor) {
   setHtml(html);
-  document()->setDocumentMargin(margin);
+  showAnew();
   verticalScrollBar()->setValue(0);
   if (!anchor.isEmpty()) scrollToAnchor(anchor);
 }
@@ -130,15 +133,17 @@ void HelpWindow::layOut() {
   split->addWidget(page_);
   split->setStretchFactor(1, 1);
   split->setChildrenCollapsible(false);
-  split->setSizes({finderWidth, usualSize.width() - finderWidth});
+  const int forFinder = static_cast<int>(finderWidth * std::min(theme::zoom(), 1.5F));
+  split->setSizes({forFinder, usualSize.width() - forFinder});
   auto* rows = new QVBoxLayout(this);
   rows->setContentsMargins(gap, gap, gap, gap);
   rows->setSpacing(gap);
   rows->addWidget(makeButtons());
   rows->addWidget(split, 1);
   const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
-  setMinimumSize(smallestSize);
-  resize(usualSize.boundedTo(screen.size() - QSize(2 * edge, 3 * edge)));
+  const QSize room = screen.size() - QSize(2 * edge, 3 * edge);
+  setMinimumSize(smallestSize.boundedTo(room));
+  resize((usualSize * theme::zoom()).boundedTo(room));
   move(screen.topLeft() + QPoint(edge, edge));
 }
 
@@ -239,6 +244,10 @@ void HelpWindow::answer(const HelpRequest& request) {
   if (request.kind == HelpRequest::Kind::search) return toSearch();
   query_->clear();  // what was searched for another question would hide the contents
   page_->setFocus();
+}
+
+void HelpWindow::showAnew() {
+  if (isVisible()) showPlace();
 }
 
 void HelpWindow::open(const HelpRequest& request) {

@@ -23,6 +23,8 @@ class HelpPage : public QTextBrowser {
  public:
   HelpPage(const QString& folder, QWidget* parent);
 
+  // At the size that everything has now.
+  void showAnew();
   void showPage(const QString& html, const QString& anchor);
   // The page on paper, as a PDF file. False where it cannot be written.
   bool writePdf(const QString& file) const;
@@ -44,6 +46,8 @@ class HelpWindow : public CompanionWindow {
   HelpWindow(const std::string& folder, std::function<QWidget*()> top, OpenDocument openDocument);
 
   void answer(const HelpRequest& request);
+  // The zoom has changed.
+  void showAnew();
   const HelpReader& reader() const { return reader_; }
 
  private:

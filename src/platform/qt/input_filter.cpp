@@ -6,13 +6,14 @@
 #include <array>
 #include <utility>
 
+#include "platform/desktop.h"
 #include "platform/qt/gate.h"
 #include "platform/window.h"
 
 namespace tolmer {
 namespace {
 
-constexpr std::array<std::pair<int, int>, 16> namedKeys{{{Qt::Key_Backspace, keys::backspace},
+constexpr std::array<std::pair<int, int>, 18> namedKeys{{{Qt::Key_Backspace, keys::backspace},
                                                          {Qt::Key_Tab, keys::tab},
                                                          {Qt::Key_Backtab, keys::tab},
                                                          {Qt::Key_Return, keys::enter},
@@ -27,11 +28,14 @@ constexpr std::array<std::pair<int, int>, 16> namedKeys{{{Qt::Key_Backspace, key
                                                          {Qt::Key_Right, keys::right},
                                                          {Qt::Key_Down, keys::down},
                                                          {Qt::Key_Delete, keys::deleteKey},
-                                                         {Qt::Key_Menu, keys::menu}}};
+                                                         {Qt::Key_Menu, keys::menu},
+                                                         {Qt::Key_Plus, keys::plus},
+                                                         {Qt::Key_Minus, keys::minus}}};
 
 int keyCode(int key) {
   for (const auto& [toolkit, code] : namedKeys)
     if (toolkit == key) return code;
+  if (key == Qt::Key_Equal) return keys::plus;  // on the same key, where that needs Shift
   if (key >= Qt::Key_F1 && key <= Qt::Key_F12) return keys::f1 + key - Qt::Key_F1;
   // The toolkit's codes of other characters mean other keys here: its point is the Delete key.
   const bool isOwnCode = key == Qt::Key_Space || (key >= Qt::Key_0 && key <= Qt::Key_9) ||
@@ -69,6 +73,34 @@ Qt::Key toolkitKey(int code) {
     if (named == code) return static_cast<Qt::Key>(toolkit);
   const bool isFunctionKey = code >= keys::f1 && code < keys::f1 + 12;
   return static_cast<Qt::Key>(isFunctionKey ? Qt::Key_F1 + code - keys::f1 : code);
+}
+
+namespace {
+
+class DesktopKeys : public QObject {
+ public:
+  DesktopKeys(QWidget& window, const Desktop& desktop, Gate& gate)
+      : QObject(&window), desktop_(desktop), gate_(gate) {
+    window.installEventFilter(this);
+  }
+
+ protected:
+  bool eventFilter(QObject*, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress) return false;
+    const TakenKey* key = takenKey(desktop_, toKeyPress(*static_cast<QKeyEvent*>(event)));
+    if (key) gate_.enter(key->work);
+    return key != nullptr;
+  }
+
+ private:
+  const Desktop& desktop_;
+  Gate& gate_;
+};
+
+}  // namespace
+
+void takeDesktopKeys(QWidget& window, const Desktop& desktop, Gate& gate) {
+  new DesktopKeys(window, desktop, gate);
 }
 
 std::optional<MouseButton> modelButton(const QMouseEvent& event) {
@@ -123,6 +155,8 @@ bool InputFilter::eventFilter(QObject* object, QEvent* event) {
     case QEvent::MouseButtonRelease:
       mouseReleased(*object, watched, *static_cast<QMouseEvent*>(event));
       return false;
+    case QEvent::Wheel:
+      return wheelTurned(control, *static_cast<QWheelEvent*>(event));
     case QEvent::HoverEnter:
     case QEvent::HoverMove:
       gate_.enter([&] { mouse_.move(control); });
@@ -138,6 +172,16 @@ bool InputFilter::eventFilter(QObject* object, QEvent* event) {
     default:
       return false;
   }
+}
+
+// A notch of the wheel is 120 units and as many lines as the desktop says.
+bool InputFilter::wheelTurned(Control& control, const QWheelEvent& event) {
+  const float notches = -static_cast<float>(event.angleDelta().y()) / 120;
+  bool turned = false;
+  gate_.enter([&] {
+    turned = turnWheel(control, notches * static_cast<float>(QApplication::wheelScrollLines()));
+  });
+  return turned;
 }
 
 bool InputFilter::keyPressed(Control& control, const KeyPress& key) {

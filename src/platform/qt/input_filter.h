@@ -23,6 +23,9 @@ std::optional<MouseButton> modelButton(const QMouseEvent& event);
 // Whether it is input to a window that takes none.
 bool keepsOut(const Window& window, QEvent& event);
 
+// Has a window that mirrors no model take the keys that mean the same in every window.
+void takeDesktopKeys(QWidget& window, const Desktop& desktop, Gate& gate);
+
 // Hands on to the models what the mouse does, the keys that are taken, and where the focus goes.
 class InputFilter : public QObject {
  public:
@@ -43,6 +46,7 @@ class InputFilter : public QObject {
     bool isFrame = false;
   };
   void watchOne(QWidget& widget, Watched watched);
+  bool wheelTurned(Control& control, const QWheelEvent& event);
   bool keyPressed(Control& control, const KeyPress& key);
   void mouseReleased(const QObject& widget, Watched watched, const QMouseEvent& event);
 

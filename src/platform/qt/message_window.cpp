@@ -59,6 +59,7 @@ Answer showMessageBox(Mirror& mirror, const MessageBox& box, const QString& empt
   window.setTextFormat(Qt::PlainText);
   addButtons(window, box);
   window.setWindowModality(Qt::ApplicationModal);
+  takeDesktopKeys(window, mirror.desktop, mirror.gate);
   WithoutEscape withoutEscape;
   if (!answerToEscape(box)) window.installEventFilter(&withoutEscape);
   QEventLoop loop;

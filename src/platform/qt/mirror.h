@@ -8,6 +8,8 @@
 namespace tolmer {
 
 struct Mirror {
+  explicit Mirror(const Desktop& desktop) : desktop(desktop) {}
+  const Desktop& desktop;
   Gate gate;
   InputFilter input{gate};
   WindowStack windows;

@@ -9,7 +9,8 @@
 namespace tolmer {
 namespace {
 
-constexpr int rowHeight = 23;
+constexpr Twips rowHeight = pixels(23);
+constexpr Twips indentation = pixels(16);
 
 class OutlinePeer : public PeerOf<Outline> {
  public:
@@ -21,7 +22,6 @@ class OutlinePeer : public PeerOf<Outline> {
     tree_ = new QTreeWidget(ground);
     tree_->setHeaderHidden(true);
     tree_->setUniformRowHeights(true);
-    tree_->setIndentation(16);
     tree_->setExpandsOnDoubleClick(false);  // what a click opens and closes is the model's business
     connectMouse();
     // By the keyboard, or by whatever works the tree from outside.
@@ -49,6 +49,7 @@ class OutlinePeer : public PeerOf<Outline> {
 
   void update(Change what) override {
     if (has(what, Change::items)) fill();
+    if (has(what, Change::items) || has(what, Change::look)) sizeRows();
     if (!has(what, Change::items) && !has(what, Change::value)) return;
     const int index = model_.listIndex();
     tree_->setCurrentItem(index < 0 ? nullptr : items_[index]);
@@ -59,7 +60,6 @@ class OutlinePeer : public PeerOf<Outline> {
     for (std::size_t i = items_.size(); i < model_.items().size(); ++i) {
       const auto& entry = model_.items()[i];
       auto* item = new QTreeWidgetItem({toQt(entry.text)});
-      item->setSizeHint(0, {0, rowHeight});
       item->setData(0, Qt::UserRole, static_cast<int>(i));
       if (QTreeWidgetItem* above = parentOf(i))
         above->addChild(item);
@@ -69,6 +69,11 @@ class OutlinePeer : public PeerOf<Outline> {
     }
     for (std::size_t i = 0; i < items_.size(); ++i)
       items_[i]->setExpanded(model_.items()[i].expanded);
+  }
+
+  void sizeRows() {
+    tree_->setIndentation(toPixel(indentation, scale()));
+    for (QTreeWidgetItem* item : items_) item->setSizeHint(0, {0, toPixel(rowHeight, scale())});
   }
 
   // The nearest item before it that stands further out.

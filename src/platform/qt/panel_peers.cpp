@@ -23,7 +23,7 @@ class PanelWidget : public QWidget {
       painter.drawRect(rect().adjusted(0, 0, -1, -1));
     }
     if (panel_.caption().empty()) return;
-    painter.setFont(toQt(panel_.font()));
+    painter.setFont(toQt(panel_.font(), scaleOf(panel_)));
     painter.setPen(toQt(panel_.foreColour()));
     const QStringList lines = toQt(panel_.caption()).split('\n');
     if (lines.size() > 1 && lines.count(lines.front()) == lines.size())
@@ -76,8 +76,8 @@ class PanelPeer : public PeerOf<Panel, ContainerPeer> {
   int raised_ = 0;
 };
 
-constexpr int captionLeft = 10;
-constexpr int captionGap = 4;
+constexpr Twips captionLeft = pixels(10);
+constexpr Twips captionGap = pixels(4);
 
 // The toolkit's own look sets the caption above the box, where the model's places leave no room.
 class FrameWidget : public QGroupBox {
@@ -88,10 +88,12 @@ class FrameWidget : public QGroupBox {
   void paintEvent(QPaintEvent*) override {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
-    const QFont font = toQt(Font{frame_.font().family, frame_.font().pixels, true});
+    const float scale = scaleOf(frame_);
+    const QFont font = toQt(Font{frame_.font().family, frame_.font().pixels, true}, scale);
     const QFontMetrics metrics(font);
     const QString caption = toQt(withoutMnemonic(frame_.caption()));
-    const QRect text(captionLeft, 0, metrics.horizontalAdvance(caption) + 2 * captionGap,
+    const QRect text(toPixel(captionLeft, scale), 0,
+                     metrics.horizontalAdvance(caption) + 2 * toPixel(captionGap, scale),
                      metrics.height());
     paintBox(painter, caption.isEmpty() ? 0 : metrics.height() / 2, text);
     painter.setFont(font);

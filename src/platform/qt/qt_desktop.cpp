@@ -19,6 +19,7 @@
 #include "platform/qt/message_window.h"
 #include "platform/qt/page_painter.h"
 #include "platform/qt/printing.h"
+#include "platform/qt/theme.h"
 #include "platform/qt/window_peer.h"
 
 namespace tolmer {
@@ -29,6 +30,15 @@ QtDesktop::QtDesktop() : alarm_(timers(), mirror_.gate) {
   QObject::connect(
       qGuiApp, &QGuiApplication::commitDataRequest, &session_,
       [this](QSessionManager& session) { sessionEnds(session); }, Qt::DirectConnection);
+  QObject::connect(QGuiApplication::primaryScreen(), &QScreen::availableGeometryChanged, &session_,
+                   [this] { screenChanged(); });
+  QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &session_,
+                   [this](QScreen* screen) {
+                     if (!screen) return;
+                     QObject::connect(screen, &QScreen::availableGeometryChanged, &session_,
+                                      [this] { screenChanged(); });
+                     screenChanged();
+                   });
 }
 
 QtDesktop::~QtDesktop() {
@@ -69,11 +79,25 @@ void QtDesktop::doEvents() {
 
 Size QtDesktop::screenSize() const {
   const QSize size = QGuiApplication::primaryScreen()->availableGeometry().size();
-  return {toTwips(size.width()), toTwips(size.height())};
+  return toTwips(size, theme::zoom());
+}
+
+void QtDesktop::zoomChanged() {
+  theme::setZoom(static_cast<float>(zoom()) / usualZoom);
+  if (help_) help_->showAnew();
+  screenChanged();
+}
+
+// Each window stands anew on the screen as it is now; its model may have another idea of its size.
+void QtDesktop::screenChanged() {
+  for (Window* window : windows()) static_cast<ControlPeer*>(window->peer())->showAnew();
+  mirror_.gate.enter([this] {
+    for (Window* window : windows()) window->reportScreen();
+  });
 }
 
 Twips QtDesktop::scrollBarThickness() const {
-  return toTwips(QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+  return toTwips(QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent), theme::zoom());
 }
 
 void QtDesktop::popupMenu(MenuItem& menu, Window& window) {
@@ -124,11 +148,13 @@ void QtDesktop::print(const PrintedPages& pages) {
 // The pages are read when somebody first asks for them.
 void QtDesktop::showHelp(const HelpRequest& request) {
   if (!help_ && request.kind == HelpRequest::Kind::quit) return;
-  if (!help_)
+  if (!help_) {
     help_ = std::make_unique<HelpWindow>(
         helpFolder_.empty() ? programFolder() + "/help" : helpFolder_,
         [this] { return mirror_.windows.top(); },
         [this](const std::string& path) { return openDocument(path); });
+    takeDesktopKeys(*help_, *this, mirror_.gate);
+  }
   help_->answer(request);
 }
 

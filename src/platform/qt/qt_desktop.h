@@ -62,9 +62,11 @@ class QtDesktop : public Desktop {
   Gate& gate() { return mirror_.gate; }
 
  private:
+  void zoomChanged() override;
+  void screenChanged();
   void sessionEnds(QSessionManager& session);
 
-  Mirror mirror_;
+  Mirror mirror_{*this};
   Alarm alarm_;
   bool busyPointer_ = false;
   std::string helpFolder_;

@@ -13,11 +13,14 @@
 namespace tolmer {
 namespace {
 
+class BookTabs;
+
 // The tabs of a notebook along the upper edge and the page below them.
 class BookWidget : public QWidget {
  public:
   explicit BookWidget(QWidget* parent);
-  QTabBar& tabs() { return *tabs_; }
+  BookTabs& tabs() { return *tabs_; }
+  void setScale(float scale);
 
  protected:
   void resizeEvent(QResizeEvent* event) override;
@@ -26,7 +29,10 @@ class BookWidget : public QWidget {
  private:
   void stepBy(int step);
 
-  QTabBar* tabs_;
+  int tabHeight() const;
+
+  BookTabs* tabs_;
+  float scale_ = 1;
 };
 
 constexpr int corner = 5;
@@ -44,8 +50,7 @@ class BookTabs : public QTabBar {
  protected:
   // Asked for often, and measuring is slow.
   void tabInserted(int index) override {
-    constexpr int sides = static_cast<int>(TabBook::tabSides / twipsPerPixel);
-    wanted_.insert(index, sides + fontMetrics().size(Qt::TextShowMnemonic, tabText(index)).width());
+    wanted_.insert(index, wantedWidth(index));
   }
   QSize tabSizeHint(int index) const override {
     const int wanted = wanted_.value(index);
@@ -60,7 +65,18 @@ class BookTabs : public QTabBar {
     if (currentIndex() >= 0) paintTab(painter, currentIndex());
   }
 
+ public:
+  void setScale(float scale) {
+    scale_ = scale;
+    setFont(toQt(Font{}, scale));
+    for (int i = 0; i < count(); ++i) wanted_[i] = wantedWidth(i);
+  }
+
  private:
+  int wantedWidth(int index) const {
+    return toPixel(TabBook::tabSides, scale_) +
+           fontMetrics().size(Qt::TextShowMnemonic, tabText(index)).width();
+  }
   void paintTab(QPainter& painter, int index) {
     const bool chosen = index == currentIndex();
     // The chosen tab runs into the page; the others end above its edge.
@@ -92,6 +108,7 @@ class BookTabs : public QTabBar {
                      QColor(theme::accent));
   }
 
+  float scale_ = 1;
   QList<int> wanted_;  // width of each tab where there is room for all
 };
 
@@ -105,6 +122,7 @@ class TabBookPeer : public WidgetPeer<TabBook, BookWidget, ContainerPeer> {
        [this](int tab) { tell([&book = model_, tab] { book.chooseTab(tab); }); });
   }
   void update(Change what) override {
+    if (has(what, Change::look)) widget_->setScale(scale());
     QTabBar& tabs = widget_->tabs();
     if (has(what, Change::items))
       for (int i = tabs.count(); i < model_.tabCount(); ++i)
@@ -130,13 +148,20 @@ void BookWidget::stepBy(int step) {
   if (count > 0) tabs_->setCurrentIndex((tabs_->currentIndex() + step + count) % count);
 }
 
-void BookWidget::resizeEvent(QResizeEvent*) {
-  tabs_->setGeometry(0, 0, width(), toPixel(TabBook::tabHeight));
+void BookWidget::resizeEvent(QResizeEvent*) { tabs_->setGeometry(0, 0, width(), tabHeight()); }
+
+int BookWidget::tabHeight() const { return toPixel(TabBook::tabHeight, scale_); }
+
+void BookWidget::setScale(float scale) {
+  if (scale == scale_) return;
+  scale_ = scale;
+  tabs_->setScale(scale);
+  tabs_->setGeometry(0, 0, width(), tabHeight());
 }
 
 void BookWidget::paintEvent(QPaintEvent*) {
   QPainter painter(this);
-  const int top = toPixel(TabBook::tabHeight) - 1;
+  const int top = tabHeight() - 1;
   painter.setPen(QColor(theme::line));
   painter.setBrush(QColor(theme::window));
   painter.drawRect(0, top, width() - 1, height() - top - 1);

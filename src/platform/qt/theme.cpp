@@ -2,11 +2,18 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QVariant>
+#include <QWidget>
 
 #include "platform/qt/control_style.h"
+#include "platform/qt/convert.h"
 
 namespace tolmer::theme {
 namespace {
+
+float zoomTimes = 1;
+bool anyMagnified = false;
+constexpr const char* magnification = "magnification";
 
 struct RoleColour {
   QPalette::ColorRole role;
@@ -59,6 +66,27 @@ QPalette palette() {
   return palette;
 }
 
+float zoom() { return zoomTimes; }
+
+// Few windows are magnified, and the style asks often.
+float scaleOf(const QWidget* widget) {
+  if (!anyMagnified || !widget) return zoomTimes;
+  const QVariant times = widget->window()->property(magnification);
+  return times.isValid() ? zoomTimes * times.toFloat() : zoomTimes;
+}
+
+void setMagnification(QWidget& window, float times) {
+  anyMagnified = anyMagnified || times != 1;
+  if (anyMagnified) window.setProperty(magnification, times);
+}
+
+// A style that is set anew has every widget ask for its measures again.
+void setZoom(float times) {
+  zoomTimes = times;
+  installFont();
+  QApplication::setStyle(new ControlStyle);
+}
+
 void install() {
   QApplication::setDesktopSettingsAware(false);
   QCoreApplication::setAttribute(Qt::AA_DontUseNativeMenuBar);
@@ -67,9 +95,7 @@ void install() {
 }
 
 void installFont() {
-  QFont font(interfaceFamily);
-  font.setPixelSize(fontPixels);
-  QApplication::setFont(font);
+  QApplication::setFont(toQt(Font{FontFamily::interface, fontPixels}, zoomTimes));
 }
 
 }  // namespace tolmer::theme

@@ -6,6 +6,8 @@
 #include <QPalette>
 #include <QString>
 
+class QWidget;
+
 namespace tolmer::theme {
 
 inline constexpr QColor face{0xF3, 0xF4, 0xF6};
@@ -33,6 +35,15 @@ inline constexpr int fontPixels = 12;
 void keepLettersApart(QFont& font);
 
 QPalette palette();
+// How many times as large as usual everything is shown.
+float zoom();
+void setZoom(float times);
+
+// Of that and what its window is magnified.
+float scaleOf(const QWidget* widget);
+// For a widget that is a window.
+void setMagnification(QWidget& window, float times);
+
 // To be called before the application object is made: style and palette of the desktop are then
 // not even loaded.
 void install();

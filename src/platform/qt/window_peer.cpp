@@ -2,6 +2,7 @@
 
 #include <QKeyEvent>
 #include <QPainter>
+#include <QScrollArea>
 #include <QWindow>
 
 #include "platform/qt/convert.h"
@@ -22,6 +23,12 @@ class GroundWidget : public QWidget {
  private:
   const Window& window_;
 };
+
+// Where it stands on something that is scrolled.
+void bringIntoView(QWidget& widget) {
+  for (QWidget* above = widget.parentWidget(); above; above = above->parentWidget())
+    if (auto* area = qobject_cast<QScrollArea*>(above)) area->ensureWidgetVisible(&widget, 8, 8);
+}
 
 }  // namespace
 
@@ -59,6 +66,7 @@ void WindowPeer::followFocus() {
   QWidget* widget = focus ? widgetOf(*focus) : nullptr;
   if (widget && !widget->hasFocus())
     widget->setFocus(window_.focusMoves() ? Qt::TabFocusReason : Qt::OtherFocusReason);
+  if (widget) bringIntoView(*widget);
 }
 
 bool WindowPeer::seen(QEvent& event) {
