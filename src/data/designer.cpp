@@ -118,6 +118,7 @@ void frmModelDesign::wireEvents() {
   cmdHelp.Click = [this] { cmdHelp_Click(); };
   takeKey({keys::f1}, [this] { cmdHelp_Click(); });
   cmdShowData.Click = [this] { cmdShowData_Click(); };
+  cmdFormerModel.Click = [this] { cmdFormerModel_Click(); };
   spdVarList.DblClick = [this](CellPosition) { spdVarList_DblClick(); };
   spdIndepVars.DblClick = [this](CellPosition) { cmdIndVarDeselect_Click(); };
   spdVarList.Click = [this](CellPosition) { showVarDefOfActiveRow(); };
@@ -161,6 +162,7 @@ void frmModelDesign::LoadFromDataEditor() {
   else
     DimensionModelDesignerArrays(copy_);
   displayLoadedModel();
+  cmdFormerModel.setVisible(!columnsOfFormerModel(copy_, state_).empty());
 }
 
 void frmModelDesign::displayLoadedModel() {
@@ -169,9 +171,10 @@ void frmModelDesign::displayLoadedModel() {
   DisplayIndepVars();
 }
 
+// Return still means OK: the list leaves it to the default button.
 void frmModelDesign::Form_Activate() {
   mbOKToUnload_ = false;
-  cmdOK.setFocus();
+  spdVarList.setFocus();
 }
 
 void frmModelDesign::Form_QueryUnload(bool& bCancel) const {
@@ -195,20 +198,34 @@ void frmModelDesign::spdVarList_DblClick() {
 }
 
 void frmModelDesign::cmdDepVarDeselect_Click() {
+  const bool hadOne = !txtDepVar.text().empty();
   UnSpecifyDepVar(copy_);
   DisplayDepVar();
+  answer(cmdDepVarDeselect, hadOne, "No dependent variable is chosen.");
 }
 
 void frmModelDesign::cmdIndVarSelect_Click() {
+  const Int16 before = copy_.miNumPredictors;
   SpecifyIndepVars(copy_, selectionOf(spdVarList));
   spdVarList.unmarkBlocks();
   DisplayIndepVars();
+  answer(cmdIndVarSelect, copy_.miNumPredictors != before,
+         "Nothing was added: mark a variable that is not in the model yet.");
 }
 
 void frmModelDesign::cmdIndVarDeselect_Click() {
+  const Int16 before = copy_.miNumPredictors;
   UnSpecifyIndepVars(copy_, selectionOf(spdIndepVars));
   spdIndepVars.unmarkBlocks();
   DisplayIndepVars();
+  answer(cmdIndVarDeselect, copy_.miNumPredictors != before,
+         "Nothing was removed: mark a variable of the list Independent Variables.");
+}
+
+// A button that has found nothing to do says so, also to those who pressed its letter and look
+// elsewhere.
+void frmModelDesign::answer(Button& button, bool hasDone, const char* words) {
+  desktop().tellAt(button, hasDone ? "" : words);
 }
 
 void frmModelDesign::cmdOK_Click() {
@@ -268,6 +285,13 @@ void frmModelDesign::cmdShowData_Click() {
   list.UpdateDisplay();
   desktop().setBusyPointer(false);
   list.showModal();
+}
+
+void frmModelDesign::cmdFormerModel_Click() {
+  SpecifyModel(copy_, columnsOfFormerModel(copy_, state_));
+  chkUseIntercept.setValue(state_.bUseIntercept ? 1 : 0);
+  DisplayDepVar();
+  DisplayIndepVars();
 }
 
 void frmModelDesign::showVarDefOfActiveRow() {
@@ -341,6 +365,8 @@ void frmModelDesign::describeControls() {
   cmdCancel.setTip("Return to previous screen with no changes");
   cmdHelp.setTip("Obtain help on setting up a model");
   cmdShowData.setTip("Show a list of all the data");
+  cmdFormerModel.setTip("Choose the variables of the last model again");
+  cmdFormerModel.setVisible(false);
   speak(cmdDepVarSelect, "Choose dependent variable", "Choose selected variable as dependent.");
   speak(cmdDepVarDeselect, "Remove dependent variable", "Remove selected dependent variable.");
   speak(cmdIndVarSelect, "Choose independent variables",
@@ -422,7 +448,7 @@ void frmModelDesign::placeButtons() {
   cmdIndVarSelect.setPlace({arrowLeft, indTop, arrowWidth, buttonHeight});
   cmdIndVarDeselect.setPlace({arrowLeft, indTop + step, arrowWidth, buttonHeight});
   Twips top = pixels(14);
-  for (Button* button : {&cmdOK, &cmdCancel, &cmdHelp, &cmdShowData}) {
+  for (Button* button : {&cmdOK, &cmdCancel, &cmdHelp, &cmdShowData, &cmdFormerModel}) {
     button->setPlace({commandLeft, top, commandWidth, pixels(28)});
     top = button->bottom() + gap;
   }

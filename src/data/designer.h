@@ -69,6 +69,7 @@ class frmModelDesign : public Window {
   Button cmdCancel{&picControls, "cmdCancel", "Cancel"};
   Button cmdHelp{&picControls, "cmdHelp", "&Help"};
   Button cmdShowData{&picControls, "cmdShowData", "Show &Data"};
+  Button cmdFormerModel{&picControls, "cmdFormerModel", "&Former Model"};
   Frame fraVarDefs{&picControls, "fraVarDefs", "Definitions of Variables"};
   Panel fraVarDefsInside{&fraVarDefs, "fraVarDefsInside"};
   Grid spdVarDefs{&fraVarDefsInside, "spdVarDefs"};
@@ -87,10 +88,12 @@ class frmModelDesign : public Window {
   void cmdDepVarDeselect_Click();
   void cmdIndVarSelect_Click();
   void cmdIndVarDeselect_Click();
+  void answer(Button& button, bool hasDone, const char* words);
   void cmdOK_Click();
   void cmdCancel_Click();
   void cmdHelp_Click();
   void cmdShowData_Click();
+  void cmdFormerModel_Click();
   void showVarDefOfActiveRow();
   void openEditorAgain();
   void leaveUnchanged();

@@ -1,5 +1,6 @@
 #include "data/model_choice.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <string_view>
@@ -92,6 +93,27 @@ void SpecifyIndepVars(WorkingCopy& copy, const RowSelection& selection) {
     if (row < 1 || row > copy.miNumCols || row == copy.miDepVarCol) return;
     copy.obIsIndepVar(row) = true;
   });
+  copy.miNumPredictors = listIndepVars(copy);
+}
+
+std::vector<Int16> columnsOfFormerModel(const WorkingCopy& copy, const AnalysisState& state) {
+  std::vector<Int16> columns;
+  for (int variable = 1; hasModel(state) && variable <= state.iNumPredictors + 1; ++variable) {
+    Int16 column = 1;
+    while (column <= copy.miNumCols && (std::ranges::count(columns, column) > 0 ||
+                                        copy.otColName(column) != variableName(state, variable)))
+      ++column;
+    if (column > copy.miNumCols) return {};
+    columns.push_back(column);
+  }
+  return columns;
+}
+
+void SpecifyModel(WorkingCopy& copy, const std::vector<Int16>& columns) {
+  clearModel(copy);
+  for (const Int16 column : columns) copy.obIsIndepVar(column) = column != columns.front();
+  copy.miDepVarCol = columns.front();
+  copy.mbDepVarSpecified = true;
   copy.miNumPredictors = listIndepVars(copy);
 }
 

@@ -32,6 +32,12 @@ void SpecifyDepVar(WorkingCopy& copy, const RowSelection& selection, MessagePort
 // rows below the last variable, which are passed over one by one.
 void SpecifyIndepVars(WorkingCopy& copy, const RowSelection& selection);
 
+// The columns of the data that bear the names of the variables of the model in force, the dependent
+// one first; empty where one of them is missing or there is no model.
+std::vector<Int16> columnsOfFormerModel(const WorkingCopy& copy, const AnalysisState& state);
+// Takes these in place of what is chosen.
+void SpecifyModel(WorkingCopy& copy, const std::vector<Int16>& columns);
+
 void UnSpecifyDepVar(WorkingCopy& copy);
 
 // Takes independent variables out; here rows are positions in the list of independent ones.

@@ -14,6 +14,7 @@
 
 namespace tolmer {
 
+class Control;
 class MenuItem;
 class Window;
 struct PrintedPages;
@@ -54,6 +55,8 @@ class Desktop : public MessagePort {
   virtual Twips scrollBarThickness() const = 0;
   // At the mouse where that is over the window, else (a key asked for it) in the window's middle.
   virtual void popupMenu(MenuItem& menu, Window& window) = 0;
+  // Words beside a control that has no box to answer: they go by themselves. Empty: at once.
+  virtual void tellAt(Control& control, const std::string& words) = 0;
   virtual void beep() = 0;
   virtual void setBusyPointer(bool busy) = 0;
   virtual void setClipboard(const ClipboardContent& content) = 0;

@@ -1,5 +1,6 @@
 #include "platform/text_metrics.h"
 
+#include <cctype>
 #include <algorithm>
 #include <cmath>
 
@@ -166,6 +167,12 @@ std::string withoutMnemonic(std::string_view caption) {
     text += caption[i];
   }
   return text;
+}
+
+int mnemonicOf(std::string_view caption) {
+  const auto mark = caption.find('&');
+  if (mark == caption.npos || mark + 1 == caption.size()) return 0;
+  return std::toupper(static_cast<unsigned char>(caption[mark + 1]));
 }
 
 }  // namespace tolmer

@@ -25,5 +25,7 @@ double wrappedHeight(const Font& font, std::string_view text, double width);
 
 // The text without its "&" marks ("&&" is one "&").
 std::string withoutMnemonic(std::string_view caption);
+// The letter behind its "&", as a key code; 0 where none is marked.
+int mnemonicOf(std::string_view caption);
 
 }  // namespace tolmer

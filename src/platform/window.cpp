@@ -1,13 +1,13 @@
 #include "platform/window.h"
 
 #include <algorithm>
-#include <cctype>
 #include <iterator>
 
 #include "platform/buttons.h"
 #include "platform/desktop.h"
 #include "platform/labels.h"
 #include "platform/tab_order.h"
+#include "platform/text_metrics.h"
 
 namespace tolmer {
 namespace {
@@ -257,20 +257,25 @@ bool FrameWindow::pressKey(const KeyPress& key) {
   const bool isLetter = key.code >= 'A' && key.code <= 'Z';
   if (!isLetter || !key.alt || key.control || key.shift) return Window::pressKey(key);
   Button* button = mnemonicButton(static_cast<char>(key.code));
-  if (button) button->click();
-  return button != nullptr;
+  if (!button) return false;
+  if (button->canBeUsed())
+    button->click();
+  else
+    desktop().tellAt(*button, withoutMnemonic(button->caption()) + " cannot be used now.");
+  return true;
 }
 
+// One that can be used goes before one that cannot.
 Button* FrameWindow::mnemonicButton(char letter) {
-  const auto has = [letter](const Button& button) {
-    const auto mark = button.caption().find('&');
-    if (mark == std::string::npos || mark + 1 == button.caption().size()) return false;
-    const auto small = [](char c) { return std::tolower(static_cast<unsigned char>(c)); };
-    return small(button.caption()[mark + 1]) == small(letter) && button.canBeUsed();
-  };
-  for (Window* child : childWindows_)
-    if (child->visible())
-      if (Button* button = findButton(*child, has)) return button;
+  for (const bool usable : {true, false}) {
+    const auto fits = [=](const Button& button) {
+      return mnemonicOf(button.caption()) == letter && button.visible() &&
+             button.canBeUsed() == usable;
+    };
+    for (Window* child : childWindows_)
+      if (child->visible())
+        if (Button* button = findButton(*child, fits)) return button;
+  }
   return nullptr;
 }
 

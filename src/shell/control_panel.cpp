@@ -7,6 +7,7 @@
 #include "displays/display_list.h"
 #include "graphs/scatter_plot.h"
 #include "platform/desktop.h"
+#include "platform/text_metrics.h"
 
 namespace tolmer {
 namespace {
@@ -70,7 +71,17 @@ void frmControlPanel::wireEvents() {
   cmdChangeModel.Click = [this] { raise(changeModel); };
   cmdShowNotebook.Click = [this] { raise(showNotebook); };
   cmdChangeDataSource.Click = [this] { raise(changeDataSource); };
+  declareLetters();
   tmrFlashUpdate.Tick = [this] { tmrFlashUpdate_Timer(); };
+}
+
+// The letters that it shares with menus are the panel's own while it is the active child.
+void frmControlPanel::declareLetters() {
+  for (const int letter : {'D', 'E'})
+    takeKey(
+        {.code = letter, .shift = Held::no, .control = Held::no, .alt = Held::yes},
+        [this] { cmdChangeDataSource.click(); },
+        [this, letter] { return mnemonicOf(cmdChangeDataSource.caption()) == letter; });
 }
 
 void frmControlPanel::PositionControls() {

@@ -64,6 +64,7 @@ class frmControlPanel : public Window {
   void sizeLists();
   void designTexts();
   void wireEvents();
+  void declareLetters();
   void showChoices();
   void fillList(ComboBox& list, const char* last);
   bool hasRoomAsDesigned() const;

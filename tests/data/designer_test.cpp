@@ -77,7 +77,7 @@ TEST_F(Designer, OpensOnTheExampleWithItsModel) {
     EXPECT_EQ(designer.txtVblDef.text(), "Col 1   Rent\n\nin francs");
     EXPECT_EQ(designer.txtComments.text(), "Rents of flats");
     EXPECT_EQ(designer.chkUseIntercept.value(), 1);
-    EXPECT_EQ(designer.focus(), &designer.cmdOK);
+    EXPECT_TRUE(designer.spdVarList.hasFocus());
     EXPECT_FALSE(designer.requestClose());
     click("cmdHelp");
     EXPECT_EQ(desktop.helpRequests().back().context, 102);
@@ -102,6 +102,9 @@ TEST_F(Designer, ModelChosenByHand) {
     click("cmdIndVarSelect");
     EXPECT_TRUE(designer.spdVarList.selection().blocks().empty());
     EXPECT_THAT(names(designer.spdIndepVars), testing::ElementsAre("Col 1 Rent", "Col 2 Size"));
+    EXPECT_EQ(desktop.lastTold(), "");
+    click("cmdIndVarSelect");
+    EXPECT_THAT(desktop.lastTold(), testing::StartsWith("Nothing was added"));
     mark(designer.spdIndepVars, 1, 1);
     click("cmdIndVarDeselect");
     EXPECT_THAT(names(designer.spdIndepVars), testing::ElementsAre("Col 2 Size"));
@@ -186,6 +189,33 @@ TEST_F(DesignerOnEditorData, CancelOpensTheEditorAgainAndItsOkBringsNewData) {
   EXPECT_EQ(editor.shown, 2);
   EXPECT_FALSE(state.bModelHasChanged);
   EXPECT_FALSE(state.bNewDataRequested);
+}
+
+TEST_F(DesignerOnEditorData, FormerModelIsChosenAgainByItsNamesWhereTheyAreAllThere) {
+  design([this](frmModelDesign& designer) {
+    EXPECT_FALSE(designer.cmdFormerModel.visible()) << "there is none yet";
+    mark(designer.spdVarList, 2, 2);
+    click("cmdDepVarSelect");
+    mark(designer.spdVarList, 1, 1);
+    click("cmdIndVarSelect");
+    click("chkUseIntercept");
+    click("cmdOK");
+  });
+  editor.variables = {{"Z", {7, 8, 9}}, {"X", {3, 5, 4}}, {"Y", {1, 2, 5}}};
+  design([this](frmModelDesign& designer) {
+    EXPECT_EQ(test::layoutFaults(designer.picControls), "");
+    click("cmdFormerModel");
+    EXPECT_EQ(designer.txtDepVar.text(), "Col 2  X");
+    EXPECT_THAT(names(designer.spdIndepVars), testing::ElementsAre("Col 3 Y"));
+    click("cmdOK");
+  });
+  EXPECT_FALSE(state.bUseIntercept);
+  editor.variables.pop_back();
+  design([this](frmModelDesign& designer) {
+    EXPECT_FALSE(designer.cmdFormerModel.visible());
+    editor.cancelled = true;
+    click("cmdCancel");
+  });
 }
 
 TEST_F(Designer, BothPlacementsAreTidyWithAndWithoutDefinitions) {

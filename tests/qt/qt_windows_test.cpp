@@ -14,6 +14,7 @@
 #include <QStyle>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 #include <QWindow>
 
 #include "platform/buttons.h"
@@ -129,6 +130,25 @@ TEST_F(QtWindowsTest, PopupMenuOpensInsideItsWindow) {
     EXPECT_EQ(popup->pos(), child.center());
     popup->close();
   }
+}
+
+TEST_F(QtWindowsTest, LetterOfAMenuIsTheActiveChildsWhereItTakesItAndAGreyButtonAnswers) {
+  OneChild frame(desktop);
+  Button stop(&frame.child, "cmdStop", "&Stop");
+  stop.setPlace({0, pixels(40), pixels(90), pixels(30)});
+  Button go(&frame.child, "cmdGo", "&Go");
+  go.setPlace({0, 0, pixels(90), pixels(30)});
+  frame.child.announceChildren();
+  int pressed = 0;
+  frame.child.takeKey({.code = 'F', .alt = Held::yes}, [&] { ++pressed; });
+  go.setFocus();
+  user.alt("mdi", 'F');
+  EXPECT_EQ(pressed, 1);
+  EXPECT_EQ(QApplication::activePopupWidget(), nullptr);
+  stop.setEnabled(false);
+  user.alt("mdi", 'S');
+  EXPECT_EQ(QToolTip::text(), "Stop cannot be used now.");
+  QToolTip::hideText();
 }
 
 TEST_F(QtWindowsTest, CopyKeyTakesWhatIsMarkedAndElseTheEntrysWords) {

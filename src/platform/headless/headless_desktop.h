@@ -45,6 +45,7 @@ class HeadlessDesktop : public Desktop {
   const std::vector<HelpRequest>& helpRequests() const { return helpRequests_; }
   const ClipboardContent& clipboard() const { return clipboard_; }
   int beeps() const { return beeps_; }
+  const std::string& lastTold() const { return lastTold_; }  // beside a control
   bool ended() const { return ended_; }
 
   Answer messageBox(const MessageBox& box) override;
@@ -57,6 +58,7 @@ class HeadlessDesktop : public Desktop {
   }
   Twips scrollBarThickness() const override { return pixels(14); }
   void popupMenu(MenuItem& menu, Window& window) override;
+  void tellAt(Control&, const std::string& words) override { lastTold_ = words; }
   void beep() override { ++beeps_; }
   void setBusyPointer(bool) override {}
   void setClipboard(const ClipboardContent& content) override { clipboard_ = content; }
@@ -85,6 +87,7 @@ class HeadlessDesktop : public Desktop {
   std::vector<AnsweredBox> boxes_;
   std::vector<HelpRequest> helpRequests_;
   ClipboardContent clipboard_;
+  std::string lastTold_;
   int beeps_ = 0;
   bool ended_ = false;
 };

@@ -275,7 +275,9 @@ void GridView::tellFocusedCell() {
 void GridView::paintEvent(QPaintEvent* event) {
   QPainter painter(viewport());
   paintGrid(painter, *this, event->rect());
-  if (!focusByKey_ || grid_.selectionMode() != SelectionMode::none) return;
+  const bool isList = grid_.selectionMode() == SelectionMode::rows;
+  if (!(isList ? hasFocus() : focusByKey_ && grid_.selectionMode() == SelectionMode::none)) return;
+  painter.setClipping(false);
   painter.setPen(theme::accent);
   painter.drawRect(viewport()->rect().adjusted(0, 0, -1, -1));
 }

@@ -263,6 +263,9 @@ QString describedCell(const Grid& grid, CellPosition cell) {
   QStringList words;
   if (cell.row > 1) words << toQt(columnHeading(grid, cell.col));
   if (cell.col > 1) words << toQt(rowHeading(grid, cell.row));
+  // Where rows are listed, the one at hand is heard whole.
+  for (int col = 1; grid.selectionMode() == SelectionMode::rows && col <= grid.maxCols(); ++col)
+    if (col != cell.col) words << toQt(grid.text(cell.row, col));
   words << toQt(std::string(grid.sheet().at(cell.row, cell.col).mark));
   words << toQt(std::string(grid.remarkOn(cell)));
   words.removeAll(QString());

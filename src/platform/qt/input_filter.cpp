@@ -164,6 +164,13 @@ bool InputFilter::eventFilter(QObject* object, QEvent* event) {
     case QEvent::FocusIn:
       if (control.takesFocus()) gate_.enter([&control] { control.setFocus(); });
       return false;
+    case QEvent::ShortcutOverride: {
+      // A letter that a window takes goes before the menu's.
+      const KeyPress key = toKeyPress(*static_cast<QKeyEvent*>(event));
+      if (!key.alt || !takenKey(control, key)) return false;
+      event->accept();
+      return true;
+    }
     case QEvent::KeyPress:
       // An ignored key wanders outwards through the parents and must not be told again.
       return (object == QApplication::focusWidget() ||

@@ -127,6 +127,11 @@ class FramePeer : public PeerOf<Frame, ContainerPeer> {
     if (has(what, Change::text)) widget_->setTitle(toQt(model_.caption()));
     ContainerPeer::update(what);
   }
+  // The toolkit would call a frame in a frame by the outer one's title.
+  std::string accessibleName() const override {
+    return model_.accessibleName().empty() ? withoutMnemonic(model_.caption())
+                                           : model_.accessibleName();
+  }
 
   QGroupBox* widget_ = nullptr;
 };

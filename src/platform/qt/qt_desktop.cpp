@@ -7,6 +7,7 @@
 #include <QSessionManager>
 #include <QStandardPaths>
 #include <QStyle>
+#include <QToolTip>
 #include <QUrl>
 #include <algorithm>
 
@@ -102,6 +103,13 @@ Twips QtDesktop::scrollBarThickness() const {
 
 void QtDesktop::popupMenu(MenuItem& menu, Window& window) {
   popUpMenu(mirror_, menu, ControlPeer::widgetOf(window));
+}
+
+// A tip also is what a screen reader says of by itself.
+void QtDesktop::tellAt(Control& control, const std::string& words) {
+  QWidget* widget = ControlPeer::widgetOf(control);
+  if (!widget) return;
+  QToolTip::showText(widget->mapToGlobal(widget->rect().bottomLeft()), toQt(words), widget);
 }
 
 void QtDesktop::beep() { QApplication::beep(); }

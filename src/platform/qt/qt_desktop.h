@@ -45,6 +45,7 @@ class QtDesktop : public Desktop {
   Size screenSize() const override;
   Twips scrollBarThickness() const override;
   void popupMenu(MenuItem& menu, Window& window) override;
+  void tellAt(Control& control, const std::string& words) override;
   void beep() override;
   void setBusyPointer(bool busy) override;
   void setClipboard(const ClipboardContent& content) override;
