@@ -52,9 +52,9 @@ bool nearWhole(double value, double shift, double tolerance) {
 // The fewest decimals, up to iDigits, within which the value stands but for a rounding error;
 // otherwise the decimals given.
 int enoughDecimals(double value, int iDigits, double shift, int toleranceShift, int decimals) {
-  constexpr std::array<double, 9> tenfold = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8};
-  constexpr std::array<double, 12> tenth = {1,    1e-1, 1e-2, 1e-3, 1e-4,  1e-5,
-                                            1e-6, 1e-7, 1e-8, 1e-9, 1e-10, 1e-11};
+  static constexpr std::array<double, 9> tenfold = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8};
+  static constexpr std::array<double, 12> tenth = {1,    1e-1, 1e-2, 1e-3, 1e-4,  1e-5,
+                                                   1e-6, 1e-7, 1e-8, 1e-9, 1e-10, 1e-11};
   for (int i = 1; i <= std::min(iDigits, 8); ++i)
     if (nearWhole(value * tenfold[i], shift, tenth[i + toleranceShift])) return i;
   return decimals;

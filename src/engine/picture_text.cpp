@@ -219,9 +219,9 @@ std::string generalText(float value) { return general(value, singleDigits); }
 std::string generalText(double value) { return general(value, doubleDigits); }
 
 std::optional<SevenDigits> sevenDigits(float a) {
-  constexpr std::array<double, 11> bounds = {1e-3, 1e-2, 1e-1, 1,   1e1, 1e2,
-                                             1e3,  1e4,  1e5,  1e6, 1e7};
-  constexpr std::array<double, 10> tenfold = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+  static constexpr std::array<double, 11> bounds = {1e-3, 1e-2, 1e-1, 1,   1e1, 1e2,
+                                                    1e3,  1e4,  1e5,  1e6, 1e7};
+  static constexpr std::array<double, 10> tenfold = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
   if (!(a >= 0.001F && a < 1e7F)) return std::nullopt;
   // By the logarithm of 2, and from -4; the power of ten below a is this one or the next.
   const int binary = static_cast<int>(std::bit_cast<std::uint32_t>(a) >> 23) - 127;

@@ -107,8 +107,7 @@ std::vector<Unconfirmed> movedNumbers(const AnalysisState& state, const Examinat
 
 }  // namespace
 
-Examination examine(const AnalysisState& state, std::span<const ShownTable> tables,
-                    Extent extent) {
+Examination examine(const AnalysisState& state, std::span<const ShownTable> tables, Extent extent) {
   Examination result;
   if (!hasFit(state)) return result;
   result.data = heldData(state);

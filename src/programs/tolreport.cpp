@@ -53,6 +53,7 @@ void keepMemory() {
   constexpr int most = 1 << 26;
   ::mallopt(M_MMAP_THRESHOLD, most);
   ::mallopt(M_TRIM_THRESHOLD, most);
+  ::mallopt(M_TOP_PAD, 1 << 22);
 }
 
 }  // namespace

@@ -67,7 +67,7 @@ ReportOutcome reportOn(WorkingCopy& copy, const ReportOptions& options,
     request.newCases = *std::move(cases);
   }
   MessageLog messages;
-  const AnalysisState state = analysisOf(copy, messages, *axes);
+  const AnalysisState state = analysisOf(std::move(copy), messages, *axes);
   request.isColoured = around.isColoured && options.outputFile.empty();
   // JSON tells no date.
   const std::string date = request.format == ReportFormat::json ? "" : around.date();

@@ -1,6 +1,7 @@
 #include "report/report_run.h"
 
 #include <cstddef>
+#include <utility>
 
 #include "data/working_copy.h"
 #include "engine/pipeline.h"
@@ -8,12 +9,15 @@
 
 namespace tolmer {
 
-AnalysisState analysisOf(const WorkingCopy& copy, MessagePort& messages,
+AnalysisState analysisOf(WorkingCopy copy, MessagePort& messages,
                          const std::vector<ChosenAxes>& axes) {
   AnalysisState state;
   state.bShowRegressionLine = true;
   state.bShowCorrelation = true;
+  DataOrigin origin = std::move(copy.origin);
   CopyModuleVarsToGlobal(copy, state);
+  state.uOrigin = std::move(origin);
+  copy = {};  // the analysis can use its memory
   Analyse(state, messages);
   chooseStartAxes(state);
   for (const auto [plot, x, y] : axes) {

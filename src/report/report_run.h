@@ -12,7 +12,7 @@ namespace tolmer {
 
 // The analysis of a data set with its model. Options of the scatter plots are those that the
 // program starts with, and so are the axes of the plots that `axes` does not name.
-AnalysisState analysisOf(const WorkingCopy& copy, MessagePort& messages,
+AnalysisState analysisOf(WorkingCopy copy, MessagePort& messages,
                          const std::vector<ChosenAxes>& axes = {});
 
 }  // namespace tolmer

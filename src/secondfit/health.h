@@ -36,8 +36,8 @@ struct Unconfirmed {
 };
 
 struct Health {
-  double condition = 0;                  // of the scaled model matrix, as in SecondFit
-  int checked = 0;                       // cells that hold a number
+  double condition = 0;                    // of the scaled model matrix, as in SecondFit
+  int checked = 0;                         // cells that hold a number
   std::vector<Unconfirmed> unconfirmed{};  // in the order of the cells
 };
 

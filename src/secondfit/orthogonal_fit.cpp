@@ -64,8 +64,8 @@ auto product(const Left& left, const Right& right) {
     return left.lazyProduct(right).eval();
 }
 
-// Several reflections at once, I - V T V', that act on the rows from `first`. V stands in the columns
-// they reduced, down from the diagonal; what stood there of the triangle is kept here.
+// Several reflections at once, I - V T V', that act on the rows from `first`. V stands in the
+// columns they reduced, down from the diagonal; what stood there of the triangle is kept here.
 template <class Real>
 struct Reflections {
   Index first = 0;
@@ -117,8 +117,8 @@ Reflections<Real> reduceColumns(Block block, Index first) {
     block(j, j) = Real(1);
   }
   for (Index j = 1; j < width; ++j) {
-    const VectorOf<Real> overlap = product(block.bottomRows(rows - j).leftCols(j).transpose(),
-                                           block.col(j).tail(rows - j));
+    const VectorOf<Real> overlap =
+        product(block.bottomRows(rows - j).leftCols(j).transpose(), block.col(j).tail(rows - j));
     result.t.col(j).head(j) = result.t.topLeftCorner(j, j).lazyProduct(overlap) * -result.t(j, j);
   }
   return result;
@@ -489,9 +489,9 @@ VectorOf<Real> Solver<Real>::leveragesOf(const MatrixOf<Real>& scaled) const {
   return basis.rowwise().squaredNorm();
 }
 
-// A leverage is at most the squared length of the scaled row times the largest eigenvalue of the inverse;
-// Cook's distance, e^2 h / (s^2 k (1 - h)^2), tells the least that is noticeable. Those below are
-// not numbers.
+// A leverage is at most the squared length of the scaled row times the largest eigenvalue of the
+// inverse; Cook's distance, e^2 h / (s^2 k (1 - h)^2), tells the least that is noticeable. Those
+// below are not numbers.
 template <class Real>
 std::vector<double> Solver<Real>::noticeableLeverages(const OrthogonalFit& result) const {
   // By the Frobenius norm of the fourth power.
@@ -502,11 +502,11 @@ std::vector<double> Solver<Real>::noticeableLeverages(const OrthogonalFit& resul
   VectorOf<double> lengths = VectorOf<double>::Zero(n_);
   for (Index j = 0; j < k_; ++j) {
     const double scale = 1 / toDouble(length_(j));
-    lengths += ((Eigen::Map<const VectorOf<double>>(columnOf(data_, j).data(), n_).array() -
-                 shift_(j)) *
-                scale)
-                   .matrix()
-                   .cwiseAbs2();
+    lengths +=
+        ((Eigen::Map<const VectorOf<double>>(columnOf(data_, j).data(), n_).array() - shift_(j)) *
+         scale)
+            .matrix()
+            .cwiseAbs2();
   }
   std::vector<Index> cases;
   for (Index i = 0; i < n_; ++i) {

@@ -228,7 +228,7 @@ void subtract(std::vector<double>& from, double weight, std::span<const double> 
 // The lengths that bound what a step of refinement leaves, per term.
 struct Nearness {
   std::vector<double> root;  // of the diagonal of the inverse of X'X: the length of W's row
-  double moved = 0;  // bounds the length of the change of X times W, with W's own rounding
+  double moved = 0;          // bounds the length of the change of X times W, with W's own rounding
   double amplified = 0;      // the sum of roots times lengths of the columns
   double explained = 0;      // the sum of sizes of coefficients times lengths of the columns
 };
@@ -270,8 +270,8 @@ void addSums(OrthogonalFit& result, std::span<const double> y) {
   result.lengthY = lengthOf(y);
 }
 
-// One step from the coefficients of the fit, W W' X' (what they leave), and its bounds: W W' differs
-// from the inverse of the other X'X by the factor 1 -+ spread.
+// One step from the coefficients of the fit, W W' X' (what they leave), and its bounds: W W'
+// differs from the inverse of the other X'X by the factor 1 -+ spread.
 OrthogonalFit refined(const SecondFit& fit, const ModelData& other, const Nearness& near) {
   OrthogonalFit result;
   const auto k = static_cast<std::size_t>(fit.terms);

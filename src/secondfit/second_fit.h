@@ -127,10 +127,10 @@ struct SecondFit {
 // sums of squares are those of the columns that are determined, and the rest is undetermined.
 //
 // `shownNumbers` leaves out what no display shows, leverages and the figures that follow from them:
-// a quarter of the time. `noticeable` has them for the cases alone that may move the fit noticeably,
-// with Cook's distances above this or leverages of 1.
-// Source: R. D. Cook and S. Weisberg, Applied Regression Including Computing and Graphics, 1999,
-// section 15.2 (above 0.5 worth a look, above 1 always).
+// a quarter of the time. `noticeable` has them for the cases alone that may move the fit
+// noticeably, with Cook's distances above this or leverages of 1. Source: R. D. Cook and S.
+// Weisberg, Applied Regression Including Computing and Graphics, 1999, section 15.2 (above 0.5
+// worth a look, above 1 always).
 constexpr double noticeableDistance = 0.5;
 enum class Extent { all, noticeable, shownNumbers };
 SecondFit fitSecond(const ModelData& data, Extent extent = Extent::all);
