@@ -133,7 +133,8 @@ std::string fixedText(SevenDigits value, bool negative, const NumberPicture& pic
   value.roundTo(picture.decimals);
   value.dropZeros(picture.fixedDecimals);
   const bool sign = negative && value.number > 0;
-  std::array<char, 64> text;
+  constexpr int longestText = 64;
+  std::array<char, longestText> text;
   char* at = text.data() + text.size();
   const auto put = [&at, &value] {
     *--at = static_cast<char>('0' + value.number % 10);
@@ -142,8 +143,12 @@ std::string fixedText(SevenDigits value, bool negative, const NumberPicture& pic
   for (int i = value.places; i < picture.fixedDecimals; ++i) *--at = '0';
   for (int i = 0; i < value.places; ++i) put();
   if (picture.point) *--at = '.';
-  for (int i = 0; value.number > 0 || i < picture.leftZeros; ++i) {
-    if (picture.grouped && i > 0 && i % 3 == 0) *--at = ',';
+  int untilComma = picture.grouped ? 3 : longestText;
+  for (int i = 0; value.number > 0 || i < picture.leftZeros; ++i, --untilComma) {
+    if (untilComma == 0) {
+      *--at = ',';
+      untilComma = 3;
+    }
     put();
   }
   if (sign) *--at = '-';
@@ -221,7 +226,8 @@ std::string generalText(double value) { return general(value, doubleDigits); }
 std::optional<SevenDigits> sevenDigits(float a) {
   static constexpr std::array<double, 11> bounds = {1e-3, 1e-2, 1e-1, 1,   1e1, 1e2,
                                                     1e3,  1e4,  1e5,  1e6, 1e7};
-  static constexpr std::array<double, 10> tenfold = {1, 1e1, 1e2, 1e3, 1e4, 1e5, 1e6, 1e7, 1e8, 1e9};
+  static constexpr std::array<double, 10> tenfold = {1,   1e1, 1e2, 1e3, 1e4,
+                                                     1e5, 1e6, 1e7, 1e8, 1e9};
   if (!(a >= 0.001F && a < 1e7F)) return std::nullopt;
   // By the logarithm of 2, and from -4; the power of ten below a is this one or the next.
   const int binary = static_cast<int>(std::bit_cast<std::uint32_t>(a) >> 23) - 127;

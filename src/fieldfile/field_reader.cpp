@@ -64,8 +64,8 @@ std::from_chars_result convert(std::string_view text, Number& number) {
 // the digits and the power of ten are exact as doubles, so the quotient is the text's number
 // rounded once. Nothing for any other text.
 std::optional<double> plainDecimal(std::string_view text) {
-  constexpr std::array<double, 16> tenfold = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                              1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  static constexpr std::array<double, 16> tenfold = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                     1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
   const bool negative = text.starts_with('-');
   if (negative) text.remove_prefix(1);
   std::int64_t digits = 0;

@@ -250,13 +250,14 @@ void writeMessages(JsonWriter& json, const ReportDocument& document) {
   json.endArray();
 }
 
-template <class TextOf>
-void writeCells(JsonWriter& json, std::string_view name, const TableContent& table, TextOf textOf) {
+template <class WriteCell>
+void writeCells(JsonWriter& json, std::string_view name, const TableContent& table,
+                WriteCell writeCell) {
   json.key(name);
   json.beginArray();
   for (int row = 1; row <= table.rows(); ++row) {
     json.beginArray();
-    for (const TableCell& cell : table.row(row)) json.value(std::string_view(textOf(cell)));
+    for (const TableCell& cell : table.row(row)) writeCell(cell);
     json.endArray();
   }
   json.endArray();
@@ -266,9 +267,8 @@ void writeTable(JsonWriter& json, const TableContent& table) {
   json.beginObject();
   json.member("rows", table.rows());
   json.member("cols", table.cols());
-  writeCells(json, "cells", table,
-             [](const TableCell& cell) -> const std::string& { return cell.text; });
-  writeCells(json, "back", table, backName);
+  writeCells(json, "cells", table, [&](const TableCell& cell) { json.value(cell.text); });
+  writeCells(json, "back", table, [&](const TableCell& cell) { json.plain(backName(cell)); });
   json.endObject();
 }
 

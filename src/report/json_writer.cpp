@@ -183,6 +183,14 @@ void JsonWriter::value(std::string_view text) {
   wrote(at);
 }
 
+void JsonWriter::plain(std::string_view text) {
+  char* at = element(2 + text.size());
+  *at++ = '"';
+  at = std::copy(text.begin(), text.end(), at);
+  *at++ = '"';
+  wrote(at);
+}
+
 void JsonWriter::integer(long long number) {
   char* const at = element(longestNumber);
   wrote(std::to_chars(at, at + longestNumber, number).ptr);

@@ -25,6 +25,8 @@ class JsonWriter {
 
   void value(std::string_view text);
   void value(const char* text) { value(std::string_view(text)); }
+  // A short text without letters to escape.
+  void plain(std::string_view text);
   void value(std::same_as<bool> auto flag) { raw(flag ? "true" : "false"); }
   void value(std::signed_integral auto number) { integer(number); }
   // Enough digits to give the value back exactly: 9 for a single, 17 for a double. What is not
