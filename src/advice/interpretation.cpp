@@ -137,13 +137,12 @@ std::string wholeText(const std::vector<Section>& sections) {
 }
 
 std::string fittedModelText(const AnalysisState& state) {
-  const bool isValid = !state.Fit.bSingular;
-  std::string text = isValid ? fittedEquation(state) : "There is no valid fit. ";
+  std::string text = fittedEquation(state);
   if (!state.bUseIntercept) text += "You've suppressed the intercept. ";
   text += "You have" + counted(state.iNumPredictors) + " independent variables and" +
           counted(state.iNumCases) + " observations in your data set. ";
   text += sampleSizeAdvice(state);
-  if (!isValid) return text;
+  if (state.Fit.bSingular) return text;
   return text + explainedVariation(state) + standardError(state.Fit.sStdErr) +
          outliers(state.iStdResidOutside);
 }

@@ -20,6 +20,7 @@ std::string termName(const AnalysisState& state, int term) {
 }  // namespace
 
 std::string fittedEquation(const AnalysisState& state) {
+  if (state.Fit.bSingular) return "There is no valid fit. ";
   const auto& coefficients = state.Fit.sCoef;
   std::string text = state.tVarName[state.iModelCol[1]] + " = ";
   if (coefficients[1] < 0) text += " - ";

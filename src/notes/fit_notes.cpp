@@ -2,6 +2,7 @@
 #include <cmath>
 
 #include "engine/picture_text.h"
+#include "engine/variance_inflation.h"
 #include "notes/note_makers.h"
 
 namespace tolmer {
@@ -67,6 +68,38 @@ std::string failure(const AnalysisState& state, const Examination& examination) 
   return causes(examination.combinations);
 }
 
+// Where predictors follow from each other the regressions of all others on them fail, too, and
+// their VIFs show 1000. Those that are finite, with their cells; the fit without the predictors
+// that follow from others tells them.
+void addFalseInflations(const AnalysisState& state, const Examination& examination, Note& note) {
+  constexpr float noneFinite = 999;
+  const ModelData& data = examination.data;
+  ModelData rest = data;
+  std::vector<std::string> entangled;
+  for (const Combination& one : examination.combinations) {
+    if (one.isDependent) continue;
+    entangled.push_back(one.name);
+    for (const Combination::Part& part : one.parts) entangled.push_back(part.name);
+    rest.leaveOut(static_cast<int>(std::ranges::find(rest.names, one.name) - rest.names.begin()));
+  }
+  const SecondFit fit = entangled.empty() ? SecondFit() : fitSecond(rest, Extent::shownNumbers);
+  std::vector<std::string> words;
+  for (std::size_t term = rest.intercept ? 1 : 0; fit.determined() && term < fit.byTerm.size();
+       ++term) {
+    const auto better = static_cast<float>(fit.byTerm[term].inflation.value);
+    const auto at = static_cast<std::size_t>(std::ranges::find(data.names, rest.names[term]) -
+                                             data.names.begin());
+    const bool isShown = state.sVIF[at + (data.intercept ? 0 : 1)] > noneFinite;
+    if (!isShown || !(better < noneFinite) ||
+        std::ranges::find(entangled, data.names[at]) != entangled.end())
+      continue;
+    note.cells.push_back(coefficientCell(at, inflation));
+    note.cells.back().remark = "better: " + inflationText(better);
+    words.push_back(data.names[at] + " (" + inflationText(better) + ")");
+  }
+  if (!words.empty()) note.text += " It makes the VIF read 1000, too, of " + listed(words) + ".";
+}
+
 bool isFailed(const AnalysisState& state) { return state.Fit.bSingular; }
 
 }  // namespace
@@ -92,6 +125,7 @@ MaybeNote noValidFitNote(const AnalysisState& state, const Examination& examinat
     if (!one.isDependent && term + 1 < names.size())
       note.cells.push_back(coefficientCell(term, name));
   }
+  addFalseInflations(state, examination, note);
   return note;
 }
 

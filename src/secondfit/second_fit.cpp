@@ -306,6 +306,13 @@ OrthogonalFit refined(const SecondFit& fit, const ModelData& other, const Nearne
 
 }  // namespace
 
+void ModelData::leaveOut(int term) {
+  const auto first = x.begin() + term * cases;
+  x.erase(first, first + cases);
+  names.erase(names.begin() + term);
+  --terms;
+}
+
 ModelData heldData(const AnalysisState& state) {
   return hasModel(state) ? dataOf(state, state.sData) : ModelData();
 }

@@ -38,6 +38,7 @@ struct ModelData {
                          : std::span(x).subspan(static_cast<std::size_t>(term) * n, n);
   }
   double at(int row, int term) const { return column(term)[static_cast<std::size_t>(row)]; }
+  void leaveOut(int term);
 };
 
 // The held data of the model: sData by iModelCol and bUseIntercept. Empty (0 cases) where the state

@@ -55,11 +55,12 @@ TEST(Notes, NameTheCauseOfAFailedFit) {
                            return std::vector{i, i, noise(i)};
                          })),
             "There is no valid fit: X2 follows exactly from other terms: X2 = X1.");
-  EXPECT_EQ(cause(rowsOf(9,
-                         [&](float i) {
-                           return std::vector{i, 5.0F, noise(i)};
-                         })),
-            "There is no valid fit: X2 is 5 in all cases.");
+  EXPECT_EQ(
+      cause(rowsOf(9,
+                   [&](float i) {
+                     return std::vector{i, 5.0F, noise(i)};
+                   })),
+      "There is no valid fit: X2 is 5 in all cases. It makes the VIF read 1000, too, of X1 (1.0).");
   EXPECT_EQ(cause(rowsOf(9,
                          [&](float i) {
                            return std::vector{i, noise(i), 2 * i + 1};
@@ -88,6 +89,25 @@ TEST(Notes, OfAFailedFitShowNoNumberAndMarkTheTerm) {
   EXPECT_EQ(coefficients.at(3, 2).text + coefficients.at(3, 6).text, "NA1000");
   EXPECT_EQ(titleOf(*findDisplay("frmANOVA"), twins.state), "ANOVA Table (no valid fit)");
   EXPECT_EQ(titleOf(*findDisplay("frmDataList"), twins.state), "Data List");
+}
+
+// The first and the third predictor are twins; the VIF of the second is that of the model without
+// the third.
+TEST(Notes, TellTheVIFOfAPredictorBesideTwins) {
+  const auto x = [](float i) { return std::fmod(i * i * 7, 11.0F); };
+  const Noted twins = noted(modelOf(rowsOf(9, [&](float i) {
+    return std::vector{i, x(i), 2 * i + 1, x(i * 3)};
+  })));
+  EXPECT_EQ(coefficientTable(twins.state).at(4, 6).text, "1000");
+  const AnalysisState apart = noted(modelOf(rowsOf(9, [&](float i) {
+                                return std::vector{i, x(i), x(i * 3)};
+                              }))).state;
+  const std::string told = coefficientTable(apart).at(4, 6).text;
+  EXPECT_THAT(
+      twins.find(NoteKind::noValidFit)->cells,
+      ElementsAre(NotedCell{"frmEstCoef", 5, 1}, NotedCell{"frmEstCoef", 4, 6, "better: " + told}));
+  EXPECT_THAT(twins.text(NoteKind::noValidFit),
+              testing::EndsWith("It makes the VIF read 1000, too, of X2 (" + told + ")."));
 }
 
 // Each from a model in which it must be told, with the cells.
