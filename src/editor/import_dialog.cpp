@@ -12,7 +12,7 @@
 namespace tolmer {
 namespace {
 
-constexpr int kindsOfDoubt = static_cast<int>(ImportDoubt::missingCodes) + 1;
+constexpr int kindsOfDoubt = static_cast<int>(ImportDoubt::likelyCodes) + 1;
 int indexOf(ImportDoubt doubt) { return static_cast<int>(doubt) + 1; }
 ImportDoubt doubtOf(int index) { return static_cast<ImportDoubt>(index - 1); }
 
@@ -139,7 +139,7 @@ LandingTable landing(ImportedTable imported) {
 
 frmTextImport::frmTextImport(Desktop& desktop, const TextImport& import, const SheetContent& sheet,
                              const std::string& source)
-    : Window(desktop, "frmTextImport", WindowStyle::dialog, "Bring in Text - " + source),
+    : Window(desktop, "frmTextImport", WindowStyle::dialog, "Bring in Data - " + source),
       import_(import),
       source_(source),
       sheet_(sheet) {
@@ -164,6 +164,7 @@ std::optional<ImportedTable> frmTextImport::ask() {
   const bool isOpen = std::any_of(questions_.begin(), questions_.end(),
                                   [](const ImportQuestion& question) { return !question.chosen; });
   if (mustChoose_ && !isOpen && !chooseVariables()) return std::nullopt;
+  centreOnScreen();
   showModal();
   return std::move(table_);
 }
@@ -178,6 +179,7 @@ void frmTextImport::loadQuestions() {
 }
 
 void frmTextImport::Form_Activate() {
+  wasShown_ = true;
   for (const ImportQuestion& question : questions_)
     if (!question.chosen) return cmboAnswer(indexOf(question.doubt)).setFocus();
   if (cmdOK.enabled()) return cmdOK.setFocus();
@@ -221,7 +223,7 @@ bool frmTextImport::chooseVariables() {
   if (!chosen) return false;
   choice_ = std::move(*chosen);
   refresh();
-  Form_Activate();
+  if (wasShown_) Form_Activate();
   return true;
 }
 
@@ -362,7 +364,7 @@ Twips frmTextImport::placeQuestions() {
 // A window that the user has made larger stays so; one too small for a new question grows, as far
 // as the screen goes.
 void frmTextImport::growToContent() {
-  const bool isNew = innerWidth() <= 0;
+  const bool isNew = !wasShown_;
   if (isNew) setPlace({0, 0, firstWidth, usualGrid});
   const Size screen = desktop().screenSize();
   const Twips grid = spdPreview.contentSize().height + desktop().scrollBarThickness();

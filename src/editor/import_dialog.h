@@ -70,6 +70,7 @@ class frmTextImport : public Window {
   ImportAnswers answers_;
   ImportChoice choice_;
   bool mustChoose_ = false;
+  bool wasShown_ = false;
   std::vector<ImportQuestion> questions_;           // on the screen
   std::map<ImportDoubt, ImportQuestion> answered_;  // as they stood when they were answered
   std::optional<ImportedTable> table_;

@@ -33,9 +33,9 @@ std::string counted(int count, const std::string& noun) {
   return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
 }
 
-const char* wordOf(VariableKind kind) {
+const char* kindOf(const ImportVariable& variable) {
   constexpr std::array words = {"empty", "numbers", "dates", "words"};
-  return words[static_cast<std::size_t>(kind)];
+  return variable.isCoded ? "codes" : words[static_cast<std::size_t>(variable.kind)];
 }
 
 std::string textOf(int different) {
@@ -219,7 +219,7 @@ void frmVariableChoice::showVariable(int row) {
   const std::array<std::string, columnCount> texts = {isTicked ? "Yes" : "",
                                                       variable.name,
                                                       variable.label,
-                                                      wordOf(variable.kind),
+                                                      kindOf(variable),
                                                       std::to_string(variable.values),
                                                       textOf(variable.different),
                                                       useText(variable)};
@@ -269,6 +269,7 @@ void frmVariableChoice::showCurrent() {
     for (const ColumnUse use : variable->uses)
       cmboUse.addItem(use == ColumnUse::dummies               ? "Dummy variables"
                       : use == ColumnUse::labels              ? "Labels of the cases"
+                      : use == ColumnUse::leftOut             ? "Nothing"
                       : variable->kind == VariableKind::dates ? "Days since 1899-12-30"
                                                               : "Numbers");
     const auto at = std::find(variable->uses.begin(), variable->uses.end(), useOf(*variable));
@@ -374,7 +375,7 @@ void frmVariableChoice::Form_Resize() {
   const Twips gridHeight = std::max(innerHeight() - top - below, leastGrid);
   spdVariables.setPlace({dialogMargin, top, inside, gridHeight});
   const Twips bar = desktop().scrollBarThickness();
-  constexpr std::array<float, columnCount> widths = {44, 120, 0, 66, 60, 92, 150};
+  constexpr std::array<float, columnCount> widths = {44, 130, 0, 66, 60, 92, 184};
   Twips others = bar;
   for (const float width : widths) others += pixels(width + 1);
   for (int col = 1; col <= columnCount; ++col)

@@ -120,10 +120,16 @@ void ImportFindings::tellVariables() {
     if (leftOut++ < mostNamed) names += (names.empty() ? "" : ", ") + variable(column).name;
   }
   if (leftOut == 0) return;
-  if (leftOut > mostNamed) names += ", ...";
+  names += leftOut > mostNamed ? ", ..." : ".";
   choiceTold_.push_back("Of " + std::to_string(columns()) + " variables " +
                         std::to_string(columns() - leftOut) + " were taken, " +
-                        std::to_string(leftOut) + " were not: " + names + ".");
+                        std::to_string(leftOut) + " were not: " + names);
+}
+
+// Nobody is asked about columns before they are chosen. The first one may be labels.
+bool ImportFindings::isToBeChosenFrom() const {
+  const auto ticked = choice_.columns ? static_cast<int>(choice_.columns->size()) : columns();
+  return (!choice_.cases && cases_ > target_.observations) || ticked - 1 > target_.variables;
 }
 
 // What the whole sheet could not hold is to be chosen from; a block for which its place is too

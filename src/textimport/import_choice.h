@@ -33,6 +33,7 @@ struct ImportVariable {
   std::string name{};
   std::string label{};
   VariableKind kind = VariableKind::empty;
+  bool isCoded = false;                // the file has a word for each of its numbers
   int values = 0;                      // cells that are neither empty nor missing
   int different = 0;                   // up to mostDifferent
   std::vector<Category> categories{};  // of what was read; empty where no dummies can be made

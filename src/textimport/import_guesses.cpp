@@ -43,6 +43,7 @@ Result<ImportFindings> ImportFindings::of(const ImportSource& source, const Impo
   findings.leaveOutUnplain();
   findings.findSigns();
   findings.findCodes();
+  findings.findLikelyCodes();
   findings.findMissingAndWords();
   findings.noteKinds();
   findings.findGapsOnTop();
@@ -56,8 +57,13 @@ std::optional<Error> ImportFindings::findVariables() {
   if (auto error = chooseCases()) return error;
   if (!target_.hints.wanted) {
     takeChosenUses();
+    if (isToBeChosenFrom()) {
+      land();
+      return findRoom();
+    }
     findLabels();
     findWordColumns();
+    findCodedColumns();
   } else {
     findWantedDummies();
   }

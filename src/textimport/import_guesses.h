@@ -2,6 +2,7 @@
 #pragma once
 
 #include <algorithm>
+#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -117,12 +118,15 @@ class ImportFindings {
   bool firstRowIsYears() const;
   void findUnits();
   void findLanding();
+  bool isToBeChosenFrom() const;
   std::optional<Error> findRoom();
   void noteShortRows();
   void findShortRows();
   void findDecimalMark();
   void askDecimalMark(const Sighting& seen, std::optional<int> preset);
   void findSigns();
+  void findLikelyCodes();
+  bool isLikelyCode(int row, int column) const;
   void findMissingAndWords();
   void findCodes();
   void noteKinds();
@@ -136,7 +140,7 @@ class ImportFindings {
   std::optional<Error> nameColumn(int column, const std::string& name, NamedTable& table) const;
   void describeVariables();
   ImportVariable described(int column, std::string name) const;
-  void countInAll(int column, ImportVariable& variable) const;
+  void countInAll(int column, int missing, ImportVariable& variable) const;
   std::vector<Category> categoriesOf(int column) const;
   bool canBeDummies(const ImportVariable& variable) const;
   std::string labelOf(int column, const std::string& value) const;
@@ -149,7 +153,9 @@ class ImportFindings {
   void land();
   void landDummies(int column);
   void noteDummies(int column);
-  void noteCodes();
+  void findCodedColumns();
+  int columnsThatLand() const;
+  bool areAllLabelled(int column) const;
   void tellUses();
   int dummiesOf(int column) const;
   std::string referenceOf(int column) const;
@@ -230,9 +236,10 @@ class ImportFindings {
   std::vector<Use> uses_;                  // of the columns
   std::vector<ImportVariable> variables_;  // likewise
   std::vector<Landing> landings_;
-  int cases_ = 0;                 // in the file
-  int rowsOfData_ = 0;            // of them in the table before some were chosen
-  std::vector<int> caseNumbers_;  // of the chosen ones, from 1; empty for all
+  std::map<int, double> likelyCodes_;  // of columns
+  int cases_ = 0;                      // in the file
+  int rowsOfData_ = 0;                 // of them in the table before some were chosen
+  std::vector<int> caseNumbers_;       // of the chosen ones, from 1; empty for all
   bool lacksCases_ = false;
   std::string mustChoose_;
   std::vector<std::string> choiceTold_;

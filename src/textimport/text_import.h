@@ -31,6 +31,7 @@ enum class ImportDoubt {
   headingPlace,  // names above a block that lands further down
   labels,        // words or days in a file's first column
   wordColumns,   // words in others
+  codedColumns,  // numbers that the file calls by words
   shortRows,     // rows of different length
   decimalMark,
   blankGroups,  // 12 345
@@ -40,7 +41,8 @@ enum class ImportDoubt {
   missing,   // NA and the like
   words,     // words among numbers
   dates,
-  missingCodes  // 9 for "no answer", where the file says so
+  missingCodes,  // 9 for "no answer", where the file says so
+  likelyCodes    // -99 among positive numbers, where nothing says so
 };
 
 struct ImportQuestion {

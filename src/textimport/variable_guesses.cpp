@@ -91,20 +91,25 @@ ImportVariable ImportFindings::described(int column, std::string name) const {
   if (book_) variable.label = book_->table.columns[static_cast<std::size_t>(column)].label;
   variable.kind = kindOf(column, firstDataRow());
   std::unordered_set<std::string_view> seen;
+  std::unordered_set<std::string_view> missing;
   for (int row = firstDataRow(); row < static_cast<int>(table_.rows.size()); ++row) {
     const std::string& text = field(row, column);
-    if (text.empty() || look(row, column).missing) continue;
+    if (text.empty()) continue;
+    if (look(row, column).missing) {
+      if (look(row, column).kind == CutKind::text) missing.insert(text);
+      continue;
+    }
     ++variable.values;
     if (seen.size() < mostDifferent) seen.insert(text);
   }
   variable.different = static_cast<int>(seen.size());
   if (book_ && book_->table.rowsInAll > static_cast<int>(book_->table.rows()))
-    countInAll(column, variable);
+    countInAll(column, static_cast<int>(missing.size()), variable);
   return variable;
 }
 
 // Of a file that was read in part. What stands above the cases was counted with them.
-void ImportFindings::countInAll(int column, ImportVariable& variable) const {
+void ImportFindings::countInAll(int column, int missing, ImportVariable& variable) const {
   const CutTable& cut = book_->table;
   const CutColumn& whole = cut.columns[static_cast<std::size_t>(column)];
   int above = 0;
@@ -118,7 +123,8 @@ void ImportFindings::countInAll(int column, ImportVariable& variable) const {
     values += whole.count(kind);
   variable.values = std::max(variable.values, values);
   const bool isFull = whole.different == mostDifferent;
-  variable.different = std::max(variable.different, whole.different - (isFull ? 0 : above));
+  variable.different =
+      std::max(variable.different, whole.different - (isFull ? 0 : above + missing));
   if (variable.kind != VariableKind::empty) return;
   const bool isWords = 2 * whole.count(CutKind::text) > values;
   if (values > 0) variable.kind = isWords ? VariableKind::words : VariableKind::numbers;
@@ -185,7 +191,10 @@ void ImportFindings::takeChosenUses() {
     if (one.kind != VariableKind::words) one.uses.push_back(ColumnUse::numbers);
     if (!one.categories.empty()) one.uses.push_back(ColumnUse::dummies);
     if (!one.categories.empty()) one.reference = referenceOf(column);
+    one.isCoded = one.kind == VariableKind::numbers && areAllLabelled(column);
     if (file && one.kind != VariableKind::empty) one.uses.push_back(ColumnUse::labels);
+    if (one.kind == VariableKind::words && one.categories.empty())
+      one.uses.push_back(ColumnUse::leftOut);
     const auto chosen = choice_.uses.find(columnNumber(column));
     if (landsAs(Use::label, column)) continue;
     if (!isTaken(column)) use(column) = Use::none;
@@ -308,6 +317,55 @@ void ImportFindings::askWordColumns(const std::vector<int>& columns) {
     use(column) = !chosen ? Use::undecided : *chosen == dummiesChosen ? Use::dummies : Use::none;
 }
 
+bool ImportFindings::areAllLabelled(int column) const {
+  if (!book_) return false;
+  const auto& labels = book_->table.columns[static_cast<std::size_t>(column)].valueLabels;
+  const auto& categories = variable(column).categories;
+  return !categories.empty() &&
+         std::all_of(categories.begin(), categories.end(), [&](const Category& one) {
+           return std::any_of(labels.begin(), labels.end(),
+                              [&](const ValueLabel& label) { return label.value == one.value; });
+         });
+}
+
+void ImportFindings::findCodedColumns() {
+  std::vector<int> coded;
+  std::vector<std::string> names;
+  int dummies = 0;
+  for (int column = 0; column < columns(); ++column) {
+    if (!landsAs(Use::number, column) || !variable(column).isCoded) continue;
+    if (choice_.uses.contains(columnNumber(column))) continue;
+    coded.push_back(column);
+    names.push_back(variable(column).name);
+    dummies += dummiesOf(column);
+  }
+  if (coded.empty()) return;
+  const auto& first = variable(coded[0]).categories;
+  const std::string example = first[0].value + " = " + first[0].name + ", " + first[1].value +
+                              " = " + first[1].name + (first.size() > 2 ? ", ..." : "");
+  std::vector<std::string> choices{"Numbers, as they are"};
+  if (columnsThatLand() - static_cast<int>(coded.size()) + dummies <= roomForVariables())
+    choices.push_back(coded.size() == 1
+                          ? dummiesText(coded[0])
+                          : "Dummy variables, " + std::to_string(dummies) + " in all");
+  const int answer =
+      *ask(ImportDoubt::codedColumns,
+           listed(names) + (names.size() == 1 ? " holds" : " hold") + " codes for words (" +
+               example + "). What is to become of " + (names.size() == 1 ? "it?" : "them?"),
+           choices, 0);
+  if (answer == 0) return;
+  for (const int column : coded) use(column) = Use::dummies;
+}
+
+int ImportFindings::columnsThatLand() const {
+  int count = 0;
+  for (int column = 0; column < columns(); ++column)
+    count += landsAs(Use::dummies, column)  ? dummiesOf(column)
+             : landsAs(Use::number, column) ? 1
+                                            : 0;
+  return count;
+}
+
 void ImportFindings::findDates() {
   Sighting dates;
   std::set<int> columns;
@@ -376,7 +434,6 @@ void ImportFindings::tellUses() {
   if (told > mostTold)
     notes_.push_back(std::to_string(told - mostTold) +
                      " more columns became dummy variables in the same way.");
-  if (book_ && !target_.hints.wanted) noteCodes();
 }
 
 void ImportFindings::noteDummies(int column) {
@@ -392,17 +449,6 @@ void ImportFindings::noteDummies(int column) {
     notes_.push_back(one.name + " comes as " + counted(dummiesOf(column), "dummy variable") +
                      ", \"" + first->name + "\" to \"" + last->name + "\", all 0 for " +
                      first->reference + ".");
-}
-
-void ImportFindings::noteCodes() {
-  std::vector<std::string> names;
-  for (int column = 0; column < columns(); ++column)
-    if (landsAs(Use::number, column) && !variable(column).categories.empty() &&
-        !book_->table.columns[static_cast<std::size_t>(column)].valueLabels.empty())
-      names.push_back(variable(column).name);
-  if (names.empty()) return;
-  notes_.push_back("The codes of " + listed(names) +
-                   " come as numbers; Variables can make dummy variables of them.");
 }
 
 std::vector<std::string> ImportFindings::headings() const {

@@ -386,7 +386,7 @@ TEST_F(DataEditorFiles, AWorkbookIsAskedAboutAndLandsInTheSheet) {
   visit([&] {
     opens(TOLMER_SOURCE_DIR "/fuzz/corpus/foreign_file/xlsxwriter.xlsx");
     script.window("frmTextImport", [&] {
-      for (int i = 1; i <= 17; ++i) {
+      for (int i = 1; i <= 19; ++i) {
         const std::string name = "cmboAnswer(" + std::to_string(i) + ")";
         auto& box = user.get<ComboBox>("frmTextImport", name);
         if (box.visible() && box.listIndex() < 0)

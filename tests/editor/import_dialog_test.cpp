@@ -54,7 +54,7 @@ struct Stage {
 TEST(TextImportDialog, ClearTextNeedsOnlyReturn) {
   Stage stage;
   const auto table = stage.ask("Town,Price\nUlm,1.5\nRom,2\n", asFile, [&] {
-    EXPECT_EQ(stage.user.window(window).caption(), "Bring in Text - data.csv");
+    EXPECT_EQ(stage.user.window(window).caption(), "Bring in Data - data.csv");
     EXPECT_EQ(stage.row(1), "Obs Town Price");
     EXPECT_EQ(stage.row(2), "1 Ulm 1.5");
     EXPECT_EQ(stage.state(), "2 rows, 2 columns.");
@@ -86,7 +86,7 @@ TEST(TextImportDialog, OpenQuestionsHoldOkBackAndThePreviewFollows) {
     EXPECT_TRUE(stage.answer(ImportDoubt::words).hasFocus());
     stage.choose(ImportDoubt::words, 1);
     // Told not to bring it in, it says where, and the answer can still be another.
-    stage.script.box("Bring in Text - data.csv",
+    stage.script.box("Bring in Data - data.csv",
                      "Nothing was brought in. line 2, column 2: \"x\" is no number.");
     stage.user.key(window, {keys::enter});
     stage.choose(ImportDoubt::words, 0);
@@ -122,7 +122,7 @@ TEST(TextImportDialog, ATableTooLargeCanBeMendedByAnotherAnswerOnly) {
   stage.ask(wide, asFile, [&] {
     stage.choose(ImportDoubt::separator, 1);
     EXPECT_EQ(stage.state(),
-              "The text has 2 rows and 59 columns of data; there is room for 500 and 50. Press "
+              "The text has 2 rows and 60 columns of data; there is room for 500 and 50. Press "
               "Variables to choose.");
     EXPECT_FALSE(stage.okWorks());
     stage.choose(ImportDoubt::separator, 0);

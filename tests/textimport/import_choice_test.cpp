@@ -82,6 +82,19 @@ TEST(ImportChoice, theFirstColumnIsLabelsOnlyByAnOffer) {
   EXPECT_EQ(landed(born, {.uses = {{2, ColumnUse::numbers}}}), "[x][Born]|1 45356|2 0");
 }
 
+TEST(ImportChoice, aNumberApartFromAllOthersMayBeACode) {
+  const std::string text = "Pay,Wave,Score\n2,-9,99\n-99,1,7\n3,2,-9\n-99,-9,5\n";
+  EXPECT_EQ(
+      landed(text),
+      "An answer is missing: \"-99\" (line 3, column 1, 2 in all) stands apart from all other "
+      "numbers of Pay. Other columns have such numbers, too. Is it a code for a missing value?");
+  EXPECT_EQ(landed(text, {}, {{ImportDoubt::likelyCodes, 0}}),
+            "[Pay][Wave][Score]|2 _ 99|_ 1 7|3 2 -9|_ _ 5");
+  EXPECT_EQ(landed(text, {.columns = std::set{1}}, {{ImportDoubt::likelyCodes, 1}}),
+            "[Pay]|2|-99|3|-99");
+  EXPECT_EQ(landed("x\n-99\n-99\n-4\n"), "[x]|-99|-99|-4");
+}
+
 TEST(ImportChoice, whatMakesTooManyDummiesIsToldAndNotOffered) {
   std::string text = "x,Name,Group,Same\n";
   for (int i = 0; i < 120; ++i)

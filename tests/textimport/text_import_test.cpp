@@ -17,9 +17,10 @@ constexpr ImportTarget atFirstCell = atCell(1, 1);
 constexpr ImportTarget asFile{.observations = 500, .variables = 50};
 
 std::string doubts(const ImportPreview& preview) {
-  const char* names[] = {"sheet",    "separator", "first",   "heading", "place",   "labels",
-                         "dummies",  "short",     "decimal", "blanks",  "percent", "currency",
-                         "brackets", "missing",   "words",   "dates",   "codes"};
+  const char* names[] = {"sheet",  "separator", "first",          "heading",  "place",
+                         "labels", "dummies",   "codes of words", "short",    "decimal",
+                         "blanks", "percent",   "currency",       "brackets", "missing",
+                         "words",  "dates",     "codes",          "likely"};
   std::string all;
   for (const ImportQuestion& question : preview.questions) {
     all += std::string(all.empty() ? "" : " ") + names[static_cast<int>(question.doubt)];
