@@ -57,7 +57,12 @@ constexpr Twips usualHeightWithoutInfo = 4000;
 constexpr Twips startingGapRight = 100;
 constexpr Twips startingGapBelow = 800;
 
-constexpr Twips panelWidth = pixels(720);
+constexpr Twips usualWidth = pixels(720);
+// On a small screen the lists are lower and narrower, down to these.
+constexpr Twips leastWidth = pixels(640);
+constexpr Twips leastUpper = pixels(200);
+constexpr Twips leastLower = pixels(90);
+constexpr Twips titleBar = pixels(40);
 constexpr Twips gap = pixels(8);
 constexpr Twips underTitle = pixels(20);  // where the inside of a frame begins
 constexpr Twips buttonHeight = pixels(26);
@@ -66,12 +71,10 @@ constexpr Twips arrowWidth = pixels(84);
 constexpr Twips commandWidth = pixels(92);
 constexpr Twips arrowLeft = gap + listWidth + gap;
 constexpr Twips includedLeft = arrowLeft + arrowWidth + gap;
-constexpr Twips commandLeft = panelWidth - gap - commandWidth;
-constexpr Twips includedWidth = commandLeft - gap - includedLeft;
 constexpr Twips depVarHeight = pixels(56);
 constexpr Twips framesTop = pixels(6);
 constexpr Twips checkHeight = pixels(23);
-constexpr Twips definitionsWidth = pixels(452);
+constexpr Twips commentsWidth = pixels(244);
 constexpr Twips chosenWidth = pixels(170);
 
 // Inside a frame of that size, below its title.
@@ -393,33 +396,49 @@ void frmModelDesign::PositionForm() {
   fraComments.setVisible(info);
   pnlGround.setVisible(state_.bStartingUp);
   if (state_.bStartingUp) {
-    layOut(startingHeightWithoutInfo, info ? startingHeight : startingHeightWithoutInfo);
-    return placeOverMainWindow(picControls.height());
+    const Size inner = innerOfMainWindow();
+    layOut(startingHeightWithoutInfo, info ? startingHeight : startingHeightWithoutInfo, inner);
+    return placeOverMainWindow(inner);
   }
-  layOut(usualHeightWithoutInfo, info ? usualHeight : usualHeightWithoutInfo);
+  const Size screen = desktop().screenSize();
+  layOut(usualHeightWithoutInfo, info ? usualHeight : usualHeightWithoutInfo,
+         {screen.width, screen.height - titleBar});
   picControls.setBorder(false);
   setPlace({left(), top(), picControls.width(), picControls.height()});
   centreOnScreen();
 }
 
-void frmModelDesign::placeOverMainWindow(Twips panelHeight) {
-  const Size screen = desktop().screenSize();
-  Size inner{mainWindow_.innerWidth(), mainWindow_.innerHeight()};
-  if (inner.width <= 0 || inner.height <= 0) inner = screen;
-  // A maximised window's inner ground ends where the screen does.
-  const bool maximised = mainWindow_.state() == WindowState::maximised;
-  setPlace({maximised ? 0 : mainWindow_.left(),
-            maximised ? std::max(screen.height - inner.height, 0.0F) : mainWindow_.top(),
-            inner.width, inner.height});
-  pnlGround.fill(inner);
-  picControls.setBorder(true);
-  picControls.setPlace({std::max(inner.width - startingGapRight - panelWidth, 0.0F),
-                        std::max(inner.height - startingGapBelow - panelHeight, 0.0F), panelWidth,
-                        panelHeight});
+Size frmModelDesign::innerOfMainWindow() const {
+  const Size inner{mainWindow_.innerWidth(), mainWindow_.innerHeight()};
+  return inner.width <= 0 || inner.height <= 0 ? desktop().screenSize() : inner;
 }
 
-void frmModelDesign::layOut(Twips upperHeight, Twips height) {
-  picControls.setPlace({0, 0, panelWidth, height});
+void frmModelDesign::placeOverMainWindow(Size inner) {
+  const Size screen = desktop().screenSize();
+  // A maximised window's inner ground ends where the screen does.
+  const bool maximised = mainWindow_.state() == WindowState::maximised;
+  const Twips fromRight = inner.width - startingGapRight - picControls.width();
+  const Twips fromBelow = inner.height - startingGapBelow - picControls.height();
+  picControls.setBorder(true);
+  picControls.setLeft(std::max(fromRight, 0.0F));
+  picControls.setTop(std::max(fromBelow, 0.0F));
+  const Size whole{std::max(inner.width, picControls.right()),
+                   std::max(inner.height, picControls.bottom())};
+  setPlace({maximised ? 0 : mainWindow_.left(),
+            maximised ? std::max(screen.height - inner.height, 0.0F) : mainWindow_.top(),
+            whole.width, whole.height});
+  pnlGround.fill(whole);
+}
+
+// What lies below the lists gives way first.
+void frmModelDesign::layOut(Twips upperHeight, Twips height, Size room) {
+  const Twips lower = height - upperHeight;
+  const Twips tooHigh = std::max(height - room.height, 0.0F);
+  const Twips ofLower = std::min(tooHigh, std::max(lower - leastLower, 0.0F));
+  const Twips ofUpper = std::min(tooHigh - ofLower, upperHeight - leastUpper);
+  upperHeight -= ofUpper;
+  height -= ofLower + ofUpper;
+  picControls.setPlace({0, 0, std::clamp(room.width, leastWidth, usualWidth), height});
   placeLists(upperHeight - framesTop - gap);
   placeButtons();
   placeDefinitions(upperHeight, height - upperHeight - gap);
@@ -428,8 +447,9 @@ void frmModelDesign::layOut(Twips upperHeight, Twips height) {
 void frmModelDesign::placeLists(Twips height) {
   fraVarList.setPlace({gap, framesTop, listWidth, height});
   spdVarList.setPlace(filledByRows(insideOf(fraVarList)));
-  fraIncluded.setPlace({includedLeft, framesTop, includedWidth, height});
-  const Twips inside = includedWidth - 2 * gap;
+  const Twips included = picControls.width() - 2 * gap - commandWidth - includedLeft;
+  fraIncluded.setPlace({includedLeft, framesTop, included, height});
+  const Twips inside = included - 2 * gap;
   fraDepVar.setPlace({gap, underTitle, inside, depVarHeight});
   txtDepVar.setPlace({gap, underTitle, inside - 2 * gap, buttonHeight});
   const Twips indepTop = fraDepVar.bottom() + gap / 2;
@@ -449,21 +469,21 @@ void frmModelDesign::placeButtons() {
   cmdIndVarDeselect.setPlace({arrowLeft, indTop + step, arrowWidth, buttonHeight});
   Twips top = pixels(14);
   for (Button* button : {&cmdOK, &cmdCancel, &cmdHelp, &cmdShowData, &cmdFormerModel}) {
-    button->setPlace({commandLeft, top, commandWidth, pixels(28)});
+    button->setPlace({fraIncluded.right() + gap, top, commandWidth, pixels(28)});
     top = button->bottom() + gap;
   }
 }
 
 void frmModelDesign::placeDefinitions(Twips top, Twips height) {
   const Twips used = std::max(height, 0.0F);
-  fraVarDefs.setPlace({gap, top, definitionsWidth, used});
+  fraVarDefs.setPlace({gap, top, picControls.width() - commentsWidth - 3 * gap, used});
   const Rect inside = insideOf(fraVarDefs);
   const Twips listed = inside.width - gap - chosenWidth;
   fraVarDefsInside.setPlace({inside.left, inside.top, listed, inside.height});
   spdVarDefs.setPlace({0, 0, listed, inside.height});
   txtVblDef.setPlace({inside.left + listed + gap, inside.top, chosenWidth, inside.height});
   const Twips commentsLeft = fraVarDefs.right() + gap;
-  fraComments.setPlace({commentsLeft, top, panelWidth - gap - commentsLeft, used});
+  fraComments.setPlace({commentsLeft, top, commentsWidth, used});
   txtComments.setPlace(insideOf(fraComments));
 }
 

@@ -101,11 +101,12 @@ class frmModelDesign : public Window {
 
   void wireEvents();
   void describeControls();
-  void layOut(Twips upperHeight, Twips height);
+  void layOut(Twips upperHeight, Twips height, Size room);
   void placeLists(Twips height);
   void placeButtons();
   void placeDefinitions(Twips top, Twips height);
-  void placeOverMainWindow(Twips panelHeight);
+  Size innerOfMainWindow() const;
+  void placeOverMainWindow(Size inner);
 
   AnalysisState& state_;
   DesignerSources sources_;

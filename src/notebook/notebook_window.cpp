@@ -89,9 +89,15 @@ void frmNotebook::placeControls(Twips side, Twips beside, Twips pageHeight) {
   // On a narrow book the bar beside the page needs more of the margins than the other side.
   const Twips bar = desktop().scrollBarThickness() + pixels(3);
   picPageView.setPlace({std::min(side, 2 * side - bar), TabBook::tabHeight + pixels(10), container.width, pageHeight});
-  page_.fit(desktop().scrollBarThickness());
+  fitPage();
   placeFoot(picPageView.bottom() + pixels(4));
   placeButtons();
+}
+
+// As high as what stands on the page: one that has room does not scroll.
+void frmNotebook::fitPage() {
+  picPageContainer.setHeight(std::max(picPageView.height(), elements.nextControlTop()));
+  page_.fit(desktop().scrollBarThickness());
 }
 
 void frmNotebook::focusMoved() {
@@ -378,10 +384,8 @@ void frmNotebook::SetupPage(int iSection, int iPage) {
   else
     cmdOK.setEnabled(onCoverPage || page.iPageType != PageType::picture || showsPicture);
   picPageContainer.orderStopsByPlace();
-  // A book of somebody's own may have a longer page.
-  picPageContainer.setHeight(std::max(container.height, elements.nextControlTop()));
   page_.toTop();
-  page_.fit(desktop().scrollBarThickness());
+  fitPage();
   recordPage(iSection, iPage);
 }
 

@@ -68,6 +68,7 @@ class frmNotebook : public Window {
  private:
   void placeControls(Twips side, Twips beside, Twips pageHeight);
   void placeFoot(Twips top);
+  void fitPage();
   void focusMoved() override;
   void placeButtons();
   void dressControls();

@@ -34,13 +34,21 @@ Twips footOf(const Window& window, Twips end) {
 }  // namespace
 
 DialogFit fitDialog(const Window& window, Size whole, Size room, Twips barThickness) {
-  const bool scrolls = whole.height > room.height;
-  const Twips wanted = whole.width + (scrolls ? barThickness : 0);
-  const Size shown{std::min(wanted, room.width), std::min(whole.height, room.height)};
-  const Twips footTop = scrolls ? footOf(window, whole.height) : whole.height;
+  bool wide = whole.width > room.width;
+  const bool tall = whole.height + (wide ? barThickness : 0) > room.height;
+  wide = wide || (tall && whole.width + barThickness > room.width);
+  const Size shown{std::min(whole.width + (tall ? barThickness : 0), room.width),
+                   std::min(whole.height + (wide ? barThickness : 0), room.height)};
+  DialogFit fit{shown, whole.height, std::max(whole.width - shown.width, 0.0F)};
+  if (!tall && !wide) return fit;
+  const Twips footTop = footOf(window, whole.height);
   // What scrolls has to have more than half of the room.
-  const bool isLow = whole.height - footTop < shown.height / 2;
-  return {shown, isLow ? footTop : whole.height};
+  if (whole.height - footTop > shown.height / 2) return fit;
+  if (std::ranges::all_of(window.children(), [&](const Control* child) {
+        return child->top() < footTop || child->left() >= fit.footShift;
+      }))
+    fit.footTop = footTop;
+  return fit;
 }
 
 }  // namespace tolmer

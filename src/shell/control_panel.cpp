@@ -17,9 +17,14 @@ constexpr Twips labelHeight = pixels(18);
 constexpr Twips captionWidth = pixels(100);  // beside its list
 constexpr Twips captionHeight = pixels(16);  // of a frame
 constexpr Twips leastGap = pixels(4);
+constexpr Size buttonSize{pixels(126), pixels(30)};
+// Where there is little room.
+constexpr Twips lowList = pixels(24);
+constexpr Twips lowButton = pixels(26);
 
-// What a quadrant of 320 x 220 pixels has inside.
-constexpr Size leastInside{pixels(320) - 2 * FrameWindow::childSide,
+// What a quadrant of 320 x 220 pixels has inside, less the width of a scroll bar: a lower one needs
+// an upright bar, and shall need no other.
+constexpr Size leastInside{pixels(320) - 2 * FrameWindow::childSide - pixels(16),
                            pixels(220) - FrameWindow::childTop - FrameWindow::childSide};
 
 }  // namespace
@@ -35,16 +40,16 @@ frmControlPanel::frmControlPanel(Desktop& desktop, AnalysisState& state)
 
 void frmControlPanel::designSizes() {
   setLeastInner(leastInside);
-  sizeLists();
-  for (Button* button : buttons_) button->setPlace({0, 0, pixels(126), pixels(30)});
+  sizeControls();
 }
 
-void frmControlPanel::sizeLists() {
+void frmControlPanel::sizeControls() {
   for (Label* label : {&lblYAxisVar, &lblXAxisVar})
     label->setPlace({0, 0, listSize.width, labelHeight});
   for (ComboBox* list : {&cboYAxisVar, &cboXAxisVar})
     list->setPlace({0, 0, listSize.width, listSize.height});
   txtFittedModel.setTop(pixels(22));
+  for (Button* button : buttons_) button->setPlace({0, 0, buttonSize.width, buttonSize.height});
 }
 
 void frmControlPanel::designTexts() {
@@ -86,7 +91,7 @@ void frmControlPanel::declareLetters() {
 
 void frmControlPanel::PositionControls() {
   if (!hasRoomAsDesigned()) return placeTightly();
-  sizeLists();
+  sizeControls();
   placeFrames();
   placeScatterControls();
   spreadButtons();
@@ -142,7 +147,7 @@ void frmControlPanel::spreadRow(std::span<Button* const> buttons, Twips top) {
 // Four buttons side by side, two lists side by side, and these with their labels below the frame's
 // caption.
 bool frmControlPanel::hasRoomAsDesigned() const {
-  const Twips buttons = 4 * cmdUpdateGraphs.width() + 5 * leastGap;
+  const Twips buttons = 4 * buttonSize.width + 5 * leastGap;
   const Twips lists = 2 * listSize.width + 3 * leastGap;
   const Twips frameHeight = innerHeight() / 3 - 25;
   return innerWidth() >= buttons && innerWidth() - 50 >= lists &&
@@ -152,16 +157,17 @@ bool frmControlPanel::hasRoomAsDesigned() const {
 // From below: the buttons, in two rows unless there is room for one; from above: the lists, below
 // one another unless there is room beside; the model takes what is left.
 void frmControlPanel::placeTightly() {
-  const bool oneRow = innerWidth() >= 4 * cmdUpdateGraphs.width() + 5 * leastGap;
-  const Twips lastRow = innerHeight() - leastGap - cmdUpdateGraphs.height();
-  const Twips firstRow = oneRow ? lastRow : lastRow - leastGap - cmdUpdateGraphs.height();
+  for (Button* button : buttons_) button->setHeight(lowButton);
+  const bool oneRow = innerWidth() >= 4 * buttonSize.width + 5 * leastGap;
+  const Twips lastRow = innerHeight() - leastGap - lowButton;
+  const Twips firstRow = oneRow ? lastRow : lastRow - leastGap - lowButton;
   const std::span<Button* const> buttons(buttons_);
   spreadRow(oneRow ? buttons : buttons.first(2), firstRow);
   if (!oneRow) spreadRow(buttons.last(2), lastRow);
 
   const Twips width = innerWidth() - 50;
   const bool beside = width >= 2 * listSize.width + 3 * leastGap;
-  const Twips listsHeight = beside ? labelHeight + listSize.height : 2 * listSize.height + leastGap;
+  const Twips listsHeight = beside ? labelHeight + lowList : 2 * lowList + leastGap;
   fraScatterControls.setPlace({25, 0, width, captionHeight + listsHeight + leastGap});
   placeListsTightly(beside);
   fraCurrentModel.setPlace(
@@ -178,11 +184,11 @@ void frmControlPanel::placeListsTightly(bool beside) {
   for (auto [label, list] : {std::pair(&lblYAxisVar, &cboYAxisVar), {&lblXAxisVar, &cboXAxisVar}}) {
     if (beside) {
       label->setPlace({left, top, listSize.width, labelHeight});
-      list->setPlace({left, label->bottom(), listSize.width, listSize.height});
+      list->setPlace({left, label->bottom(), listSize.width, lowList});
       left += inside - listSize.width;
     } else {
-      label->setPlace({left, top, captionWidth, listSize.height});
-      list->setPlace({label->right(), top, inside - captionWidth, listSize.height});
+      label->setPlace({left, top, captionWidth, lowList});
+      list->setPlace({label->right(), top, inside - captionWidth, lowList});
       top = list->bottom() + leastGap;
     }
   }

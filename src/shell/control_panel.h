@@ -61,7 +61,7 @@ class frmControlPanel : public Window {
 
  private:
   void designSizes();
-  void sizeLists();
+  void sizeControls();
   void designTexts();
   void wireEvents();
   void declareLetters();

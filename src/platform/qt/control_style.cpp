@@ -166,8 +166,9 @@ void drawScrollBar(QPainter& painter, const QStyleOptionComplex& option, const Q
   if (!isEnabled(option)) return;
   const bool held = isPressed(option) && option.activeSubControls & QStyle::SC_ScrollBarSlider;
   const bool upright = groove.height() > groove.width();
-  const QRectF handle =
-      upright ? QRectF(slider).adjusted(4, 1, -4, -1) : QRectF(slider).adjusted(1, 4, -1, -4);
+  const int beside = (upright ? groove.width() : groove.height()) * 2 / 7;
+  const QRectF handle = upright ? QRectF(slider).adjusted(beside, 1, -beside, -1)
+                                : QRectF(slider).adjusted(1, beside, -1, -beside);
   painter.setPen(Qt::NoPen);
   painter.setBrush(held || hasFocus(option) ? QColor(theme::accent)
                    : isHovered(option)      ? QColor(theme::strongLine)

@@ -45,13 +45,14 @@ class ScrolledInside {
   QWidget* foot() { return foot_; }
   QScrollBar& bar() const { return *scroller_->verticalScrollBar(); }
 
-  // The whole has that size and stands in `room`; from `footTop` on it stays in view.
-  void place(QSize whole, const QRect& room, int footTop) {
+  // The whole has that size and stands in `room`; from `footTop` on it stays in view, moved to the
+  // left by `footShift`.
+  void place(QSize whole, const QRect& room, int footTop, int footShift) {
     const int footHeight = whole.height() - footTop;
     scroller_->setGeometry(room.adjusted(0, 0, 0, -footHeight));
     scroller_->widget()->resize(whole.width(), footTop);
     strip_->setGeometry(room.left(), room.bottom() + 1 - footHeight, room.width(), footHeight);
-    foot_->setGeometry(0, -footTop, std::max(whole.width(), room.width()), whole.height());
+    foot_->setGeometry(-footShift, -footTop, std::max(whole.width(), room.width()), whole.height());
   }
 
  private:
@@ -119,11 +120,8 @@ class DialogPeer : public WindowPeer {
       if (window().state() != WindowState::maximised) dialog_->resize(shown + menu());
       if (shown != wanted) report(shown);
     } else {
-      const Twips bar = toTwips(QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent,
-                                                                   nullptr, dialog_),
-                                scale());
       const Size whole{window().width(), window().height()};
-      const DialogFit fit = fitDialog(window(), whole, toTwips(room, scale()), bar);
+      const DialogFit fit = fitDialog(window(), whole, toTwips(room, scale()), bar());
       dialog_->setFixedSize(toPixels(fit.shown, scale()).boundedTo(room) + menu());
     }
     arrange();
@@ -138,6 +136,11 @@ class DialogPeer : public WindowPeer {
   // On the screen, where no window is magnified.
   QPoint corner() const {
     return {toPixel(window().left(), theme::zoom()), toPixel(window().top(), theme::zoom())};
+  }
+
+  Twips bar() const {
+    return toTwips(
+        QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, dialog_), scale());
   }
 
   QSize menu() const { return {0, menuHeight()}; }
@@ -157,11 +160,14 @@ class DialogPeer : public WindowPeer {
     const bool hasRoom = whole.width() <= room.width() && whole.height() <= room.height();
     if (hasRoom && !inside_) return childrenGround()->setGeometry(room);
     if (!inside_) inside_ = std::make_unique<ScrolledInside>(*dialog_, *childrenGround());
-    footTop_ = fitDialog(window(), toTwips(whole, scale()), toTwips(room.size(), scale()), 0).footTop;
+    const DialogFit fit =
+        fitDialog(window(), toTwips(whole, scale()), toTwips(room.size(), scale()), bar());
+    footTop_ = fit.footTop;
     if (hasRoom)
-      inside_->place(room.size(), room, room.height());
+      inside_->place(room.size(), room, room.height(), 0);
     else
-      inside_->place(whole, room, std::min(toPixel(footTop_, scale()), whole.height()));
+      inside_->place(whole, room, std::min(toPixel(footTop_, scale()), whole.height()),
+                     toPixel(fit.footShift, scale()));
     for (Control* child : window().children())
       if (child->peer()) static_cast<ControlPeer*>(child->peer())->moveTo(groundOf(*child));
     orderTabStops(window());
