@@ -316,6 +316,7 @@ const ImportQuestion* frmTextImport::shownQuestion(ImportDoubt doubt) const {
 void frmTextImport::Form_Resize() {
   const Twips inside = std::max(innerWidth() - 2 * dialogMargin, pixels(400));
   const Twips others = heightOfAllButGrid();
+  setLeastInner({pixels(400) + 2 * dialogMargin, others + leastGrid});
   const Twips gridHeight = std::max(innerHeight() - others, leastGrid);
   lblPreview.setPlace({dialogMargin, gap, inside, lineOfText});
   spdPreview.setPlace({dialogMargin, lblPreview.bottom(), inside, gridHeight});

@@ -48,6 +48,7 @@ std::string markOf(int copies) { return "cells " + std::to_string(copies); }
 
 SheetWindow::SheetWindow(Desktop& desktop)
     : Window(desktop, "frmDataEditor", WindowStyle::dialog, "Data Editor") {
+  setLeastInner({pixels(480), pixels(240)});
   wireGrid();
 }
 
@@ -117,8 +118,8 @@ void SheetWindow::resetGrid() {
 }
 
 void SheetWindow::placeControls() {
-  const Twips width = std::max(innerWidth(), pixels(480));
-  const Twips height = std::max(innerHeight(), pixels(240));
+  const Twips width = innerWidth();
+  const Twips height = innerHeight();
   lblTitle.setPlace({gap, gap, pixels(40), lineHeight});
   txtTitle.setPlace({lblTitle.right(), gap, width - lblTitle.right() - gap, lineHeight});
   const Twips buttonTop = height - gap - buttonHeight;

@@ -190,6 +190,42 @@ TEST_F(QtWindowsTest, WindowThatWasThereBeforeTheFrameBelongsToItOnceShownAgain)
   EXPECT_TRUE(widgetOf(hider).isVisible());
 }
 
+struct TallDialog : Window {
+  explicit TallDialog(ScriptedQtDesktop& desktop)
+      : Window(desktop, "frmTall", WindowStyle::dialog, "Tall") {
+    setPlace({0, 0, pixels(300), pixels(900)});
+    for (TextBox* box : {&txtFirst, &txtLast})
+      box->setPlace({pixels(10), box == &txtFirst ? pixels(10) : pixels(820), pixels(200), 400});
+    cmdOK.setPlace({pixels(200), pixels(860), pixels(90), pixels(30)});
+  }
+  TextBox txtFirst{this, "txtFirst"};
+  TextBox txtLast{this, "txtLast"};
+  Button cmdOK{this, "cmdOK", "OK"};
+};
+
+// The test's screen has 800 x 800 pixels.
+TEST_F(QtWindowsTest, ButtonsOfADialogThatIsTooHighStayInViewAtAnyZoom) {
+  TallDialog dialog(desktop);
+  dialog.txtFirst.setFocus();
+  dialog.show();
+  const auto isSeen = [&](const Control& control) {
+    const QWidget& widget = widgetOf(control);
+    return widget.visibleRegion().boundingRect() == widget.rect();
+  };
+  for (const int zoom : {100, 150, 100}) {
+    desktop.setZoom(zoom);
+    desktop.settle();
+    EXPECT_TRUE(isSeen(dialog.cmdOK)) << zoom;
+    EXPECT_EQ(widgetOf(dialog.cmdOK).width(), 90 * zoom / 100);
+    dialog.txtLast.setFocus();
+    desktop.settle();
+    EXPECT_TRUE(isSeen(dialog.txtLast)) << zoom;
+    EXPECT_FALSE(isSeen(dialog.txtFirst)) << zoom;
+    EXPECT_LE(widgetOf(dialog).height(), 800);
+    dialog.txtFirst.setFocus();
+  }
+}
+
 TEST_F(QtWindowsTest, FrameKeepsItsMaximisedState) {
   OneChild frame(desktop);
   EXPECT_EQ(frame.state(), WindowState::maximised);

@@ -4,6 +4,7 @@
 
 #include "platform/buttons.h"
 #include "platform/labels.h"
+#include "platform/panels.h"
 #include "platform/tab_book.h"
 #include "platform/text_metrics.h"
 #include "platform/window.h"
@@ -24,8 +25,7 @@ bool reachesOut(const Control& control, Container& container) {
   if (auto* window = dynamic_cast<Window*>(&container))
     room = {window->innerWidth(), window->innerHeight()};
   const Twips highest = container.kind() == ControlKind::tabBook ? TabBook::tabHeight : 0;
-  const bool scrolls = container.kind() == ControlKind::panel &&
-                       control.kind() == ControlKind::label && control.height() > room.height;
+  const bool scrolls = container.kind() == ControlKind::panel && control.height() > room.height;
   return control.left() < -slack || control.right() > room.width + slack ||
          (!scrolls && (control.top() < highest - slack || control.bottom() > room.height + slack));
 }
@@ -67,7 +67,7 @@ std::string layoutFaults(Container& container) {
       faults += control.name() + " reaches out of " + container.name() + "\n";
     if (textIsCut(control)) faults += control.name() + " cuts its text off\n";
     for (std::size_t j = 0; j < i; ++j)
-      if (overlap(control, *shown[j]))
+      if (overlap(control, *shown[j]) && !dynamic_cast<const Curtain*>(shown[j]))
         faults += control.name() + " lies over " + shown[j]->name() + "\n";
     if (auto* inner = dynamic_cast<Container*>(&control)) faults += layoutFaults(*inner);
   }

@@ -24,10 +24,15 @@ class GroundWidget : public QWidget {
   const Window& window_;
 };
 
-// Where it stands on something that is scrolled.
+// Where it stands on something that is scrolled: all of it, not only where the cursor is.
 void bringIntoView(QWidget& widget) {
+  constexpr int around = 8;
   for (QWidget* above = widget.parentWidget(); above; above = above->parentWidget())
-    if (auto* area = qobject_cast<QScrollArea*>(above)) area->ensureWidgetVisible(&widget, 8, 8);
+    if (auto* area = qobject_cast<QScrollArea*>(above)) {
+      const QPoint middle = widget.mapTo(area->widget(), widget.rect().center());
+      area->ensureVisible(middle.x(), middle.y(), widget.width() / 2 + around,
+                          widget.height() / 2 + around);
+    }
 }
 
 }  // namespace
