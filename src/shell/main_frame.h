@@ -40,6 +40,10 @@ class mdiReg : public FrameWindow {
   MenuItem mnuOptions;
   MenuItem mnuShowRegression;
   MenuItem mnuShowCorrelation;
+  MenuItem mnuOptionsBar1;
+  MenuItem mnuZoomIn;
+  MenuItem mnuZoomOut;
+  MenuItem mnuZoomUsual;
 
   MenuItem mnuExplore;
   MenuItem mnuExploreNotes;

@@ -43,6 +43,9 @@ void MenuCommands::wireDisplays() {
 }
 
 void MenuCommands::wireOptions() {
+  parts_.frame.mnuZoomIn.Click = [this] { parts_.desktop.zoomIn(); };
+  parts_.frame.mnuZoomOut.Click = [this] { parts_.desktop.zoomOut(); };
+  parts_.frame.mnuZoomUsual.Click = [this] { parts_.desktop.zoomToUsual(); };
   parts_.frame.mnuShowRegression.Click = [this] { mnuShowRegression_Click(); };
   parts_.frame.mnuShowCorrelation.Click = [this] { mnuShowCorrelation_Click(); };
 }
