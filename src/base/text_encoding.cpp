@@ -18,20 +18,6 @@ constexpr std::array<char16_t, 32> windows1252 = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178};
 
-void appendCodePoint(std::string& text, char32_t code) {
-  if (code < 0x80) {
-    text += static_cast<char>(code);
-  } else if (code < 0x800) {
-    text += static_cast<char>(0xC0 | (code >> 6));
-    text += static_cast<char>(0x80 | (code & 0x3F));
-  } else {
-    if (code >= 0x10000) text += static_cast<char>(0xF0 | (code >> 18));
-    text += static_cast<char>(code >= 0x10000 ? 0x80 | ((code >> 12) & 0x3F) : 0xE0 | (code >> 12));
-    text += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
-    text += static_cast<char>(0x80 | (code & 0x3F));
-  }
-}
-
 bool isContinuation(char c) { return (static_cast<Byte>(c) & 0xC0) == 0x80; }
 
 // What may follow a lead byte: how many bytes, and the range of the first of them, which is where
@@ -88,6 +74,21 @@ bool areShown(std::string_view eight) {
 }
 
 }  // namespace
+
+void appendCodePoint(std::string& text, char32_t code) {
+  if ((code >= 0xD800 && code < 0xE000) || code > 0x10FFFF) code = 0xFFFD;
+  if (code < 0x80) {
+    text += static_cast<char>(code);
+  } else if (code < 0x800) {
+    text += static_cast<char>(0xC0 | (code >> 6));
+    text += static_cast<char>(0x80 | (code & 0x3F));
+  } else {
+    if (code >= 0x10000) text += static_cast<char>(0xF0 | (code >> 18));
+    text += static_cast<char>(code >= 0x10000 ? 0x80 | ((code >> 12) & 0x3F) : 0xE0 | (code >> 12));
+    text += static_cast<char>(0x80 | ((code >> 6) & 0x3F));
+    text += static_cast<char>(0x80 | (code & 0x3F));
+  }
+}
 
 std::size_t plainLength(std::string_view text) {
   std::size_t at = 0;

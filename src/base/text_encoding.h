@@ -11,6 +11,9 @@ namespace tolmer {
 // forms, no surrogates, nothing above U+10FFFF.
 bool isUtf8(std::string_view bytes);
 
+// A character of Unicode behind the text; what is none is U+FFFD.
+void appendCodePoint(std::string& text, char32_t code);
+
 // How many bytes of ASCII that shows, tabs and line ends a text begins with; most texts have no
 // others.
 std::size_t plainLength(std::string_view text);

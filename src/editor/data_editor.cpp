@@ -123,6 +123,9 @@ void frmDataEditor::wireControls() {
     bCancel = true;
     cmdCancel_Click();
   };
+  Dropped = [this](const DroppedItems& items) {
+    if (const auto file = droppedFile(items, desktop())) openDropped(*file);
+  };
   declareKeys();
   txtTitle.Changed = [this] {
     if (txtTitle.text() != sheet_.title()) sheet_.setTitle(txtTitle.text());
@@ -156,8 +159,7 @@ void frmDataEditor::Form_Activate() {
     tellOptionalVariable();
     offerLostWork();
   }
-  if (const std::string name = std::exchange(toOpen_, {}); !name.empty())
-    open([&] { return files_.open(name); });
+  if (const auto file = std::exchange(toOpen_, {})) openDropped(*file);
 }
 
 void frmDataEditor::tellOptionalVariable() {
@@ -316,6 +318,18 @@ void frmDataEditor::mnuFileNew_Click() {
 
 void frmDataEditor::cmdOpen_Click() {
   open([this] { return files_.open(); });
+}
+
+void frmDataEditor::openDropped(const DroppedFile& file) {
+  bool opened = false;
+  open([&] {
+    OpenOutcome outcome = files_.open(file.name);
+    opened = outcome.opened;
+    return outcome;
+  });
+  if (!opened || file.notice.empty()) return;
+  notice_ = file.notice;
+  showStatus();
 }
 
 void frmDataEditor::open(const std::function<OpenOutcome()>& routine) {

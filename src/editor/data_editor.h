@@ -2,7 +2,9 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "data/data_sources.h"
 #include "editor/button_lights.h"
@@ -74,7 +76,7 @@ class frmDataEditor : public SheetWindow, public EditorData {
   // Sets the editor up where the host has not.
   void ShowDataEditor() override;
   // The next visit begins by opening that file, as Open would.
-  void openAtNextVisit(const std::string& fileName) { toOpen_ = fileName; }
+  void openAtNextVisit(DroppedFile file) { toOpen_ = std::move(file); }
 
   // Before the program ends: asks once what becomes of data that are in no file. False where the
   // program is to go on, with everything as it was.
@@ -105,6 +107,7 @@ class frmDataEditor : public SheetWindow, public EditorData {
   void mnuFileNew_Click();
   void cmdOpen_Click();
   void open(const std::function<OpenOutcome()>& routine);
+  void openDropped(const DroppedFile& file);
   void cmdSave_Click();
   void save(bool (DataSetFiles::*routine)());
   // Save: under the name it has, else a new one.
@@ -127,7 +130,7 @@ class frmDataEditor : public SheetWindow, public EditorData {
   ButtonLights lights_;
   Timer tmrAutosave_;
   StudentData exit_;
-  std::string toOpen_;
+  std::optional<DroppedFile> toOpen_;
   bool mbEditorOpen_ = false;
   bool mbUserCancel_ = false;
   bool activatedOnce_ = false;

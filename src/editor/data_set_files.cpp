@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <cctype>
-#include <cstdlib>
 #include <filesystem>
 #include <functional>
 #include <utility>
@@ -51,6 +50,18 @@ std::vector<FileKind> editorFileKinds(int iNumberVariables) {
   return {{name, {extension}}, {"Text data", {"csv", "tsv", "txt"}}, {"All", {}}};
 }
 
+// What Open can read comes first, all of it together.
+std::vector<FileKind> readableKinds(int iNumberVariables) {
+  std::vector<FileKind> kinds = editorFileKinds(iNumberVariables);
+  kinds.insert(kinds.end() - 1, {"Workbooks and statistics files",
+                                 {"xlsx", "xlsm", "ods", "fods", "sav", "zsav", "dta", "gdt"}});
+  FileKind all{"All readable files", {}};
+  for (const FileKind& kind : kinds)
+    all.extensions.insert(all.extensions.end(), kind.extensions.begin(), kind.extensions.end());
+  kinds.insert(kinds.begin(), std::move(all));
+  return kinds;
+}
+
 // By the extension of its name.
 bool isTextData(const std::string& fileName) {
   const std::string extension = extensionOf(fileName);
@@ -88,36 +99,53 @@ std::string tfFileFilter(int iNumberVariables, MessagePort& messages) {
   return std::string(name) + " (" + pattern + ")|" + pattern + "|All (*.*)|*.*";
 }
 
+std::optional<DroppedFile> droppedFile(const DroppedItems& items, MessagePort& messages) {
+  const auto refused = [&messages](const std::string& text) {
+    messages.messageBox({"Open", text, MessageIcon::exclamation});
+    return std::nullopt;
+  };
+  if (items.files.empty())
+    return refused(
+        "Only files can be opened. Save what lies on the web with your browser, or copy its table "
+        "and paste it into the Data Editor.");
+  const std::filesystem::path first(items.files.front());
+  std::error_code failed;
+  if (std::filesystem::is_directory(first, failed))
+    return refused(first.string() + " is a folder. Drop one of the files in it.");
+  const std::size_t others = items.files.size() + items.addresses.size() - 1;
+  return DroppedFile{first.string(),
+                     others == 0 ? std::string()
+                                 : "Of " + std::to_string(others + 1) +
+                                       " files that were dropped only the first was opened, " +
+                                       first.filename().string() + "."};
+}
+
 DataSetFiles::DataSetFiles(Desktop& desktop, DataSheet& sheet, std::string programFolder)
     : desktop_(desktop),
       sheet_(sheet),
       programFolder_(std::move(programFolder)),
       symbolFiles_(desktop, files_) {}
 
-// The user's folder beside the program's; where it can neither be found nor made, the user's
-// documents.
+// Where a file was last opened or saved; else the folder for the user's files beside the course,
+// where somebody has made one that can be written, else the user's documents.
 std::string DataSetFiles::dataFolder() const {
-  std::string own =
+  if (!lastFolder_.empty()) return lastFolder_;
+  const std::string own =
       hostPath(tRemoveBackSlash(tParentFolder(tRemoveBackSlash(coursePath(programFolder_)))) +
                "\\zmdata\\userdata");
   std::error_code failed;
-  std::filesystem::create_directories(own, failed);
-  if (!failed && !isReadOnly(own)) return own;
-  const char* home = std::getenv("HOME");
-  return home ? std::string(home) + "/Documents" : std::string();
+  return std::filesystem::is_directory(own, failed) && !isReadOnly(own) ? own : std::string();
 }
 
 OpenOutcome DataSetFiles::open() {
-  auto kinds = editorFileKinds(sheet_.variables());
-  kinds.insert(kinds.end() - 1, {"Workbooks and statistics files",
-                                 {"xlsx", "xlsm", "ods", "fods", "sav", "zsav", "dta", "gdt"}});
-  const auto chosen =
-      desktop_.openFileDialog({.title = "Open", .kinds = std::move(kinds), .folder = dataFolder()});
+  const auto chosen = desktop_.openFileDialog(
+      {.title = "Open", .kinds = readableKinds(sheet_.variables()), .folder = dataFolder()});
   return chosen ? open(chosen->path) : OpenOutcome{};
 }
 
 OpenOutcome DataSetFiles::open(const std::string& name) {
   if (wasGivenUp(name, false)) return {};
+  lastFolder_ = std::filesystem::path(name).parent_path().string();
   if (isForeignFile(name)) return {openForeign(name)};
   return isTextData(name) ? OpenOutcome{openText(name)} : openFile(name);
 }
@@ -226,6 +254,7 @@ bool DataSetFiles::SaveFile(const std::string& name) {
                          .notSaved = "The data were not saved.",
                          .path = name});
   if (saving.end != Saving::End::saved) return false;
+  lastFolder_ = std::filesystem::path(saving.path).parent_path().string();
   if (asText) return true;
   sheet_.markSaved(saving.path);
   remember(saving.path);

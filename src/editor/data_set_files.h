@@ -4,10 +4,12 @@
 #include <cstddef>
 #include <cstdint>
 #include <map>
+#include <optional>
 #include <string>
 
 #include "base/message_box.h"
 #include "platform/desktop.h"
+#include "platform/input.h"
 #include "sheet/data_sheet.h"
 #include "symbolfile/symbol_file.h"
 
@@ -16,6 +18,14 @@ namespace tolmer {
 // The filter of the editor's files for that many variables: "ZM Multivar (*.zmm)|*.zmm|All
 // (*.*)|*.*". Empty, after a message, below one variable.
 std::string tfFileFilter(int iNumberVariables, MessagePort& messages);
+
+// The one of the dropped files that is to be opened, and what is to be told of the others.
+struct DroppedFile {
+  std::string name;
+  std::string notice{};  // empty: nothing; a sentence
+};
+// Nothing, after a box that says why, of a folder or an address.
+std::optional<DroppedFile> droppedFile(const DroppedItems& items, MessagePort& messages);
 
 struct OpenOutcome {
   bool opened = false;   // false: the sheet stands, and a box has said so unless nothing was chosen
@@ -56,6 +66,7 @@ class DataSetFiles {
   Desktop& desktop_;
   DataSheet& sheet_;
   std::string programFolder_;
+  std::string lastFolder_;  // of the file that was last opened or saved
   HostFiles files_;
   SymbolFileHost symbolFiles_;
   std::map<std::string, std::size_t> known_;  // of the bytes that were last read or written here

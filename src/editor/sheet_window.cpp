@@ -363,16 +363,21 @@ void SheetWindow::paste() {
   if (TextBox* box = focusedText()) return pasteInto(*box, std::move(pasted.text));
   if (!isOneBlock("Paste")) return;
   if (copies_ > 0 && pasted.cells == markOf(copies_)) return takePaste(selectedRange(), copied_);
-  pasteText(pasted.text);
+  auto table = tableOfHtml(pasted.html);
+  pasteText(table ? std::move(*table) : HtmlTable{.text = std::move(pasted.text)});
 }
 
-void SheetWindow::pasteText(const std::string& text) {
-  if (text.empty()) return;
+void SheetWindow::pasteText(HtmlTable pasted) {
+  if (pasted.text.empty()) return;
   const CellAddress at = selectedRange().first;
-  const auto landing = tableFromText(
-      desktop(), text,
-      {TextOrigin::clipboard, at.row, at.column, sheet_.observations(), sheet_.variables()},
-      sheet_.content(), "the clipboard");
+  const auto landing = tableFromText(desktop(), pasted.text,
+                                     {.origin = TextOrigin::clipboard,
+                                      .row = at.row,
+                                      .column = at.column,
+                                      .observations = sheet_.observations(),
+                                      .variables = sheet_.variables(),
+                                      .hints = {.notes = std::move(pasted.notes)}},
+                                     sheet_.content(), "the clipboard");
   if (landing) takePaste({landing->first, landing->first}, landing->table);
 }
 

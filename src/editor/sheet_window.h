@@ -13,6 +13,7 @@
 #include "platform/labels.h"
 #include "platform/window.h"
 #include "sheet/data_sheet.h"
+#include "textimport/html_table.h"
 
 namespace tolmer {
 
@@ -59,6 +60,7 @@ class SheetWindow : public Window {
 
   DataSheet sheet_;
   std::string refusal_;  // what the status line says in place of the cell: what was not done, why
+  std::string notice_;   // the same, where something was done
 
  private:
   void wireGrid();
@@ -88,7 +90,7 @@ class SheetWindow : public Window {
   TextBox* focusedText();
   void copyText(TextBox& box, bool cut);
   void pasteInto(TextBox& box, std::string text);
-  void pasteText(const std::string& text);
+  void pasteText(HtmlTable pasted);
   void takePaste(const CellRange& target, const PasteTable& table);
   void tellRefused(int refused, const std::string& reason);
   bool isOneBlock(const std::string& command);
@@ -103,7 +105,6 @@ class SheetWindow : public Window {
     std::string text{};
   };
 
-  std::string notice_;  // the same as refusal_, where something was done
   EntryTold told_;
   PasteTable copied_;  // what was copied here last, with its formulas
   int copies_ = 0;

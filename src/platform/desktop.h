@@ -60,9 +60,9 @@ class Desktop : public MessagePort {
   virtual void beep() = 0;
   virtual void setBusyPointer(bool busy) = 0;
   virtual void setClipboard(const ClipboardContent& content) = 0;
-  // What a paste brings now: text, and cells where nothing else was copied since in whatever
-  // program. A front end that sees the clipboard only as the user pastes keeps what came then and
-  // presses the key for it.
+  // What a paste brings now: text, the same as HTML where another program gave it, and cells where
+  // nothing else was copied since in whatever program. A front end that sees the clipboard only as
+  // the user pastes keeps what came then and presses the key for it.
   virtual ClipboardContent pasted() const = 0;
 
   // Nothing on cancel. A name to save that has no extension gets that of its kind, and a file that

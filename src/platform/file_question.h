@@ -18,7 +18,7 @@ struct FileKind {
 struct FileQuestion {
   std::string title;
   std::vector<FileKind> kinds;  // at least one; the first is chosen at first
-  std::string folder{};         // to begin in; one that does not exist is left aside
+  std::string folder{};         // to begin in; empty or not there: the user's documents
   std::string name{};           // suggested for the file
 };
 

@@ -2,6 +2,8 @@
 #pragma once
 
 #include <functional>
+#include <string>
+#include <vector>
 
 namespace tolmer {
 
@@ -65,6 +67,12 @@ struct TakenKey {
   KeyChord key;
   std::function<void()> work;
   std::function<bool()> when;  // empty: always
+};
+
+// What the user let fall on a window.
+struct DroppedItems {
+  std::vector<std::string> files;      // whole names in UTF-8; folders, too
+  std::vector<std::string> addresses;  // what lies elsewhere, as on the web
 };
 
 }  // namespace tolmer

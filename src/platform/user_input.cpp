@@ -83,6 +83,12 @@ bool turnWheel(Control& control, float lines) {
   return false;
 }
 
+Window* takerOfDrops(Window* modal, const std::vector<Window*>& shown) {
+  const auto frame = std::ranges::find(shown, WindowStyle::frame, &Window::style);
+  Window* taker = modal || frame == shown.end() ? modal : *frame;
+  return taker && taker->Dropped && taker->takesInput() ? taker : nullptr;
+}
+
 void MouseRoute::press(Control& control, MouseButton button) {
   pressed_ = nullptr;
   if (!control.canBeUsed() || raisesItsOwnMouse(control)) return;

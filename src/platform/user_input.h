@@ -25,6 +25,10 @@ void releaseRight(Control& control);
 // listens. False where the control scrolls by itself, or none does.
 bool turnWheel(Control& control, float lines);
 
+// The window to which files go that fall anywhere on the program: the modal one, else the frame, if
+// it listens. Null where they are not taken.
+Window* takerOfDrops(Window* modal, const std::vector<Window*>& shown);
+
 // The mouse over controls. Raises MouseDown, MouseUp and MouseMove, and Click of those kinds that
 // have no press of their own (label that is no link, panel, image, the ground of a window), where
 // the left button came down and up on the same one. A grid or graph raises its own.

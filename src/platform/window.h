@@ -101,6 +101,9 @@ class Window : public Captioned<Container> {
   Event<bool&> QueryUnload;  // its argument set True cancels the close
   Event<> Unload;
   Event<> Click;  // on the ground
+  // Files let fall on the program while this window takes input; where nobody listens they are
+  // refused before they fall.
+  Event<const DroppedItems&> Dropped;
 
  protected:
   void placeChanged() override;

@@ -1,8 +1,11 @@
 #include "shell/main_flow.h"
 
+#include <utility>
+
 #include "base/program_words.h"
 #include "data/designer.h"
 #include "notebook/cover.h"
+#include "notebook/notebook_window.h"
 #include "shell/hint.h"
 
 namespace tolmer {
@@ -25,6 +28,7 @@ MainFlow::MainFlow(ShellParts& parts) : parts_(parts), state_(parts.state) {
     bCancel = !parts_.ownData.mayEndProgram();
     if (!bCancel) state_.bAllowUnload = true;
   };
+  parts_.frame.Dropped = [this](const DroppedItems& items) { openDropped(items); };
   parts_.frame.Unload = [this] { ExitModule(); };
 }
 
@@ -56,8 +60,25 @@ void MainFlow::Main() {
 // A data file to begin with goes the way of the student's own data.
 void MainFlow::startNotebook() {
   if (parts_.fileAtStart.empty()) return parts_.notebook.StartAndShowNotebook();
-  parts_.ownData.editor().openAtNextVisit(parts_.fileAtStart);
+  parts_.ownData.editor().openAtNextVisit({parts_.fileAtStart});
   parts_.notebook.StartOnPage(sectionOfOwnData, 1);
+}
+
+// From the notebook it is as if OK was pressed on the page of own data; beside an analysis, as if
+// those were the data in force and were changed.
+void MainFlow::openDropped(const DroppedItems& items) {
+  const bool notebookAsks = parts_.notebook.window().visible();
+  if (state_.bStartingUp && !notebookAsks) return;
+  auto file = droppedFile(items, parts_.desktop);
+  if (!file) return;
+  parts_.ownData.editor().openAtNextVisit(std::move(*file));
+  if (notebookAsks) {
+    parts_.notebook.window().goTo(sectionOfOwnData, 1);
+    return parts_.notebook.window().cmdOK.click();
+  }
+  const Int16 iDataSource = std::exchange(state_.iDataSource, Int16{dataEditor});
+  if (!editData()) state_.iDataSource = iDataSource;
+  parts_.panel.SetupChangeDataSourceButton();
 }
 
 void MainFlow::readNotebook() {
@@ -69,6 +90,7 @@ void MainFlow::readNotebook() {
   parts_.notebook.ModuleTitleLine = loadingCaption;
   parts_.notebook.LoadNotebook();
   parts_.notebook.ReadObjectFile(parts_.tProgramFolder + "/" + notebookFile);
+  parts_.notebook.window().Dropped = [this](const DroppedItems& items) { openDropped(items); };
   if (frmNoteSplash* cover = parts_.notebook.cover()) cover->ShowAnotherLoadingDot();
 }
 
@@ -227,13 +249,15 @@ void MainFlow::changeDataSource() {
     showNotebook();
 }
 
-void MainFlow::editData() {
+// Whether there is a new analysis.
+bool MainFlow::editData() {
   parts_.editor->ShowDataEditor();
-  if (parts_.editor->UserCancel()) return;
+  if (parts_.editor->UserCancel()) return false;
   state_.bChangeModelOnly = false;
   state_.bChangeDataOnly = true;
   showDesigner();
   if (state_.bModelHasChanged) parts_.analysis.RunAnalysis();
+  return state_.bModelHasChanged;
 }
 
 std::string MainFlow::LastScenarioParameter(int iIndex) const {

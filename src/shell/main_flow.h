@@ -56,7 +56,8 @@ class MainFlow : public ScenarioSource {
   void loadUntilModelStands();
   bool takeDataSource();
   bool takeEditorData();
-  void editData();
+  bool editData();
+  void openDropped(const DroppedItems& items);
   void showDesigner();
 
   ShellParts& parts_;

@@ -227,9 +227,10 @@ std::optional<double> dayOfDate(std::string_view field) {
 }
 
 bool isMissingMark(std::string_view field) {
-  constexpr std::array<std::string_view, 19> marks{
-      "na", "n/a", "#n/a", "n.a.",    "nan",     ".",       "..",    "-",      "--",   "---",
-      "*",  "?",   "null", "missing", "#div/0!", "#value!", "#ref!", "#name?", "#num!"};
+  constexpr std::array<std::string_view, 21> marks{
+      "na",   "n/a",     "#n/a",    "n.a.",         "nan",          ".",      "..",
+      "-",    "--",      "---",     "\xE2\x80\x93", "\xE2\x80\x94", "*",      "?",
+      "null", "missing", "#div/0!", "#value!",      "#ref!",        "#name?", "#num!"};
   field = trimmed(field);
   constexpr std::size_t longest = 8;
   if (field.empty() || field.size() > longest || isDigit(field.front())) return false;

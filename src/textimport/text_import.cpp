@@ -171,7 +171,7 @@ Result<ImportPreview> TextImport::preview(const ImportAnswers& answers,
   const auto& findings = look(answers, choice).findings;
   if (!findings) return findings.error();
   ImportPreview preview{.questions = findings->questions(),
-                        .notes = findings->notes(),
+                        .notes = target_.hints.notes,
                         .headings = findings->headings(),
                         .firstRow = findings->firstRow(),
                         .firstColumn = findings->firstColumn(),
@@ -182,6 +182,8 @@ Result<ImportPreview> TextImport::preview(const ImportAnswers& answers,
                         .roomForVariables = findings->roomForVariables(),
                         .taken = findings->taken(),
                         .mustChoose = findings->mustChoose()};
+  const auto& found = findings->notes();
+  preview.notes.insert(preview.notes.end(), found.begin(), found.end());
   for (int i = 0; i < std::min(shownRows, preview.rows); ++i) {
     auto& row = preview.shown.emplace_back();
     for (const Landing& landing : findings->landings())

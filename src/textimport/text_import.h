@@ -70,6 +70,7 @@ struct ImportHints {
   std::optional<int> headingRow{};  // line of a text or row of a sheet with the names; 0: none has
   std::vector<std::string> missing{};  // what stands for a missing value beside the usual marks
   std::optional<WantedColumns> wanted{};
+  std::vector<std::string> notes{};  // told before what is found: sentences
 };
 
 // Where the table is to land, in a sheet with room for so many observations and variables. For a

@@ -350,9 +350,42 @@ TEST_F(QtWindowsTest, WhereNoLosesWorkOnlyAButtonAnswers) {
   EXPECT_EQ(desktop.QtDesktop::messageBox(box), Answer::yes);
 }
 
+TEST_F(QtWindowsTest, FilesThatFallOnAnyWindowGoToTheOneThatListens) {
+  OneChild frame(desktop);
+  Window dialog(desktop, "dialog", WindowStyle::dialog, "Dialog");
+  TextBox box(&dialog, "txtBox");
+  std::vector<std::string> fallen;
+  frame.Dropped = [&](const DroppedItems& items) {
+    fallen = items.files;
+    fallen.push_back(items.addresses.at(0));
+  };
+  const auto drop = [&](const Window& on) {
+    QMimeData data;
+    data.setUrls({QUrl::fromLocalFile("/a b.csv"), QUrl("https://example.org/x")});
+    QWindow* target = widgetOf(on).windowHandle();
+    QDragEnterEvent enter({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    QCoreApplication::sendEvent(target, &enter);
+    QDropEvent event({5, 5}, Qt::CopyAction, &data, Qt::LeftButton, {});
+    if (enter.isAccepted()) QCoreApplication::sendEvent(target, &event);
+    desktop.settle();
+    return enter.isAccepted();
+  };
+  dialog.show();
+  EXPECT_TRUE(drop(dialog));
+  EXPECT_EQ(fallen, (std::vector<std::string>{"/a b.csv", "https://example.org/x"}));
+  EXPECT_EQ(box.text(), "");
+  dialog.hide();
+  desktop.onModal = [&](Window&) {
+    EXPECT_FALSE(drop(frame)) << "a modal window that does not listen";
+    dialog.hide();
+  };
+  dialog.showModal();
+}
+
 TEST_F(QtWindowsTest, ClipboardHasEveryForm) {
   desktop.setClipboard({.text = "1\t2", .html = "<table></table>"});
   EXPECT_EQ(desktop.pasted().text, "1\t2");
+  EXPECT_THAT(desktop.pasted().html, testing::HasSubstr("<table>"));
   EXPECT_TRUE(QGuiApplication::clipboard()->mimeData()->hasHtml());
   EXPECT_FALSE(QGuiApplication::clipboard()->mimeData()->hasImage());
   desktop.setClipboard(

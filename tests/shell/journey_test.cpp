@@ -10,6 +10,7 @@
 #include "notebook/notebook_window.h"
 #include "platform/graph/graph.h"
 #include "platform/grid/grid.h"
+#include "platform/user_input.h"
 #include "sheet/sheet_content.h"
 #include "sheetfiles/visit_files.h"
 #include "shell/shipped_program.h"
@@ -127,6 +128,47 @@ TEST_F(Journey, AFileNamedAtTheStartIsOpenedInTheEditor) {
   script.window("frmNotebook", [&] { user.click("frmNotebook", "cmdCancel"); });
   script.box("Tolmer", "Exit module?", Answer::yes);
   EXPECT_THROW(module.Main(), ProgramEnded);
+}
+
+TEST_F(Journey, ADroppedFileIsOpenedInTheEditorFromWhereverItFell) {
+  const TempFolder folder;
+  const std::string name = folder.file("own.csv");
+  ASSERT_FALSE(writeFileAtomically(name, "A,B\n1.5,2\n2,4.5\n3,5\n4,9\n"));
+  const auto drop = [&](const DroppedItems& items) {
+    takerOfDrops(desktop.modalWindow(), desktop.windows())->Dropped(items);
+  };
+  const auto lookAndCancel = [&] {
+    EXPECT_EQ(module.parts().ownData.editor().sheet().value(2, 2), 4.5);
+    user.click("frmDataEditor", "cmdCancel");
+  };
+  script.window("frmOpeningBook");
+  script.window("frmNotebook", [&] { drop({{name}, {}}); });
+  script.window("frmTextImport", [&] { user.click("frmTextImport", "cmdOK"); });
+  script.window("frmDataEditor", lookAndCancel);
+  script.window("frmNotebook", [&] {
+    module.parts().notebook.window().goTo(1, 1);
+    user.click("frmNotebook", "cmdOK");
+  });
+  script.window("frmModelDesign", [&] {
+    EXPECT_FALSE(takerOfDrops(desktop.modalWindow(), desktop.windows()));
+    user.click("frmModelDesign", "cmdOK");
+  });
+  script.window("frmHint", [&] { user.click("frmHint", "cmdOK"); });
+  module.Main();
+  script.finish();
+
+  script.box({"Open", folder.path() + " is a folder. Drop one of the files in it.",
+              MessageIcon::exclamation});
+  drop({{folder.path()}, {}});
+  script.window("frmTextImport", [&] { user.click("frmTextImport", "cmdOK"); });
+  script.window("frmDataEditor", [&] {
+    EXPECT_EQ(module.parts().ownData.editor().lblStatus.caption(),
+              "Of 3 files that were dropped only the first was opened, own.csv.");
+    lookAndCancel();
+  });
+  drop({{name, name}, {"https://example.org/"}});
+  EXPECT_EQ(state().iDataSource, scenarioExample);
+  script.finish();
 }
 
 TEST_F(Journey, EveryEndAsksOnceAboutUnsavedDataOfOnesOwn) {

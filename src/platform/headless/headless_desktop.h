@@ -63,7 +63,7 @@ class HeadlessDesktop : public Desktop {
   void setBusyPointer(bool) override {}
   void setClipboard(const ClipboardContent& content) override { clipboard_ = content; }
   ClipboardContent pasted() const override {
-    return {.text = clipboard_.text, .cells = clipboard_.cells};
+    return {.text = clipboard_.text, .html = clipboard_.html, .cells = clipboard_.cells};
   }
   std::optional<ChosenFile> openFileDialog(const FileQuestion& question) override;
   std::optional<ChosenFile> saveFileDialog(const FileQuestion& question) override;

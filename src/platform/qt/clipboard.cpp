@@ -46,7 +46,9 @@ void putOnClipboard(const ClipboardContent& content) {
 ClipboardContent fromClipboard() {
   const QMimeData* data = QGuiApplication::clipboard()->mimeData();
   if (!data) return {};
-  return {.text = data->text().toStdString(), .cells = data->data(cellsType).toStdString()};
+  return {.text = data->text().toStdString(),
+          .html = data->hasHtml() ? data->html().toStdString() : std::string(),
+          .cells = data->data(cellsType).toStdString()};
 }
 
 }  // namespace tolmer

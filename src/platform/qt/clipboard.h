@@ -7,7 +7,7 @@ namespace tolmer {
 // Every form at once; another program takes the one it understands. A picture is there as SVG and
 // as a bitmap of twice its size.
 void putOnClipboard(const ClipboardContent& content);
-// Text and cells.
+// Text, HTML and cells.
 ClipboardContent fromClipboard();
 
 }  // namespace tolmer

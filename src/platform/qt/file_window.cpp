@@ -3,6 +3,7 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QStandardPaths>
 #include <QTreeView>
 #include <algorithm>
 
@@ -48,6 +49,14 @@ void showWholeColumns(QFileDialog& window) {
   list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
+QString folderOf(const FileQuestion& question) {
+  const QString asked = toQt(question.folder);
+  const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+  for (const QString& folder : {asked, documents})
+    if (!folder.isEmpty() && QDir(folder).exists()) return folder;
+  return QDir::homePath();
+}
+
 void prepare(QFileDialog& window, const FileQuestion& question, FileUse use) {
   window.setWindowModality(Qt::ApplicationModal);
   window.setOption(QFileDialog::DontUseNativeDialog);
@@ -61,8 +70,7 @@ void prepare(QFileDialog& window, const FileQuestion& question, FileUse use) {
                      [&window, &question, filters] { followKind(window, question, filters); });
   }
   showWholeColumns(window);
-  if (!question.folder.empty() && QDir(toQt(question.folder)).exists())
-    window.setDirectory(toQt(question.folder));
+  window.setDirectory(folderOf(question));
   if (!question.name.empty()) window.selectFile(toQt(question.name));
 }
 

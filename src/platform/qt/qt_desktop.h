@@ -7,6 +7,7 @@
 
 #include "platform/desktop.h"
 #include "platform/qt/alarm.h"
+#include "platform/qt/drop_filter.h"
 #include "platform/qt/mirror.h"
 
 class QSessionManager;
@@ -69,6 +70,7 @@ class QtDesktop : public Desktop {
 
   Mirror mirror_{*this};
   Alarm alarm_;
+  DropFilter drops_{mirror_};
   bool busyPointer_ = false;
   std::string helpFolder_;
   std::unique_ptr<HelpWindow> help_;
