@@ -1,12 +1,36 @@
 #include "base/program_words.h"
 
 #include <algorithm>
+#include <charconv>
+#include <chrono>
+#include <cstdlib>
+#include <ctime>
 
 namespace tolmer {
+namespace {
+
+std::string twoDigits(int number) {
+  return {static_cast<char>('0' + number / 10 % 10), static_cast<char>('0' + number % 10)};
+}
+
+}  // namespace
 
 const char* programVersion() { return TOLMER_VERSION; }
 
 std::string programAndVersion() { return std::string("Tolmer ") + programVersion(); }
+
+std::string today() {
+  std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
+  std::tm day{};
+  const char* fixed = std::getenv("SOURCE_DATE_EPOCH");
+  const std::string_view seconds = fixed ? fixed : "";
+  const bool isFixed =
+      !seconds.empty() &&
+      std::from_chars(seconds.data(), seconds.data() + seconds.size(), now).ec == std::errc();
+  if (!(isFixed ? ::gmtime_r(&now, &day) : ::localtime_r(&now, &day))) return {};
+  return std::to_string(day.tm_year + 1900) + "-" + twoDigits(day.tm_mon + 1) + "-" +
+         twoDigits(day.tm_mday);
+}
 
 std::optional<std::string> answerAboutProgram(const std::vector<std::string>& words,
                                               std::string_view program, std::string_view usage) {

@@ -85,6 +85,7 @@ void ReadNewData(WorkingCopy& copy, MessagePort& messages) {
 }
 
 void ReadVarInfo(WorkingCopy& copy, MessagePort& messages) {
+  if (copy.mtDataFileInfoName == noDataFile) return;
   readFile(copy.mtDataFileInfoName, copy.infoStamp, readInfoLines, copy, messages);
 }
 

@@ -19,7 +19,8 @@ namespace tolmer {
 void ReadNewData(WorkingCopy& copy, MessagePort& messages);
 
 // Reads mtDataFileInfoName: line 1 into otVarInfo(0), line i+1 into otVarInfo(i), as they stand.
-// Failures as above. Only for a data set with mbInfoAvailable.
+// Failures as above. Only for a data set with mbInfoAvailable; one without such a file holds what
+// is known already.
 void ReadVarInfo(WorkingCopy& copy, MessagePort& messages);
 
 // The two from their content, without the box.

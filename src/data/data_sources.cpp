@@ -103,11 +103,11 @@ void LoadNewDatabase(WorkingCopy& copy, const ScenarioSource& scenarios,
 }
 
 void LoadFromDataEditor(WorkingCopy& copy, const StudentData& data) {
-  copy.mtDataFileName = "None";
-  copy.mtDataFileInfoName = "None";
+  copy.mtDataFileName = noDataFile;
+  copy.mtDataFileInfoName = noDataFile;
   copy.dataStamp.reset();
   copy.infoStamp.reset();
-  copy.mbInfoAvailable = false;
+  copy.mbInfoAvailable = !data.description.empty();
   copy.mbLabeledData = data.mbDataLabelsEntered;
   copy.miNumCases = static_cast<Int16>(data.miCompleteObs);
   copy.miNumCols = EditorData::numberVariables;
@@ -120,10 +120,17 @@ void LoadFromDataEditor(WorkingCopy& copy, const StudentData& data) {
     copy.otCaseLabel(i) = copy.mbLabeledData ? data.mtLabel[i] : std::to_string(i);
 
   Int16 used = 0;
-  for (int v = 1; v <= data.mdValue.lastColumn(); ++v)
-    if (copyVariable(copy, data, v, used + 1)) copy.otColName(++used) = data.mtVarHeader[v];
+  std::vector<std::string> info = data.description;
+  for (int v = 1; v <= data.mdValue.lastColumn(); ++v) {
+    if (!copyVariable(copy, data, v, used + 1)) continue;
+    copy.otColName(++used) = data.mtVarHeader[v];
+    if (copy.mbInfoAvailable) info[used] = data.description[v];
+  }
   copy.miNumCols = used;
   shrinkColumns(copy);
+  if (!copy.mbInfoAvailable) return;
+  info.resize(static_cast<std::size_t>(used) + 1);
+  copy.otVarInfo.setValues(std::move(info));
 }
 
 }  // namespace tolmer

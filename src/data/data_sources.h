@@ -36,6 +36,9 @@ struct StudentData {
   std::vector<std::string> mtLabel;      // (0..M)
   std::vector<std::string> mtVarHeader;  // (0..V)
   std::vector<LeftOutCase> leftOut{};    // the incomplete ones
+  // Title and source, and what the variables mean, (0..V) as mtVarHeader; empty where nothing of it
+  // is known.
+  std::vector<std::string> description{};
 };
 
 // The data editor as the designer sees it.
@@ -69,7 +72,7 @@ void LoadNewDatabase(WorkingCopy& copy, const ScenarioSource& scenarios,
 
 // The editor's complete observations, without a model. A variable whose values are all zero is left
 // out and the next ones move left. Labels not typed are the case numbers. mtLabelColName keeps
-// what it held.
+// what it held. A description stands in the place of a variable-information file.
 void LoadFromDataEditor(WorkingCopy& copy, const StudentData& data);
 
 }  // namespace tolmer

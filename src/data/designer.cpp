@@ -135,16 +135,19 @@ void frmModelDesign::Form_Load() {
   } else {
     loadDataSource();
   }
-  PositionForm();
-  if (copy_.mbInfoAvailable) {
-    ReadVarInfo(copy_, desktop());
-    DisplayComment();
-    DisplayVarDef(1);
-    DisplayVarDefs();
-  }
+  displayInformation();
   DisplayVarList();
   DisplayDepVar();
   DisplayIndepVars();
+}
+
+void frmModelDesign::displayInformation() {
+  PositionForm();
+  if (!copy_.mbInfoAvailable) return;
+  ReadVarInfo(copy_, desktop());
+  DisplayComment();
+  DisplayVarDef(1);
+  DisplayVarDefs();
 }
 
 void frmModelDesign::loadDataSource() {
@@ -264,6 +267,7 @@ void frmModelDesign::openEditorAgain() {
   editor->ShowDataEditor();
   if (editor->UserCancel()) return leaveUnchanged();
   LoadFromDataEditor();
+  displayInformation();
   DisplayVarList();
 }
 

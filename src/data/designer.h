@@ -83,6 +83,7 @@ class frmModelDesign : public Window {
   void Form_QueryUnload(bool& bCancel) const;
   void loadDataSource();
   void displayLoadedModel();
+  void displayInformation();
   void spdVarList_DblClick();
   void cmdDepVarSelect_Click();
   void cmdDepVarDeselect_Click();

@@ -38,16 +38,19 @@ class IndexedArray {
   std::vector<Value> values_;
 };
 
+// In the place of a file's name, for data that come another way.
+inline constexpr const char* noDataFile = "None";
+
 // Cases and columns count from 1. Element 0 of an array is empty unless its line says otherwise.
 struct WorkingCopy {
   Int16 miNumCases = 0;
   Int16 miNumCols = 0;                 // variables; the intercept column is not counted
-  std::string mtDataFileName;          // the host's full name; "None" for data of the editor
+  std::string mtDataFileName;          // the host's full name; noDataFile for data of the editor
   std::string mtDataFileInfoName;      // likewise
   std::optional<FileStamp> dataStamp;  // of mtDataFileName, where the notebook has one
   std::optional<FileStamp> infoStamp;  // of mtDataFileInfoName, likewise
   bool mbLabeledData = false;          // every case has a label
-  bool mbInfoAvailable = false;        // there is a variable-information file
+  bool mbInfoAvailable = false;        // there is a variable-information file, or its content
   std::string mtLabelColName;          // heading of the label column
   Int16 miNumPredictors = 0;
   Int16 miDepVarCol = 0;                // 0 for none

@@ -88,6 +88,7 @@ void frmDataEditor::wireOptionsAndHelp() {
     showDialog(frmNumericFormat(desktop(), sheet_, false));
   };
   menu.mnuOptionSort.Click = [this] { showDialog(frmSortOptions(desktop(), sheet_)); };
+  menu.mnuOptionLabel.Click = [this] { editLabel(); };
   const auto help = [this](HelpRequest::Kind kind) {
     desktop().showHelp({.file = "dataedit", .kind = kind});
   };

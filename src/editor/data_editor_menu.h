@@ -49,6 +49,8 @@ struct DataEditorMenu {
   MenuItem mnuOptionWidthCol{&mnuOptionWidth, "mnuOptionWidthCol", "&Individual Column Width..."};
   MenuItem mnuOptionSort{&mnuOption, "mnuOptionSort", "&Sort..."};
 
+  MenuItem mnuOptionLabel{&mnuOption, "mnuOptionLabel", "Variable &Label..."};
+
   MenuItem mnuHelp{&bar, "mnuHelp", "&Help"};
   MenuItem mnuHelpContents{&mnuHelp, "mnuHelpContents", "&Contents", {.code = keys::f1}};
   MenuItem mnuHelpSearch{&mnuHelp, "mnuHelpSearch", "&Search for Help on..."};

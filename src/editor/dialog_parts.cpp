@@ -14,7 +14,10 @@ std::string columnName(const DataSheet& sheet, int iVar) {
 }
 
 std::string describedCell(const DataSheet& sheet, CellAddress at) {
-  if (at.row == 0) return "Name of column " + columnLetters(at.column);
+  if (at.row == 0) {
+    const std::string& label = sheet.label(at.column);
+    return "Name of column " + columnLetters(at.column) + (label.empty() ? "" : ":  " + label);
+  }
   const std::string row = std::to_string(at.row);
   const std::string content = sheet.editText(at.row, at.column);
   return columnLetters(at.column) + row + " = " + sheet.heading(at.column) + ", Obs " + row +

@@ -31,6 +31,8 @@ inline constexpr Colour refusalText = Colour::rgb(0xA8, 0x1E, 0x1E);
 inline constexpr Twips commandHeight = pixels(28);
 inline constexpr Twips dialogMargin = pixels(14);
 
+// The page on title and labels.
+inline constexpr long helpOnTitle = 103;
 void showEditorHelp(Desktop& desktop, long context);
 
 }  // namespace tolmer

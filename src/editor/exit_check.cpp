@@ -43,6 +43,15 @@ std::string missingText(int incomplete) {
          "Editor.";
 }
 
+// "Sold houses. Source: houses.dta (Stata)"
+std::vector<std::string> descriptionOf(const SheetContent& sheet) {
+  if (!isDescribed(sheet)) return {};
+  std::vector<std::string> description = sheet.labels;
+  std::string& about = description.front() = sheet.title == newTitle ? "" : sheet.title;
+  if (!sheet.source.empty()) about += (about.empty() ? "Source: " : ". Source: ") + sheet.source;
+  return description;
+}
+
 bool discardsIncomplete(int incomplete, MessagePort& messages) {
   if (incomplete == 0) return true;
   return messages.messageBox({"Missing Data", missingText(incomplete), MessageIcon::question,
@@ -119,6 +128,7 @@ CompleteCases completeCases(const DataSheet& sheet) {
   cases.data.mdValue.resize(sheet.observations(), sheet.variables());
   cases.data.mtLabel.resize(static_cast<std::size_t>(sheet.observations()) + 1);
   for (int c = 0; c <= sheet.variables(); ++c) cases.data.mtVarHeader.push_back(sheet.heading(c));
+  cases.data.description = descriptionOf(sheet.content());
   cases.bVarHasData.resize(static_cast<std::size_t>(sheet.variables()) + 1);
   cases.usedVariables = sheet.lastUsedColumn();
   const int lastRow = sheet.lastUsedRow();

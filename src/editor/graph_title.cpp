@@ -5,7 +5,6 @@
 namespace tolmer {
 namespace {
 
-constexpr long helpOnTitle = 103;
 constexpr const char* noTitle = "(No Title)";
 
 }  // namespace

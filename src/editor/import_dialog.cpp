@@ -1,8 +1,11 @@
 #include "editor/import_dialog.h"
 
 #include <algorithm>
+#include <array>
+#include <filesystem>
 #include <utility>
 
+#include "base/program_words.h"
 #include "editor/dialog_parts.h"
 #include "editor/variable_choice.h"
 #include "foreign/import_process.h"
@@ -126,13 +129,43 @@ DataCell dataCell(ImportedCell imported) {
   return {.kind = DataCell::Kind::text, .text = std::move(imported.text)};
 }
 
+std::vector<std::string> meaningsOf(const std::vector<ImportedVariable>& variables) {
+  std::vector<std::string> meanings;
+  for (const auto& [label, valueLabels] : variables)
+    meanings.push_back(meaningOf(label, valueLabels));
+  return meanings;
+}
+
+// Which part of its file the table is, to stand behind the file's name.
+std::string partText(const ImportedTable& imported) {
+  std::string text = imported.sheet.empty() ? std::string() : ", sheet " + imported.sheet;
+  for (const std::string& sentence : imported.choice) text += ". " + sentence;
+  if (!imported.choice.empty() && text.ends_with('.')) text.pop_back();
+  return text;
+}
+
 LandingTable landing(ImportedTable imported) {
   Matrix<DataCell> cells(imported.cells.lastRow(), imported.cells.lastColumn());
   for (int row = 0; row <= cells.lastRow(); ++row)
     for (int column = 0; column <= cells.lastColumn(); ++column)
       cells(row, column) = dataCell(std::move(imported.cells(row, column)));
   return {{imported.firstRow, imported.firstColumn},
-          {.cells = std::move(cells), .headings = std::move(imported.headings)}};
+          {.cells = std::move(cells),
+           .headings = std::move(imported.headings),
+           .labels = meaningsOf(imported.variables),
+           .title = std::move(imported.title),
+           .source = partText(imported)}};
+}
+
+// "survey.xlsx, sheet Wave2", "survey.sav (SPSS)"
+std::string sourceText(const std::string& name, const std::string& format,
+                       const std::string& part) {
+  constexpr std::array<std::pair<std::string_view, const char*>, 3> programs{
+      {{"sav", " (SPSS)"}, {"dta", " (Stata)"}, {"gdt", " (gretl)"}}};
+  std::string text = std::filesystem::path(name).filename().string();
+  for (const auto& [known, program] : programs)
+    if (format == known) text += program;
+  return text + part;
 }
 
 }  // namespace
@@ -401,10 +434,13 @@ std::optional<LandingTable> tableFromText(Desktop& desktop, const std::string& t
                                           const ImportTarget& target, const SheetContent& into,
                                           const std::string& source) {
   const auto import = TextImport::read(text, target);
-  if (!import)
-    return refused(desktop, target.origin == TextOrigin::file ? "Bad File" : "Paste",
-                   import.error());
-  return tableFrom(desktop, *import, into, source);
+  const bool isFile = target.origin == TextOrigin::file;
+  if (!import) return refused(desktop, isFile ? "Bad File" : "Paste", import.error());
+  auto landed = tableFrom(desktop, *import, into, source);
+  if (landed)
+    landed->table.source =
+        isFile ? sourceText(source, {}, landed->table.source) : "pasted on " + today();
+  return landed;
 }
 
 std::optional<LandingTable> tableFromForeignFile(Desktop& desktop, const std::string& name,
@@ -413,7 +449,10 @@ std::optional<LandingTable> tableFromForeignFile(Desktop& desktop, const std::st
   const auto readBook = [name](const CutRequest& request) { return importFile(name, request); };
   auto book = readBook({});
   if (!book) return refused(desktop, "Bad File", book.error());
-  return tableFrom(desktop, TextImport::of(std::move(*book), readBook, target), into, name);
+  const std::string format = book->format;
+  auto landed = tableFrom(desktop, TextImport::of(std::move(*book), readBook, target), into, name);
+  if (landed) landed->table.source = sourceText(name, format, landed->table.source);
+  return landed;
 }
 
 }  // namespace tolmer

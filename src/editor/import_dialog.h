@@ -77,7 +77,7 @@ class frmTextImport : public Window {
   bool showing_ = false;  // the program, not the user, sets the answers
 };
 
-// A table and the cell where its upper left one lands.
+// A table and the cell where its upper left one lands. It says where it is from.
 struct LandingTable {
   CellAddress first;
   PasteTable table;

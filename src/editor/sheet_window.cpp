@@ -8,6 +8,7 @@
 #include "editor/dialog_parts.h"
 #include "editor/formula_pointing.h"
 #include "editor/import_dialog.h"
+#include "editor/variable_label.h"
 #include "platform/desktop.h"
 #include "platform/grid/grid_copy.h"
 
@@ -370,15 +371,17 @@ void SheetWindow::paste() {
 void SheetWindow::pasteText(HtmlTable pasted) {
   if (pasted.text.empty()) return;
   const CellAddress at = selectedRange().first;
-  const auto landing = tableFromText(desktop(), pasted.text,
-                                     {.origin = TextOrigin::clipboard,
-                                      .row = at.row,
-                                      .column = at.column,
-                                      .observations = sheet_.observations(),
-                                      .variables = sheet_.variables(),
-                                      .hints = {.notes = std::move(pasted.notes)}},
-                                     sheet_.content(), "the clipboard");
-  if (landing) takePaste({landing->first, landing->first}, landing->table);
+  auto landing = tableFromText(desktop(), pasted.text,
+                               {.origin = TextOrigin::clipboard,
+                                .row = at.row,
+                                .column = at.column,
+                                .observations = sheet_.observations(),
+                                .variables = sheet_.variables(),
+                                .hints = {.notes = std::move(pasted.notes)}},
+                               sheet_.content(), "the clipboard");
+  if (!landing) return;
+  if (!pasted.title.empty()) landing->table.title = std::move(pasted.title);
+  takePaste({landing->first, landing->first}, landing->table);
 }
 
 void SheetWindow::takePaste(const CellRange& target, const PasteTable& table) {
@@ -489,6 +492,13 @@ void SheetWindow::find(bool replaces) {
   });
   if (replaces && !findRequest_.words.text.empty()) dialog.startAtReplace();
   showDialog(std::move(dialog));
+}
+
+// Of the column with the cursor.
+void SheetWindow::editLabel() {
+  const int column = selectedRange().first.column;
+  if (column == 0) return refuse("Put the cursor into the column of the variable that you mean.");
+  showDialog(frmVariableLabel(desktop(), sheet_, column));
 }
 
 void SheetWindow::showDialog(Window&& dialog) {

@@ -57,6 +57,7 @@ class SheetWindow : public Window {
   void fillSeries();
   void find(bool replaces);
   void showDialog(Window&& dialog);
+  void editLabel();
 
   DataSheet sheet_;
   std::string refusal_;  // what the status line says in place of the cell: what was not done, why

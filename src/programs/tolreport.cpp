@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "base/paths.h"
+#include "base/program_words.h"
 #include "base/text_encoding.h"
 #include "report/report_document.h"
 #include "report/report_program.h"
@@ -38,7 +39,7 @@ tolmer::Result<std::string> standardInput() {
 int run(const std::vector<std::string>& words) {
   // no-color.org: the variable, whatever its value, asks for plain text.
   const bool coloured = ::isatty(STDOUT_FILENO) == 1 && !std::getenv("NO_COLOR");
-  const tolmer::ReportSurroundings around{tolmer::programFolder, tolmer::reportDate, coloured,
+  const tolmer::ReportSurroundings around{tolmer::programFolder, tolmer::today, coloured,
                                           standardInput};
   const tolmer::ReportOutcome outcome = tolmer::runReport(words, around);
   write(stderr, outcome.errors);

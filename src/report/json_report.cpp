@@ -381,6 +381,23 @@ void writePredictions(JsonWriter& json, const std::vector<PredictedCase>& predic
   json.endArray();
 }
 
+// Only of data that are described.
+void writeDescription(JsonWriter& json, const AnalysisState& state) {
+  const int columns = state.iNumCols;
+  bool isGiven = false;
+  for (int column = 0; column <= columns; ++column)
+    isGiven = isGiven || !givenLabel(state, column).empty();
+  if (!isGiven) return;
+  json.key("description");
+  json.beginObject();
+  json.member("data", givenLabel(state, 0));
+  json.key("variables");
+  json.beginArray();
+  for (int column = 1; column <= columns; ++column) json.value(givenLabel(state, column));
+  json.endArray();
+  json.endObject();
+}
+
 // What came behind the displays later on.
 void writeFindings(JsonWriter& json, const ReportDocument& document) {
   json.key("version");
@@ -404,12 +421,14 @@ void writeFindings(JsonWriter& json, const ReportDocument& document) {
     writeInfluence(json, *document.fit);
   else
     json.null();
-  if (!document.hasNewCases) return;
-  json.key("predictions");
-  if (document.fit)
-    writePredictions(json, document.predictions);
-  else
-    json.null();
+  if (document.hasNewCases) {
+    json.key("predictions");
+    if (document.fit)
+      writePredictions(json, document.predictions);
+    else
+      json.null();
+  }
+  writeDescription(json, *document.state);
 }
 
 }  // namespace

@@ -1,13 +1,10 @@
 #include "report/report_document.h"
 
 #include <algorithm>
-#include <charconv>
-#include <chrono>
-#include <cstdlib>
-#include <ctime>
 
 #include "base/program_words.h"
 #include "base/text_encoding.h"
+#include "data/working_copy.h"
 #include "engine/fitted_equation.h"
 #include "insight/insight_tables.h"
 #include "report/html_report.h"
@@ -168,11 +165,14 @@ std::vector<ReportFact> factsOf(const AnalysisState& state, const ReportRequest&
   };
   add("Author", onOneLine(request.author));
   if (state.bInfoAvailable && !state.tVarDesc.empty()) add("Data", onOneLine(state.tVarDesc[0]));
-  add("Data file", nameOfFile(state.tDataFileName));
+  add("Data file", state.tDataFileName == noDataFile ? "" : nameOfFile(state.tDataFileName));
   add("Cases", casesText(state));
   add("Dependent variable", onOneLine(variableName(state, 1)));
   add(state.iNumPredictors == 1 ? "Independent variable" : "Independent variables",
       predictorNames(state));
+  for (int i = 1; i <= state.iNumPredictors + 1; ++i)
+    if (const std::string label = givenLabel(state, state.iModelCol[i]); !label.empty())
+      facts.push_back({"Meaning of " + onOneLine(variableName(state, i)), onOneLine(label)});
   add("Intercept", state.bUseIntercept ? "" : "none");
   add("Program", programAndVersion());
   add("Date", around.date);
@@ -190,23 +190,12 @@ std::vector<std::string> linesOf(std::string text) {
   return lines;
 }
 
-std::string twoDigits(int number) {
-  return {static_cast<char>('0' + number / 10 % 10), static_cast<char>('0' + number % 10)};
-}
-
 }  // namespace
 
-std::string reportDate() {
-  std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-  std::tm day{};
-  const char* fixed = std::getenv("SOURCE_DATE_EPOCH");
-  const std::string_view seconds = fixed ? fixed : "";
-  const bool isFixed =
-      !seconds.empty() &&
-      std::from_chars(seconds.data(), seconds.data() + seconds.size(), now).ec == std::errc();
-  if (!(isFixed ? ::gmtime_r(&now, &day) : ::localtime_r(&now, &day))) return {};
-  return std::to_string(day.tm_year + 1900) + "-" + twoDigits(day.tm_mon + 1) + "-" +
-         twoDigits(day.tm_mday);
+std::string givenLabel(const AnalysisState& state, int column) {
+  const bool isGiven = state.bInfoAvailable && state.tDataFileInfoName == noDataFile;
+  const auto at = static_cast<std::size_t>(column);
+  return isGiven && at < state.tVarDesc.size() ? state.tVarDesc[at] : std::string();
 }
 
 std::string usualTitle(const AnalysisState& state) {

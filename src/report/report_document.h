@@ -16,9 +16,9 @@ struct ReportCircumstances {
   std::vector<AnsweredBox> messages{};  // of the analysis
 };
 
-// The day as "2026-11-22": today, or what the variable SOURCE_DATE_EPOCH says, so that a report can
-// be made again byte for byte (reproducible-builds.org).
-std::string reportDate();
+// What the user or the file of the data says of a column, or of the data for column 0; empty for
+// data of the course, whose own files say it.
+std::string givenLabel(const AnalysisState& state, int column);
 
 struct ReportFact {
   std::string name;

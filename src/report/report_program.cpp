@@ -84,6 +84,18 @@ std::string listOf(const std::vector<std::string>& names) {
   return list;
 }
 
+// What a file says of its data stands in the place of a variable-information file.
+void describe(WorkingCopy& copy, const SourcedTable& source) {
+  copy.otVarInfo(0) = source.title;
+  copy.mbInfoAvailable = !source.title.empty();
+  for (int j = 1; j <= copy.miNumCols; ++j) {
+    const auto label = source.labels.find(copy.otColName(j));
+    if (label == source.labels.end()) continue;
+    copy.otVarInfo(j) = label->second;
+    copy.mbInfoAvailable = true;
+  }
+}
+
 ReportOutcome reportOnTable(const ReportOptions& options, const ReportSurroundings& around) {
   auto source = readTable(options, {around.standardInput, around.reader});
   if (!source) return failed(ReportOutcome::dataAtFault, source.error());
@@ -92,6 +104,7 @@ ReportOutcome reportOnTable(const ReportOptions& options, const ReportSurroundin
                                          "\" for the labels; the columns are " +
                                          listOf(source->table.names)});
   auto copy = dataSetFromTable(source->table, source->name, options);
+  if (copy) describe(*copy, *source);
   const auto remarks = std::move(source->remarks);
   source = Error{};  // the analysis can use its memory
   if (!copy) return failed(ReportOutcome::dataAtFault, copy.error());

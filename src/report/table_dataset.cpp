@@ -53,7 +53,7 @@ class Builder {
     auto leftOut = leaveOutIncomplete();
     copy.miNumCases = static_cast<Int16>(rows_.size());
     copy.miNumCols = static_cast<Int16>(variables_.size());
-    copy.mtDataFileInfoName = "None";
+    copy.mtDataFileInfoName = noDataFile;
     copy.mbLabeledData = !table_.labels.empty();
     if (copy.mbLabeledData) copy.mtLabelColName = wanted_.labels;
     fillData(copy);

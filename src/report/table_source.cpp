@@ -69,12 +69,12 @@ CutBook bookOf(const SheetContent& sheet) {
   CutBook book{.format = "zmm", .sheets = {{"", false, true}}};
   CutTable& table = book.table;
   table.namesApart = true;
-  table.title = sheet.title;
+  table.title = sheet.title == newTitle ? "" : sheet.title;
   for (int column = 0; column <= sheet.variables(); ++column) {
     if (!columnIsUsed(sheet, column)) continue;
     const std::string& heading = sheet.cells(0, column).text;
     const std::string name = heading.empty() ? exitHeading(column, sheet.variables()) : heading;
-    table.columns.push_back({.number = column, .name = name});
+    table.columns.push_back({.number = column, .name = name, .label = sheet.labels[column]});
   }
   for (int row = 1; row <= lastUsedRow(sheet); ++row) {
     if (!isUsed(sheet, row)) continue;
@@ -139,11 +139,19 @@ Result<CutBook> wantedBook(const std::string& name, const ReadBook& read,
                "it has " + size + ", more than can be read at once; take --first or --columns"};
 }
 
+void describe(SourcedTable& sourced, const CutTable& table) {
+  sourced.title = cellText(table.title);
+  for (const CutColumn& column : table.columns)
+    if (std::string meaning = meaningOf(column.label, column.valueLabels); !meaning.empty())
+      sourced.labels[cellText(column.name)] = std::move(meaning);
+}
+
 Result<SourcedTable> tableFromBook(const std::string& name, const ReadBook& read,
                                    const ReportOptions& options) {
   auto book = wantedBook(name, read, options);
   if (!book) return book.error();
   SourcedTable sourced{name, {}, book->remarks};
+  describe(sourced, book->table);
   const ImportAnswers answers = answersFor(*book, options.import);
   auto table =
       answeredTable(name, TextImport::of(std::move(*book), {}, targetOf(options)), answers);

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,7 +22,9 @@ struct TableSource {
 struct SourcedTable {
   std::string name;  // of the file, or what stands for standard input
   NamedTable table;
-  std::vector<std::string> remarks{};  // on a file of another program: how it was read
+  std::vector<std::string> remarks{};           // on a file of another program: how it was read
+  std::string title{};                          // of the data, where the file has one
+  std::map<std::string, std::string> labels{};  // what columns mean, by their names; likewise
 };
 
 // The columns that the options want of the options' file. Where the import would ask somebody and

@@ -68,6 +68,8 @@ SheetContent fitted(const SheetContent& given, int observations, int variables) 
   for (std::size_t c = 1; c <= static_cast<std::size_t>(columns); ++c)
     content.decimals[c] = withinDecimals(given.decimals[c]);
   content.title = given.title;
+  content.source = given.source;
+  std::copy_n(given.labels.begin(), columns + 1, content.labels.begin());
   nameBlanks(content);
   return content;
 }
@@ -341,6 +343,13 @@ void DataSheet::setTitle(std::string title) {
   } else {
     commit(edit);
   }
+}
+
+void DataSheet::setLabel(int col, std::string label) {
+  SheetEdit edit = beginEdit("Label");
+  edit.setLabel(col, std::move(label));
+  edit.showAt({{0, col}, {0, col}});
+  commit(edit);
 }
 
 void DataSheet::startOver(int observations, int variables) {

@@ -94,6 +94,9 @@ class DataSheet {
   const std::string& title() const { return content().title; }
   // Titles set one after another, as letters are typed, are undone together.
   void setTitle(std::string title);
+  // What a variable means, in a line; of columns 1..variables().
+  const std::string& label(int col) const { return content().labels[col]; }
+  void setLabel(int col, std::string label);
 
   // --- the whole
   // A new data set of that size. Nothing of the old one comes back.

@@ -36,6 +36,12 @@ bool isUsed(const SheetContent& content, int row) {
                      [](const DataCell& cell) { return cell.kind != DataCell::Kind::empty; });
 }
 
+bool isDescribed(const SheetContent& content) {
+  return !content.source.empty() ||
+         std::any_of(content.labels.begin(), content.labels.end(),
+                     [](const std::string& label) { return !label.empty(); });
+}
+
 int lastUsedRow(const SheetContent& content) {
   int row = content.observations();
   while (row > 0 && !isUsed(content, row)) --row;

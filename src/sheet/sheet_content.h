@@ -36,7 +36,8 @@ struct SheetContent {
   SheetContent() = default;
   SheetContent(int observations, int variables)
       : cells(observations, variables),
-        decimals(static_cast<std::size_t>(variables) + 1, Int16{3}) {}
+        decimals(static_cast<std::size_t>(variables) + 1, Int16{3}),
+        labels(static_cast<std::size_t>(variables) + 1) {}
 
   int observations() const { return cells.lastRow(); }
   int variables() const { return cells.lastColumn(); }
@@ -44,12 +45,16 @@ struct SheetContent {
   Matrix<DataCell> cells;
   std::vector<Int16> decimals;  // (0..variables) digits shown right of the point; element 0 unused
   std::string title;
+  std::string source;               // where the data are from; empty where nobody knows
+  std::vector<std::string> labels;  // (0..variables) what a variable means, or empty; 0 unused
 
   friend bool operator==(const SheetContent&, const SheetContent&) = default;
 };
 
 // Whether any cell of the row holds something, the label included.
 bool isUsed(const SheetContent& content, int row);
+// Whether it says more of its data than names and title.
+bool isDescribed(const SheetContent& content);
 // The last used case; 0 where there is none.
 int lastUsedRow(const SheetContent& content);
 

@@ -64,6 +64,11 @@ void SheetEdit::setTitle(std::string title) {
   if (state_.content.title != title) take(TitleStep{std::move(title)});
 }
 
+void SheetEdit::setLabel(int column, std::string label) {
+  const std::string& now = column == 0 ? content().source : content().labels[column];
+  if (now != label) take(LabelStep{column, std::move(label)});
+}
+
 void SheetEdit::reorder(int firstRow, std::vector<std::uint16_t> from) {
   if (!std::ranges::is_sorted(from)) take(RowOrderStep{firstRow, std::move(from)});
 }

@@ -37,6 +37,7 @@ class SheetEdit {
   void clear(const CellRange& block);
   void setDecimals(int column, Int16 digits);  // column 0: the standard
   void setTitle(std::string title);
+  void setLabel(int column, std::string label);  // column 0: the source
   void reorder(int firstRow, std::vector<std::uint16_t> from);
   void replaceAll(SheetState state);
 

@@ -23,6 +23,11 @@ struct Performer {
     std::swap(state.content.title, step.title);
     change.title = true;
   }
+  void operator()(LabelStep& step) {
+    SheetContent& content = state.content;
+    std::swap(step.column == 0 ? content.source : content.labels[step.column], step.label);
+    change.title = true;
+  }
   void operator()(RowOrderStep& step) {
     Matrix<DataCell>& cells = state.content.cells;
     const int columns = cells.lastColumn() + 1;

@@ -26,7 +26,7 @@ struct SheetChange {
   bool all = false;                  // everything may differ; the lists say nothing then
   std::vector<CellAddress> cells{};  // content or shown text; row 0 are headings
   std::vector<int> decimals{};       // columns whose digits changed
-  bool title = false;
+  bool title = false;                // or what describes the data
   bool file = false;
 
   bool empty() const { return !all && cells.empty() && decimals.empty() && !title && !file; }
@@ -45,6 +45,10 @@ struct DecimalsStep {
 struct TitleStep {
   std::string title;
 };
+struct LabelStep {
+  int column;  // 0: the source
+  std::string label;
+};
 // Row first + i takes the cells of row first + from[i].
 struct RowOrderStep {
   int first;
@@ -54,7 +58,8 @@ struct RowOrderStep {
 struct WholeStep {
   std::unique_ptr<SheetState> state;
 };
-using SheetStep = std::variant<CellStep, DecimalsStep, TitleStep, RowOrderStep, WholeStep>;
+using SheetStep =
+    std::variant<CellStep, DecimalsStep, TitleStep, LabelStep, RowOrderStep, WholeStep>;
 
 // Performs the step, turns it into its inverse and notes what it touched.
 void perform(SheetStep& step, SheetState& state, SheetChange& change);

@@ -58,10 +58,19 @@ class Paster {
   Paster(SheetEdit& edit, const PasteTable& table) : edit_(edit), table_(table) {}
 
   void pasteHeadings(int column) {
-    for (const std::string& heading : table_.headings) {
-      if (!heading.empty()) edit_.put({0, column}, cellFromText(edit_, {0, column}, heading)->cell);
-      ++column;
+    for (std::size_t i = 0; i < table_.headings.size(); ++i, ++column) {
+      const std::string& heading = table_.headings[i];
+      if (heading.empty()) continue;
+      const std::string before = edit_.cell({0, column}).text;
+      edit_.put({0, column}, cellFromText(edit_, {0, column}, heading)->cell);
+      pasteLabel(i, column, edit_.cell({0, column}).text != before);
     }
+  }
+
+  void describe() {
+    if (lastUsedRow(edit_.content()) > 0) return;
+    if (!table_.source.empty()) edit_.setLabel(0, table_.source);
+    if (!table_.title.empty() && edit_.content().title == newTitle) edit_.setTitle(table_.title);
   }
 
   void pasteAt(CellAddress corner) {
@@ -75,6 +84,13 @@ class Paster {
   PasteOutcome outcome{.pasted = true};
 
  private:
+  // What another variable meant is no longer true.
+  void pasteLabel(std::size_t i, int column, bool isOther) {
+    if (column < 1) return;
+    const std::string label = i < table_.labels.size() ? table_.labels[i] : std::string();
+    if (isOther || !label.empty()) edit_.setLabel(column, label);
+  }
+
   void pasteCell(const DataCell& from, CellAddress at, CellAddress corner) {
     Result<DataCell> cell = converted(from, at, corner);
     if (cell) return edit_.put(at, std::move(*cell));
@@ -112,6 +128,7 @@ PasteOutcome paste(SheetEdit& edit, const CellRange& target, const PasteTable& t
   if (std::string why = whyTooLarge(edit.content(), at, usedSize(table)); !why.empty())
     return {.reason = std::move(why)};
   Paster paster(edit, table);
+  paster.describe();
   paster.pasteHeadings(at.column);
   const CellAddress times = repeats(target, table);
   for (int r = 0; r < times.row; ++r)

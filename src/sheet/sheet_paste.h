@@ -21,6 +21,11 @@ struct PasteTable {
   // Names of its columns, which go into the headings wherever the table lands; an empty one leaves
   // the heading that stands.
   std::vector<std::string> headings{};
+  // Of data from elsewhere. Labels go with their headings, title and source into a sheet that has
+  // no cases yet.
+  std::vector<std::string> labels{};
+  std::string title{};
+  std::string source{};
 
   int rows() const { return cells.lastRow() + 1; }
   int columns() const { return cells.lastColumn() + 1; }

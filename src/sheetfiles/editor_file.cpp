@@ -173,9 +173,12 @@ std::optional<DataCell> cellFromText(std::string_view text, const DataCell& abov
 }
 
 constexpr std::string_view magic = "ZMDATA ";
-constexpr int version = 1;
+constexpr int plainVersion = 1;
+constexpr int version = 2;  // with a description
 constexpr std::string_view checkMark = "crc ";
 constexpr std::string_view fromMark = "from\t\"";
+constexpr std::string_view sourceMark = "source\t\"";
+constexpr std::string_view labelMark = "label ";
 
 // Rows of the trailer, counted from M, the number of observations.
 constexpr int decimalsRow = 52;
@@ -214,12 +217,25 @@ void appendTrailer(std::string& out, const SheetContent& sheet) {
   out += '\n';
 }
 
+void appendDescription(std::string& out, const SheetContent& sheet) {
+  const auto append = [&out](const std::string& mark, const std::string& text) {
+    if (text.empty()) return;
+    out += mark;
+    appendEscaped(out, text);
+    out += '\n';
+  };
+  append(std::string(sourceMark), sheet.source);
+  for (int i = 1; i <= sheet.variables(); ++i)
+    append(std::string(labelMark) + std::to_string(i) + "\t\"", sheet.labels[i]);
+}
+
 std::string bytesOf(const SheetContent& sheet, std::string_view from, bool packed) {
   std::string out(magic);
-  out += std::to_string(version) + " " + std::to_string(sheet.observations()) + " " +
-         std::to_string(sheet.variables()) + "\n";
+  out += std::to_string(isDescribed(sheet) ? version : plainVersion) + " " +
+         std::to_string(sheet.observations()) + " " + std::to_string(sheet.variables()) + "\n";
   for (int row = 0; row <= sheet.observations(); ++row) appendRow(out, sheet, row, packed);
   appendTrailer(out, sheet);
+  appendDescription(out, sheet);
   if (!from.empty()) {
     out += fromMark;
     appendEscaped(out, from);
@@ -259,6 +275,9 @@ class Reader {
   bool takeLine(std::string_view line) {
     if (line.starts_with(fromMark))
       return takeText(line.substr(fromMark.size() - 1), content_.from);
+    if (line.starts_with(sourceMark))
+      return takeText(line.substr(sourceMark.size() - 1), content_.sheet.source);
+    if (line.starts_with(labelMark)) return takeLabel(line.substr(labelMark.size()));
     const auto row = numberIn<int>(takeUpTo(line, '\t'));
     if (!row || *row <= lastRow_ || line.empty()) return false;
     lastRow_ = *row;
@@ -273,6 +292,12 @@ class Reader {
     if (!read || read->kind != DataCell::Kind::text) return false;
     text = read->text;
     return true;
+  }
+
+  bool takeLabel(std::string_view line) {
+    const auto column = numberIn<int>(takeUpTo(line, '\t'));
+    return column && *column >= 1 && *column <= variables_ && !line.empty() &&
+           takeText(line, content_.sheet.labels[*column]);
   }
 
   bool takeCells(int row, std::string_view line) {

@@ -9,10 +9,13 @@
 //   2<tab>"Ann<tab>1.5<tab>          a number: the shortest digits that give it back; an empty cell
 //   3<tab>"Bob<tab>=2.5=B1+1         a formula: its result, then its source
 //   3<tab>"Bob<tab>=0.3#77=RAND()    with the seed of its random numbers
+//   source<tab>"survey.sav (SPSS)    where the data are from
+//   label 2<tab>"Years of school     what variable 2 means
 //   from<tab>"/home/ann/a.zmm        only in work written aside: the file it was opened from
 //   crc 0123ABCD                     CRC-32 of all bytes before this line, carriage returns left
 //   out
 //
+// Lines with source and labels make it version 2; without them it is version 1.
 // Tab, line feed, carriage return and backslash in a text are \t \n \r \\. Where the file would
 // pass the limit, numbers of more than 12 characters are written as "~" and 11 characters of base
 // 64 of their bits, and a formula that is the one above it with its row numbers one higher as "^",

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "base/program_words.h"
 #include "base/text_encoding.h"
 #include "report/printed_report.h"
 
@@ -66,13 +67,13 @@ void ReportCommands::PrintReport() {
 
 PrintedPages ReportCommands::pages() const {
   const ReportRequest request = requestFor(choice_, ReportFormat::html);
-  return printedReport(reportDocument(state_, request, {.date = reportDate()}));
+  return printedReport(reportDocument(state_, request, {.date = today()}));
 }
 
 Result<std::string> ReportCommands::bytesAs(std::size_t kind) {
   const SavedKind& saved = savedKinds()[kind];
   if (saved.isPdf) return desktop_.pdfOf(pages());
-  return makeReport(state_, requestFor(choice_, saved.format), {.date = reportDate()});
+  return makeReport(state_, requestFor(choice_, saved.format), {.date = today()});
 }
 
 // The title without what means something in a file's name. No extension: that follows the kind, and

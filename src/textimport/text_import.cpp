@@ -220,6 +220,9 @@ Result<ImportedTable> TextImport::apply(const ImportAnswers& answers,
       if (!cell) return cell.error();
       if (*cell) table.cells(row, static_cast<int>(column)) = std::move(**cell);
     }
+  if (const auto source = sourceFor(answers);
+      source && source->book && sheetsToRead(*source->book).size() > 1)
+    table.sheet = source->book->sheets[source->book->sheet].name;
   return table;
 }
 

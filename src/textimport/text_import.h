@@ -100,6 +100,7 @@ struct ImportedTable {
   std::vector<ImportedVariable> variables;  // of the table's columns
   std::string title;                        // of a statistics file
   std::vector<std::string> choice;          // sentences: what was taken of a table and what not
+  std::string sheet{};                      // that it is from, of a workbook with several
 };
 
 struct ImportPreview {

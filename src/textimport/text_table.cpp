@@ -153,6 +153,20 @@ std::string cellText(std::string_view field) {
   return std::string(trimmed(line));
 }
 
+std::string meaningOf(const std::string& about, const std::vector<ValueLabel>& valueLabels) {
+  constexpr std::size_t longest = 120;
+  std::string values;
+  for (const auto& [value, label] : valueLabels) {
+    if (values.size() > longest) {
+      values += ", ...";
+      break;
+    }
+    values += (values.empty() ? "" : ", ") + value + " = " + label;
+  }
+  if (values.empty()) return cellText(about);
+  return cellText(about + (about.empty() ? "" : " ") + "(" + values + ")");
+}
+
 TextTable textTable(const CutTable& cut, bool withoutTitles) {
   TextTable table;
   if (cut.namesApart) {

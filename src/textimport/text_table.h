@@ -48,6 +48,10 @@ TextTable textTable(const CutTable& cut, bool withoutTitles = true);
 // What a cell holds of a field: one line without blanks at its ends.
 std::string cellText(std::string_view field);
 
+// What a variable means, in a line: "Sex of respondent (1 = male, 2 = female)", of many values the
+// first ones; empty where its file does not say.
+std::string meaningOf(const std::string& label, const std::vector<ValueLabel>& valueLabels);
+
 // The separators that give the same number of fields, more than one, in every row, out of tab,
 // semicolon, comma and blank, in this order. In a file the first row may have one less: names over
 // a table whose first column has none.

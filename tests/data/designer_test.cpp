@@ -176,12 +176,19 @@ class DesignerOnEditorData : public Designer {
 };
 
 TEST_F(DesignerOnEditorData, CancelOpensTheEditorAgainAndItsOkBringsNewData) {
-  editor.onShow = [this] { editor.variables.push_back({"Z", {7, 8, 9}}); };
+  editor.onShow = [this] {
+    editor.variables.insert(editor.variables.begin(), {"Zero", {0, 0, 0}});
+    editor.variables.push_back({"Z", {7, 8, 9}});
+    editor.description = {"Source: a.sav", "left out", "", "What X is", "What Z is"};
+  };
   design([this](frmModelDesign& designer) {
     EXPECT_FALSE(designer.fraComments.visible());
     click("cmdCancel");
     EXPECT_TRUE(designer.visible());
     EXPECT_EQ(names(designer.spdVarList).size(), 3U);
+    EXPECT_EQ(designer.txtComments.text(), "Source: a.sav");
+    EXPECT_TRUE(designer.fraVarDefs.visible());
+    EXPECT_EQ(names(designer.spdVarDefs), (std::vector<std::string>{"X What X is", "Z What Z is"}));
     editor.onShow = [this] { editor.cancelled = true; };
     click("cmdCancel");
     EXPECT_FALSE(designer.visible());

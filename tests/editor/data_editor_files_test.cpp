@@ -1,9 +1,12 @@
 // New, Open, Save and Save As through the editor's window, and what goes wrong with files.
+#include <gmock/gmock.h>
 #include <sys/stat.h>
 
+#include <algorithm>
 #include <filesystem>
 
 #include "base/file_io.h"
+#include "base/program_words.h"
 #include "editor/editor_visit.h"
 #include "sheetfiles/editor_file.h"
 #include "support/faults.h"
@@ -399,6 +402,72 @@ TEST_F(DataEditorFiles, AWorkbookIsAskedAboutAndLandsInTheSheet) {
     EXPECT_EQ(editor.sheet().cell(2, 2).number, 1e-7);
     cancel();
   });
+}
+
+TEST_F(DataEditorFiles, WhatIsSaidOfTheDataStaysWithTheSheet) {
+  const auto answerAll = [&] {
+    for (int i = 1; i <= 15; ++i) {
+      const std::string name = "cmboAnswer(" + std::to_string(i) + ")";
+      auto& box = user.get<ComboBox>("frmTextImport", name);
+      if (box.visible() && box.listIndex() < 0)
+        user.choose("frmTextImport", name, box.items().at(0));
+    }
+    user.click("frmTextImport", "cmdOK");
+  };
+  visit([&] {
+    opens(TOLMER_SOURCE_DIR "/fuzz/corpus/foreign_file/haven14.dta");
+    script.window("frmTextImport", answerAll);
+    click("cmdOpen");
+    const SheetContent& content = editor.sheet().content();
+    EXPECT_EQ(content.source, "haven14.dta (Stata)");
+    EXPECT_EQ(content.title, "Sold houses");
+    const auto kind =
+        std::find(content.labels.begin(), content.labels.end(), "Kind of house (1 = new, 2 = old)");
+    ASSERT_NE(kind, content.labels.end());
+    const int column = static_cast<int>(kind - content.labels.begin());
+    go(0, column);
+    EXPECT_THAT(editor.lblStatus.caption(), testing::HasSubstr("Kind of house"));
+    script.window("frmVariableLabel", [&] {
+      user.type("frmVariableLabel", "txtVariableLabel", "1 for new");
+      user.click("frmVariableLabel", "cmdOK");
+    });
+    choose("Options/Variable Label...");
+    EXPECT_EQ(editor.sheet().label(column), "1 for new");
+    saveTo(folder.file("kept.zmm"));
+    EXPECT_EQ(loadEditorFile(folder.file("kept.zmm"))->labels, content.labels);
+    choose("Edit/Undo");
+    EXPECT_THAT(editor.sheet().label(column), testing::StartsWith("Kind of house"));
+    desktop.setClipboard({.text = "A\tB\n1\t2\n",
+                          .html = "<table><tr><th>A<th>B<tr><td>1<td>2<sup>a</sup></table>"});
+    script.box(clearAnyway, Answer::ok);
+    choose("File/New");
+    go(0, 1);
+    script.window("frmTextImport", answerAll);
+    choose("Edit/Paste");
+    EXPECT_EQ(editor.sheet().value(1, 2), 2);
+    EXPECT_EQ(content.source, "pasted on " + today());
+    cancel();
+  });
+}
+
+TEST_F(DataEditorFiles, OpenShowsAllItCanReadInTheDocumentsOrWhereAFileWasLast) {
+  const std::string other = folder.file("other.zmm");
+  ASSERT_FALSE(writeFileAtomically(other, "no data"));
+  std::vector<FileQuestion> asked;
+  desktop.onOpenFile = [&](const FileQuestion& question) -> std::optional<std::string> {
+    asked.push_back(question);
+    if (asked.size() > 1) return std::nullopt;
+    return other;
+  };
+  visit([&] {
+    script.box(badFile(other));
+    click("cmdOpen");
+    click("cmdOpen");
+    cancel();
+  });
+  EXPECT_EQ(asked.at(0).folder, "");
+  EXPECT_THAT(asked[0].kinds.front().extensions, testing::IsSupersetOf({"zmm", "csv", "ods"}));
+  EXPECT_EQ(asked.at(1).folder, folder.path());
 }
 
 TEST_F(DataEditorFiles, TextForOthersIsNoFileOfTheDataSet) {

@@ -190,6 +190,11 @@ TEST_F(TableFiles, FilesOfOtherProgramsAskBySheetAndOption) {
     EXPECT_EQ(document["displays"]["frmDataList"]["cells"][1][1].text, "27.3") << file;
     EXPECT_EQ(document["displays"]["frmDataList"]["cells"][2][2].text, "-0.1");
   }
+  EXPECT_THAT(report({folder + "haven.sav", "--y", "size", "--x", "kind"}).output,
+              HasSubstr("Kind of house (1 = new, 2 = old, 9 = no answer)"));
+  EXPECT_EQ(
+      json({folder + "haven14.dta", "--y", "price", "--x", "size"})["description"]["data"].text,
+      "Sold houses");
   input = std::string("\x89PNG\r\n\x1a\n", 8);
   EXPECT_THAT(report({"-", "--y", "x"}).errors, HasSubstr("standard input: it is a picture"));
 }

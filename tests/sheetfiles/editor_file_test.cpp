@@ -69,6 +69,7 @@ SheetContent anySheet(Random& random, int rows, int columns) {
   for (int i = 1; i <= editorVariables; ++i)
     sheet.decimals[static_cast<std::size_t>(i)] = static_cast<Int16>(random() % 15);
   sheet.title = anyText(random);
+  if (random() % 2) sheet.source = sheet.labels[7] = anyText(random);
   return sheet;
 }
 
@@ -151,6 +152,12 @@ TEST_F(EditorFile, theBytesAreTheLogicalTable) {
   EXPECT_EQ(editorFileBytes(sheet),
             withCheck("ZMDATA 1 500 50\n1\t\"Label\t\t\"Income\n501\t\t1.5\n552\t" + decimals +
                       "\n553\t\"ZM50\n554\t\"My data\n"));
+  sheet.source = "a.sav";
+  sheet.labels[2] = "Income\tper year";
+  EXPECT_EQ(editorFileBytes(sheet),
+            withCheck("ZMDATA 2 500 50\n1\t\"Label\t\t\"Income\n501\t\t1.5\n552\t" + decimals +
+                      "\n553\t\"ZM50\n554\t\"My data\nsource\t\"a.sav\n"
+                      "label 2\t\"Income\\tper year\n"));
 }
 
 TEST_F(EditorFile, changedLineEndsDoNoHarmAndAnyOtherDamageIsFound) {
@@ -174,7 +181,7 @@ TEST_F(EditorFile, changedLineEndsDoNoHarmAndAnyOtherDamageIsFound) {
 TEST_F(EditorFile, wrongFilesAreRefusedWithTheReason) {
   const std::string good = editorFileBytes(SheetContent(500, 50));
   std::string newer = good;
-  newer.replace(7, 1, "2");
+  newer.replace(7, 1, "3");
   std::string decimals;
   for (int i = 0; i < 50; ++i) decimals += "\t3";
   const std::string head = "ZMDATA 1 500 50\n";

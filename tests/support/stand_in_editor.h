@@ -18,6 +18,7 @@ class StandInEditor : public EditorData {
   };
   std::vector<Variable> variables;
   std::vector<std::string> labels;
+  std::vector<std::string> description;
   Int16 cases = 0;
   bool cancelled = false;
   std::function<void()> onShow;
@@ -29,7 +30,8 @@ class StandInEditor : public EditorData {
                      .mdValue = Matrix<double>(cases, static_cast<int>(variables.size())),
                      .mtLabel = std::vector<std::string>(static_cast<std::size_t>(cases) + 1),
                      .mtVarHeader = {""},
-                     .leftOut = {}};
+                     .leftOut = {},
+                     .description = description};
     std::ranges::copy(labels, data.mtLabel.begin() + 1);
     for (const Variable& variable : variables) {
       data.mtVarHeader.push_back(variable.header);
