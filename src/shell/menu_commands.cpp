@@ -122,7 +122,8 @@ void MenuCommands::mnuFileWorktext_Click() {
   if (parts_.desktop.activateProgram("Ch. 17 Tolmer Analysis")) return;
   if (!parts_.desktop.openDocument(worktext))
     parts_.desktop.messageBox({.title = "Worktext",
-                               .text = "No program of this computer opens " + worktext + ".",
+                               .text = "No program of this computer opens " + worktext +
+                                       ". Install one that shows PDF documents.",
                                .icon = MessageIcon::exclamation});
 }
 

@@ -64,7 +64,8 @@ TEST_F(Journey, WorktextIsHandedToTheProgramThatOpensItOrWhatIsWrongIsTold) {
   user.menu("mdiReg", "File/View Worktext");
   EXPECT_EQ(opened, worktext);
   desktop.onOpenDocument = nullptr;
-  script.box("Worktext", "No program of this computer opens " + worktext + ".");
+  script.box("Worktext", "No program of this computer opens " + worktext +
+                             ". Install one that shows PDF documents.");
   user.menu("mdiReg", "File/View Worktext");
 }
 
