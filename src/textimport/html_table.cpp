@@ -112,6 +112,7 @@ class TableReader {
   void startInTable(const HtmlToken& token) {
     Open& open = open_.back();
     const std::string& name = token.name;
+    if (name == "sup" && open.inTitle && skip(token)) return;
     if (isAnyOf(name, {"thead", "tbody", "tfoot"})) {
       closeRow();
       open.inHead = name == "thead";
