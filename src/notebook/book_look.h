@@ -1,6 +1,7 @@
 // Colours, fonts and sizes that the windows of the book share.
 #pragma once
 
+#include <algorithm>
 #include <cmath>
 #include <string_view>
 
@@ -31,6 +32,18 @@ inline constexpr Twips headerWidth = pageContainer.width - 2 * headerLeft;
 // What the tabs and the pages stand on.
 inline constexpr Twips pageMargin = pixels(20);
 inline constexpr Twips bookWidth = pageContainer.width + 2 * pageMargin;
+
+// The notebook's window where the screen has room for all of it.
+inline constexpr Size bookWindow{pixels(684), pixels(670)};
+
+// How much larger it is shown on a large screen. Letters of 12 pixels are whole ones at each step.
+// The cover stays as it is: its picture would take the start four times as long to draw.
+inline float magnificationOn(Size screen) {
+  constexpr float steps = 12, most = 2, share = 0.9F;
+  const float room =
+      share * std::min(screen.width / bookWindow.width, screen.height / bookWindow.height);
+  return std::clamp(std::floor(room * steps) / steps, 1.0F, most);
+}
 
 // Height of a text at that width, both in twips, on whole pixels.
 inline Twips heightOf(const Font& font, std::string_view text, Twips width) {

@@ -27,20 +27,10 @@ constexpr Size buttonSize{pixels(96), pixels(28)};
 constexpr Size book{bookWidth,
                     TabBook::tabHeight + pixels(10) + container.height + turnerHeight + pixels(16)};
 constexpr Size windowSize{book.width + 2 * margin, book.height + buttonSize.height + 3 * margin};
+static_assert(windowSize == bookWindow);
 
-// Letters of 12 pixels are whole ones at each step.
-constexpr float magnificationSteps = 12;
-constexpr float mostMagnification = 2;
-constexpr float shareOfScreen = 0.9F;
 constexpr Twips titleBar = pixels(40);
 constexpr Twips leastPage = pixels(120);  // of the page's height that is seen
-
-float magnificationOn(Size screen) {
-  const float room = shareOfScreen * std::min(screen.width / windowSize.width,
-                                              screen.height / windowSize.height);
-  return std::clamp(std::floor(room * magnificationSteps) / magnificationSteps, 1.0F,
-                    mostMagnification);
-}
 
 // "group" in any case, with blanks around it or not.
 bool isGroupMark(std::string_view fileName) {
