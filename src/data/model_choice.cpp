@@ -111,6 +111,7 @@ std::vector<Int16> columnsOfFormerModel(const WorkingCopy& copy, const AnalysisS
 
 void SpecifyModel(WorkingCopy& copy, const std::vector<Int16>& columns) {
   clearModel(copy);
+  for (Int16 column = 1; column <= copy.miNumCols; ++column) copy.obIsIndepVar(column) = false;
   for (const Int16 column : columns) copy.obIsIndepVar(column) = column != columns.front();
   copy.miDepVarCol = columns.front();
   copy.mbDepVarSpecified = true;
