@@ -114,6 +114,7 @@ void LoadFromDataEditor(WorkingCopy& copy, const StudentData& data) {
   clearModel(copy);
   DimensionModelDesignerArrays(copy);
   copy.origin.leftOut = data.leftOut;
+  copy.origin.copy = data.copy;
   copy.origin.written.resize(copy.miNumCases, copy.miNumCols);
   setInterceptColumn(copy);
   for (int i = 1; i <= copy.miNumCases; ++i)

@@ -2,6 +2,7 @@
 // Each loader fills the working copy anew and leaves it complete.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -39,6 +40,7 @@ struct StudentData {
   // Title and source, and what the variables mean, (0..V) as mtVarHeader; empty where nothing of it
   // is known.
   std::vector<std::string> description{};
+  std::optional<DataCopy> copy{};
 };
 
 // The data editor as the designer sees it.

@@ -169,6 +169,7 @@ void frmModelDesign::LoadFromDataEditor() {
     DimensionModelDesignerArrays(copy_);
   displayLoadedModel();
   cmdFormerModel.setVisible(!columnsOfFormerModel(copy_, state_).empty());
+  if (sources_.keepsModel && cmdFormerModel.visible()) cmdFormerModel_Click();
 }
 
 void frmModelDesign::displayLoadedModel() {

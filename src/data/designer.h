@@ -20,6 +20,7 @@ struct DesignerSources {
   const ScenarioSource& scenarios;
   std::string programFolder;
   EditorData* editor = nullptr;
+  bool keepsModel = false;  // of data of the editor, where they have the variables of that in force
 };
 
 // Construction loads what the state asks for: the data in force where bChangeModelOnly, else the

@@ -135,7 +135,7 @@ void CheckForChanges(WorkingCopy& copy, const AnalysisState& state) {
   copy.mbModelHasChanged =
       !(describedData(copy) == describedData(state) && sameModel(copy, state) &&
         sameLabels(copy, state) && sameValues(copy, state) &&
-        copy.origin.leftOut == state.uOrigin.leftOut);
+        copy.origin.leftOut == state.uOrigin.leftOut && copy.origin.copy == state.uOrigin.copy);
 }
 
 void CheckModelSpec(WorkingCopy& copy) {

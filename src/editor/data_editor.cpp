@@ -156,11 +156,26 @@ void frmDataEditor::Form_Activate() {
   spdData.setFocus();
   showStatus();
   tmrAutosave_.setEnabled(autosave_.isOn());
-  if (!std::exchange(activatedOnce_, true)) {
-    tellOptionalVariable();
-    offerLostWork();
+  beginFirstVisit();
+  tookOver_ = toTakeOver_.has_value();
+  if (const auto taken = std::exchange(toTakeOver_, {})) {
+    sheet_.takeOver(taken->content, taken->name);
+    resetGrid();
+    spdData.setActiveCell({2, 2});
   }
   if (const auto file = std::exchange(toOpen_, {})) openDropped(*file);
+}
+
+void frmDataEditor::beginFirstVisit() {
+  if (std::exchange(activatedOnce_, true)) return;
+  tellOptionalVariable();
+  offerLostWork();
+}
+
+bool frmDataEditor::mayGiveWayTo(const std::string& name) {
+  if (!isSetUp_) SetupEditor();
+  beginFirstVisit();
+  return !holdsUnsavedWork() || isSavedOrGivenUp(name + " takes their place");
 }
 
 void frmDataEditor::tellOptionalVariable() {
@@ -391,6 +406,7 @@ void frmDataEditor::cmdOK_Click() {
 // refused is unsaved data like any other: it is asked about, and a no gives it up.
 void frmDataEditor::cmdCancel_Click() {
   if (spdData.commitEdit() && !sheet_.changeMade()) {
+    if (tookOver_) sheet_.restoreVisitStart();
     mbUserCancel_ = true;
     return leave();
   }
@@ -413,18 +429,19 @@ void frmDataEditor::flashAndLeave(Button& button, std::function<void()> last) {
 
 bool frmDataEditor::mayEndProgram() {
   const bool entryIsIn = spdData.commitEdit();
-  if (!entryIsIn || holdsUnsavedWork()) {
-    const Answer answer = desktop().messageBox(
-        {"Unsaved Data",
-         "The data in the Data Editor have not been saved. Do you want to save them before "
-         "the program ends?",
-         MessageIcon::question, MessageButtons::saveDontSaveCancel});
-    const bool isDone = answer == Answer::no ||
-                        (answer == Answer::yes && entryIsTaken() && (files_.*savingRoutine())());
-    if (!isDone) return false;
-  }
+  if ((!entryIsIn || holdsUnsavedWork()) && !isSavedOrGivenUp("the program ends")) return false;
   autosave_.clean();
   return true;
+}
+
+bool frmDataEditor::isSavedOrGivenUp(const std::string& before) {
+  const Answer answer = desktop().messageBox(
+      {"Unsaved Data",
+       "The data in the Data Editor have not been saved. Do you want to save them before " +
+           before + "?",
+       MessageIcon::question, MessageButtons::saveDontSaveCancel});
+  return answer == Answer::no ||
+         (answer == Answer::yes && entryIsTaken() && (files_.*savingRoutine())());
 }
 
 // An empty sheet that never had a file is nobody's work, whatever once stood in it.

@@ -78,6 +78,14 @@ class frmDataEditor : public SheetWindow, public EditorData {
   // The next visit begins by opening that file, as Open would.
   void openAtNextVisit(DroppedFile file) { toOpen_ = std::move(file); }
 
+  // The next visit begins with a copy of data of that name. Cancel brings back what it replaces.
+  void takeOverAtNextVisit(SheetContent content, std::string name) {
+    toTakeOver_ = TakenData{std::move(name), std::move(content)};
+  }
+  // Before other data are put in for what the student holds there: asks where that is in no file,
+  // and offers first what a crash has left behind. False where it is to stay.
+  bool mayGiveWayTo(const std::string& name);
+
   // Before the program ends: asks once what becomes of data that are in no file. False where the
   // program is to go on, with everything as it was.
   bool mayEndProgram();
@@ -95,6 +103,7 @@ class frmDataEditor : public SheetWindow, public EditorData {
   void declareKeys();
   void giveUpEntry();
   void tellOptionalVariable();
+  void beginFirstVisit();
   void offerLostWork();
   void offerToKeep(VisitPlace& lost, const Error& fault);
   void tmrAutosave_Tick();
@@ -119,6 +128,7 @@ class frmDataEditor : public SheetWindow, public EditorData {
   // --- the ways out
   bool bfOKToContinue();
   bool holdsUnsavedWork() const;
+  bool isSavedOrGivenUp(const std::string& before);
   void cmdOK_Click();
   void cmdCancel_Click();
   void flashAndLeave(Button& button, std::function<void()> last = {});
@@ -131,6 +141,8 @@ class frmDataEditor : public SheetWindow, public EditorData {
   Timer tmrAutosave_;
   StudentData exit_;
   std::optional<DroppedFile> toOpen_;
+  std::optional<TakenData> toTakeOver_;
+  bool tookOver_ = false;  // this visit began with such data
   bool mbEditorOpen_ = false;
   bool mbUserCancel_ = false;
   bool activatedOnce_ = false;

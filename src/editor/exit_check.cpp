@@ -129,6 +129,7 @@ CompleteCases completeCases(const DataSheet& sheet) {
   cases.data.mtLabel.resize(static_cast<std::size_t>(sheet.observations()) + 1);
   for (int c = 0; c <= sheet.variables(); ++c) cases.data.mtVarHeader.push_back(sheet.heading(c));
   cases.data.description = descriptionOf(sheet.content());
+  cases.data.copy = sheet.dataCopy();
   cases.bVarHasData.resize(static_cast<std::size_t>(sheet.variables()) + 1);
   cases.usedVariables = sheet.lastUsedColumn();
   const int lastRow = sheet.lastUsedRow();

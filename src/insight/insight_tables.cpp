@@ -7,6 +7,7 @@
 
 #include "engine/decimals_choice.h"
 #include "engine/picture_text.h"
+#include "insight/change_words.h"
 #include "insight/without_cases.h"
 
 namespace tolmer {
@@ -108,6 +109,59 @@ TableContent predictionTable(std::span<const PredictedCase> predictions) {
   table.notes.push_back(
       "Lower and upper limits are of 95 per cent: Mean for the mean of all such "
       "cases, New for a single one.");
+  return table;
+}
+
+TableContent modelsTable(const ModelHistory& models, int present) {
+  constexpr std::array heads = {"No.",       "Data",        "Model",     "n",
+                                "R-squared", "Adjusted",    "Std Error", "AIC",
+                                "BIC",       "Largest VIF", "Present"};
+  TableContent table(static_cast<int>(models.records().size()) + 1, static_cast<int>(heads.size()));
+  const auto isText = [](int col) { return col == 2 || col == 3 || col == 11; };
+  for (int col = 1; col <= table.cols(); ++col)
+    table.heading(1, col, heads[static_cast<std::size_t>(col) - 1],
+                  isText(col) ? Align::left : Align::right);
+  int row = 1;
+  for (const ModelRecord& one : models.records()) {
+    const int number = models.firstNumber() + row++ - 1;
+    const auto vif = largestInflation(one);
+    const std::array texts = {std::to_string(number),
+                              one.dataName,
+                              titleOf(one),
+                              std::to_string(one.cases),
+                              formatNumber(one.model.rSquared.value, "0.0000"),
+                              formatNumber(one.model.adjusted.value, "0.0000"),
+                              figureText(one.model.standardError.value),
+                              figureText(one.model.aic.value, 1),
+                              figureText(one.model.bic.value, 1),
+                              vif ? figureText(*vif, 1) : std::string("---"),
+                              std::string(number == present ? "yes" : "")};
+    for (int col = 1; col <= table.cols(); ++col) {
+      const std::string& text = texts[static_cast<std::size_t>(col) - 1];
+      isText(col) ? table.text(row, col, text, Align::left)
+                  : table.figure(row, col, text, Align::right);
+    }
+  }
+  return table;
+}
+
+TableContent comparisonTable(const ModelComparison& comparison) {
+  constexpr std::array heads = {"Term", "First Coeff", "First Std Error", "Second Coeff",
+                                "Second Std Error"};
+  TableContent table(static_cast<int>(comparison.terms.size()) + 1, static_cast<int>(heads.size()));
+  for (int col = 1; col <= table.cols(); ++col)
+    table.heading(1, col, heads[static_cast<std::size_t>(col) - 1],
+                  col == 1 ? Align::left : Align::right);
+  int row = 1;
+  for (const TermChange& term : comparison.terms) {
+    table.heading(++row, 1, term.name, Align::left);
+    int col = 1;
+    for (const Figure& figure :
+         {term.coefficientBefore, term.errorBefore, term.coefficientAfter, term.errorAfter})
+      table.figure(row, ++col, std::isnan(figure.value) ? "---" : figureText(figure.value),
+                   Align::right);
+  }
+  table.notes = comparison.sentences;
   return table;
 }
 

@@ -183,8 +183,7 @@ std::vector<std::string> sentencesOn(const ModelRecord& before, const ModelRecor
 std::optional<ModelRecord> recordOf(const AnalysisState& state, const ModelData& data,
                                     const SecondFit& fit) {
   if (state.Fit.bSingular || !fit.determined()) return {};
-  const std::string& file = state.tDataFileName;
-  return ModelRecord{.dataName = file.substr(file.find_last_of("/\\") + 1),
+  return ModelRecord{.dataName = dataSetName(state),
                      .modelCol = state.iModelCol,
                      .intercept = data.intercept,
                      .cases = data.cases,
@@ -224,9 +223,33 @@ bool isOfPresentData(const ModelRecord& record, const AnalysisState& state) {
   return holds(record.modelCol[1], record.byTerm.size());
 }
 
-void ModelHistory::add(ModelRecord record) {
-  const auto isSame = [&](const ModelRecord& one) { return sameModel(one, record); };
-  if (std::ranges::none_of(records_, isSame)) records_.push_back(std::move(record));
+std::string whyNotOfPresentData(const ModelRecord& record, const AnalysisState& state) {
+  if (isOfPresentData(record, state)) return {};
+  const std::string present = dataSetName(state);
+  if (record.dataName != present)
+    return "This fit is of other data (" + record.dataName + ") than the present ones (" + present +
+           ").";
+  if (record.cases != state.iNumCases)
+    return "This fit is of " + counted(record.cases, "case") + "; the present data have " +
+           std::to_string(state.iNumCases) + ".";
+  return "The present data have other columns, or other values in them, than this fit.";
+}
+
+int ModelHistory::add(ModelRecord record) {
+  const auto found = std::ranges::find_if(
+      records_, [&](const ModelRecord& one) { return sameModel(one, record); });
+  if (found != records_.end()) return firstNumber() + static_cast<int>(found - records_.begin());
+  records_.push_back(std::move(record));
+  if (records_.size() > most) {
+    records_.erase(records_.begin());
+    ++forgotten_;
+  }
+  return lastNumber();
+}
+
+const ModelRecord* ModelHistory::record(int number) const {
+  if (number < firstNumber() || number > lastNumber()) return nullptr;
+  return &records_[static_cast<std::size_t>(number - firstNumber())];
 }
 
 std::vector<TermChange> termChanges(std::span<const std::string> namesBefore,

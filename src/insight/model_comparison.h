@@ -14,7 +14,7 @@ namespace tolmer {
 
 // A completed fit, without the data themselves.
 struct ModelRecord {
-  std::string dataName;         // file of the data, without its folders
+  std::string dataName;         // as dataSetName
   std::vector<Int16> modelCol;  // as AnalysisState::iModelCol, to take the model up again
   bool intercept = false;
   int cases = 0;
@@ -39,15 +39,27 @@ std::string titleOf(const ModelRecord& record);
 std::optional<double> largestInflation(const ModelRecord& record);
 // Whether the record's model can be taken up again: the present data have its columns.
 bool isOfPresentData(const ModelRecord& record, const AnalysisState& state);
+// Why not, as a sentence; empty where it can.
+std::string whyNotOfPresentData(const ModelRecord& record, const AnalysisState& state);
 
-// The completed fits of a run in their order, each once however often it was made.
+// The completed fits of a run in their order, each once however often it was made; of very many
+// only the last ones. They are numbered from 1 on, and keep their numbers.
 class ModelHistory {
  public:
-  void add(ModelRecord record);
+  static constexpr int most = 100;
+
+  // The number of the fit.
+  int add(ModelRecord record);
   std::span<const ModelRecord> records() const { return records_; }
+  // Of the first one that is still there, and of the last one.
+  int firstNumber() const { return forgotten_ + 1; }
+  int lastNumber() const { return forgotten_ + static_cast<int>(records_.size()); }
+  // Null for a number that has none, or none any more.
+  const ModelRecord* record(int number) const;
 
  private:
   std::vector<ModelRecord> records_;
+  int forgotten_ = 0;
 };
 
 // Coefficient and standard error of one term in two fits; undetermined where the fit lacks it.

@@ -143,6 +143,26 @@ MaybeNote casesLeftOutNote(const AnalysisState& state, const Examination&) {
                       " left out: " + listed(rows) + "."};
 }
 
+MaybeNote editedNote(const AnalysisState& state, const Examination&) {
+  const auto& copy = state.uOrigin.copy;
+  if (!copy || copy->differing == 0) return {};
+  Note note{.text = "These data are an edited copy of " + copy->of + ": " +
+                    (copy->differing == 1
+                         ? "1 value differs, "
+                         : std::to_string(copy->differing) + " values differ, the first of them ") +
+                    copy->first + "."};
+  for (const int row : copy->rows) {
+    int before = 0;
+    bool isUsed = true;
+    for (const LeftOutCase& one : state.uOrigin.leftOut) {
+      before += one.row < row ? 1 : 0;
+      isUsed = isUsed && one.row != row;
+    }
+    if (isUsed && row - before <= state.iNumCases) note.cases.push_back(row - before);
+  }
+  return note;
+}
+
 MaybeNote noInterceptNote(const AnalysisState& state, const Examination&) {
   if (state.bUseIntercept || isFailed(state)) return {};
   return Note{.text =

@@ -11,6 +11,7 @@ namespace tolmer {
 enum class NoteKind {
   noValidFit,
   casesLeftOut,
+  edited,
   noIntercept,
   onePredictor,
   zeroStandardError,

@@ -15,6 +15,7 @@ using MaybeNote = std::optional<Note>;
 // On the model and its fit.
 MaybeNote noValidFitNote(const AnalysisState& state, const Examination& examination);
 MaybeNote casesLeftOutNote(const AnalysisState& state, const Examination& examination);
+MaybeNote editedNote(const AnalysisState& state, const Examination& examination);
 MaybeNote noInterceptNote(const AnalysisState& state, const Examination& examination);
 MaybeNote onePredictorNote(const AnalysisState& state, const Examination& examination);
 MaybeNote zeroStandardErrorNote(const AnalysisState& state, const Examination& examination);

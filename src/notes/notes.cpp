@@ -18,6 +18,7 @@ struct KindOfNote {
 constexpr std::array kinds = {
     KindOfNote{"noValidFit", "No valid fit", noValidFitNote},
     KindOfNote{"casesLeftOut", "Cases left out", casesLeftOutNote},
+    KindOfNote{"edited", "Edited copy", editedNote},
     KindOfNote{"noIntercept", "No intercept", noInterceptNote},
     KindOfNote{"onePredictor", "One predictor", onePredictorNote},
     KindOfNote{"zeroStandardError", "Zero standard error", zeroStandardErrorNote},

@@ -165,7 +165,9 @@ std::vector<ReportFact> factsOf(const AnalysisState& state, const ReportRequest&
   };
   add("Author", onOneLine(request.author));
   if (state.bInfoAvailable && !state.tVarDesc.empty()) add("Data", onOneLine(state.tVarDesc[0]));
-  add("Data file", state.tDataFileName == noDataFile ? "" : nameOfFile(state.tDataFileName));
+  add("Data file", state.uOrigin.copy                    ? onOneLine(dataSetName(state))
+                   : state.tDataFileName == noDataFile ? ""
+                                                       : nameOfFile(state.tDataFileName));
   add("Cases", casesText(state));
   add("Dependent variable", onOneLine(variableName(state, 1)));
   add(state.iNumPredictors == 1 ? "Independent variable" : "Independent variables",

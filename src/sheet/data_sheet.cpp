@@ -364,12 +364,43 @@ void DataSheet::replaceWith(const SheetContent& content, std::string fileName) {
   replaceAll("Open", fitted(content, observations(), variables()), std::move(fileName));
 }
 
-void DataSheet::replaceAll(std::string_view name, SheetContent content, std::string fileName) {
+void DataSheet::takeOver(const SheetContent& content, std::string name) {
+  SheetContent taken = fitted(content, observations(), variables());
+  auto from = std::make_shared<const TakenData>(TakenData{std::move(name), taken});
+  replaceAll("Edit a Copy", std::move(taken), {}, std::move(from));
+}
+
+std::optional<DataCopy> DataSheet::dataCopy() const {
+  if (!state_.takenFrom) return {};
+  const SheetContent& there = state_.takenFrom->content;
+  DataCopy copy{.of = state_.takenFrom->name};
+  const auto textOf = [](const std::optional<double>& number) {
+    return number ? exactText(*number) : std::string("none");
+  };
+  const int lastRow = std::max(lastUsedRow(), tolmer::lastUsedRow(there));
+  for (int r = 1; r <= lastRow; ++r)
+    for (int c = 1; c <= variables(); ++c) {
+      const DataCell& before = there.cells(r, c);
+      const auto was =
+          before.kind == DataCell::Kind::number ? std::optional(before.number) : std::nullopt;
+      const auto is = value(r, c);
+      if (is == was) continue;
+      if (copy.differing++ == 0)
+        copy.first = heading(c) + " of case " + std::to_string(r) + " (" + textOf(is) +
+                     " in place of " + textOf(was) + ")";
+      if (copy.rows.empty() || copy.rows.back() != r) copy.rows.push_back(r);
+    }
+  return copy;
+}
+
+void DataSheet::replaceAll(std::string_view name, SheetContent content, std::string fileName,
+                           std::shared_ptr<const TakenData> takenFrom) {
   seeds_.next = std::max(seeds_.next, highestSeed(content) + 1);
   SheetEdit edit = beginEdit(name);
   edit.replaceAll({.content = std::move(content),
                    .miStdDecDigits = standardDecimals,
-                   .mtFileName = std::move(fileName)});
+                   .mtFileName = std::move(fileName),
+                   .takenFrom = std::move(takenFrom)});
   commit(edit);
   journal_.keep();
   touched_ = false;

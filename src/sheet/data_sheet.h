@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <span>
 #include <string>
@@ -105,6 +106,10 @@ class DataSheet {
   void clearAll();
   // Open: blank headings get their names. A content of another size is cut or filled up.
   void replaceWith(const SheetContent& content, std::string fileName);
+  // A copy of data of that name, nothing of it changed yet and in no need of a file.
+  void takeOver(const SheetContent& content, std::string name);
+  // What the values have become since then; nothing for data that were never taken over.
+  std::optional<DataCopy> dataCopy() const;
   const std::string& mtFileName() const { return state_.mtFileName; }
   // After saving; with the name it was saved under.
   void markSaved(std::string fileName);
@@ -141,7 +146,8 @@ class DataSheet {
   enum class WithoutSteps { isNothing, marks };
   void commit(SheetEdit& edit, WithoutSteps emptyEdit = WithoutSteps::isNothing);
   void follow(SheetChange change);
-  void replaceAll(std::string_view name, SheetContent content, std::string fileName);
+  void replaceAll(std::string_view name, SheetContent content, std::string fileName,
+                  std::shared_ptr<const TakenData> takenFrom = nullptr);
   CellRange clipped(const CellRange& block) const;
   template <class Step>
   const SheetJournal::Action* step(Step undoOrRedo);

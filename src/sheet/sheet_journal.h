@@ -13,12 +13,19 @@
 
 namespace tolmer {
 
+// Data that were not typed or opened but taken over as they were.
+struct TakenData {
+  std::string name;
+  SheetContent content;
+};
+
 // All that a data set in the editor consists of. The file belongs to it, so that an undone Open
 // does not leave the old data under the new file's name.
 struct SheetState {
   SheetContent content;
   Int16 miStdDecDigits = 3;
-  std::string mtFileName{};  // empty while there is none
+  std::string mtFileName{};                      // empty while there is none
+  std::shared_ptr<const TakenData> takenFrom{};  // null for the user's own
 };
 
 // What a change or its undoing touched, each as it stands afterwards.

@@ -2,19 +2,31 @@
 
 namespace tolmer {
 
-ExploreCommands::ExploreCommands(ShellParts& parts, MainFlow& flow) : parts_(parts), flow_(flow) {
-  parts_.frame.mnuExplorePredict.Click = [this] { openPredict(); };
-  const auto help = [this] { flow_.ShowHelpTopic(helpOnPredict); };
-  parts_.predictWindow.cmdHelp.Click = help;
-  parts_.predictWindow.takeKey({keys::f1}, help);
+ExploreCommands::ExploreCommands(ShellParts& parts, MainFlow& flow) : parts_(parts) {
+  const auto wire = [this, &flow](MenuItem& entry, auto& window, long topic) {
+    entry.Click = [this, &window] {
+      parts_.notes.notes();  // by which the fit is known
+      followFit();
+      window.open();
+    };
+    const auto help = [&flow, topic] { flow.ShowHelpTopic(topic); };
+    window.cmdHelp.Click = help;
+    window.takeKey({keys::f1}, help);
+  };
+  wire(parts_.frame.mnuExplorePredict, parts_.predictWindow, helpOnPredict);
+  wire(parts_.frame.mnuExploreModels, parts_.modelsWindow, helpOnModels);
+  parts_.frame.mnuExplore.Click = [this] {
+    parts_.frame.mnuExploreEditCopy.setEnabled(parts_.state.iDataSource != dataEditor);
+  };
+  parts_.frame.mnuExploreEditCopy.Click = [&flow] { flow.editCopy(); };
+  parts_.modelsWindow.takeUp = [&flow](const ModelRecord& record) { flow.takeUpModel(record); };
 }
 
-void ExploreCommands::followFit() { parts_.predictWindow.follow(parts_.notes.examination()); }
-
-void ExploreCommands::openPredict() {
-  parts_.notes.notes();
-  followFit();
-  parts_.predictWindow.open();
+void ExploreCommands::followFit() {
+  const Examination* known = parts_.notes.examination();
+  parts_.predictWindow.follow(known);
+  const auto record = known ? recordOf(parts_.state, known->data, known->fit) : std::nullopt;
+  parts_.modelsWindow.follow(record ? &*record : nullptr);
 }
 
 }  // namespace tolmer

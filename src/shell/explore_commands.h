@@ -13,15 +13,13 @@ class ExploreCommands {
 
   // Numbers of the help's pages.
   static constexpr long helpOnPredict = 323;
+  static constexpr long helpOnModels = 324;
 
-  // Another fit stands, and more or less is known of it now.
+  // Another fit stands, or more is known of it now.
   void followFit();
 
  private:
-  void openPredict();
-
   ShellParts& parts_;
-  MainFlow& flow_;
 };
 
 }  // namespace tolmer

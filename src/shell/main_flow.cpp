@@ -4,6 +4,7 @@
 
 #include "base/program_words.h"
 #include "data/designer.h"
+#include "data/model_choice.h"
 #include "notebook/cover.h"
 #include "notebook/notebook_window.h"
 #include "shell/hint.h"
@@ -182,9 +183,9 @@ bool MainFlow::takeEditorData() {
   return true;
 }
 
-void MainFlow::showDesigner() {
-  frmModelDesign designer(parts_.desktop, state_, {*this, parts_.tProgramFolder, parts_.editor},
-                          parts_.frame);
+void MainFlow::showDesigner(bool keepsModel) {
+  frmModelDesign designer(parts_.desktop, state_,
+                          {*this, parts_.tProgramFolder, parts_.editor, keepsModel}, parts_.frame);
   designer.ShowInitialChildren = [this] { parts_.manager.ShowInitialChildren(); };
   designer.showModal();
 }
@@ -224,6 +225,45 @@ void MainFlow::changeModel() {
   if (state_.bModelHasChanged) parts_.analysis.RunAnalysis();
 }
 
+void MainFlow::editCopy() {
+  if (state_.iDataSource == dataEditor || !hasModel(state_)) return;
+  if (state_.iNumCases > editorObservations || state_.iNumCols > editorVariables) {
+    parts_.desktop.messageBox(
+        {"Edit a Copy of These Data",
+         "These data have more cases or variables than the Data Editor takes.",
+         MessageIcon::information});
+    return;
+  }
+  const std::string name = dataSetName(state_);
+  frmDataEditor& editor = parts_.ownData.editor();
+  if (!editor.mayGiveWayTo("the copy of " + name)) return;
+  editor.takeOverAtNextVisit(OwnData::sheetOf(state_), name);
+  parts_.editor->ShowDataEditor();
+  if (parts_.editor->UserCancel()) return;
+  const Int16 iDataSource = std::exchange(state_.iDataSource, dataEditor);
+  state_.bChangeModelOnly = false;
+  state_.bChangeDataOnly = true;
+  showDesigner(true);
+  if (!state_.bModelHasChanged) {
+    state_.iDataSource = iDataSource;
+    return;
+  }
+  parts_.analysis.RunAnalysis();
+  parts_.panel.SetupChangeDataSourceButton();
+}
+
+void MainFlow::takeUpModel(const ModelRecord& record) {
+  state_.bChangeModelOnly = true;
+  state_.bChangeDataOnly = false;
+  WorkingCopy copy;
+  CopyGlobalVarsToModule(copy, state_);
+  copy.mbUseIntercept = record.intercept;
+  // Behind the last predictor stands a 0.
+  SpecifyModel(copy, {record.modelCol.begin() + 1, record.modelCol.end() - 1});
+  CopyModuleVarsToGlobal(copy, state_);
+  parts_.analysis.RunAnalysis();
+}
+
 // A choice of data that is given up leaves the source of those in force, which the panel's button
 // leads to.
 void MainFlow::showNotebook() {
@@ -255,7 +295,7 @@ bool MainFlow::editData() {
   if (parts_.editor->UserCancel()) return false;
   state_.bChangeModelOnly = false;
   state_.bChangeDataOnly = true;
-  showDesigner();
+  showDesigner(state_.uOrigin.copy.has_value());
   if (state_.bModelHasChanged) parts_.analysis.RunAnalysis();
   return state_.bModelHasChanged;
 }

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "data/data_sources.h"
+#include "insight/model_comparison.h"
 #include "shell/hider.h"
 #include "shell/shell_parts.h"
 
@@ -37,6 +38,12 @@ class MainFlow : public ScenarioSource {
   // The last act of the program.
   void ExitModule();
 
+  // A copy of the data in force, of an example or a database, goes into the data editor; OK there
+  // and on the designer, which has the model in force, analyses it.
+  void editCopy();
+  // That model of the present data, which have its columns, in place of the present one.
+  void takeUpModel(const ModelRecord& record);
+
   // The control panel's commands.
   void changeModel();
   void showNotebook();
@@ -58,7 +65,7 @@ class MainFlow : public ScenarioSource {
   bool takeEditorData();
   bool editData();
   void openDropped(const DroppedItems& items);
-  void showDesigner();
+  void showDesigner(bool keepsModel = false);
 
   ShellParts& parts_;
   AnalysisState& state_;

@@ -27,6 +27,8 @@ mdiReg::mdiReg(Desktop& desktop)
       mnuExplore(&menu, "mnuExplore", "E&xplore"),
       mnuExploreNotes(&mnuExplore, "mnuExploreNotes", "&Notes..."),
       mnuExplorePredict(&mnuExplore, "mnuExplorePredict", "&Predict..."),
+      mnuExploreModels(&mnuExplore, "mnuExploreModels", "Compare &Models..."),
+      mnuExploreEditCopy(&mnuExplore, "mnuExploreEditCopy", "Edit a Copy of These &Data"),
       mnuHelp(&menu, "mnuHelp", "&Help"),
       mnuHelpContents(&mnuHelp, "mnuHelpContents", "&Contents"),
       mnuHelpHint(&mnuHelp, "mnuHelpHint", "Show &Hint..."),

@@ -48,6 +48,8 @@ class mdiReg : public FrameWindow {
   MenuItem mnuExplore;
   MenuItem mnuExploreNotes;
   MenuItem mnuExplorePredict;
+  MenuItem mnuExploreModels;
+  MenuItem mnuExploreEditCopy;  // of data that are not in the editor already
 
   MenuItem mnuHelp;
   MenuItem mnuHelpContents;

@@ -50,7 +50,8 @@ Result<PasteTable> byNames(const PasteTable& table, const DataSheet& sheet, int 
 
 bool NewCasesSheet::follow(const Examination* examination) {
   examination_ = examination;
-  fit_ = examination ? validFit(state_, *examination) : nullptr;
+  fit_.reset();
+  if (examination && validFit(state_, *examination)) fit_ = fitSecond(examination->data);
   std::vector<std::string> names = fit_ ? predictorsOf(examination->data) : names_;
   const bool isNew = names != names_;
   names_ = std::move(names);

@@ -28,7 +28,7 @@ class NewCasesSheet {
   // Whether they have begun anew.
   bool follow(const Examination* examination);
   bool isKnown() const { return examination_; }
-  bool hasFit() const { return fit_; }
+  bool hasFit() const { return fit_.has_value(); }
   // "StackLoss on AirFlow and WaterTemp"; empty while nothing is known.
   std::string model() const;
 
@@ -79,7 +79,7 @@ class NewCasesSheet {
   const AnalysisState& state_;
   DataSheet sheet_{mostCases, editorVariables};
   const Examination* examination_ = nullptr;
-  const SecondFit* fit_ = nullptr;
+  std::optional<SecondFit> fit_;    // with the leverages of all cases
   std::vector<std::string> names_;  // of the predictors
   std::map<int, Given> given_;
   std::vector<PredictedCase> predicted_;

@@ -4,6 +4,8 @@
 #include <string>
 
 #include "editor/data_editor.h"
+#include "sheet/sheet_content.h"
+#include "state/analysis_state.h"
 
 namespace tolmer {
 
@@ -22,6 +24,9 @@ class OwnData : public EditorData {
 
   // Before the program ends; false where the student wants to stay.
   bool mayEndProgram() { return !editor_ || editor_->mayEndProgram(); }
+
+  // The data in force as a sheet of the editor, in the digits they were written with.
+  static SheetContent sheetOf(const AnalysisState& state);
 
   // Says at the start of the program what a crash or a kill left behind; the editor offers it.
   void tellLostWork();

@@ -96,13 +96,19 @@ void frmPredict::wireGrid() {
 }
 
 void frmPredict::follow(const Examination* examination) {
-  const bool wasShaped = std::exchange(isShaped_, false);
-  const bool isNew = cases_.follow(examination);
-  isShaped_ = wasShaped && !isNew;
+  known_ = examination;
+  followKnown(visible() ? examination : nullptr);
   if (visible()) showAll();
 }
 
+void frmPredict::followKnown(const Examination* examination) {
+  const bool wasShaped = std::exchange(isShaped_, false);
+  const bool isNew = cases_.follow(examination);
+  isShaped_ = wasShaped && !isNew;
+}
+
 void frmPredict::open() {
+  followKnown(known_);
   showAll();
   place();
   if (!focus()) spdCases.setFocus();

@@ -18,7 +18,7 @@ class frmPredict : public Window {
  public:
   frmPredict(Desktop& desktop, const AnalysisState& state);
 
-  // As NewCasesSheet::follow; whether it is on the screen stays as it is.
+  // As NewCasesSheet::follow, as soon as it is on the screen.
   void follow(const Examination* examination);
   // Comes to the screen, or to its front.
   void open();
@@ -45,6 +45,8 @@ class frmPredict : public Window {
   void placeControls();
   void place();
 
+  void followKnown(const Examination* examination);
+
   // --- the cases on the screen
   void shape();
   void styleColumns();
@@ -67,6 +69,7 @@ class frmPredict : public Window {
 
   const AnalysisState& state_;
   NewCasesSheet cases_;
+  const Examination* known_ = nullptr;
   int shownRows_ = 0;  // that hold something in the grid
   bool isShaped_ = false;
   bool entryIsOpen_ = false;

@@ -9,6 +9,7 @@
 #include "shell/about.h"
 #include "shell/analysis.h"
 #include "shell/analysis_notes.h"
+#include "shell/models_window.h"
 #include "shell/notes_window.h"
 #include "shell/own_data.h"
 #include "shell/predict_window.h"
@@ -58,6 +59,7 @@ struct ShellParts {
   QuadrantManager manager{state, desktop, displays, frame, menus, panel};
   frmNotes notesWindow{desktop};
   frmPredict predictWindow{desktop, state};
+  frmModels modelsWindow{desktop, state};
   frmAbout about{desktop};
   VisitPlaces* aside = nullptr;  // where the data editor writes work aside; null: nowhere
   OwnData ownData{desktop, tProgramFolder, aside};

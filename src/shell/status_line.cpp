@@ -10,14 +10,6 @@ namespace {
 
 constexpr const char* between = "   \xC2\xB7   ";
 
-// Its file without folder and ending.
-std::string dataSetName(const AnalysisState& state) {
-  const std::string& file = state.tDataFileName;
-  if (file == "None") return "Data editor";  // the data's, while another source is being chosen too
-  const std::string name = file.substr(file.find_last_of("/\\") + 1);
-  return name.substr(0, name.rfind('.'));
-}
-
 std::string modelText(const AnalysisState& state) {
   std::vector<std::string> predictors;
   for (int i = 2; i <= listedVariables(state); ++i) predictors.push_back(variableName(state, i));

@@ -57,6 +57,15 @@ bool isAnalysed(const AnalysisState& state) {
          state.Fit.sResid.size() == static_cast<std::size_t>(cases) + 1;
 }
 
+std::string dataSetName(const AnalysisState& state) {
+  const std::string& file = state.tDataFileName;
+  if (const auto& copy = state.uOrigin.copy)
+    return (copy->differing > 0 ? "Edited copy of " : "Copy of ") + copy->of;
+  if (file == "None") return "Data editor";  // the data's, while another source is being chosen too
+  const std::string name = file.substr(file.find_last_of("/\\") + 1);
+  return name.substr(0, name.rfind('.'));
+}
+
 double writtenValue(const AnalysisState& state, int iCase, int column) {
   const Matrix<double>& written = state.uOrigin.written;
   const bool isKept = iCase <= written.lastRow() && column <= written.lastColumn();

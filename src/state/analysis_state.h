@@ -147,6 +147,10 @@ void RedimAnalysisArrays(AnalysisState& state);
 // For a fit of iTerms terms: iTermCol and the coefficient arrays of Fit, emptied.
 void RedimFitArrays(AnalysisState& state, int iTerms);
 
+// For a reader: the data's file without folder and ending, "Data editor" for data of the editor,
+// "Edited copy of stakloss".
+std::string dataSetName(const AnalysisState& state);
+
 // As it was written where that was kept, else as it is held.
 double writtenValue(const AnalysisState& state, int iCase, int column);
 

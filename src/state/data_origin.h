@@ -1,6 +1,7 @@
 // Where the data of an analysis come from, as far as the held singles do not tell it.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -16,10 +17,20 @@ struct LeftOutCase {
   friend bool operator==(const LeftOutCase&, const LeftOutCase&) = default;
 };
 
+// That the data were taken into the editor from a data set of the course.
+struct DataCopy {
+  std::string of;           // its name
+  int differing = 0;        // values that are others there, or are missing on either side
+  std::string first{};      // of these: "AirFlow of case 3 is 81, there 80"
+  std::vector<int> rows{};  // of the sheet, from 1, that hold such values
+  friend bool operator==(const DataCopy&, const DataCopy&) = default;
+};
+
 struct DataOrigin {
   std::vector<LeftOutCase> leftOut;  // in the order of the rows
   Matrix<double> written;  // as AnalysisState::sData, the numbers as they were written; empty where
                            // nobody kept them
+  std::optional<DataCopy> copy{};
 };
 
 }  // namespace tolmer

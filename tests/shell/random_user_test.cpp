@@ -87,21 +87,31 @@ class RandomUser {
     connect();
     try {
       run_->module.Main();
-      while (true)
-        actAt(besideTheWork() ? static_cast<Window&>(parts().notesWindow)
-                              : static_cast<Window&>(parts().frame));
+      while (true) actAt(besideTheWork());
     } catch (const ProgramEnded&) {
       EXPECT_TRUE(run_->mayEnd) << "nobody asked for the end";
       EXPECT_TRUE(run_->desktop.ended());
     }
   }
 
-  bool besideTheWork() { return parts().notesWindow.visible() && hand().oneIn(4); }
+  bool isCompanion(const Window* window) {
+    return window == &parts().notesWindow || window == &parts().predictWindow ||
+           window == &parts().modelsWindow;
+  }
+  // The main window, or one of those that wait for nobody.
+  Window& besideTheWork() {
+    std::vector<Window*> companions;
+    for (Window* window : run_->desktop.windows())
+      if (isCompanion(window) && window->visible()) companions.push_back(window);
+    if (companions.empty() || !hand().oneIn(4)) return parts().frame;
+    return *hand().anyOf(companions);
+  }
 
   void connect() {
     parts().aside = &aside_;
     hand().tell = [this](const std::string& what) {
       tell(what);
+      if (what == "menu mnuExploreEditCopy") run_->typed.reset();
       if (what == "menu mnuFileExit" || what.starts_with("frame of mdiReg") ||
           what.ends_with("cmdEndProgram") ||
           (what.starts_with("key 13") && what.ends_with("frmFileError")))
@@ -128,7 +138,7 @@ class RandomUser {
   }
 
   void check(Window& window) {
-    if (&window == &parts().frame || &window == &parts().notesWindow) checkQuadrants();
+    if (&window == &parts().frame || isCompanion(&window)) checkQuadrants();
     checkNotebook();
     if (auto* designer = dynamic_cast<frmModelDesign*>(&window)) expectSoundModel(*designer);
     EXPECT_EQ(window.updateLocks(), 0);
@@ -263,7 +273,7 @@ class RandomUser {
     EXPECT_EQ(run_->desktop.modalWindow(), nullptr);
     for (const Window* window : run_->desktop.windows())
       EXPECT_TRUE(!window->visible() || window->frame() || window == &parts().frame ||
-                  window == &parts().notesWindow)
+                  isCompanion(window))
           << window->name() << " is still open";
     EXPECT_FALSE(run_->okWaits) << "the notebook's OK opened nothing";
     expectSoundQuadrants(parts());
