@@ -238,17 +238,8 @@ void MainFlow::editCopy() {
   frmDataEditor& editor = parts_.ownData.editor();
   if (!editor.mayGiveWayTo("the copy of " + name)) return;
   editor.takeOverAtNextVisit(OwnData::sheetOf(state_), name);
-  parts_.editor->ShowDataEditor();
-  if (parts_.editor->UserCancel()) return;
-  const Int16 iDataSource = std::exchange(state_.iDataSource, dataEditor);
-  state_.bChangeModelOnly = false;
-  state_.bChangeDataOnly = true;
-  showDesigner(true);
-  if (!state_.bModelHasChanged) {
-    state_.iDataSource = iDataSource;
-    return;
-  }
-  parts_.analysis.RunAnalysis();
+  const Int16 iDataSource = std::exchange(state_.iDataSource, Int16{dataEditor});
+  if (!editData(true)) state_.iDataSource = iDataSource;
   parts_.panel.SetupChangeDataSourceButton();
 }
 
@@ -284,18 +275,18 @@ void MainFlow::showNotebook() {
 
 void MainFlow::changeDataSource() {
   if (state_.iDataSource == dataEditor)
-    editData();
+    editData(state_.uOrigin.copy.has_value());
   else if (state_.iDataSource == databasePage || state_.iDataSource == scenarioExample)
     showNotebook();
 }
 
 // Whether there is a new analysis.
-bool MainFlow::editData() {
+bool MainFlow::editData(bool keepsModel) {
   parts_.editor->ShowDataEditor();
   if (parts_.editor->UserCancel()) return false;
   state_.bChangeModelOnly = false;
   state_.bChangeDataOnly = true;
-  showDesigner(state_.uOrigin.copy.has_value());
+  showDesigner(keepsModel);
   if (state_.bModelHasChanged) parts_.analysis.RunAnalysis();
   return state_.bModelHasChanged;
 }

@@ -63,7 +63,7 @@ class MainFlow : public ScenarioSource {
   void loadUntilModelStands();
   bool takeDataSource();
   bool takeEditorData();
-  bool editData();
+  bool editData(bool keepsModel = false);
   void openDropped(const DroppedItems& items);
   void showDesigner(bool keepsModel = false);
 
