@@ -2,6 +2,7 @@
 
 #include <array>
 #include <cstddef>
+#include <set>
 
 namespace tolmer {
 
@@ -27,6 +28,16 @@ std::string listed(const std::vector<std::string>& words) {
   }
   if (named < words.size()) text += " and " + std::to_string(words.size() - named) + " more";
   return text;
+}
+
+std::string casesInWords(std::span<const int> cases, std::span<const std::string> labels) {
+  std::vector<std::string> words;
+  for (const int number : std::set<int>(cases.begin(), cases.end())) {
+    const auto at = static_cast<std::size_t>(number) - 1;
+    const bool isLabelled = at < labels.size() && !labels[at].empty();
+    words.push_back(std::to_string(number) + (isLabelled ? " (" + labels[at] + ")" : ""));
+  }
+  return (words.size() == 1 ? "case " : "cases ") + listed(words);
 }
 
 }  // namespace tolmer

@@ -33,6 +33,17 @@ void DisplayWindow::UpdateDisplay() {
   drawDisplay();
 }
 
+void DisplayWindow::pick(const std::vector<int>& cases, ClickKeys held) {
+  CaseSelection* selection = host_.selectedCases();
+  if (!selection) return;
+  if (held.control)
+    selection->toggle(cases);
+  else if (held.shift)
+    selection->add(cases);
+  else
+    selection->select(cases);
+}
+
 DisplayContent DisplayWindow::content(ViewSize size) {
   return contentOf(display_, state_, size, desktop());
 }

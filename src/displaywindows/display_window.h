@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "displays/case_selection.h"
 #include "displays/display_list.h"
 #include "platform/grid/grid.h"
 #include "platform/window.h"
@@ -23,6 +24,8 @@ class DisplayHost {
   virtual void openDisplayMenu() = 0;
   // What is known by now of cells of the display.
   virtual std::vector<CellRemark> remarksOn(const Display&) { return {}; }
+  // The cases that are selected, and to be selected in, in all displays; null for none.
+  virtual CaseSelection* selectedCases() { return nullptr; }
   // Sentences on the display, to stand below a copy of it.
   virtual std::vector<std::string> notesOn(const Display&) { return {}; }
 };
@@ -38,6 +41,8 @@ class DisplayWindow : public Window {
   void UpdateDisplay();
   // The host knows more, or other, remarks.
   virtual void showRemarks() {}
+  // Lights what stands for the selected cases.
+  virtual void showCases() {}
   // Marks those cells, the first of them in sight, and takes the keyboard; where it has cells.
   virtual void showCells(const std::vector<CellPosition>&) {}
   virtual void UpdateControls() { host_.controlsDisabled(); }
@@ -55,6 +60,8 @@ class DisplayWindow : public Window {
   // A display's own part of UpdateDisplay.
   virtual void drawDisplay() = 0;
   DisplayContent content(ViewSize size = {});
+  // The user has taken those cases: with Control or Shift beside what is selected.
+  void pick(const std::vector<int>& cases, ClickKeys held);
 
   AnalysisState& state_;
   DisplayHost& host_;

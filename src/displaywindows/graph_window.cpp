@@ -1,7 +1,10 @@
 #include "displaywindows/graph_window.h"
 
+#include <algorithm>
 #include <utility>
 
+#include "base/sentence_parts.h"
+#include "displays/case_words.h"
 #include "platform/desktop.h"
 #include "platform/graph/svg_writer.h"
 
@@ -18,6 +21,8 @@ GraphWindow::GraphWindow(Desktop& desktop, AnalysisState& state, DisplayHost& ho
     else
       UpdateControls();
   };
+  graph_.Pick = [this](const std::vector<int>& cases, ClickKeys held) { pick(cases, held); };
+  graph_.describe = [this](const CaseMark& mark) { return wordsOn(mark); };
   graph_.MouseUp = [this](MouseButton button) { Form_MouseUp(button); };
   Resize = [this] { Form_Resize(); };
 }
@@ -44,14 +49,40 @@ void GraphWindow::FitGraphToForm() {
 
 void GraphWindow::drawDisplay() {
   if (!hasFit(state_)) return;
-  auto drawn = std::get<GraphContent>(content(graph_.viewSize()));
-  graph_.show(std::move(drawn.plot));
-  graph_.setAccessibleDescription(std::move(drawn.description));
+  shown_ = std::get<GraphContent>(content(graph_.viewSize()));
+  graph_.show(std::move(shown_.plot), marksOfBars(shown_));
+  graph_.setAccessibleDescription(shown_.description);
+  showCases();
+}
+
+void GraphWindow::showCases() {
+  const CaseSelection* selection = host_.selectedCases();
+  if (!selection) return;
+  graph_.light({.cases = selection->cases(),
+                .current = selection->current(),
+                .nameOf = [this](int iCase) { return shortNameOf(state_, iCase); }});
+}
+
+// Of a bar with a part of its cases selected, by keys that step through them, which these are.
+std::string GraphWindow::wordsOn(const CaseMark& mark) const {
+  if (!mark.isBar) return wordsOnPoint(state_, shown_, mark.cases.front());
+  std::vector<int> selected;
+  for (const int one : mark.cases)
+    if (isLit(graph_.lit(), one)) selected.push_back(one);
+  const auto bar = std::find_if(shown_.bars.begin(), shown_.bars.end(),
+                                [&mark](const auto& one) { return one.cases == mark.cases; });
+  const std::string words = bar == shown_.bars.end() ? "" : wordsOnBar(state_, *bar);
+  if (selected.empty() || selected == mark.cases) return words;
+  return words + "; selected " + casesInWords(selected, caseLabels(state_));
 }
 
 void GraphWindow::CopyGraph() {
   ClipboardContent copy;
-  copy.svg = writeSvg(graph_.plot().picture(), display_.caption, graph_.accessibleDescription());
+  const CaseSelection* selection = host_.selectedCases();
+  const bool showsCases = selection && selection->isShownInCopies;
+  copy.svg = writeSvg(showsCases ? graph_.picture() : graph_.plot().picture(), display_.caption,
+                      graph_.accessibleDescription() +
+                          (showsCases ? wordsOnSelected(state_, shown_, selection->cases()) : ""));
   desktop().setClipboard(copy);
 }
 

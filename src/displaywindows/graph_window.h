@@ -13,6 +13,7 @@ class GraphWindow : public DisplayWindow {
   // The picture as SVG; the desktop adds a bitmap of it.
   void CopyGraph() override;
   void PositionControls() override { FitGraphToForm(); }
+  void showCases() override;
 
  protected:
   // A maximised graph has no right-click menu.
@@ -23,8 +24,10 @@ class GraphWindow : public DisplayWindow {
   // The graph fills the window; no redraw follows.
   void FitGraphToForm();
   void Form_Resize();
+  std::string wordsOn(const CaseMark& mark) const;
 
   Graph graph_;
+  GraphContent shown_;  // without its plot, which the graph has
 };
 
 // A scatter plot that is touched becomes the one that the control panel edits, and so does a new

@@ -4,10 +4,10 @@
 #include <cmath>
 #include <utility>
 
+#include "displays/case_words.h"
 #include "platform/desktop.h"
 #include "platform/grid/grid_copy.h"
 #include "platform/grid/grid_fit.h"
-#include "platform/text_metrics.h"
 #include "tables/html_table.h"
 
 namespace tolmer {
@@ -42,6 +42,47 @@ TableWindow::TableWindow(Desktop& desktop, AnalysisState& state, DisplayHost& ho
   grid_.Click = [this](CellPosition) { UpdateControls(); };
   grid_.MouseUp = [this](MouseButton button) { Form_MouseUp(button); };
   Resize = [this] { Form_Resize(); };
+  if (display.listsCases) takeKeys();
+}
+
+// Arrows step through the cases; where cells are marked, from one of these to the next.
+void TableWindow::takeKeys() {
+  grid_.Press = [this](CellPosition cell, ClickKeys held) { pressRow(cell.row, held); };
+  grid_.describeRow = [this](int row) {
+    return caseOf(row) > 0 ? wordsOnCase(state_, caseOf(row)) : std::string();
+  };
+  const auto take = [this](int code, int rows) {
+    for (const bool adds : {false, true})
+      grid_.takeKey(
+          {code, adds ? Held::yes : Held::no, Held::no, Held::no},
+          [this, rows, adds] { step(rows, adds); },
+          [this] { return grid_.selectionMode() == SelectionMode::none && host_.selectedCases(); });
+  };
+  take(keys::down, 1);
+  take(keys::up, -1);
+}
+
+int TableWindow::caseOf(int row) const {
+  return row >= 1 && row <= table_.rows() ? table_.caseOf(row) : 0;
+}
+
+// With Shift all from the row that was touched last to this one.
+void TableWindow::pressRow(int row, ClickKeys held) {
+  if (caseOf(row) == 0) return;
+  std::vector<int> cases{caseOf(row)};
+  const int from = held.shift ? grid_.currentRow() : 0;
+  for (int at = from; at > 0 && at != row; at += from < row ? 1 : -1)
+    if (caseOf(at) > 0) cases.push_back(caseOf(at));
+  pick(cases, held);
+}
+
+void TableWindow::step(int rows, bool adds) {
+  int row = grid_.currentRow();
+  if (row == 0 && rows < 0) row = grid_.maxRows() + 1;
+  do {
+    row += rows;
+  } while (row >= 1 && row <= table_.rows() && caseOf(row) == 0);
+  if (caseOf(row) > 0) pick({caseOf(row)}, {.shift = adds});
 }
 
 void TableWindow::Form_Resize() {
@@ -59,10 +100,25 @@ void TableWindow::drawDisplay() {
   grid_.setSelectionMode(SelectionMode::none);
   grid_.setSheet(gridSheet(table_));
   showRemarks();
+  showCases();
   grid_.freeze(1, table_.fixedColumns);
   chooseFont();
   fillRoom(grid_, {innerWidth(), innerHeight()}, desktop().scrollBarThickness());
   PositionControls();
+}
+
+void TableWindow::showCases() {
+  const CaseSelection* selection = host_.selectedCases();
+  if (!selection || !display_.listsCases) return;
+  std::vector<int> rows;
+  int current = 0;
+  for (int row = 1; row <= table_.rows(); ++row) {
+    if (!std::binary_search(selection->cases().begin(), selection->cases().end(), caseOf(row)))
+      continue;
+    rows.push_back(row);
+    if (caseOf(row) == selection->current()) current = row;
+  }
+  grid_.light(std::move(rows), current);
 }
 
 void TableWindow::showRemarks() { grid_.setRemarks(host_.remarksOn(display_)); }
@@ -94,12 +150,8 @@ void TableWindow::chooseFont() {
 }
 
 void TableWindow::fitRowsAndColumns() {
-  for (int row = 1; row <= grid_.maxRows(); ++row)
-    grid_.setRowHeight(row, std::max(grid_.tallestText(row), lowestTableRow));
+  fitToTexts(grid_, lowestTableRow);
   if (table_.frameShare > 1) lowerFrame();
-  const auto blank = static_cast<float>(std::ceil(textWidth(grid_.font(), " ")));
-  for (int col = 1; col <= grid_.maxCols(); ++col)
-    grid_.setColWidth(col, grid_.widestText(col) + pixels(blank));
 }
 
 // In whole pixels.

@@ -18,6 +18,7 @@ class TableWindow : public DisplayWindow {
   // All cells, the key included, as text and as HTML, which has the notes on the table below.
   void CopyGraph() override;
   void showRemarks() override;
+  void showCases() override;
   void showCells(const std::vector<CellPosition>& cells) override;
   // The grid takes the client area.
   void PositionControls() override;
@@ -30,6 +31,10 @@ class TableWindow : public DisplayWindow {
 
  private:
   void Form_Resize();
+  int caseOf(int row) const;  // 0 where the row tells of none
+  void pressRow(int row, ClickKeys held);
+  void takeKeys();
+  void step(int rows, bool adds);
   void chooseFont();
   void fitRowsAndColumns();
   void lowerFrame();

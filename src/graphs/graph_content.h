@@ -16,12 +16,22 @@ struct PlottedBar {
   std::string figure;      // what the length stands for
   std::vector<int> cases;  // in rising order, from 1; none for a predictor
   ViewRect place;          // of a class, where it is drawn; of no size where it is not
+  std::string range{};     // of a class, "-2.5 to 0", "below -3"
+};
+
+// What stands on an axis of points, case by case.
+struct PlottedAxis {
+  std::string title{};
+  std::vector<float> values{};  // (0..cases); none where the axis has no values of cases
+  std::string picture{};        // of the values; empty for four significant digits
 };
 
 struct GraphContent {
   Plot plot;
   std::string description;  // for those who cannot see it
   std::vector<PlottedBar> bars;
+  PlottedAxis x{};
+  PlottedAxis y{};
 };
 
 // Flags of DrawingView::GSRText by use.

@@ -131,8 +131,13 @@ std::vector<PlottedBar> barsOf(const AnalysisState& state, const Classes& classe
   std::vector<PlottedBar> bars;
   for (std::size_t i = 1; i < limits.size(); ++i) {
     const Int16 iCount = classes.iClassCount[i];
-    bars.push_back(
-        {limits[i - 1], limits[i], 1.0 * iCount, std::to_string(iCount), {}, places[i - 1]});
+    bars.push_back({limits[i - 1],
+                    limits[i],
+                    1.0 * iCount,
+                    std::to_string(iCount),
+                    {},
+                    places[i - 1],
+                    limits[i - 1] + " to " + limits[i]});
   }
   for (int i = 1; i <= state.iNumCases; ++i)
     if (const int j = classes.classOf(state, state.Fit.sResid[i]); j > 0)
@@ -293,6 +298,9 @@ GraphContent standardizedHistogram(const AnalysisState& state, ViewSize size,
                                         standardCurve(state)},
                                        messages);
   content.description = spokenStandardHistogram(state);
+  // The outer classes hold what lies beyond them, too.
+  content.bars.front().range = "below " + content.bars.front().upperLimit;
+  content.bars.back().range = content.bars.back().label + " and above";
   return content;
 }
 
@@ -301,7 +309,14 @@ GraphContent normalityPlot(const AnalysisState& state, ViewSize size, MessagePor
   Plot plot(size);
   DrawScatter(plot, state, sExpected);
   OverlayDiagonal(plot);
-  return {std::move(plot), spokenNormality(state, sExpected), {}};
+  PlottedAxis expected{"expected", std::vector<float>(sExpected.size()), {}};
+  for (int point = 1; point <= plot.numPoints(); ++point)
+    expected.values[plot.settings.points[point - 1].iCase] = sExpected[point];
+  return {std::move(plot),
+          spokenNormality(state, sExpected),
+          {},
+          {"observed", state.Fit.sResid},
+          std::move(expected)};
 }
 
 }  // namespace tolmer

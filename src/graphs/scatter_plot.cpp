@@ -150,6 +150,7 @@ class ScatterPlot {
   void ShowCorr();
   void ShowAutoCorr();
 
+  PlottedAxis axisOf(int iChoice, bool isOrder) const;
   void beginPlot(GraphType type, int iSymbol);
   void scaleVertically();
   float scaleHorizontally();  // returns the shift
@@ -173,7 +174,23 @@ GraphContent ScatterPlot::content() {
   else
     DrawScatterPlot();
   if (isResiduals(state_, miYChoice) && !isEntryOrder(state_, miXChoice)) DrawHorizontalAxis();
-  return {std::move(plot_), scatterDescription(state_, miXChoice, miYChoice), {}};
+  return {std::move(plot_),
+          scatterDescription(state_, miXChoice, miYChoice),
+          {},
+          axisOf(miXChoice, isEntryOrder(state_, miXChoice)),
+          axisOf(miYChoice, false)};
+}
+
+PlottedAxis ScatterPlot::axisOf(int iChoice, bool isOrder) const {
+  if (isOrder) return {};
+  PlottedAxis axis{isFitted(state_, iChoice)      ? "fitted " + variableName(state_, 1)
+                   : isResiduals(state_, iChoice) ? "residual"
+                                                  : variableName(state_, iChoice + 1),
+                   chosenValues(state_, iChoice),
+                   {}};
+  if (iChoice <= state_.iNumPredictors)
+    axis.picture = state_.tVarFormat[static_cast<std::size_t>(iChoice) + 1];
+  return axis;
 }
 
 void ScatterPlot::FindYHatMax() {

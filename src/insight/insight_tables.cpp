@@ -5,6 +5,7 @@
 #include <cmath>
 #include <vector>
 
+#include "base/sentence_parts.h"
 #include "engine/decimals_choice.h"
 #include "engine/picture_text.h"
 #include "insight/change_words.h"
@@ -36,11 +37,9 @@ std::string largest(const AnalysisState& state, const SecondFit& fit, const char
   };
   const auto most = std::ranges::max_element(fit.byCase, {}, sizeOf);
   if (most == fit.byCase.end() || sizeOf(*most) < 0) return {};
-  std::vector<std::string> labels;
-  if (state.bLabeledData) labels.assign(state.tCaseLabel.begin() + 1, state.tCaseLabel.end());
   const std::array cases = {static_cast<int>(most - fit.byCase.begin()) + 1};
   return std::string("The largest ") + name + " is " + formatNumber(sizeOf(*most), "0.0000") +
-         ", that of " + casesInWords(cases, labels) + ".";
+         ", that of " + casesInWords(cases, caseLabels(state)) + ".";
 }
 
 using PredictionColumn = double Prediction::*;

@@ -3,6 +3,9 @@
 #include <cmath>
 #include <vector>
 
+#include "base/sentence_parts.h"
+#include "engine/picture_text.h"
+#include "insight/change_words.h"
 #include "secondfit/long_sums.h"
 #include "secondfit/tail_areas.h"
 
@@ -66,6 +69,24 @@ SpreadTest breuschPagan(const ModelData& data, const SecondFit& fit) {
   test.statistic = data.cases * (dot(projected, projected) + constant.adds) / total;
   test.p = chiSquareTail(test.degrees, test.statistic);
   return test;
+}
+
+bool isUnequal(const SpreadTest& test) { return test.p < 0.05; }
+
+std::string spreadWords(const SpreadTest& test) {
+  if (std::isnan(test.p))
+    return "Whether the residuals spread evenly cannot be told: the fit leaves none to speak of, "
+           "or "
+           "nothing that their spread could hang on.";
+  const std::string figures = "Breusch-Pagan " + formatNumber(test.statistic, "0.00") + " with " +
+                              counted(test.degrees, "degree") + " of freedom, " +
+                              probabilityWords(test.p);
+  if (!isUnequal(test))
+    return "There is no sign that the residuals spread more for some values of the predictors than "
+           "for others (" +
+           figures + ").";
+  return "Residuals spread more for some values of the predictors than for others (" + figures +
+         "), so that standard errors, t and P may be too small or too large.";
 }
 
 }  // namespace tolmer

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <limits>
+#include <string>
 
 #include "secondfit/second_fit.h"
 
@@ -21,5 +22,10 @@ struct SpreadTest {
 // Takes one pass over the data: the factor of the fit serves the second regression, too. Not
 // numbers where the fit is not determined, or leaves no residuals to speak of.
 SpreadTest breuschPagan(const ModelData& data, const SecondFit& fit);
+
+// Do the standard errors have to be doubted? At 5 per cent.
+bool isUnequal(const SpreadTest& test);
+// What follows from it, one sentence.
+std::string spreadWords(const SpreadTest& test);
 
 }  // namespace tolmer

@@ -50,16 +50,6 @@ std::string onCoefficients(const std::vector<TermChange>& terms) {
 
 }  // namespace
 
-std::string casesInWords(std::span<const int> cases, std::span<const std::string> labels) {
-  std::vector<std::string> words;
-  for (const int number : std::set<int>(cases.begin(), cases.end())) {
-    const auto at = static_cast<std::size_t>(number) - 1;
-    const bool isLabelled = at < labels.size() && !labels[at].empty();
-    words.push_back(std::to_string(number) + (isLabelled ? " (" + labels[at] + ")" : ""));
-  }
-  return (words.size() == 1 ? "case " : "cases ") + listed(words);
-}
-
 ModelData dataWithout(const ModelData& data, std::span<const int> cases) {
   const std::set<int> left(cases.begin(), cases.end());
   ModelData result{.cases = 0,

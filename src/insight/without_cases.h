@@ -25,7 +25,4 @@ struct WithoutCases {
 WithoutCases refitWithout(const ModelData& data, const SecondFit& fit, std::span<const int> cases,
                           std::span<const std::string> labels = {});
 
-// "case 21", "case 5 (Ohio)", "cases 3, 5 and 21".
-std::string casesInWords(std::span<const int> cases, std::span<const std::string> labels = {});
-
 }  // namespace tolmer

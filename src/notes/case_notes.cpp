@@ -1,17 +1,13 @@
 #include "engine/picture_text.h"
-#include "insight/change_words.h"
 #include "insight/influence.h"
 #include "insight/unequal_spread.h"
-#include "insight/without_cases.h"
 #include "notes/note_makers.h"
 
 namespace tolmer {
 namespace {
 
 std::string named(const AnalysisState& state, const std::vector<int>& cases) {
-  std::vector<std::string> labels;
-  if (state.bLabeledData) labels.assign(state.tCaseLabel.begin() + 1, state.tCaseLabel.end());
-  std::string words = casesInWords(cases, labels);
+  std::string words = casesInWords(cases, caseLabels(state));
   words[0] = 'C';
   return words;
 }
@@ -53,13 +49,8 @@ MaybeNote influentialCaseNote(const AnalysisState& state, const Examination& exa
 MaybeNote unequalSpreadNote(const AnalysisState& state, const Examination& examination) {
   if (state.Fit.bSingular) return {};
   const SpreadTest test = breuschPagan(examination.data, examination.fit);
-  if (!(test.p < 0.05)) return {};
-  return Note{.text =
-                  "Residuals spread more for some values of the predictors than for others "
-                  "(Breusch-Pagan " +
-                  formatNumber(test.statistic, "0.00") + " with " +
-                  counted(test.degrees, "degree") + " of freedom, " + probabilityWords(test.p) +
-                  "), so that standard errors, t and P may be too small or too large."};
+  if (!isUnequal(test)) return {};
+  return Note{.text = spreadWords(test)};
 }
 
 }  // namespace tolmer

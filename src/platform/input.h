@@ -35,6 +35,12 @@ inline constexpr int f6 = 117;
 inline constexpr int f10 = 121;
 }  // namespace keys
 
+// The keys held during a click.
+struct ClickKeys {
+  bool shift = false;
+  bool control = false;
+};
+
 struct KeyPress {
   int code = 0;
   bool shift = false;

@@ -26,6 +26,11 @@ class Label : public Captioned<Control> {
   void setUsesMnemonic(bool uses) { assign(usesMnemonic_, uses, Change::text); }
   bool takesFocus() const override { return isLink_; }
 
+  // The room that the caption takes in one line, and, where it is wrapped to that width, its
+  // height.
+  Twips captionWidth() const;
+  Twips captionHeight(Twips width) const;
+
   // The user's click or key.
   void click() { raise(Click); }
   void doubleClick() { raise(DblClick); }

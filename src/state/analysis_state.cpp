@@ -76,6 +76,11 @@ int listedVariables(const AnalysisState& state) {
   return isAnalysed(state) ? state.iNumPredictors + 1 : 0;
 }
 
+std::span<const std::string> caseLabels(const AnalysisState& state) {
+  if (!state.bLabeledData || state.tCaseLabel.empty()) return {};
+  return std::span(state.tCaseLabel).subspan(1);
+}
+
 const std::string& variableName(const AnalysisState& state, int variable) {
   const Int16 column = state.iModelCol[variable];
   return state.tVarName[column];

@@ -7,6 +7,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -164,6 +165,9 @@ bool isAnalysed(const AnalysisState& state);
 
 // How many variables there are to list: K + 1, or 0 unless isAnalysed.
 int listedVariables(const AnalysisState& state);
+
+// The labels of the cases in their order, the first one's at 0; none where the data have none.
+std::span<const std::string> caseLabels(const AnalysisState& state);
 
 // The short name of the variable; 1 <= variable <= K + 1.
 const std::string& variableName(const AnalysisState& state, int variable);

@@ -1,6 +1,8 @@
 // Refits, predictions and comparisons on published data, and the sentences that stand beside them.
 #include <cmath>
 
+#include "base/sentence_parts.h"
+#include "insight/case_account.h"
 #include "insight/influence.h"
 #include "insight/model_comparison.h"
 #include "insight/prediction.h"
@@ -95,6 +97,25 @@ TEST(Influence, RanksInWordsAlsoWhereCasesAreAlike) {
   const SecondFit held = fitSecond(heldData(modelOf({{0, 2}, {0, 3}, {0, 4}, {0, 8}, {1, 5}})));
   EXPECT_EQ(measuresOf(held, 5)[5].words, "not determined");
   EXPECT_THAT(influentialCases(held), ElementsAre(5));
+}
+
+// Each sentence, of one case, of several, of all.
+TEST(CaseAccount, IsTrueOfOneAndOfSeveral) {
+  const AnalysisState state = cementModel();
+  const ModelData data = heldData(state);
+  const SecondFit fit = fitSecond(data);
+  const AllCases about = onAllCases(state, data, &fit);
+  EXPECT_THAT(about.leverages,
+              testing::EndsWith("1 case lies above twice the mean, 0.769, from where "
+                                "on a case lies far from the others in its "
+                                "predictors."));
+  EXPECT_THAT(about.farthest, ElementsAre(10));
+  const AllCases withoutFit = onAllCases(state, data, nullptr);
+  EXPECT_THAT(withoutFit.farthest, testing::IsEmpty());
+  const ModelData even = heldData(modelOf({{1, 2}, {2, 3}, {3, 4}, {4, 8}, {5, 5}}));
+  const SecondFit evenFit = fitSecond(even);
+  EXPECT_THAT(onAllCases(state, even, &evenFit).leverages, HasSubstr(" None lies above twice"));
+  EXPECT_THAT(spreadWords({}), testing::StartsWith("Whether the residuals spread evenly cannot"));
 }
 
 TEST(Prediction, TellsWhatLiesOutsideTheData) {

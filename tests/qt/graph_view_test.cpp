@@ -6,9 +6,11 @@
 #include <QAccessible>
 #include <QApplication>
 #include <QFocusEvent>
+#include <QHelpEvent>
 #include <QImage>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QToolTip>
 
 #include "support/graph_pictures.h"
 
@@ -96,6 +98,40 @@ TEST_F(GraphViewTest, IsAChartToScreenReaders) {
   EXPECT_EQ(chart->role(), QAccessible::Chart);
   EXPECT_EQ(chart->text(QAccessible::Name), "Histogram");
   EXPECT_EQ(chart->text(QAccessible::Description), "Two bars.");
+}
+
+// Two points of cases 7 and 8, told to pointers, hands and screen readers alike.
+TEST_F(GraphViewTest, NamesAndTakesItsCases) {
+  plot.settings.pointSymbol = openCircle;
+  plot.setNumPoints(2);
+  plot.setPoint(1, 20, 50, 7);
+  plot.setPoint(2, 80, 50, 8);
+  plot.setDrawMode(Plot::draw);
+  graph.setPlace({0, 0, pixels(480), pixels(280)});
+  graph.show(plot);
+  graph.describe = [](const CaseMark& mark) {
+    return "Case " + std::to_string(mark.cases.front());
+  };
+  std::vector<int> picked;
+  graph.Pick = [&](const std::vector<int>& cases, ClickKeys) {
+    picked = cases;
+    graph.light({.cases = cases, .current = cases.empty() ? 0 : cases.front()});
+  };
+  const QPoint second = view.placeOf(1).center();
+  QHelpEvent rests(QEvent::ToolTip, second, view.mapToGlobal(second));
+  QApplication::sendEvent(&view, &rests);
+  EXPECT_TRUE(QToolTip::text().contains("Case 8"));
+  send(QEvent::MouseButtonPress, Qt::LeftButton, second);
+  send(QEvent::MouseButtonRelease, Qt::LeftButton, second);
+  EXPECT_THAT(picked, ElementsAre(8));
+  QAccessibleInterface* chart = QAccessible::queryAccessibleInterface(&view);
+  ASSERT_EQ(chart->childCount(), 2);
+  EXPECT_EQ(chart->child(1)->text(QAccessible::Name), "Case 8");
+  EXPECT_TRUE(chart->child(1)->state().selected && !chart->child(0)->state().selected);
+  send(QEvent::MouseButtonPress, Qt::LeftButton, {1, 1});
+  send(QEvent::MouseMove, Qt::LeftButton, {470, 270});
+  send(QEvent::MouseButtonRelease, Qt::LeftButton, {470, 270});
+  EXPECT_THAT(picked, ElementsAre(7, 8));
 }
 
 }  // namespace

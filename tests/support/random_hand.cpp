@@ -107,6 +107,8 @@ void RandomHand::use(Control& control) {
       return useText(control);
     case ControlKind::grid:
       return useGrid(static_cast<Grid&>(control));
+    case ControlKind::graph:
+      return useGraph(static_cast<Graph&>(control));
     case ControlKind::outline:
       return useOutline(control);
     case ControlKind::comboBox: {
@@ -149,6 +151,7 @@ void RandomHand::useGrid(Grid& grid) {
   if (oneIn(8)) return doRightClick(grid);
   doClick(grid);
   const CellPosition cell = anyCell(grid);
+  if (!grid.tipOn(cell).empty()) tell(grid.tipOn(cell));
   grid.press(cell, {.shift = oneIn(4), .control = oneIn(8)});
   if (oneIn(6)) grid.dragTo(anyCell(grid));
   grid.click(cell);
@@ -159,6 +162,25 @@ void RandomHand::useGrid(Grid& grid) {
   if (!oneIn(2)) return;
   edited->typeText(anyText());
   if (!oneIn(4)) edited->pressKey({.code = oneIn(2) ? keys::enter : keys::tab});
+}
+
+// A click on what stands for a case, or anywhere, or a drag from there.
+void RandomHand::useGraph(Graph& graph) {
+  if (oneIn(8)) return doRightClick(graph);
+  const ViewSize size = graph.viewSize();
+  const auto anywhere = [&] {
+    return ViewPoint{size.width * upTo(100) / 100, size.height * upTo(100) / 100};
+  };
+  ViewPoint at = anywhere();
+  if (!graph.marks().empty() && !oneIn(3)) {
+    const ViewRect& place = anyOf(graph.marks()).place;
+    at = {place.left + place.width / 2, place.bottom + place.height / 2};
+  }
+  if (!graph.tipAt(at).empty()) tell(graph.tipAt(at));
+  graph.press(at, {.shift = oneIn(6), .control = oneIn(4)});
+  if (oneIn(4)) graph.dragTo(anywhere());
+  doClick(graph);
+  graph.release();
 }
 
 void RandomHand::useOutline(Control& control) {

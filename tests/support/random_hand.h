@@ -7,6 +7,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/graph/graph.h"
 #include "platform/grid/grid.h"
 #include "support/headless_user.h"
 
@@ -49,6 +50,7 @@ class RandomHand : public HeadlessUser {
   void use(Control& control);
   void useText(Control& control);
   void useGrid(Grid& grid);
+  void useGraph(Graph& graph);
   void useOutline(Control& control);
   void pressAnyKey(Window& window);
   void moveWithin(FrameWindow& frame);

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
 #include <utility>
 
 #include "platform/grid/grid_keys.h"
@@ -62,6 +63,7 @@ void Grid::setSheet(Sheet sheet) {
   RedrawLock lock(*this);
   selection_.clear();
   remarks_.clear();
+  litRows_.clear();
   setSize(sheet.rows(), sheet.cols());
   sheet_ = std::move(sheet);
   tellCells({0, 0, maxRows(), maxCols()});
@@ -113,6 +115,32 @@ void Grid::setRemarks(const std::vector<CellRemark>& remarks) {
 std::string_view Grid::remarkOn(CellPosition cell) const {
   const auto found = remarks_.find({cell.row, cell.col});
   return found == remarks_.end() ? std::string_view() : found->second;
+}
+
+void Grid::light(std::vector<int> rows, int current) {
+  const bool moves = current != currentRow_;
+  if (!moves && rows == litRows_) return;
+  RedrawLock lock(*this);
+  std::vector<int> changed;
+  std::set_symmetric_difference(rows.begin(), rows.end(), litRows_.begin(), litRows_.end(),
+                                std::back_inserter(changed));
+  litRows_ = std::move(rows);
+  currentRow_ = current;
+  // The frame around a row that stays lies elsewhere where its neighbour comes or goes.
+  if (!changed.empty())
+    tellCells(
+        {std::max(changed.front() - 1, 0), 0, std::min(changed.back() + 1, maxRows()), maxCols()});
+  if (moves) tell(Change::value);
+}
+
+bool Grid::isLit(int row) const {
+  return std::binary_search(litRows_.begin(), litRows_.end(), row);
+}
+
+std::string Grid::tipOn(CellPosition cell) const {
+  std::string tip(remarkOn(cell));
+  const std::string words = describeRow && hasCell(cell) ? describeRow(cell.row) : std::string();
+  return tip + (tip.empty() || words.empty() ? "" : "\n") + words;
 }
 
 void Grid::clear(const CellBlock& block) {
@@ -242,6 +270,7 @@ void Grid::unmarkBlocks() {
 }
 
 void Grid::press(CellPosition cell, ClickKeys held) {
+  if (hasCell(cell)) raise(Press, cell, held);
   if (selectionMode_ == SelectionMode::none || !sheet_.contains(cell)) return;
   if (!hasCell(cell)) return pressHeading(cell, held);
   pressedHeading_ = {};

@@ -1,6 +1,7 @@
 // The grid control.
 #pragma once
 
+#include <functional>
 #include <map>
 #include <string>
 #include <string_view>
@@ -20,12 +21,6 @@ enum class ScrollBars { none, horizontal, vertical, both };
 struct CellRemark {
   CellPosition cell;
   std::string text;
-};
-
-// The keys held during a click.
-struct ClickKeys {
-  bool shift = false;
-  bool control = false;
 };
 
 // A sheet on the screen. Rows and columns count from 1, row 0 and column 0 are headings that are
@@ -55,6 +50,16 @@ class Grid : public Control {
   void setRemarks(const std::vector<CellRemark>& remarks);
   // Empty where there is none.
   std::string_view remarkOn(CellPosition cell) const;
+  // Rows that stand out: bold and framed, beside whatever is selected. In rising order, until the
+  // sheet is set anew; the current one, 0 for none, comes into sight and is where a screen reader
+  // finds the focus in a table without a selection.
+  void light(std::vector<int> rows, int current);
+  const std::vector<int>& litRows() const { return litRows_; }
+  bool isLit(int row) const;
+  int currentRow() const { return currentRow_; }
+  // What a pointer that rests on the cell is told: its remark, and what `describeRow` says.
+  std::string tipOn(CellPosition cell) const;
+  std::function<std::string(int row)> describeRow;
   // Content and style.
   void clear(const CellBlock& block);
   // While the peer is told of Change::content: the cells to which it has happened, and some between
@@ -107,6 +112,8 @@ class Grid : public Control {
   // Whether the key meant anything here.
   virtual bool pressKey(const KeyPress& key);
 
+  // A press of the left button on a cell, before it selects anything.
+  Event<CellPosition, ClickKeys> Press;
   Event<CellPosition> Click;
   Event<CellPosition> DblClick;
   Event<> SelectionChange;
@@ -135,6 +142,8 @@ class Grid : public Control {
 
   Sheet sheet_;
   std::map<std::pair<int, int>, std::string> remarks_;  // few cells have one
+  std::vector<int> litRows_;
+  int currentRow_ = 0;
   std::vector<Twips> colWidths_;
   std::vector<Twips> rowHeights_;
   mutable GridAxis rowAxis_;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/text_metrics.h"
+
 namespace tolmer {
 namespace {
 
@@ -45,6 +47,14 @@ std::string shownForFigure(const Cell& cell, double room, double markWidth) {
       !cell.style.heading && cell.style.align == Align::right && isNumber(cell.text);
   if (!isFigure) return {};
   return std::string(static_cast<std::size_t>(std::max(room / markWidth, 1.0)), '#');
+}
+
+void fitToTexts(Grid& grid, Twips lowestRow) {
+  for (int row = 1; row <= grid.maxRows(); ++row)
+    grid.setRowHeight(row, std::max(grid.tallestText(row), lowestRow));
+  const auto blank = static_cast<float>(std::ceil(textWidth(grid.font(), " ")));
+  for (int col = 1; col <= grid.maxCols(); ++col)
+    grid.setColWidth(col, grid.widestText(col) + pixels(blank));
 }
 
 void fillRoom(Grid& grid, Size room, Twips barThickness) {

@@ -14,6 +14,10 @@ ScrollBars neededScrollBars(Size content, Size room, Twips thickness);
 // for all other texts, which may be cut short.
 std::string shownForFigure(const Cell& cell, double room, double markWidth);
 
+// Each row as high as its tallest text, at least that high, each column as wide as its widest text
+// and a blank.
+void fitToTexts(Grid& grid, Twips lowestRow);
+
 // Sets the scroll bars; where room is left in a direction, spreads it evenly over all columns from
 // the second (rows from the second) in whole pixels, the remainder on the last one. So a small
 // table fills its window.

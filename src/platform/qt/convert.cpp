@@ -1,5 +1,9 @@
 #include "platform/qt/convert.h"
 
+#include <QStringList>
+#include <QTextDocument>
+#include <algorithm>
+
 #include "platform/qt/theme.h"
 #include "platform/window.h"
 
@@ -28,6 +32,16 @@ QFont toQt(const Font& font, float scale) {
   // shapes. Of other sizes than the usual ones it would make texts wider than they were measured.
   if (font.family == FontFamily::serif || scale != 1) result.setHintingPreference(QFont::PreferNoHinting);
   return result;
+}
+
+QString wrappedTip(const std::string& text) {
+  constexpr qsizetype longLine = 100;
+  if (text.empty()) return {};
+  const QString tip = toQt(text);
+  const auto lines = tip.split(u'\n');
+  const bool isShort =
+      std::ranges::all_of(lines, [](const QString& line) { return line.size() <= longLine; });
+  return Qt::convertFromPlainText(tip, isShort ? Qt::WhiteSpacePre : Qt::WhiteSpaceNormal);
 }
 
 }  // namespace tolmer

@@ -43,4 +43,7 @@ QColor toQt(Colour colour);
 // Never larger than the scale asks for, so that texts have the room that was measured for them.
 QFont toQt(const Font& font, float scale = 1);
 
+// For a tool tip: its lines as they are, long ones wrapped, and nothing in it means a format.
+QString wrappedTip(const std::string& text);
+
 }  // namespace tolmer

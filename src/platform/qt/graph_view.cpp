@@ -1,17 +1,20 @@
 #include "platform/qt/graph_view.h"
 
 #include <QAccessible>
-#include <QAccessibleWidget>
 #include <QFocusEvent>
 #include <QFont>
 #include <QFontMetricsF>
+#include <QHelpEvent>
 #include <QMouseEvent>
 #include <QPainter>
 #include <QPointer>
 #include <QPolygonF>
+#include <QTimer>
+#include <QToolTip>
 
 #include "platform/graph/picture.h"
 #include "platform/qt/convert.h"
+#include "platform/qt/graph_view_accessible.h"
 #include "platform/qt/input_filter.h"
 #include "platform/qt/theme.h"
 
@@ -112,21 +115,10 @@ struct PrimitivePainter {
   }
 };
 
-// Tells assistive programs that this is a chart; a plain widget would be skipped as a filler.
-QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
-  auto* view = dynamic_cast<GraphView*>(object);
-  return view ? new QAccessibleWidget(view, QAccessible::Chart) : nullptr;
-}
-
-void installAccessibility() {
-  [[maybe_unused]] static const bool installed =
-      (QAccessible::installFactory(makeAccessible), true);
-}
-
 }  // namespace
 
 GraphView::GraphView(Graph& graph, QWidget* parent) : QWidget(parent), graph_(graph) {
-  installAccessibility();
+  installGraphAccessibility();
   setAttribute(Qt::WA_OpaquePaintEvent);
   setFocusPolicy(Qt::StrongFocus);
   refresh(Change::all);
@@ -139,6 +131,44 @@ void GraphView::refresh(Change what) {
     setToolTip(QString::fromStdString(graph_.tip()));
   }
   if (has(what, Change::content | Change::look)) update();
+  if (has(what, Change::value)) tellFocusedMark();
+}
+
+ViewPoint GraphView::viewPoint(QPointF place) const {
+  const double scale = scaleOf(graph_);
+  return {place.x() / scale, graph_.viewSize().height - place.y() / scale};
+}
+
+QRect GraphView::placeOf(std::size_t mark) const {
+  const ViewRect& place = graph_.marks()[mark].place;
+  const double scale = scaleOf(graph_);
+  const double top = graph_.viewSize().height - place.top();
+  return QRectF(place.left * scale, top * scale, place.width * scale, place.height * scale)
+      .toAlignedRect();
+}
+
+void GraphView::tellFocusedMark() {
+  const auto mark = graph_.currentMark();
+  if (!QAccessible::isActive() || !hasFocus() || !mark) return;
+  QAccessibleEvent event(this, QAccessible::Focus);
+  event.setChild(static_cast<int>(*mark));
+  QAccessible::updateAccessibility(&event);
+}
+
+bool GraphView::event(QEvent* event) {
+  if (event->type() != QEvent::ToolTip || graph_.marks().empty()) return QWidget::event(event);
+  showTip(static_cast<const QHelpEvent&>(*event));
+  return true;
+}
+
+// It stays while the pointer is on the same mark.
+void GraphView::showTip(const QHelpEvent& event) {
+  const auto under = marksAt(graph_.marks(), viewPoint(event.pos()));
+  if (under.empty()) return QToolTip::hideText();
+  const std::string tip = graph_.tipAt(viewPoint(event.pos()));
+  constexpr int slack = 5;  // the pointer may be that far off a small symbol
+  QToolTip::showText(event.globalPos(), wrappedTip(tip), this,
+                     placeOf(under.front()).adjusted(-slack, -slack, slack, slack));
 }
 
 void GraphView::paintEvent(QPaintEvent*) {
@@ -147,7 +177,7 @@ void GraphView::paintEvent(QPaintEvent*) {
   const float scale = scaleOf(graph_);
   painter.save();
   painter.scale(scale, scale);
-  paintPicture(painter, graph_.plot().picture());
+  paintPicture(painter, graph_.picture());
   painter.restore();
   if (!focusByKey_) return;
   painter.setRenderHint(QPainter::Antialiasing, false);
@@ -157,8 +187,19 @@ void GraphView::paintEvent(QPaintEvent*) {
 }
 
 void GraphView::mousePressEvent(QMouseEvent* event) {
-  if (const auto button = modelButton(*event))
-    enter([&] { tolmer::raise(graph_.MouseDown, *button); });
+  const auto button = modelButton(*event);
+  if (!button) return;
+  const QPointer<GraphView> alive(this);
+  enter([&] { tolmer::raise(graph_.MouseDown, *button); });
+  if (!alive || event->button() != Qt::LeftButton) return;
+  const ClickKeys held{event->modifiers().testFlag(Qt::ShiftModifier),
+                       event->modifiers().testFlag(Qt::ControlModifier)};
+  enter([&] { graph_.press(viewPoint(event->position()), held); });
+}
+
+void GraphView::mouseMoveEvent(QMouseEvent* event) {
+  if (event->buttons().testFlag(Qt::LeftButton))
+    enter([&] { graph_.dragTo(viewPoint(event->position())); });
 }
 
 void GraphView::mouseReleaseEvent(QMouseEvent* event) {
@@ -170,11 +211,14 @@ void GraphView::mouseReleaseEvent(QMouseEvent* event) {
   const QPointer<GraphView> alive(this);
   enter([&] { tolmer::raise(graph_.MouseUp, *button); });
   if (alive && clicked) enter([&] { graph_.click(); });
+  if (alive && event->button() == Qt::LeftButton) enter([&] { graph_.release(); });
 }
 
 void GraphView::focusInEvent(QFocusEvent* event) {
   focusByKey_ = event->reason() == Qt::TabFocusReason || event->reason() == Qt::BacktabFocusReason;
   update();
+  // The widget's own focus event comes after this one and would hide the mark's.
+  QTimer::singleShot(0, this, [this] { tellFocusedMark(); });
 }
 
 void GraphView::focusOutEvent(QFocusEvent*) {

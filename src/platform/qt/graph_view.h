@@ -6,6 +6,7 @@
 
 #include "platform/graph/graph.h"
 
+class QHelpEvent;
 class QPainter;
 
 namespace tolmer {
@@ -25,14 +26,25 @@ class GraphView : public QWidget {
 
   QSize sizeHint() const override { return {480, 280}; }
 
+  const Graph& graph() const { return graph_; }
+  // Where the mark of that index stands, in logical pixels.
+  QRect placeOf(std::size_t mark) const;
+  // The place in view units.
+  ViewPoint viewPoint(QPointF place) const;
+
  protected:
+  bool event(QEvent* event) override;
   void paintEvent(QPaintEvent* event) override;
   void mousePressEvent(QMouseEvent* event) override;
+  void mouseMoveEvent(QMouseEvent* event) override;
   void mouseReleaseEvent(QMouseEvent* event) override;
   void focusInEvent(QFocusEvent* event) override;
   void focusOutEvent(QFocusEvent* event) override;
 
  private:
+  void showTip(const QHelpEvent& event);
+  void tellFocusedMark();
+
   Graph& graph_;
   bool focusByKey_ = false;  // the focus came by the keyboard: it has to be seen
 };

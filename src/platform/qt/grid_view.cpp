@@ -9,7 +9,6 @@
 #include <QPainter>
 #include <QPointer>
 #include <QScrollBar>
-#include <QTextDocument>
 #include <QTimer>
 #include <QToolTip>
 #include <algorithm>
@@ -111,6 +110,7 @@ void GridView::refresh(Change what) {
   else if (has(what, Change::content))
     viewport()->update(placeOf(grid_.changedCells()));
   if (has(what, Change::value)) showSelection();
+  if (has(what, Change::value | Change::content)) showCurrentRow();
   if (editor_ && has(what, Change::text)) editor_->follow();
   if (editor_ && has(what, Change::text)) showDrawnBlocks();
   if (editor_ && has(what, Change::items | Change::look)) editor_->stand();
@@ -124,12 +124,8 @@ bool GridView::viewportEvent(QEvent* event) {
   if (event->type() != QEvent::ToolTip) return QAbstractScrollArea::viewportEvent(event);
   const auto& help = static_cast<QHelpEvent&>(*event);
   const CellPosition cell = cellAt(help.pos());
-  const std::string remark(isOverCells(help.pos()) ? grid_.remarkOn(cell) : std::string_view());
-  // As rich text it wraps.
-  QToolTip::showText(
-      help.globalPos(),
-      remark.empty() ? QString() : Qt::convertFromPlainText(toQt(remark), Qt::WhiteSpaceNormal),
-      viewport(), cellRect(cell));
+  const std::string remark = isOverCells(help.pos()) ? grid_.tipOn(cell) : std::string();
+  QToolTip::showText(help.globalPos(), wrappedTip(remark), viewport(), cellRect(cell));
   return true;
 }
 
@@ -212,6 +208,12 @@ void GridView::showSelection() {
   tellFocusedCell();
 }
 
+void GridView::showCurrentRow() {
+  if (std::exchange(shownRow_, grid_.currentRow()) == grid_.currentRow() || shownRow_ == 0) return;
+  if (isVisible()) bringIntoView({shownRow_, 0});
+  tellFocusedCell();
+}
+
 // To mark whole rows or columns is no wish to see their ends. A block that was marked at one stroke
 // is seen from its first cell on.
 void GridView::showHead(bool isNew) {
@@ -265,10 +267,10 @@ void GridView::showDrawnBlocks() {
 }
 
 void GridView::tellFocusedCell() {
-  if (!QAccessible::isActive() || !hasFocus() || grid_.selectionMode() == SelectionMode::none)
-    return;
+  const auto cell = focusedCell(grid_);
+  if (!QAccessible::isActive() || !hasFocus() || !cell) return;
   QAccessibleEvent event(this, QAccessible::Focus);
-  event.setChild(accessibleIndex(grid_, shown_.active()));
+  event.setChild(accessibleIndex(grid_, *cell));
   QAccessible::updateAccessibility(&event);
 }
 
@@ -379,6 +381,7 @@ void GridView::endDrag() {
 // Before its first showing a view has no size to scroll in.
 void GridView::showEvent(QShowEvent*) {
   if (grid_.selectionMode() != SelectionMode::none) bringIntoView(shown_.head());
+  if (shownRow_ > 0) bringIntoView({shownRow_, 0});
 }
 
 void GridView::hideEvent(QHideEvent*) {

@@ -83,6 +83,7 @@ class GridView : public QAbstractScrollArea {
   void showSelection();
   void showHead(bool isNew);
   void repaintCell(CellPosition cell);
+  void showCurrentRow();
   void tellFocusedCell();
   bool isOverCells(QPoint place) const;
   void raiseMouseUp(MouseButton button);
@@ -101,7 +102,8 @@ class GridView : public QAbstractScrollArea {
   std::unique_ptr<GridColumnDrag> columnDrag_;
   float scale_ = 1;
   mutable GridAxis rows_, cols_;  // scaled, where that is not as in the grid
-  GridSelection shown_;  // as painted last
+  GridSelection shown_;           // as painted last
+  int shownRow_ = 0;              // the lit one that was brought into sight
   std::optional<CellBlock> shownPointed_, shownFill_;
   bool dragging_ = false;
   bool filling_ = false;     // the drag draws the fill corner

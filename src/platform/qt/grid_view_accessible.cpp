@@ -87,9 +87,9 @@ class AccessibleCell : public QAccessibleInterface,
     const bool canBeMarked = grid.selectionMode() != SelectionMode::none;
     state.editable = canBeEdited();
     state.readOnly = !state.editable;
-    state.selectable = state.multiSelectable = state.focusable = canBeMarked;
-    state.selected = canBeMarked && grid.selection().covers(cell_);
-    state.focused = canBeMarked && view_->hasFocus() && grid.activeCell() == cell_;
+    state.selectable = state.multiSelectable = state.focusable = canBeMarked || isLit(grid);
+    state.selected = isSelected() || (canBeMarked && grid.selection().covers(cell_));
+    state.focused = view_->hasFocus() && focusedCell(grid) == cell_;
     state.offscreen = !view_->viewport()->rect().intersects(view_->cellRect(cell_));
     return state;
   }
@@ -108,12 +108,15 @@ class AccessibleCell : public QAccessibleInterface,
   int rowIndex() const override { return cell_.row - 1; }
   int columnExtent() const override { return 1; }
   int rowExtent() const override { return 1; }
-  bool isSelected() const override { return isValid() && isMarked(view_->grid(), cell_); }
+  bool isSelected() const override {
+    return isValid() && (isMarked(view_->grid(), cell_) || isLit(view_->grid()));
+  }
   QList<QAccessibleInterface*> columnHeaderCells() const override;
   QList<QAccessibleInterface*> rowHeaderCells() const override;
   QAccessibleInterface* table() const override { return parent(); }
 
  private:
+  bool isLit(const Grid& grid) const { return grid.isLit(cell_.row); }
   bool canBeEdited() const { return isValid() && AccessibleCellText::canBeEdited(); }
   QList<QAccessibleInterface*> headerAt(CellPosition header) const;
 
@@ -148,8 +151,8 @@ class AccessibleGrid : public QAccessibleWidget, public QAccessibleTableInterfac
     return cellAt(cell.row - 1, cell.col - 1);
   }
   QAccessibleInterface* focusChild() const override {
-    if (!view().hasFocus() || grid().selectionMode() == SelectionMode::none) return nullptr;
-    return child(accessibleIndex(grid(), grid().activeCell()));
+    const auto cell = view().hasFocus() ? focusedCell(grid()) : std::nullopt;
+    return cell ? child(accessibleIndex(grid(), *cell)) : nullptr;
   }
 
   QAccessibleInterface* cellAt(int row, int column) const override {
@@ -186,6 +189,7 @@ class AccessibleGrid : public QAccessibleWidget, public QAccessibleTableInterfac
   QList<int> selectedRows() const override {
     QList<int> rows;
     if (childCount() == 0) return rows;
+    for (const int row : grid().litRows()) rows << row - 1;
     for (const CellBlock& block : grid().selection().blocks())
       for (int row = block.row; row <= block.row2 && block.col2 - block.col + 1 == columnCount();
            ++row)
@@ -259,6 +263,12 @@ void installGridAccessibility() {
       (QAccessible::installFactory(makeAccessible), true);
 }
 
+std::optional<CellPosition> focusedCell(const Grid& grid) {
+  if (grid.selectionMode() != SelectionMode::none) return grid.activeCell();
+  if (grid.currentRow() == 0 || grid.currentRow() > grid.maxRows()) return std::nullopt;
+  return CellPosition{grid.currentRow(), 1};
+}
+
 QString describedCell(const Grid& grid, CellPosition cell) {
   QStringList words;
   if (cell.row > 1) words << toQt(columnHeading(grid, cell.col));
@@ -267,7 +277,9 @@ QString describedCell(const Grid& grid, CellPosition cell) {
   for (int col = 1; grid.selectionMode() == SelectionMode::rows && col <= grid.maxCols(); ++col)
     if (col != cell.col) words << toQt(grid.text(cell.row, col));
   words << toQt(std::string(grid.sheet().at(cell.row, cell.col).mark));
-  words << toQt(std::string(grid.remarkOn(cell)));
+  words << toQt(grid.selectionMode() == SelectionMode::none && cell.col == 1
+                    ? grid.tipOn(cell)
+                    : std::string(grid.remarkOn(cell)));
   words.removeAll(QString());
   return words.join(QStringLiteral(", "));
 }

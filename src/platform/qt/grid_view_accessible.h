@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <optional>
 
 #include "platform/grid/grid.h"
 
@@ -12,6 +13,10 @@ void installGridAccessibility();
 
 // "Price, 3": the headings of the cell.
 QString describedCell(const Grid& grid, CellPosition cell);
+
+// The one that is said to have the focus while the grid has it: the active one, in a table without
+// a selection the first one of the current lit row.
+std::optional<CellPosition> focusedCell(const Grid& grid);
 
 // The number of the cell among the table's children.
 int accessibleIndex(const Grid& grid, CellPosition cell);

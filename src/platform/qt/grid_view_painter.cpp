@@ -104,7 +104,7 @@ class CellPainter {
     painter_.fillRect(place.adjusted(0, 0, line, line), ground(cell, content));
     if (isFace && content.style.heading) paintHeadingLine(place, cell.row <= 1);
     const QRect room = cell.row == 1 ? paintTag(place, cell.col, content) : place;
-    if (!content.text.empty()) paintText(room, content);
+    if (!content.text.empty()) paintText(room, content, grid_.isLit(cell.row));
     if (!grid_.remarkOn(cell).empty()) paintCornerMark(place);
   }
 
@@ -155,9 +155,12 @@ class CellPainter {
     return std::floor(middle + (font.metrics.ascent() - font.metrics.descent()) / 2);
   }
 
-  void paintText(const QRect& place, const Cell& content) {
-    const CellFont& font = content.isBold() ? heading_ : body_;
+  // Where columns were measured before their row was lit, it may have no room for bold figures.
+  void paintText(const QRect& place, const Cell& content, bool isLit) {
     const double room = place.width() - 2 * sideMargin_;
+    const bool isBold = content.isBold() ||
+                        (isLit && heading_.metrics.horizontalAdvance(toQt(content.text)) <= room);
+    const CellFont& font = isBold ? heading_ : body_;
     painter_.setPen(toQt(content.style.fore));
     // Most cells are figures: their glyphs straight from the font are drawn three times as fast as
     // text that is shaped.
@@ -219,6 +222,25 @@ void paintFrame(QPainter& painter, const GridView& view) {
                                      : QRectF(place).adjusted(-0.5, -0.5, 0.5, 0.5));
 }
 
+// Each run of lit rows has one frame, which goes below what is frozen.
+void paintLitRows(QPainter& painter, const GridView& view) {
+  const Grid& grid = view.grid();
+  if (grid.litRows().empty() || grid.maxCols() == 0) return;
+  painter.setClipRect(view.viewport()->rect().adjusted(0, view.rowAxis().frozenEnd() - 1, 0, 0));
+  painter.setPen(QPen(theme::accent, 2));
+  painter.setBrush(Qt::NoBrush);
+  const int right = view.cellRect({1, grid.maxCols()}).right();
+  for (std::size_t i = 0; i < grid.litRows().size();) {
+    const int first = grid.litRows()[i];
+    int last = first;
+    while (++i < grid.litRows().size() && grid.litRows()[i] == last + 1) ++last;
+    QRect place = view.cellRect({first, 1}).united(view.cellRect({last, 1}));
+    place.setLeft(1);
+    place.setRight(std::min(right, view.viewport()->width() - 2));
+    painter.drawRect(QRectF(place));
+  }
+}
+
 // What is pointed at or will be filled. It is clipped with the part of the grid that its last cell
 // scrolls in.
 void paintDrawnBlock(QPainter& painter, const GridView& view, const CellBlock& block) {
@@ -276,6 +298,7 @@ void paintGrid(QPainter& painter, const GridView& view, const QRect& area) {
       const Part part{upper, leftPart, strip & area};
       if (!part.place.isEmpty()) paintPart(painter, cells, view, part, scrolled);
     }
+  paintLitRows(painter, view);
   paintFrame(painter, view);
   if (const EditGrid* edited = view.editGrid()) {
     for (const auto& block : {edited->pointed(), edited->fillTarget()})

@@ -1,0 +1,18 @@
+#include "platform/labels.h"
+
+#include <cmath>
+
+#include "platform/text_metrics.h"
+
+namespace tolmer {
+
+Twips Label::captionWidth() const {
+  return pixels(static_cast<float>(std::ceil(textWidth(font(), caption()))) + 4);
+}
+
+Twips Label::captionHeight(Twips width) const {
+  const double inside = width / twipsPerPixel;
+  return pixels(static_cast<float>(std::ceil(wrappedHeight(font(), caption(), inside))) + 2);
+}
+
+}  // namespace tolmer
