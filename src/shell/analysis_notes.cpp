@@ -35,7 +35,15 @@ void AnalysisNotes::make() {
   examination_ = examine(state_);
   notes_ = notesOf(state_, examination_);
   isKnown_ = true;
+  isWhole_ = false;
   if (changed) changed();
+}
+
+const Examination* AnalysisNotes::wholeExamination() {
+  if (!isKnown_) return nullptr;
+  if (!isWhole_) examination_.fit = fitSecond(examination_.data);
+  isWhole_ = true;
+  return &examination_;
 }
 
 const std::vector<Note>& AnalysisNotes::notes() {

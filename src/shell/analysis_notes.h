@@ -27,6 +27,9 @@ class AnalysisNotes {
   const std::vector<Note>& known() const { return notes_; }
   // The second fit that they were made of; null before, and again with the next renew().
   const Examination* examination() const { return isKnown_ ? &examination_ : nullptr; }
+  // The same with the leverages and influence of all cases, which notes do without: worked out when
+  // somebody asks.
+  const Examination* wholeExamination();
 
   // Of the cells of a display, by its form's name; none before the notes are made.
   std::vector<CellRemark> remarksOn(std::string_view form) const;
@@ -47,6 +50,7 @@ class AnalysisNotes {
   Examination examination_;
   std::vector<Note> notes_;
   bool isKnown_ = false;
+  bool isWhole_ = false;  // the fit of the examination
 };
 
 }  // namespace tolmer
