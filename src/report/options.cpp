@@ -124,6 +124,17 @@ auto takeNames(const std::string& option, std::vector<std::string> ReportOptions
   };
 }
 
+Problem takeReference(ReportOptions& options, const std::string& value) {
+  const auto equals = value.find('=');
+  const std::string name(trimmed(std::string_view(value).substr(0, equals)));
+  if (equals == value.npos || name.empty())
+    return "--reference takes a column and a category, as in Region=South, not \"" + value + "\"";
+  options.references[name] = trimmed(std::string_view(value).substr(equals + 1));
+  if (std::find(options.dummies.begin(), options.dummies.end(), name) == options.dummies.end())
+    options.dummies.push_back(name);
+  return std::nullopt;
+}
+
 Problem takePlot(ReportOptions& options, const std::string& value) {
   const auto equals = value.find('=');
   if (equals == value.npos)
@@ -162,6 +173,9 @@ const std::map<std::string_view, Take>& optionsWithValue() {
         {"--y", takeInto(&ReportOptions::y)},
         {"--x", takeNames("--x", &ReportOptions::x)},
         {"--columns", takeNames("--columns", &ReportOptions::columns)},
+        {"--dummies", takeNames("--dummies", &ReportOptions::dummies)},
+        {"--reference", takeReference},
+        {"--where", takeInto(&ReportOptions::where)},
         {"--first", takeCount("--first", &ReportOptions::first)},
         {"--every", takeCount("--every", &ReportOptions::every)},
         {"--labels", takeInto(&ReportOptions::labels)},
@@ -203,7 +217,8 @@ Problem contradiction(const ReportOptions& options) {
   if (options.file.empty() && !options.labels.empty())
     return "--labels goes with a file; the course's data sets have their own";
   if (options.file.empty() &&
-      (options.import.isUsed || !options.columns.empty() || options.first > 0 || options.every > 1))
+      (options.import.isUsed || !options.columns.empty() || options.first > 0 ||
+       options.every > 1 || !options.dummies.empty() || !options.where.empty()))
     return "how a table is read can only be said of a file";
   return std::nullopt;
 }
@@ -300,6 +315,12 @@ tells them.
   --columns NAME,...   read these columns only
   --first N            the first N cases only
   --every K            every K-th case only, from the first
+  --where CONDITION    of these the cases that meet it only, as in
+                       "Age >= 18 and Region = North", with = <> < <= > >=
+  --dummies NAME,...   columns of words or codes that become dummy variables, one
+                       for each category but the first, named "Region: South"
+  --reference NAME=CATEGORY
+                       such a column, and the category that has no variable
 How it is read, where that is in doubt; an error then names the option:
   --sheet NAME         sheet of a workbook, or its number
   --header-row N       line or row with the names; 0 where there are none

@@ -1,6 +1,7 @@
 // The command line of the report program.
 #pragma once
 
+#include <map>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,12 +23,15 @@ struct PlotRequest {
 struct ReportOptions {
   std::string file;  // table to analyse, "-" for standard input; empty for a course data set
   std::string y;     // dependent variable
-  std::vector<std::string> x;        // independent variables; empty for all others
-  std::string labels;                // column of case labels; empty for none
-  std::vector<std::string> columns;  // all that is read; empty for all there are
-  int first = 0;                     // so many cases at most; 0 for all
-  int every = 1;                     // of those the first and each so many-th after it
-  ImportOptions import;              // how the file is read, where that is in doubt
+  std::vector<std::string> x;                     // independent variables; empty for all others
+  std::string labels;                             // column of case labels; empty for none
+  std::vector<std::string> columns;               // all that is read; empty for all there are
+  std::vector<std::string> dummies;               // columns that become dummy variables
+  std::map<std::string, std::string> references;  // of some of these: the category without one
+  std::string where;     // the condition that cases have to meet; empty for none
+  int first = 0;         // so many cases at most; 0 for all
+  int every = 1;         // of those the first and each so many-th after it
+  ImportOptions import;  // how the file is read, where that is in doubt
   bool intercept = true;
   std::vector<PlotRequest> plots;  // in order: of two for one plot the later one counts
   int example = 0;                 // number of a scenario of the course's examples, from 1

@@ -103,12 +103,15 @@ ReportOutcome reportOnTable(const ReportOptions& options, const ReportSurroundin
     return usageFault({source->name, "there is no column \"" + options.labels +
                                          "\" for the labels; the columns are " +
                                          listOf(source->table.names)});
-  auto copy = dataSetFromTable(source->table, source->name, options);
+  const auto whole = withDummies(options, source->table);
+  if (!whole) return usageFault({source->name, whole.error().text});
+  auto copy = dataSetFromTable(source->table, source->name, *whole);
   if (copy) describe(*copy, *source);
-  const auto remarks = std::move(source->remarks);
+  auto remarks = std::move(source->remarks);
+  remarks.insert(remarks.end(), source->table.told.begin(), source->table.told.end());
   source = Error{};  // the analysis can use its memory
   if (!copy) return failed(ReportOutcome::dataAtFault, copy.error());
-  ReportOutcome outcome = reportOn(*copy, options, around);
+  ReportOutcome outcome = reportOn(*copy, *whole, around);
   std::string told;
   for (const std::string& remark : remarks) told += "tolreport: " + onOneLine(remark) + "\n";
   outcome.errors.insert(0, told);

@@ -76,12 +76,15 @@ class Builder {
       for (const std::size_t column : model)
         if (isGap(table_.numbers[column][row]))
           gaps += (gaps.empty() ? "a gap in " : ", a gap in ") + table_.names[column];
-      if (!gaps.empty()) leftOut.push_back({static_cast<int>(row) + 1, labelOf(row), gaps});
+      if (!gaps.empty()) leftOut.push_back({numberOf(row), labelOf(row), gaps});
       return !gaps.empty();
     });
     return leftOut;
   }
 
+  int numberOf(std::size_t row) const {
+    return table_.caseNumbers.empty() ? static_cast<int>(row) + 1 : table_.caseNumbers[row];
+  }
   std::string labelOf(std::size_t row) const {
     return table_.labels.empty() ? std::string() : table_.labels[row];
   }
@@ -116,7 +119,31 @@ WantedColumns columnsOf(const ReportOptions& options) {
   const auto& numbers = options.x.empty() ? options.columns : options.x;
   WantedColumns wanted{numbers, numbers.empty(), options.labels};
   if (!options.y.empty()) wanted.numbers.push_back(options.y);
+  wanted.dummies = options.dummies;
+  wanted.references = options.references;
   return wanted;
+}
+
+Result<ReportOptions> withDummies(ReportOptions options, const NamedTable& table) {
+  for (const std::string& name : options.dummies)
+    if (!table.dummies.contains(name)) {
+      const auto& names = table.names;
+      const bool isThere = std::find(names.begin(), names.end(), name) != names.end();
+      return Error{"", isThere ? "the column \"" + name + "\" has not two categories"
+                               : "there is no column \"" + name + "\" for dummy variables"};
+    }
+  for (std::vector<std::string>* list : {&options.x, &options.columns}) {
+    std::vector<std::string> names;
+    for (const std::string& name : *list) {
+      const auto dummies = table.dummies.find(name);
+      if (dummies == table.dummies.end())
+        names.push_back(name);
+      else
+        names.insert(names.end(), dummies->second.begin(), dummies->second.end());
+    }
+    *list = std::move(names);
+  }
+  return options;
 }
 
 Result<WorkingCopy> dataSetFromTable(const NamedTable& table, const std::string& fileName,

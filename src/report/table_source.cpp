@@ -4,11 +4,13 @@
 #include <cmath>
 #include <limits>
 #include <optional>
+#include <set>
 #include <utility>
 
 #include "base/file_io.h"
 #include "report/table_dataset.h"
 #include "sheetfiles/editor_file.h"
+#include "textimport/case_condition.h"
 #include "textimport/plain_table.h"
 
 namespace tolmer {
@@ -28,21 +30,31 @@ Error inFile(const std::string& name, const Error& error) {
   return {error.where.empty() ? name : name + ", " + error.where, error.text};
 }
 
+ImportChoice choiceOf(const ReportOptions& options) {
+  ImportChoice choice;
+  if (!options.where.empty())
+    choice.cases = CaseChoice{.way = CaseChoice::Way::where, .condition = options.where};
+  return choice;
+}
+
 // The table, unless something is left open that no option answers.
 Result<NamedTable> answeredTable(const std::string& name, const TextImport& import,
-                                 const ImportAnswers& answers) {
-  const auto preview = import.preview(answers);
+                                 const ImportAnswers& answers, const ReportOptions& options) {
+  const ImportChoice choice = choiceOf(options);
+  const auto preview = import.preview(answers, choice);
   if (!preview) return inFile(name, preview.error());
   for (const ImportQuestion& question : preview->questions)
     if (!question.chosen) return Error{name, askedByOption(question)};
-  auto table = import.named(answers);
+  auto table = import.named(answers, choice);
   if (!table) return inFile(name, table.error());
   if (table->rows == 0) return Error{name, "there is no case below the names"};
   return table;
 }
 
-bool hintsAreOpen(const ImportHints& hints) {
-  return !hints.separator && !hints.decimalMark && !hints.headingRow && hints.missing.empty();
+bool isPlain(const ReportOptions& options) {
+  const ImportHints& hints = options.import.hints;
+  return options.where.empty() && options.dummies.empty() && !hints.separator &&
+         !hints.decimalMark && !hints.headingRow && hints.missing.empty();
 }
 
 CutField fieldOf(const DataCell& cell, CutTable& table) {
@@ -109,14 +121,20 @@ bool isWhole(const CutTable& cut, const CutRequest& request) {
 // The places of the columns that the options name; empty where they name none.
 std::vector<int> wantedPlaces(const CutBook& book, const ReportOptions& options) {
   const WantedColumns wanted = columnsOf(options);
-  const auto preview =
-      TextImport::of(book, {}, targetOf(options)).preview(answersFor(book, options.import));
+  ImportTarget target = targetOf(options);
+  target.hints.wanted->dummies.clear();
+  const auto preview = TextImport::of(book, {}, target).preview(answersFor(book, options.import));
   if (wanted.others || !preview || preview->headings.size() != book.table.columns.size()) return {};
+  std::set<std::string> names(wanted.numbers.begin(), wanted.numbers.end());
+  names.insert(wanted.dummies.begin(), wanted.dummies.end());
+  names.insert(wanted.labels);
+  std::set<std::size_t> looksAt;
+  if (const auto condition = CaseCondition::of(options.where, preview->headings))
+    for (const std::size_t column : condition->columns()) looksAt.insert(column);
   std::vector<int> places;
   for (std::size_t column = 0; column < preview->headings.size(); ++column) {
     const std::string& heading = preview->headings[column];
-    if (heading == wanted.labels ||
-        std::find(wanted.numbers.begin(), wanted.numbers.end(), heading) != wanted.numbers.end())
+    if (names.contains(heading) || looksAt.contains(column))
       places.push_back(book.table.columns[column].number);
   }
   return places;
@@ -127,7 +145,8 @@ Result<CutBook> wantedBook(const std::string& name, const ReadBook& read,
                            const ReportOptions& options) {
   CutRequest request{.sheet = options.import.sheet, .rows = anyNumber};
   // Titles and names above the cases.
-  if (options.first > 0 && options.every == 1) request.rows = options.first + request.head;
+  if (options.first > 0 && options.every == 1 && options.where.empty())
+    request.rows = options.first + request.head;
   auto book = read(request);
   if (!book || isWhole(book->table, request)) return book;
   const std::string size = std::to_string(book->table.rowsInAll) + " rows and " +
@@ -153,8 +172,8 @@ Result<SourcedTable> tableFromBook(const std::string& name, const ReadBook& read
   SourcedTable sourced{name, {}, book->remarks};
   describe(sourced, book->table);
   const ImportAnswers answers = answersFor(*book, options.import);
-  auto table =
-      answeredTable(name, TextImport::of(std::move(*book), {}, targetOf(options)), answers);
+  auto table = answeredTable(name, TextImport::of(std::move(*book), {}, targetOf(options)), answers,
+                             options);
   if (!table) return table.error();
   sourced.table = std::move(*table);
   return sourced;
@@ -194,14 +213,14 @@ Result<NamedTable> tableFromText(const std::string& name, std::string bytes,
                                  const ReportOptions& options) {
   auto text = foreignText(std::move(bytes));
   if (!text) return inFile(name, text.error());
-  auto plain = hintsAreOpen(options.import.hints) ? PlainTable::take(*text) : std::nullopt;
+  auto plain = isPlain(options) ? PlainTable::take(*text) : std::nullopt;
   if (plain) {
     if (auto table = plain->named(columnsOf(options))) return std::move(*table);
     *text = std::move(*plain).release();
   }
   const auto import = TextImport::read(std::move(*text), targetOf(options));
   if (!import) return inFile(name, import.error());
-  return answeredTable(name, *import, options.import.answers);
+  return answeredTable(name, *import, options.import.answers, options);
 }
 
 Result<SourcedTable> readTable(const ReportOptions& options, const TableSource& source) {

@@ -119,7 +119,7 @@ Result<std::vector<TextNumber>> ImportFindings::numbersOf(const Landing& landing
 }
 
 Result<NamedTable> ImportFindings::namedTable() const {
-  NamedTable table{dataRows(), {}, {}, {}, caseNumbers_};
+  NamedTable table{dataRows(), {}, {}, {}, caseNumbers_, choiceTold_};
   const auto names = columnNames();
   for (int column = 0; column < columns(); ++column) {
     if (landsAs(Use::label, column))

@@ -19,6 +19,7 @@ struct NamedTable {
   std::vector<std::vector<TextNumber>> numbers;
   std::vector<std::string> labels;  // of the cases; empty where none were wanted
   std::vector<int> caseNumbers{};   // where some cases were not taken: those of the others, from 1
+  std::vector<std::string> told{};  // sentences: which cases were taken, what dummies stand for
   // The names of the dummy variables that a column has become.
   std::map<std::string, std::vector<std::string>> dummies{};
 

@@ -442,13 +442,14 @@ void ImportFindings::noteDummies(int column) {
                                  [column](const Landing& at) { return at.column == column; });
   const auto first = std::find_if(landings_.begin(), landings_.end(),
                                   [column](const Landing& at) { return at.column == column; });
+  auto& notes = target_.hints.wanted ? choiceTold_ : notes_;
   if (dummiesOf(column) == 1)
-    notes_.push_back(one.name + " comes as \"" + first->name + "\": 1 for " + first->one->name +
-                     ", 0 for " + first->reference + ".");
+    notes.push_back(one.name + " comes as \"" + first->name + "\": 1 for " + first->one->name +
+                    ", 0 for " + first->reference + ".");
   else
-    notes_.push_back(one.name + " comes as " + counted(dummiesOf(column), "dummy variable") +
-                     ", \"" + first->name + "\" to \"" + last->name + "\", all 0 for " +
-                     first->reference + ".");
+    notes.push_back(one.name + " comes as " + counted(dummiesOf(column), "dummy variable") +
+                    ", \"" + first->name + "\" to \"" + last->name + "\", all 0 for " +
+                    first->reference + ".");
 }
 
 std::vector<std::string> ImportFindings::headings() const {

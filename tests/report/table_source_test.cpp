@@ -65,6 +65,32 @@ TEST_F(TableSet, ChosenPredictorsAreAscendingAndLabelsAreTaken) {
   EXPECT_EQ(read(rents)->miNumPredictors, 1);
 }
 
+TEST_F(TableSet, WordsBecomeDummiesAndAConditionChoosesCases) {
+  options.dummies = {"Town"};
+  options.references = {{"Town", "Bern"}};
+  options.x = {"Town", "Age"};
+  options.where = "Age < 30 and Town <> Biel";
+  const auto table = *tableFromText("t.csv",
+                                    "Town,Age,Rent\nBern,20,9\nBasel,30,8\nBiel,21,7\n"
+                                    "Zug,22,6\nBasel,,5\nBasel,23,\nBern,24,3\n",
+                                    options);
+  EXPECT_THAT(table.told, ElementsAre("Of 7 cases 4 meet \"Age < 30 and Town <> Biel\" and were "
+                                      "taken; 3 were not.",
+                                      "Town comes as 2 dummy variables, \"Town: Basel\" to "
+                                      "\"Town: Zug\", all 0 for Bern."));
+  const auto whole = *withDummies(options, table);
+  EXPECT_THAT(whole.x, ElementsAre("Town: Basel", "Town: Zug", "Age"));
+  const auto copy = *dataSetFromTable(table, "t.csv", whole);
+  EXPECT_THAT(copy.otColName.values(),
+              ElementsAre("Intercept", "Town: Basel", "Town: Zug", "Age", "Rent"));
+  EXPECT_EQ(copy.miNumCases, 3);
+  EXPECT_EQ(copy.osData(2, 2), 1.0F);
+  EXPECT_EQ(copy.origin.leftOut.at(0).row, 6);
+  options.dummies = {"Town", "Canton"};
+  EXPECT_EQ(withDummies(options, table).error().message(),
+            "there is no column \"Canton\" for dummy variables");
+}
+
 // The same by the quick way and by the import's.
 TEST_F(TableSet, CasesWithGapsInTheModelAreLeftOutAndTold) {
   const std::string gaps = "Town,Rent,Age,Size\nA,9,20,3\nB,8,NA,2\nC,,,1\nD,5,30,4\n";
