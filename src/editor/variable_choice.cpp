@@ -11,7 +11,7 @@
 namespace tolmer {
 namespace {
 
-constexpr long helpOnImport = 110;
+constexpr long helpOnImport = 111;
 
 constexpr Twips firstWidth = pixels(820);
 constexpr Twips firstHeight = pixels(600);

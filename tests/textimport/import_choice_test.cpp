@@ -62,7 +62,8 @@ TEST(ImportChoice, wordsBecomeDummiesOfAllCategoriesButTheReference) {
       HasSubstr("Region comes as 2 dummy variables, \"Region: North\" to \"Region: South\", "
                 "all 0 for East.\nSmoker comes as \"Smoker\": 1 for yes, 0 for no.\n"));
   const auto table = import->apply({});
-  EXPECT_EQ(table->variables[4].valueLabels[1].label, "m");
+  EXPECT_EQ(table->labels[1], "(1 = North, 0 = another (reference East))");
+  EXPECT_EQ(table->labels[4], "(1 = m, 0 = f)");
 }
 
 TEST(ImportChoice, theFirstColumnIsLabelsOnlyByAnOffer) {
