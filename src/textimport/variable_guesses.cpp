@@ -5,6 +5,7 @@
 #include <unordered_set>
 #include <utility>
 
+#include "base/text_encoding.h"
 #include "formula/sheet_names.h"
 #include "textimport/import_guesses.h"
 #include "textimport/typed_number.h"
@@ -34,6 +35,24 @@ bool isYes(const Category& category) {
 }
 bool areYesAndNo(const std::vector<Category>& two) {
   return two.size() == 2 && ((isNo(two[0]) && isYes(two[1])) || (isYes(two[0]) && isNo(two[1])));
+}
+
+// What their names begin with. Tables show the first 10 characters of a name: where these would be
+// alike for "Education: primary" and "Education: secondary", it is "Educ: primary".
+std::string stemOfDummies(const ImportVariable& variable) {
+  constexpr std::size_t shownOfNames = 10;
+  constexpr std::size_t shortened = 4;
+  for (const std::string& stem :
+       {variable.name, variable.name.substr(0, utf8Prefix(variable.name, shortened))}) {
+    std::set<std::string> shown;
+    for (const Category& category : variable.categories) {
+      const std::string name = stem + ": " + category.name;
+      if (category.value != variable.reference)
+        shown.insert(name.substr(0, utf8Prefix(name, shownOfNames)));
+    }
+    if (shown.size() + 1 == variable.categories.size()) return stem;
+  }
+  return variable.name;
 }
 
 // "Region", "Region and Sex", "Region, Sex and 3 more"
@@ -412,11 +431,12 @@ void ImportFindings::landDummies(int column) {
   std::string reference;
   for (const Category& category : one.categories)
     if (category.value == one.reference) reference = category.name;
+  const std::string stem = stemOfDummies(one);
   for (const Category& category : one.categories) {
     if (category.value == one.reference) continue;
     const bool isPlain = areYesAndNo(one.categories) && isYes(category);
     landings_.push_back(
-        {column, isPlain ? one.name : one.name + ": " + category.name, category, reference});
+        {column, isPlain ? one.name : stem + ": " + category.name, category, reference});
   }
 }
 

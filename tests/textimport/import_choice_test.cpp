@@ -54,6 +54,9 @@ TEST(ImportChoice, wordsBecomeDummiesOfAllCategoriesButTheReference) {
   EXPECT_EQ(landed(text, {}, {{ImportDoubt::wordColumns, 1}}), "[x]|1|2|3|4|5");
   EXPECT_EQ(landed(text, {.uses = {{2, ColumnUse::labels}, {3, ColumnUse::leftOut}}}),
             "[Region][x][Sex: m]|North 1 1|South 2 0|NA 3 0|East 4 1|South 5 0");
+  // Tables show 10 characters of a name.
+  EXPECT_EQ(landed("x,Education\n1,low\n2,high\n3,mid\n4,low\n"),
+            "[x][Educ: low][Educ: mid]|1 1 0|2 0 0|3 0 1|4 1 0");
   const auto import = TextImport::read(text, asFile);
   EXPECT_EQ(import->preview({})->questions[0].text,
             "Region, Smoker and 1 more hold words. What is to become of them?");
