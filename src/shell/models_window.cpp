@@ -22,7 +22,7 @@ constexpr Twips fieldHeight = pixels(26);
 constexpr Twips rowHeight = pixels(20);
 constexpr Twips wordsHeight = pixels(84);
 constexpr Twips choiceLabel = pixels(100);
-constexpr Size least = {pixels(700), pixels(440)};
+constexpr Size least = {pixels(600), pixels(430)};
 constexpr Size usual = {pixels(1000), pixels(620)};
 
 // In rows of the least height; room that is left is spread over the columns.
@@ -49,6 +49,7 @@ std::string choiceText(const ModelHistory& models, int number) {
 frmModels::frmModels(Desktop& desktop, const AnalysisState& state)
     : Window(desktop, "frmModels", WindowStyle::dialog, "Compare Models"), state_(state) {
   setSizable(true);
+  setLeastInner(least);
   spdModels.setAccessibleName("Fits of this run");
   spdModels.setSelectionMode(SelectionMode::rows);
   spdTerms.setAccessibleName("Coefficients of both models");
@@ -111,17 +112,17 @@ void frmModels::open() {
 void frmModels::place() {
   if (isPlaced_) return;
   const Size screen = desktop().screenSize();
-  const Twips width = std::clamp(screen.width - pixels(60), least.width, usual.width);
-  const Twips height = std::clamp(screen.height - pixels(100), least.height, usual.height);
-  setPlace({(screen.width - width) / 2, std::max(screen.height - height - pixels(60), 0.0F), width,
-            height});
+  const Twips width = std::max(std::min(screen.width - pixels(60), usual.width), least.width);
+  const Twips height = std::max(std::min(screen.height - pixels(100), usual.height), least.height);
+  setPlace({std::max((screen.width - width) / 2, 0.0F),
+            std::max(screen.height - height - pixels(60), 0.0F), width, height});
   isPlaced_ = true;
   placeControls();
 }
 
 void frmModels::placeControls() {
-  const Twips width = std::max(innerWidth(), least.width);
-  const Twips height = std::max(innerHeight(), least.height);
+  const Twips width = innerWidth();
+  const Twips height = innerHeight();
   const Twips room = width - 2 * margin;
   const Twips commands = height - margin - commandHeight;
   const Twips words = commands - gap - wordsHeight;

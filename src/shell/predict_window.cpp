@@ -22,7 +22,7 @@ constexpr Twips rowHeight = pixels(20);
 constexpr Twips wordsHeight = pixels(96);
 constexpr Twips nameWidth = pixels(110);
 constexpr Twips leastColumn = pixels(70);
-constexpr Size least = {pixels(640), pixels(360)};
+constexpr Size least = {pixels(640), pixels(340)};
 constexpr Colour outsideGround = Colour::rgb(255, 222, 173);
 
 Twips widthOf(const Label& label) {
@@ -43,6 +43,7 @@ bool beginsWithNames(const std::string& text, const ImportTarget& target) {
 frmPredict::frmPredict(Desktop& desktop, const AnalysisState& state)
     : Window(desktop, "frmPredict", WindowStyle::dialog, "Predict"), state_(state), cases_(state) {
   setSizable(true);
+  setLeastInner(least);
   spdCases.setAccessibleName("New cases");
   txtWords.setAccessibleName("What the model says");
   txtWords.setMultiLine(true);
@@ -120,17 +121,18 @@ void frmPredict::place() {
   if (isPlaced_) return;
   const Size screen = desktop().screenSize();
   const Twips wanted = spdCases.contentSize().width + desktop().scrollBarThickness() + 2 * margin;
-  const Twips width = std::clamp(wanted + pixels(4), least.width, screen.width - pixels(40));
-  const Twips height = std::clamp(screen.height * 6 / 10, least.height, pixels(560));
-  setPlace({(screen.width - width) / 2, std::max(screen.height - height - pixels(60), 0.0F), width,
-            height});
+  const Twips width =
+      std::max(std::min(wanted + pixels(4), screen.width - pixels(40)), least.width);
+  const Twips height = std::max(std::min(screen.height * 6 / 10, pixels(560)), least.height);
+  setPlace({std::max((screen.width - width) / 2, 0.0F),
+            std::max(screen.height - height - pixels(60), 0.0F), width, height});
   isPlaced_ = true;
   placeControls();
 }
 
 void frmPredict::placeControls() {
-  const Twips width = std::max(innerWidth(), least.width);
-  const Twips height = std::max(innerHeight(), least.height);
+  const Twips width = innerWidth();
+  const Twips height = innerHeight();
   const Twips room = width - 2 * margin;
   const Twips commands = height - margin - commandHeight;
   const Twips limits = commands - gap - textHeight;

@@ -51,11 +51,11 @@ class Screens : public ShippedProgram, public testing::WithParamInterface<Size> 
     const float times = window.magnification();
     const bool hasBar = window.style() == WindowStyle::dialog;
     const Size room{screen.width / times, (screen.height - (hasBar ? titleBar : 0)) / times};
-    const Size whole = window.sizable()
-                           ? Size{std::max(std::min(window.width(), room.width), window.leastInner().width),
-                                  std::max(std::min(window.height(), room.height),
-                                           window.leastInner().height)}
-                           : Size{window.width(), window.height()};
+    const Size whole =
+        window.sizable()
+            ? Size{std::max(std::min(window.width(), room.width), window.leastInner().width),
+                   std::max(std::min(window.height(), room.height), window.leastInner().height)}
+            : Size{window.width(), window.height()};
     if (window.sizable()) window.reportInnerSize(whole);
     std::string faults = layoutFaults(window);
     const DialogFit fit = fitDialog(window, whole, room, desktop.scrollBarThickness());
@@ -139,6 +139,12 @@ TEST_P(Screens, ShowEveryWindowWhole) {
   user.menu("mdiReg", "Explore/Notes...");
   check(module.parts().notesWindow);
   user.close("frmNotes");
+  user.menu("mdiReg", "Explore/Predict...");
+  check(module.parts().predictWindow);
+  user.close("frmPredict");
+  user.menu("mdiReg", "Explore/Compare Models...");
+  check(module.parts().modelsWindow);
+  user.close("frmModels");
   expect("frmModelDesign", [&] {
     expect("frmShowData", [&] { user.close("frmShowData"); });
     user.click("frmModelDesign", "cmdShowData");
@@ -155,7 +161,7 @@ TEST_P(Screens, ShowEveryWindowWhole) {
     user.click("frmNotebook", "cmdOK");
   });
   user.click("frmControlPanel", "cmdShowNotebook");
-  EXPECT_EQ(seen.size(), 14U);
+  EXPECT_EQ(seen.size(), 16U);
 }
 
 // Those that need a doubt or a failure to come up.
