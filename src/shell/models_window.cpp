@@ -166,7 +166,7 @@ void frmModels::showList() {
   lblModels.setCaption(std::move(words));
   showTable(spdModels, modelsTable(models_, present_), desktop().scrollBarThickness());
   const int row = marked_ - lost + 1;
-  if (models_.record(marked_)) spdModels.select({row, 1, row, spdModels.maxCols()});
+  if (models_.record(marked_)) spdModels.setActiveCell({row, 1});
   showWhyNot();
 }
 
@@ -185,6 +185,7 @@ void frmModels::showComparison() {
   const bool hasTwo = first && second && first != second;
   terms_ = hasTwo ? comparisonTable(compareModels(*first, *second)) : TableContent(1, 1);
   cmdCopy.setEnabled(hasTwo);
+  spdTerms.setVisible(hasTwo);
   showTable(spdTerms, terms_, desktop().scrollBarThickness());
   std::string words;
   for (const std::string& sentence : terms_.notes) words += (words.empty() ? "" : "\n") + sentence;
