@@ -9,6 +9,7 @@
 #include <QWidget>
 
 #include "engine/pipeline.h"
+#include "graphs/scatter_plot.h"
 #include "platform/qt/control_peer.h"
 #include "platform/qt/qt_desktop.h"
 #include "shell/all_displays.h"
@@ -56,6 +57,58 @@ class OneDisplay {
   DisplayWindow* display_ = nullptr;
 };
 
+struct SelectingHost : test::RecordingHost {
+  CaseSelection* selectedCases() override { return &cases; }
+  CaseSelection cases;
+};
+
+// Four displays of cases in a main window of the screen's size, no panel.
+class FourDisplays {
+ public:
+  FourDisplays() : state_(noisyModel(500, 49)) {
+    ComputeStatistics(state_, desktop_);
+    FitRegression(state_, desktop_);
+    InitDisplayTable(state_);
+    chooseStartAxes(state_);
+    state_.bShowCorrelation = true;
+    frame_.show();
+    host_.cases.changed = [this] { displays_.showCases(); };
+    int place = 0;
+    for (const DisplayId id : {DisplayId{scatterDisplays, 1}, DisplayId{graphDisplays, 3},
+                               DisplayId{graphDisplays, 1}, DisplayId{tableDisplays, 4}}) {
+      DisplayWindow& display = *displays_.display(id.iCategory, id.iIndex);
+      state_.iDisplayState(id.iCategory, id.iIndex) = displayShown;
+      frame_.adopt(display);
+      display.setPlace({pixels(960) * static_cast<float>(place % 2),
+                        pixels(520) * static_cast<float>(place / 2), pixels(960), pixels(520)});
+      display.show();
+      display.UpdateDisplay();
+      ++place;
+    }
+    ControlPeer::widgetOf(frame_)->resize(screen);
+    QCoreApplication::processEvents();
+  }
+
+  void select(int iCase, QImage& image) {
+    host_.cases.select({iCase});
+    ControlPeer::widgetOf(frame_)->render(&image);
+  }
+
+ private:
+  QtDesktop desktop_;
+  SelectingHost host_;
+  AnalysisState state_;
+  FrameWindow frame_{desktop_, "mdiReg", "Tolmer"};
+  AllDisplays displays_{desktop_, state_, host_};
+};
+
+void selectACase(benchmark::State& run) {
+  FourDisplays shown;
+  QImage image(screen, QImage::Format_RGB32);
+  int iCase = 0;
+  for (auto _ : run) shown.select(1 + iCase++ % 500, image);
+}
+
 void redraw(benchmark::State& run, DisplayId id, int x, int y) {
   OneDisplay shown(id);
   shown.choosePlot(x, y);
@@ -76,6 +129,7 @@ void bareText(benchmark::State& run) {
 
 void registerAll() {
   benchmark::RegisterBenchmark("bareText", bareText)->Unit(benchmark::kMillisecond);
+  benchmark::RegisterBenchmark("selectACase", selectACase)->Unit(benchmark::kMillisecond);
   for (const Display& display : displayList()) {
     const DisplayId id = display.id;
     const std::string name =

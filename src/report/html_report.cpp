@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "base/markup_text.h"
+#include "displays/case_words.h"
 #include "platform/graph/svg_writer.h"
 #include "tables/html_table.h"
 
@@ -95,7 +96,7 @@ std::string styleFor(Paper paper) {
 
 struct ShownHtml {
   const ReportedPart& shown;
-  Paper paper;
+  const ReportDocument& document;
 
   std::string operator()(const FittedEquation& equation) const {
     std::string html = "<h2>" + markupText(shown.title) + "</h2>\n<p class=\"equation\">" +
@@ -109,12 +110,13 @@ struct ShownHtml {
   // The sentence that tells the graph stands below it, for everybody.
   std::string operator()(const GraphContent& graph) const {
     return "<figure>\n<figcaption><h2>" + markupText(shown.title) + "</h2></figcaption>\n" +
-           writeSvg(graph.plot.picture(), std::string(captionOf(shown.part)), graph.description) +
+           writeSvg(pictureWith(*document.state, graph, document.selectedCases),
+                    std::string(captionOf(shown.part)), graph.description) +
            "<p class=\"spoken\">" + markupText(graph.description) + "</p>\n</figure>\n";
   }
 
   std::string operator()(const TableContent& table) const {
-    return tableHtml(table, shown.title, paper);
+    return tableHtml(table, shown.title, document.paper);
   }
 
   std::string operator()(const Sections& sections) const {
@@ -126,9 +128,9 @@ struct ShownHtml {
   }
 };
 
-std::string partHtml(const ReportedPart& shown, Paper paper) {
+std::string partHtml(const ReportedPart& shown, const ReportDocument& document) {
   return "<section id=\"" + std::string(wordOf(shown.part)) + "\">\n" +
-         std::visit(ShownHtml{shown, paper}, shown.content) + "</section>\n";
+         std::visit(ShownHtml{shown, document}, shown.content) + "</section>\n";
 }
 
 std::string contentsHtml(const std::vector<ReportedPart>& parts) {
@@ -177,7 +179,7 @@ std::string htmlReport(const ReportDocument& document) {
                      "</h1>\n" + factsHtml(document) + remarksHtml(document) +
                      "</header>\n<main>\n" + messagesHtml(document);
   if (document.parts.size() > 1) html += contentsHtml(document.parts);
-  for (const ReportedPart& shown : document.parts) html += partHtml(shown, document.paper);
+  for (const ReportedPart& shown : document.parts) html += partHtml(shown, document);
   return html + "</main>\n</body>\n</html>\n";
 }
 

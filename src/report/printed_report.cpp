@@ -4,6 +4,7 @@
 #include <memory>
 #include <string>
 
+#include "displays/case_words.h"
 #include "platform/text_metrics.h"
 #include "report/page_writer.h"
 #include "report/printed_table.h"
@@ -48,6 +49,7 @@ void printMessages(PageWriter& pages, const std::vector<std::string>& texts) {
 struct PartPrinter {
   PageWriter& pages;
   const std::string& title;
+  const ReportDocument& document;
 
   void operator()(const FittedEquation& equation) const {
     constexpr PrintedLook look{.size = 10.5F};
@@ -66,7 +68,7 @@ struct PartPrinter {
 
   // The sentence that tells the graph stands below it, for everybody.
   void operator()(const GraphContent& graph) const {
-    const Picture& picture = graph.plot.picture();
+    const Picture picture = pictureWith(*document.state, graph, document.selectedCases);
     const double words =
         PageWriter::heightOf(graph.description, printed::small, pages.widthOf(false));
     const double height = heightOf(picture.size);
@@ -115,7 +117,7 @@ PrintedPages printedReport(const ReportDocument& document) {
   printHead(pages, document);
   printMessages(pages, messageTexts(document));
   for (const ReportedPart& shown : document.parts)
-    std::visit(PartPrinter{pages, shown.title}, shown.content);
+    std::visit(PartPrinter{pages, shown.title, document}, shown.content);
   return std::move(pages).finish(document.title, authorOf(document));
 }
 

@@ -5,6 +5,7 @@
 #include "base/program_words.h"
 #include "base/text_encoding.h"
 #include "data/working_copy.h"
+#include "displays/case_words.h"
 #include "engine/fitted_equation.h"
 #include "insight/insight_tables.h"
 #include "report/html_report.h"
@@ -78,6 +79,8 @@ ReportedPart reportedPart(ReportPart part, const AnalysisState& state, const Rep
   }
   std::visit([&](auto&& content) { reported.content = std::move(content); },
              contentOf(*part, state, graphSize(request.format), messages));
+  if (auto* graph = std::get_if<GraphContent>(&reported.content))
+    graph->description += wordsOnSelected(state, *graph, request.selectedCases);
   return reported;
 }
 
@@ -212,6 +215,7 @@ ReportDocument reportDocument(const AnalysisState& state, const ReportRequest& r
   document.remarks = linesOf(request.remarks);
   document.facts = factsOf(state, request, around);
   document.messages = around.messages;
+  document.selectedCases = request.selectedCases;
   document.paper = request.paper;
   document.isColoured = request.isColoured;
   if (request.format == ReportFormat::r) return document;

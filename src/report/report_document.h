@@ -43,9 +43,10 @@ struct ReportDocument {
   std::vector<ReportFact> facts;     // author, data, cases, model, program, date
   std::vector<AnsweredBox> messages;
   std::vector<ReportedPart> parts;
-  std::vector<Note> notes;       // with the equation, and in JSON
-  std::optional<Health> health;  // likewise; none after a failed fit
-  std::optional<SecondFit> fit;  // where notes, influence or predictions ask for it, likewise
+  std::vector<Note> notes;         // with the equation, and in JSON
+  std::optional<Health> health;    // likewise; none after a failed fit
+  std::optional<SecondFit> fit;    // where notes, influence or predictions ask for it, likewise
+  std::vector<int> selectedCases;  // stand out in graphs
   bool hasNewCases = false;
   std::vector<PredictedCase> predictions;  // of them; none after a failed fit
   Paper paper = Paper::a4;

@@ -32,6 +32,7 @@ struct ReportRequest {
   CaseLists caseLists = CaseLists::whole;  // of parts that list cases; JSON has them whole or not
   Paper paper = Paper::a4;
   bool isColoured = false;             // text with the colours of a terminal
+  std::vector<int> selectedCases{};    // stand out in graphs of pages; rising, from 1
   std::optional<NewCases> newCases{};  // to predict; not in an R script
 };
 

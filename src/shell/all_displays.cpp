@@ -53,6 +53,8 @@ void AllDisplays::updateShown() { visitShown(&DisplayWindow::UpdateDisplay); }
 
 void AllDisplays::showRemarks() { visitShown(&DisplayWindow::showRemarks); }
 
+void AllDisplays::showCases() { visitShown(&DisplayWindow::showCases); }
+
 void AllDisplays::visitShown(void (DisplayWindow::*what)()) {
   for (const Display& one : displayList())
     if (state_.iDisplayState(one.id.iCategory, one.id.iIndex) == displayShown)

@@ -23,6 +23,9 @@ class AllDisplays {
   // showRemarks of the same.
   void showRemarks();
 
+  // showCases of the same.
+  void showCases();
+
   // Called once for each display that is made.
   std::function<void(DisplayWindow&)> created;
 

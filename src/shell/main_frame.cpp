@@ -26,6 +26,7 @@ mdiReg::mdiReg(Desktop& desktop)
       mnuZoomUsual(&mnuOptions, "mnuZoomUsual", "&Usual Size", {.code = '0', .control = true}),
       mnuExplore(&menu, "mnuExplore", "E&xplore"),
       mnuExploreNotes(&mnuExplore, "mnuExploreNotes", "&Notes..."),
+      mnuExploreCase(&mnuExplore, "mnuExploreCase", "&Case..."),
       mnuExplorePredict(&mnuExplore, "mnuExplorePredict", "&Predict..."),
       mnuExploreModels(&mnuExplore, "mnuExploreModels", "Compare &Models..."),
       mnuExploreEditCopy(&mnuExplore, "mnuExploreEditCopy", "Edit a Copy of These &Data"),

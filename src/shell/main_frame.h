@@ -47,6 +47,7 @@ class mdiReg : public FrameWindow {
 
   MenuItem mnuExplore;
   MenuItem mnuExploreNotes;
+  MenuItem mnuExploreCase;
   MenuItem mnuExplorePredict;
   MenuItem mnuExploreModels;
   MenuItem mnuExploreEditCopy;  // of data that are not in the editor already

@@ -7,7 +7,11 @@
 namespace tolmer {
 
 MenuCommands::MenuCommands(ShellParts& parts, MainFlow& flow)
-    : parts_(parts), flow_(flow), reports_(parts.desktop, parts.state), explore_(parts, flow) {
+    : parts_(parts),
+      flow_(flow),
+      reports_(parts.desktop, parts.state, parts.cases),
+      cases_(parts),
+      explore_(parts, flow) {
   wireFileAndEdit();
   wireDisplays();
   wireOptions();
@@ -51,7 +55,10 @@ void MenuCommands::wireOptions() {
 }
 
 void MenuCommands::wireNotes() {
-  parts_.analysis.fitted = [this] { parts_.notes.renew(); };
+  parts_.analysis.fitted = [this] {
+    parts_.notes.renew();
+    cases_.follow();
+  };
   parts_.notes.changed = [this] { showNotes(); };
   parts_.frame.mnuExploreNotes.Click = [this] { openNotes(); };
   parts_.frame.lblStatus.Click = [this] { openNotes(); };
@@ -65,12 +72,14 @@ void MenuCommands::wireNotes() {
     if (const Display* display = findDisplay(form)) showCellsOf(note, *display);
   };
   wireHelpKey(parts_.notesWindow, [] { return Note::helpTopic; });
+  wireHelpKey(parts_.caseWindow, [] { return CaseCommands::helpTopic; });
 }
 
 // Everywhere but in the window, which is filled when it is opened or while it stands.
 void MenuCommands::showNotes() {
   parts_.frame.showStatus(statusLine(parts_.state), parts_.notes.countText());
   parts_.displays.showRemarks();
+  cases_.followFit();
   explore_.followFit();
   if (parts_.notesWindow.visible()) parts_.notesWindow.setNotes(parts_.notes.known());
 }
@@ -84,10 +93,11 @@ void MenuCommands::showCellsOf(const Note& note, const Display& display) {
   std::vector<CellPosition> cells;
   for (const NotedCell& cell : note.cells)
     if (cell.display == display.form) cells.push_back({cell.row, cell.column});
-  if (cells.empty())
-    for (const int iCase : note.cases) cells.push_back({iCase + 1, 1});
   DisplayWindow& window = parts_.manager.bringUp(display);
-  window.showCells(cells);
+  if (cells.empty())
+    parts_.cases.select(note.cases);
+  else
+    window.showCells(cells);
   parts_.desktop.present(parts_.frame);
 }
 

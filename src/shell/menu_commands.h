@@ -1,6 +1,7 @@
 // What the entries of the main menu and of the right-click menu do.
 #pragma once
 
+#include "shell/case_commands.h"
 #include "shell/explore_commands.h"
 #include "shell/main_flow.h"
 #include "shell/report_commands.h"
@@ -32,6 +33,7 @@ class MenuCommands {
   ShellParts& parts_;
   MainFlow& flow_;
   ReportCommands reports_;
+  CaseCommands cases_;
   ExploreCommands explore_;
 };
 

@@ -1,11 +1,9 @@
 #include "shell/notes_window.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "displays/display_list.h"
 #include "platform/desktop.h"
-#include "platform/text_metrics.h"
 
 namespace tolmer {
 namespace {
@@ -16,16 +14,6 @@ constexpr Twips roomForText = windowWidth - 2 * margin;
 constexpr Twips lineOfLinks = pixels(22);
 constexpr Twips betweenLinks = pixels(16);
 constexpr Twips betweenNotes = pixels(12);
-
-Twips widthOf(const Label& label) {
-  return pixels(static_cast<float>(std::ceil(textWidth(label.font(), label.caption()))) + 4);
-}
-
-Twips heightOf(const Label& label) {
-  const double inside = roomForText / twipsPerPixel;
-  return pixels(
-      static_cast<float>(std::ceil(wrappedHeight(label.font(), label.caption(), inside))) + 2);
-}
 
 // Each once, in the order of the note's cells.
 std::vector<std::string> displaysOf(const Note& note) {
@@ -104,12 +92,12 @@ void frmNotes::fill(Entry& entry, const Note& note) {
 // The links stand in lines below the text; where the entry ends.
 Twips frmNotes::place(Entry& entry, Twips top) {
   for (Label* label : {&entry.title, &entry.text}) {
-    label->setPlace({margin, top, roomForText, heightOf(*label)});
+    label->setPlace({margin, top, roomForText, label->captionHeight(roomForText)});
     top = label->bottom() + pixels(2);
   }
   Twips left = margin;
   const auto putLink = [&](Label& link) {
-    const Twips needed = widthOf(link);
+    const Twips needed = link.captionWidth();
     if (left > margin && left + needed > windowWidth - margin) {
       left = margin;
       top += lineOfLinks;

@@ -27,13 +27,14 @@ const std::vector<SavedKind>& savedKinds() {
   return kinds;
 }
 
-ReportRequest requestFor(const ReportChoice& choice, ReportFormat format) {
-  ReportRequest request = choice.request;
+}  // namespace
+
+ReportRequest ReportCommands::requestFor(ReportFormat format) const {
+  ReportRequest request = choice_.request;
   request.format = format;
+  if (cases_.isShownInCopies) request.selectedCases = cases_.cases();
   return request;
 }
-
-}  // namespace
 
 bool ReportCommands::asks(ReportUse use) { return frmReport(desktop_, state_, use, choice_).ask(); }
 
@@ -66,14 +67,14 @@ void ReportCommands::PrintReport() {
 }
 
 PrintedPages ReportCommands::pages() const {
-  const ReportRequest request = requestFor(choice_, ReportFormat::html);
+  const ReportRequest request = requestFor(ReportFormat::html);
   return printedReport(reportDocument(state_, request, {.date = today()}));
 }
 
 Result<std::string> ReportCommands::bytesAs(std::size_t kind) {
   const SavedKind& saved = savedKinds()[kind];
   if (saved.isPdf) return desktop_.pdfOf(pages());
-  return makeReport(state_, requestFor(choice_, saved.format), {.date = today()});
+  return makeReport(state_, requestFor(saved.format), {.date = today()});
 }
 
 // The title without what means something in a file's name. No extension: that follows the kind, and

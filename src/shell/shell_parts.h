@@ -9,6 +9,7 @@
 #include "shell/about.h"
 #include "shell/analysis.h"
 #include "shell/analysis_notes.h"
+#include "shell/case_window.h"
 #include "shell/models_window.h"
 #include "shell/notes_window.h"
 #include "shell/own_data.h"
@@ -20,7 +21,8 @@ namespace tolmer {
 // Lets a display's clicks reach the panel and the right-click menu.
 class PanelHost : public DisplayHost {
  public:
-  PanelHost(frmControlPanel& panel, AnalysisNotes& notes) : panel_(panel), notes_(notes) {}
+  PanelHost(frmControlPanel& panel, AnalysisNotes& notes, CaseSelection& cases)
+      : panel_(panel), notes_(notes), cases_(cases) {}
   void controlsDisabled() override { panel_.ControlsDisabled(); }
   void controlsEnabled() override { panel_.ControlsEnabled(); }
   void axisListsDisabled() override { panel_.DisableAxisLists(); }
@@ -34,11 +36,14 @@ class PanelHost : public DisplayHost {
     return notes_.sentencesOn(display.form);
   }
 
+  CaseSelection* selectedCases() override { return &cases_; }
+
   std::function<void()> openMenu;
 
  private:
   frmControlPanel& panel_;
   AnalysisNotes& notes_;
+  CaseSelection& cases_;
 };
 
 struct ShellParts {
@@ -53,11 +58,13 @@ struct ShellParts {
   frmMenus menus;
   frmControlPanel panel{desktop, state};
   AnalysisNotes notes{state, desktop.timers()};
-  PanelHost host{panel, notes};
+  CaseSelection cases;
+  PanelHost host{panel, notes, cases};
   AllDisplays displays{desktop, state, host};
   Analysis analysis{state, desktop, displays, panel};
   QuadrantManager manager{state, desktop, displays, frame, menus, panel};
   frmNotes notesWindow{desktop};
+  frmCase caseWindow{desktop};
   frmPredict predictWindow{desktop, state};
   frmModels modelsWindow{desktop, state};
   frmAbout about{desktop};

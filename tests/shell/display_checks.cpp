@@ -5,6 +5,7 @@
 #include <cmath>
 #include <set>
 
+#include "displays/case_words.h"
 #include "displaywindows/interpretation_window.h"
 #include "displaywindows/table_window.h"
 #include "platform/graph/graph.h"
@@ -147,6 +148,28 @@ void expectSoundQuadrants(ShellParts& parts) {
   EXPECT_TRUE(parts.state.bProcessResize);
   EXPECT_FALSE(parts.state.bAllowUnload);
   EXPECT_EQ(parts.frame.updateLocks(), 0);
+}
+
+void expectSelectedCasesLit(ShellParts& parts) {
+  const std::vector<int>& cases = parts.cases.cases();
+  EXPECT_TRUE(cases.empty() || (cases.front() >= 1 && cases.back() <= parts.state.iNumCases));
+  EXPECT_EQ(cases.empty(), parts.cases.current() == 0);
+  for (const Display& entry : displayList()) {
+    if (parts.state.iDisplayState(entry.id.iCategory, entry.id.iIndex) != displayShown) continue;
+    const DisplayWindow& display = parts.displays.display(entry);
+    if (display.GraphPointer) {
+      EXPECT_EQ(display.GraphPointer->lit().cases, cases) << display.name();
+    }
+    const auto* table = dynamic_cast<const TableWindow*>(&display);
+    if (!table || !entry.listsCases) continue;
+    std::vector<int> lit;
+    for (const int row : table->grid().litRows())
+      lit.push_back(std::stoi(table->grid().text(row, 1)));
+    EXPECT_EQ(lit, cases) << display.name();
+  }
+  if (!parts.caseWindow.visible() || !parts.notes.examination()) return;
+  EXPECT_EQ(parts.caseWindow.lblCases.caption(),
+            cases.empty() ? "No case" : namesOfCases(parts.state, cases));
 }
 
 void expectSoundRecord(const AnalysisState& state) {

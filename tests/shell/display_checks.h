@@ -16,6 +16,9 @@ namespace tolmer::test {
 // the panel's controls do not fit the plots on the screen.
 void expectSoundQuadrants(ShellParts& parts);
 
+// Fails the test where a shown display lights other cases than the selected ones, which exist.
+void expectSelectedCasesLit(ShellParts& parts);
+
 // Fails the test where a shown display differs from one that is drawn anew from the state. What was
 // drawn anew is kept until the next fit, for a while.
 class FreshDisplays {

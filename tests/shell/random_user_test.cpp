@@ -48,7 +48,7 @@ class RandomUser {
     if (testing::Test::HasFailure()) ADD_FAILURE() << story();
   }
 
-  int programs = 0, fits = 0, fitsOfOwnData = 0;
+  int programs = 0, fits = 0, fitsOfOwnData = 0, selections = 0;
   std::map<std::string, int> seen;  // modal windows and titles of boxes, how often
 
  private:
@@ -95,8 +95,8 @@ class RandomUser {
   }
 
   bool isCompanion(const Window* window) {
-    return window == &parts().notesWindow || window == &parts().predictWindow ||
-           window == &parts().modelsWindow;
+    return window == &parts().notesWindow || window == &parts().caseWindow ||
+           window == &parts().predictWindow || window == &parts().modelsWindow;
   }
   // The main window, or one of those that wait for nobody.
   Window& besideTheWork() {
@@ -277,6 +277,8 @@ class RandomUser {
           << window->name() << " is still open";
     EXPECT_FALSE(run_->okWaits) << "the notebook's OK opened nothing";
     expectSoundQuadrants(parts());
+    expectSelectedCasesLit(parts());
+    selections += parts().cases.empty() ? 0 : 1;
     checkPanel();
     checkNotes();
     if (state().iCompletedFits != run_->fits) checkNewFit();
@@ -353,6 +355,7 @@ TEST_P(RandomUserTest, FindsTheWholeProgramSound) {
   EXPECT_GT(user.programs, 2);
   EXPECT_GT(user.fits, 50);
   EXPECT_GT(user.fitsOfOwnData, 1);
+  EXPECT_GT(user.selections, 1000) << "looks with cases selected";
   for (const char* name :
        {"frmNotebook", "frmModelDesign", "frmShowData", "frmDataEditor", "frmTextImport", "frmHint",
         "frmAbout", "frmFileError", "frmSampleOnly", "frmReport"})
