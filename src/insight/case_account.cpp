@@ -35,7 +35,7 @@ TableContent valuesOfOne(const AnalysisState& state, const SecondFit* fit, int i
   TableContent table(1 + variables + (fit ? 1 + static_cast<int>(measures.size()) : 0), 3);
   table.heading(1, 1, "", Align::left);
   table.heading(1, 2, "Value", Align::right);
-  table.heading(1, 3, "Among all cases", Align::left);
+  table.heading(1, 3, "By size, among all cases", Align::left);
   int row = 1;
   const auto add = [&](const std::string& name, std::string value, const std::string& words) {
     table.text(++row, 1, name, Align::left);
