@@ -4,6 +4,7 @@
 #include <numeric>
 
 #include "base/sentence_parts.h"
+#include "engine/decimals_choice.h"
 #include "engine/picture_text.h"
 #include "insight/change_words.h"
 #include "insight/influence.h"
@@ -78,6 +79,12 @@ TableContent valuesOfSeveral(const AnalysisState& state, const SecondFit* fit,
   return fit ? beside(residuals, only(influenceTable(state, *fit))) : residuals;
 }
 
+// With as many digits as the table of the analysis of variance shows.
+std::string errorText(double value) {
+  const auto single = static_cast<float>(value);
+  return formatNumber(value, FindFormatStringValue(single, 5, 8, true, false, true, false));
+}
+
 TableContent comparedFits(const SecondFit& before, const WithoutCases& after, bool isOne) {
   TableContent table(static_cast<int>(after.terms.size()) + 3, 5);
   table.heading(1, 1, "", Align::left);
@@ -95,9 +102,14 @@ TableContent comparedFits(const SecondFit& before, const WithoutCases& after, bo
   for (const TermChange& term : after.terms)
     add(term.name,
         {&term.coefficientBefore, &term.coefficientAfter, &term.errorBefore, &term.errorAfter});
-  const ModelFigures &one = before.model, &other = after.fit.model;
-  add("Standard error", {&one.standardError, &other.standardError});
-  add("R-squared", {&one.rSquared, &other.rSquared});
+  const auto addModel = [&](const char* name, Figure ModelFigures::*figure, const auto& textOf) {
+    add(name, {});
+    table.figure(row, 2, textOf((before.model.*figure).value), Align::right);
+    table.figure(row, 3, textOf((after.fit.model.*figure).value), Align::right);
+  };
+  addModel("Standard error", &ModelFigures::standardError, errorText);
+  addModel("R-squared", &ModelFigures::rSquared,
+           [](double value) { return formatNumber(value, "0.0000"); });
   return table;
 }
 
