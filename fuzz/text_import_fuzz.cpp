@@ -1,5 +1,5 @@
-// Bytes as a text file and as the clipboard's text, with any answers. The first two bytes choose
-// where it lands and what is answered.
+// Bytes as a text file and as the clipboard's text, with any answers, and of a large table any
+// variables and cases. The first two bytes choose where it lands and what is answered.
 #include <cmath>
 #include <cstdint>
 #include <cstdlib>
@@ -28,6 +28,20 @@ ImportAnswers answersOf(std::uint8_t choice, const ImportPreview& preview) {
   return answers;
 }
 
+ImportChoice choiceOf(std::uint8_t choice, const ImportPreview& preview) {
+  ImportChoice chosen{.columns = std::set<int>()};
+  for (const ImportVariable& variable : preview.variables) {
+    const bool fits = static_cast<int>(chosen.columns->size()) < preview.roomForVariables;
+    if (fits && (variable.column + choice) % 3 > 0) chosen.columns->insert(variable.column);
+    if (!variable.uses.empty())
+      chosen.uses[variable.column] = variable.uses[choice % variable.uses.size()];
+  }
+  constexpr CaseChoice::Way ways[] = {CaseChoice::Way::first, CaseChoice::Way::every,
+                                      CaseChoice::Way::where};
+  chosen.cases = CaseChoice{ways[choice % 3], 1 + choice % 5, "a >= 1"};
+  return chosen;
+}
+
 void check(const ImportedTable& table, const ImportTarget& target) {
   const int rows = table.cells.lastRow() + 1;
   const int columns = table.cells.lastColumn() + 1;
@@ -54,16 +68,20 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
   if (!import) return 0;
   // An answer may raise other questions, but not without end.
   ImportAnswers answers;
-  for (int round = 0; round < 4; ++round) {
-    const auto preview = import->preview(answers);
+  ImportChoice choice;
+  for (int round = 0; round < 8; ++round) {
+    const auto preview = import->preview(answers, choice);
     if (!preview) return 0;
     const std::size_t before = answers.size();
     answers.merge(answersOf(data[1], *preview));
-    if (answers.size() == before) break;
+    if (answers.size() > before) continue;
+    const bool wants = !preview->mustChoose.empty() || (data[0] & 64);
+    if (choice.columns || !wants) break;
+    choice = choiceOf(data[1], *preview);
   }
-  const auto preview = import->preview(answers);
+  const auto preview = import->preview(answers, choice);
   if (!preview) return 0;
-  if (!preview->isAnswered()) std::abort();
-  if (const auto table = import->apply(answers)) check(*table, target);
+  if (!preview->isAnswered() && preview->mustChoose.empty()) std::abort();
+  if (const auto table = import->apply(answers, choice)) check(*table, target);
   return 0;
 }

@@ -122,8 +122,15 @@ void frmVariableChoice::wire() {
   txtFind.Changed = [this] { listVariables(); };
   numEvery.Changed = [this] { optEvery.setValue(true); };
   txtWhere.Changed = [this] { optWhere.setValue(true); };
-  for (OptionButton* option : {&optFirst, &optEvery, &optWhere})
-    option->Click = [this] { showState(); };
+  optFirst.Click = [this] { showState(); };
+  optEvery.Click = [this] {
+    showState();
+    numEvery.setFocus();
+  };
+  optWhere.Click = [this] {
+    showState();
+    txtWhere.setFocus();
+  };
   cmdAll.Click = [this] { tickShown(true); };
   cmdNone.Click = [this] { tickShown(false); };
   cmboUse.Click = [this] { cmboUse_Click(); };

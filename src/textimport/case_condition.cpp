@@ -56,6 +56,7 @@ std::optional<double> valueOf(std::string_view text) {
 
 Result<CaseCondition> CaseCondition::of(std::string_view text,
                                         const std::vector<std::string>& names) {
+  if (trimmed(text).empty()) return Error{"", "nothing is written, such as Age >= 18"};
   CaseCondition condition;
   for (const std::string_view part : partsOf(text)) {
     auto comparison = comparisonOf(part, names);

@@ -298,14 +298,16 @@ void ImportFindings::tellUnfit(const std::vector<int>& columns) {
   }
   if (names.empty()) return;
   const ImportVariable& first = variable(columns[0]);
-  const std::string many = first.different >= mostDifferent
+  // Of the chosen cases, which may all be alike.
+  const auto different = static_cast<int>(categoriesOf(columns[0]).size());
+  const std::string many = different >= mostDifferent
                                ? "more than " + std::to_string(mostDifferent - 1)
-                               : std::to_string(first.different);
+                               : std::to_string(different);
   const std::string why =
       names.size() > 1 ? "words that make no dummy variables: too many different ones, or one alone"
-      : first.different == 1 ? "one word alone"
-                             : many + " different words in " + std::to_string(first.values) +
-                                   " cases, too many for dummy variables";
+      : different == 1 ? "one word alone"
+                       : many + " different words in " + std::to_string(first.values) +
+                             " cases, too many for dummy variables";
   notes_.push_back(listed(names) + (names.size() == 1 ? " holds " : " hold ") + why +
                    (names.size() == 1 ? ". It is left out." : ". They are left out."));
 }

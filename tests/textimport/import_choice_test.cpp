@@ -65,8 +65,7 @@ TEST(ImportChoice, wordsBecomeDummiesOfAllCategoriesButTheReference) {
       HasSubstr("Region comes as 2 dummy variables, \"Region: North\" to \"Region: South\", "
                 "all 0 for East.\nSmoker comes as \"Smoker\": 1 for yes, 0 for no.\n"));
   const auto table = import->apply({});
-  EXPECT_EQ(table->labels[1], "(1 = North, 0 = another (reference East))");
-  EXPECT_EQ(table->labels[4], "(1 = m, 0 = f)");
+  EXPECT_EQ(table->variables[4].valueLabels[1].label, "m");
 }
 
 TEST(ImportChoice, theFirstColumnIsLabelsOnlyByAnOffer) {
@@ -143,6 +142,8 @@ TEST(ImportChoice, casesAreTheFirstOrEveryOrThoseThatMeetACondition) {
       cases(Way::where, 1, "Region <> South"),
       "500 to 749: Of 1200 cases 800 meet \"Region <> South\", and the first 500 of them were "
       "taken; 700 were not.");
+  EXPECT_THAT(told(*import, {.cases = CaseChoice{Way::where, 1, "Region = South"}}),
+              HasSubstr("Region holds one word alone. It is left out."));
   for (const auto& [condition, error] : std::vector<std::pair<std::string, std::string>>{
            {"Age > 200", "No case meets the condition."},
            {"Size > 1", "The condition: there is no variable \"Size\"."},
