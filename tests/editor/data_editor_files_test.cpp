@@ -406,7 +406,7 @@ TEST_F(DataEditorFiles, AWorkbookIsAskedAboutAndLandsInTheSheet) {
 
 TEST_F(DataEditorFiles, WhatIsSaidOfTheDataStaysWithTheSheet) {
   const auto answerAll = [&] {
-    for (int i = 1; i <= 15; ++i) {
+    for (int i = 1; i <= 19; ++i) {
       const std::string name = "cmboAnswer(" + std::to_string(i) + ")";
       auto& box = user.get<ComboBox>("frmTextImport", name);
       if (box.visible() && box.listIndex() < 0)
