@@ -3,12 +3,14 @@
 #include <cstdint>
 #include <cstdlib>
 
+#include "base/text_encoding.h"
 #include "textimport/html_table.h"
 #include "textimport/text_table.h"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
   using namespace tolmer;
-  const auto table = tableOfHtml({reinterpret_cast<const char*>(data), size});
+  const std::string html = utf8FromFile({reinterpret_cast<const char*>(data), size});
+  const auto table = tableOfHtml(html);
   if (!table) return 0;
   auto text = foreignText(table->text);
   if (!text) return 0;  // a zero byte

@@ -43,12 +43,10 @@ std::string missingText(int incomplete) {
          "Editor.";
 }
 
-// "Sold houses. Source: houses.dta (Stata)"
 std::vector<std::string> descriptionOf(const SheetContent& sheet) {
   if (!isDescribed(sheet)) return {};
   std::vector<std::string> description = sheet.labels;
-  std::string& about = description.front() = sheet.title == newTitle ? "" : sheet.title;
-  if (!sheet.source.empty()) about += (about.empty() ? "Source: " : ". Source: ") + sheet.source;
+  description.front() = aboutData(sheet);
   return description;
 }
 

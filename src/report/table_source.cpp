@@ -81,7 +81,7 @@ CutBook bookOf(const SheetContent& sheet) {
   CutBook book{.format = "zmm", .sheets = {{"", false, true}}};
   CutTable& table = book.table;
   table.namesApart = true;
-  table.title = sheet.title == newTitle ? "" : sheet.title;
+  table.title = aboutData(sheet);
   for (int column = 0; column <= sheet.variables(); ++column) {
     if (!columnIsUsed(sheet, column)) continue;
     const std::string& heading = sheet.cells(0, column).text;

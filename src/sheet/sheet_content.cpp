@@ -42,6 +42,13 @@ bool isDescribed(const SheetContent& content) {
                      [](const std::string& label) { return !label.empty(); });
 }
 
+std::string aboutData(const SheetContent& content) {
+  std::string about = content.title == newTitle ? "" : content.title;
+  if (!content.source.empty())
+    about += (about.empty() ? "Source: " : ". Source: ") + content.source;
+  return about;
+}
+
 int lastUsedRow(const SheetContent& content) {
   int row = content.observations();
   while (row > 0 && !isUsed(content, row)) --row;

@@ -55,6 +55,8 @@ struct SheetContent {
 bool isUsed(const SheetContent& content, int row);
 // Whether it says more of its data than names and title.
 bool isDescribed(const SheetContent& content);
+// A title of the user's and the source: "Sold houses. Source: houses.dta (Stata)".
+std::string aboutData(const SheetContent& content);
 // The last used case; 0 where there is none.
 int lastUsedRow(const SheetContent& content);
 

@@ -82,6 +82,17 @@ class DataEditorFiles : public EditorVisit {
       actions();
     });
   }
+  // Takes the first answer to each question of the import that waits for one.
+  void answerAll() {
+    for (int i = 1;; ++i) {
+      const std::string name = "cmboAnswer(" + std::to_string(i) + ")";
+      const auto* box = dynamic_cast<ComboBox*>(user.window("frmTextImport").find(name));
+      if (!box) break;
+      if (box->visible() && box->listIndex() < 0)
+        user.choose("frmTextImport", name, box->items().at(0));
+    }
+    user.click("frmTextImport", "cmdOK");
+  }
   std::function<void()> presses(const std::string& button) {
     return [this, button] { user.click("frmFileError", button); };
   }
@@ -387,15 +398,7 @@ TEST_F(DataEditorFiles, AnotherProgramsFileIsNamedByItsContentAndTheSheetStands)
 TEST_F(DataEditorFiles, AWorkbookIsAskedAboutAndLandsInTheSheet) {
   visit([&] {
     opens(TOLMER_SOURCE_DIR "/fuzz/corpus/foreign_file/xlsxwriter.xlsx");
-    script.window("frmTextImport", [&] {
-      for (int i = 1; i <= 19; ++i) {
-        const std::string name = "cmboAnswer(" + std::to_string(i) + ")";
-        auto& box = user.get<ComboBox>("frmTextImport", name);
-        if (box.visible() && box.listIndex() < 0)
-          user.choose("frmTextImport", name, box.items().at(0));
-      }
-      user.click("frmTextImport", "cmdOK");
-    });
+    script.window("frmTextImport", [&] { answerAll(); });
     click("cmdOpen");
     EXPECT_EQ(shown(0, 1), "size");
     EXPECT_EQ(shown(1, 0), "Oslo");
@@ -405,18 +408,9 @@ TEST_F(DataEditorFiles, AWorkbookIsAskedAboutAndLandsInTheSheet) {
 }
 
 TEST_F(DataEditorFiles, WhatIsSaidOfTheDataStaysWithTheSheet) {
-  const auto answerAll = [&] {
-    for (int i = 1; i <= 19; ++i) {
-      const std::string name = "cmboAnswer(" + std::to_string(i) + ")";
-      auto& box = user.get<ComboBox>("frmTextImport", name);
-      if (box.visible() && box.listIndex() < 0)
-        user.choose("frmTextImport", name, box.items().at(0));
-    }
-    user.click("frmTextImport", "cmdOK");
-  };
   visit([&] {
     opens(TOLMER_SOURCE_DIR "/fuzz/corpus/foreign_file/haven14.dta");
-    script.window("frmTextImport", answerAll);
+    script.window("frmTextImport", [&] { answerAll(); });
     click("cmdOpen");
     const SheetContent& content = editor.sheet().content();
     EXPECT_EQ(content.source, "haven14.dta (Stata)");
@@ -442,7 +436,7 @@ TEST_F(DataEditorFiles, WhatIsSaidOfTheDataStaysWithTheSheet) {
     script.box(clearAnyway, Answer::ok);
     choose("File/New");
     go(0, 1);
-    script.window("frmTextImport", answerAll);
+    script.window("frmTextImport", [&] { answerAll(); });
     choose("Edit/Paste");
     EXPECT_EQ(editor.sheet().value(1, 2), 2);
     EXPECT_EQ(content.source, "pasted on " + today());

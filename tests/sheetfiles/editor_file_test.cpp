@@ -263,7 +263,8 @@ TEST_F(EditorFile, textDataGoOutAndComeBackExactly) {
   for (const char separator : {',', '\t'}) {
     ASSERT_FALSE(writeFileAtomically(name, sheetText(sheet, separator)));
     const auto table =
-        TextImport::read(*readWholeFile(name), {.observations = 500, .variables = 50})->apply({});
+        TextImport::read(*readWholeFile(name), {.observations = 500, .variables = 50})
+            ->apply({{ImportDoubt::labels, 0}});
     ASSERT_TRUE(table) << table.error().message();
     EXPECT_EQ(table->headings,
               (std::vector<std::string>{"Town", "name 1", "name 2", "name 3", "name 4"}));
