@@ -379,6 +379,7 @@ void frmVariableChoice::Form_Resize() {
   cmdNone.setPlace({cmdAll.right() + gap, top, pixels(88), fieldHeight});
   top = txtFind.bottom() + gap;
   const Twips below = 2 * gap + 2 * line + fieldHeight + gap + casesHeight + gap + 2 * line + gap;
+  setLeastInner({leastWidth, top + leastGrid + below});
   const Twips gridHeight = std::max(innerHeight() - top - below, leastGrid);
   spdVariables.setPlace({dialogMargin, top, inside, gridHeight});
   const Twips bar = desktop().scrollBarThickness();
