@@ -78,7 +78,8 @@ void frmNotebook::placeControls(Twips side, Twips beside, Twips pageHeight) {
   tbNoteBook.setPlace({around, margin, container.width + 2 * side, book.height - less});
   // On a narrow book the bar beside the page needs more of the margins than the other side.
   const Twips bar = desktop().scrollBarThickness() + pixels(3);
-  picPageView.setPlace({std::min(side, 2 * side - bar), TabBook::tabHeight + pixels(10), container.width, pageHeight});
+  picPageView.setPlace({std::min(side, 2 * side - bar), TabBook::tabHeight + pixels(10),
+                        container.width, pageHeight});
   fitPage();
   placeFoot(picPageView.bottom() + pixels(4));
   placeButtons();
@@ -264,7 +265,9 @@ void frmNotebook::declareKeys() {
   const auto moves = [this](int code, float ofView) {
     takeKey(
         {code, Held::no, Held::no, Held::no}, [this, ofView] { page_.moveBy(ofView); },
-        [this] { return page_.scrolls() && !(focus() && focus()->kind() == ControlKind::outline); });
+        [this] {
+          return page_.scrolls() && !(focus() && focus()->kind() == ControlKind::outline);
+        });
   };
   moves(keys::pageDown, 0.9F);
   moves(keys::pageUp, -0.9F);

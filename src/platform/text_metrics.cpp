@@ -1,7 +1,7 @@
 #include "platform/text_metrics.h"
 
-#include <cctype>
 #include <algorithm>
+#include <cctype>
 #include <cmath>
 
 #include "platform/font_advances.h"

@@ -71,7 +71,7 @@ void releaseRight(Control& control) {
 }
 
 bool turnWheel(Control& control, float lines) {
-  constexpr std::array own{ControlKind::outline,   ControlKind::grid,    ControlKind::textBox,
+  constexpr std::array own{ControlKind::outline,   ControlKind::grid,     ControlKind::textBox,
                            ControlKind::numberBox, ControlKind::comboBox, ControlKind::scrollBar};
   if (std::ranges::find(own, control.kind()) != own.end()) return false;
   for (Control* target = &control; target; target = target->parent()) {

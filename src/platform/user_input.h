@@ -10,8 +10,8 @@ namespace tolmer {
 class Desktop;
 
 // The taken key that this one means at the control with the focus: of the control's own, else of
-// its window's, else of the frame's around that, else of the desktop's. Null where it is left to the control. Its work is
-// to be raised.
+// its window's, else of the frame's around that, else of the desktop's. Null where it is left to
+// the control. Its work is to be raised.
 const TakenKey* takenKey(Control& focus, const KeyPress& key);
 
 // The same where no control has the focus.

@@ -76,9 +76,9 @@ QColor tinted(const QStyleOption& option, QColor base) {
 void drawChevron(QPainter& painter, QPointF middle, QColor colour, double scale = 1) {
   painter.setPen(QPen(colour, 1.5 * scale, Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
   painter.setBrush(Qt::NoBrush);
-  painter.drawPolyline(QPolygonF({middle + scale * QPointF(-3.5, -1.5),
-                                  middle + scale * QPointF(0, 2),
-                                  middle + scale * QPointF(3.5, -1.5)}));
+  painter.drawPolyline(
+      QPolygonF({middle + scale * QPointF(-3.5, -1.5), middle + scale * QPointF(0, 2),
+                 middle + scale * QPointF(3.5, -1.5)}));
 }
 
 // The sign on a maximise or restore button.

@@ -30,7 +30,8 @@ QFont toQt(const Font& font, float scale) {
   result.setBold(font.bold);
   // Serif letters are large here; fitting them to the pixels would cost time and spoil their
   // shapes. Of other sizes than the usual ones it would make texts wider than they were measured.
-  if (font.family == FontFamily::serif || scale != 1) result.setHintingPreference(QFont::PreferNoHinting);
+  if (font.family == FontFamily::serif || scale != 1)
+    result.setHintingPreference(QFont::PreferNoHinting);
   return result;
 }
 

@@ -35,7 +35,9 @@ Qt::WindowFlags flagsOf(const Window& window) {
 class ScrolledInside {
  public:
   ScrolledInside(QWidget& dialog, QWidget& body)
-      : scroller_(new QScrollArea(&dialog)), strip_(new QWidget(&dialog)), foot_(new QWidget(strip_)) {
+      : scroller_(new QScrollArea(&dialog)),
+        strip_(new QWidget(&dialog)),
+        foot_(new QWidget(strip_)) {
     scroller_->setFrameShape(QFrame::NoFrame);
     scroller_->setFocusPolicy(Qt::NoFocus);
     scroller_->setWidget(&body);
@@ -116,7 +118,12 @@ class DialogPeer : public WindowPeer {
     const QSize room = screenPlace().size() - bars();
     if (window().sizable()) {
       const QSize wanted = toPixels(window().place(), scale()).size();
-      const QSize shown = wanted.boundedTo(room);
+      const QSize least = toPixels(window().leastInner(), scale());
+      // An upright bar shall not ask for another one.
+      const int withBar = wanted.boundedTo(room).height() < least.height()
+                              ? least.width() + toPixel(bar(), scale())
+                              : 0;
+      const QSize shown = wanted.expandedTo({withBar, 0}).boundedTo(room);
       if (window().state() != WindowState::maximised) dialog_->resize(shown + menu());
       if (shown != wanted) report(shown);
     } else {
@@ -128,8 +135,9 @@ class DialogPeer : public WindowPeer {
     // Nothing reaches beyond the right or lower edge of the screen.
     const QSize shown = dialog_->size() - menu();
     const QPoint wanted = corner();
-    dialog_->move(screenPlace().topLeft() + QPoint(std::min(wanted.x(), room.width() - shown.width()),
-                                                   std::min(wanted.y(), room.height() - shown.height())));
+    dialog_->move(screenPlace().topLeft() +
+                  QPoint(std::min(wanted.x(), room.width() - shown.width()),
+                         std::min(wanted.y(), room.height() - shown.height())));
     if (window().sizable()) followState();
   }
 
@@ -139,8 +147,8 @@ class DialogPeer : public WindowPeer {
   }
 
   Twips bar() const {
-    return toTwips(
-        QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, dialog_), scale());
+    return toTwips(QApplication::style()->pixelMetric(QStyle::PM_ScrollBarExtent, nullptr, dialog_),
+                   scale());
   }
 
   QSize menu() const { return {0, menuHeight()}; }

@@ -151,9 +151,7 @@ class FrameWindowPeer : public WindowPeer {
   void reportInner() {
     if (!main_->isVisible() || main_->isMinimized()) return;
     const QSize inner = main_->area().viewport()->size();
-    mirror_.gate.enter([this, inner] {
-      frame_.reportInnerSize(toTwips(inner, scale()));
-    });
+    mirror_.gate.enter([this, inner] { frame_.reportInnerSize(toTwips(inner, scale())); });
   }
 
   // None is active while another window of the program is: no news for the model.

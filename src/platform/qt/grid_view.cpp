@@ -154,8 +154,7 @@ QRect GridView::cellRect(CellPosition cell) const {
 QRect GridView::placeOf(const CellBlock& block) const {
   if (block.row > block.row2 || block.col > block.col2) return {};
   const Span rows = shownSpan(rowAxis(), block.row, block.row2, verticalScrollBar()->value());
-  const Span cols =
-      shownSpan(colAxis(), block.col, block.col2, horizontalScrollBar()->value());
+  const Span cols = shownSpan(colAxis(), block.col, block.col2, horizontalScrollBar()->value());
   return {QPoint(cols.from, rows.from), QPoint(cols.to, rows.to)};
 }
 

@@ -49,9 +49,7 @@ class BookTabs : public QTabBar {
 
  protected:
   // Asked for often, and measuring is slow.
-  void tabInserted(int index) override {
-    wanted_.insert(index, wantedWidth(index));
-  }
+  void tabInserted(int index) override { wanted_.insert(index, wantedWidth(index)); }
   QSize tabSizeHint(int index) const override {
     const int wanted = wanted_.value(index);
     const int sum = std::accumulate(wanted_.begin(), wanted_.end(), 0);
