@@ -20,6 +20,7 @@ class DisplayHost {
   virtual void controlsDisabled() = 0;   // of the control panel: no scatter plot has the focus
   virtual void controlsEnabled() = 0;    // for the scatter plot iCurrentPlot
   virtual void axisListsDisabled() = 0;  // the two lists of the control panel alone
+  virtual void scatterPlotDrawn() {}     // it shows its axes and the options as they are now
   // The right-click menu for frmCurrentDisplay.
   virtual void openDisplayMenu() = 0;
   // What is known by now of cells of the display.
@@ -32,7 +33,7 @@ class DisplayHost {
 
 // Shows the content of a display, which it takes anew from the analysis state at each update. Of
 // the state it writes only the guard of its own resizing, frmCurrentDisplay and, if it is a scatter
-// plot, iCurrentPlot.
+// plot, iCurrentPlot and what it has drawn.
 class DisplayWindow : public Window {
  public:
   DisplayWindow(Desktop& desktop, AnalysisState& state, DisplayHost& host, const Display& display);

@@ -1,6 +1,7 @@
 #include "displaywindows/graph_window.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <utility>
 
 #include "base/sentence_parts.h"
@@ -51,6 +52,7 @@ void GraphWindow::drawDisplay() {
   if (!hasFit(state_)) return;
   shown_ = std::get<GraphContent>(content(graph_.viewSize()));
   graph_.show(std::move(shown_.plot), marksOfBars(shown_));
+  graph_.setTip(shown_.tip);
   graph_.setAccessibleDescription(shown_.description);
   showCases();
 }
@@ -91,6 +93,16 @@ ScatterWindow::ScatterWindow(Desktop& desktop, AnalysisState& state, DisplayHost
     : GraphWindow(desktop, state, host, display) {
   Activate = [this] { UpdateControls(); };
   ScatterWindow::UpdateControls();
+}
+
+void ScatterWindow::drawDisplay() {
+  GraphWindow::drawDisplay();
+  const auto plot = static_cast<std::size_t>(display_.id.iIndex);
+  state_.iSavedPlotXVar[plot] = state_.iPlotXVar[plot];
+  state_.iSavedPlotYVar[plot] = state_.iPlotYVar[plot];
+  state_.bDrawnRegressionLine[plot] = state_.bShowRegressionLine;
+  state_.bDrawnCorrelation[plot] = state_.bShowCorrelation;
+  host_.scatterPlotDrawn();
 }
 
 void ScatterWindow::UpdateControls() {

@@ -37,6 +37,9 @@ class ScatterWindow : public GraphWindow {
   ScatterWindow(Desktop& desktop, AnalysisState& state, DisplayHost& host, const Display& display);
 
   void UpdateControls() override;
+
+ protected:
+  void drawDisplay() override;
 };
 
 }  // namespace tolmer

@@ -99,11 +99,14 @@ void TableWindow::drawDisplay() {
   grid_.setScrollBars(ScrollBars::none);
   grid_.setSelectionMode(SelectionMode::none);
   grid_.setSheet(gridSheet(table_));
+  std::vector<CellRemark> wholeNames;
+  for (const auto& [row, col, tName] : table_.wholeNames) wholeNames.push_back({{row, col}, tName});
+  grid_.setWholeTexts(std::move(wholeNames));
   showRemarks();
   showCases();
   grid_.freeze(1, table_.fixedColumns);
   chooseFont();
-  fillRoom(grid_, {innerWidth(), innerHeight()}, desktop().scrollBarThickness());
+  fillRoom(grid_, {innerWidth(), innerHeight()}, desktop().scrollBarThickness(), table_.partingRow);
   PositionControls();
 }
 

@@ -32,6 +32,7 @@ struct GraphContent {
   std::vector<PlottedBar> bars;
   PlottedAxis x{};
   PlottedAxis y{};
+  std::string tip{};  // for a pointer that rests on it; mostly empty
 };
 
 // Flags of DrawingView::GSRText by use.

@@ -90,7 +90,7 @@ void drawAxes(Plot& plot, const Classes& classes) {
   GraphSettings& settings = plot.settings;
   const auto first = classes.iClassCount.begin() + 1;
   const auto last = first + static_cast<std::ptrdiff_t>(classes.sLimits.size()) - 1;
-  setScaledAxis(settings.y, ComputeScale(0, *std::max_element(first, last)), 0);
+  setCountAxis(settings.y, ComputeScale(0, *std::max_element(first, last)));
   setScaledAxis(settings.x, classes.axis, axisShift(classes.axis.sAxisMin));
   settings.x.title = classes.axisTitle;
   settings.y.title = "Frequency";

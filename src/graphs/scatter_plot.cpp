@@ -294,11 +294,14 @@ double ScatterPlot::viewHeight(double dResidual) const {
 void ScatterPlot::drawBand(double dStdErrs, const char* tText) {
   const double left = plot_.SDKInfo(7);
   const double right = left + plot_.SDKInfo(5);
-  const double bottom = plot_.SDKInfo(8);
+  const double lowest = plot_.SDKInfo(8) + 1;
+  const double highest = plot_.SDKInfo(8) + plot_.SDKInfo(6) - 1;
   const double y = viewHeight(dStdErrs * state_.Fit.sStdErr);
   DrawingView& view = plot_.GSUseView();
-  if (y > bottom && y < bottom + plot_.SDKInfo(6))
-    view.GSLineAbs(left, y, right, y, 1, 2, palette::brightRed);
+  // A band that the scale ends at is seen beside the frame: its words never stand without it.
+  const double line = std::clamp(y, lowest, highest);
+  if (!(std::abs(y - line) <= 1 + 0.01 * plot_.SDKInfo(6))) return;
+  view.GSLineAbs(left, line, right, line, 1, 2, palette::brightRed);
   view.GSRText(right, y, overlayText::plain, tText);
 }
 

@@ -45,6 +45,16 @@ std::vector<PlottedBar> barsOf(const AnalysisState& state) {
   return bars;
 }
 
+// What the names beside the bars are cut from, a line each.
+std::string cutNames(const AnalysisState& state) {
+  std::string names;
+  for (int i = 1; i <= state.iNumPredictors; ++i)
+    if (const std::string& name = predictorName(state, i);
+        utf8Prefix(name, nameLength) < name.size())
+      names += (names.empty() ? "" : "\n") + name;
+  return names;
+}
+
 void DrawVIFBarChart(Plot& plot, const std::vector<PlottedBar>& bars) {
   plot.settings.graphType = GraphType::horizontalBars;
   plot.setNumPoints(static_cast<int>(bars.size()));
@@ -78,6 +88,16 @@ void OverlayReferenceLines(Plot& plot) {
   const std::string caption = "Variance Inflation Factor (log 10)";
   const double captionLeft = (width - view.GSGetRTextWid(caption)) / 2 + left;
   view.GSRText(captionLeft, 10.0, overlayText::plain, caption);
+  // Above 10 a VIF is marked in the table of coefficients.
+  const double xHigh = log10Of(highVIF) * width / m + left;
+  view.GSLineAbs(xHigh, top, xHigh, bottom, 1, 2, palette::brightRed);
+}
+
+void OverlayReason(Plot& plot, const std::string& tOnly) {
+  const double middle = plot.SDKInfo(7) + plot.SDKInfo(5) / 2;
+  const double height = plot.SDKInfo(8) + plot.SDKInfo(6) / 2;
+  plot.GSUseView().GSRText(middle, height, overlayText::plain | textFlags::centred,
+                           tOnly + " is the only predictor: it overlaps with no other.");
 }
 
 std::string spokenChart(const AnalysisState& state) {
@@ -107,7 +127,8 @@ GraphContent vifChart(const AnalysisState& state, ViewSize size, MessagePort&) {
   Plot plot(size, {{200, 100, 100, 100}, false, {}, true});
   DrawVIFBarChart(plot, bars);
   OverlayReferenceLines(plot);
-  return {std::move(plot), spokenChart(state), std::move(bars)};
+  if (bars.size() == 1) OverlayReason(plot, predictorName(state, 1));
+  return {std::move(plot), spokenChart(state), std::move(bars), {}, {}, cutNames(state)};
 }
 
 }  // namespace tolmer

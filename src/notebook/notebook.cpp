@@ -183,7 +183,11 @@ void NoteBook::StartOnPage(int iSection, int iPage) {
 }
 
 void NoteBook::ShowNotebook(std::optional<int> vSection, std::optional<int> vPage) {
-  if (vSection) window().goTo(*vSection, vPage.value_or(1));
+  if (vSection)
+    window().goTo(*vSection, vPage.value_or(1));
+  else if (miLeftSection > 0)
+    window().goTo(miLeftSection, miLeftPage);
+  miLeftSection = 0;
   rememberStart();
   window().fitToScreen();
   window().tbNoteBook.setFocus();  // and on no link: Return means OK

@@ -42,6 +42,8 @@ class NoteBook {
   Int16 iDefaultSectionNumber = 0;
   Int16 iDefaultPageNumber = 0;
   Int16 iDefaultPageType = 0;
+  int miLeftSection = 0;      // by Cancel, to be opened on again; 0 for none
+  int miLeftPage = 0;         //
   Int16 miStartSection = 0;   // when the book was shown
   Int16 miStartPage = 0;      //
   Int16 miStartScenario = 0;  // option index; 0 also where there was none

@@ -9,6 +9,7 @@
 #include "base/text_encoding.h"
 #include "base/trimmed.h"
 #include "notebook/book_look.h"
+#include "notebook/kept_pages.h"
 #include "notebook/sample_only.h"
 #include "platform/desktop.h"
 
@@ -118,6 +119,7 @@ void frmNotebook::placeButtons() {
     button->setPlace({right - buttonSize.width, buttonTop, buttonSize.width, buttonSize.height});
     right -= buttonSize.width + pixels(8);
   }
+  cmdKeepBeside.setPlace({tbNoteBook.left(), buttonTop, pixels(120), buttonSize.height});
 }
 
 void frmNotebook::dressControls() {
@@ -142,6 +144,7 @@ void frmNotebook::dressControls() {
   lblNextPage.setIsLink(true);
   for (int i = 0; i < 2; ++i)
     ZMLogo(i).setFile(hostPath(nbNoteBook.tProgramFolder + "\\tolmer.svg"));
+  cmdKeepBeside.setTip("Keep this page open while you work");
   cmdOK.setDefault(true);
   cmdCancel.setCancel(true);
 }
@@ -168,6 +171,7 @@ void frmNotebook::connectEvents() {
   cmdOK.Click = [this] { cmdOK_Click(); };
   cmdCancel.Click = [this] { cmdCancel_Click(); };
   cmdHelp.Click = [this] { cmdHelp_Click(); };
+  cmdKeepBeside.Click = [this] { cmdKeepBeside_Click(); };
   tmrFlashOK.Tick = [this] { tmrFlashOK_Timer(); };
   Activate = [this] { Form_Activate(); };
   ScreenChanged = [this] { fitToScreen(); };
@@ -282,6 +286,8 @@ void frmNotebook::cmdOK_Click() {
 // Gives the book back as it was when it was shown; checks and versions stay as they are.
 void frmNotebook::cmdCancel_Click() {
   nbNoteBook.iLastAction = NoteBook::closedByCancel;
+  nbNoteBook.miLeftSection = section();
+  nbNoteBook.miLeftPage = pageNumber();
   UpdateLock still(*this);
   HideControlsOnPage();
   const int startSection = nbNoteBook.miStartSection, startPage = nbNoteBook.miStartPage;
@@ -311,6 +317,11 @@ void frmNotebook::giveBackSelection(const PageRecord& page) {
 
 void frmNotebook::cmdHelp_Click() {
   desktop().showHelp({"notebook", HelpRequest::Kind::contents, 0});
+}
+
+void frmNotebook::cmdKeepBeside_Click() {
+  desktop().keepBeside(
+      keptPages(nbNoteBook.book(), section(), pageNumber(), nbNoteBook.tProgramFolder));
 }
 
 std::vector<frmNotebook::OutlineControl> frmNotebook::build() {

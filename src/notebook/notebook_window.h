@@ -45,6 +45,7 @@ class frmNotebook : public Window {
   void cmdOK_Click();
   void cmdCancel_Click();
   void cmdHelp_Click();
+  void cmdKeepBeside_Click();
 
   NoteBook& nbNoteBook;
   TabBook tbNoteBook{this, "tbNoteBook"};
@@ -62,6 +63,7 @@ class frmNotebook : public Window {
   Button cmdOK{this, "cmdOK", "OK"};
   Button cmdCancel{this, "cmdCancel", "Cancel"};
   Button cmdHelp{this, "cmdHelp", "Help"};
+  Button cmdKeepBeside{this, "cmdKeepBeside", "&Keep Beside"};
   Timer tmrFlashOK;
   int miOutlineControlsLoaded = 0;
 

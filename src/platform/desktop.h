@@ -40,6 +40,17 @@ struct ProgramEnded {
   int status = 0;
 };
 
+// Pages to read in beside the windows, as HTML of headings, paragraphs, lists and pictures.
+struct KeptPages {
+  struct Page {
+    std::string title;
+    std::string html;  // a link "page:2" leads to the third of them
+  };
+  std::vector<Page> pages{};
+  std::size_t shown = 0;
+  std::vector<std::string> pictureFolders{};  // where the pictures lie, which have plain names
+};
+
 class Desktop : public MessagePort {
  public:
   Desktop();
@@ -81,6 +92,8 @@ class Desktop : public MessagePort {
   virtual void print(const PrintedPages& pages) = 0;
 
   virtual void showHelp(const HelpRequest& request) = 0;
+  // In a window that stays until it is closed, also while another window waits for its answer.
+  virtual void keepBeside(const KeptPages& pages) = 0;
   // False where no such window stands or the document cannot be opened.
   virtual bool activateProgram(const std::string& title) = 0;
   virtual bool openDocument(const std::string& path) = 0;

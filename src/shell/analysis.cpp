@@ -19,14 +19,14 @@ void Analysis::RunAnalysis() {
   raise(fitted);
   BuildFittedModelText();
   state_.bDisplaysReady = true;
-  if (!state_.bStartingAnalysis && RestoreInitialDisplays) RestoreInitialDisplays();
+  if (!state_.bStartingAnalysis && !bKeepDisplays) raise(RestoreInitialDisplays);
   UpdateAllDisplays();
   desktop_.doEvents();
 }
 
 void Analysis::BuildFittedModelText() {
   state_.bDisplaysReady = false;
-  panel_.showModel(fittedEquation(state_));
+  panel_.showModel(fittedEquation(state_), bKeepDisplays);
   state_.bDisplaysReady = true;
 }
 

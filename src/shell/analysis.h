@@ -22,7 +22,11 @@ class Analysis {
   // The equation's text and the scatter plots' start selection, into the panel.
   void BuildFittedModelText();
 
-  // Arranges the start layout again; not called during the first analysis.
+  // Whether quadrants and axes of scatter plots stay as they are through another fit.
+  bool bKeepDisplays = false;
+
+  // Arranges the start layout again; not called during the first analysis
+  // or where displays are kept.
   std::function<void()> RestoreInitialDisplays;
   // Another fit stands; before the displays show it.
   std::function<void()> fitted;

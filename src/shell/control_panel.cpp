@@ -27,6 +27,8 @@ constexpr Twips lowButton = pixels(26);
 constexpr Size leastInside{pixels(320) - 2 * FrameWindow::childSide - pixels(16),
                            pixels(220) - FrameWindow::childTop - FrameWindow::childSide};
 
+constexpr std::array scatterPlots{1, 2, 3};
+
 }  // namespace
 
 frmControlPanel::frmControlPanel(Desktop& desktop, AnalysisState& state)
@@ -221,8 +223,6 @@ void frmControlPanel::ControlsEnabled() {
   cmdUpdateGraphs.setEnabled(true);
 }
 
-// What was chosen for a plot and never drawn is given up when another one takes the lists: they
-// show what stands on the screen, and the flash follows that.
 void frmControlPanel::showChoices() {
   miXChoice = state_.iPlotXVar;
   miYChoice = state_.iPlotYVar;
@@ -252,13 +252,34 @@ void frmControlPanel::SaveControlState() {
 
 void frmControlPanel::CheckUpdateFlash() {
   const bool bUpToDate = miXChoice[plot()] == state_.iSavedPlotXVar[plot()] &&
-                         miYChoice[plot()] == state_.iSavedPlotYVar[plot()] &&
-                         state_.bShowRegressionLine == state_.bSavedRegressionLine &&
-                         state_.bShowCorrelation == state_.bSavedCorrelation;
-  if (bUpToDate)
+                         miYChoice[plot()] == state_.iSavedPlotYVar[plot()];
+  if (bUpToDate && std::ranges::none_of(scatterPlots, [this](int i) { return isOutOfDate(i); }))
     stopFlash();
   else
     FlashUpdate();
+}
+
+void frmControlPanel::checkAfterDrawing() {
+  if (state_.bDisplaysReady) CheckUpdateFlash();
+}
+
+bool frmControlPanel::isOutOfDate(int iPlot) const {
+  const auto i = static_cast<std::size_t>(iPlot);
+  return state_.iDisplayState(scatterDisplays, iPlot) == displayShown &&
+         (state_.iPlotXVar[i] != state_.iSavedPlotXVar[i] ||
+          state_.iPlotYVar[i] != state_.iSavedPlotYVar[i] ||
+          state_.bShowRegressionLine != state_.bDrawnRegressionLine[i] ||
+          state_.bShowCorrelation != state_.bDrawnCorrelation[i]);
+}
+
+void frmControlPanel::optionsChanged() {
+  if (!cmdUpdateGraphs.enabled()) updateOutOfDate();
+  CheckUpdateFlash();
+}
+
+void frmControlPanel::updateOutOfDate() {
+  for (const int iPlot : scatterPlots)
+    if (isOutOfDate(iPlot)) raise(updateScatterPlot, iPlot);
 }
 
 void frmControlPanel::FlashUpdate() { tmrFlashUpdate.setEnabled(true); }
@@ -282,15 +303,49 @@ void frmControlPanel::SetupChangeDataSourceButton() {
       {{}, "Error in SetupChangeDataSourceButton - bad source:" + std::to_string(source)});
 }
 
-void frmControlPanel::showModel(std::string tEquation) {
+// Of what an entry of a list filled for the model before stands at now; -1 for a variable that is
+// not in the model any more.
+int frmControlPanel::choiceNow(const ComboBox& list, Int16 iChoice) const {
+  const int K = state_.iNumPredictors;
+  const int fromEnd = static_cast<int>(list.items().size()) - iChoice;
+  if (fromEnd <= 2) return K + 3 - fromEnd;
+  for (int i = 0; i <= K; ++i)
+    if (list.items()[static_cast<std::size_t>(iChoice)] == variableName(state_, i + 1)) return i;
+  return -1;
+}
+
+void frmControlPanel::keepAxes() {
+  const auto iXBefore = state_.iPlotXVar;
+  const auto iYBefore = state_.iPlotYVar;
+  chooseStartAxes(state_);
+  for (const int iPlot : scatterPlots) {
+    const auto i = static_cast<std::size_t>(iPlot);
+    const int iX = choiceNow(cboXAxisVar, iXBefore[i]);
+    const int iY = choiceNow(cboYAxisVar, iYBefore[i]);
+    if (iX < 0 || iY < 0) continue;
+    state_.iPlotXVar[i] = static_cast<Int16>(iX);
+    state_.iPlotYVar[i] = static_cast<Int16>(iY);
+  }
+}
+
+void frmControlPanel::showModel(std::string tEquation, bool bKeepAxes) {
+  const bool bKeeps = bKeepAxes && !cboXAxisVar.items().empty();
+  const bool bIsLive = bKeeps && cmdUpdateGraphs.enabled();
   fraCurrentModel.setCaption("Fitted Model" + fitMark(state_));
   txtFittedModel.setText(std::move(tEquation));
   txtFittedModel.setVisible(true);
   txtFittedModel.setEnabled(true);
-  state_.iCurrentPlot = 1;
-  chooseStartAxes(state_);
+  if (bKeeps) {
+    keepAxes();
+  } else {
+    state_.iCurrentPlot = 1;
+    chooseStartAxes(state_);
+  }
   InitializeComboBoxes();
-  showChoices();
+  if (bIsLive)
+    ControlsEnabled();
+  else
+    showChoices();
   SetupChangeDataSourceButton();
 }
 
@@ -308,6 +363,7 @@ void frmControlPanel::cmdUpdateGraphs_Click() {
   state_.iPlotXVar[plot()] = static_cast<Int16>(cboXAxisVar.listIndex());
   state_.iPlotYVar[plot()] = static_cast<Int16>(cboYAxisVar.listIndex());
   raise(updateScatterPlot, state_.iCurrentPlot);
+  updateOutOfDate();
   SaveControlState();
   stopFlash();
 }

@@ -26,6 +26,16 @@ class frmControlPanel : public Window {
   void SaveControlState();
   // Starts the flashing if a choice is not yet on the plots, and stops it otherwise.
   void CheckUpdateFlash();
+  // Another plot stands on the screen, or shows something else.
+  void checkAfterDrawing();
+  // Whether a scatter plot stands on the screen with other axes or options than are in force.
+  bool isOutOfDate(int iPlot) const;
+  // An option of the scatter plots was changed: the button flashes, or where it cannot be pressed
+  // the plots are drawn anew.
+  void optionsChanged();
+  // What was chosen for a plot and never drawn is given up: the lists show what stands on the
+  // screen, and the flash follows that.
+  void showChoices();
   // For the scatter plot iCurrentPlot, which has taken the focus.
   void ControlsEnabled();
   void ControlsDisabled();
@@ -36,8 +46,9 @@ class frmControlPanel : public Window {
   // Fills both lists for the model in force and disables them.
   void InitializeComboBoxes();
 
-  // The fitted equation, marked after a failed fit, and the start selection of the scatter plots.
-  void showModel(std::string tEquation);
+  // The fitted equation, marked after a failed fit, and the start selection of the scatter plots,
+  // or the one they have, by names.
+  void showModel(std::string tEquation, bool bKeepAxes = false);
   void stopFlash();
 
   // The panel's commands, carried out by the main flow.
@@ -65,7 +76,9 @@ class frmControlPanel : public Window {
   void designTexts();
   void wireEvents();
   void declareLetters();
-  void showChoices();
+  void updateOutOfDate();
+  void keepAxes();
+  int choiceNow(const ComboBox& list, Int16 iChoice) const;
   void fillList(ComboBox& list, const char* last);
   bool hasRoomAsDesigned() const;
   void placeFrames();

@@ -20,6 +20,7 @@ mdiReg::mdiReg(Desktop& desktop)
       mnuShowRegression(&mnuOptions, "mnuShowRegression",
                         "Display &Regression Line on Scatterplots"),
       mnuShowCorrelation(&mnuOptions, "mnuShowCorrelation", "Display &Correlation on Scatterplots"),
+      mnuKeepDisplays(&mnuOptions, "mnuKeepDisplays", "&Keep Displays After a Refit"),
       mnuOptionsBar1(&mnuOptions, "mnuOptionsBar1", "-"),
       mnuZoomIn(&mnuOptions, "mnuZoomIn", "&Larger", {.code = keys::plus, .control = true}),
       mnuZoomOut(&mnuOptions, "mnuZoomOut", "&Smaller", {.code = keys::minus, .control = true}),
@@ -42,6 +43,7 @@ mdiReg::mdiReg(Desktop& desktop)
   mnuFilePrint.setEnabled(false);
   mnuShowRegression.setCheckable(true);
   mnuShowCorrelation.setCheckable(true);
+  mnuKeepDisplays.setCheckable(true);
   mnuEditCopy.setShortcut({.code = 'C', .control = true});
   setMenuBar(&menu);
   setFootHeight(statusHeight);

@@ -40,6 +40,7 @@ class mdiReg : public FrameWindow {
   MenuItem mnuOptions;
   MenuItem mnuShowRegression;
   MenuItem mnuShowCorrelation;
+  MenuItem mnuKeepDisplays;
   MenuItem mnuOptionsBar1;
   MenuItem mnuZoomIn;
   MenuItem mnuZoomOut;

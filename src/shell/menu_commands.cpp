@@ -52,6 +52,13 @@ void MenuCommands::wireOptions() {
   parts_.frame.mnuZoomUsual.Click = [this] { parts_.desktop.zoomToUsual(); };
   parts_.frame.mnuShowRegression.Click = [this] { mnuShowRegression_Click(); };
   parts_.frame.mnuShowCorrelation.Click = [this] { mnuShowCorrelation_Click(); };
+  parts_.frame.mnuKeepDisplays.Click = [this] { mnuKeepDisplays_Click(); };
+}
+
+void MenuCommands::mnuKeepDisplays_Click() {
+  bool& bKeep = parts_.analysis.bKeepDisplays;
+  bKeep = !bKeep;
+  parts_.frame.mnuKeepDisplays.setChecked(bKeep);
 }
 
 void MenuCommands::wireNotes() {
@@ -166,14 +173,14 @@ void MenuCommands::mnuShowRegression_Click() {
   bool& bShow = parts_.state.bShowRegressionLine;
   bShow = !bShow;
   parts_.frame.mnuShowRegression.setChecked(bShow);
-  parts_.panel.CheckUpdateFlash();
+  parts_.panel.optionsChanged();
 }
 
 void MenuCommands::mnuShowCorrelation_Click() {
   bool& bShow = parts_.state.bShowCorrelation;
   bShow = !bShow;
   parts_.frame.mnuShowCorrelation.setChecked(bShow);
-  parts_.panel.CheckUpdateFlash();
+  parts_.panel.optionsChanged();
 }
 
 }  // namespace tolmer

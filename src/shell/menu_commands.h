@@ -28,6 +28,7 @@ class MenuCommands {
   void mnuWindow_Click();
   void mnuShowRegression_Click();
   void mnuShowCorrelation_Click();
+  void mnuKeepDisplays_Click();
   void replaceActiveChild(int iCategory, int iIndex);
 
   ShellParts& parts_;

@@ -142,9 +142,11 @@ void QuadrantManager::SetDisplayMenuEnabled(int iCategory, int iIndex, bool bEna
 }
 
 void QuadrantManager::DisableScatterControlsIfNone() {
-  for (int iIndex = 1; iIndex <= 3; ++iIndex)
-    if (state_.iDisplayState(scatterDisplays, iIndex) == displayShown) return;
+  if (state_.iCurrentPlot > 0 &&
+      state_.iDisplayState(scatterDisplays, state_.iCurrentPlot) == displayShown)
+    return panel_.checkAfterDrawing();
   panel_.ControlsDisabled();
+  panel_.showChoices();
 }
 
 void QuadrantManager::showInQuadrant(int iRow, int iCol, int iCategory, int iIndex) {

@@ -35,6 +35,7 @@ class QuadrantManager {
   void SetQuadrantEntry(int iRow, int iCol, int iCategory, int iIndex);
   // In both menus.
   void SetDisplayMenuEnabled(int iCategory, int iIndex, bool bEnabled);
+  // None that the panel edits, on the screen.
   void DisableScatterControlsIfNone();
 
  private:

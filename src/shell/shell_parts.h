@@ -26,6 +26,7 @@ class PanelHost : public DisplayHost {
   void controlsDisabled() override { panel_.ControlsDisabled(); }
   void controlsEnabled() override { panel_.ControlsEnabled(); }
   void axisListsDisabled() override { panel_.DisableAxisLists(); }
+  void scatterPlotDrawn() override { panel_.checkAfterDrawing(); }
   void openDisplayMenu() override {
     if (openMenu) openMenu();
   }

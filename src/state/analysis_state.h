@@ -131,6 +131,8 @@ struct AnalysisState {
   std::array<Int16, 4> iPlotYVar{};
   std::array<Int16, 4> iSavedPlotXVar{};  // as last drawn
   std::array<Int16, 4> iSavedPlotYVar{};
+  std::array<bool, 4> bDrawnRegressionLine{};  // (1..3) what the plots last drew of the options
+  std::array<bool, 4> bDrawnCorrelation{};
 };
 
 // Whether a data set and a model stand, so that there is something to fit. The shared arrays are

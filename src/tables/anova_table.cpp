@@ -122,6 +122,7 @@ AnovaNumbers anovaNumbers(const AnalysisState& state) {
 TableContent anovaTable(const AnalysisState& state) {
   TableContent table(lastRow, pValue);
   table.frameShare = 5;
+  table.partingRow = separatorRow;
   putHeads(table);
   table.frame(separatorRow);
   if (!isAnalysed(state)) return table;

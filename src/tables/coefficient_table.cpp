@@ -61,7 +61,7 @@ void putTerm(TableContent& table, int row, const TermEstimate& term) {
     table.figure(row, col, formatNumber(value, picture), Align::right);
   };
   const std::string picture = estimatePicture(term.sCoef);
-  table.heading(row, name, shortened(term.tName), Align::left);
+  table.shortName(row, name, term.tName, Align::left);
   figure(estimate, term.sCoef, picture);
   figure(stdError, term.sCoefSE, estimatePicture(term.sCoefSE));
   figure(tValue, term.sCoefT, "0.00");

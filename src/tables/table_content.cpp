@@ -76,9 +76,11 @@ void TableContent::key(int col, CellMark mark, Align align) {
   if (has(mark)) at(rows() - 1, col) = {lookOf(mark).meaning, CellRole::key, mark, align};
 }
 
-std::string shortened(const std::string& tName) {
+void TableContent::shortName(int row, int col, const std::string& tName, Align align) {
   constexpr std::size_t longest = 10;
-  return tName.substr(0, utf8Prefix(tName, longest));
+  const std::size_t length = utf8Prefix(tName, longest);
+  heading(row, col, tName.substr(0, length), align);
+  if (length < tName.size()) wholeNames.push_back({row, col, tName});
 }
 
 }  // namespace tolmer

@@ -82,6 +82,8 @@ class TableContent {
   void heading(int row, int col, std::string text, Align align) {
     at(row, col) = {std::move(text), CellRole::heading, CellMark::none, align};
   }
+  // A variable's name, cut to its first ten characters.
+  void shortName(int row, int col, const std::string& tName, Align align);
   void text(int row, int col, std::string text, Align align) {
     at(row, col) = {std::move(text), CellRole::text, CellMark::none, align};
   }
@@ -104,10 +106,18 @@ class TableContent {
   template <class Keep>
   void keepRows(Keep keep);
 
+  // Of the names that were cut.
+  struct WholeName {
+    int row = 0;
+    int col = 0;
+    std::string tName{};
+  };
+  std::vector<WholeName> wholeNames{};
   // Lines that stand below the table on paper; its window has no room for them.
   std::vector<std::string> notes{};
   int fixedColumns = 1;  // at the left, stay when the others are scrolled
   int frameShare = 1;    // rows of the frame alone have that part of the height of others
+  int partingRow = 0;    // such a row that keeps its height in a table that fills more room
 
  private:
   std::size_t index(int row) const {
@@ -132,8 +142,5 @@ void TableContent::keepRows(Keep keep) {
   cells_ = std::move(cells);
   cases_ = std::move(cases);
 }
-
-// The first ten characters of a variable's name, where its column (row) has no room for more.
-std::string shortened(const std::string& tName);
 
 }  // namespace tolmer

@@ -73,7 +73,7 @@ void putNames(TableContent& table, const AnalysisState& state) {
   for (int i = 1; i < table.cols(); ++i) {
     const std::string& tName = variableName(state, i);
     table.heading(i + 1, 1, tName, Align::left);
-    table.heading(1, i + 1, shortened(tName), Align::centre);
+    table.shortName(1, i + 1, tName, Align::centre);
   }
 }
 

@@ -6,6 +6,7 @@
 #include <cmath>
 #include <limits>
 
+#include "graphs/axis_labels.h"
 #include "graphs/graph_fixture.h"
 #include "platform/graph/svg_writer.h"
 
@@ -56,8 +57,18 @@ TEST_F(TenResiduals, AxesHoldDataNormalExtremesAndTheFullestClass) {
   const Axis& y = gphResid.settings.y;
   EXPECT_EQ(y.minimum, 0);
   EXPECT_EQ(y.maximum, 3.5F);
-  EXPECT_THAT(y.labels, ElementsAre("0.0", "0.5", "1.0", "1.5", "2.0", "2.5", "3.0", "3.5"));
+  EXPECT_THAT(y.labels, ElementsAre("0", "", "1", "", "2", "", "3", ""));
   EXPECT_EQ(y.title, "Frequency");
+}
+
+TEST(AxisLabels, HaveTheDigitsThatTellThemApart) {
+  Axis axis;
+  setScaledAxis(axis, {1e9F, 1000, 3}, 0);
+  EXPECT_THAT(axis.labels, ElementsAre("1000000000", "1000001000", "1000002000", "1000003000"));
+  setScaledAxis(axis, {1e20F, 2e14F, 2}, 0);
+  EXPECT_THAT(axis.labels, testing::Each(testing::HasSubstr("E+20")));
+  EXPECT_NE(axis.labels[0], axis.labels[1]);
+  EXPECT_THAT(scaleTexts({0, 0}), ElementsAre("0", "0"));
 }
 
 TEST_F(TenResiduals, BarsStandBetweenTheShiftedLimits) {

@@ -143,11 +143,12 @@ TEST_F(ScatterPlot, BandsStandAtThreeStandardErrors) {
     EXPECT_EQ(texts[i].flags, 0x100);
   }
 
-  // The lower band lies on the frame: its text alone is left.
+  // The lower band lies on the frame: its line is seen beside it.
   setResiduals({-2, 1, 0.5F, -1, 2, -0.5F}, 1);
   draw(binary, residuals);
   EXPECT_EQ(settings.y.maximum, 7);
-  EXPECT_THAT(all<LineCall>(graph.overlay()), SizeIs(2));
+  ASSERT_THAT(all<LineCall>(graph.overlay()), SizeIs(3));
+  EXPECT_EQ(all<LineCall>(graph.overlay())[2].y1, graph.picture().plot.bottom + 1);
   ASSERT_THAT(all<TextCall>(graph.overlay()), SizeIs(2));
   EXPECT_EQ(all<TextCall>(graph.overlay())[1].y, graph.picture().plot.bottom);
 }

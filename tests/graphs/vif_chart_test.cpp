@@ -39,6 +39,7 @@ TEST_F(VifChart, BarsAreLogarithmsWithinTheirLimits) {
   draw({1, 0.999F, 10, 1000, 3000, 5000});
   EXPECT_THAT(bars(), ElementsAre(0, 0, 1, 3, testing::FloatEq(3.4771213F), 3.5F));
   EXPECT_THAT(graph.settings.pointLabels, ElementsAre("X1", "Außentempe", "X3", "X4", "X5", "X6"));
+  EXPECT_EQ(content.tip, "Außentemperatur");
   EXPECT_EQ(graph.settings.graphType, GraphType::horizontalBars);
   EXPECT_EQ(graph.settings.y.scaleMode, ScaleMode::userLimits);
   EXPECT_EQ(graph.settings.y.minimum, 0);
@@ -46,7 +47,8 @@ TEST_F(VifChart, BarsAreLogarithmsWithinTheirLimits) {
   EXPECT_EQ(graph.settings.pointColour, 9);
   draw({7});
   EXPECT_THAT(bars(), ElementsAre(0)) << "one predictor is collinear with nothing";
-  EXPECT_THAT(graph.settings.pointLabels, SizeIs(1));
+  EXPECT_EQ(all<TextCall>(graph.overlay()).back().text,
+            "X1 is the only predictor: it overlaps with no other.");
 }
 
 TEST_F(VifChart, ReferenceLinesStandAtTheirLogarithms) {
@@ -55,7 +57,9 @@ TEST_F(VifChart, ReferenceLinesStandAtTheirLogarithms) {
   const auto at = [&](double q) { return area.left + std::log10(q) / 3 * area.width; };
   const std::vector<int> values = {1, 2, 5, 10, 20, 50, 100, 200, 500, 1000};
   const auto lines = all<LineCall>(graph.overlay());
-  ASSERT_THAT(lines, SizeIs(9)) << "none at 1";
+  ASSERT_THAT(lines, SizeIs(10)) << "none at 1, and 10 once more";
+  EXPECT_EQ(lines[9].colour, 12);
+  EXPECT_EQ(lines[9].x1, lines[2].x1);
   const auto texts = all<TextCall>(graph.overlay());
   ASSERT_THAT(texts, SizeIs(11));
   for (std::size_t i = 0; i < values.size(); ++i) {

@@ -87,15 +87,26 @@ TEST(HelpCoverage, HasAWordOnEveryCaptionAndTitle) {
 
 TEST(HelpCoverage, TellsEveryKey) {
   const std::string page = flattened(*readWholeFile(helpFolder + "keyboard.txt"));
-  const std::map<std::string, std::string> names{{"backspace", ""},    {"deleteKey", "delete"},
-                                                 {"end", "end"},       {"enter", "enter"},
-                                                 {"escape", "esc"},    {"down", "arrows"},
-                                                 {"left", "arrows"},   {"right", "arrows"},
-                                                 {"up", "arrows"},     {"menu", "menu key"},
-                                                 {"space", "space"},   {"pageDown", "page down"},
-                                                 {"tab", "tab"},       {"pageUp", "page up"},
-                                                 {"f10", "shift+f10"}, {"home", "home"},
-                                                 {"f1", "f1"},         {"f2", "f2"}};
+  const std::map<std::string, std::string> names{{"backspace", ""},
+                                                 {"deleteKey", "delete"},
+                                                 {"end", "end"},
+                                                 {"enter", "enter"},
+                                                 {"escape", "esc"},
+                                                 {"down", "arrows"},
+                                                 {"left", "arrows"},
+                                                 {"right", "arrows"},
+                                                 {"up", "arrows"},
+                                                 {"menu", "menu key"},
+                                                 {"space", "space"},
+                                                 {"pageDown", "page down"},
+                                                 {"tab", "tab"},
+                                                 {"pageUp", "page up"},
+                                                 {"f10", "shift+f10"},
+                                                 {"home", "home"},
+                                                 {"f1", "f1"},
+                                                 {"f2", "f2"},
+                                                 {"Ctrl+PgDown", "ctrl+page down"},
+                                                 {"Ctrl+PgUp", "ctrl+page up"}};
   const auto expect = [&page](const std::string& key, const std::string& file) {
     EXPECT_NE(page.find(flattened(key)), page.npos)
         << key << " of src/" << file << " is not on the page keyboard.txt";
@@ -110,6 +121,11 @@ TEST(HelpCoverage, TellsEveryKey) {
                  chord.substr(chord.find('\'') + 1, 1),
              file);
   });
+  for (const auto& entry : fs::directory_iterator(TOLMER_SOURCE_DIR "/src/platform/qt"))
+    if (entry.path().extension() == ".cpp")
+      for (const std::string& key :
+           matches(*readWholeFile(entry.path().string()), R"re(\badd\("([^"]+)")re"))
+        expect(names.contains(key) ? names.at(key) : key, entry.path().filename().string());
 }
 
 }  // namespace

@@ -129,9 +129,27 @@ TEST_F(NotebookWindow, cancelGivesBackPageAndScenario) {
   EXPECT_EQ(noteBook.GetSelectedScenario(2, 1), 1);
   EXPECT_EQ(noteBook.LastScenarioName(), "beta");
   show([&] {
+    EXPECT_EQ(window().tbNoteBook.activePage(), 1) << "the page that was left";
+    click("lblPreviousPage");
     EXPECT_TRUE(get<OptionButton>("optScenario(1)").value());
     click("cmdOK");
   });
+}
+
+TEST_F(NotebookWindow, keepsAPageBesideWithItsStepsAsANumberedList) {
+  Book book = test::sampleBook();
+  book.uScenario[2].tDesc = "Two <steps>:\n1. Press OK.\n12. Look & write.";
+  load(book);
+  showAt(2, 1, [&] {
+    click("cmdKeepBeside");
+    EXPECT_TRUE(window().visible());
+    click("cmdCancel");
+  });
+  const KeptPages& kept = desktop.keptPages();
+  EXPECT_EQ(kept.pages[kept.shown].title, book.uSection[2].tName + ", page 1 of 3");
+  EXPECT_THAT(kept.pages[kept.shown].html,
+              testing::HasSubstr("<p>Two &lt;steps&gt;:</p><ol><li>Press OK.</li>"
+                                 "<li>Look &amp; write.</li></ol>"));
 }
 
 TEST_F(NotebookWindow, outlinesShareTheListAndKeepTheirOwnSelection) {

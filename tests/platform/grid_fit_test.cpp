@@ -62,6 +62,9 @@ TEST(GridFitTest, SpareRoomGoesToAllButTheFirst) {
   EXPECT_EQ(grid.rowHeight(3), pixels(28));
   EXPECT_EQ(grid.scrollBars(), ScrollBars::none);
   expectFilled(grid, {pixels(219), pixels(79)});
+  fillRoom(grid, {pixels(219), pixels(90)}, pixels(14), 2);
+  EXPECT_EQ(grid.rowHeight(2), pixels(27));
+  EXPECT_EQ(grid.rowHeight(3), pixels(39));
 }
 
 TEST(GridFitTest, ABarTakesItsRoomBeforeTheRestIsSpread) {

@@ -9,6 +9,7 @@
 
 #include "platform/buttons.h"
 #include "platform/qt/help_window.h"
+#include "platform/qt/kept_window.h"
 #include "support/qt_user.h"
 #include "support/script.h"
 #include "support/temp_folder.h"
@@ -180,7 +181,7 @@ TEST_F(HelpWindowTest, ShowsPicturesOfItsFolderAndSaysWhereItIsMissing) {
 }
 
 TEST(HelpPrint, WritesThePageAsADocument) {
-  HelpPage page(TOLMER_SOURCE_DIR "/course/help", nullptr);
+  HelpPage page({TOLMER_SOURCE_DIR "/course/help"}, nullptr);
   page.showPage("<h1>Title</h1><p>Text</p>", {});
   const TempFolder folder;
   const QString file = QString::fromStdString(folder.file("page.pdf"));
@@ -189,6 +190,24 @@ TEST(HelpPrint, WritesThePageAsADocument) {
   ASSERT_TRUE(written.open(QIODevice::ReadOnly));
   EXPECT_TRUE(written.readAll().startsWith("%PDF"));
   EXPECT_FALSE(page.writePdf(QString::fromStdString(folder.file("none/page.pdf"))));
+}
+
+TEST_F(HelpWindowTest, PagesKeptBesideTurnByKeysAndLinks) {
+  desktop.keepBeside(
+      {.pages = {{"One", "<p><a href=\"page:1\">on</a></p>"}, {"Two", "<p>two</p>"}}});
+  desktop.settle();
+  KeptWindow& kept = *desktop.keptWindow();
+  const auto turn = [&](Qt::Key key) {
+    QTest::keyClick(kept.windowHandle(), key, Qt::ControlModifier);
+    return kept.windowTitle().toStdString();
+  };
+  EXPECT_EQ(turn(Qt::Key_PageDown), "Two - Notebook");
+  EXPECT_EQ(turn(Qt::Key_PageDown), "Two - Notebook");
+  EXPECT_EQ(turn(Qt::Key_PageUp), "One - Notebook");
+  emit kept.findChild<HelpPage*>()->anchorClicked(QUrl("page:1"));
+  EXPECT_EQ(kept.shownPage(), 1U);
+  QTest::keyClick(kept.windowHandle(), Qt::Key_Escape);
+  EXPECT_FALSE(kept.isVisible());
 }
 
 }  // namespace

@@ -107,14 +107,14 @@ TEST_F(NotebookPages, aTurnedPageComesInOneFrame) {
 TEST_F(NotebookPages, tabLeadsDownThePageWhateverWasMadeFirst) {
   EXPECT_EQ(stopsFrom(window().tbNoteBook),
             "tbNoteBook lblContentsEntry(1) lblContentsEntry(2) lblNextPage cmdOK cmdCancel "
-            "cmdHelp ");
+            "cmdHelp cmdKeepBeside ");
   window().goTo(1, 2);
   EXPECT_EQ(stopsFrom(window().tbNoteBook),
             "tbNoteBook chkCheck(1) optScenario(1) lblContentsEntry(1) lblPreviousPage lblNextPage "
-            "cmdOK cmdCancel cmdHelp ");
+            "cmdOK cmdCancel cmdHelp cmdKeepBeside ");
   window().goTo(1, 3);
   EXPECT_EQ(stopsFrom(window().tbNoteBook),
-            "tbNoteBook outOutline(1) lblPreviousPage cmdOK cmdCancel cmdHelp ");
+            "tbNoteBook outOutline(1) lblPreviousPage cmdOK cmdCancel cmdHelp cmdKeepBeside ");
 }
 
 TEST_F(NotebookPages, theKeyboardAloneGoesEverywhere) {

@@ -70,6 +70,23 @@ TEST_F(ControlPanel, UpdateButtonFlashesUntilTheFormerChoiceOrThePress) {
   EXPECT_FALSE(panel.tmrFlashUpdate.enabled());
 }
 
+TEST_F(ControlPanel, PlotsKeepTheirAxesByNameThroughAnotherModel) {
+  state.iPlotXVar = {0, 4, 2, 1};  // entry order, Acid, Air
+  state.iPlotYVar = {0, 4, 3, 0};  // residuals, fitted, Loss
+  panel.ControlsEnabled();
+  state.iNumPredictors = 2;
+  state.iModelCol = {0, 4, 2, 3, 0};  // Water in place of Air
+  panel.showModel("Loss = 1 + 2 Water + 3 Acid. ", true);
+  EXPECT_EQ(state.iPlotXVar, (std::array<Int16, 4>{0, 4, 2, 1}));
+  EXPECT_EQ(state.iPlotYVar, (std::array<Int16, 4>{0, 4, 3, 0})) << "the third starts anew";
+  EXPECT_TRUE(panel.cboXAxisVar.canBeUsed());
+  state.iModelCol = {0, 4, 3, 0};
+  state.iNumPredictors = 1;
+  panel.showModel("Loss = 1 + 3 Acid. ", true);
+  EXPECT_EQ(state.iPlotXVar, (std::array<Int16, 4>{0, 3, 1, 1}));
+  EXPECT_EQ(state.iPlotYVar, (std::array<Int16, 4>{0, 3, 2, 0}));
+}
+
 TEST_F(ControlPanel, LayoutHoldsAtTheQuadrantsOfBothCommonScreens) {
   for (const auto& [width, height] : {std::pair{640.0F, 378.0F}, std::pair{960.0F, 520.0F}}) {
     panel.setPlace({0, 0, pixels(width), pixels(height)});

@@ -82,20 +82,19 @@ void expectMenusAgree(ShellParts& parts, DisplayId id) {
 }
 
 void expectPanelFitsPlots(ShellParts& parts) {
-  bool anyPlot = false;
-  for (int plot = 1; plot <= 3; ++plot)
-    anyPlot = anyPlot || parts.state.iDisplayState(scatterDisplays, plot) == displayShown;
+  const int current = parts.state.iCurrentPlot;
+  const bool isShown =
+      current > 0 && parts.state.iDisplayState(scatterDisplays, current) == displayShown;
   frmControlPanel& panel = parts.panel;
   EXPECT_TRUE(panel.visible());
   EXPECT_EQ(panel.tag(), "12");
-  EXPECT_TRUE(anyPlot || !panel.cboXAxisVar.canBeUsed());
-  EXPECT_TRUE(anyPlot || !panel.cmdUpdateGraphs.canBeUsed());
+  EXPECT_TRUE(isShown || !panel.cboXAxisVar.canBeUsed());
+  EXPECT_TRUE(isShown || !panel.cmdUpdateGraphs.canBeUsed());
   const auto plot = static_cast<std::size_t>(parts.state.iCurrentPlot);
   const AnalysisState& state = parts.state;
   const bool pending = panel.cboXAxisVar.listIndex() != state.iSavedPlotXVar[plot] ||
                        panel.cboYAxisVar.listIndex() != state.iSavedPlotYVar[plot] ||
-                       state.bShowRegressionLine != state.bSavedRegressionLine ||
-                       state.bShowCorrelation != state.bSavedCorrelation;
+                       panel.isOutOfDate(1) || panel.isOutOfDate(2) || panel.isOutOfDate(3);
   EXPECT_EQ(panel.tmrFlashUpdate.enabled(), pending);
 }
 
@@ -112,12 +111,15 @@ void expectInPlace(const ShellParts& parts, const Window& child) {
 FreshDisplays::Drawn drawnAnew(AnalysisState& state, Size inner, const Display& display) {
   HeadlessDesktop desktop;
   RecordingHost host;
-  const Int16 iCurrentPlot = state.iCurrentPlot;
+  auto ofPlots = std::tie(state.iCurrentPlot, state.iSavedPlotXVar, state.iSavedPlotYVar,
+                          state.bDrawnRegressionLine, state.bDrawnCorrelation);
+  const auto before = std::tuple(state.iCurrentPlot, state.iSavedPlotXVar, state.iSavedPlotYVar,
+                                 state.bDrawnRegressionLine, state.bDrawnCorrelation);
   AllDisplays displays(desktop, state, host);
   DisplayWindow& fresh = displays.display(display);
   fresh.reportInnerSize(inner);
   fresh.UpdateDisplay();
-  state.iCurrentPlot = iCurrentPlot;
+  ofPlots = before;
   return {fresh.caption(), contentOf(fresh)};
 }
 

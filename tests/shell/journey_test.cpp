@@ -41,6 +41,38 @@ TEST_F(Journey, DefaultExampleFillsTheQuadrants) {
   EXPECT_EQ(desktop.clipboard().text, module.parts().panel.txtFittedModel.text());
 }
 
+TEST_F(Journey, OptionsReachEveryScatterPlotOnTheScreenAndDisplaysMayStayThroughARefit) {
+  startWithDefaultExample();
+  frmControlPanel& panel = module.parts().panel;
+  const char* line = "Options/Display Regression Line on Scatterplots";
+  for (const auto& [window, plot] : {std::pair{"frmEstCoef", 1}, {"frmResidHist", 2}}) {
+    user.window(window).activate();
+    module.parts().manager.bringUp(*findDisplay({scatterDisplays, plot}));
+  }
+  EXPECT_FALSE(panel.tmrFlashUpdate.enabled());
+  user.menu("mdiReg", line);
+  EXPECT_TRUE(panel.tmrFlashUpdate.enabled() && panel.isOutOfDate(1) && panel.isOutOfDate(2));
+  user.click("frmControlPanel", "cmdUpdateGraphs");
+  EXPECT_FALSE(panel.tmrFlashUpdate.enabled() || panel.isOutOfDate(1) || panel.isOutOfDate(2));
+  user.click("frmANOVA", "spdANOVA");
+  user.menu("mdiReg", line);
+  EXPECT_FALSE(panel.tmrFlashUpdate.enabled() || panel.isOutOfDate(1)) << "nobody could press it";
+  user.window("frmScatterPlot2").activate();
+  EXPECT_TRUE(panel.cmdUpdateGraphs.canBeUsed());
+  user.menu("mdiReg", "Displays/Tables/Data List");
+  EXPECT_FALSE(panel.cmdUpdateGraphs.canBeUsed()) << "the plot that it edited is gone";
+
+  for (const bool keeps : {true, false}) {
+    user.menu("mdiReg", "Options/Keep Displays After a Refit");
+    script.window("frmModelDesign", [&] {
+      user.click("frmModelDesign", "chkUseIntercept");
+      user.click("frmModelDesign", "cmdOK");
+    });
+    user.click("frmControlPanel", "cmdChangeModel");
+    EXPECT_EQ(state().iDisplayState(scatterDisplays, 1) == displayShown, keeps);
+  }
+}
+
 TEST_F(Journey, WorktextIsHandedToTheProgramThatOpensItOrWhatIsWrongIsTold) {
   startWithDefaultExample();
   const TempFolder course, unreadable;

@@ -26,7 +26,7 @@ struct Axis {
   float minimum = 0;
   float maximum = 0;
   int ticks = 0;                    // steps from minimum to maximum: one less than tick marks
-  std::vector<std::string> labels;  // text of each tick mark, the first at the minimum
+  std::vector<std::string> labels;  // of each tick mark, from the minimum; no mark where empty
   std::string labelFormat;          // the number picture that the labels were made with
   std::string title;
 

@@ -137,9 +137,10 @@ AxisMarks givenMarks(const Axis& axis) {
   if (axis.ticks < 1) return marks;
   for (int i = 0; i <= axis.ticks; ++i) {
     const auto index = static_cast<std::size_t>(i);
-    marks.push_back({static_cast<double>(i) / axis.ticks,
-                     index < axis.labels.size() ? axis.labels[index] : std::string(), true,
-                     static_cast<double>(i)});
+    const bool hasText = index < axis.labels.size();
+    const std::string label = hasText ? axis.labels[index] : std::string();
+    const bool isTicked = !hasText || !label.empty();
+    marks.push_back({static_cast<double>(i) / axis.ticks, label, isTicked, static_cast<double>(i)});
   }
   return marks;
 }

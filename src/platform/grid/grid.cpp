@@ -64,6 +64,7 @@ void Grid::setSheet(Sheet sheet) {
   selection_.clear();
   remarks_.clear();
   litRows_.clear();
+  wholeTexts_.clear();
   setSize(sheet.rows(), sheet.cols());
   sheet_ = std::move(sheet);
   tellCells({0, 0, maxRows(), maxCols()});
@@ -112,6 +113,11 @@ void Grid::setRemarks(const std::vector<CellRemark>& remarks) {
   tellCells(sheet_.body());
 }
 
+const std::string& Grid::wholeText(CellPosition cell) const {
+  const auto found = std::ranges::find(wholeTexts_, cell, &CellRemark::cell);
+  return found == wholeTexts_.end() ? text(cell.row, cell.col) : found->text;
+}
+
 std::string_view Grid::remarkOn(CellPosition cell) const {
   const auto found = remarks_.find({cell.row, cell.col});
   return found == remarks_.end() ? std::string_view() : found->second;
@@ -138,9 +144,14 @@ bool Grid::isLit(int row) const {
 }
 
 std::string Grid::tipOn(CellPosition cell) const {
-  std::string tip(remarkOn(cell));
-  const std::string words = describeRow && hasCell(cell) ? describeRow(cell.row) : std::string();
-  return tip + (tip.empty() || words.empty() ? "" : "\n") + words;
+  std::string tip;
+  const auto add = [&tip](std::string_view line) {
+    if (!line.empty()) tip.append(tip.empty() ? "" : "\n").append(line);
+  };
+  if (hasCell(cell) && wholeText(cell) != text(cell.row, cell.col)) add(wholeText(cell));
+  add(remarkOn(cell));
+  if (describeRow && hasCell(cell)) add(describeRow(cell.row));
+  return tip;
 }
 
 void Grid::clear(const CellBlock& block) {

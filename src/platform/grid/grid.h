@@ -60,6 +60,10 @@ class Grid : public Control {
   // What a pointer that rests on the cell is told: its remark, and what `describeRow` says.
   std::string tipOn(CellPosition cell) const;
   std::function<std::string(int row)> describeRow;
+  // Of cells that show the beginning of a text alone: as above, in place of what they show.
+  void setWholeTexts(std::vector<CellRemark> texts) { wholeTexts_ = std::move(texts); }
+  // What the cell shows, whole.
+  const std::string& wholeText(CellPosition cell) const;
   // Content and style.
   void clear(const CellBlock& block);
   // While the peer is told of Change::content: the cells to which it has happened, and some between
@@ -144,6 +148,7 @@ class Grid : public Control {
   std::map<std::pair<int, int>, std::string> remarks_;  // few cells have one
   std::vector<int> litRows_;
   int currentRow_ = 0;
+  std::vector<CellRemark> wholeTexts_;
   std::vector<Twips> colWidths_;
   std::vector<Twips> rowHeights_;
   mutable GridAxis rowAxis_;

@@ -57,7 +57,7 @@ void fitToTexts(Grid& grid, Twips lowestRow) {
     grid.setColWidth(col, grid.widestText(col) + pixels(blank));
 }
 
-void fillRoom(Grid& grid, Size room, Twips barThickness) {
+void fillRoom(Grid& grid, Size room, Twips barThickness, int partingRow) {
   RedrawLock lock(grid);
   const Size content = grid.contentSize();
   const ScrollBars bars = neededScrollBars(content, room, barThickness);
@@ -65,11 +65,13 @@ void fillRoom(Grid& grid, Size room, Twips barThickness) {
   if (isUpright(bars)) room.width -= barThickness;
   if (isFlat(bars)) room.height -= barThickness;
   const Share cols = shareOf(room.width - content.width, grid.maxCols());
-  const Share rows = shareOf(room.height - content.height, grid.maxRows());
+  const Share rows =
+      shareOf(room.height - content.height, grid.maxRows() - (partingRow > 0 ? 1 : 0));
   for (int col = 2; col <= grid.maxCols(); ++col)
     grid.setColWidth(col, grid.colWidth(col) + (col < grid.maxCols() ? cols.each : cols.last));
   for (int row = 2; row <= grid.maxRows(); ++row)
-    grid.setRowHeight(row, grid.rowHeight(row) + (row < grid.maxRows() ? rows.each : rows.last));
+    if (row != partingRow)
+      grid.setRowHeight(row, grid.rowHeight(row) + (row < grid.maxRows() ? rows.each : rows.last));
 }
 
 }  // namespace tolmer

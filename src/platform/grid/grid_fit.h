@@ -20,7 +20,7 @@ void fitToTexts(Grid& grid, Twips lowestRow);
 
 // Sets the scroll bars; where room is left in a direction, spreads it evenly over all columns from
 // the second (rows from the second) in whole pixels, the remainder on the last one. So a small
-// table fills its window.
-void fillRoom(Grid& grid, Size room, Twips barThickness);
+// table fills its window. A row that only parts others keeps its height; 0 for none.
+void fillRoom(Grid& grid, Size room, Twips barThickness, int partingRow = 0);
 
 }  // namespace tolmer

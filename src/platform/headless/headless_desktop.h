@@ -43,6 +43,7 @@ class HeadlessDesktop : public Desktop {
   // What happened, in order.
   const std::vector<AnsweredBox>& boxes() const { return boxes_; }
   const std::vector<HelpRequest>& helpRequests() const { return helpRequests_; }
+  const KeptPages& keptPages() const { return kept_; }
   const ClipboardContent& clipboard() const { return clipboard_; }
   int beeps() const { return beeps_; }
   const std::string& lastTold() const { return lastTold_; }  // beside a control
@@ -70,6 +71,7 @@ class HeadlessDesktop : public Desktop {
   Result<std::string> pdfOf(const PrintedPages& pages) override;
   void print(const PrintedPages& pages) override;
   void showHelp(const HelpRequest& request) override { helpRequests_.push_back(request); }
+  void keepBeside(const KeptPages& pages) override { kept_ = pages; }
   bool activateProgram(const std::string&) override { return false; }
   bool openDocument(const std::string& path) override {
     return onOpenDocument && onOpenDocument(path);
@@ -86,6 +88,7 @@ class HeadlessDesktop : public Desktop {
   std::vector<Window*> modal_;
   std::vector<AnsweredBox> boxes_;
   std::vector<HelpRequest> helpRequests_;
+  KeptPages kept_;
   ClipboardContent clipboard_;
   std::string lastTold_;
   int beeps_ = 0;

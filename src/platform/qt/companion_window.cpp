@@ -22,13 +22,13 @@ CompanionWindow::CompanionWindow(std::function<QWidget*()> top)
         return false;
       }) {}
 
-void CompanionWindow::bringUp() {
+void CompanionWindow::bringUp(bool takesFocus) {
   QWidget* modal = QApplication::activeModalWidget();
   QWidget* below = modal ? modal : top_();
-  setAttribute(Qt::WA_ShowWithoutActivating, false);
+  setAttribute(Qt::WA_ShowWithoutActivating, !takesFocus);
   if (!isVisible() || !above_ || below != above_) showAbove(below);
   raise();
-  activateWindow();
+  if (takesFocus) activateWindow();
 }
 
 bool CompanionWindow::event(QEvent* event) {

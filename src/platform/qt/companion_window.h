@@ -20,8 +20,8 @@ class CompanionWindow : public QWidget {
   // Gives the window to stand above; null where there is none.
   explicit CompanionWindow(std::function<QWidget*()> top);
 
-  // Comes to the screen, or to its front, and takes the focus.
-  void bringUp();
+  // Comes to the screen, or to its front, and takes the focus, unless it is to be read later.
+  void bringUp(bool takesFocus = true);
 
  protected:
   bool event(QEvent* event) override;

@@ -21,13 +21,13 @@ bool isMarked(const Grid& grid, CellPosition cell) {
 // where these are set as headings.
 std::string columnHeading(const Grid& grid, int col) {
   if (grid.rowAxis().size(0) > 0) return grid.text(0, col);
-  return grid.maxRows() > 0 && grid.sheet().at(1, col).style.heading ? grid.text(1, col)
+  return grid.maxRows() > 0 && grid.sheet().at(1, col).style.heading ? grid.wholeText({1, col})
                                                                      : std::string();
 }
 
 std::string rowHeading(const Grid& grid, int row) {
   if (grid.colAxis().size(0) > 0) return grid.text(row, 0);
-  return grid.maxCols() > 0 && grid.sheet().at(row, 1).style.heading ? grid.text(row, 1)
+  return grid.maxCols() > 0 && grid.sheet().at(row, 1).style.heading ? grid.wholeText({row, 1})
                                                                      : std::string();
 }
 
@@ -60,8 +60,7 @@ class AccessibleCell : public QAccessibleInterface,
   QString text(QAccessible::Text what) const override {
     if (!isValid()) return {};
     const Grid& grid = view_->grid();
-    if (what == QAccessible::Name || what == QAccessible::Value)
-      return toQt(grid.text(cell_.row, cell_.col));
+    if (what == QAccessible::Name || what == QAccessible::Value) return toQt(grid.wholeText(cell_));
     return what == QAccessible::Description ? describedCell(grid, cell_) : QString();
   }
 

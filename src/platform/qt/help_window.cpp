@@ -59,7 +59,8 @@ QVariant topicOf(const QTreeWidgetItem* item) { return item->data(0, Qt::UserRol
 
 }  // namespace
 
-HelpPage::HelpPage(const QString& folder, QWidget* parent) : QTextBrowser(parent), folder_(folder) {
+HelpPage::HelpPage(const QStringList& folders, QWidget* parent)
+    : QTextBrowser(parent), folders_(folders) {
   setOpenLinks(false);
   setAccessibleName(QStringLiteral("Help page"));
   document()->setDefaultStyleSheet(pageStyle());
@@ -96,8 +97,11 @@ QVariant HelpPage::loadResource(int type, const QUrl& name) {
 
 // As many dots as the screen has, so that lines stay sharp on a fine one.
 QImage HelpPage::picture(const QString& name) const {
-  if (!isRegularFile((folder_ + "/" + name).toStdString())) return {};
-  QImageReader reader(folder_ + "/" + name);
+  const auto folder = std::ranges::find_if(folders_, [&name](const QString& one) {
+    return isRegularFile((one + "/" + name).toStdString());
+  });
+  if (folder == folders_.end()) return {};
+  QImageReader reader(*folder + "/" + name);
   const qreal dots = devicePixelRatioF();
   if (reader.format() == "svg") reader.setScaledSize((QSizeF(reader.size()) * dots).toSize());
   QImage image = reader.read();
@@ -110,7 +114,7 @@ HelpWindow::HelpWindow(const std::string& folder, std::function<QWidget*()> top,
     : CompanionWindow(std::move(top)),
       reader_(bookIn(folder)),
       openDocument_(std::move(openDocument)),
-      page_(new HelpPage(toQt(folder), this)),
+      page_(new HelpPage({toQt(folder)}, this)),
       query_(new QLineEdit),
       finder_(new QStackedWidget),
       contents_(new QTreeWidget),

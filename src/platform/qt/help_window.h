@@ -17,11 +17,13 @@
 
 namespace tolmer {
 
-// Shows one page of the help. Pictures come from the help's folder and from nowhere else; links are
-// told and not followed.
+// Shows one page of the help or the notebook. Pictures come from its folders and from nowhere else;
+// links are told and not followed.
 class HelpPage : public QTextBrowser {
  public:
-  HelpPage(const QString& folder, QWidget* parent);
+  HelpPage(const QStringList& folders, QWidget* parent);
+
+  void setFolders(const QStringList& folders) { folders_ = folders; }
 
   // At the size that everything has now.
   void showAnew();
@@ -35,7 +37,7 @@ class HelpPage : public QTextBrowser {
  private:
   QImage picture(const QString& name) const;
 
-  QString folder_;
+  QStringList folders_;
 };
 
 // One window, used again for every request.

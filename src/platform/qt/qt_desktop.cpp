@@ -16,6 +16,7 @@
 #include "platform/qt/convert.h"
 #include "platform/qt/file_window.h"
 #include "platform/qt/help_window.h"
+#include "platform/qt/kept_window.h"
 #include "platform/qt/menu_peer.h"
 #include "platform/qt/message_window.h"
 #include "platform/qt/page_painter.h"
@@ -86,6 +87,7 @@ Size QtDesktop::screenSize() const {
 void QtDesktop::zoomChanged() {
   theme::setZoom(static_cast<float>(zoom()) / usualZoom);
   if (help_) help_->showAnew();
+  if (kept_) kept_->showAnew();
   screenChanged();
 }
 
@@ -164,6 +166,11 @@ void QtDesktop::showHelp(const HelpRequest& request) {
     takeDesktopKeys(*help_, *this, mirror_.gate);
   }
   help_->answer(request);
+}
+
+void QtDesktop::keepBeside(const KeptPages& pages) {
+  if (!kept_) kept_ = std::make_unique<KeptWindow>([this] { return mirror_.windows.top(); });
+  kept_->open(pages);
 }
 
 // No way to other programs' windows that would work on every desktop.

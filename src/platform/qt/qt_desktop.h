@@ -15,6 +15,7 @@ class QSessionManager;
 namespace tolmer {
 
 class HelpWindow;
+class KeptWindow;
 
 // Stands after the application object and goes before it. Windows shown on it may go in any order
 // before it.
@@ -36,6 +37,8 @@ class QtDesktop : public Desktop {
   void setHelpFolder(std::string folder) { helpFolder_ = std::move(folder); }
   // Null until somebody has asked for help.
   HelpWindow* helpWindow() const { return help_.get(); }
+  // Null until somebody has kept a page beside.
+  KeptWindow* keptWindow() const { return kept_.get(); }
   // As if that many milliseconds had passed for the timers.
   void advance(int milliseconds) { alarm_.skip(milliseconds); }
 
@@ -56,6 +59,7 @@ class QtDesktop : public Desktop {
   Result<std::string> pdfOf(const PrintedPages& pages) override;
   void print(const PrintedPages& pages) override;
   void showHelp(const HelpRequest& request) override;
+  void keepBeside(const KeptPages& pages) override;
   bool activateProgram(const std::string& title) override;
   bool openDocument(const std::string& path) override;
   [[noreturn]] void endProgram(int status) override;
@@ -74,6 +78,7 @@ class QtDesktop : public Desktop {
   bool busyPointer_ = false;
   std::string helpFolder_;
   std::unique_ptr<HelpWindow> help_;
+  std::unique_ptr<KeptWindow> kept_;
   QObject session_;  // listens as long as the windows stand
 };
 
