@@ -101,20 +101,19 @@ TEST(Influence, RanksInWordsAlsoWhereCasesAreAlike) {
 
 // Each sentence, of one case, of several, of all.
 TEST(CaseAccount, IsTrueOfOneAndOfSeveral) {
-  const AnalysisState state = cementModel();
-  const ModelData data = heldData(state);
-  const SecondFit fit = fitSecond(data);
-  const AllCases about = onAllCases(state, data, &fit);
-  EXPECT_THAT(about.leverages,
-              testing::EndsWith("1 case lies above twice the mean, 0.769, from where "
-                                "on a case lies far from the others in its "
-                                "predictors."));
-  EXPECT_THAT(about.farthest, ElementsAre(10));
-  const AllCases withoutFit = onAllCases(state, data, nullptr);
-  EXPECT_THAT(withoutFit.farthest, testing::IsEmpty());
-  const ModelData even = heldData(modelOf({{1, 2}, {2, 3}, {3, 4}, {4, 8}, {5, 5}}));
-  const SecondFit evenFit = fitSecond(even);
-  EXPECT_THAT(onAllCases(state, even, &evenFit).leverages, HasSubstr(" None lies above twice"));
+  const AnalysisState state;  // without labels
+  const auto leveragesOf = [&state](const std::vector<std::vector<float>>& cases) {
+    const ModelData data = heldData(modelOf(cases));
+    const SecondFit fit = fitSecond(data);
+    return onAllCases(state, data, &fit);
+  };
+  const AllCases one = leveragesOf({{1, 2}, {2, 3}, {3, 4}, {4, 8}, {99, 5}});
+  EXPECT_THAT(one.leverages, HasSubstr(" 1 case lies above twice the mean, 0.800, from where on"));
+  EXPECT_THAT(one.farthest, ElementsAre(5));
+  const AllCases none = leveragesOf({{1, 2}, {2, 3}, {3, 4}, {4, 8}, {5, 5}});
+  EXPECT_THAT(none.leverages, HasSubstr(" None lies above twice the mean"));
+  EXPECT_THAT(none.farthest, ElementsAre(1));
+  EXPECT_THAT(onAllCases(state, {}, nullptr).farthest, testing::IsEmpty());
   EXPECT_THAT(spreadWords({}), testing::StartsWith("Whether the residuals spread evenly cannot"));
 }
 
