@@ -405,9 +405,10 @@ void frmTextImport::growToContent() {
   const Twips needed =
       heightOfAllButGrid() + (isNew ? std::clamp(grid, leastGrid, usualGrid) : leastGrid);
   const Twips wanted = std::min(needed, screen.height - titleBar);
-  if (state() == WindowState::normal && innerHeight() < wanted) {
+  // The inside is laid out for the least that holds it, however small the window is.
+  if (state() == WindowState::normal && height() < wanted) {
     const Twips highest = std::max(screen.height - titleBar - wanted, 0.0F);
-    setPlace({left(), std::min(top(), highest), innerWidth(), wanted});
+    setPlace({left(), std::min(top(), highest), width(), wanted});
   }
   Form_Resize();
 }
