@@ -168,7 +168,7 @@ std::vector<ReportFact> factsOf(const AnalysisState& state, const ReportRequest&
   };
   add("Author", onOneLine(request.author));
   if (state.bInfoAvailable && !state.tVarDesc.empty()) add("Data", onOneLine(state.tVarDesc[0]));
-  add("Data file", state.uOrigin.copy                    ? onOneLine(dataSetName(state))
+  add("Data file", state.uOrigin.copy                  ? onOneLine(dataSetName(state))
                    : state.tDataFileName == noDataFile ? ""
                                                        : nameOfFile(state.tDataFileName));
   add("Cases", casesText(state));

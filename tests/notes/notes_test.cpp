@@ -121,7 +121,7 @@ TEST(Notes, TellWhatTheDisplaysCannot) {
   EXPECT_THAT(one.text(NoteKind::onePredictor), HasSubstr("The 0.0 stands for none"));
   EXPECT_THAT(one.find(NoteKind::onePredictor)->cells, ElementsAre(NotedCell{"frmEstCoef", 2, 6}));
   AnalysisState level = modelOf(rowsOf(9, [](float i) {
-    return std::vector{1e6F + i / 8, std::fmod(i * i * 7, 11.0F)};
+    return std::vector{1e8F + 8 * i, std::fmod(i * i * 7, 11.0F)};
   }));
   level.uOrigin.leftOut = {{5, "Ohio", "a gap in X1"}};
   const Noted gap = noted(level);

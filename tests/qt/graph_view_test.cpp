@@ -117,6 +117,7 @@ TEST_F(GraphViewTest, NamesAndTakesItsCases) {
     picked = cases;
     graph.light({.cases = cases, .current = cases.empty() ? 0 : cases.front()});
   };
+  view.show();
   const QPoint second = view.placeOf(1).center();
   QHelpEvent rests(QEvent::ToolTip, second, view.mapToGlobal(second));
   QApplication::sendEvent(&view, &rests);

@@ -366,7 +366,7 @@ TEST_P(RandomUserTest, FindsTheWholeProgramSound) {
   for (const auto& [name, times] : user.seen) std::printf("%6d %s\n", times, name.c_str());
 }
 
-INSTANTIATE_TEST_SUITE_P(Seeds, RandomUserTest, testing::Values(1, 2, 4));
+INSTANTIATE_TEST_SUITE_P(Seeds, RandomUserTest, testing::Values(1, 4, 5));
 
 }  // namespace
 }  // namespace tolmer::test

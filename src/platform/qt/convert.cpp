@@ -42,7 +42,9 @@ QString wrappedTip(const std::string& text) {
   const auto lines = tip.split(u'\n');
   const bool isShort =
       std::ranges::all_of(lines, [](const QString& line) { return line.size() <= longLine; });
-  return Qt::convertFromPlainText(tip, isShort ? Qt::WhiteSpacePre : Qt::WhiteSpaceNormal);
+  return isShort ? QStringLiteral("<p style='white-space:pre'>") + tip.toHtmlEscaped() +
+                       QStringLiteral("</p>")
+                 : Qt::convertFromPlainText(tip, Qt::WhiteSpaceNormal);
 }
 
 }  // namespace tolmer
