@@ -31,7 +31,7 @@ bool isLabelled(QAccessibleInterface& one) {
 
 // A list that opens is called by its entry, and so needs a label beside it.
 bool hasName(QAccessibleInterface& one) {
-  return isLabelled(one) || (one.role() != QAccessible::ComboBox && !text(one).empty());
+  return one.role() == QAccessible::ComboBox ? isLabelled(one) : !text(one).empty();
 }
 
 class NamesOfEveryWindow : public testing::Test {
