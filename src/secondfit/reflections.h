@@ -41,9 +41,9 @@ using VectorOf = Eigen::Matrix<Real, Eigen::Dynamic, 1>;
 
 // Half a unit of the last place, with the few that an operation of twice the digits may lose.
 template <class Real>
-constexpr double unit = 0x1p-53;
+inline constexpr double unit = 0x1p-53;
 template <>
-constexpr double unit<DoubleDouble> = 0x1p-101;
+inline constexpr double unit<DoubleDouble> = 0x1p-101;
 
 inline double toDouble(double value) { return value; }
 inline double toDouble(DoubleDouble value) { return static_cast<double>(value); }
