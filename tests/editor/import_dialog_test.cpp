@@ -13,8 +13,8 @@ namespace tolmer {
 namespace {
 
 constexpr const char* window = "frmTextImport";
-constexpr ImportTarget asFile{.observations = 500, .variables = 50};
-constexpr ImportTarget atCursor{TextOrigin::clipboard, 7, 2, 500, 50};
+const ImportTarget asFile{.observations = 500, .variables = 50};
+const ImportTarget atCursor{TextOrigin::clipboard, 7, 2, 500, 50};
 
 struct Stage {
   std::optional<ImportedTable> ask(const std::string& text, const ImportTarget& target,

@@ -12,7 +12,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using Way = CaseChoice::Way;
 
-constexpr ImportTarget asFile{.observations = 500, .variables = 50};
+const ImportTarget asFile{.observations = 500, .variables = 50};
 
 // "[names]|row|row", cells divided by blanks, "_" where empty; or the error.
 std::string landed(const TextImport& import, const ImportChoice& choice = {},

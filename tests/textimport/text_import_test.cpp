@@ -10,11 +10,11 @@
 namespace tolmer {
 namespace {
 
-constexpr ImportTarget atCell(int row, int column) {
+ImportTarget atCell(int row, int column) {
   return {TextOrigin::clipboard, row, column, 500, 50};
 }
-constexpr ImportTarget atFirstCell = atCell(1, 1);
-constexpr ImportTarget asFile{.observations = 500, .variables = 50};
+const ImportTarget atFirstCell = atCell(1, 1);
+const ImportTarget asFile{.observations = 500, .variables = 50};
 
 std::string doubts(const ImportPreview& preview) {
   const char* names[] = {"sheet",  "separator", "first",          "heading",  "place",
