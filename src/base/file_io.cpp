@@ -1,203 +1,21 @@
 #include "base/file_io.h"
 
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <sys/xattr.h>
-#include <unistd.h>
 #include <array>
 #include <cerrno>
 #include <cstdio>
-#include <ctime>
 #include <filesystem>
-#include <memory>
 #include <system_error>
+
+#include "system/file_replacement.h"
+#include "system/host_path.h"
+#include "system/opened_file.h"
+#include "system/running_program.h"
 
 namespace tolmer {
 namespace {
 
-struct FileCloser {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-using File = std::unique_ptr<std::FILE, FileCloser>;
-
-Error systemError(const std::string& fileName, std::string_view what, int code) {
-  return {fileName, std::string(what) + ": " + std::generic_category().message(code)};
-}
-
-// A pipe would be waited for, and a device might be read for ever.
-Result<File> openRegularFile(const std::string& name, struct stat& about) {
-  const int descriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY);
-  if (descriptor < 0) return systemError(name, "cannot be opened", errno);
-  File file(::fdopen(descriptor, "rb"));
-  if (!file || ::fstat(descriptor, &about) != 0) {
-    const int reason = errno;
-    if (!file) ::close(descriptor);
-    return systemError(name, "cannot be opened", reason);
-  }
-  if (S_ISDIR(about.st_mode)) return Error{name, "is a folder, not a file"};
-  if (!S_ISREG(about.st_mode)) return Error{name, "is a pipe or a device, not a file"};
-  return file;
-}
-
-bool writeAll(int descriptor, std::string_view bytes) {
-  while (!bytes.empty()) {
-    const ssize_t written = ::write(descriptor, bytes.data(), bytes.size());
-    if (written < 0 && errno == EINTR) continue;
-    if (written < 0) return false;
-    bytes.remove_prefix(static_cast<std::size_t>(written));
-  }
-  return true;
-}
-
-// The file behind a name, and what it is now.
-struct Target {
-  std::string called;  // as the caller named it
-  std::string path;    // behind all links
-  std::string folder;  // of the path
-  bool isThere = false;
-  struct stat before {};  // where it is there
-
-  Error error(int code) const { return systemError(called, "cannot be written", code); }
-};
-
-// A link stays a link, also one to a file that is not there yet.
-std::string behindLinks(std::string fileName) {
-  constexpr int mostLinks = 40;  // more go in a circle, as the system sees it
-  std::error_code failed;
-  for (int links = 0; links < mostLinks; ++links) {
-    const auto next = std::filesystem::read_symlink(fileName, failed);
-    if (failed) return fileName;
-    fileName = (std::filesystem::path(fileName).parent_path() / next).string();
-  }
-  return fileName;
-}
-
-std::string folderOf(const std::string& fileName) {
-  const std::string folder = std::filesystem::path(fileName).parent_path().string();
-  return folder.empty() ? "." : folder;
-}
-
-Result<Target> targetOf(const std::string& fileName) {
-  Target target{.called = fileName, .path = behindLinks(fileName), .folder = {}};
-  target.folder = folderOf(target.path);
-  target.isThere = ::stat(target.path.c_str(), &target.before) == 0;
-  if (!target.isThere && errno != ENOENT) return target.error(errno);
-  if (target.isThere && S_ISDIR(target.before.st_mode)) return target.error(EISDIR);
-  if (target.isThere && !S_ISREG(target.before.st_mode))
-    return Error{fileName, "cannot be written: it is no ordinary file"};
-  return target;
-}
-
-bool takesOverRights(int descriptor, const struct stat& from) {
-  struct stat now {};
-  if (::fstat(descriptor, &now) != 0) return false;
-  if ((now.st_uid != from.st_uid || now.st_gid != from.st_gid) &&
-      ::fchown(descriptor, from.st_uid, from.st_gid) != 0)
-    return false;
-  return ::fchmod(descriptor, from.st_mode & 07777) == 0;
-}
-
-// A file beside the target, named by that pattern; -1 where it cannot be made. What will take over
-// other rights is the owner's alone at first; to a new target the system gives its usual mode.
-int openBeside(std::string& pattern, const Target& target) {
-  const int descriptor = ::mkostemp(pattern.data(), O_CLOEXEC);
-  if (descriptor < 0 || target.isThere) return descriptor;
-  ::close(descriptor);
-  ::unlink(pattern.c_str());
-  return ::open(pattern.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0666);
-}
-
-// Whether another file can take the target's place unnoticed.
-bool canStandIn(int descriptor, const Target& target) {
-  if (!target.isThere) return true;
-  return target.before.st_nlink == 1 &&
-         ::getxattr(target.path.c_str(), "system.posix_acl_access", nullptr, 0) < 0 &&
-         takesOverRights(descriptor, target.before);
-}
-
-bool closed(int descriptor, bool wellSoFar) {
-  const int reason = errno;
-  const bool closed = ::close(descriptor) == 0;
-  if (!wellSoFar) errno = reason;
-  return wellSoFar && closed;
-}
-
-bool fillAndClose(int descriptor, std::string_view bytes) {
-  return closed(descriptor, writeAll(descriptor, bytes) && ::fsync(descriptor) == 0);
-}
-
-// The new name is on the disk only when its folder is. Some file systems cannot do it; the file
-// itself is whole either way.
-void flushFolder(const std::string& folder) {
-  const int descriptor = ::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (descriptor < 0) return;
-  ::fsync(descriptor);
-  ::close(descriptor);
-}
-
-// What saves that were killed left in the folder. Younger ones may be at work.
-void removeLeftovers(const std::string& folder) {
-  constexpr std::time_t day = 24 * 60 * 60;
-  constexpr std::string_view beginning = ".tolmer-";
-  std::error_code failed;
-  for (std::filesystem::directory_iterator at(folder, failed), end; !failed && at != end;
-       at.increment(failed)) {
-    const std::string name = at->path().filename().string();
-    struct stat about {};
-    if (name.starts_with(beginning) && name.size() == beginning.size() + 6 &&
-        ::lstat(at->path().c_str(), &about) == 0 && S_ISREG(about.st_mode) &&
-        about.st_mtime < std::time(nullptr) - day)
-      ::unlink(at->path().c_str());
-  }
-}
-
-// Takes the room first, so that a full disk changes nothing.
-bool makeRoom(int descriptor, const Target& target, std::size_t size) {
-  const int failed = size == 0 ? 0 : ::posix_fallocate(descriptor, 0, static_cast<off_t>(size));
-  if (failed) static_cast<void>(::ftruncate(descriptor, target.before.st_size));
-  errno = failed;
-  return failed == 0;
-}
-
-// "a.saving-XXXXXX.zmm" beside "a.zmm", flushed; empty where it cannot be made. Its name is one
-// that the user sees and can open.
-std::string writeCopy(const Target& target, std::string_view bytes) {
-  const std::filesystem::path path(target.path);
-  const std::string extension = path.extension().string();
-  std::string copy = target.folder + "/" + path.stem().string() + ".saving-XXXXXX" + extension;
-  const int descriptor = ::mkostemps(copy.data(), static_cast<int>(extension.size()), O_CLOEXEC);
-  if (descriptor < 0) return {};
-  if (fillAndClose(descriptor, bytes)) {
-    flushFolder(target.folder);
-    return copy;
-  }
-  const int reason = errno;
-  ::unlink(copy.c_str());
-  errno = reason;
-  return {};
-}
-
-// Into the file itself, where another could not have its owner, its access list or its other
-// names. A whole copy lies beside it until all is on the disk.
-std::optional<Error> writeInPlace(const Target& target, std::string_view bytes) {
-  const int descriptor = ::open(target.path.c_str(), O_WRONLY | O_CLOEXEC);
-  if (descriptor < 0) return target.error(errno);
-  const std::string copy = writeCopy(target, bytes);
-  if (copy.empty() || !makeRoom(descriptor, target, bytes.size())) {
-    const Error error = target.error(errno);
-    if (!copy.empty()) ::unlink(copy.c_str());
-    ::close(descriptor);
-    return error;
-  }
-  if (closed(descriptor, writeAll(descriptor, bytes) &&
-                             ::ftruncate(descriptor, static_cast<off_t>(bytes.size())) == 0 &&
-                             ::fsync(descriptor) == 0)) {
-    ::unlink(copy.c_str());
-    return std::nullopt;
-  }
-  Error error = target.error(errno);
-  error.text += ". A whole copy is in " + copy;
-  return error;
+Error systemError(const std::string& fileName, std::string_view what, const std::string& reason) {
+  return {fileName, std::string(what) + ": " + reason};
 }
 
 constexpr std::array<std::uint32_t, 256> table = [] {
@@ -213,66 +31,48 @@ constexpr std::array<std::uint32_t, 256> table = [] {
 }  // namespace
 
 Result<std::string> readWholeFile(const std::string& hostFileName, std::size_t limit) {
-  struct stat about {};
-  const auto file = openRegularFile(hostFileName, about);
-  if (!file) return file.error();
+  const host::OpenedFile file = host::openToRead(hostFileName);
+  if (file.error) return systemError(hostFileName, "cannot be opened", file.error.message());
+  if (file.kind == host::FileKind::folder) return Error{hostFileName, "is a folder, not a file"};
+  if (file.kind != host::FileKind::regular)
+    return Error{hostFileName, "is a pipe or a device, not a file"};
   const Error tooLarge{hostFileName, "is larger than " + std::to_string(limit >> 20) + " MB"};
-  const auto expected = static_cast<std::size_t>(about.st_size);  // the system's own files say 0
-  if (expected > limit) return tooLarge;
+  if (file.size > limit) return tooLarge;
   std::string bytes;
-  bytes.reserve(expected);
+  bytes.reserve(file.size);
   std::array<char, 1 << 14> buffer;
-  while (const std::size_t got = std::fread(buffer.data(), 1, buffer.size(), file->get())) {
+  while (const std::size_t got = std::fread(buffer.data(), 1, buffer.size(), file.stream.get())) {
     bytes.append(buffer.data(), got);
     if (bytes.size() > limit) return tooLarge;
   }
-  if (std::ferror(file->get())) return systemError(hostFileName, "cannot be read", errno);
+  if (std::ferror(file.stream.get()))
+    return systemError(hostFileName, "cannot be read", std::generic_category().message(errno));
   return bytes;
 }
 
 bool isRegularFile(const std::string& hostFileName) {
   std::error_code none;
-  return std::filesystem::is_regular_file(hostFileName, none);
+  return std::filesystem::is_regular_file(host::pathOf(hostFileName), none);
 }
 
-// Root may write anywhere; a file that nobody may write is read-only for root as well.
-bool isReadOnly(const std::string& hostFileName) {
-  struct stat about {};
-  if (::stat(hostFileName.c_str(), &about) != 0) return false;
-  return (about.st_mode & 0222) == 0 || ::access(hostFileName.c_str(), W_OK) != 0;
-}
+bool isReadOnly(const std::string& hostFileName) { return host::isReadOnly(hostFileName); }
 
 std::optional<Error> writeFileAtomically(const std::string& hostFileName, std::string_view bytes) {
-  const auto target = targetOf(hostFileName);
-  if (!target) return target.error();
-  removeLeftovers(target->folder);
-  std::string beside = target->folder + "/.tolmer-XXXXXX";
-  const int descriptor = openBeside(beside, *target);
-  if (descriptor < 0) return target->error(errno);
-  if (!canStandIn(descriptor, *target)) {
-    ::close(descriptor);
-    ::unlink(beside.c_str());
-    return writeInPlace(*target, bytes);
-  }
-  if (fillAndClose(descriptor, bytes) && std::rename(beside.c_str(), target->path.c_str()) == 0) {
-    flushFolder(target->folder);
-    return std::nullopt;
-  }
-  const int reason = errno;
-  ::unlink(beside.c_str());
-  return target->error(reason);
+  constexpr std::string_view what = "cannot be written";
+  const host::Replacement replacement = host::replaceFile(hostFileName, bytes);
+  if (replacement.isDone()) return std::nullopt;
+  if (replacement.isNoFile) return systemError(hostFileName, what, "it is no ordinary file");
+  Error error = systemError(hostFileName, what, replacement.error.message());
+  if (!replacement.wholeCopy.empty()) error.text += ". A whole copy is in " + replacement.wholeCopy;
+  return error;
 }
 
 std::optional<std::int64_t> secondsWritten(const std::string& hostFileName) {
-  struct stat about {};
-  if (::stat(hostFileName.c_str(), &about) != 0) return std::nullopt;
-  return static_cast<std::int64_t>(about.st_mtime);
+  return host::secondsWritten(hostFileName);
 }
 
 std::string localTime(std::int64_t seconds) {
-  const auto time = static_cast<std::time_t>(seconds);
-  std::tm parts{};
-  localtime_r(&time, &parts);
+  const std::tm parts = host::localTime(static_cast<std::time_t>(seconds));
   std::string text(32, '\0');
   text.resize(std::strftime(text.data(), text.size(), "%Y-%m-%d %H:%M", &parts));
   return text;

@@ -4,6 +4,9 @@
 #include <cctype>
 #include <filesystem>
 
+#include "system/host_path.h"
+#include "system/running_program.h"
+
 namespace tolmer {
 namespace {
 
@@ -22,7 +25,7 @@ std::string entryInAnyCase(const fs::path& folder, const std::string& name) {
   std::error_code failed;
   for (fs::directory_iterator entry(folder, failed), end; !failed && entry != end;
        entry.increment(failed)) {
-    std::string candidate = entry->path().filename().string();
+    std::string candidate = host::nameOf(entry->path().filename());
     if (sameInOtherCase(candidate, name) && (found.empty() || candidate < found))
       found = std::move(candidate);
   }
@@ -36,10 +39,7 @@ std::string withSlashes(std::string_view coursePath) {
 }
 
 // Links to the program are followed; empty where the system does not tell.
-fs::path runningFolder() {
-  std::error_code failed;
-  return fs::read_symlink("/proc/self/exe", failed).parent_path();
-}
+fs::path runningFolder() { return host::pathOf(host::runningProgram()).parent_path(); }
 
 }  // namespace
 
@@ -62,20 +62,20 @@ std::string tParentFolder(std::string_view tPath) {
 std::string hostPath(std::string_view coursePath) {
   std::string text = withSlashes(coursePath);
   std::error_code failed;
-  if (fs::exists(text, failed)) return text;
+  if (fs::exists(host::pathOf(text), failed)) return text;
 
   fs::path resolved;
-  for (const fs::path& part : fs::path(text)) {
+  for (const fs::path& part : host::pathOf(text)) {
     fs::path next = resolved / part;
     if (!fs::exists(next, failed)) {
       const std::string other =
-          entryInAnyCase(resolved.empty() ? fs::path(".") : resolved, part.string());
+          entryInAnyCase(resolved.empty() ? fs::path(".") : resolved, host::nameOf(part));
       if (other.empty()) return text;
-      next = resolved / other;
+      next = resolved / host::pathOf(other);
     }
     resolved = std::move(next);
   }
-  return resolved.string();
+  return host::nameOf(resolved);
 }
 
 std::string coursePath(std::string_view hostPath) {
@@ -87,9 +87,10 @@ std::string coursePath(std::string_view hostPath) {
 std::string programPart(const std::string& name) {
   std::error_code failed;
   const fs::path here = runningFolder();
-  for (const fs::path& place : {here / name, here.parent_path() / "libexec" / "tolmer" / name})
-    if (fs::exists(place, failed)) return place.string();
-  return (here / name).string();
+  const std::string file = name + host::programEnding();
+  for (const fs::path& place : {here / file, here.parent_path() / "libexec" / "tolmer" / file})
+    if (fs::exists(place, failed)) return host::nameOf(place);
+  return host::nameOf(here / file);
 }
 
 std::string programFolder() {
@@ -98,8 +99,8 @@ std::string programFolder() {
   if (here.empty()) return ".";
   const fs::path installed = here.parent_path() / "share" / "tolmer" / "tolmod";
   if (!fs::exists(here / "tolmod.nbo", failed) && fs::exists(installed, failed))
-    return installed.string();
-  return here.string();
+    return host::nameOf(installed);
+  return host::nameOf(here);
 }
 
 }  // namespace tolmer

@@ -6,6 +6,8 @@
 #include <cstdlib>
 #include <ctime>
 
+#include "system/running_program.h"
+
 namespace tolmer {
 namespace {
 
@@ -21,13 +23,13 @@ std::string programAndVersion() { return std::string("Tolmer ") + programVersion
 
 std::string today() {
   std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
-  std::tm day{};
   const char* fixed = std::getenv("SOURCE_DATE_EPOCH");
   const std::string_view seconds = fixed ? fixed : "";
   const bool isFixed =
       !seconds.empty() &&
       std::from_chars(seconds.data(), seconds.data() + seconds.size(), now).ec == std::errc();
-  if (!(isFixed ? ::gmtime_r(&now, &day) : ::localtime_r(&now, &day))) return {};
+  const std::tm day = isFixed ? host::universalTime(now) : host::localTime(now);
+  if (day.tm_mday == 0) return {};
   return std::to_string(day.tm_year + 1900) + "-" + twoDigits(day.tm_mon + 1) + "-" +
          twoDigits(day.tm_mday);
 }

@@ -8,6 +8,7 @@
 #include "bookcompiler/source_keywords.h"
 #include "bookcompiler/student_view.h"
 #include "notebook/object_file.h"
+#include "system/host_path.h"
 
 namespace tolmer {
 namespace {
@@ -36,7 +37,7 @@ std::optional<CompileArguments> parseArguments(const std::vector<std::string>& a
 }
 
 std::string folderOf(const std::string& file) {
-  const std::string folder = std::filesystem::path(file).parent_path().string();
+  const std::string folder = host::nameOf(host::pathOf(file).parent_path());
   return folder.empty() ? "." : folder;
 }
 

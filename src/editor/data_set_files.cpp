@@ -15,6 +15,7 @@
 #include "sheet/sheet_content.h"
 #include "sheetfiles/editor_file.h"
 #include "sheetfiles/text_export.h"
+#include "system/host_path.h"
 
 namespace tolmer {
 namespace {
@@ -108,16 +109,16 @@ std::optional<DroppedFile> droppedFile(const DroppedItems& items, MessagePort& m
     return refused(
         "Only files can be opened. Save what lies on the web with your browser, or copy its table "
         "and paste it into the Data Editor.");
-  const std::filesystem::path first(items.files.front());
+  const auto first = host::pathOf(items.files.front());
   std::error_code failed;
   if (std::filesystem::is_directory(first, failed))
-    return refused(first.string() + " is a folder. Drop one of the files in it.");
+    return refused(host::nameOf(first) + " is a folder. Drop one of the files in it.");
   const std::size_t others = items.files.size() + items.addresses.size() - 1;
-  return DroppedFile{first.string(),
+  return DroppedFile{host::nameOf(first),
                      others == 0 ? std::string()
                                  : "Of " + std::to_string(others + 1) +
                                        " files that were dropped only the first was opened, " +
-                                       first.filename().string() + "."};
+                                       host::nameOf(first.filename()) + "."};
 }
 
 DataSetFiles::DataSetFiles(Desktop& desktop, DataSheet& sheet, std::string programFolder)
@@ -134,7 +135,9 @@ std::string DataSetFiles::dataFolder() const {
       hostPath(tRemoveBackSlash(tParentFolder(tRemoveBackSlash(coursePath(programFolder_)))) +
                "\\zmdata\\userdata");
   std::error_code failed;
-  return std::filesystem::is_directory(own, failed) && !isReadOnly(own) ? own : std::string();
+  return std::filesystem::is_directory(host::pathOf(own), failed) && !isReadOnly(own)
+             ? own
+             : std::string();
 }
 
 OpenOutcome DataSetFiles::open() {
@@ -145,7 +148,7 @@ OpenOutcome DataSetFiles::open() {
 
 OpenOutcome DataSetFiles::open(const std::string& name) {
   if (wasGivenUp(name, false)) return {};
-  lastFolder_ = std::filesystem::path(name).parent_path().string();
+  lastFolder_ = host::nameOf(host::pathOf(name).parent_path());
   if (isForeignFile(name)) return {openForeign(name)};
   return isTextData(name) ? OpenOutcome{openText(name)} : openFile(name);
 }
@@ -254,7 +257,7 @@ bool DataSetFiles::SaveFile(const std::string& name) {
                          .notSaved = "The data were not saved.",
                          .path = name});
   if (saving.end != Saving::End::saved) return false;
-  lastFolder_ = std::filesystem::path(saving.path).parent_path().string();
+  lastFolder_ = host::nameOf(host::pathOf(saving.path).parent_path());
   if (asText) return true;
   sheet_.markSaved(saving.path);
   remember(saving.path);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <filesystem>
 #include <utility>
 
 #include "base/program_words.h"
@@ -11,6 +10,7 @@
 #include "foreign/import_process.h"
 #include "platform/grid/grid_fit.h"
 #include "platform/text_metrics.h"
+#include "system/host_path.h"
 
 namespace tolmer {
 namespace {
@@ -162,7 +162,7 @@ std::string sourceText(const std::string& name, const std::string& format,
                        const std::string& part) {
   constexpr std::array<std::pair<std::string_view, const char*>, 3> programs{
       {{"sav", " (SPSS)"}, {"dta", " (Stata)"}, {"gdt", " (gretl)"}}};
-  std::string text = std::filesystem::path(name).filename().string();
+  std::string text = host::nameOf(host::pathOf(name).filename());
   for (const auto& [known, program] : programs)
     if (format == known) text += program;
   return text + part;

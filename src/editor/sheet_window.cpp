@@ -11,6 +11,7 @@
 #include "editor/variable_label.h"
 #include "platform/desktop.h"
 #include "platform/grid/grid_copy.h"
+#include "system/host_path.h"
 
 namespace tolmer {
 namespace {
@@ -170,9 +171,8 @@ void SheetWindow::showAll() {
 
 void SheetWindow::showCaption() {
   const std::string& name = sheet_.mtFileName();
-  setCaption(name.empty()
-                 ? "Data Editor"
-                 : "Data Editor [" + std::filesystem::path(name).filename().string() + "]");
+  setCaption(name.empty() ? "Data Editor"
+                          : "Data Editor [" + host::nameOf(host::pathOf(name).filename()) + "]");
   menu.mnuFileSave.setEnabled(!name.empty());
 }
 

@@ -4,12 +4,12 @@
 #include <array>
 #include <charconv>
 #include <cstddef>
-#include <fstream>
+#include <cstdio>
 #include <optional>
 #include <string_view>
 #include <utility>
 
-#include "base/file_io.h"
+#include "system/opened_file.h"
 
 namespace tolmer {
 namespace {
@@ -20,11 +20,10 @@ constexpr std::size_t mostBytes = 4096;     // comments may stand before the tag
 constexpr std::string_view blanks = " \t\r\n";
 
 std::string firstBytes(const std::string& hostFile) {
-  if (!isRegularFile(hostFile)) return {};
+  const host::OpenedFile file = host::openToRead(hostFile);
+  if (file.kind != host::FileKind::regular) return {};
   std::string bytes(mostBytes, '\0');
-  std::ifstream file(hostFile, std::ios::binary);
-  file.read(bytes.data(), mostBytes);
-  bytes.resize(static_cast<std::size_t>(file.gcount()));
+  bytes.resize(std::fread(bytes.data(), 1, mostBytes, file.stream.get()));
   return bytes;
 }
 

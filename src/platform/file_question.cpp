@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "system/host_path.h"
+
 namespace tolmer {
 namespace {
 
@@ -15,7 +17,7 @@ std::string lower(std::string text) {
 }  // namespace
 
 std::size_t kindOf(const FileQuestion& question, const std::string& path, std::size_t chosen) {
-  const std::string extension = lower(std::filesystem::path(path).extension().string());
+  const std::string extension = lower(host::nameOf(host::pathOf(path).extension()));
   const auto hasIt = [&extension](const FileKind& kind) {
     return std::any_of(
         kind.extensions.begin(), kind.extensions.end(),
@@ -28,8 +30,7 @@ std::size_t kindOf(const FileQuestion& question, const std::string& path, std::s
 }
 
 std::string withExtension(const std::string& path, const FileKind& kind) {
-  const bool hasOne =
-      std::filesystem::path(path).filename().string().find('.') != std::string::npos;
+  const bool hasOne = host::nameOf(host::pathOf(path).filename()).find('.') != std::string::npos;
   return hasOne || kind.extensions.empty() ? path : path + '.' + kind.extensions.front();
 }
 

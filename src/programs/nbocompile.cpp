@@ -5,6 +5,7 @@
 
 #include "base/program_words.h"
 #include "bookcompiler/book_compiler.h"
+#include "system/running_program.h"
 
 namespace {
 
@@ -20,7 +21,7 @@ constexpr const char* usage =
 }  // namespace
 
 int main(int argumentCount, char** arguments) {
-  const std::vector<std::string> words(arguments + 1, arguments + argumentCount);
+  const auto words = tolmer::host::programWords(argumentCount, arguments);
   if (const auto answer = tolmer::answerAboutProgram(words, "nbocompile", usage)) {
     std::fputs(answer->c_str(), stdout);
     return 0;

@@ -6,6 +6,7 @@
 #include "base/program_words.h"
 #include "base/text_encoding.h"
 #include "figures/course_figures.h"
+#include "system/running_program.h"
 
 namespace {
 
@@ -37,4 +38,4 @@ int run(const std::vector<std::string>& words) {
 
 }  // namespace
 
-int main(int argc, char** argv) { return run({argv + 1, argv + argc}); }
+int main(int argc, char** argv) { return run(tolmer::host::programWords(argc, argv)); }

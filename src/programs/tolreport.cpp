@@ -1,7 +1,4 @@
 // The report program: an analysis on the command line.
-#include <malloc.h>
-#include <unistd.h>
-
 #include <array>
 #include <cstdio>
 #include <cstdlib>
@@ -14,6 +11,7 @@
 #include "base/text_encoding.h"
 #include "report/report_document.h"
 #include "report/report_program.h"
+#include "system/running_program.h"
 
 namespace {
 
@@ -38,7 +36,7 @@ tolmer::Result<std::string> standardInput() {
 
 int run(const std::vector<std::string>& words) {
   // no-color.org: the variable, whatever its value, asks for plain text.
-  const bool coloured = ::isatty(STDOUT_FILENO) == 1 && !std::getenv("NO_COLOR");
+  const bool coloured = tolmer::host::outputIsTerminal() && !std::getenv("NO_COLOR");
   const tolmer::ReportSurroundings around{tolmer::programFolder, tolmer::today, coloured,
                                           standardInput};
   const tolmer::ReportOutcome outcome = tolmer::runReport(words, around);
@@ -48,21 +46,13 @@ int run(const std::vector<std::string>& words) {
   return tolmer::ReportOutcome::dataAtFault;
 }
 
-// Large blocks would each come fresh from the system and go back: here they follow each other, and
-// a page that was touched once serves again.
-void keepMemory() {
-  constexpr int most = 1 << 26;
-  ::mallopt(M_MMAP_THRESHOLD, most);
-  ::mallopt(M_TRIM_THRESHOLD, most);
-  ::mallopt(M_TOP_PAD, 1 << 22);
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
-  keepMemory();
+  tolmer::host::keepMemory();
+  tolmer::host::makeStreamsBinary();
   try {
-    return run({argv + 1, argv + argc});
+    return run(tolmer::host::programWords(argc, argv));
   } catch (const std::exception& fault) {
     std::fprintf(stderr, "tolreport: %s\n", tolmer::onOneLine(fault.what()).c_str());
     return tolmer::ReportOutcome::dataAtFault;

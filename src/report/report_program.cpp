@@ -14,6 +14,7 @@
 #include "report/report_run.h"
 #include "report/table_dataset.h"
 #include "report/table_source.h"
+#include "system/host_path.h"
 
 namespace tolmer {
 namespace {
@@ -138,8 +139,8 @@ ReportOutcome runReport(const std::vector<std::string>& words, const ReportSurro
   if (options->programFolder.empty()) options->programFolder = around.programFolder();
   // The data lie beside this folder, and a bare name has no folder above it.
   std::error_code fault;
-  const auto whole = std::filesystem::absolute(options->programFolder, fault);
-  if (!fault) options->programFolder = whole.string();
+  const auto whole = std::filesystem::absolute(host::pathOf(options->programFolder), fault);
+  if (!fault) options->programFolder = host::nameOf(whole);
   return reportOnCourse(*options, around);
 }
 

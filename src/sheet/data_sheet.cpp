@@ -381,8 +381,8 @@ std::optional<DataCopy> DataSheet::dataCopy() const {
   for (int r = 1; r <= lastRow; ++r)
     for (int c = 1; c <= variables(); ++c) {
       const DataCell& before = there.cells(r, c);
-      const auto was =
-          before.kind == DataCell::Kind::number ? std::optional(before.number) : std::nullopt;
+      std::optional<double> was;
+      if (before.kind == DataCell::Kind::number) was = before.number;
       const auto is = value(r, c);
       if (is == was) continue;
       if (copy.differing++ == 0)

@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "base/file_io.h"
+#include "system/host_path.h"
 
 namespace tolmer {
 namespace {
@@ -390,7 +391,7 @@ Result<std::string> editorFileToSave(const std::string& fileName, const SheetCon
 
 Result<SheetContent> loadEditorFile(const std::string& fileName, int observations, int variables) {
   std::error_code failed;
-  const auto size = std::filesystem::file_size(fileName, failed);
+  const auto size = std::filesystem::file_size(host::pathOf(fileName), failed);
   if (failed) return Error{fileName, "cannot be opened: " + failed.message()};
   if (size > maxEditorFileBytes)
     return Error{fileName, "has " + std::to_string(size) + " bytes, more than " +

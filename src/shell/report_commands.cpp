@@ -6,6 +6,7 @@
 #include "base/program_words.h"
 #include "base/text_encoding.h"
 #include "report/printed_report.h"
+#include "system/host_path.h"
 
 namespace tolmer {
 namespace {
@@ -59,7 +60,7 @@ void ReportCommands::SaveReport() {
                          .notSaved = "The report was not saved."});
   if (saving.end != Saving::End::saved) return;
   kind_ = chosen;
-  folder_ = std::filesystem::path(saving.path).parent_path().string();
+  folder_ = host::nameOf(host::pathOf(saving.path).parent_path());
 }
 
 void ReportCommands::PrintReport() {

@@ -1,14 +1,13 @@
 #include "symbolfile/file_layer.h"
 
-#include <fcntl.h>
-#include <sys/file.h>
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <cerrno>
 #include <cstdio>
 #include <filesystem>
 #include <system_error>
+
+#include "system/error_codes.h"
+#include "system/host_path.h"
+#include "system/opened_file.h"
 
 namespace tolmer {
 namespace {
@@ -24,11 +23,11 @@ Meaning meaningOf(int hostError) {
       {ENOENT, {FailureClass::notFound, 53}},     {ENOTDIR, {FailureClass::notFound, 76}},
       {EACCES, {FailureClass::permission, 70}},   {EPERM, {FailureClass::permission, 70}},
       {EBUSY, {FailureClass::permission, 70}},    {EWOULDBLOCK, {FailureClass::permission, 70}},
-      {EIO, {FailureClass::device, 57}},          {ESTALE, {FailureClass::device, 57}},
+      {EIO, {FailureClass::device, 57}},          {host::staleFile, {FailureClass::device, 57}},
       {ETIMEDOUT, {FailureClass::device, 57}},    {ENETDOWN, {FailureClass::device, 57}},
-      {ENETUNREACH, {FailureClass::device, 57}},  {EHOSTDOWN, {FailureClass::device, 57}},
+      {ENETUNREACH, {FailureClass::device, 57}},  {host::hostDown, {FailureClass::device, 57}},
       {EHOSTUNREACH, {FailureClass::device, 57}}, {ENXIO, {FailureClass::device, 68}},
-      {ENODEV, {FailureClass::device, 68}},       {ENOMEDIUM, {FailureClass::device, 71}},
+      {ENODEV, {FailureClass::device, 68}},       {host::noMedium, {FailureClass::device, 71}},
       {EISDIR, {FailureClass::device, 75}}};
   const auto found = meanings.find(hostError);
   return found == meanings.end() ? Meaning{FailureClass::other, static_cast<Int16>(hostError)}
@@ -37,26 +36,17 @@ Meaning meaningOf(int hostError) {
 
 bool folderIsMissing(const std::string& fileSpec) {
   std::error_code ignored;
-  const auto folder = std::filesystem::path(fileSpec).parent_path();
+  const auto folder = host::pathOf(fileSpec).parent_path();
   return !folder.empty() && !std::filesystem::exists(folder, ignored);
 }
 
-// Locks are advice among those who open through this layer. Where the file system has none, a
-// reader who does not insist goes on without.
-int lock(int descriptor, bool exclusive) {
-  if (::flock(descriptor, (exclusive ? LOCK_EX : LOCK_SH) | LOCK_NB) != 0)
-    return exclusive || errno == EWOULDBLOCK ? errno : 0;
-  if (!exclusive) ::flock(descriptor, LOCK_UN);
-  return 0;
-}
-
-// A folder can be opened but not read, and a pipe would wait for its writer.
-int refusal(int descriptor, bool exclusive) {
-  struct stat about {};
-  if (::fstat(descriptor, &about) != 0) return errno;
-  if (S_ISDIR(about.st_mode)) return EISDIR;
-  if (!S_ISREG(about.st_mode)) return ENODEV;
-  return lock(descriptor, exclusive);
+// A folder can be opened but not read, and a pipe would wait for its writer. Locks are advice among
+// those who open through this layer.
+int refusal(const host::OpenedFile& file, bool exclusive) {
+  if (file.error) return file.error.value();
+  if (file.kind == host::FileKind::folder) return EISDIR;
+  if (file.kind != host::FileKind::regular) return ENODEV;
+  return host::tryLock(file.stream.get(), exclusive ? host::Lock::exclusive : host::Lock::shared);
 }
 
 FileFailure notOpen() { return {FailureClass::other, 52, "Bad file name or number"}; }
@@ -92,16 +82,9 @@ int HostFiles::freeHandle() const {
 
 std::optional<FileFailure> HostFiles::open(int handle, const std::string& fileSpec,
                                            bool exclusive) {
-  const int descriptor = ::open(fileSpec.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-  if (descriptor < 0) return failureFromHost(errno, fileSpec);
-  int failed = refusal(descriptor, exclusive);
-  std::FILE* stream = failed ? nullptr : ::fdopen(descriptor, "rb");
-  if (!stream) {
-    if (!failed) failed = errno;
-    ::close(descriptor);
-    return failureFromHost(failed, fileSpec);
-  }
-  open_[handle].reset(new OpenFile{stream, fileSpec});
+  host::OpenedFile file = host::openToRead(fileSpec);
+  if (const int failed = refusal(file, exclusive)) return failureFromHost(failed, fileSpec);
+  open_[handle].reset(new OpenFile{file.stream.release(), fileSpec});
   return std::nullopt;
 }
 

@@ -262,7 +262,7 @@ TEST_F(LostWork, ThatCannotBeReadIsKeptOrDeletedAsTheUserSays) {
     EXPECT_NE(boxes[0].find("is damaged or cut off: its last line is missing"), std::string::npos);
     EXPECT_EQ(filesAside(), answer == Answer::yes ? 1 : 0);
     if (answer == Answer::no) continue;
-    const std::string kept = fs::directory_iterator(aside)->path();
+    const std::string kept = fs::directory_iterator(aside)->path().string();
     EXPECT_NE(boxes[0].find(kept), std::string::npos);
     EXPECT_EQ(killedIn({nothing}), "") << "it is not asked about again";
     fs::remove(kept);

@@ -1,8 +1,8 @@
 // An empty folder of a test's own, gone with the test: tests run side by side.
 #pragma once
 
-#include <cstdlib>
 #include <filesystem>
+#include <random>
 #include <stdexcept>
 #include <string>
 
@@ -18,8 +18,15 @@ class TempFolder {
  public:
   explicit TempFolder(
       const std::filesystem::path& within = std::filesystem::temp_directory_path()) {
-    name_ = (within / "tolmer.XXXXXX").string();
-    if (!::mkdtemp(name_.data())) throw std::runtime_error("no temporary folder");
+    std::random_device random;
+    for (int tries = 0; tries < 10; ++tries) {
+      const auto folder = within / ("tolmer." + std::to_string(random()));
+      if (std::filesystem::create_directory(folder)) {
+        name_ = folder.generic_string();
+        return;
+      }
+    }
+    throw std::runtime_error("no temporary folder");
   }
   ~TempFolder() {
     std::error_code ignored;

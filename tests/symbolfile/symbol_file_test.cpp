@@ -2,9 +2,9 @@
 #include "symbolfile/symbol_file.h"
 
 #include <gtest/gtest.h>
-#include <sys/stat.h>
 
 #include <cerrno>
+#include <filesystem>
 
 #include "base/file_io.h"
 #include "support/headless_user.h"
@@ -247,8 +247,9 @@ TEST_F(SymbolFileTest, realFoldersMissingFilesAndLocksFailAsTold) {
   EXPECT_EQ(failureOf(folder.file("none")), std::pair(Int16{1}, Int16{53}));
   EXPECT_EQ(failureOf(folder.file("none/a")), std::pair(Int16{1}, Int16{76}));
   EXPECT_EQ(failureOf(folder.path()), std::pair(Int16{5}, Int16{75}));
-  ASSERT_EQ(::mkfifo(folder.file("pipe").c_str(), 0600), 0);
-  EXPECT_EQ(failureOf(folder.file("pipe")), std::pair(Int16{5}, Int16{68}));
+  if (std::filesystem::exists("/dev/null")) {
+    EXPECT_EQ(failureOf("/dev/null"), std::pair(Int16{5}, Int16{68}));
+  }
 
   HostFiles elsewhere;
   ASSERT_FALSE(elsewhere.open(1, write("a\n"), true));

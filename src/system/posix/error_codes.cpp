@@ -1,0 +1,11 @@
+#include "system/error_codes.h"
+
+#include <cerrno>
+
+namespace tolmer::host {
+
+const int staleFile = ESTALE;
+const int hostDown = EHOSTDOWN;
+const int noMedium = ENOMEDIUM;
+
+}  // namespace tolmer::host
