@@ -65,7 +65,7 @@ class frmTextImport : public Window {
   void growToContent();
 
   const TextImport& import_;
-  const std::string& source_;
+  std::string source_;
   const SheetContent& sheet_;
   ImportAnswers answers_;
   ImportChoice choice_;

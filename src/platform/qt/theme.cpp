@@ -80,10 +80,12 @@ void setMagnification(QWidget& window, float times) {
   if (anyMagnified) window.setProperty(magnification, times);
 }
 
-// A style that is set anew has every widget ask for its measures again.
+// A style that is set anew has every widget ask for its measures again. The one before goes if it
+// is the program's child, which a style that was set before the program was made is not.
 void setZoom(float times) {
   zoomTimes = times;
   installFont();
+  QApplication::style()->setParent(qApp);
   QApplication::setStyle(new ControlStyle);
 }
 
