@@ -92,7 +92,8 @@ TEST_F(TenResiduals, CurveIsTheExpectedCountOfAClass) {
   const double z = 2.32635;  // of 0.1 / 10
   for (std::size_t i = 0; i < curve.size(); ++i) {
     const double value = -3 * z + static_cast<double>(i + 1) * 6 * z / 99;
-    const double count = 10 * 2.50025 * std::exp(-value * value / 18) / std::sqrt(2 * std::numbers::pi) / 3;
+    const double count =
+        10 * 2.50025 * std::exp(-value * value / 18) / std::sqrt(2 * std::numbers::pi) / 3;
     EXPECT_NEAR(curve[i].x2, plot.left + (value + 6) / 14 * plot.width, 0.001);
     EXPECT_NEAR(curve[i].y2, plot.bottom + count / 3.5 * plot.height, 0.001);
     EXPECT_EQ(curve[i].mode, 5);

@@ -10,9 +10,7 @@
 namespace tolmer {
 namespace {
 
-ImportTarget atCell(int row, int column) {
-  return {TextOrigin::clipboard, row, column, 500, 50};
-}
+ImportTarget atCell(int row, int column) { return {TextOrigin::clipboard, row, column, 500, 50}; }
 const ImportTarget atFirstCell = atCell(1, 1);
 const ImportTarget asFile{.observations = 500, .variables = 50};
 
