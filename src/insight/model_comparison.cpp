@@ -109,10 +109,10 @@ class Sentences {
                                 std::to_string(test.degrees) + " and " +
                                 counted(test.errorDegrees, "degree") + " of freedom, " +
                                 probabilityWords(test.p) + ")";
-    const std::string what = listed(more) + (more.size() == 1 ? " explains" : " together explain") +
-                             " more than chance would ";
-    return (test.p < 0.05 ? "The data show that " : "The data do not show that ") + what + numbers +
-           ".";
+    const bool isSmall = test.p < 0.05;  // which is no proof
+    return (isSmall ? "It is hard to believe that " : "The data do not show that ") + listed(more) +
+           (more.size() == 1 ? " explains" : " together explain") + (isSmall ? " no" : "") +
+           " more than chance would " + numbers + ".";
   }
 
   std::string onCriteria() const {

@@ -41,7 +41,7 @@ TEST(ModelComparison, TellsWhatDroppingAPredictorDid) {
                           "lower is better."));
   const ModelComparison added = compareModels(record({2}), whole);
   EXPECT_THAT(added.sentences[0], testing::StartsWith("Adding X1, X3 and X4 raised R-squared by "));
-  EXPECT_THAT(added.sentences[1], HasSubstr("show that X1, X3 and X4 together explain more"));
+  EXPECT_THAT(added.sentences[1], HasSubstr("believe that X1, X3 and X4 together explain no more"));
   EXPECT_EQ(added.terms.size(), 5U);
   EXPECT_TRUE(std::isnan(added.terms[2].coefficientBefore.value));
   const ModelComparison other = compareModels(record({1, 2}), record({1, 4}));
