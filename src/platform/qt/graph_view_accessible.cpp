@@ -2,11 +2,10 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QPointer>
-#include <QWindow>
 #include <algorithm>
 #include <unordered_map>
 
+#include "platform/qt/accessible_leaf.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/graph_view.h"
 
@@ -14,27 +13,14 @@ namespace tolmer {
 namespace {
 
 // One symbol or bar. It knows its number only, and reads all else from the graph when it is asked.
-class AccessibleMark : public QAccessibleInterface {
+class AccessibleMark : public AccessibleLeaf<GraphView> {
  public:
-  AccessibleMark(GraphView& view, int number) : view_(&view), number_(number) {}
+  AccessibleMark(GraphView& view, int number) : AccessibleLeaf(view), number_(number) {}
 
   bool isValid() const override {
     return view_ && !view_->isHidden() &&
            static_cast<std::size_t>(number_) < view_->graph().marks().size();
   }
-  QObject* object() const override { return nullptr; }
-  QWindow* window() const override {
-    const QAccessibleInterface* above = parent();
-    return above ? above->window() : nullptr;
-  }
-  QAccessibleInterface* parent() const override {
-    return view_ ? QAccessible::queryAccessibleInterface(view_) : nullptr;
-  }
-  QAccessibleInterface* child(int) const override { return nullptr; }
-  QAccessibleInterface* childAt(int, int) const override { return nullptr; }
-  int childCount() const override { return 0; }
-  int indexOfChild(const QAccessibleInterface*) const override { return -1; }
-  void setText(QAccessible::Text, const QString&) override {}
   QString text(QAccessible::Text what) const override {
     return isValid() && what == QAccessible::Name ? toQt(view_->graph().wordsOn(mark()))
                                                   : QString();
@@ -62,7 +48,6 @@ class AccessibleMark : public QAccessibleInterface {
  private:
   std::size_t mark() const { return static_cast<std::size_t>(number_); }
 
-  QPointer<GraphView> view_;
   int number_;
 };
 

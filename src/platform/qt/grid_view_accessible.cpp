@@ -2,10 +2,9 @@
 
 #include <QAccessible>
 #include <QAccessibleWidget>
-#include <QPointer>
-#include <QWindow>
 #include <unordered_map>
 
+#include "platform/qt/accessible_leaf.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/grid_cell_text.h"
 #include "platform/qt/grid_view.h"
@@ -32,29 +31,16 @@ std::string rowHeading(const Grid& grid, int row) {
 }
 
 // One cell. It knows its place only, and reads all else from the grid when it is asked.
-class AccessibleCell : public QAccessibleInterface,
+class AccessibleCell : public AccessibleLeaf<GridView>,
                        public QAccessibleTableCellInterface,
                        public AccessibleCellText {
  public:
   AccessibleCell(GridView& view, CellPosition cell)
-      : AccessibleCellText(view, cell), view_(&view), cell_(cell) {}
+      : AccessibleLeaf(view), AccessibleCellText(view, cell), cell_(cell) {}
 
   bool isValid() const override {
     return view_ && !view_->isHidden() && view_->grid().sheet().contains(cell_);
   }
-  QObject* object() const override { return nullptr; }
-  QWindow* window() const override {
-    const QAccessibleInterface* above = parent();
-    return above ? above->window() : nullptr;
-  }
-  QAccessibleInterface* parent() const override {
-    return view_ ? QAccessible::queryAccessibleInterface(view_) : nullptr;
-  }
-  QAccessibleInterface* child(int) const override { return nullptr; }
-  QAccessibleInterface* childAt(int, int) const override { return nullptr; }
-  int childCount() const override { return 0; }
-  int indexOfChild(const QAccessibleInterface*) const override { return -1; }
-  void setText(QAccessible::Text, const QString&) override {}
 
   using AccessibleCellText::text;
   QString text(QAccessible::Text what) const override {
@@ -115,11 +101,12 @@ class AccessibleCell : public QAccessibleInterface,
   QAccessibleInterface* table() const override { return parent(); }
 
  private:
+  using AccessibleLeaf<GridView>::view_;  // the text has one of its own
+
   bool isLit(const Grid& grid) const { return grid.isLit(cell_.row); }
   bool canBeEdited() const { return isValid() && AccessibleCellText::canBeEdited(); }
   QList<QAccessibleInterface*> headerAt(CellPosition header) const;
 
-  QPointer<GridView> view_;
   CellPosition cell_;
 };
 
