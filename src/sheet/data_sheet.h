@@ -9,6 +9,7 @@
 #include <string>
 #include <string_view>
 
+#include "sheet/sheet_content.h"
 #include "sheet/sheet_edit.h"
 #include "sheet/sheet_fill.h"
 #include "sheet/sheet_find.h"
@@ -33,7 +34,8 @@ struct EntryOutcome {
 class DataSheet {
  public:
   // A new data set. Random formulas take their seeds from firstSeed on.
-  explicit DataSheet(int observations = 500, int variables = 50, std::uint32_t firstSeed = 1);
+  explicit DataSheet(int observations = editorObservations, int variables = editorVariables,
+                     std::uint32_t firstSeed = 1);
   DataSheet(const DataSheet&) = delete;
   DataSheet& operator=(const DataSheet&) = delete;
 
