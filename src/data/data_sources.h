@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/data_limits.h"
 #include "base/message_box.h"
 #include "data/working_copy.h"
 #include "state/matrix.h"
@@ -46,7 +47,7 @@ struct StudentData {
 // The data editor as the designer sees it.
 class EditorData {
  public:
-  static constexpr Int16 numberVariables = 50;
+  static constexpr Int16 numberVariables = editorVariables;
 
   virtual ~EditorData() = default;
   // What the student left it with last; nothing where that was refused.

@@ -8,7 +8,7 @@
 #include "platform/desktop.h"
 #include "platform/grid/grid_copy.h"
 #include "platform/grid/grid_fit.h"
-#include "tables/html_table.h"
+#include "tables/html_writer.h"
 
 namespace tolmer {
 namespace {

@@ -9,7 +9,7 @@
 #include "data/data_sources.h"
 #include "editor/button_lights.h"
 #include "editor/data_set_files.h"
-#include "editor/exit_check.h"
+#include "editor/data_validation.h"
 #include "editor/sheet_window.h"
 #include "platform/timer.h"
 #include "sheetfiles/autosave.h"
@@ -104,11 +104,6 @@ class frmDataEditor : public SheetWindow, public EditorData {
   void giveUpEntry();
   void tellOptionalVariable();
   void beginFirstVisit();
-  void offerLostWork();
-  void offerToKeep(VisitPlace& lost, const Error& fault);
-  void tmrAutosave_Tick();
-  enum class Writing { whenDue, now };
-  void writeAside(Writing when);
   void showInstructions(int index);
   void closeInstructions();
 
@@ -125,10 +120,17 @@ class frmDataEditor : public SheetWindow, public EditorData {
   }
   bool replacingLosesData() const { return sheet_.changeMade() || sheet_.unsaved(); }
 
-  // --- the ways out
+  // --- data in no file, in unsaved_data.cpp
+  void offerLostWork();
+  void offerToKeep(VisitPlace& lost, const Error& fault);
+  void tmrAutosave_Tick();
+  enum class Writing { whenDue, now };
+  void writeAside(Writing when);
   bool bfOKToContinue();
   bool holdsUnsavedWork() const;
   bool isSavedOrGivenUp(const std::string& before);
+
+  // --- the ways out
   void cmdOK_Click();
   void cmdCancel_Click();
   void flashAndLeave(Button& button, std::function<void()> last = {});

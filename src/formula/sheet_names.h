@@ -8,6 +8,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "base/data_limits.h"
+
 namespace tolmer {
 
 // Rows are observations, the first is 1. Column 0 holds the labels and is called A, column 1 is the
@@ -32,8 +34,8 @@ struct CellRange {
 };
 
 struct SheetSize {
-  int rows = 500;
-  int variables = 50;
+  int rows = editorObservations;
+  int variables = editorVariables;
 
   bool holds(CellAddress cell) const {
     return cell.row >= 1 && cell.row <= rows && cell.column >= 0 && cell.column <= variables;

@@ -1,27 +1,8 @@
 #include "platform/desktop.h"
 
-#include <algorithm>
-
 #include "base/file_io.h"
 
 namespace tolmer {
-
-Desktop::Desktop() {
-  const auto take = [this](int code, Held shift, void (Desktop::*work)()) {
-    takenKeys_.push_back(
-        {{code, shift, Held::yes, Held::no}, [this, work] { (this->*work)(); }, {}});
-  };
-  take(keys::plus, Held::any, &Desktop::zoomIn);
-  take(keys::minus, Held::any, &Desktop::zoomOut);
-  take('0', Held::no, &Desktop::zoomToUsual);
-}
-
-void Desktop::setZoom(int percent) {
-  percent = std::clamp(percent, leastZoom, mostZoom);
-  if (percent == zoom_) return;
-  zoom_ = percent;
-  zoomChanged();
-}
 
 Saving Desktop::saveFile(const FileToSave& file) {
   const auto chosen = file.path.empty()

@@ -11,6 +11,7 @@
 #include "platform/geometry.h"
 #include "platform/input.h"
 #include "platform/timer.h"
+#include "platform/zoom.h"
 
 namespace tolmer {
 
@@ -51,10 +52,8 @@ struct KeptPages {
   std::vector<std::string> pictureFolders{};  // where the pictures lie, which have plain names
 };
 
-class Desktop : public MessagePort {
+class Desktop : public MessagePort, public Zoom {
  public:
-  Desktop();
-
   // Builds the window's mirror where there is none and brings it to the screen.
   virtual void present(Window& window) = 0;
   // Handles events until the window is hidden.
@@ -103,28 +102,12 @@ class Desktop : public MessagePort {
 
   TimerQueue& timers() { return timers_; }
 
-  // In per cent of the usual size; the models' lengths stay what they are, and the screen has room
-  // for more of them or for fewer.
-  static constexpr int usualZoom = 100, leastZoom = 75, mostZoom = 250, zoomStep = 25;
-  int zoom() const { return zoom_; }
-  // What is out of bounds is brought to them.
-  void setZoom(int percent);
-  void zoomIn() { setZoom((zoom_ / zoomStep + 1) * zoomStep); }
-  void zoomOut() { setZoom((zoom_ - 1) / zoomStep * zoomStep); }
-  void zoomToUsual() { setZoom(usualZoom); }
-  // Those that mean the same in every window: Ctrl with Plus, Minus and 0.
-  const std::vector<TakenKey>& takenKeys() const { return takenKeys_; }
-
  protected:
-  // A front end shows everything anew.
-  virtual void zoomChanged() {}
   // Says so in a box.
   Saving failed(const FileToSave& file, const Error& reason);
 
  private:
   TimerQueue timers_;
-  std::vector<TakenKey> takenKeys_;
-  int zoom_ = usualZoom;
 };
 
 }  // namespace tolmer

@@ -14,7 +14,7 @@
 #include "base/program_words.h"
 #include "platform/qt/program.h"
 #include "platform/qt/qt_desktop.h"
-#include "sheetfiles/visit_files.h"
+#include "sheetfiles/autosave_folder.h"
 #include "shell/module.h"
 
 namespace {

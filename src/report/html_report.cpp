@@ -7,7 +7,7 @@
 #include "base/markup_text.h"
 #include "displays/case_words.h"
 #include "platform/graph/svg_writer.h"
-#include "tables/html_table.h"
+#include "tables/html_writer.h"
 
 namespace tolmer {
 namespace {

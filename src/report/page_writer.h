@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "platform/paper/printed_pages.h"
-#include "tables/html_table.h"
+#include "tables/html_writer.h"
 
 namespace tolmer {
 

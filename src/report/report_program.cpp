@@ -4,6 +4,7 @@
 #include <optional>
 #include <system_error>
 
+#include "base/data_limits.h"
 #include "base/file_io.h"
 #include "base/text_encoding.h"
 #include "report/course_data.h"
@@ -37,13 +38,12 @@ void makePrintable(WorkingCopy& copy) {
   for (int i = 1; i <= copy.miNumCases; ++i) copy.otCaseLabel(i) = onOneLine(copy.otCaseLabel(i));
 }
 
-// A table of the correlations of all has a cell for every two.
 std::optional<Error> tooManyPredictors(const WorkingCopy& copy) {
-  constexpr int most = 500;
-  if (copy.miNumPredictors <= most) return std::nullopt;
+  if (copy.miNumPredictors <= mostPredictorsOfReport) return std::nullopt;
   return Error{copy.mtDataFileName, std::to_string(copy.miNumPredictors) +
                                         " independent variables, a report has at most " +
-                                        std::to_string(most) + "; choose them with --x"};
+                                        std::to_string(mostPredictorsOfReport) +
+                                        "; choose them with --x"};
 }
 
 std::vector<std::string> predictorsOf(const WorkingCopy& copy) {

@@ -8,7 +8,7 @@
 
 #include "displays/display_list.h"
 #include "insight/prediction.h"
-#include "tables/html_table.h"
+#include "tables/html_writer.h"
 
 namespace tolmer {
 

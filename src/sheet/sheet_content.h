@@ -6,14 +6,11 @@
 #include <string>
 #include <vector>
 
+#include "base/data_limits.h"
 #include "state/analysis_state.h"
 #include "state/matrix.h"
 
 namespace tolmer {
-
-// Of the sheet that the course uses.
-inline constexpr int editorObservations = 500;
-inline constexpr int editorVariables = 50;
 
 // Decimals that a column can show: a double has 15 digits that are all its own.
 inline constexpr Int16 maxDecimals = 15;

@@ -9,8 +9,8 @@
 #include <vector>
 
 #include "base/error.h"
+#include "sheetfiles/autosave_places.h"
 #include "sheetfiles/editor_file.h"
-#include "sheetfiles/visit_places.h"
 
 namespace tolmer {
 

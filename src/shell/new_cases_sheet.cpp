@@ -123,8 +123,8 @@ Result<int> NewCasesSheet::paste(CellAddress at, const PasteTable& table) {
 
 Result<int> NewCasesSheet::addCase(int number) {
   const int row = sheet_.lastUsedRow() + 1;
-  if (row > mostCases)
-    return Error{"", "There is room for " + std::to_string(mostCases) + " cases."};
+  if (row > mostNewCases)
+    return Error{"", "There is room for " + std::to_string(mostNewCases) + " cases."};
   const std::string& label = state_.tCaseLabel[static_cast<std::size_t>(number)];
   Given given{state_.bLabeledData && !label.empty() ? label : "case " + std::to_string(number), {}};
   for (int c = 1; c <= predictors(); ++c)
@@ -143,7 +143,7 @@ std::optional<float> NewCasesSheet::held(int row, int column) const {
 
 void NewCasesSheet::predict() {
   predicted_.clear();
-  placeOf_.assign(static_cast<std::size_t>(mostCases) + 1, 0);
+  placeOf_.assign(static_cast<std::size_t>(mostNewCases) + 1, 0);
   NewCases cases{names_, {}};
   for (int row = 1; fit_ && row <= sheet_.lastUsedRow(); ++row) {
     std::vector<double> values;

@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/data_limits.h"
 #include "base/error.h"
 #include "insight/prediction.h"
 #include "notes/notes.h"
@@ -19,8 +20,6 @@ namespace tolmer {
 // cases; rows count from 1. After a change of the sheet predict() is to be called.
 class NewCasesSheet {
  public:
-  static constexpr int mostCases = 200;
-
   explicit NewCasesSheet(const AnalysisState& state) : state_(state) {}
 
   // What is known of the present fit, which outlives its being known here; null while it is not.
@@ -77,7 +76,7 @@ class NewCasesSheet {
   std::string lackOf(int row) const;
 
   const AnalysisState& state_;
-  DataSheet sheet_{mostCases, editorVariables};
+  DataSheet sheet_{mostNewCases, editorVariables};
   const Examination* examination_ = nullptr;
   std::optional<SecondFit> fit_;    // with the leverages of all cases
   std::vector<std::string> names_;  // of the predictors

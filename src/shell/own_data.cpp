@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/data_limits.h"
 #include "base/file_io.h"
 #include "base/text_encoding.h"
 #include "platform/desktop.h"
@@ -70,8 +71,8 @@ void OwnData::setUp() {
   editor_ = std::make_unique<frmDataEditor>(desktop_, EditorPlaces{programFolder_, aside_});
   editor_->setChangeTitleEnabled(false);
   editor_->setNumberVariables(numberVariables);
-  editor_->setMaxObservations(500);
-  editor_->setMinObservations(3);
+  editor_->setMaxObservations(editorObservations);
+  editor_->setMinObservations(leastObservations);
   editor_->setAllowNoData(true);
   editor_->setCopyChangedData(false);
   editor_->SetupEditor();

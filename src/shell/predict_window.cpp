@@ -10,7 +10,7 @@
 #include "platform/desktop.h"
 #include "platform/grid/grid_copy.h"
 #include "platform/text_metrics.h"
-#include "tables/html_table.h"
+#include "tables/html_writer.h"
 
 namespace tolmer {
 namespace {
@@ -161,8 +161,7 @@ void frmPredict::placeControls() {
 void frmPredict::shape() {
   spdCases.cancelEdit();
   const RedrawLock lock(spdCases);
-  spdCases.setSheet(
-      Sheet(NewCasesSheet::mostCases + 1, 1 + cases_.predictors() + NewCasesSheet::figures));
+  spdCases.setSheet(Sheet(mostNewCases + 1, 1 + cases_.predictors() + NewCasesSheet::figures));
   for (int row = 1; row <= spdCases.maxRows(); ++row) {
     spdCases.setRowHeight(row, rowHeight);
     spdCases.setText(row, 0, row == 1 ? std::string("Case") : std::to_string(row - 1));
@@ -328,7 +327,7 @@ void frmPredict::paste() {
   if (at.column > cases_.predictors())
     return say("Paste into the columns of the predictors.", true);
   // As if it landed on top of an empty sheet: names are those of predictors wherever it goes.
-  ImportTarget target{TextOrigin::clipboard, 1, at.column, NewCasesSheet::mostCases - at.row + 1,
+  ImportTarget target{TextOrigin::clipboard, 1, at.column, mostNewCases - at.row + 1,
                       editorVariables};
   if (beginsWithNames(text, target)) target.row = 0;
   const auto landing =

@@ -19,6 +19,11 @@ inline const std::string leaveCellsEmpty = "Leave those cells empty";
 // In quotation marks, its beginning where it is long.
 std::string quotation(const std::string& field);
 
+// What saved sheets and R call their column of labels.
+inline bool equalsLabel(const std::string& heading) {
+  return heading == "Label" || heading == "label";
+}
+
 // How often something was seen, and where first (row and column of the table).
 struct Sighting {
   int count = 0;
@@ -104,10 +109,6 @@ class ImportFindings {
   std::optional<Error> cutAboveHeading();
   void noteBook();
   void askSheet();
-  std::optional<char> chooseSeparator(const std::string& text);
-  std::optional<char> separatorOfClipboard(const std::string& text);
-  std::optional<char> separatorOfFile(const std::string& text);
-  std::optional<char> askSeparator(const std::vector<char>& candidates, std::optional<int> preset);
   bool firstRowIsShortOfAName() const;
   bool firstColumnNamesCases() const;
   void findFirstRow();
@@ -134,7 +135,13 @@ class ImportFindings {
 
   VariableKind kindOf(int column, int fromRow) const;
 
-  // Of variables, in variable_guesses.cpp.
+  // Of what divides the fields, in separator_guesses.cpp.
+  std::optional<char> chooseSeparator(const std::string& text);
+  std::optional<char> separatorOfClipboard(const std::string& text);
+  std::optional<char> separatorOfFile(const std::string& text);
+  std::optional<char> askSeparator(const std::vector<char>& candidates, std::optional<int> preset);
+
+  // Of variables, in variable_guesses.cpp and dummy_variables.cpp.
   std::optional<Error> findVariables();
   void findWantedDummies();
   std::optional<Error> nameColumn(int column, const std::string& name, NamedTable& table) const;

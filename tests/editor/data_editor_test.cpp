@@ -10,8 +10,8 @@
 
 #include "base/file_io.h"
 #include "editor/editor_visit.h"
+#include "sheetfiles/autosave_folder.h"
 #include "sheetfiles/editor_file.h"
-#include "sheetfiles/visit_files.h"
 
 namespace tolmer::test {
 namespace {

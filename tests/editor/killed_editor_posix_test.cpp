@@ -9,7 +9,7 @@
 
 #include "editor/data_editor.h"
 #include "platform/headless/headless_desktop.h"
-#include "sheetfiles/visit_files.h"
+#include "sheetfiles/autosave_folder.h"
 #include "support/killed_program.h"
 #include "support/temp_folder.h"
 

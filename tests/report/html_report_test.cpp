@@ -4,7 +4,7 @@
 
 #include "markup_reader.h"
 #include "report_fixture.h"
-#include "tables/html_table.h"
+#include "tables/html_writer.h"
 
 namespace tolmer {
 namespace {

@@ -6,7 +6,7 @@
 #include <fstream>
 
 #include "sheetfiles/autosave.h"
-#include "sheetfiles/visit_files.h"
+#include "sheetfiles/autosave_folder.h"
 #include "support/faults.h"
 #include "support/killed_program.h"
 #include "support/temp_folder.h"

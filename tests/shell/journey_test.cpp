@@ -12,7 +12,7 @@
 #include "platform/grid/grid.h"
 #include "platform/user_input.h"
 #include "sheet/sheet_content.h"
-#include "sheetfiles/visit_files.h"
+#include "sheetfiles/autosave_folder.h"
 #include "shell/shipped_program.h"
 #include "support/temp_folder.h"
 

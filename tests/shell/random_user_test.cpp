@@ -15,7 +15,7 @@
 #include "displaywindows/table_window.h"
 #include "engine/fitted_equation.h"
 #include "notebook/notebook_window.h"
-#include "sheetfiles/visit_files.h"
+#include "sheetfiles/autosave_folder.h"
 #include "shell/display_checks.h"
 #include "shell/module.h"
 #include "shell/status_line.h"

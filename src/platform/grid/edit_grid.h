@@ -147,6 +147,7 @@ class EditGrid : public Grid {
   void startEdit(bool marked);
   bool pointByKey(const KeyPress& key);
   void pointTo(CellPosition cell, bool extends);
+  // In edit_grid_keys.cpp.
   std::optional<CellPosition> cellBy(const KeyPress& key, CellPosition from) const;
   bool pressEditKey(const KeyPress& key);
   bool pressCellKey(const KeyPress& key);

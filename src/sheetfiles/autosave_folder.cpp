@@ -1,4 +1,4 @@
-#include "sheetfiles/visit_files.h"
+#include "sheetfiles/autosave_folder.h"
 
 #include <algorithm>
 #include <cstdlib>

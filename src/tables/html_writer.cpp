@@ -1,4 +1,4 @@
-#include "tables/html_table.h"
+#include "tables/html_writer.h"
 
 #include <algorithm>
 #include <numeric>

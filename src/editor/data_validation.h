@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "base/data_limits.h"
 #include "base/message_box.h"
 #include "data/data_sources.h"
 #include "sheet/data_sheet.h"
@@ -36,7 +37,7 @@ std::optional<MessageBox> CheckBinaryVariable(std::span<const float> sVal, int i
 
 struct ExitLimits {
   int miMinVariables = 0;  // the first so many must have data
-  int miMinObservations = 3;
+  int miMinObservations = leastObservations;
 };
 
 struct ExitVerdict {

@@ -1,4 +1,4 @@
-#include "editor/exit_check.h"
+#include "editor/data_validation.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

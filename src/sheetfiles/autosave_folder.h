@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "sheetfiles/visit_places.h"
+#include "sheetfiles/autosave_places.h"
 
 namespace tolmer {
 
