@@ -131,9 +131,15 @@ DataCell dataCell(ImportedCell imported) {
 
 std::vector<std::string> meaningsOf(const std::vector<ImportedVariable>& variables) {
   std::vector<std::string> meanings;
-  for (const auto& [label, valueLabels] : variables)
-    meanings.push_back(meaningOf(label, valueLabels));
+  for (const ImportedVariable& one : variables)
+    meanings.push_back(meaningOf(one.label, one.valueLabels));
   return meanings;
+}
+
+std::vector<bool> dummiesOf(const std::vector<ImportedVariable>& variables) {
+  std::vector<bool> dummies;
+  for (const ImportedVariable& one : variables) dummies.push_back(one.isDummy);
+  return dummies;
 }
 
 // Which part of its file the table is, to stand behind the file's name.
@@ -153,6 +159,7 @@ LandingTable landing(ImportedTable imported) {
           {.cells = std::move(cells),
            .headings = std::move(imported.headings),
            .labels = meaningsOf(imported.variables),
+           .dummies = dummiesOf(imported.variables),
            .title = std::move(imported.title),
            .source = partText(imported)}};
 }

@@ -64,6 +64,7 @@ class Paster {
       const std::string before = edit_.cell({0, column}).text;
       edit_.put({0, column}, cellFromText(edit_, {0, column}, heading)->cell);
       pasteLabel(i, column, edit_.cell({0, column}).text != before);
+      if (i < table_.dummies.size() && table_.dummies[i]) edit_.setDecimals(column, 0);
     }
   }
 

@@ -24,6 +24,7 @@ struct PasteTable {
   // Of data from elsewhere. Labels go with their headings, title and source into a sheet that has
   // no cases yet.
   std::vector<std::string> labels{};
+  std::vector<bool> dummies{};  // of its columns: 0 and 1 alone, shown without decimals
   std::string title{};
   std::string source{};
 

@@ -65,6 +65,7 @@ struct ImportChoice {
 struct ImportedVariable {
   std::string label{};
   std::vector<ValueLabel> valueLabels{};  // of a dummy: what 1 and 0 mean
+  bool isDummy = false;
 };
 
 }  // namespace tolmer

@@ -241,7 +241,8 @@ std::vector<ImportedVariable> ImportFindings::described() const {
   for (const Landing& at : landings_) {
     ImportedVariable& one = all.emplace_back();
     one.label = variable(at.column).label;
-    if (at.one)
+    one.isDummy = at.one.has_value();
+    if (one.isDummy)
       one.valueLabels = {{"0", at.reference}, {"1", at.one->name}};
     else if (book_ && landsAs(Use::number, at.column))
       one.valueLabels = book_->table.columns[static_cast<std::size_t>(at.column)].valueLabels;
