@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 
 #include "base/sentence_parts.h"
 
@@ -65,6 +66,23 @@ std::vector<CaseMeasure> measuresOf(const SecondFit& fit, int iCase) {
 
 bool isHeldByOneCase(const CaseFigures& figures) {
   return std::isnan(figures.internal.value) && figures.leverage.value > 1 - 1e-6;
+}
+
+double leavingOneOut(const ModelData& data, const SecondFit& fit) {
+  std::vector<double> terms(static_cast<std::size_t>(fit.terms));
+  double squares = 0;
+  for (int i = 0; i < fit.cases; ++i) {
+    const CaseFigures& one = fit.byCase[static_cast<std::size_t>(i)];
+    Figure leverage = one.leverage;
+    if (std::isnan(leverage.value)) {  // far from 1, or the fit would have it
+      for (int j = 0; j < fit.terms; ++j) terms[static_cast<std::size_t>(j)] = data.at(i, j);
+      leverage = {predictSecond(fit, terms).leverage, 0};
+    }
+    const double left = 1 - leverage.value;
+    if (!(left > 2 * leverage.error)) return std::numeric_limits<double>::quiet_NaN();
+    squares += (one.residual.value / left) * (one.residual.value / left);
+  }
+  return std::sqrt(squares / fit.cases);
 }
 
 std::vector<int> influentialCases(const SecondFit& fit) {

@@ -27,4 +27,10 @@ std::vector<CaseMeasure> measuresOf(const SecondFit& fit, int iCase);
 std::vector<int> influentialCases(const SecondFit& fit);
 bool isHeldByOneCase(const CaseFigures& figures);  // that leverage of 1
 
+// The leaving-one-out error, in units of Y: each case predicted by the fit to all others, and the
+// root of the mean of the squared misses e / (1 - h). Not a number where a leverage of 1 leaves no
+// fit to the others. Needs a determined fit with Extent::noticeable at least, to these data.
+// Source: D. M. Allen, Technometrics 16, 1974, pages 125-127 (the sum of these squares).
+double leavingOneOut(const ModelData& data, const SecondFit& fit);
+
 }  // namespace tolmer

@@ -9,6 +9,7 @@
 #include "engine/decimals_choice.h"
 #include "engine/picture_text.h"
 #include "insight/change_words.h"
+#include "insight/influence.h"
 #include "insight/without_cases.h"
 
 namespace tolmer {
@@ -84,6 +85,10 @@ TableContent influenceTable(const AnalysisState& state, const SecondFit& fit) {
   for (std::string note : {largest(state, fit, "leverage", &CaseFigures::leverage),
                            largest(state, fit, "Cook's distance", &CaseFigures::cooks)})
     if (!note.empty()) table.notes.push_back(std::move(note));
+  if (const double left = leavingOneOut(heldData(state), fit); !std::isnan(left))
+    table.notes.push_back(
+        "The leaving-one-out error, the root mean square of e / (1 - leverage), is " +
+        figureText(left) + ".");
   return table;
 }
 
@@ -112,11 +117,11 @@ TableContent predictionTable(std::span<const PredictedCase> predictions) {
 }
 
 TableContent modelsTable(const ModelHistory& models, int present) {
-  constexpr std::array heads = {"No.",       "Data",        "Model",     "n",
-                                "R-squared", "Adjusted",    "Std Error", "AIC",
-                                "BIC",       "Largest VIF", "Present"};
+  constexpr std::array heads = {"No.",       "Data",     "Model",       "n",
+                                "R-squared", "Adjusted", "Std Error",   "Leaving One Out",
+                                "AIC",       "BIC",      "Largest VIF", "Present"};
   TableContent table(static_cast<int>(models.records().size()) + 1, static_cast<int>(heads.size()));
-  const auto isText = [](int col) { return col == 2 || col == 3 || col == 11; };
+  const auto isText = [](int col) { return col == 2 || col == 3 || col == 12; };
   for (int col = 1; col <= table.cols(); ++col)
     table.heading(1, col, heads[static_cast<std::size_t>(col) - 1],
                   isText(col) ? Align::left : Align::right);
@@ -124,17 +129,19 @@ TableContent modelsTable(const ModelHistory& models, int present) {
   for (const ModelRecord& one : models.records()) {
     const int number = models.firstNumber() + row++ - 1;
     const auto vif = largestInflation(one);
-    const std::array texts = {std::to_string(number),
-                              one.dataName,
-                              titleOf(one),
-                              std::to_string(one.cases),
-                              formatNumber(one.model.rSquared.value, "0.0000"),
-                              formatNumber(one.model.adjusted.value, "0.0000"),
-                              figureText(one.model.standardError.value),
-                              figureText(one.model.aic.value, 1),
-                              figureText(one.model.bic.value, 1),
-                              vif ? figureText(*vif, 1) : std::string("---"),
-                              std::string(number == present ? "yes" : "")};
+    const std::array texts = {
+        std::to_string(number),
+        one.dataName,
+        titleOf(one),
+        std::to_string(one.cases),
+        formatNumber(one.model.rSquared.value, "0.0000"),
+        formatNumber(one.model.adjusted.value, "0.0000"),
+        figureText(one.model.standardError.value),
+        std::isnan(one.leavingOneOut) ? std::string("---") : figureText(one.leavingOneOut),
+        figureText(one.model.aic.value, 1),
+        figureText(one.model.bic.value, 1),
+        vif ? figureText(*vif, 1) : std::string("---"),
+        std::string(number == present ? "yes" : "")};
     for (int col = 1; col <= table.cols(); ++col) {
       const std::string& text = texts[static_cast<std::size_t>(col) - 1];
       isText(col) ? table.text(row, col, text, Align::left)

@@ -7,6 +7,7 @@
 
 #include "base/sentence_parts.h"
 #include "insight/change_words.h"
+#include "insight/influence.h"
 #include "secondfit/tail_areas.h"
 
 namespace tolmer {
@@ -130,6 +131,15 @@ class Sentences {
            ": lower is better, and BIC counts terms more heavily.";
   }
 
+  // Empty where a leverage of 1 leaves one of them undetermined.
+  std::string onLeavingOneOut() const {
+    const double one = before_.leavingOneOut, other = after_.leavingOneOut;
+    if (std::isnan(one) || std::isnan(other)) return {};
+    return "Leaving one out, the first model misses a case by " + figureText(one) +
+           ", the second by " + figureText(other) + " (root mean square, in the unit of " +
+           before_.dependent() + ").";
+  }
+
   bool isSame() const { return dropped_.empty() && added_.empty(); }
 
  private:
@@ -175,6 +185,7 @@ std::vector<std::string> sentencesOn(const ModelRecord& before, const ModelRecor
   std::vector<std::string> result{words.onChange()};
   if (comparison.test) result.push_back(words.onTest(*comparison.test));
   result.push_back(words.onCriteria());
+  if (std::string left = words.onLeavingOneOut(); !left.empty()) result.push_back(std::move(left));
   return result;
 }
 
@@ -190,6 +201,7 @@ std::optional<ModelRecord> recordOf(const AnalysisState& state, const ModelData&
                      .names = data.names,
                      .prints = printsOf(data),
                      .model = fit.model,
+                     .leavingOneOut = leavingOneOut(data, fit),
                      .byTerm = fit.byTerm};
 }
 

@@ -22,6 +22,7 @@ struct ModelRecord {
   std::vector<std::uint64_t> prints;  // (k + 1) of their values in the order of the cases: columns
                                       // of the same values have the same
   ModelFigures model;
+  double leavingOneOut = 0;         // in units of the dependent variable; may be not a number
   std::vector<TermFigures> byTerm;  // (k)
 
   int terms() const { return static_cast<int>(byTerm.size()); }

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "base/program_words.h"
+#include "insight/influence.h"
 #include "report/json_writer.h"
 #include "tables/table_parts.h"
 
@@ -419,6 +420,11 @@ void writeFindings(JsonWriter& json, const ReportDocument& document) {
   json.key("influence");
   if (document.fit)
     writeInfluence(json, *document.fit);
+  else
+    json.null();
+  json.key("leavingOneOut");
+  if (document.fit)
+    json.value(leavingOneOut(heldData(*document.state), *document.fit));
   else
     json.null();
   if (document.hasNewCases) {

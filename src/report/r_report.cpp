@@ -151,7 +151,8 @@ variance <- data.frame("Sum of Squares" = sums, "D.F." = c(degrees, sum(degrees)
 F <- squares[[1]] / squares[[2]]
 print(variance)
 print(c(F = F, P = pf(F, degrees[1], degrees[2], lower.tail = FALSE),
-        "Durbin Watson" = sum(diff(residuals(fit))^2) / sums[["Error"]]))
+        "Durbin Watson" = sum(diff(residuals(fit))^2) / sums[["Error"]],
+        "Leaving one out" = sqrt(mean((residuals(fit) / (1 - hatvalues(fit)))^2))))
 
 # Variance inflation: each predictor on an intercept and the others
 predictors <- names(data)[-1]

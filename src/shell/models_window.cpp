@@ -23,7 +23,7 @@ constexpr Twips rowHeight = pixels(20);
 constexpr Twips wordsHeight = pixels(84);
 constexpr Twips choiceLabel = pixels(100);
 constexpr Size least = {pixels(600), pixels(430)};
-constexpr Size usual = {pixels(1000), pixels(620)};
+constexpr Size usual = {pixels(1200), pixels(620)};
 
 // In rows of the least height; room that is left is spread over the columns.
 void showTable(Grid& grid, const TableContent& table, Twips barThickness) {

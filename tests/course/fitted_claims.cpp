@@ -9,6 +9,7 @@
 
 #include "fieldfile/field_reader.h"
 #include "formula/formula.h"
+#include "insight/influence.h"
 #include "report/options.h"
 #include "secondfit/second_fit.h"
 #include "secondfit/tail_areas.h"
@@ -124,16 +125,15 @@ Columns ofCase(const CourseSheet& sheet, const Fitted& fitted, const std::string
 
 Columns ofModel(const Fitted& fitted) {
   const ModelFigures& model = fitted.fit.model;
-  double left = 0, back = 0, below = 0;
+  double back = 0, below = 0;
   for (const CaseFigures& one : fitted.fit.byCase) {
-    left += std::pow(one.residual.value / (1 - one.leverage.value), 2);
     back += std::exp(one.fitted.value);
     below += one.fitted.value < 0;
   }
   const double cases = fitted.fit.cases;
   const auto error = [&](std::size_t i) { return fitted.fit.byCase[i].residual.value; };
   const std::size_t last = fitted.fit.byCase.size() - 1;
-  return {{"Leaving one out", std::sqrt(left / cases)},
+  return {{"Leaving one out", leavingOneOut(fitted.data, fitted.fit)},
           {"Std Error", model.standardError.value},
           {"Durbin Watson", model.durbinWatson.value},
           {"ends", (error(0) * error(0) + error(last) * error(last)) / model.sse.value},

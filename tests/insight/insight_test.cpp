@@ -38,7 +38,9 @@ TEST(ModelComparison, TellsWhatDroppingAPredictorDid) {
                           "The data do not show that X4 explains more than chance would (partial "
                           "F = 0.04 with 1 and 8 degrees of freedom, P = 0.844).",
                           "AIC (65.8 and 63.9) and BIC (69.2 and 66.7) prefer the second model: "
-                          "lower is better."));
+                          "lower is better.",
+                          "Leaving one out, the first model misses a case by 2.913, the second by "
+                          "2.631 (root mean square, in the unit of Y)."));
   const ModelComparison added = compareModels(record({2}), whole);
   EXPECT_THAT(added.sentences[0], testing::StartsWith("Adding X1, X3 and X4 raised R-squared by "));
   EXPECT_THAT(added.sentences[1], HasSubstr("believe that X1, X3 and X4 together explain no more"));
@@ -97,6 +99,17 @@ TEST(Influence, RanksInWordsAlsoWhereCasesAreAlike) {
   const SecondFit held = fitSecond(heldData(modelOf({{0, 2}, {0, 3}, {0, 4}, {0, 8}, {1, 5}})));
   EXPECT_EQ(measuresOf(held, 5)[5].words, "not determined");
   EXPECT_THAT(influentialCases(held), ElementsAre(5));
+}
+
+// R 4.2, one lm for each case left out: sqrt(mean(miss^2)).
+TEST(Influence, TellsByHowMuchCasesAreMissedThatAreLeftOut) {
+  for (const auto& [intercept, error] : {std::pair{true, 2.913450992}, {false, 2.753306629}})
+    for (const Extent extent : {Extent::all, Extent::noticeable}) {
+      const ModelData data = heldData(cementModel(intercept));
+      EXPECT_NEAR(leavingOneOut(data, fitSecond(data, extent)), error, 1e-6);  // of singles
+    }
+  const ModelData held = heldData(modelOf({{0, 2}, {0, 3}, {0, 4}, {0, 8}, {1, 5}}));
+  EXPECT_TRUE(std::isnan(leavingOneOut(held, fitSecond(held, Extent::noticeable))));
 }
 
 // Each sentence, of one case, of several, of all.

@@ -23,7 +23,9 @@ TEST_F(ReportOnCases, JsonHasThemForEachCaseAndNullAfterAFailedFit) {
   const std::string twins = write("twins.csv", "Y,A,B\n1,1,1\n3,2,2\n2,3,3\n5,4,4\n4,5,5\n");
   const std::string text =
       output({twins, "--y", "Y", "--predict", write("n.csv", "A,B\n1,2\n")}, "json");
-  EXPECT_THAT(text, HasSubstr("\"influence\": null,\n  \"predictions\": null\n"));
+  EXPECT_THAT(
+      text,
+      HasSubstr("\"influence\": null,\n  \"leavingOneOut\": null,\n  \"predictions\": null\n"));
   EXPECT_THAT(output({table, "--y", "Rent"}, "json"), Not(HasSubstr("\"predictions\"")));
 }
 

@@ -53,14 +53,14 @@ TEST_F(ModelsOnTheScreen, AreComparedWithTheOneBeforeAndTakenUpAgain) {
                  "would (partial F = 0.95 with 1 and 17 degrees of freedom, P = 0.344)."));
   EXPECT_EQ(window().spdTerms.text(5, 1) + window().spdTerms.text(5, 4), "AcidConc---");
   EXPECT_FALSE(window().cmdTakeUp.enabled());
-  window().spdModels.select({2, 1, 2, 11});
+  window().spdModels.select({2, 1, 2, 12});
   user.click("frmModels", "cmdTakeUp");
   desktop.advance(1000);
   EXPECT_EQ(state().iNumPredictors, 3);
   EXPECT_EQ(window().spdModels.maxRows(), 3) << "it is in the list already";
-  EXPECT_EQ(window().spdModels.text(2, 11), "yes");
+  EXPECT_EQ(window().spdModels.text(2, 12), "yes");
   EXPECT_THAT(window().txtWords.text(), StartsWith("Adding AcidConc raised the largest VIF "));
-  window().spdModels.select({3, 1, 3, 11});
+  window().spdModels.select({3, 1, 3, 12});
   user.click("frmModels", "cmdTakeUp");
   desktop.advance(1000);
   EXPECT_EQ(state().iNumPredictors, 2);
@@ -75,7 +75,7 @@ TEST_F(ModelsOnTheScreen, SayWhyOneCannotBeTakenUpAndWhatIsKeptNoMore) {
   changed.sData(1, 2) += 1;
   fit();
   user.menu("mdiReg", "Explore/Compare Models...");
-  window().spdModels.select({2, 1, 2, 11});
+  window().spdModels.select({2, 1, 2, 12});
   EXPECT_FALSE(window().cmdTakeUp.enabled());
   EXPECT_THAT(window().lblTakeUp.caption(), HasSubstr("other values in them"));
   EXPECT_THAT(window().txtWords.text(), HasSubstr("different values of the same variables"));
