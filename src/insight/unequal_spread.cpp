@@ -77,7 +77,7 @@ std::string spreadWords(const SpreadTest& test) {
   if (std::isnan(test.p))
     return "Whether the residuals spread evenly cannot be told: the fit leaves none to speak of, "
            "or "
-           "nothing that their spread could hang on.";
+           "nothing that their spread could depend on.";
   const std::string figures = "Breusch-Pagan " + formatNumber(test.statistic, "0.00") + " with " +
                               counted(test.degrees, "degree") + " of freedom, " +
                               probabilityWords(test.p);
