@@ -20,7 +20,8 @@
 namespace {
 
 constexpr const char* usage =
-    "Usage: tolmer [--zoom PERCENT] [--program-folder FOLDER] [--leave-after-first-page] [FILE]\n\n"
+    "Usage: tolmer [--zoom PERCENT] [--program-folder FOLDER] [--leave-after-first-page]\n"
+    "              [--] [FILE]\n\n"
     "Multiple regression on the desktop.\n"
     "  FILE                       opens in the data editor: a data set, text as CSV, or a\n"
     "                             workbook or statistics file of another program\n"
@@ -50,16 +51,23 @@ bool takeZoom(std::string_view word, int& zoom) {
 
 Options optionsOf(int argc, char** argv) {
   Options options;
+  bool isFile = false;  // behind "--"
   for (int i = 1; i < argc && options.areUnderstood; ++i) {
     const std::string_view word = argv[i];
-    if (word == "--program-folder" && i + 1 < argc)
+    if (word == "--" && !isFile)
+      isFile = true;
+    else if (options.file.empty() && !word.empty() && (isFile || !word.starts_with('-')))
+      options.file = std::filesystem::absolute(word).string();
+    else if (isFile)
+      options.areUnderstood = false;
+    else if (word == "--program-folder" && i + 1 < argc)
       options.programFolder = argv[++i];
     else if (word == "--zoom" && i + 1 < argc)
       options.areUnderstood = takeZoom(argv[++i], options.zoom);
+    else if (word == "-session" && i + 1 < argc)
+      ++i;  // the toolkit's: a session manager starts again what ran when the session ended
     else if (word == "--leave-after-first-page")
       options.leaveAfterFirstPage = true;
-    else if (options.file.empty() && !word.empty() && !word.starts_with('-'))
-      options.file = std::filesystem::absolute(word).string();
     else
       options.areUnderstood = false;
   }

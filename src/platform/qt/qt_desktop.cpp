@@ -4,7 +4,6 @@
 #include <QDesktopServices>
 #include <QProcess>
 #include <QScreen>
-#include <QSessionManager>
 #include <QStandardPaths>
 #include <QStyle>
 #include <QToolTip>
@@ -29,15 +28,12 @@ namespace tolmer {
 QtDesktop::QtDesktop() : alarm_(timers(), mirror_.gate) {
   // The program ends by its own rules, not when no window happens to stand.
   QGuiApplication::setQuitOnLastWindowClosed(false);
-  QObject::connect(
-      qGuiApp, &QGuiApplication::commitDataRequest, &session_,
-      [this](QSessionManager& session) { sessionEnds(session); }, Qt::DirectConnection);
-  QObject::connect(QGuiApplication::primaryScreen(), &QScreen::availableGeometryChanged, &session_,
+  QObject::connect(QGuiApplication::primaryScreen(), &QScreen::availableGeometryChanged, &screens_,
                    [this] { screenChanged(); });
-  QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &session_,
+  QObject::connect(qGuiApp, &QGuiApplication::primaryScreenChanged, &screens_,
                    [this](QScreen* screen) {
                      if (!screen) return;
-                     QObject::connect(screen, &QScreen::availableGeometryChanged, &session_,
+                     QObject::connect(screen, &QScreen::availableGeometryChanged, &screens_,
                                       [this] { screenChanged(); });
                      screenChanged();
                    });
@@ -46,19 +42,6 @@ QtDesktop::QtDesktop() : alarm_(timers(), mirror_.gate) {
 QtDesktop::~QtDesktop() {
   // No loop runs any more that would carry out deferred deletions.
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-}
-
-// As if the main window was closed. Where the user stays, the end of the session is called off;
-// where he cannot be asked, nothing is done that he would have to be asked for.
-void QtDesktop::sessionEnds(QSessionManager& session) {
-  const auto all = windows();
-  const auto frame = std::ranges::find(all, WindowStyle::frame, &Window::style);
-  if (frame == all.end() || !session.allowsInteraction()) return;
-  mirror_.gate.enter([&] {
-    if ((*frame)->requestClose()) return;
-    session.release();
-    session.cancel();
-  });
 }
 
 int QtDesktop::run() { return mirror_.gate.runApplication(); }

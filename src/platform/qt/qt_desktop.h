@@ -9,8 +9,7 @@
 #include "platform/qt/alarm.h"
 #include "platform/qt/drop_filter.h"
 #include "platform/qt/mirror.h"
-
-class QSessionManager;
+#include "platform/qt/session_end.h"
 
 namespace tolmer {
 
@@ -70,16 +69,16 @@ class QtDesktop : public Desktop {
  private:
   void zoomChanged() override;
   void screenChanged();
-  void sessionEnds(QSessionManager& session);
 
   Mirror mirror_{*this};
   Alarm alarm_;
   DropFilter drops_{mirror_};
+  SessionEnd session_{mirror_};
   bool busyPointer_ = false;
   std::string helpFolder_;
   std::unique_ptr<HelpWindow> help_;
   std::unique_ptr<KeptWindow> kept_;
-  QObject session_;  // listens as long as the windows stand
+  QObject screens_;  // listens as long as the windows stand
 };
 
 }  // namespace tolmer
