@@ -2,6 +2,7 @@
 # has, too.
 include(GoogleTest)
 if(CMAKE_CROSSCOMPILING)
+  set(gtest_disable_pthreads "${EMSCRIPTEN}" CACHE BOOL "")
   add_subdirectory(/usr/src/googletest "${CMAKE_BINARY_DIR}/googletest" EXCLUDE_FROM_ALL SYSTEM)
   foreach(library gmock gtest_main)
     if(NOT TARGET GTest::${library})

@@ -3,6 +3,7 @@
 
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "base/error.h"
@@ -19,7 +20,9 @@ struct CourseModel {
   std::vector<std::string> x;  // independent variables; empty for all others
   bool intercept = true;
 
-  friend auto operator<=>(const CourseModel&, const CourseModel&) = default;
+  friend bool operator<(const CourseModel& a, const CourseModel& b) {
+    return std::tie(a.dataSet, a.y, a.x, a.intercept) < std::tie(b.dataSet, b.y, b.x, b.intercept);
+  }
 };
 
 // From three fields of a list: the data set, the dependent variable, and the independent ones

@@ -26,6 +26,7 @@ enum class Change : unsigned {
 constexpr Change operator|(Change a, Change b) {
   return static_cast<Change>(static_cast<unsigned>(a) | static_cast<unsigned>(b));
 }
+constexpr Change operator~(Change set) { return static_cast<Change>(~static_cast<unsigned>(set)); }
 constexpr bool has(Change set, Change bit) {
   return (static_cast<unsigned>(set) & static_cast<unsigned>(bit)) != 0;
 }

@@ -8,9 +8,9 @@
 #include <variant>
 #include <vector>
 
+#include "base/json_writer.h"
 #include "base/program_words.h"
 #include "insight/influence.h"
-#include "report/json_writer.h"
 #include "tables/table_parts.h"
 
 namespace tolmer {

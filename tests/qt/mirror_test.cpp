@@ -17,6 +17,7 @@
 #include <QTreeWidget>
 #include <cmath>
 
+#include "mirrors/stage.h"
 #include "platform/buttons.h"
 #include "platform/fields.h"
 #include "platform/font_advances.h"
@@ -27,7 +28,6 @@
 #include "platform/qt/theme.h"
 #include "platform/tab_book.h"
 #include "platform/text_metrics.h"
-#include "qt/stage.h"
 #include "support/qt_user.h"
 
 namespace tolmer::test {

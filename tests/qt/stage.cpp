@@ -1,4 +1,4 @@
-#include "qt/stage.h"
+#include "mirrors/stage.h"
 
 #include "support/headless_user.h"
 #include "support/qt_user.h"
@@ -21,6 +21,8 @@ class StageOf : public Stage {
 };
 
 }  // namespace
+
+std::vector<StageKind> stageKinds() { return {StageKind::headless, StageKind::toolkit}; }
 
 std::unique_ptr<Stage> makeStage(StageKind kind) {
   if (kind == StageKind::headless)

@@ -34,6 +34,8 @@ class JsonWriter {
   void value(float number);
   void value(double number);
   void null() { raw("null"); }
+  // One that is JSON already.
+  void token(std::string_view json) { raw(json); }
 
   // key and value
   template <class Value>

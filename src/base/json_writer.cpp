@@ -1,4 +1,4 @@
-#include "report/json_writer.h"
+#include "base/json_writer.h"
 
 #include <algorithm>
 #include <array>

@@ -4,6 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <memory>
+#include <string>
+#include <vector>
 
 #include "platform/desktop.h"
 #include "support/script.h"
@@ -20,7 +22,9 @@ class Stage {
   virtual void advance(int milliseconds) = 0;
 };
 
-enum class StageKind { headless, toolkit };
+enum class StageKind { headless, toolkit, chromium, firefox };
+// Those that this test program has, and how it makes them.
+std::vector<StageKind> stageKinds();
 std::unique_ptr<Stage> makeStage(StageKind kind);
 
 class StageTest : public testing::TestWithParam<StageKind> {
@@ -31,10 +35,11 @@ class StageTest : public testing::TestWithParam<StageKind> {
   Script& script = stage->script();
 };
 
-// A suite of a class derived from StageTest runs on both desktops.
-inline const auto bothStages = testing::Values(StageKind::headless, StageKind::toolkit);
+// A suite of a class derived from StageTest runs on all of them.
+inline auto stages() { return testing::ValuesIn(stageKinds()); }
 inline std::string stageName(const testing::TestParamInfo<StageKind>& info) {
-  return info.param == StageKind::headless ? "headless" : "toolkit";
+  constexpr const char* names[] = {"headless", "toolkit", "chromium", "firefox"};
+  return names[static_cast<int>(info.param)];
 }
 
 // Controls of usual size in rows from the top.

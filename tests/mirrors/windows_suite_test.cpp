@@ -5,7 +5,7 @@
 #include "platform/buttons.h"
 #include "platform/fields.h"
 #include "platform/labels.h"
-#include "qt/stage.h"
+#include "mirrors/stage.h"
 
 namespace tolmer::test {
 namespace {
@@ -356,7 +356,7 @@ TEST_P(WindowsSuite, MenusOpenAndChoose) {
   EXPECT_ANY_THROW(user.menu("mdi", "File/Save"));
 }
 
-INSTANTIATE_TEST_SUITE_P(Desktops, WindowsSuite, bothStages, stageName);
+INSTANTIATE_TEST_SUITE_P(Desktops, WindowsSuite, stages(), stageName);
 
 }  // namespace
 }  // namespace tolmer::test

@@ -7,7 +7,7 @@
 #include "platform/fields.h"
 #include "platform/labels.h"
 #include "platform/panels.h"
-#include "qt/stage.h"
+#include "mirrors/stage.h"
 
 namespace tolmer::test {
 namespace {
@@ -203,7 +203,7 @@ TEST_P(ControlsSuite, MouseReachesTheNearestModelThatListens) {
   EXPECT_EQ(events, "up");
 }
 
-INSTANTIATE_TEST_SUITE_P(Desktops, ControlsSuite, bothStages, stageName);
+INSTANTIATE_TEST_SUITE_P(Desktops, ControlsSuite, stages(), stageName);
 
 }  // namespace
 }  // namespace tolmer::test

@@ -1,0 +1,282 @@
+#include "platform/web/nodes.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "platform/grid/grid.h"
+#include "platform/text_metrics.h"
+#include "platform/window.h"
+
+namespace tolmer {
+namespace {
+
+bool isEmpty(const CellBlock& block) { return block.row > block.row2 || block.col > block.col2; }
+
+CellBlock united(const CellBlock& one, const CellBlock& other) {
+  if (isEmpty(one) || isEmpty(other)) return isEmpty(one) ? other : one;
+  return {std::min(one.row, other.row), std::min(one.col, other.col),
+          std::max(one.row2, other.row2), std::max(one.col2, other.col2)};
+}
+
+}  // namespace
+
+NodePeer::NodePeer(Nodes& nodes, Control& control)
+    : nodes_(nodes), control_(control), id_(++nodes.last_) {
+  nodes_.nodes_.emplace(id_, this);
+}
+
+NodePeer::~NodePeer() {
+  nodes_.nodes_.erase(id_);
+  nodes_.touched_.erase(id_);
+  nodes_.hasMenu_.erase(id_);
+  if (told_) nodes_.gone_.push_back(id_);
+  if (nodes_.whenGone) nodes_.whenGone(control_);
+}
+
+int NodePeer::idOf(const Control* control) {
+  const Peer* peer = control ? control->peer() : nullptr;
+  return peer ? static_cast<const NodePeer*>(peer)->id() : 0;
+}
+
+void NodePeer::changed(Change what) {
+  if (has(what, Change::children))
+    if (auto* container = dynamic_cast<Container*>(&control_))
+      for (Control* child : container->children()) {
+        if (child->peer()) continue;
+        child->setPeer(std::make_unique<NodePeer>(nodes_, *child));
+        child->peer()->changed(Change::all);
+      }
+  if (has(what, Change::enabled) && told_)
+    if (auto* container = dynamic_cast<const Container*>(&control_))
+      nodes_.touchInside(*container, Change::enabled);
+  if (what == Change::focus && control_.kind() == ControlKind::textBox) marksAll = true;
+  if (what == Change::focus && control_.kind() == ControlKind::numberBox) marksAll = true;
+  if (what == Change::value && control_.kind() == ControlKind::textBox) ++scrollWishes;
+  if (has(what, Change::content) && control_.kind() == ControlKind::grid)
+    grid.changed = united(grid.changed, static_cast<const Grid&>(control_).changedCells());
+  nodes_.touch(*this, what);
+}
+
+bool NodePeer::canBeTold() const {
+  if (!control_.visible()) return false;
+  const auto* window = dynamic_cast<const Window*>(&control_);
+  const Control* around = window ? window->frame() : control_.parent();
+  const Peer* peer = around ? around->peer() : nullptr;
+  return !around || (peer && static_cast<const NodePeer*>(peer)->isTold());
+}
+
+EntryPeer::EntryPeer(Nodes& nodes, MenuItem& item)
+    : nodes_(nodes), item_(item), id_(++nodes.last_) {
+  nodes_.entries_.emplace(id_, this);
+}
+
+EntryPeer::~EntryPeer() {
+  nodes_.entries_.erase(id_);
+  nodes_.touchedEntries_.erase(id_);
+}
+
+void EntryPeer::changed(Change) { nodes_.touchedEntries_.insert(id_); }
+
+std::string Nodes::addressOf(const std::string& file) const {
+  if (!file.starts_with(ownFolder_ + '/')) return {};
+  return file.substr(ownFolder_.rfind('/') + 1);
+}
+
+void Nodes::follow(Window& window) {
+  if (window.peer()) return;
+  window.setPeer(std::make_unique<NodePeer>(*this, window));
+  window.peer()->changed(Change::all);
+}
+
+Control* Nodes::control(int id) const {
+  const auto found = nodes_.find(id);
+  return found == nodes_.end() ? nullptr : &found->second->control();
+}
+
+MenuItem* Nodes::entry(int id) const {
+  const auto found = entries_.find(id);
+  return found == entries_.end() ? nullptr : &found->second->item();
+}
+
+std::vector<Window*> Nodes::shownWindows() const {
+  std::vector<Window*> windows;
+  for (const auto& [id, node] : nodes_)
+    if (node->control().kind() == ControlKind::window && node->control().visible())
+      windows.push_back(static_cast<Window*>(&node->control()));
+  return windows;
+}
+
+void Nodes::touchAll(Change what) {
+  for (const auto& [id, node] : nodes_)
+    if (node->isTold()) touch(*node, what);
+}
+
+void Nodes::touch(NodePeer& node, Change what) {
+  node.dirty_ = node.dirty_ | what;
+  touched_.insert(node.id());
+}
+
+void Nodes::touchInside(const Container& container, Change what) {
+  for (const Control* child : container.children()) {
+    if (!child->peer()) continue;
+    touch(static_cast<NodePeer&>(*child->peer()), what);
+    if (const auto* inner = dynamic_cast<const Container*>(child)) touchInside(*inner, what);
+  }
+}
+
+void Nodes::orderPopup(MenuItem& menu, Window& window) {
+  order([this, &menu, id = NodePeer::idOf(&window)](JsonWriter& json) {
+    json.beginObject();
+    json.member("do", "popup");
+    json.member("window", id);
+    json.key("entries");
+    writeEntries(json, *this, menu);
+    json.endObject();
+  });
+}
+
+void Nodes::write(JsonWriter& json) {
+  for (const int id : std::exchange(gone_, {})) {
+    json.beginObject();
+    json.member("do", "gone");
+    json.member("id", id);
+    json.endObject();
+  }
+  // A container that is told for the first time touches what stands in it, which has higher
+  // numbers.
+  for (auto at = touched_.begin(); at != touched_.end(); at = touched_.upper_bound(*at))
+    tell(json, *nodes_.at(*at));
+  touched_.clear();
+  for (const int id : std::exchange(touchedEntries_, {})) {
+    const MenuItem& item = entries_.at(id)->item();
+    json.beginObject();
+    json.member("do", "entry");
+    json.member("id", id);
+    json.member("enabled", item.enabled());
+    json.member("checked", item.checked());
+    json.member("checkable", item.checkable() || item.checked());
+    json.endObject();
+  }
+  for (const auto& write : std::exchange(later_, {})) write(json);
+}
+
+void Nodes::tell(JsonWriter& json, NodePeer& node) {
+  const bool isFirst = !node.told_;
+  if (isFirst && !node.canBeTold()) return;
+  const Change what = isFirst ? Change::all : std::exchange(node.dirty_, {});
+  if (!has(what, ~(Change::updates | Change::children))) return;
+  node.told_ = true;
+  json.beginObject();
+  json.member("do", "node");
+  json.member("id", node.id());
+  writeNode(json, node, *this, what);
+  json.endObject();
+  node.dirty_ = {};
+  if (isFirst) touchFirst(node.control());
+  if (node.control().kind() == ControlKind::window && has(what, Change::items))
+    writeMenu(json, static_cast<Window&>(node.control()));
+}
+
+// What waited for it to be told.
+void Nodes::touchFirst(const Control& control) {
+  if (const auto* container = dynamic_cast<const Container*>(&control)) touchInside(*container, {});
+  const auto* frame = dynamic_cast<const FrameWindow*>(&control);
+  if (!frame) return;
+  for (const Window* child : frame->childWindows())
+    if (child->peer()) touch(static_cast<NodePeer&>(*child->peer()), {});
+}
+
+void Nodes::writeMenu(JsonWriter& json, Window& window) {
+  const int id = NodePeer::idOf(&window);
+  if (!window.menuBar() || !hasMenu_.insert(id).second) return;
+  json.beginObject();
+  json.member("do", "menu");
+  json.member("window", id);
+  json.key("entries");
+  writeEntries(json, *this, *window.menuBar());
+  json.endObject();
+}
+
+namespace {
+
+std::string nameOfKey(int code) {
+  constexpr std::array<std::pair<int, const char*>, 8> names{{{keys::backspace, "Backspace"},
+                                                              {keys::deleteKey, "Del"},
+                                                              {keys::enter, "Return"},
+                                                              {keys::escape, "Esc"},
+                                                              {keys::pageUp, "PgUp"},
+                                                              {keys::pageDown, "PgDown"},
+                                                              {keys::plus, "+"},
+                                                              {keys::minus, "-"}}};
+  for (const auto& [named, name] : names)
+    if (named == code) return name;
+  if (code >= keys::f1 && code < keys::f1 + 12) return "F" + std::to_string(code - keys::f1 + 1);
+  return {static_cast<char>(code)};
+}
+
+std::string nameOf(const KeyPress& key) {
+  if (key.code == 0) return {};
+  std::string name;
+  if (key.control) name += "Ctrl+";
+  if (key.alt) name += "Alt+";
+  if (key.shift) name += "Shift+";
+  return name + nameOfKey(key.code);
+}
+
+bool isPaste(const MenuItem& item) {
+  return withoutMnemonic(item.caption()) == "Paste" ||
+         item.shortcut() == KeyPress{'V', false, true, false};
+}
+
+void writeEntry(JsonWriter& json, Nodes& nodes, MenuItem& item) {
+  if (!item.peer()) item.setPeer(std::make_unique<EntryPeer>(nodes, item));
+  json.beginObject();
+  json.member("id", item.isSeparator() ? 0 : static_cast<EntryPeer*>(item.peer())->id());
+  json.member("caption", item.caption());
+  json.member("enabled", item.enabled());
+  json.member("checked", item.checked());
+  json.member("checkable", item.checkable() || item.checked());
+  json.member("key", nameOf(item.shortcut()));
+  json.member("pastes", isPaste(item));
+  if (!item.items().empty()) {
+    json.key("entries");
+    writeEntries(json, nodes, item);
+  }
+  json.endObject();
+}
+
+}  // namespace
+
+void writeEntries(JsonWriter& json, Nodes& nodes, const MenuItem& menu) {
+  json.beginArray();
+  for (MenuItem* item : menu.items()) writeEntry(json, nodes, *item);
+  json.endArray();
+}
+
+bool isEnabledWithin(const Control& control) {
+  for (const Control* one = &control; one; one = one->parent())
+    if (!one->enabled()) return false;
+  return true;
+}
+
+float magnificationOf(const Control& control) {
+  const Window* window = control.window();
+  return window ? window->magnification() : 1;
+}
+
+// The program's own look: the same on every system.
+std::string hexColour(Colour colour) {
+  if (colour.kind == Colour::Kind::buttonFace) return "#f3f4f6";
+  if (colour.kind == Colour::Kind::window) return "#ffffff";
+  if (colour.kind != Colour::Kind::rgb) return "#1f242b";
+  constexpr std::string_view digits = "0123456789abcdef";
+  std::string hex = "#";
+  for (const int part : {colour.red, colour.green, colour.blue}) {
+    hex += digits[static_cast<std::size_t>(part / 16)];
+    hex += digits[static_cast<std::size_t>(part % 16)];
+  }
+  return hex;
+}
+
+}  // namespace tolmer

@@ -1,0 +1,143 @@
+// The mirror in a page: what there is on the screen has a number, and what changes is collected
+// until the page is to hear of it.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "base/json_writer.h"
+#include "platform/control.h"
+#include "platform/grid/sheet.h"
+#include "platform/menu.h"
+
+namespace tolmer {
+
+class Grid;
+class Nodes;
+class Window;
+
+// What the page was told last of a grid, so that it hears only of cells that read otherwise.
+struct ToldGrid {
+  Sheet sheet;
+  std::map<std::pair<int, int>, std::string> remarks;
+  std::vector<std::string> looks;  // as they were written, by their number
+  static constexpr CellBlock noCells{.row = 0, .col = 0, .row2 = -1, .col2 = -1};
+  CellBlock changed = noCells;  // since then, and some between them
+  bool isKnown = false;
+};
+
+// Follows one window or control. The page hears of it when it is first visible.
+class NodePeer : public Peer {
+ public:
+  NodePeer(Nodes& nodes, Control& control);
+  ~NodePeer() override;
+  NodePeer(const NodePeer&) = delete;
+  NodePeer& operator=(const NodePeer&) = delete;
+
+  void changed(Change what) override;
+  int id() const { return id_; }
+  Control& control() const { return control_; }
+  bool isTold() const { return told_; }
+
+  // 0 for a control that has none.
+  static int idOf(const Control* control);
+
+  // Kept here for those who write the orders.
+  std::string pageText;  // a text box's, as the page has it
+  ToldGrid grid;
+  int scrollWishes = 0;
+  bool marksAll = false;
+
+ private:
+  friend class Nodes;
+  bool canBeTold() const;
+
+  Nodes& nodes_;
+  Control& control_;
+  int id_;
+  Change dirty_{};
+  bool told_ = false;
+};
+
+// Follows one entry of a menu.
+class EntryPeer : public Peer {
+ public:
+  EntryPeer(Nodes& nodes, MenuItem& item);
+  ~EntryPeer() override;
+  EntryPeer(const EntryPeer&) = delete;
+  EntryPeer& operator=(const EntryPeer&) = delete;
+  void changed(Change) override;
+  int id() const { return id_; }
+  MenuItem& item() const { return item_; }
+
+ private:
+  Nodes& nodes_;
+  MenuItem& item_;
+  int id_;
+};
+
+class Nodes {
+ public:
+  // Where the program's own files lie, which the page has below its address, too, in a folder of
+  // the same name.
+  void setOwnFolder(std::string folder) { ownFolder_ = std::move(folder); }
+  // The page's address of a file of the program's; empty for any other.
+  std::string addressOf(const std::string& file) const;
+
+  // Follows the window and all that stands in it.
+  void follow(Window& window);
+  // Null for a number that is no control's, or no menu entry's, any more.
+  Control* control(int id) const;
+  MenuItem* entry(int id) const;
+  // All windows that are followed and visible, in the order of their first showing.
+  std::vector<Window*> shownWindows() const;
+  // Everything of all windows is to be told again, as after a change of the screen.
+  void touchAll(Change what);
+
+  // An order that goes out behind the nodes of the next batch.
+  void order(std::function<void(JsonWriter&)> write) { later_.push_back(std::move(write)); }
+  void orderPopup(MenuItem& menu, Window& window);
+  // Told of each control that goes.
+  std::function<void(const Control&)> whenGone;
+  // All orders, as elements of the array that is open.
+  void write(JsonWriter& json);
+
+ private:
+  friend class NodePeer;
+  friend class EntryPeer;
+  void touch(NodePeer& node, Change what);
+  void tell(JsonWriter& json, NodePeer& node);
+  void touchFirst(const Control& control);
+  void touchInside(const Container& container, Change what);
+  void writeMenu(JsonWriter& json, Window& window);
+
+  std::string ownFolder_;
+  std::map<int, NodePeer*> nodes_;
+  std::map<int, EntryPeer*> entries_;
+  std::set<int> touched_;
+  std::set<int> touchedEntries_;
+  std::vector<int> gone_;
+  std::vector<std::function<void(JsonWriter&)>> later_;
+  std::set<int> hasMenu_;  // windows whose menu bar the page knows
+  int last_ = 0;
+};
+
+// What the page is to hear of a control of whatever kind: members of the object that is open. At
+// the first time `what` is Change::all.
+void writeNode(JsonWriter& json, NodePeer& node, const Nodes& nodes, Change what);
+// The same of a grid alone.
+void writeGrid(JsonWriter& json, NodePeer& node, const Grid& grid, Change what);
+void writeEntries(JsonWriter& json, Nodes& nodes, const MenuItem& menu);
+
+// Of a control and all containers around it.
+bool isEnabledWithin(const Control& control);
+float magnificationOf(const Control& control);
+// "#rrggbb"
+std::string hexColour(Colour colour);
+
+}  // namespace tolmer

@@ -1,0 +1,277 @@
+#include "platform/web/page_input.h"
+
+#include "platform/buttons.h"
+#include "platform/fields.h"
+#include "platform/graph/graph.h"
+#include "platform/grid/edit_grid.h"
+#include "platform/labels.h"
+#include "platform/outline.h"
+#include "platform/panels.h"
+#include "platform/tab_book.h"
+#include "platform/window.h"
+
+namespace tolmer {
+namespace {
+
+// The keys stand behind that field.
+ClickKeys heldIn(const PageMessage& message, std::size_t index) {
+  return {message.flag(index), message.flag(index + 1)};
+}
+
+KeyPress keyIn(const PageMessage& message, std::size_t index) {
+  return {message.whole(index), message.flag(index + 1), message.flag(index + 2),
+          message.flag(index + 3)};
+}
+
+bool takesInput(const Control& control) {
+  const Window* window = control.window();
+  return window && window->takesInput();
+}
+
+TextMark markIn(const PageMessage& message, std::size_t index) {
+  return {message.count(index), message.count(index + 1)};
+}
+
+}  // namespace
+
+void PageInput::take(const PageMessage& message) {
+  const std::string& kind = message.kind();
+  if (kind == "key") return key(message);
+  const int id = message.whole(0);
+  if (kind == "click") return click(id);
+  Control* control = nodes_.control(id);
+  if (!control || !takesInput(*control)) return;
+  if (kind == "mouse") return mouse(*control, message);
+  if (kind == "hover") return hover(*control, message);
+  if (control->kind() == ControlKind::window)
+    return window(static_cast<Window&>(*control), message);
+  if (!control->canBeUsed()) return;
+  if (kind == "focus") return focus(*control);
+  if (kind == "value") return value(*control, message.whole(1));
+  if (kind == "choose" || kind == "moveto") {
+    if (kind == "moveto" && control->kind() == ControlKind::outline)
+      return static_cast<Outline&>(*control).moveTo(message.whole(1));
+    return choose(*control, message.whole(1));
+  }
+  if (kind == "expand" && control->kind() == ControlKind::outline)
+    return static_cast<Outline&>(*control).openByUser(message.whole(1), message.flag(2));
+  if (kind == "text" || kind == "marked") return text(*control, message);
+  if (kind == "wheel") {
+    turnWheel(*control, message.number(1));
+    return;
+  }
+  if (kind == "cell") return cell(*control, message);
+  if (control->kind() == ControlKind::graph) return graph(static_cast<Graph&>(*control), message);
+  if (auto* grid = dynamic_cast<EditGrid*>(control)) edited(*grid, message);
+}
+
+void PageInput::click(int id) {
+  if (MenuItem* entry = nodes_.entry(id)) {
+    if (entry->enabled()) entry->click();
+    return;
+  }
+  Control* control = nodes_.control(id);
+  if (!control || !takesInput(*control) || !control->canBeUsed()) return;
+  // From a click on the control may be gone.
+  if (control->kind() == ControlKind::button) return static_cast<Button&>(*control).click();
+  if (control->kind() == ControlKind::label) static_cast<Label&>(*control).click();
+}
+
+// To the control with the focus, or to its window; Tab moves on where nothing else has a use for
+// it.
+void PageInput::key(const PageMessage& message) {
+  const KeyPress key = keyIn(message, 0);
+  Window* window = desktop_.inputWindow();
+  Control* focus = desktop_.focus();
+  if (!window || !window->takesInput()) return;
+  if (const TakenKey* taken = takenKey(focus ? *focus : *window, key)) return raise(taken->work);
+  if (focus && focus->kind() == ControlKind::grid) {
+    const int id = NodePeer::idOf(focus);
+    const bool taken = static_cast<Grid&>(*focus).pressKey(key);
+    // Whether keys move within the text is no news of the grid's.
+    if (nodes_.control(id) && dynamic_cast<EditGrid*>(focus)) focus->peer()->changed(Change::text);
+    if (taken) return;
+    const bool asksMenu = key.code == keys::menu || (key.code == keys::f10 && key.shift);
+    if (asksMenu && nodes_.control(id)) return raise(focus->MouseUp, MouseButton::right);
+  }
+  if (key.code == keys::tab && !key.control && !key.alt) return window->moveFocus(key.shift);
+  window->pressKey(key);
+}
+
+void PageInput::value(Control& control, int value) {
+  switch (control.kind()) {
+    case ControlKind::checkBox:
+      return static_cast<CheckBox&>(control).setValue(value);
+    case ControlKind::optionButton:
+      return static_cast<OptionButton&>(control).setValue(true);
+    case ControlKind::numberBox:
+      return static_cast<NumberBox&>(control).setValue(value);
+    case ControlKind::scrollBar:
+      return static_cast<ScrollBar&>(control).setValue(value);
+    default:
+      return;
+  }
+}
+
+void PageInput::choose(Control& control, int index) {
+  switch (control.kind()) {
+    case ControlKind::comboBox:
+      return static_cast<ComboBox&>(control).setListIndex(index);
+    case ControlKind::tabBook:
+      return static_cast<TabBook&>(control).chooseTab(index);
+    case ControlKind::outline:
+      return static_cast<Outline&>(control).click(index);
+    default:
+      return;
+  }
+}
+
+void PageInput::text(Control& control, const PageMessage& message) {
+  if (control.kind() != ControlKind::textBox) return;
+  auto& box = static_cast<TextBox&>(control);
+  const bool isText = message.kind() == "text";
+  const TextMark mark = markIn(message, isText ? 2 : 1);
+  if (isText) {
+    const int id = NodePeer::idOf(&box);
+    static_cast<NodePeer*>(box.peer())->pageText = message.text(1);
+    if (!box.readOnly()) box.setText(message.text(1));
+    if (!nodes_.control(id)) return;
+  }
+  box.reportMarked({mark.first, mark.length});
+}
+
+// The page has put the focus there itself.
+void PageInput::focus(Control& control) {
+  Window& window = *control.window();
+  desktop_.knownFocus_ = NodePeer::idOf(&control);
+  if (window.frame()) window.frame()->activate(window);
+  if (control.takesFocus()) control.setFocus();
+}
+
+void PageInput::mouse(Control& control, const PageMessage& message) {
+  const std::string& act = message.text(1);
+  const MouseButton button = message.text(2) == "right" ? MouseButton::right : MouseButton::left;
+  MouseRoute& route = desktop_.mouse_;
+  if (act == "move") return route.move(control);
+  Window* frame = control.window()->frame();
+  const int id = NodePeer::idOf(&control);
+  if (act == "press" && frame) static_cast<FrameWindow*>(frame)->activate(*control.window());
+  if (!nodes_.control(id)) return;
+  const bool isOwn = control.kind() == ControlKind::grid || control.kind() == ControlKind::graph;
+  if (act == "press")
+    return isOwn ? raise(control.MouseDown, button) : route.press(control, button);
+  if (act == "double") return route.doubleClick(control);
+  if (isOwn) return raise(control.MouseUp, button);
+  route.release(control, button, message.flag(3));
+}
+
+// In these the handlers of one event may unload the control before the next one.
+void PageInput::cell(Control& control, const PageMessage& message) {
+  if (control.kind() != ControlKind::grid) return;
+  auto& grid = static_cast<Grid&>(control);
+  const int id = message.whole(0);
+  const std::string& act = message.text(1);
+  const CellPosition cell{message.whole(2), message.whole(3)};
+  if (!grid.sheet().contains(cell)) return;
+  const auto isThere = [&] { return nodes_.control(id) != nullptr; };
+  if (act == "drag") return grid.dragTo(cell);
+  if (act == "double") return grid.doubleClick(cell);
+  if (act == "click") {
+    raise(grid.MouseUp, MouseButton::left);
+    if (isThere()) grid.click(cell);
+    return;
+  }
+  focus(control);
+  if (!isThere()) return;
+  raise(grid.MouseDown, act == "menu" ? MouseButton::right : MouseButton::left);
+  if (!isThere()) return;
+  if (act == "press") return grid.press(cell, heldIn(message, 4));
+  if (auto* edited = dynamic_cast<EditGrid*>(&grid)) edited->pressForMenu(cell);
+  if (isThere()) raise(grid.MouseUp, MouseButton::right);
+}
+
+void PageInput::edited(EditGrid& grid, const PageMessage& message) {
+  const std::string& kind = message.kind();
+  if (kind == "type") return grid.typeText(message.text(1));
+  if (kind == "edit" && grid.editMode())
+    return grid.setEditText(message.text(1), markIn(message, 2));
+  if (kind == "editmark" && grid.editMode()) return grid.reportEditMark(markIn(message, 1));
+  if (kind == "keyup") return grid.releaseKey(keyIn(message, 1));
+  if (kind == "fill") return fill(grid, message);
+  if (kind == "leave") {
+    grid.commitEdit();
+    return;
+  }
+  const int col = message.whole(1);
+  if (kind != "width" || col < 1 || col > grid.maxCols()) return;
+  // A double click asks for the width of the widest text.
+  const float wanted = message.number(2);
+  grid.dragColWidth(col,
+                    wanted < 0 ? grid.widestText(col) : pixels(wanted) / magnificationOf(grid));
+}
+
+void PageInput::fill(EditGrid& grid, const PageMessage& message) {
+  const std::string& act = message.text(1);
+  const CellPosition cell{message.whole(2), message.whole(3)};
+  if (act == "start") return grid.startFill();
+  if (act == "end") return grid.endFill();
+  if (act == "cancel") return grid.cancelFill();
+  if (act == "beside") return grid.fillBeside();
+  if (grid.sheet().contains(cell)) grid.fillTo(cell);
+}
+
+void PageInput::graph(Graph& graph, const PageMessage& message) {
+  if (message.kind() != "graph") return;
+  const int id = message.whole(0);
+  const std::string& act = message.text(1);
+  const ViewPoint at{message.number(2), message.number(3)};
+  const auto isThere = [&] { return nodes_.control(id) != nullptr; };
+  if (act == "drag") return graph.dragTo(at);
+  if (act == "press") {
+    focus(graph);
+    if (isThere()) raise(graph.MouseDown, MouseButton::left);
+    if (isThere()) graph.press(at, heldIn(message, 4));
+    return;
+  }
+  raise(graph.MouseUp, MouseButton::left);
+  if (act == "release" && isThere()) graph.click();
+  if (isThere()) graph.release();
+}
+
+void PageInput::hover(Control& control, const PageMessage& message) {
+  std::string words;
+  const CellPosition cell{message.whole(1), message.whole(2)};
+  if (control.kind() == ControlKind::graph)
+    words = static_cast<Graph&>(control).tipAt({message.number(1), message.number(2)});
+  else if (control.kind() == ControlKind::grid &&
+           static_cast<Grid&>(control).sheet().contains(cell))
+    words = static_cast<Grid&>(control).tipOn(cell);
+  nodes_.order([id = message.whole(0), words](JsonWriter& json) {
+    json.beginObject();
+    json.member("do", "tip");
+    json.member("id", id);
+    json.member("words", words);
+    json.endObject();
+  });
+}
+
+void PageInput::window(Window& window, const PageMessage& message) {
+  const std::string& kind = message.kind();
+  const float scale = window.magnification();
+  if (kind == "close") {
+    window.requestClose();
+  } else if (kind == "move") {
+    window.reportPosition(pixels(message.number(1)), pixels(message.number(2)));
+  } else if (kind == "resize" && window.style() == WindowStyle::dialog && window.sizable()) {
+    window.reportInnerSize({pixels(message.number(1)) / scale, pixels(message.number(2)) / scale});
+  } else if (kind == "state") {
+    const bool isMaximised = message.text(1) == "maximised";
+    window.reportState(isMaximised ? WindowState::maximised : WindowState::normal);
+  } else if (kind == "activate" && window.frame()) {
+    window.frame()->activate(window);
+  } else if (kind == "wheel") {
+    turnWheel(window, message.number(1));
+  }
+}
+
+}  // namespace tolmer

@@ -1,0 +1,38 @@
+// What the user does in the page, on its way to the models.
+#pragma once
+
+#include "platform/web/web_desktop.h"
+
+namespace tolmer {
+
+class EditGrid;
+class Graph;
+
+// Leads one message to its control. A control that is gone, cannot be used or stands in a window
+// that takes no input hears nothing.
+class PageInput {
+ public:
+  explicit PageInput(WebDesktop& desktop) : desktop_(desktop), nodes_(desktop.nodes_) {}
+
+  void take(const PageMessage& message);
+
+ private:
+  void key(const PageMessage& message);
+  void click(int id);
+  void value(Control& control, int value);
+  void choose(Control& control, int index);
+  void text(Control& control, const PageMessage& message);
+  void focus(Control& control);
+  void mouse(Control& control, const PageMessage& message);
+  void cell(Control& control, const PageMessage& message);
+  void edited(EditGrid& grid, const PageMessage& message);
+  void fill(EditGrid& grid, const PageMessage& message);
+  void graph(Graph& graph, const PageMessage& message);
+  void hover(Control& control, const PageMessage& message);
+  void window(Window& window, const PageMessage& message);
+
+  WebDesktop& desktop_;
+  Nodes& nodes_;
+};
+
+}  // namespace tolmer

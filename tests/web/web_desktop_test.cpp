@@ -1,0 +1,218 @@
+#include "platform/web/web_desktop.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <functional>
+#include <stdexcept>
+
+#include "platform/buttons.h"
+#include "platform/fields.h"
+#include "platform/grid/edit_grid.h"
+#include "platform/labels.h"
+#include "platform/window.h"
+#include "sheetfiles/autosave_store.h"
+
+namespace tolmer {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::Not;
+
+// A page whose user does one thing after another, each when the program waits.
+class ScriptedPage : public PageLine {
+ public:
+  void post(const std::string& batch) override { batches.push_back(batch); }
+  std::optional<std::string> next(double milliseconds) override {
+    if (milliseconds == 0 || script.empty()) {
+      if (milliseconds < 0) throw std::logic_error("the program waits and nobody does anything");
+      return std::nullopt;
+    }
+    const auto step = std::move(script.front());
+    script.pop_front();
+    return step();
+  }
+  // A message of these fields; "#NAME" stands for the number of the control of that name.
+  void does(std::vector<std::string> fields) {
+    script.emplace_back([this, fields] {
+      std::string text;
+      for (const std::string& field : fields) {
+        if (!text.empty()) text += '\x1f';
+        text += field.starts_with('#') ? std::to_string(numberOf(field.substr(1))) : field;
+      }
+      return text;
+    });
+  }
+  int numberOf(const std::string& name) const {
+    for (const std::string& batch : batches) {
+      const auto at = batch.find("\"name\": \"" + name + '"');
+      if (at == std::string::npos) continue;
+      const auto id = batch.rfind("\"id\": ", at);
+      return std::stoi(batch.substr(id + 6));
+    }
+    return -1;
+  }
+  // What was said since the last call.
+  std::string heard() {
+    std::string all;
+    for (; heard_ < batches.size(); ++heard_) all += batches[heard_];
+    return all;
+  }
+
+  std::vector<std::string> batches;
+  std::deque<std::function<std::string()>> script;
+
+ private:
+  std::size_t heard_ = 0;
+};
+
+struct Dialog : Window {
+  explicit Dialog(Desktop& desktop, std::string name = "frmTest")
+      : Window(desktop, std::move(name), WindowStyle::dialog, "Test") {
+    setPlace({0, 0, pixels(300), pixels(200)});
+    cmdOK.setDefault(true);
+    cmdOK.Click = [this] { hide(); };
+  }
+  TextBox txtName{this, "txtName"};
+  CheckBox chkRound{this, "chkRound", "&Round"};
+  Button cmdOK{this, "cmdOK", "OK"};
+};
+
+class WebDesktopTest : public testing::Test {
+ protected:
+  ScriptedPage page;
+  WebDesktop desktop{page, "/zelmar/tolmod", testing::TempDir()};
+};
+
+TEST_F(WebDesktopTest, ADialogIsShownWorkedAndClosedThroughTheLine) {
+  {
+    Dialog dialog(desktop);
+    dialog.chkRound.setEnabled(false);
+    page.does({"text", "#txtName", "Größe", "7", "0"});
+    page.does({"value", "#chkRound", "1"});  // cannot be used
+    page.does({"click", "4711"});            // nothing that there is
+    page.does({"cell", "#txtName", "press", "1", "1"});
+    page.does({"\x1f\x1f"});
+    page.does({"key", "13", "0", "0", "0"});
+    dialog.showModal();
+    EXPECT_EQ(dialog.txtName.text(), "Größe");
+    EXPECT_EQ(dialog.txtName.marked().first, 7U);
+    EXPECT_EQ(dialog.chkRound.value(), 0);
+    // What the user typed does not come back to him; what the program sets does.
+    EXPECT_THAT(page.heard(), Not(HasSubstr("Größe")));
+    dialog.txtName.setText("other");
+    desktop.doEvents();
+    EXPECT_THAT(page.heard(), HasSubstr("other"));
+  }
+  const int window = page.numberOf("frmTest");
+  desktop.doEvents();
+  EXPECT_THAT(page.heard(), HasSubstr(R"("do": "gone", "id": )" + std::to_string(window)));
+}
+
+TEST_F(WebDesktopTest, TabGoesRoundAndTheFocusIsToldOnce) {
+  Dialog dialog(desktop);
+  page.does({"key", "9", "0", "0", "0"});
+  page.does({"key", "9", "1", "0", "0"});
+  page.does({"focus", "#cmdOK"});
+  page.does({"key", "13", "0", "0", "0"});
+  dialog.showModal();
+  std::vector<int> told;
+  for (const std::string& batch : page.batches)
+    if (const auto at = batch.find("\"do\": \"focus\", \"id\": "); at != std::string::npos)
+      told.push_back(std::stoi(batch.substr(at + 21)));
+  const int name = page.numberOf("txtName");
+  EXPECT_THAT(told, ElementsAre(name, page.numberOf("chkRound"), name));
+}
+
+TEST_F(WebDesktopTest, OfAGridOnlyCellsAreToldThatReadOtherwise) {
+  Dialog dialog(desktop);
+  EditGrid grid(&dialog, "spdData");
+  grid.setSize(20, 5);
+  dialog.show();
+  desktop.doEvents();
+  page.heard();
+  grid.setText(3, 2, "1.5");
+  grid.setText(9, 4, "2.5");
+  grid.setText(4, 3, "");
+  desktop.doEvents();
+  const std::string heard = page.heard();
+  EXPECT_THAT(heard, HasSubstr(R"({"row": 3, "col": 2, "rows": [[["1.5", )"));
+  EXPECT_THAT(heard, HasSubstr(R"({"row": 9, "col": 4, "rows": [[["2.5", )"));
+  EXPECT_THAT(heard, Not(HasSubstr(R"("row": 4)")));
+  // A fixed cell is not edited, another one takes what is typed.
+  grid.setStyle({1, 1, 20, 5}, {.type = CellType::text});
+  std::string typed;
+  grid.EditDone = [&](CellPosition, const std::string& text, bool& taken) {
+    typed = text;
+    taken = true;
+  };
+  page.does({"cell", "#spdData", "press", "2", "2", "0", "0"});
+  page.does({"type", "#spdData", "4"});
+  page.does({"edit", "#spdData", "42", "2", "0"});
+  page.does({"key", "13", "0", "0", "0"});
+  page.does({"cell", "#spdData", "press", "999", "2", "0", "0"});
+  page.does({"click", "#cmdOK"});
+  dialog.showModal();
+  EXPECT_EQ(typed, "42");
+  EXPECT_EQ(grid.activeCell(), (CellPosition{3, 2}));
+}
+
+TEST_F(WebDesktopTest, ABoxWaitsWithinADialogAndTheEndLeavesAllLoops) {
+  Dialog dialog(desktop);
+  std::vector<Answer> answers;
+  dialog.txtName.Changed = [&] {
+    const MessageBox box{.title = "T", .text = "Sure?", .buttons = MessageButtons::yesNo};
+    answers.push_back(desktop.messageBox(box));
+    if (answers.back() == Answer::yes) desktop.endProgram(3);
+  };
+  page.does({"text", "#txtName", "a", "1", "0"});
+  page.does({"answer", "1", std::to_string(static_cast<int>(Answer::no))});
+  page.does({"text", "#txtName", "ab", "2", "0"});
+  page.does({"answer", "2", std::to_string(static_cast<int>(Answer::yes))});
+  EXPECT_THROW(dialog.showModal(), ProgramEnded);
+  EXPECT_THAT(answers, ElementsAre(Answer::no, Answer::yes));
+}
+
+TEST_F(WebDesktopTest, WorkGoesToThePagesStorageAndARefusalIsTold) {
+  struct Store : VisitStore {
+    explicit Store(WebDesktop& desktop) : desktop(desktop) {}
+    std::optional<Error> write(const std::string& name, std::string_view bytes) override {
+      return desktop.keepVisit(WebDesktop::VisitAct::write, name, bytes);
+    }
+    void remove(const std::string&) override {}
+    void keepAside(const std::string&) override {}
+    WebDesktop& desktop;
+  } store(desktop);
+  StoredVisits visits(store, {{"old", 5, "first"}, {"new", 9, "second"}});
+  auto lost = visits.lost();
+  ASSERT_EQ(lost.size(), 2U);
+  EXPECT_EQ(*lost[0]->read(), "second");
+  EXPECT_TRUE(visits.lost().empty());  // while they are held
+  lost[0]->remove();
+  lost.clear();
+  EXPECT_EQ(visits.lost().size(), 1U);
+
+  const auto place = visits.take();
+  page.does({"click", "1"});  // what the user does meanwhile waits
+  page.does({"answer", "1", "0", "The storage is full."});
+  EXPECT_EQ((*place)->write("work")->text, "The storage is full.");
+  page.does({"answer", "2", "1"});
+  EXPECT_FALSE((*place)->write("work"));
+  EXPECT_THAT(page.heard(), HasSubstr(R"("base64": "d29yaw==")"));
+}
+
+TEST(PageMessage, CarriesBytesWholeAndTakesNonsenseForNothing) {
+  for (const std::string bytes : {"", "a", "ab", "abc", "\xff\x01\x80z"})
+    EXPECT_EQ(fromBase64(toBase64(bytes)), bytes);
+  EXPECT_FALSE(fromBase64("abc"));
+  EXPECT_FALSE(fromBase64("a*=="));
+  const PageMessage message("cell\x1fx\x1f-7");
+  EXPECT_EQ(message.whole(0), 0);
+  EXPECT_EQ(message.count(1), 0U);
+  EXPECT_EQ(message.text(9), "");
+}
+
+}  // namespace
+}  // namespace tolmer
