@@ -1,0 +1,215 @@
+// All keys come here first: what has a use for them, and in which order they are told.
+import { readClipboard } from "./clipboard.js";
+import { isBook, letterOf, type ControlView } from "./controls.js";
+import type { Screen } from "./page.js";
+import type { Held, KeyChord } from "./protocol.js";
+import type { Node } from "./view.js";
+
+const codes: Record<string, number> = {
+  Backspace: 8, Tab: 9, Enter: 13, Escape: 27, " ": 32, PageUp: 33, PageDown: 34, End: 35, Home: 36, ArrowLeft: 37,
+  ArrowUp: 38, ArrowRight: 39, ArrowDown: 40, Delete: 46, ContextMenu: 93, "+": 187, "=": 187, "-": 189,
+};
+const names: Record<number, string> = { 8: "Backspace", 32: "Space", 33: "PgUp", 34: "PgDown", 46: "Del", 187: "+", 189: "-" };
+const isMac = navigator.platform.startsWith("Mac");
+
+// A key as the program names it.
+export class Stroke {
+  readonly shift: boolean;
+  readonly control: boolean;
+  readonly alt: boolean;
+  readonly code: number;
+
+  constructor(readonly event: KeyboardEvent) {
+    const writes = event.getModifierState("AltGraph");
+    this.shift = event.shiftKey;
+    this.control = !writes && (event.ctrlKey || (isMac && event.metaKey));
+    this.alt = !writes && event.altKey;
+    this.code = this.codeOf(event);
+  }
+  // With Ctrl or Alt the key counts, whatever it writes on this keyboard.
+  private codeOf({ key, code }: KeyboardEvent): number {
+    const isPlainLetter = /^[a-z0-9]$/i.test(key);
+    const physical = /^(?:Key|Digit)([A-Z0-9])$/.exec(code)?.[1];
+    if (isPlainLetter) return key.toUpperCase().charCodeAt(0);
+    if ((this.control || this.alt) && physical && key.charCodeAt(0) > 127) return physical.charCodeAt(0);
+    const numbered = /^F(\d+)$/.exec(key);
+    return numbered ? 111 + Number(numbered[1]) : codes[key] ?? 0;
+  }
+  letter(): string {
+    return this.code >= 65 && this.code <= 90 ? String.fromCharCode(this.code) : "";
+  }
+  writes(): boolean {
+    return this.event.key.length === 1 && !this.control && !this.alt;
+  }
+  // As a menu shows it.
+  name(): string {
+    const key = names[this.code] ?? (this.code >= 112 && this.code < 124 ? `F${this.code - 111}` : String.fromCharCode(this.code));
+    return (this.control ? "Ctrl+" : "") + (this.alt ? "Alt+" : "") + (this.shift ? "Shift+" : "") + key;
+  }
+}
+
+const pasteTakes = 1000; // milliseconds after which no content is to be looked for any more
+
+const agree = (wanted: Held, held: boolean) => wanted === 0 || (wanted === 2) === held;
+const textKeys = new Set(["A", "C", "V", "X", "Y", "Z"]);
+
+type Line = HTMLInputElement | HTMLTextAreaElement;
+function focusedLine(): Line | undefined {
+  const at = document.activeElement;
+  // A grid holds the keyboard by a line while no cell is open.
+  const isLine = at instanceof HTMLTextAreaElement || (at instanceof HTMLInputElement && !at.matches("[type=checkbox], [type=radio], .grid-line.closed"));
+  return isLine ? (at as Line) : undefined;
+}
+
+export class Keys {
+  chords: KeyChord[] = [];
+  wasLast = false; // was a key the last thing the user did?
+  private readonly queue: Stroke[] = [];
+  private onPaste: (() => void) | undefined;
+
+  constructor(private readonly screen: Screen) {
+    document.addEventListener("keydown", (event) => this.pressed(event), true);
+    document.addEventListener("keyup", (event) => this.released(event), true);
+    document.addEventListener("pointerdown", () => (this.wasLast = false), true);
+    window.addEventListener("paste", () => this.pasted());
+  }
+
+  private pressed(event: KeyboardEvent): void {
+    if (event.isComposing || ["Shift", "Control", "Alt", "Meta", "Dead", "AltGraph"].includes(event.key)) return;
+    if (!this.screen.boxes.isOpen() && document.activeElement?.closest(".companion")) return;
+    this.wasLast = true;
+    this.screen.tips.hide();
+    const stroke = new Stroke(event);
+    if (this.queue.length > 0 || this.onPaste || this.screen.waits()) return this.keep(stroke);
+    this.tell(stroke);
+  }
+  // A key typed ahead. One that repeats by being held shall not go on after it was let go.
+  private keep(stroke: Stroke): void {
+    stroke.event.preventDefault();
+    if (!stroke.event.repeat || stroke.writes()) this.queue.push(stroke);
+  }
+  replay(): void {
+    while (this.queue.length > 0 && !this.screen.waits() && !this.onPaste) this.tell(this.queue.shift()!, true);
+  }
+  private released(event: KeyboardEvent): void {
+    const node = this.screen.windows.focusedNode();
+    const { code, shift, control, alt } = new Stroke(event);
+    if (node?.kind === "grid" && code) this.screen.send("keyup", node.id, code, shift, control, alt);
+  }
+
+  private tell(stroke: Stroke, isReplay = false): void {
+    if (this.takes(stroke)) stroke.event.preventDefault();
+    else if (isReplay) this.act(stroke);
+  }
+
+  private takes(stroke: Stroke): boolean {
+    const { menus, boxes, windows } = this.screen;
+    if (menus.isOpen()) return menus.key(stroke);
+    if (boxes.isOpen()) return boxes.key(stroke);
+    const active = windows.active();
+    if (!active || active.takesInput === false) return true;
+    if (stroke.alt && !stroke.control && stroke.letter()) return this.takesLetter(stroke, active);
+    return this.takesChord(stroke) || this.takesMenuKey(stroke) || this.takesView(stroke, active) || this.takesRest(stroke);
+  }
+
+  private takesLetter(stroke: Stroke, active: Node): boolean {
+    if (this.fits(stroke)) this.send(stroke);
+    else if (!this.screen.menus.letter(stroke.letter()) && !this.pressLetter(stroke.letter(), active)) this.send(stroke);
+    return true;
+  }
+  // Of what stands in the window: what the letter marks is pressed, or what its label names.
+  private pressLetter(letter: string, active: Node): boolean {
+    for (const node of this.screen.nodes.values()) {
+      const isMarked = node.caption && node.kind !== "window" && (node.kind === "label" ? node.mnemonic : node.kind !== "panel");
+      if (!isMarked || letterOf(node.caption!) !== letter || this.screen.windows.windowOf(node) !== active) continue;
+      const target = node.kind === "label" && !node.link ? this.screen.node(node.names ?? 0) : node;
+      if (target && this.canBeUsed(target)) return this.press(target);
+    }
+    return false;
+  }
+  private canBeUsed({ view, enabled }: Node): boolean {
+    return enabled !== false && view.element.offsetParent !== null && !view.element.closest(":disabled, [inert], .off");
+  }
+  private press({ view }: Node): boolean {
+    const control = view as ControlView;
+    if (control.press) control.press();
+    else if (control.focus) control.focus();
+    else (control.target ?? control.element).focus();
+    return true;
+  }
+
+  private fits({ code, shift, control, alt }: Stroke): boolean {
+    return code !== 0 && this.chords.some((chord) => chord.code === code && agree(chord.shift, shift) && agree(chord.control, control) && agree(chord.alt, alt));
+  }
+  private takesChord(stroke: Stroke): boolean {
+    return this.fits(stroke) && this.work(stroke, () => this.send(stroke));
+  }
+  // Where text is typed, the keys that edit text stay the text's.
+  private takesMenuKey(stroke: Stroke): boolean {
+    const click = stroke.code === 0 || this.isOfText(stroke) ? undefined : this.screen.menus.byKey(stroke);
+    return click !== undefined && this.work(stroke, click);
+  }
+  private isOfText(stroke: Stroke): boolean {
+    const line = focusedLine();
+    if (!line || !stroke.control || !textKeys.has(stroke.letter())) return !!line && stroke.writes();
+    return !line.readOnly || line.selectionStart !== line.selectionEnd;
+  }
+  // What a paste brings is told before the key: the browser hands it over when it acts on the key.
+  private work(stroke: Stroke, act: () => void): boolean {
+    const isPaste = stroke.control && !stroke.alt && !stroke.shift && stroke.letter() === "V";
+    if (!isPaste) {
+      act();
+      return true;
+    }
+    this.onPaste = act;
+    if (stroke.event.defaultPrevented) void readClipboard(this.screen).then((isThere) => this.pasted(isThere));
+    else window.setTimeout(() => this.pasted(false), pasteTakes);
+    return stroke.event.defaultPrevented;
+  }
+  private pasted(isThere = true): void {
+    const act = this.onPaste;
+    this.onPaste = undefined;
+    if (isThere) act?.();
+    this.replay();
+  }
+
+  private takesView(stroke: Stroke, active: Node): boolean {
+    const node = this.screen.windows.focusedNode();
+    if (node?.view.key?.(stroke.event)) return true;
+    if (stroke.control && stroke.code === codes.Tab) return this.turnPage(active, stroke.shift ? -1 : 1);
+    return active.view.key?.(stroke.event) ?? false;
+  }
+  private turnPage(active: Node, step: number): boolean {
+    const books = [...this.screen.nodes.values()].filter((node) => isBook(node.view) && this.screen.windows.windowOf(node) === active);
+    for (const { view } of books) if (isBook(view)) view.stepBy(step);
+    return books.length > 0;
+  }
+
+  private takesRest(stroke: Stroke): boolean {
+    const { code, control, alt } = stroke;
+    if (stroke.event.key === "F10" && !stroke.shift) return this.screen.menus.enterBar();
+    const isToTell = [codes.Tab, codes.Enter, codes.Escape].includes(code) && !control && !alt;
+    if (isToTell) this.send(stroke);
+    return isToTell;
+  }
+  private send({ code, shift, control, alt }: Stroke): void {
+    this.screen.send("key", code, shift, control, alt);
+  }
+
+  // What the browser would have done, had the key not been kept.
+  private act(stroke: Stroke): void {
+    const { key } = stroke.event;
+    const line = focusedLine();
+    const commands: Record<string, string> = { Backspace: "delete", Delete: "forwardDelete" };
+    if (line && stroke.writes()) document.execCommand("insertText", false, key);
+    else if (line && commands[key]) document.execCommand(commands[key]!);
+    else if (line && (key === "ArrowLeft" || key === "ArrowRight")) moveCursor(line, key === "ArrowLeft" ? -1 : 1);
+    else if (!line && key === " " && document.activeElement instanceof HTMLElement) document.activeElement.click();
+  }
+}
+
+function moveCursor(line: Line, step: number): void {
+  const [start, end] = [line.selectionStart ?? 0, line.selectionEnd ?? 0];
+  const at = start !== end ? (step < 0 ? start : end) : Math.max(start + step, 0);
+  line.setSelectionRange(at, at);
+}

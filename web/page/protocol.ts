@@ -1,0 +1,220 @@
+// What the program in the worker and the page say to each other.
+//
+// The program sends one batch, a JSON array of orders, whenever it is about to wait. The page
+// sends one message for each thing the user does: fields joined by U+001F, the first one its kind.
+// Texts are Unicode without U+001F; lengths are CSS pixels, places relative to the container.
+//
+// A batch tells how many messages the program had taken when it was made ("seen"). What the user
+// typed since is not in it: a text the page has sent later than that goes before the batch's.
+
+// What the page's own parts take of the browser's window, which the program counts on.
+export const titleBarHeight = 30; // of a dialog, border included
+export const menuBarHeight = 26;
+export const childSide = 4; // frame of a child window
+export const childTop = 24; // with its title bar
+
+export interface Batch {
+  seen: number;
+  orders: Order[];
+}
+
+export type Order =
+  | NodeOrder // a window or control, as it is now or what of it has changed
+  | { do: "gone"; id: number } // with all that stands in it
+  | { do: "focus"; id: number; marks?: boolean } // 0: none; marks: all of a single line
+  | { do: "keys"; keys: KeyChord[] } // that the focus, its window, frame and program take now
+  | { do: "menu"; window: number; entries: MenuEntry[] } // a window's menu bar
+  | { do: "entry"; id: number; enabled: boolean; checked: boolean; checkable: boolean }
+  | { do: "popup"; window: number; entries: MenuEntry[] } // at the pointer, or where a key asked
+  | { do: "box"; ask: number; title: string; text: string; icon: Icon; buttons: BoxButton[]; enter: number; escape: number } // escape -1: the box stays
+  | { do: "open"; ask: number; title: string; kinds: FileKind[] }
+  | { do: "save"; ask: number; title: string; kinds: FileKind[]; name: string }
+  | { do: "download"; name: string; type: string; base64: string }
+  | { do: "print"; html: string } // a whole document for the browser's print
+  | { do: "clipboard"; text: string; html: string; svg: string; cells: string }
+  | { do: "tell"; id: number; words: string } // beside a control, for a while; empty: at once no more
+  | { do: "tip"; id: number; words: string } // the answer to "hover"
+  | { do: "busy"; on: boolean }
+  | { do: "beep" }
+  | { do: "help"; title: string; html: string; anchor: string; back: boolean; forward: boolean; contents?: HelpEntry[]; at: number }
+  | { do: "help-quit" } // the help window goes
+  | { do: "hits"; words: string; hits: { title: string; link: string }[] } // what a help search has found; for no words, only the field is to have the focus
+  | { do: "document"; address: string } // to be opened in a tab of its own
+  | { do: "kept"; pages: { title: string; html: string }[]; shown: number }
+  | { do: "visit"; ask: number; act: "write" | "remove" | "aside"; visit: string; base64: string }
+  | { do: "ended"; status: number };
+
+export type Icon = "none" | "critical" | "question" | "exclamation" | "information";
+export interface BoxButton { answer: number; caption: string }
+export interface FileKind { name: string; extensions: string[] } // without extensions: all files
+export interface KeyChord { code: number; shift: Held; control: Held; alt: Held }
+export type Held = 0 | 1 | 2; // any, must not be held, must be held
+export interface HelpEntry { title: string; level: number; link: string }
+export interface MenuEntry {
+  id: number; // 0: a line between entries
+  caption: string; // "&" marks the letter
+  enabled: boolean;
+  checked: boolean;
+  checkable: boolean;
+  key: string; // "Ctrl+C", empty without
+  pastes: boolean; // wants what the clipboard holds, which the page is to send before
+  entries?: MenuEntry[];
+}
+
+export type Kind =
+  | "window" | "label" | "button" | "textBox" | "checkBox" | "optionButton" | "comboBox" | "frame"
+  | "panel" | "scrollBar" | "image" | "tabBook" | "outline" | "numberBox" | "grid" | "graph";
+
+// Of a node that the page knows, only what has changed is there.
+export interface NodeOrder extends Partial<Common>, Partial<OfKind> {
+  do: "node";
+  id: number;
+  kind?: Kind; // there at the first time
+  parent?: number; // 0 for a window that is no child of the frame
+}
+
+export interface Common {
+  name: string; // in the program: "cmdOK", "lblText(3)"
+  place: [number, number, number, number]; // left, top, width, height
+  enabled: boolean;
+  visible: boolean;
+  tip: string;
+  label: string; // what a screen reader says in place of the caption
+  description: string;
+  ink: string; // "#rrggbb", empty: the usual one
+  ground: string;
+  serif: boolean;
+  pixels: number; // size of the font
+  bold: boolean;
+  order: number; // above those with a smaller one in the same container
+  stop: boolean; // can have the focus
+  follows: boolean; // the pointer's moves are wanted
+}
+
+export interface OfKind {
+  caption: string; // "&" marks a letter where `mnemonic`
+  mnemonic: boolean;
+  // window
+  style: "dialog" | "bare" | "frame" | "child";
+  modal: boolean;
+  sizable: boolean;
+  state: "normal" | "minimised" | "maximised";
+  takesInput: boolean;
+  least: [number, number]; // its inside is at least so large, and scrolls
+  foot: number; // a frame's strip below; a dialog's: what begins there stays in view, -1 without
+  active: number; // of a frame: its active child
+  // label
+  align: "left" | "centre" | "right";
+  wraps: boolean;
+  link: boolean;
+  lines: string[]; // of a caption that wraps, as they are to be broken
+  names: number; // the control that the label names, 0 for none
+  // button, check box (0, 1, 2 grey), option, number and scroll bar
+  isDefault: boolean;
+  value: number;
+  min: number;
+  max: number;
+  small: number;
+  large: number;
+  // text box
+  text: string;
+  multiLine: boolean;
+  readOnly: boolean;
+  scrollKey: number; // a key as if it had been pressed in it, changed at each wish
+  scrollWish: number;
+  // combo box, outline, tab book
+  items: string[];
+  index: number; // -1 for none
+  levels: number[]; // of an outline's items, 1 the outermost
+  leaves: boolean[];
+  opened: boolean[];
+  tabHeight: number;
+  // panel
+  border: boolean;
+  // image
+  file: string; // address below the page's
+  // grid
+  grid: GridShape;
+  styles: CellLook[];
+  rows: Cell[][]; // all of them, headings first: row 0, column 0
+  changed: { row: number; col: number; rows: Cell[][] }[];
+  selection: GridSelection;
+  edit: GridEdit | null; // the open one
+  tags: string[]; // letters in the cells of row 1
+  drawn: { pointed: Block | null; fill: Block | null; corner: Block | null }; // corner: what could be drawn out
+  lit: number[];
+  current: number; // the lit row that is to be seen; 0 for none
+  // graph
+  svg: string;
+  marks: number; // how many of its marks can be stepped to
+  spoken: string; // of the mark that keys go on from
+}
+
+// A cell: text; its look; then, where there is one, the remark on it.
+export type Cell = [string, number, string?];
+export interface CellLook {
+  align: "left" | "centre" | "right";
+  heading: boolean;
+  bold: boolean;
+  back: string; // empty: white
+  face: boolean; // the ground of what frames the table
+  fore: string;
+  number: boolean; // too wide, it shows "#"
+  mark: string; // what its colour says
+}
+export interface GridShape {
+  rowStarts: number[]; // the first pixel of each row's cells, from the heading; the last is the total
+  colStarts: number[];
+  frozenRows: number;
+  frozenCols: number;
+  across: boolean; // scroll bars
+  down: boolean;
+  edits: boolean;
+  fills: boolean;
+  mode: "none" | "cell" | "cells" | "rows";
+  pixels: number;
+}
+export type Block = [number, number, number, number]; // row, col, row2, col2
+export interface GridSelection { active: [number, number]; head: [number, number]; blocks: Block[] }
+export interface GridEdit {
+  cell: [number, number];
+  text: string;
+  first: number; // the mark in bytes of UTF-8
+  length: number;
+  keysMove: boolean; // arrows and their like are the program's, not the line's
+}
+
+// --- from the page; booleans are "0" and "1"
+//  size WIDTH HEIGHT BAR          the browser's window, and the thickness of a scroll bar
+//  visit NAME SECONDS BASE64      unsaved work that was found in the browser's storage; all of them
+//                                 before the first "size"
+//  click ID                       button, link, entry of a menu; also one whose own menu opens
+//  value ID NUMBER                check box, option, number box, scroll bar
+//  choose ID INDEX                combo box, tab; an outline's item by the pointer
+//  moveto ID INDEX                an outline's item by keys
+//  expand ID INDEX ON             an outline's item
+//  text ID TEXT FIRST LENGTH      the box's text, and what is marked in bytes of UTF-8
+//  marked ID FIRST LENGTH
+//  key CODE SHIFT CONTROL ALT     that comes to the focus and that the page does not use itself
+//  keyup ID CODE SHIFT CONTROL ALT
+//  focus ID                       the user has put it there by the pointer
+//  mouse ID ACT BUTTON INSIDE     ACT: press, release, double, move; BUTTON: left, right
+//  wheel ID LINES
+//  cell ID ACT ROW COL SHIFT CONTROL   press, drag, click, double, menu (right button)
+//  type ID TEXT                   letters where no line is open
+//  edit ID TEXT FIRST LENGTH      the open line
+//  editmark ID FIRST LENGTH
+//  leave ID                       the open line has lost the focus to something else
+//  fill ID ACT ROW COL            start, to, end, cancel, beside
+//  width ID COL PIXELS            a column dragged; -1: as wide as its widest text
+//  graph ID ACT X Y SHIFT CONTROL     press, drag, release (inside), drop (outside); from the lower left
+//  hover ID X Y                   the pointer rests: a grid wants row and column, a graph its units
+//  close ID, move ID X Y, resize ID WIDTH HEIGHT, state ID normal|maximised, activate ID
+//  answer ASK NUMBER              of a box; of a visit 1, or 0 and the reason
+//  chosen ASK KIND NAME BASE64    a file that was opened; to save, without BASE64
+//  given-up ASK
+//  paste TEXT HTML CELLS          what the clipboard holds; before the key or entry that wants it
+//  drop COUNT (NAME BASE64)...    files let fall on the page; addresses: "address TEXT"
+//  help LINK | help-search WORDS | help-back | help-forward | help-contents | help-using
+//
+// Alt with a letter: the chords of "keys" come before the letters of menus and controls.
