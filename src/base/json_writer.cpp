@@ -110,8 +110,18 @@ char* withEscapes(char* at, std::string_view text) {
 }  // namespace
 
 void JsonWriter::flush() {
+  if (sink_ && whole_.size() + used_ > pieceLength) {
+    sink_(whole_);
+    whole_.clear();
+  }
   whole_.append(block_.data(), used_);
   used_ = 0;
+}
+
+void JsonWriter::finish() {
+  flush();
+  sink_(whole_);
+  whole_.clear();
 }
 
 inline void JsonWriter::put(std::string_view text) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <concepts>
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -14,8 +15,11 @@ namespace tolmer {
 // Objects are laid out over several lines, arrays stand on one. The caller closes what it opens.
 class JsonWriter {
  public:
-  // What a report of the largest data set needs; memory is taken where it is written.
-  JsonWriter() { whole_.reserve(1U << 20U); }
+  using Sink = std::function<void(std::string_view)>;
+
+  JsonWriter() = default;
+  // What is written goes on piece by piece, so that a large report takes no memory.
+  explicit JsonWriter(Sink sink) : sink_(std::move(sink)) { whole_.reserve(pieceLength); }
 
   void beginObject() { open('{', true); }
   void endObject() { close('}'); }
@@ -44,14 +48,13 @@ class JsonWriter {
     value(content);
   }
 
-  const std::string& text() & {
+  // All of it; without a sink alone.
+  const std::string& text() {
     flush();
     return whole_;
   }
-  std::string text() && {
-    flush();
-    return std::move(whole_);
-  }
+  // To the sink, what it has not had.
+  void finish();
 
  private:
   struct Level {
@@ -77,7 +80,10 @@ class JsonWriter {
   void put(std::string_view text);
   void flush();
 
-  std::string whole_;
+  static constexpr std::size_t pieceLength = 1U << 16U;
+
+  Sink sink_;
+  std::string whole_;  // or what the sink has not had
   // The last letters, not yet in the whole: appending to a string costs more than a short piece.
   std::array<char, 4096> block_;
   std::size_t used_ = 0;

@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <exception>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "base/paths.h"
@@ -15,7 +16,7 @@
 
 namespace {
 
-bool write(std::FILE* stream, const std::string& text) {
+bool write(std::FILE* stream, std::string_view text) {
   return std::fwrite(text.data(), 1, text.size(), stream) == text.size() &&
          std::fflush(stream) == 0;
 }
@@ -37,11 +38,18 @@ tolmer::Result<std::string> standardInput() {
 int run(const std::vector<std::string>& words) {
   // no-color.org: the variable, whatever its value, asks for plain text.
   const bool coloured = tolmer::host::outputIsTerminal() && !std::getenv("NO_COLOR");
-  const tolmer::ReportSurroundings around{tolmer::programFolder, tolmer::today, coloured,
-                                          standardInput};
+  bool isWritten = true;
+  const tolmer::ReportSurroundings around{
+      tolmer::programFolder,
+      tolmer::today,
+      coloured,
+      standardInput,
+      {},
+      [&](std::string_view piece) { isWritten = isWritten && write(stdout, piece); },
+      [](const std::string& told) { write(stderr, told); }};
   const tolmer::ReportOutcome outcome = tolmer::runReport(words, around);
   write(stderr, outcome.errors);
-  if (write(stdout, outcome.output)) return outcome.status;
+  if (isWritten && write(stdout, outcome.output)) return outcome.status;
   std::perror("tolreport: the report cannot be written");
   return tolmer::ReportOutcome::dataAtFault;
 }
@@ -51,6 +59,7 @@ int run(const std::vector<std::string>& words) {
 int main(int argc, char** argv) {
   tolmer::host::keepMemory();
   tolmer::host::makeStreamsBinary();
+  std::setvbuf(stdout, nullptr, _IONBF, 0);  // what is written comes in large pieces
   try {
     return run(tolmer::host::programWords(argc, argv));
   } catch (const std::exception& fault) {

@@ -439,8 +439,8 @@ void writeFindings(JsonWriter& json, const ReportDocument& document) {
 
 }  // namespace
 
-std::string jsonReport(const ReportDocument& document) {
-  JsonWriter json;
+void writeJsonReport(const ReportDocument& document, const ReportSink& sink) {
+  JsonWriter json(sink);
   json.beginObject();
   writeMessages(json, document);
   for (const ReportedPart& shown : document.parts)
@@ -457,7 +457,7 @@ std::string jsonReport(const ReportDocument& document) {
   json.endObject();
   writeFindings(json, document);
   json.endObject();
-  return std::move(json).text();
+  json.finish();
 }
 
 }  // namespace tolmer

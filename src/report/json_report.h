@@ -7,6 +7,7 @@
 
 namespace tolmer {
 
-std::string jsonReport(const ReportDocument& document);
+// Piece by piece, since it is long.
+void writeJsonReport(const ReportDocument& document, const ReportSink& sink);
 
 }  // namespace tolmer

@@ -236,22 +236,29 @@ std::vector<std::string> messageTexts(const ReportDocument& document) {
   return texts;
 }
 
-std::string makeReport(const AnalysisState& state, const ReportRequest& request,
-                       const ReportCircumstances& around) {
+void writeReport(const AnalysisState& state, const ReportRequest& request,
+                 const ReportCircumstances& around, const ReportSink& sink) {
   const ReportDocument document = reportDocument(state, request, around);
   switch (request.format) {
     case ReportFormat::json:
-      return jsonReport(document);
+      return writeJsonReport(document, sink);
     case ReportFormat::html:
-      return htmlReport(document);
+      return sink(htmlReport(document));
     case ReportFormat::markdown:
-      return markdownReport(document);
+      return sink(markdownReport(document));
     case ReportFormat::r:
-      return rReport(document);
+      return sink(rReport(document));
     case ReportFormat::text:
       break;
   }
-  return textReport(document);
+  sink(textReport(document));
+}
+
+std::string makeReport(const AnalysisState& state, const ReportRequest& request,
+                       const ReportCircumstances& around) {
+  std::string report;
+  writeReport(state, request, around, [&report](std::string_view piece) { report += piece; });
+  return report;
 }
 
 }  // namespace tolmer

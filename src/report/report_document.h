@@ -1,8 +1,10 @@
 // A report as one value, from which every format is written: its head and what each display says.
 #pragma once
 
+#include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include "notes/notes.h"
@@ -64,7 +66,13 @@ ReportDocument reportDocument(const AnalysisState& state, const ReportRequest& r
 // Texts of the messages for a reader: one that follows itself is told once, with "(3 times)".
 std::vector<std::string> messageTexts(const ReportDocument& document);
 
-// The bytes of the report, UTF-8. Needs an analysis, no windows, and changes nothing.
+using ReportSink = std::function<void(std::string_view)>;
+
+// The bytes of the report, UTF-8, in one piece or several. Needs an analysis, no windows, and
+// changes nothing.
+void writeReport(const AnalysisState& state, const ReportRequest& request,
+                 const ReportCircumstances& around, const ReportSink& sink);
+// The same as one text.
 std::string makeReport(const AnalysisState& state, const ReportRequest& request,
                        const ReportCircumstances& around);
 

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 #include "base/data_limits.h"
 #include "base/file_io.h"
@@ -72,7 +73,12 @@ ReportOutcome reportOn(WorkingCopy& copy, const ReportOptions& options,
   request.isColoured = around.isColoured && options.outputFile.empty();
   // JSON tells no date.
   const std::string date = request.format == ReportFormat::json ? "" : around.date();
-  std::string report = makeReport(state, request, {date, messages.boxes()});
+  const ReportCircumstances circumstances{date, messages.boxes()};
+  if (options.outputFile.empty() && around.output) {
+    writeReport(state, request, circumstances, around.output);
+    return {};
+  }
+  std::string report = makeReport(state, request, circumstances);
   if (options.outputFile.empty()) return {ReportOutcome::done, std::move(report), {}};
   if (const auto error = writeFileAtomically(options.outputFile, report))
     return failed(ReportOutcome::dataAtFault, *error);
@@ -112,9 +118,10 @@ ReportOutcome reportOnTable(const ReportOptions& options, const ReportSurroundin
   remarks.insert(remarks.end(), source->table.told.begin(), source->table.told.end());
   source = Error{};  // the analysis can use its memory
   if (!copy) return failed(ReportOutcome::dataAtFault, copy.error());
-  ReportOutcome outcome = reportOn(*copy, *whole, around);
   std::string told;
   for (const std::string& remark : remarks) told += "tolreport: " + onOneLine(remark) + "\n";
+  if (around.errors) around.errors(std::exchange(told, {}));
+  ReportOutcome outcome = reportOn(*copy, *whole, around);
   outcome.errors.insert(0, told);
   return outcome;
 }

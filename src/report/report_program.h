@@ -8,6 +8,7 @@
 
 #include "base/error.h"
 #include "foreign/import_process.h"
+#include "report/report_document.h"
 
 namespace tolmer {
 
@@ -20,6 +21,10 @@ struct ReportSurroundings {
   bool isColoured = false;            // standard output is a terminal that shows colours
   std::function<Result<std::string>()> standardInput{};  // all of it, where it is to be the data
   std::optional<ImportReader> reader{};  // of files of other programs, if not its own
+  // Where a report without a file goes piece by piece, and before it what is told of the data.
+  // Without them both are in the outcome.
+  ReportSink output{};
+  std::function<void(const std::string&)> errors{};
 };
 
 struct ReportOutcome {

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 #include <limits>
 #include <optional>
 #include <set>
@@ -10,6 +11,8 @@
 #include "base/file_io.h"
 #include "report/table_dataset.h"
 #include "sheetfiles/editor_file.h"
+#include "system/host_path.h"
+#include "system/running_program.h"
 #include "textimport/case_condition.h"
 #include "textimport/plain_table.h"
 
@@ -17,6 +20,8 @@ namespace tolmer {
 namespace {
 
 constexpr std::size_t mostTextBytes = std::size_t{16} << 20;
+// Of a text whose analysis takes more than a large page.
+constexpr std::size_t largeTextBytes = 200000;
 constexpr int anyNumber = std::numeric_limits<int>::max() / 2;
 
 ImportTarget targetOf(const ReportOptions& options) {
@@ -226,6 +231,9 @@ Result<NamedTable> tableFromText(const std::string& name, std::string bytes,
 Result<SourcedTable> readTable(const ReportOptions& options, const TableSource& source) {
   const std::string& name = options.file;
   if (name == "-") return tableFromInput(options, source);
+  std::error_code isNoFile;
+  const auto size = std::filesystem::file_size(host::pathOf(name), isNoFile);
+  if (!isNoFile && size >= largeTextBytes) host::takeLargePage();
   auto bytes = readWholeFile(name, mostTextBytes);
   if (bytes ? isForeign(*bytes) : isForeignFile(name))
     return tableFromBook(

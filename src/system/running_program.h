@@ -26,6 +26,10 @@ void makeStreamsBinary();
 // fresh from the system and go back.
 void keepMemory();
 
+// For a program that will take some megabytes: two of them come in one large page where the system
+// has such, since hundreds of small ones take longer than it takes to read as much data.
+void takeLargePage();
+
 // Broken down in local time; all zero where that cannot be done.
 std::tm localTime(std::time_t seconds);
 // The same in universal time.

@@ -55,6 +55,8 @@ void makeStreamsBinary() {
 
 void keepMemory() {}
 
+void takeLargePage() {}
+
 std::tm localTime(std::time_t seconds) {
   std::tm parts{};
   ::localtime_s(&parts, &seconds);
