@@ -6,6 +6,7 @@
 #include <charconv>
 #include <cmath>
 #include <cstdint>
+#include <cstring>
 #include <optional>
 
 namespace tolmer {
@@ -13,7 +14,16 @@ namespace {
 
 constexpr int singleDigits = 9;
 constexpr int doubleDigits = 17;
-constexpr std::size_t longestNumber = 32;
+constexpr std::size_t mostDigits = 20;
+constexpr std::size_t longestNumber = 48;  // and what is copied behind it
+
+// "00" to "99".
+constexpr auto pairs = [] {
+  std::array<char, 200> digits{};
+  for (std::size_t i = 0; i < digits.size(); ++i)
+    digits[i] = static_cast<char>('0' + (i % 2 == 0 ? i / 20 : i / 2 % 10));
+  return digits;
+}();
 
 // Ten to the power of 0 to 19.
 constexpr auto tenfold = [] {
@@ -53,19 +63,24 @@ std::optional<Decimal> middlingDecimal(double number, int significant) {
   return std::nullopt;
 }
 
-// Without zeros behind the last decimal.
+// Without zeros behind the last decimal. Copies more than it writes, since a copy of known length
+// costs next to nothing: behind the end there is room for it.
 char* write(char* at, Decimal decimal, int significant) {
-  std::array<char, 20> text;
-  std::to_chars(text.data(), text.data() + text.size(), decimal.digits);
-  const char* end = text.data() + significant;
-  while (end[-1] == '0') --end;
-  const char* const whole = text.data() + std::max(decimal.exponent + 1, 0);
-  if (decimal.exponent < 0) *at++ = '0';
-  at = std::copy<const char*>(text.data(), whole, at);
-  if (end <= whole) return at;
-  *at++ = '.';
-  at = std::fill_n(at, std::max(-decimal.exponent - 1, 0), '0');
-  return std::copy<const char*>(whole, end, at);
+  std::array<char, 2 * mostDigits> text;
+  char* first = text.data() + significant;
+  for (; first > text.data() + 1; decimal.digits /= 100)
+    std::memcpy(first -= 2, &pairs[2 * (decimal.digits % 100)], 2);
+  if (first > text.data()) text[0] = static_cast<char>('0' + decimal.digits);
+  std::ptrdiff_t count = significant;
+  while (text[static_cast<std::size_t>(count) - 1] == '0') --count;
+  if (decimal.exponent < 0) at = std::copy_n("0.000", 1 - decimal.exponent, at);
+  const std::ptrdiff_t whole = std::max(decimal.exponent + 1, 0);
+  std::memcpy(at, text.data(), mostDigits);
+  if (count <= whole) return at + whole;
+  if (whole == 0) return at + count;
+  at[whole] = '.';
+  std::memcpy(at + whole + 1, text.data() + whole, mostDigits);
+  return at + count + 1;
 }
 
 std::string_view notFinite(double number) {
@@ -99,7 +114,26 @@ char* escape(char* at, char c) {
   return at;
 }
 
+// Eight letters at once: whether one of them must be escaped. A byte is below n where taking n from
+// it borrows, and n is at most 128; where one does, those above it may look as if they were.
+bool anyMustBeEscaped(std::uint64_t letters) {
+  constexpr std::uint64_t each = ~std::uint64_t{0} / 255;
+  const auto hasBelow = [&](std::uint64_t bytes, unsigned n) {
+    return (bytes - each * n) & ~bytes & (each << 7U);
+  };
+  return (hasBelow(letters, 0x20) | hasBelow(letters ^ each * '"', 1) |
+          hasBelow(letters ^ each * '\\', 1)) != 0;
+}
+
 char* withEscapes(char* at, std::string_view text) {
+  std::uint64_t letters = 0;
+  while (text.size() >= sizeof letters) {
+    std::memcpy(&letters, text.data(), sizeof letters);
+    if (anyMustBeEscaped(letters)) break;
+    std::memcpy(at, &letters, sizeof letters);
+    at += sizeof letters;
+    text.remove_prefix(sizeof letters);
+  }
   for (const char c : text) {
     *at = c;
     at = mustBeEscaped(c) ? escape(at, c) : at + 1;
@@ -110,18 +144,8 @@ char* withEscapes(char* at, std::string_view text) {
 }  // namespace
 
 void JsonWriter::flush() {
-  if (sink_ && whole_.size() + used_ > pieceLength) {
-    sink_(whole_);
-    whole_.clear();
-  }
-  whole_.append(block_.data(), used_);
+  sink_({block_.data(), used_});
   used_ = 0;
-}
-
-void JsonWriter::finish() {
-  flush();
-  sink_(whole_);
-  whole_.clear();
 }
 
 inline void JsonWriter::put(std::string_view text) {
@@ -136,11 +160,12 @@ void JsonWriter::open(char bracket, bool lines) {
   *at = bracket;
   wrote(at + 1);
   // What stands in an array stays on the array's line.
-  levels_.push_back({lines && (levels_.empty() || levels_.back().lines)});
+  levels_.push_back(level_);
+  level_ = {lines && level_.lines};
 }
 
 void JsonWriter::close(char bracket) {
-  const Level level = levels_.back();
+  const Level level = std::exchange(level_, levels_.back());
   levels_.pop_back();
   char* at = room(longestNewLine());
   if (level.lines && !level.empty) at = newLine(at);
@@ -160,13 +185,12 @@ inline char* JsonWriter::element(std::size_t count) {
     afterKey_ = false;
     return at;
   }
-  Level& level = levels_.back();
-  if (!level.empty) *at++ = ',';
-  if (level.lines)
+  const bool isFirst = std::exchange(level_.empty, false);
+  if (!isFirst) *at++ = ',';
+  if (level_.lines)
     at = newLine(at);
-  else if (!level.empty)
+  else if (!isFirst)
     *at++ = ' ';
-  level.empty = false;
   return at;
 }
 

@@ -5,7 +5,6 @@
 #include <concepts>
 #include <cstdint>
 #include <functional>
-#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -17,9 +16,8 @@ class JsonWriter {
  public:
   using Sink = std::function<void(std::string_view)>;
 
-  JsonWriter() = default;
-  // What is written goes on piece by piece, so that a large report takes no memory.
-  explicit JsonWriter(Sink sink) : sink_(std::move(sink)) { whole_.reserve(pieceLength); }
+  // What is written goes to the sink piece by piece, the rest of it with finish().
+  explicit JsonWriter(Sink sink) : sink_(std::move(sink)) {}
 
   void beginObject() { open('{', true); }
   void endObject() { close('}'); }
@@ -48,17 +46,11 @@ class JsonWriter {
     value(content);
   }
 
-  // All of it; without a sink alone.
-  const std::string& text() {
-    flush();
-    return whole_;
-  }
-  // To the sink, what it has not had.
-  void finish();
+  void finish() { flush(); }
 
  private:
   struct Level {
-    bool lines;  // each element on a line of its own
+    bool lines = true;  // each element on a line of its own
     bool empty = true;
   };
   void open(char bracket, bool lines);
@@ -80,14 +72,11 @@ class JsonWriter {
   void put(std::string_view text);
   void flush();
 
-  static constexpr std::size_t pieceLength = 1U << 16U;
-
   Sink sink_;
-  std::string whole_;  // or what the sink has not had
-  // The last letters, not yet in the whole: appending to a string costs more than a short piece.
-  std::array<char, 4096> block_;
+  std::array<char, 1U << 14U> block_;  // the last letters, which the sink has not had
   std::size_t used_ = 0;
-  std::vector<Level> levels_;
+  Level level_;
+  std::vector<Level> levels_;  // around it
   bool afterKey_ = false;
 };
 

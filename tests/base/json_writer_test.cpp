@@ -10,8 +10,22 @@
 namespace tolmer {
 namespace {
 
+class JsonText {
+ public:
+  JsonWriter json{[this](std::string_view piece) { text_ += piece; }};
+
+  const std::string& text() {
+    json.finish();
+    return text_;
+  }
+
+ private:
+  std::string text_;
+};
+
 TEST(JsonWriter, ObjectsOverLinesAndArraysOnOne) {
-  JsonWriter json;
+  JsonText written;
+  JsonWriter& json = written.json;
   json.beginObject();
   json.member("name", "a");
   json.key("list");
@@ -28,13 +42,14 @@ TEST(JsonWriter, ObjectsOverLinesAndArraysOnOne) {
   json.beginObject();
   json.endObject();
   json.endObject();
-  EXPECT_EQ(json.text(),
+  EXPECT_EQ(written.text(),
             "{\n  \"name\": \"a\",\n  \"list\": [1, {\"flag\": true, \"none\": false}, []],\n"
             "  \"empty\": {}\n}\n");
 }
 
 TEST(JsonWriter, NumbersGiveTheStoredValueBack) {
-  JsonWriter json;
+  JsonText written;
+  JsonWriter& json = written.json;
   json.beginArray();
   json.value(0.1F);
   json.value(0.1);
@@ -47,7 +62,7 @@ TEST(JsonWriter, NumbersGiveTheStoredValueBack) {
   json.value(std::numeric_limits<float>::infinity());
   json.value(static_cast<short>(-7));
   json.endArray();
-  EXPECT_EQ(json.text(),
+  EXPECT_EQ(written.text(),
             "[0.100000001, 0.10000000000000001, 1.00000002e+30, -2.5, -0, 1.40129846e-45, \"nan\", "
             "\"-inf\", \"inf\", -7]\n");
 }
@@ -66,24 +81,26 @@ TEST(JsonWriter, NumbersAreRoundedCorrectly) {
     const double usual = std::ldexp(static_cast<double>(bits() >> (bits() % 64)), -(i % 80));
     const double power = std::nextafter(std::pow(10, i % 20 - 4), i % 3 - 1);
     for (const double number : {any, usual, power}) {
-      JsonWriter json;
+      JsonText written;
+      JsonWriter& json = written.json;
       json.beginArray();
       json.value(number);
       json.value(static_cast<float>(usual));
       json.endArray();
-      ASSERT_EQ(json.text(),
+      ASSERT_EQ(written.text(),
                 "[" + text(number, 17) + ", " + text(static_cast<float>(usual), 9) + "]\n");
     }
   }
 }
 
 TEST(JsonWriter, TextIsEscapedWhereItMustBe) {
-  JsonWriter json;
+  JsonText written;
+  JsonWriter& json = written.json;
   json.value(std::string_view("\"\\/\r\n\t\x01 ä β\0", 14));
-  EXPECT_EQ(json.text(), "\"\\\"\\\\/\\r\\n\\t\\u0001 ä β\\u0000\"");
+  EXPECT_EQ(written.text(), "\"\\\"\\\\/\\r\\n\\t\\u0001 ä β\\u0000\"");
   const std::string controls(5000, '\x01');
-  JsonWriter lengthy;
-  lengthy.value(controls);
+  JsonText lengthy;
+  lengthy.json.value(controls);
   EXPECT_EQ(lengthy.text().size(), 5000 * 6 + 2);
 }
 
