@@ -140,6 +140,15 @@ void MultipleRegression(const Matrix<float>& sX, std::span<const Int16> iCols, i
   VarCovStats(Fit, n, k, messages);
 }
 
+void DurbinWatson(AnalysisState& state) {
+  double sum = 0;
+  for (int i = 2; i <= state.iNumCases; ++i) {
+    const double step = double{state.Fit.sResid[i]} - state.Fit.sResid[i - 1];
+    sum += step * step;
+  }
+  state.Fit.sDurbinWatson = static_cast<float>(sum) / state.Fit.sSSE;
+}
+
 float adjustedRSquared(const AnalysisState& state) {
   const int degrees = state.iNumCases - state.iNumTerms;
   if (degrees == 0) return std::numeric_limits<float>::quiet_NaN();

@@ -54,6 +54,9 @@ void FitStatistics(const Matrix<float>& sX, std::span<const Int16> iCols, int n,
 // standard error in VarCovStats.", and the t and p of its term stay as they were.
 void VarCovStats(tolmer::Fit& Fit, int n, int k, MessagePort& messages);
 
+// Fit.sDurbinWatson from the residuals in case order; NaN or infinite where Fit.sSSE is 0.
+void DurbinWatson(AnalysisState& state);
+
 // 1 - (1 - R-squared) (n - 1) / (n - terms) of the last fit, formed in single precision; below 0
 // where the model explains less than chance would. Not a number without degrees of freedom.
 float adjustedRSquared(const AnalysisState& state);

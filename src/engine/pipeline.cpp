@@ -2,7 +2,7 @@
 
 #include "engine/correlation.h"
 #include "engine/least_squares.h"
-#include "engine/residuals.h"
+#include "engine/residual_classes.h"
 #include "engine/summary_statistics.h"
 #include "engine/variance_inflation.h"
 

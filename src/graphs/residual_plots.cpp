@@ -10,9 +10,9 @@
 #include "engine/axis_scale.h"
 #include "engine/correlation.h"
 #include "engine/distributions.h"
-#include "engine/residuals.h"
+#include "engine/residual_classes.h"
 #include "graphs/axis_labels.h"
-#include "graphs/plot_classes.h"
+#include "graphs/plot_bars.h"
 
 namespace tolmer {
 namespace {

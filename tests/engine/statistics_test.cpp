@@ -8,8 +8,9 @@
 
 #include "engine/correlation.h"
 #include "engine/fitted_equation.h"
+#include "engine/least_squares.h"
 #include "engine/pipeline.h"
-#include "engine/residuals.h"
+#include "engine/residual_classes.h"
 #include "engine/summary_statistics.h"
 #include "engine/variance_inflation.h"
 #include "support/box_texts.h"

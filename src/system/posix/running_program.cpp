@@ -45,8 +45,8 @@ void takeLargePage() {
   const std::uintptr_t boundary = (address + size - 1) / size * size;
   // Where the system does not have them, pages come as ever.
   ::madvise(reinterpret_cast<void*>(boundary), size, MADV_HUGEPAGE);
-  // Never used, and so never fetched: what is taken after it lies in the large page. It writes there,
-  // which is too early for the advice.
+  // Never used, and so never fetched: what is taken after it lies in the large page. It writes
+  // there, which is too early for the advice.
   static void* gap = nullptr;
   if (!gap && boundary > address) gap = std::malloc(boundary - address);
 #endif

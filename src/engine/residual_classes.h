@@ -1,4 +1,4 @@
-// The residuals of the main fit in rising order, and the two tallies of the residual histograms.
+// The residuals of the main fit in rising order, and the classes of the two residual histograms.
 // Each procedure works on AnalysisState.
 #pragma once
 
@@ -28,8 +28,5 @@ void FreqTallyDec(AnalysisState& state, MessagePort& messages);
 // 2 to 7 the unit steps from -3 to 3, class 8 from 3 on. A residual without a standardised value
 // (zero or undefined standard error) counts nowhere.
 void TallyStdResids(AnalysisState& state);
-
-// Fit.sDurbinWatson from the residuals in case order; NaN or infinite where Fit.sSSE is 0.
-void DurbinWatson(AnalysisState& state);
 
 }  // namespace tolmer

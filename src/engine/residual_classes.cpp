@@ -1,4 +1,4 @@
-#include "engine/residuals.h"
+#include "engine/residual_classes.h"
 
 #include <algorithm>
 #include <cmath>
@@ -76,15 +76,6 @@ void TallyStdResids(AnalysisState& state) {
       ++state.iStdResidClassCount[j];
   state.iStdResidOutside =
       static_cast<Int16>(state.iStdResidClassCount[1] + state.iStdResidClassCount[8]);
-}
-
-void DurbinWatson(AnalysisState& state) {
-  double sum = 0;
-  for (int i = 2; i <= state.iNumCases; ++i) {
-    const double step = double{state.Fit.sResid[i]} - state.Fit.sResid[i - 1];
-    sum += step * step;
-  }
-  state.Fit.sDurbinWatson = static_cast<float>(sum) / state.Fit.sSSE;
 }
 
 }  // namespace tolmer

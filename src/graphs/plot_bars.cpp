@@ -1,4 +1,4 @@
-#include "graphs/plot_classes.h"
+#include "graphs/plot_bars.h"
 
 #include <algorithm>
 #include <cmath>
