@@ -27,4 +27,14 @@ std::string markupText(std::string_view text) {
   return result;
 }
 
+std::string hexColour(unsigned red, unsigned green, unsigned blue) {
+  constexpr std::string_view digits = "0123456789abcdef";
+  std::string text = "#";
+  for (const unsigned part : {red, green, blue}) {
+    text += digits[part / 16];
+    text += digits[part % 16];
+  }
+  return text;
+}
+
 }  // namespace tolmer

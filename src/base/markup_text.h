@@ -1,4 +1,4 @@
-// Plain text inside HTML and SVG.
+// Plain text and colours inside HTML and SVG.
 #pragma once
 
 #include <string>
@@ -9,5 +9,8 @@ namespace tolmer {
 // Text as the content of an element or of a quoted attribute. Control characters, which markup may
 // not hold, become blanks, but for tabs and line ends.
 std::string markupText(std::string_view text);
+
+// "#00ffff", of parts from 0 to 255.
+std::string hexColour(unsigned red, unsigned green, unsigned blue);
 
 }  // namespace tolmer

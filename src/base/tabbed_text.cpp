@@ -72,6 +72,29 @@ std::string tabbedCell(std::string_view text) {
 
 // LibreOffice takes the number and its looks from here, and that it is in the writing of the United
 // States (language 1033).
+void appendEscaped(std::string& out, std::string_view text) {
+  for (const char c : text) {
+    const auto special = std::string_view("\t\n\r\\").find(c);
+    if (special != std::string_view::npos) out += '\\';
+    out += special == std::string_view::npos ? c : std::string_view("tnr\\")[special];
+  }
+}
+
+std::optional<std::string> unescaped(std::string_view text) {
+  std::string plain;
+  for (std::size_t i = 0; i < text.size(); ++i) {
+    if (text[i] != '\\') {
+      plain += text[i];
+      continue;
+    }
+    if (++i == text.size()) return std::nullopt;
+    const auto special = std::string_view("tnr\\").find(text[i]);
+    if (special == std::string_view::npos) return std::nullopt;
+    plain += std::string_view("\t\n\r\\")[special];
+  }
+  return plain;
+}
+
 std::string spreadsheetMark(std::string_view text, bool isFigure) {
   if (looksLikeFormula(text)) return " style=\"mso-number-format:'\\@'\" sdnum=\"1033;0;@\"";
   if (!isFigure || !isPlainNumber(text)) return {};

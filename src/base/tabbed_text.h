@@ -1,6 +1,7 @@
 // Tables as text, cells divided by tabs and rows by line ends, as spreadsheets read and write them.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -20,6 +21,11 @@ std::string_view withoutTextMark(std::string_view text);
 // The cell as it stands in such a text: with its text mark, and in quotation marks, those inside
 // doubled, where it holds a tab or a line end, or begins with a quotation mark.
 std::string tabbedCell(std::string_view text);
+
+// A text on one line between tabs of a file of this program's own: tab, line ends and backslash
+// with a backslash before them, and back. Nothing where a backslash stands before anything else.
+void appendEscaped(std::string& out, std::string_view text);
+std::optional<std::string> unescaped(std::string_view text);
 
 // Attributes of a cell in a copied HTML table, each behind a blank: what would be carried out is
 // marked as text, for the one and the other spreadsheet, and a figure as the number it is. A cell's

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "base/program_words.h"
+#include "base/sentence_parts.h"
 #include "editor/dialog_parts.h"
 #include "editor/variable_choice.h"
 #include "foreign/import_process.h"
@@ -19,19 +20,15 @@ constexpr int kindsOfDoubt = static_cast<int>(ImportDoubt::likelyCodes) + 1;
 int indexOf(ImportDoubt doubt) { return static_cast<int>(doubt) + 1; }
 ImportDoubt doubtOf(int index) { return static_cast<ImportDoubt>(index - 1); }
 
-std::string counted(std::size_t count, const char* noun) {
-  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
-std::size_t columnsOf(const ImportPreview& preview) {
-  return preview.shown.empty() ? preview.headings.size() : preview.shown.front().size();
+int columnsOf(const ImportPreview& preview) {
+  return static_cast<int>(preview.shown.empty() ? preview.headings.size()
+                                                : preview.shown.front().size());
 }
 
 std::string captionOf(const ImportPreview& preview) {
   const auto shown = static_cast<int>(preview.shown.size());
   if (shown == preview.rows) return "As it would stand in the sheet:";
-  return "The first " + std::to_string(shown) + " of " +
-         counted(static_cast<std::size_t>(preview.rows), "row") +
+  return "The first " + std::to_string(shown) + " of " + counted(preview.rows, "row") +
          ", as they would stand in the sheet:";
 }
 
@@ -39,12 +36,11 @@ std::string stateOf(const ImportPreview& preview) {
   const auto open = std::count_if(preview.questions.begin(), preview.questions.end(),
                                   [](const ImportQuestion& question) { return !question.chosen; });
   if (open > 0)
-    return counted(static_cast<std::size_t>(open), "question") +
+    return counted(open, "question") +
            (open == 1 ? " waits for an answer." : " wait for an answer.");
   if (!preview.mustChoose.empty()) return preview.mustChoose + " Press Variables to choose.";
   if (preview.rows == 0) return counted(columnsOf(preview), "name") + ", no data.";
-  return counted(static_cast<std::size_t>(preview.rows), "row") + ", " +
-         counted(columnsOf(preview), "column") + ".";
+  return counted(preview.rows, "row") + ", " + counted(columnsOf(preview), "column") + ".";
 }
 
 std::string notesOf(const ImportPreview& preview) {

@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "base/sentence_parts.h"
 #include "editor/dialog_parts.h"
 #include "formula/sheet_names.h"
 #include "platform/grid/grid_fit.h"
@@ -28,10 +29,6 @@ constexpr Colour headingBack = Colour::rgb(255, 255, 128);
 enum Column { take = 1, name, label, kind, values, different, comesAs };
 constexpr int columnCount = comesAs;
 constexpr int firstRow = 2;  // below the headings
-
-std::string counted(int count, const std::string& noun) {
-  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
 
 const char* kindOf(const ImportVariable& variable) {
   constexpr std::array words = {"empty", "numbers", "dates", "words"};

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 
+#include "base/tabbed_text.h"
 #include "base/text_encoding.h"
 
 namespace tolmer {
@@ -15,19 +16,6 @@ constexpr std::string_view lastLine = "end";
 constexpr std::string_view kindLetters = "-npchbdtem";
 
 char capital(char letter) { return static_cast<char>(letter - 'a' + 'A'); }
-
-void appendEscaped(std::string& out, std::string_view text) {
-  for (const char c : text) {
-    if (c == '\t')
-      out += "\\t";
-    else if (c == '\n')
-      out += "\\n";
-    else if (c == '\\')
-      out += "\\\\";
-    else
-      out += c;
-  }
-}
 
 class Writer {
  public:
@@ -86,20 +74,6 @@ class Writer {
 
   std::string out_ = std::string(firstLine) + "\n";
 };
-
-std::optional<std::string> unescaped(std::string_view text) {
-  std::string plain;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != '\\') {
-      plain += text[i];
-      continue;
-    }
-    if (++i == text.size()) return std::nullopt;
-    if (text[i] != 't' && text[i] != 'n' && text[i] != '\\') return std::nullopt;
-    plain += text[i] == 't' ? '\t' : text[i] == 'n' ? '\n' : '\\';
-  }
-  return withoutControls(std::move(plain));
-}
 
 template <class Number>
 bool readWhole(std::string_view text, Number& number) {
@@ -165,7 +139,7 @@ class Reader {
   std::string textField() {
     auto text = unescaped(rawField());
     damaged_ = damaged_ || !text;
-    return text.value_or("");
+    return text ? withoutControls(*std::move(text)) : std::string();
   }
 
   int countField() {

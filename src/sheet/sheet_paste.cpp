@@ -2,6 +2,7 @@
 
 #include <algorithm>
 
+#include "base/sentence_parts.h"
 #include "formula/rewrite.h"
 #include "sheet/sheet_entry.h"
 #include "textimport/typed_number.h"
@@ -20,10 +21,6 @@ CellAddress usedSize(const PasteTable& table) {
   for (std::size_t c = 0; c < table.headings.size(); ++c)
     if (!table.headings[c].empty()) used.column = std::max(used.column, static_cast<int>(c) + 1);
   return used;
-}
-
-std::string counted(int number, const char* one) {
-  return std::to_string(number) + ' ' + one + (number == 1 ? "" : "s");
 }
 
 std::string whyTooLarge(const SheetContent& content, CellAddress at, CellAddress used) {

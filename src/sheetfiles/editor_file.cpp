@@ -8,34 +8,11 @@
 #include <system_error>
 
 #include "base/file_io.h"
+#include "base/tabbed_text.h"
 #include "system/host_path.h"
 
 namespace tolmer {
 namespace {
-
-// A text with tab, line ends and backslash escaped, and back.
-void appendEscaped(std::string& out, std::string_view text) {
-  for (const char c : text) {
-    const auto special = std::string_view("\t\n\r\\").find(c);
-    if (special != std::string_view::npos) out += '\\';
-    out += special == std::string_view::npos ? c : std::string_view("tnr\\")[special];
-  }
-}
-
-std::optional<std::string> unescaped(std::string_view text) {
-  std::string plain;
-  for (std::size_t i = 0; i < text.size(); ++i) {
-    if (text[i] != '\\') {
-      plain += text[i];
-      continue;
-    }
-    if (++i == text.size()) return std::nullopt;
-    const auto special = std::string_view("tnr\\").find(text[i]);
-    if (special == std::string_view::npos) return std::nullopt;
-    plain += std::string_view("\t\n\r\\")[special];
-  }
-  return plain;
-}
 
 constexpr std::size_t longestReadable = 12;
 constexpr std::size_t packedLetters = 11;  // 64 bits, 6 a letter

@@ -3,17 +3,10 @@
 #include <limits>
 #include <utility>
 
+#include "base/sentence_parts.h"
 #include "textimport/import_guesses.h"
 
 namespace tolmer {
-namespace {
-
-std::string counted(int count, const char* noun) {
-  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
-
-}  // namespace
-
 Result<CaseCondition> ImportFindings::condition() const {
   auto condition = CaseCondition::of(choice_.cases->condition, columnNames());
   if (!condition) return Error{"", "The condition: " + condition.error().text + "."};

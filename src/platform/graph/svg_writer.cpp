@@ -27,15 +27,7 @@ std::string number(double value) {
   return text == "-0" ? "0" : text;
 }
 
-std::string hex(Colour colour) {
-  constexpr std::string_view digits = "0123456789abcdef";
-  std::string text = "#";
-  for (const unsigned channel : {colour.red, colour.green, colour.blue}) {
-    text += digits[channel / 16];
-    text += digits[channel % 16];
-  }
-  return text;
-}
+std::string hex(Colour colour) { return hexColour(colour.red, colour.green, colour.blue); }
 
 std::string attribute(std::string_view name, std::string_view value) {
   std::string text = " ";

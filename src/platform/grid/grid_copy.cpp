@@ -12,12 +12,7 @@ namespace {
 // "#00ffff"; nothing for white and for colours of the system's theme, which paper does not have.
 std::string paperColour(Colour colour) {
   if (colour.kind != Colour::Kind::rgb || colour == colours::white) return {};
-  std::string code = "#";
-  for (const int part : {colour.red, colour.green, colour.blue}) {
-    code += "0123456789abcdef"[part / 16];
-    code += "0123456789abcdef"[part % 16];
-  }
-  return code;
+  return hexColour(colour.red, colour.green, colour.blue);
 }
 
 std::string_view alignName(Align align) {
