@@ -13,6 +13,7 @@ ExploreCommands::ExploreCommands(ShellParts& parts, MainFlow& flow) : parts_(par
     window.cmdHelp.Click = help;
     window.takeKey({keys::f1}, help);
   };
+  parts_.predictWindow.examination = [this] { return parts_.notes.wholeExamination(); };
   wire(parts_.frame.mnuExplorePredict, parts_.predictWindow, helpOnPredict);
   wire(parts_.frame.mnuExploreModels, parts_.modelsWindow, helpOnModels);
   parts_.frame.mnuExplore.Click = [this] {
@@ -24,7 +25,7 @@ ExploreCommands::ExploreCommands(ShellParts& parts, MainFlow& flow) : parts_(par
 
 void ExploreCommands::followFit() {
   const Examination* known = parts_.notes.examination();
-  parts_.predictWindow.follow(known);
+  parts_.predictWindow.follow();
   const auto record = known ? recordOf(parts_.state, known->data, known->fit) : std::nullopt;
   parts_.modelsWindow.follow(record ? &*record : nullptr);
 }

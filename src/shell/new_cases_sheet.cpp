@@ -50,8 +50,7 @@ Result<PasteTable> byNames(const PasteTable& table, const DataSheet& sheet, int 
 
 bool NewCasesSheet::follow(const Examination* examination) {
   examination_ = examination;
-  fit_.reset();
-  if (examination && validFit(state_, *examination)) fit_ = fitSecond(examination->data);
+  fit_ = examination ? validFit(state_, *examination) : nullptr;
   std::vector<std::string> names = fit_ ? predictorsOf(examination->data) : names_;
   const bool isNew = names != names_;
   names_ = std::move(names);
@@ -61,12 +60,16 @@ bool NewCasesSheet::follow(const Examination* examination) {
 }
 
 void NewCasesSheet::startAnew() {
-  SheetContent content = newContent(sheet_.observations(), sheet_.variables());
+  if (!sheet_) {
+    sheet_ = std::make_unique<DataSheet>(mostNewCases, editorVariables);
+    sheet_->Changed = [this](const SheetChange& change) { changed(change); };
+  }
+  SheetContent content = newContent(mostNewCases, editorVariables);
   for (int c = 0; c <= predictors(); ++c) content.cells(0, c).text = heading(c);
   given_.clear();
-  sheet_.replaceWith(content, {});
+  sheet_->replaceWith(content, {});
   give(1, {"means", casesAtMeans(examination_->data).rows[0]});
-  sheet_.startVisit();
+  sheet_->startVisit();
 }
 
 void NewCasesSheet::give(int row, Given given) {
@@ -76,7 +79,7 @@ void NewCasesSheet::give(int row, Given given) {
     table.cells(0, c) = {.kind = DataCell::Kind::number,
                          .number = given.values[static_cast<std::size_t>(c)]};
   given_[row] = std::move(given);
-  sheet_.paste({{row, 1}, {row, 1}}, table);
+  sheet_->paste({{row, 1}, {row, 1}}, table);
 }
 
 std::string NewCasesSheet::model() const {
@@ -92,22 +95,22 @@ std::string NewCasesSheet::heading(int column) const {
 std::string NewCasesSheet::shownText(int row, int column) const {
   if (row == 0) return heading(column);
   if (column == 0) return nameOf(row);
-  if (const auto value = sheet_.value(row, column); value)
+  if (const auto value = sheet_->value(row, column); value)
     return std::abs(*value) <= std::numeric_limits<float>::max()
                ? generalText(static_cast<float>(*value))
                : generalText(*value);
-  return sheet_.shownText(row, column);
+  return sheet_->shownText(row, column);
 }
 
 std::string NewCasesSheet::exactText(int row, int column) const {
-  const auto value = sheet_.value(row, column);
-  return value ? tolmer::exactText(*value) : sheet_.shownText(row, column);
+  const auto value = sheet_->value(row, column);
+  return value ? tolmer::exactText(*value) : sheet_->shownText(row, column);
 }
 
 Result<int> NewCasesSheet::paste(CellAddress at, const PasteTable& table) {
   PasteTable taken = table;
   if (hasNames(table)) {
-    auto named = byNames(table, sheet_, at.row, names_);
+    auto named = byNames(table, *sheet_, at.row, names_);
     if (!named) return named.error();
     taken = *std::move(named);
     at.column = 1;
@@ -116,13 +119,13 @@ Result<int> NewCasesSheet::paste(CellAddress at, const PasteTable& table) {
     return Error{"", "Nothing was pasted: " + counted(taken.columns(), "column") +
                          " from here on reach beyond the predictors."};
   taken.headings.clear();
-  const PasteOutcome outcome = sheet_.paste({at, at}, taken);
+  const PasteOutcome outcome = sheet_->paste({at, at}, taken);
   if (!outcome.pasted || outcome.refused > 0) return Error{"", outcome.reason};
   return at.row;
 }
 
 Result<int> NewCasesSheet::addCase(int number) {
-  const int row = sheet_.lastUsedRow() + 1;
+  const int row = sheet_->lastUsedRow() + 1;
   if (row > mostNewCases)
     return Error{"", "There is room for " + std::to_string(mostNewCases) + " cases."};
   const std::string& label = state_.tCaseLabel[static_cast<std::size_t>(number)];
@@ -136,7 +139,7 @@ Result<int> NewCasesSheet::addCase(int number) {
 
 // As the analysis holds it.
 std::optional<float> NewCasesSheet::held(int row, int column) const {
-  const auto value = sheet_.value(row, column);
+  const auto value = sheet_->value(row, column);
   if (!value || !(std::abs(*value) <= std::numeric_limits<float>::max())) return {};
   return static_cast<float>(*value);
 }
@@ -145,7 +148,7 @@ void NewCasesSheet::predict() {
   predicted_.clear();
   placeOf_.assign(static_cast<std::size_t>(mostNewCases) + 1, 0);
   NewCases cases{names_, {}};
-  for (int row = 1; fit_ && row <= sheet_.lastUsedRow(); ++row) {
+  for (int row = 1; fit_ && row <= sheet_->lastUsedRow(); ++row) {
     std::vector<double> values;
     for (int c = 1; c <= predictors(); ++c)
       if (const auto value = held(row, c)) values.push_back(*value);
@@ -168,11 +171,11 @@ std::string NewCasesSheet::figure(int row, int number) const {
 }
 
 std::string NewCasesSheet::nameOf(int row) const {
-  const std::string& typed = sheet_.cell(row, 0).text;
+  const std::string& typed = sheet_->cell(row, 0).text;
   const auto given = given_.find(row);
   if (!typed.empty() || given == given_.end()) return typed;
   for (int c = 1; c <= predictors(); ++c)
-    if (sheet_.value(row, c) != given->second.values[static_cast<std::size_t>(c) - 1]) return {};
+    if (sheet_->value(row, c) != given->second.values[static_cast<std::size_t>(c) - 1]) return {};
   return given->second.name;
 }
 
@@ -193,7 +196,7 @@ std::string NewCasesSheet::sentence(int row) const {
 std::string NewCasesSheet::lackOf(int row) const {
   std::vector<std::string> missing, tooLarge;
   for (int c = 1; c <= predictors(); ++c)
-    if (!held(row, c)) (sheet_.value(row, c) ? tooLarge : missing).push_back(heading(c));
+    if (!held(row, c)) (sheet_->value(row, c) ? tooLarge : missing).push_back(heading(c));
   const std::string beyond = " too large (the analysis takes numbers up to 3.4e38).";
   if (!tooLarge.empty()) return listed(tooLarge) + (tooLarge.size() == 1 ? " is" : " are") + beyond;
   return listed(missing) + (missing.size() == 1 ? " has" : " have") + " no value.";
@@ -201,8 +204,8 @@ std::string NewCasesSheet::lackOf(int row) const {
 
 std::vector<std::string> NewCasesSheet::remarks() const {
   std::vector<std::string> lines;
-  for (int row = 1; fit_ && row <= sheet_.lastUsedRow(); ++row) {
-    if (!isUsed(sheet_.content(), row)) continue;
+  for (int row = 1; fit_ && row <= sheet_->lastUsedRow(); ++row) {
+    if (!isUsed(sheet_->content(), row)) continue;
     const PredictedCase* one = prediction(row);
     const std::string words = one ? one->words : lackOf(row);
     if (!words.empty()) lines.push_back(describedCase(row) + ": " + words);
@@ -211,7 +214,7 @@ std::vector<std::string> NewCasesSheet::remarks() const {
 }
 
 TableContent NewCasesSheet::table() const {
-  const int last = sheet_.lastUsedRow();
+  const int last = sheet_->lastUsedRow();
   TableContent table(last + 1, 2 + predictors() + figures);
   table.fixedColumns = 2;
   table.heading(1, 1, "Case", Align::right);

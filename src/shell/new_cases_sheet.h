@@ -1,7 +1,9 @@
 // New cases as they are typed, and what the model says of them.
 #pragma once
 
+#include <functional>
 #include <map>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -22,12 +24,15 @@ class NewCasesSheet {
  public:
   explicit NewCasesSheet(const AnalysisState& state) : state_(state) {}
 
-  // What is known of the present fit, which outlives its being known here; null while it is not.
-  // Cases stay where the predictors are called as before; else one at their means begins anew.
-  // Whether they have begun anew.
+  // Cells of the sheet are others now.
+  std::function<void(const SheetChange&)> changed;
+
+  // What is known of the present fit, its leverages included, which outlives its being known here;
+  // null while it is not. Cases stay where the predictors are called as before; else one at their
+  // means begins anew. Whether they have begun anew.
   bool follow(const Examination* examination);
   bool isKnown() const { return examination_; }
-  bool hasFit() const { return fit_.has_value(); }
+  bool hasFit() const { return fit_; }
   // "StackLoss on AirFlow and WaterTemp"; empty while nothing is known.
   std::string model() const;
 
@@ -39,8 +44,9 @@ class NewCasesSheet {
   std::string shownText(int row, int column) const;
   // All digits of the cell's value; of one without, what it shows.
   std::string exactText(int row, int column) const;
-  DataSheet& sheet() { return sheet_; }
-  const DataSheet& sheet() const { return sheet_; }
+  // There is one as soon as there are predictors.
+  DataSheet& sheet() { return *sheet_; }
+  const DataSheet& sheet() const { return *sheet_; }
 
   // A table from elsewhere as it would land in a data sheet. Where it brings names, its columns go
   // to the predictors called so. The first row it went to, or why it was not taken.
@@ -76,9 +82,9 @@ class NewCasesSheet {
   std::string lackOf(int row) const;
 
   const AnalysisState& state_;
-  DataSheet sheet_{mostNewCases, editorVariables};
+  std::unique_ptr<DataSheet> sheet_;  // megabytes, which the start would have to pay for
   const Examination* examination_ = nullptr;
-  std::optional<SecondFit> fit_;    // with the leverages of all cases
+  const SecondFit* fit_ = nullptr;  // of the examination, where it is valid
   std::vector<std::string> names_;  // of the predictors
   std::map<int, Given> given_;
   std::vector<PredictedCase> predicted_;

@@ -74,7 +74,7 @@ void frmPredict::wire() {
   };
   takeKey({keys::escape}, giveUpEntry,
           [this] { return spdCases.editMode() && !spdCases.hasFocus(); });
-  cases_.sheet().Changed = [this](const SheetChange& change) { changed(change); };
+  cases_.changed = [this](const SheetChange& change) { changed(change); };
 }
 
 void frmPredict::wireGrid() {
@@ -96,20 +96,19 @@ void frmPredict::wireGrid() {
   spdCases.Command = [this](GridCommand what) { command(what); };
 }
 
-void frmPredict::follow(const Examination* examination) {
-  known_ = examination;
-  followKnown(visible() ? examination : nullptr);
+void frmPredict::follow() {
+  followFit(visible() ? examination() : nullptr);
   if (visible()) showAll();
 }
 
-void frmPredict::followKnown(const Examination* examination) {
+void frmPredict::followFit(const Examination* known) {
   const bool wasShaped = std::exchange(isShaped_, false);
-  const bool isNew = cases_.follow(examination);
+  const bool isNew = cases_.follow(known);
   isShaped_ = wasShaped && !isNew;
 }
 
 void frmPredict::open() {
-  followKnown(known_);
+  followFit(examination());
   showAll();
   place();
   if (!focus()) spdCases.setFocus();

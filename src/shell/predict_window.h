@@ -1,6 +1,7 @@
 // New cases beside the work, and what the model says of them.
 #pragma once
 
+#include <functional>
 #include <string>
 
 #include "platform/buttons.h"
@@ -18,8 +19,11 @@ class frmPredict : public Window {
  public:
   frmPredict(Desktop& desktop, const AnalysisState& state);
 
-  // As NewCasesSheet::follow, as soon as it is on the screen.
-  void follow(const Examination* examination);
+  // As NewCasesSheet::follow wants it; asked when the window is on the screen.
+  std::function<const Examination*()> examination;
+
+  // Another fit stands, or more is known of it.
+  void follow();
   // Comes to the screen, or to its front.
   void open();
 
@@ -45,7 +49,7 @@ class frmPredict : public Window {
   void placeControls();
   void place();
 
-  void followKnown(const Examination* examination);
+  void followFit(const Examination* known);
 
   // --- the cases on the screen
   void shape();
@@ -69,7 +73,6 @@ class frmPredict : public Window {
 
   const AnalysisState& state_;
   NewCasesSheet cases_;
-  const Examination* known_ = nullptr;
   int shownRows_ = 0;  // that hold something in the grid
   bool isShaped_ = false;
   bool entryIsOpen_ = false;
