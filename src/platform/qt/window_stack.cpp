@@ -1,5 +1,7 @@
 #include "platform/qt/window_stack.h"
 
+#include <QGuiApplication>
+#include <QScreen>
 #include <algorithm>
 
 #include "platform/qt/gate.h"
@@ -40,9 +42,11 @@ void WindowStack::allowPainting() const {
 }
 
 void WindowStack::allowPainting(const Window& window, QWidget& widget) const {
+  // A window that is about to be maximised may reach beyond the screen.
+  const QRect seen = widget.geometry() & QGuiApplication::primaryScreen()->virtualGeometry();
   const auto covers = [&](const Shown& above) {
     return above.window->style() == WindowStyle::bare && above.widget &&
-           above.widget->geometry().contains(widget.geometry());
+           above.widget->geometry().contains(seen);
   };
   auto above = std::find_if(shown_.begin(), shown_.end(),
                             [&](const Shown& entry) { return entry.window == &window; });
