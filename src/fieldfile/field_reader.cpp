@@ -18,6 +18,12 @@ namespace {
 constexpr std::string_view blanks = " \t";
 constexpr std::string_view lineEnds = "\r\n";
 
+bool isOneOf(char one, std::string_view signs) {
+  for (const char sign : signs)
+    if (one == sign) return true;
+  return false;
+}
+
 std::string_view withoutTrailingBlanks(std::string_view text) {
   const auto last = text.find_last_not_of(blanks);
   return last == std::string_view::npos ? std::string_view() : text.substr(0, last + 1);
@@ -34,6 +40,13 @@ std::string quotation(std::string_view text) {
   constexpr std::size_t longest = 30;
   const std::size_t cut = utf8Prefix(text, longest);
   return "\"" + std::string(text.substr(0, cut)) + (cut < text.size() ? "...\"" : "\"");
+}
+
+// Where one of the signs stands next, or the text's end. Most fields are short: searching the signs
+// by the library's functions would take several times as long.
+std::size_t nextOf(std::string_view signs, std::string_view text, std::size_t at) {
+  while (at < text.size() && !isOneOf(text[at], signs)) ++at;
+  return at;
 }
 
 // from_chars knows no leading "+"; a second sign behind it is no number.
@@ -121,11 +134,11 @@ Error FieldReader::errorFound(std::string_view expected, std::string_view found)
 }
 
 void FieldReader::skipBlanks() {
-  at_ = std::min(text_.find_first_not_of(blanks_, at_), text_.size());
+  while (!atEnd() && isOneOf(text_[at_], blanks_)) ++at_;
 }
 
 void FieldReader::skipLineEnd() {
-  if (atEnd() || lineEnds.find(text_[at_]) == std::string_view::npos) return;
+  if (atEnd() || !isOneOf(text_[at_], lineEnds)) return;
   at_ += std::string_view(text_).substr(at_).starts_with("\r\n") ? 2 : 1;
   ++place_.line;
 }
@@ -142,7 +155,7 @@ void FieldReader::finishField(std::size_t end) {
 }
 
 std::size_t FieldReader::bareEnd() const {
-  return std::min(text_.find_first_of(fieldEnds_, at_), text_.size());
+  return nextOf(fieldEnds_, text_, at_);
 }
 
 Result<std::string> FieldReader::readText() {
@@ -159,9 +172,10 @@ Result<std::string> FieldReader::readQuoted() {
   const std::size_t start = at_ + 1;
   const std::size_t end = text_.find('"', start);
   if (end == std::string::npos) return errorHere("the closing quote of a text is missing");
-  const std::size_t next = std::min(text_.find_first_not_of(blanks_, end + 1), text_.size());
+  std::size_t next = end + 1;
+  while (next < text_.size() && isOneOf(text_[next], blanks_)) ++next;
   const bool isDivided = marks_.separator == ' ' && next > end + 1;
-  if (next < text_.size() && !isDivided && fieldEnds_.find(text_[next]) == std::string::npos)
+  if (next < text_.size() && !isDivided && !isOneOf(text_[next], fieldEnds_))
     return errorHere("a text goes on behind its closing quote");
   std::string text = text_.substr(start, end - start);
   for (std::size_t i = 0; i < text.size(); ++i)
@@ -174,8 +188,7 @@ Result<std::string> FieldReader::readQuoted() {
 Result<std::string_view> FieldReader::numberAhead(std::string_view expected) {
   skipBlanks();
   if (atEnd()) return errorHere(std::string(expected) + " was expected, but the file ends here");
-  const std::size_t end = std::min(text_.find_first_of(numberEnds_, at_), text_.size());
-  return std::string_view(text_).substr(at_, end - at_);
+  return std::string_view(text_).substr(at_, nextOf(numberEnds_, text_, at_) - at_);
 }
 
 Result<std::int16_t> FieldReader::readInteger() {

@@ -95,8 +95,9 @@ class FirstPageWatch : public QObject {
     if (window == QLatin1String("frmOpeningBook") && !cut_) {
       cut_ = true;
       QTimer::singleShot(0, [this] { desktop_.advance(1000); });
-    } else if (window == QLatin1String("frmNotebook") && !left_) {
+    } else if (window == QLatin1String("frmNotebook") && !left_ && !tmrLeave_.enabled()) {
       tmrLeave_.setEnabled(true);
+      QTimer::singleShot(0, [this] { desktop_.advance(1); });
     }
     return false;
   }
