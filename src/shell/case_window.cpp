@@ -127,8 +127,9 @@ void frmCase::placeAll() {
   Panel& page = bSelected ? pnlSelected : pnlAll;
   page.setPlace({0, top, windowWidth, bSelected ? placeSelected() : placeAllCases()});
   top = page.bottom();
-  chkCopies.setPlace({margin, top + pixels(4), inside - buttonWidth - gap, lineHeight});
+  chkCopies.setPlace({margin, top + pixels(4), inside - 2 * (buttonWidth + gap), lineHeight});
   cmdClose.setPlace({windowWidth - margin - buttonWidth, top, buttonWidth, buttonHeight});
+  cmdHelp.setPlace({cmdClose.left() - gap - buttonWidth, top, buttonWidth, buttonHeight});
   setPlace({this->left(), this->top(), windowWidth, cmdClose.bottom() + margin});
 }
 

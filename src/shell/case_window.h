@@ -52,6 +52,7 @@ class frmCase : public Window {
   Label lblLeverages{&pnlAll, "lblLeverages"};
   Label lblFarthest{&pnlAll, "lblFarthest"};
   CheckBox chkCopies{this, "chkCopies", "Show selected cases in &copies and reports"};
+  Button cmdHelp{this, "cmdHelp", "&Help"};
   Button cmdClose{this, "cmdClose", "Close"};
 
  private:

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/desktop.h"
 #include "platform/text_metrics.h"
 
 namespace tolmer {
@@ -10,6 +11,7 @@ namespace {
 
 constexpr Twips statusHeight = pixels(25);
 constexpr Twips statusMargin = pixels(10);
+constexpr int someSeconds = 8000;
 
 }  // namespace
 
@@ -37,7 +39,12 @@ mdiReg::mdiReg(Desktop& desktop)
       mnuHelpSearch(&mnuHelp, "mnuHelpSearch", "&Search for Help on..."),
       mnuHelpUsingHelp(&mnuHelp, "mnuHelpUsingHelp", "&Using Help"),
       mnuHelpBar1(&mnuHelp, "mnuHelpBar1", "-"),
-      mnuHelpAbout(&mnuHelp, "mnuHelpAbout", "&About...") {
+      mnuHelpAbout(&mnuHelp, "mnuHelpAbout", "&About..."),
+      tmrTold_(desktop.timers(), "tmrTold", someSeconds) {
+  tmrTold_.Tick = [this] {
+    tmrTold_.setEnabled(false);
+    showLine(status_);
+  };
   // Until there is an analysis to report.
   mnuFileReport.setEnabled(false);
   mnuFilePrint.setEnabled(false);
@@ -62,12 +69,23 @@ void mdiReg::MDIForm_Resize() {
 }
 
 void mdiReg::showStatus(const std::string& status, const std::string& notes) {
-  lblStatus.setCaption(status);
-  lblStatus.setTip(status);
+  status_ = status;
+  if (!tmrTold_.enabled()) showLine(status);
   lblNotes.setCaption(notes);
   lblNotes.setAccessibleDescription(status);
   lblNotes.setVisible(!status.empty());
   placeStatus();
+}
+
+void mdiReg::tell(const std::string& words) {
+  showLine(words);
+  tmrTold_.setEnabled(false);
+  tmrTold_.setEnabled(true);
+}
+
+void mdiReg::showLine(const std::string& words) {
+  lblStatus.setCaption(words);
+  lblStatus.setTip(words);
 }
 
 // What is too long for the line is cut off at its end, and the tip has it whole.

@@ -5,6 +5,7 @@
 #include <functional>
 
 #include "platform/labels.h"
+#include "platform/timer.h"
 #include "platform/window.h"
 #include "shell/display_menu.h"
 
@@ -67,10 +68,16 @@ class mdiReg : public FrameWindow {
   // The line says `status`, and `notes` is where a click leads to; it is not there before, and so
   // comes last in the window.
   void showStatus(const std::string& status, const std::string& notes);
+  // Some seconds long the line says these words instead.
+  void tell(const std::string& words);
 
  private:
+  void showLine(const std::string& words);
   void MDIForm_Resize();
   void placeStatus();
+
+  std::string status_;
+  Timer tmrTold_;
 };
 
 }  // namespace tolmer

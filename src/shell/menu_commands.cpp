@@ -22,6 +22,9 @@ MenuCommands::MenuCommands(ShellParts& parts, MainFlow& flow)
 void MenuCommands::wireFileAndEdit() {
   parts_.frame.mnuFileZM.Click = [this] { parts_.desktop.activateProgram(suiteTitle); };
   parts_.frame.mnuFileWorktext.Click = [this] { mnuFileWorktext_Click(); };
+  reports_.saved = [this](const std::string& path) {
+    parts_.frame.tell("The report was saved: " + path);
+  };
   parts_.frame.mnuFileReport.Click = [this] { reports_.SaveReport(); };
   parts_.frame.mnuFilePrint.Click = [this] { reports_.PrintReport(); };
   parts_.frame.mnuFileExit.Click = [this] { parts_.frame.requestClose(); };
@@ -80,6 +83,7 @@ void MenuCommands::wireNotes() {
   };
   wireHelpKey(parts_.notesWindow, [] { return Note::helpTopic; });
   wireHelpKey(parts_.caseWindow, [] { return CaseCommands::helpTopic; });
+  parts_.caseWindow.cmdHelp.Click = [this] { flow_.ShowHelpTopic(CaseCommands::helpTopic); };
 }
 
 // Everywhere but in the window, which is filled when it is opened or while it stands.

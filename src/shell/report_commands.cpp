@@ -61,6 +61,7 @@ void ReportCommands::SaveReport() {
   if (saving.end != Saving::End::saved) return;
   kind_ = chosen;
   folder_ = host::nameOf(host::pathOf(saving.path).parent_path());
+  raise(saved, saving.path);
 }
 
 void ReportCommands::PrintReport() {

@@ -1,6 +1,9 @@
 // The report from the main menu: to a file, or to the printer.
 #pragma once
 
+#include <functional>
+#include <string>
+
 #include "displays/case_selection.h"
 #include "platform/desktop.h"
 #include "platform/paper/printed_pages.h"
@@ -16,6 +19,9 @@ class ReportCommands {
   // Both ask first. There must be an analysis; its fit may have failed.
   void SaveReport();
   void PrintReport();
+
+  // The report is in the file of that name, in the host's spelling.
+  std::function<void(const std::string& path)> saved;
 
  private:
   bool asks(ReportUse use);
