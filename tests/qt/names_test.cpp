@@ -6,15 +6,11 @@
 #include <set>
 
 #include "displays/display_list.h"
-#include "editor/numeric_format.h"
-#include "notebook/notebook_window.h"
 #include "platform/qt/help_window.h"
 #include "platform/qt/kept_window.h"
-#include "shell/module.h"
+#include "shell/every_window.h"
 #include "support/qt_user.h"
-#include "support/script.h"
 #include "support/tree.h"
-#include "symbolfile/file_error.h"
 
 namespace tolmer::test {
 namespace {
@@ -55,52 +51,6 @@ class NamesOfEveryWindow : public testing::Test {
     for (int i = 0; i < one.childCount(); ++i)
       if (QAccessibleInterface* child = one.child(i)) look(*child, window);
   }
-  void lookAndClick(const char* window, const char* button) {
-    script.window(window, [this, window, button] {
-      look();
-      user.click(window, button);
-    });
-  }
-  void lookAtNotebook() {
-    for (const auto& [section, page] : {std::pair{1, 1}, {1, 2}, {2, 2}, {3, 2}, {4, 2}, {5, 1}}) {
-      module.parts().notebook.window().goTo(section, page);
-      look();
-    }
-    user.click("frmNotebook", "cmdKeepBeside");
-    look();
-    desktop.keptWindow()->hide();
-    module.parts().notebook.window().goTo(1, 1);
-    user.click("frmNotebook", "cmdOK");
-  }
-  void start() {
-    script.window("frmOpeningBook", [this] { look(); });
-    script.window("frmNotebook", [this] { lookAtNotebook(); });
-    script.window("frmModelDesign", [this] {
-      look();
-      user.click("frmModelDesign", "cmdShowData");
-      user.click("frmModelDesign", "cmdOK");
-    });
-    script.window("frmShowData", [this] {
-      look();
-      user.close("frmShowData");
-    });
-    lookAndClick("frmHint", "cmdOK");
-    module.Main();
-  }
-  void lookAtEditor() {
-    look();
-    lookAndClick("frmFind", "cmdClose");
-    user.menu("frmDataEditor", "Edit/Replace...");
-    DataSheet sheet(4);
-    frmNumericFormat format(desktop, sheet, true);
-    format.show();
-    look();
-    format.hide();
-    lookAndClick("frmSortOptions", "cmdCancel");
-    user.menu("frmDataEditor", "Options/Sort...");
-    user.menu("frmDataEditor", "File/Close Editor and Discard Data");
-  }
-
   ScriptedQtDesktop desktop;
   QtUser user{desktop};
   Script script{desktop.onModal, desktop.onMessageBox};
@@ -111,28 +61,22 @@ class NamesOfEveryWindow : public testing::Test {
 };
 
 TEST_F(NamesOfEveryWindow, EveryStopHasANameAndARole) {
-  start();
+  desktop.setHelpFolder(TOLMER_PROGRAM_FOLDER "/help");
+  EveryWindow every(desktop, user, script, module, [this](Window&) { look(); });
+  every.start();
   for (const Display& display : displayList()) {
     module.parts().manager.bringUp(display);
     look();
   }
-  lookAndClick("frmReport", "cmdCancel");
-  user.menu("mdiReg", "File/Save Report...");
-  user.menu("mdiReg", "Explore/Notes...");
-  look();
-  lookAndClick("frmAbout", "cmdOK");
-  user.menu("mdiReg", "Help/About...");
-  desktop.setHelpFolder(TOLMER_PROGRAM_FOLDER "/help");
+  every.besideTheQuadrants();
+  every.ofOwnData();
+  every.rare();
   desktop.showHelp({.file = "tolmod", .context = 101});
   look();
   desktop.helpWindow()->hide();
-  frmFileError fault(desktop);
-  fault.show();
+  module.parts().notebook.window().cmdKeepBeside.click();
   look();
-  fault.hide();
-  script.window("frmDataEditor", [this] { lookAtEditor(); });
-  module.parts().state.iDataSource = dataEditor;
-  user.click("frmControlPanel", "cmdChangeDataSource");
+  desktop.keptWindow()->hide();
   script.finish();
   for (const std::string& fault : faults) ADD_FAILURE() << fault;
   EXPECT_GT(stops, 200);

@@ -3,15 +3,11 @@
 #include <gmock/gmock.h>
 
 #include <cmath>
-#include <map>
 
-#include "editor/graph_title.h"
-#include "editor/import_dialog.h"
-#include "notebook/notebook_window.h"
 #include "platform/dialog_fit.h"
+#include "shell/every_window.h"
 #include "shell/shipped_program.h"
 #include "support/layout_check.h"
-#include "symbolfile/file_error.h"
 
 namespace tolmer::test {
 namespace {
@@ -46,7 +42,6 @@ class Screens : public ShippedProgram, public testing::WithParamInterface<Size> 
 
   // With the bars that the screen's size asks for.
   void check(Window& window) {
-    ++seen[window.name()];
     const Size screen = desktop.screenSize();
     const float times = window.magnification();
     const bool hasBar = window.style() == WindowStyle::dialog;
@@ -62,41 +57,15 @@ class Screens : public ShippedProgram, public testing::WithParamInterface<Size> 
     for (Button* button : {window.defaultButton(), window.cancelButton()})
       if (button && button->visible()) faults += outOfView(*button, window, fit);
     EXPECT_EQ(faults, "") << "on " << GetParam().width << " x " << GetParam().height;
-  }
-  void expect(const std::string& name, std::function<void()> work) {
-    script.window(name, [this, name, work] {
-      check(user.window(name));
-      work();
-    });
-  }
-  void expect(const std::string& name, const char* way) {
-    expect(name, [this, name, way] { user.click(name, way); });
-  }
-  void everyPage(frmNotebook& book) {
-    for (int section = 1; section <= book.tbNoteBook.tabCount(); ++section)
-      for (int page = 1; page <= book.tbNoteBook.tab(section - 1).pageMax + 1; ++page) {
-        book.goTo(section, page);
-        check(book);
-        lowestPicture(book);
-      }
-    book.goTo(1, 1);
+    if (&window == &module.parts().notebook.window()) lowestPicture();
   }
   // Axes can be read.
-  static void lowestPicture(frmNotebook& book) {
-    for (int i = 1; i <= book.elements.imgPicture.last(); ++i) {
-      const Image& picture = book.elements.imgPicture(i);
+  void lowestPicture() {
+    const PageElements& elements = module.parts().notebook.window().elements;
+    for (int i = 1; i <= elements.imgPicture.last(); ++i) {
+      const Image& picture = elements.imgPicture(i);
       EXPECT_TRUE(!picture.visible() || picture.height() >= pixels(130)) << picture.file();
     }
-  }
-  void start() {
-    script.window("frmOpeningBook", [&] { check(user.window("frmOpeningBook")); });
-    script.window("frmNotebook", [&] {
-      everyPage(module.parts().notebook.window());
-      user.click("frmNotebook", "cmdOK");
-    });
-    expect("frmModelDesign", "cmdOK");
-    expect("frmHint", "cmdOK");
-    module.Main();
   }
   void quadrants() {
     const mdiReg& frame = module.parts().frame;
@@ -106,78 +75,18 @@ class Screens : public ShippedProgram, public testing::WithParamInterface<Size> 
         EXPECT_LE(child->bottom(), frame.innerHeight()) << child->name();
         EXPECT_GE(2 * child->width() + twipsPerPixel, frame.innerWidth()) << child->name();
       }
-    check(module.parts().panel);
   }
-  void useEditor() {
-    const auto menu = [&](const char* path) { user.menu("frmDataEditor", path); };
-    user.type("frmDataEditor", "spdData", "1");
-    user.key("frmDataEditor", {keys::enter});
-    expect("frmFind", "cmdClose");
-    menu("Edit/Find...");
-    expect("frmNumericFormat", "cmdCancel");
-    menu("Options/Format/Standard Format...");
-    expect("frmNumericFormat", "cmdCancel");
-    menu("Options/Format/Individual Column Format...");
-    expect("frmSortOptions", "cmdCancel");
-    menu("Options/Sort...");
-    script.finish();
-    desktop.onMessageBox = [](const MessageBox&) { return Answer::no; };
-    user.click("frmDataEditor", "cmdCancel");
-  }
-
-  std::map<std::string, int> seen;
 };
 
 TEST_P(Screens, ShowEveryWindowWhole) {
-  start();
+  EveryWindow every(desktop, user, script, module, [this](Window& window) { check(window); });
+  every.start();
   quadrants();
-  expect("frmReport", "cmdCancel");
-  user.menu("mdiReg", "File/Save Report...");
-  expect("frmAbout", "cmdOK");
-  user.menu("mdiReg", "Help/About...");
   desktop.advance(1000);
-  user.menu("mdiReg", "Explore/Notes...");
-  check(module.parts().notesWindow);
-  user.close("frmNotes");
-  user.menu("mdiReg", "Explore/Predict...");
-  check(module.parts().predictWindow);
-  user.close("frmPredict");
-  user.menu("mdiReg", "Explore/Compare Models...");
-  check(module.parts().modelsWindow);
-  user.close("frmModels");
-  expect("frmModelDesign", [&] {
-    expect("frmShowData", [&] { user.close("frmShowData"); });
-    user.click("frmModelDesign", "cmdShowData");
-    user.click("frmModelDesign", "cmdCancel");
-  });
-  user.click("frmControlPanel", "cmdChangeModel");
-  script.window("frmNotebook", [&] {
-    auto& book = module.parts().notebook.window();
-    book.goTo(1, 3);
-    expect("frmSampleOnly", "cmdOK");
-    book.elements.imgPicture(1).click();
-    book.goTo(5, 1);
-    expect("frmDataEditor", [&] { useEditor(); });
-    user.click("frmNotebook", "cmdOK");
-  });
-  user.click("frmControlPanel", "cmdShowNotebook");
-  EXPECT_EQ(seen.size(), 16U);
-}
-
-// Those that need a doubt or a failure to come up.
-TEST_P(Screens, ShowRareWindowsWhole) {
-  frmFileError error(desktop);
-  check(error);
-  DataSheet sheet(20, 5);
-  frmGraphTitle title(desktop, sheet);
-  check(title);
-  const auto import = TextImport::read(
-      "Name\tx\ty\n1\t1,234\t12 345\nAnn\tNA\t12%\nBob\t$3\tsome words that go on\nCy\n",
-      {TextOrigin::clipboard, 1, 1, 500, 50});
-  const SheetContent content = newContent(500, 50);
-  frmTextImport dialog(desktop, *import, content, "data.csv");
-  expect("frmTextImport", "cmdCancel");
-  dialog.ask();
+  every.besideTheQuadrants();
+  every.ofOwnData();
+  every.rare();
+  EXPECT_EQ(every.seen().size(), 22U) << testing::PrintToString(every.seen());
 }
 
 // A screen of that size, or a larger one at a factor or zoom.
