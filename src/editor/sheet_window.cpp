@@ -21,6 +21,8 @@ constexpr Twips numberWidth = pixels(44);  // of the observations' numbers
 constexpr Twips rowHeight = pixels(20);
 constexpr Twips labelWidth = pixels(110);
 constexpr Twips columnWidth = pixels(84);
+constexpr Twips widestByItself = pixels(240);
+constexpr std::size_t alwaysFits = 8;  // digits, signs and points in a column of the first width
 
 constexpr int manyVariables = 6;  // from here on, not all of them are in sight
 // On larger screens two thirds of the width and three quarters of the height.
@@ -67,6 +69,7 @@ void SheetWindow::wireGrid() {
     forgetMessages();
   };
   spdData.SelectionChange = [this] { forgetMessages(); };
+  spdData.ColWidthChange = [this](int col) { drawnColumns_.insert(col); };
   spdData.Command = [this](GridCommand what) { command(what); };
   spdData.EditChanged = [this] { spdData_EditChanged(); };
   spdData.AskPointing = [this](const std::string& before, const std::string& behind, bool& bCan) {
@@ -111,9 +114,12 @@ void SheetWindow::InitialiseGrid() {
 
 // What every data set begins with, whatever the one before it was given.
 void SheetWindow::resetGrid() {
+  drawnColumns_.clear();
   spdData.setColWidth(0, numberWidth);
-  for (int col = 1; col <= spdData.maxCols(); ++col)
+  for (int col = 1; col <= spdData.maxCols(); ++col) {
     spdData.setColWidth(col, col == 1 ? labelWidth : columnWidth);
+    for (int row = 2; row <= spdData.maxRows(); ++row) widenFor({row, col});
+  }
   spdData.setEditModeReplace(true);
   menu.mnuEditTypingReplaces.setChecked(true);
   spdData.setActiveCell({2, 1});
@@ -154,6 +160,17 @@ void SheetWindow::follow(const SheetChange& change) {
 
 void SheetWindow::showCell(int row, int col) {
   spdData.setText(row + 1, col + 1, sheet_.shownText(row, col));
+  if (row > 0) widenFor({row + 1, col + 1});
+}
+
+// A number is not left to be read as "###" where its column can be wider, unless the user has drawn
+// the column.
+void SheetWindow::widenFor(CellPosition cell) {
+  const bool isLong = cell.col > 1 && spdData.text(cell.row, cell.col).size() > alwaysFits;
+  if (!isLong || drawnColumns_.contains(cell.col) || !sheet_.value(cell.row - 1, cell.col - 1))
+    return;
+  const Twips needed = std::min(spdData.widthOfText(cell), widestByItself);
+  if (needed > spdData.colWidth(cell.col)) spdData.setColWidth(cell.col, needed);
 }
 
 void SheetWindow::showColumn(int col) {

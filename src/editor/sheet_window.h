@@ -2,6 +2,7 @@
 // does with cells, blocks and rows.
 #pragma once
 
+#include <set>
 #include <string>
 #include <vector>
 
@@ -66,6 +67,7 @@ class SheetWindow : public Window {
  private:
   void wireGrid();
   void showCell(int row, int col);
+  void widenFor(CellPosition cell);
   void showColumn(int col);
   void showAll();
   std::string statusText() const;
@@ -106,6 +108,7 @@ class SheetWindow : public Window {
     std::string text{};
   };
 
+  std::set<int> drawnColumns_;  // whose width the user has set
   EntryTold told_;
   PasteTable copied_;  // what was copied here last, with its formulas
   int copies_ = 0;

@@ -106,7 +106,11 @@ class DataEditorFiles : public EditorVisit {
 TEST_F(DataEditorFiles, NewAsksAndBuildsTheGridAnew) {
   visit([&] {
     fill({{"1"}});
-    editor.spdData.setColWidth(2, pixels(200));
+    type(1, 1, "1234567890");
+    EXPECT_GE(editor.spdData.colWidth(2), editor.spdData.widthOfText({2, 2}));
+    editor.spdData.dragColWidth(3, pixels(50));
+    type(1, 2, "1234567890");
+    EXPECT_EQ(editor.spdData.colWidth(3), pixels(50)) << "as the user has drawn it";
     choose("Edit/Typing Replaces Cell");
     script.box(clearAnyway, Answer::ok);
     choose("File/New");

@@ -204,12 +204,16 @@ Size Grid::contentSize() const {
 }
 
 Twips Grid::widestText(int col) const {
-  double widest = 0;
-  for (int row = showsHeadingRow_ ? 0 : 1; row <= sheet_.rows(); ++row) {
-    const Cell& cell = sheet_.at(row, col);
-    if (!cell.text.empty()) widest = std::max(widest, textWidth(cellFont(font(), cell), cell.text));
-  }
-  return widest > 0 ? upToWholePixels(widest) + 2 * sideMargin : 0;
+  Twips widest = 0;
+  for (int row = showsHeadingRow_ ? 0 : 1; row <= sheet_.rows(); ++row)
+    widest = std::max(widest, widthOfText({row, col}));
+  return widest;
+}
+
+Twips Grid::widthOfText(CellPosition at) const {
+  const Cell& cell = sheet_.at(at.row, at.col);
+  if (cell.text.empty()) return 0;
+  return upToWholePixels(textWidth(cellFont(font(), cell), cell.text)) + 2 * sideMargin;
 }
 
 Twips Grid::tallestText(int row) const {

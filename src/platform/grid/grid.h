@@ -88,6 +88,7 @@ class Grid : public Control {
   // What the widest text of a column and the tallest of a row need, with the margin that keeps text
   // off the lines; 0 where there is no text.
   Twips widestText(int col) const;
+  Twips widthOfText(CellPosition cell) const;
   Twips tallestText(int row) const;
   static constexpr Twips sideMargin = pixels(6);   // left and right of a text, each
   static constexpr Twips upperMargin = pixels(2);  // above and below
