@@ -140,7 +140,8 @@ void frmModels::placeControls() {
     top = box->bottom() + gap;
   }
   spdTerms.setPlace({margin, top, room, words - gap - top});
-  txtWords.setPlace({margin, words, room, wordsHeight});
+  const Twips wordsTop = spdTerms.visible() ? words : top;  // no room is left empty
+  txtWords.setPlace({margin, wordsTop, room, words + wordsHeight - wordsTop});
   Twips right = width - margin;
   for (Button* button : {&cmdClose, &cmdHelp, &cmdCopy}) {
     button->setPlace({right - pixels(88), commands, pixels(88), commandHeight});
@@ -186,6 +187,7 @@ void frmModels::showComparison() {
   terms_ = hasTwo ? comparisonTable(compareModels(*first, *second)) : TableContent(1, 1);
   cmdCopy.setEnabled(hasTwo);
   spdTerms.setVisible(hasTwo);
+  placeControls();
   showTable(spdTerms, terms_, desktop().scrollBarThickness());
   std::string words;
   for (const std::string& sentence : terms_.notes) words += (words.empty() ? "" : "\n") + sentence;

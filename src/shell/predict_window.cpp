@@ -49,6 +49,7 @@ frmPredict::frmPredict(Desktop& desktop, const AnalysisState& state)
   txtWords.setMultiLine(true);
   txtWords.setReadOnly(true);
   lblCase.setUsesMnemonic(true);
+  lblStatus.setVisible(false);
   nbrCase.setAccessibleName("Case number");
   cmdAdd.setTip("Puts the values of that case of the data behind the others");
   cmdCopy.setTip("Copies all cases with their predictions");
@@ -136,13 +137,12 @@ void frmPredict::placeControls() {
   const Twips commands = height - margin - commandHeight;
   const Twips limits = commands - gap - textHeight;
   const Twips words = limits - gap - wordsHeight;
-  const Twips status = words - gap - textHeight;
   lblModel.setPlace({margin, margin, room, textHeight});
   spdCases.setPlace(
-      {margin, lblModel.bottom() + gap, room, status - gap - lblModel.bottom() - gap});
-  lblStatus.setPlace({margin, status, room, textHeight});
+      {margin, lblModel.bottom() + gap, room, words - gap - lblModel.bottom() - gap});
   txtWords.setPlace({margin, words, room, wordsHeight});
-  lblLimits.setPlace({margin, limits, room, textHeight});
+  for (Label* label : {&lblLimits, &lblStatus})
+    label->setPlace({margin, limits, room, textHeight});
   lblCase.setPlace({margin, commands + pixels(5), widthOf(lblCase), textHeight});
   nbrCase.setPlace({lblCase.right() + gap, commands, pixels(70), commandHeight});
   cmdAdd.setPlace({nbrCase.right() + gap, commands, pixels(70), commandHeight});
@@ -260,7 +260,10 @@ void frmPredict::changed(const SheetChange&) {
   if (visible() && isShaped_) showAll();
 }
 
+// In place of the line on the limits, as long as there is something to say.
 void frmPredict::say(std::string text, bool isRefusal) {
+  lblStatus.setVisible(!text.empty());
+  lblLimits.setVisible(text.empty());
   lblStatus.setForeColour(isRefusal ? refusalText : colours::buttonText);
   lblStatus.setCaption(std::move(text));
   if (isRefusal) desktop().beep();
