@@ -21,6 +21,7 @@
 #include "platform/fields.h"
 #include "platform/labels.h"
 #include "platform/menu.h"
+#include "platform/qt/kept_window.h"
 #include "support/qt_user.h"
 
 namespace tolmer::test {
@@ -285,8 +286,32 @@ TEST_F(QtWindowsTest, FixedWindowStaysOnAndWithinTheScreen) {
   EXPECT_FALSE(widgetOf(last).visibleRegion().isEmpty());
 }
 
+TEST_F(QtWindowsTest, ZoomKeysReachEveryBoxWhateverHasTheFocus) {
+  const auto press = [](QWidget* window, Qt::Key key) {
+    EXPECT_TRUE(QTest::qWaitForWindowActive(window));
+    QTest::keyClick(window->windowHandle(), key, Qt::ControlModifier);
+  };
+  const auto pressSoon = [&] {
+    QTimer::singleShot(0, qApp, [press] {
+      QWidget* box = QApplication::activeModalWidget();
+      press(box, Qt::Key_Plus);
+      QTest::keyClick(box->windowHandle(), Qt::Key_Escape);
+    });
+  };
+  pressSoon();
+  desktop.QtDesktop::messageBox({"", "Text"});
+  EXPECT_EQ(desktop.zoom(), 125);
+  pressSoon();
+  desktop.QtDesktop::saveFileDialog({"Save", {{"Texts", {"txt"}}}, "", "name"});
+  EXPECT_EQ(desktop.zoom(), 150);
+  desktop.keepBeside({.pages = {{"One", "<p>one</p>"}}});
+  press(desktop.keptWindow(), Qt::Key_0);
+  EXPECT_EQ(desktop.zoom(), 100);
+}
+
 TEST_F(QtWindowsTest, CoveredWindowIsPaintedWhenTheCoverGoes) {
   OneChild frame(desktop);
+  widgetOf(frame).move(2, 2);  // and so beyond the screen, as before it is maximised
   Window cover(desktop, "frmHider", WindowStyle::bare);
   const Size screen = desktop.screenSize();
   cover.setPlace({0, 0, screen.width, screen.height});

@@ -77,22 +77,26 @@ Qt::Key toolkitKey(int code) {
 
 namespace {
 
+// Before the window's own controls: a box for a file's name lets no key go on to its window.
 class DesktopKeys : public QObject {
  public:
   DesktopKeys(QWidget& window, const Desktop& desktop, Gate& gate)
-      : QObject(&window), desktop_(desktop), gate_(gate) {
-    window.installEventFilter(this);
+      : QObject(&window), window_(window), desktop_(desktop), gate_(gate) {
+    qApp->installEventFilter(this);
   }
 
  protected:
-  bool eventFilter(QObject*, QEvent* event) override {
-    if (event->type() != QEvent::KeyPress) return false;
+  bool eventFilter(QObject* watched, QEvent* event) override {
+    if (event->type() != QEvent::KeyPress || !watched->isWidgetType() ||
+        static_cast<QWidget*>(watched)->window() != &window_)
+      return false;
     const TakenKey* key = takenKey(desktop_, toKeyPress(*static_cast<QKeyEvent*>(event)));
     if (key) gate_.enter(key->work);
     return key != nullptr;
   }
 
  private:
+  const QWidget& window_;
   const Desktop& desktop_;
   Gate& gate_;
 };

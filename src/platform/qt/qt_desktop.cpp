@@ -152,7 +152,10 @@ void QtDesktop::showHelp(const HelpRequest& request) {
 }
 
 void QtDesktop::keepBeside(const KeptPages& pages) {
-  if (!kept_) kept_ = std::make_unique<KeptWindow>([this] { return mirror_.windows.top(); });
+  if (!kept_) {
+    kept_ = std::make_unique<KeptWindow>([this] { return mirror_.windows.top(); });
+    takeDesktopKeys(*kept_, *this, mirror_.gate);
+  }
   kept_->open(pages);
 }
 
