@@ -70,6 +70,10 @@ TEST_F(ReportDialog, OffersWhatIsInUseAndSavesAPdfOnReturn) {
   user.menu("mdiReg", "File/Save Report...");
   EXPECT_EQ(asked.name, "Multiple regression of StackLoss");
   EXPECT_EQ(*readWholeFile(folder.file("r.pdf")), "%PDF");
+  const Label& line = module.parts().frame.lblStatus;
+  EXPECT_EQ(line.caption(), "The report was saved: " + folder.file("r.pdf"));
+  desktop.advance(10000);
+  EXPECT_THAT(line.caption(), HasSubstr("21 of 21 cases"));
   EXPECT_THAT(headings(), ElementsAre("Fitted Model", "Interpretation", "Estimated Coefficients",
                                       "ANOVA Table", "Histogram of Residuals"));
 }
