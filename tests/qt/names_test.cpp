@@ -35,7 +35,12 @@ class NamesOfEveryWindow : public testing::Test {
   void look() {
     desktop.settle();
     for (QWidget* window : QApplication::topLevelWidgets())
-      if (window->isVisible()) look(*QAccessible::queryAccessibleInterface(window), *window);
+      if (window->isVisible()) {
+        QAccessibleInterface& one = *QAccessible::queryAccessibleInterface(window);
+        if (one.role() == QAccessible::Client)
+          faults.insert(text(one) + ": no window to a screen reader");
+        look(one, *window);
+      }
   }
   // The cells of a table are made of what stands in them.
   void look(QAccessibleInterface& one, const QWidget& window) {

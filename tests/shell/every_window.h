@@ -42,13 +42,13 @@ class EveryWindow {
       const char* window;
       const char* wayOut;  // of one that is modal; else it is closed
     };
-    for (const Entry& entry : std::initializer_list<Entry>{
-             {"File/Save Report...", "frmReport", "cmdCancel"},
-             {"Help/About...", "frmAbout", "cmdOK"},
-             {"Explore/Notes...", "frmNotes", nullptr},
-             {"Explore/Case...", "frmCase", nullptr},
-             {"Explore/Predict...", "frmPredict", nullptr},
-             {"Explore/Compare Models...", "frmModels", nullptr}}) {
+    for (const Entry& entry :
+         std::initializer_list<Entry>{{"File/Save Report...", "frmReport", "cmdCancel"},
+                                      {"Help/About...", "frmAbout", "cmdOK"},
+                                      {"Explore/Notes...", "frmNotes", nullptr},
+                                      {"Explore/Case...", "frmCase", nullptr},
+                                      {"Explore/Predict...", "frmPredict", nullptr},
+                                      {"Explore/Compare Models...", "frmModels", nullptr}}) {
       if (entry.wayOut) expect(entry.window, entry.wayOut);
       user_.menu("mdiReg", entry.path);
       if (entry.wayOut) continue;
@@ -146,8 +146,8 @@ class EveryWindow {
     });
     desktop_.setClipboard({.text = doubtful});
     menu("Edit/Paste");
-    script_.box("Data Changed",
-                "There is unsaved data in the Data Editor. Do you want to save it?", Answer::no);
+    script_.box("Data Changed", "There is unsaved data in the Data Editor. Do you want to save it?",
+                Answer::no);
     menu("File/Close Editor and Discard Data");
   }
 

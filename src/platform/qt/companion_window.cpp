@@ -1,5 +1,6 @@
 #include "platform/qt/companion_window.h"
 
+#include <QAccessibleWidget>
 #include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
@@ -14,13 +15,21 @@ constexpr Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::Win
                                   Qt::WindowSystemMenuHint | Qt::WindowMaximizeButtonHint |
                                   Qt::WindowCloseButtonHint;
 
+// By itself a plain widget is no window to a screen reader.
+QAccessibleInterface* dialogOf(const QString&, QObject* object) {
+  auto* window = dynamic_cast<CompanionWindow*>(object);
+  return window ? new QAccessibleWidget(window, QAccessible::Dialog) : nullptr;
+}
+
 }  // namespace
 
 CompanionWindow::CompanionWindow(std::function<QWidget*()> top)
     : QWidget(nullptr, flags), top_(std::move(top)), hook_([this](QEvent& event) {
         if (event.type() == QEvent::Hide) settleLater();
         return false;
-      }) {}
+      }) {
+  [[maybe_unused]] static const bool isInstalled = (QAccessible::installFactory(dialogOf), true);
+}
 
 void CompanionWindow::bringUp(bool takesFocus) {
   QWidget* modal = QApplication::activeModalWidget();
