@@ -86,7 +86,7 @@ std::string errorText(double value) {
 }
 
 TableContent comparedFits(const SecondFit& before, const WithoutCases& after, bool isOne) {
-  TableContent table(static_cast<int>(after.terms.size()) + 3, 5);
+  TableContent table(static_cast<int>(after.terms.size()) + (before.intercept ? 3 : 2), 5);
   table.heading(1, 1, "", Align::left);
   const char* without = isOne ? "Without it" : "Without them";
   int col = 1;
@@ -108,8 +108,9 @@ TableContent comparedFits(const SecondFit& before, const WithoutCases& after, bo
     table.figure(row, 3, textOf((after.fit.model.*figure).value), Align::right);
   };
   addModel("Standard error", &ModelFigures::standardError, errorText);
-  addModel("R-squared", &ModelFigures::rSquared,
-           [](double value) { return formatNumber(value, "0.0000"); });
+  if (before.intercept)
+    addModel("R-squared", &ModelFigures::rSquared,
+             [](double value) { return formatNumber(value, "0.0000"); });
   return table;
 }
 

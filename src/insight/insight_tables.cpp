@@ -125,6 +125,10 @@ TableContent modelsTable(const ModelHistory& models, int present) {
   for (int col = 1; col <= table.cols(); ++col)
     table.heading(1, col, heads[static_cast<std::size_t>(col) - 1],
                   isText(col) ? Align::left : Align::right);
+  // Without an intercept the figure means nothing, as the table of the fit says.
+  const auto share = [](const ModelRecord& one, const Figure& figure) {
+    return one.intercept ? formatNumber(figure.value, "0.0000") : std::string("NA");
+  };
   int row = 1;
   for (const ModelRecord& one : models.records()) {
     const int number = models.firstNumber() + row++ - 1;
@@ -134,8 +138,8 @@ TableContent modelsTable(const ModelHistory& models, int present) {
         one.dataName,
         titleOf(one),
         std::to_string(one.cases),
-        formatNumber(one.model.rSquared.value, "0.0000"),
-        formatNumber(one.model.adjusted.value, "0.0000"),
+        share(one, one.model.rSquared),
+        share(one, one.model.adjusted),
         figureText(one.model.standardError.value),
         std::isnan(one.leavingOneOut) ? std::string("---") : figureText(one.leavingOneOut),
         figureText(one.model.aic.value, 1),

@@ -4,6 +4,7 @@
 #include "base/sentence_parts.h"
 #include "insight/case_account.h"
 #include "insight/influence.h"
+#include "insight/insight_tables.h"
 #include "insight/model_comparison.h"
 #include "insight/prediction.h"
 #include "insight/unequal_spread.h"
@@ -54,6 +55,9 @@ TEST(ModelComparison, TellsWhatDroppingAPredictorDid) {
               HasSubstr("Dropping the intercept left the largest VIF at 282.5."));
   EXPECT_THAT(through.sentences[0], testing::Not(HasSubstr("R-squared")));
   EXPECT_THAT(compareModels(whole, whole).sentences[0], HasSubstr("the same model"));
+  ModelHistory fits;
+  fits.add(record({1, 2}, false));
+  EXPECT_EQ(modelsTable(fits, 0).at(2, 5).text, "NA") << "R-squared, as in the table of the fit";
 }
 
 TEST(ModelComparison, HoldsOnlyFitsOfTheSameCasesAgainstEachOther) {
