@@ -3,6 +3,7 @@ set(share "${CPACK_TEMPORARY_INSTALL_DIRECTORY}/usr/share")
 set(doc "${share}/doc/tolmer")
 
 execute_process(COMMAND "${CPACK_TOLMER_PACKAGING}/debian-changelog" "${doc}/CHANGELOG.md"
+    "${CPACK_DEBIAN_PACKAGE_MAINTAINER}"
   OUTPUT_FILE "${doc}/changelog" COMMAND_ERROR_IS_FATAL ANY)
 file(REMOVE "${doc}/CHANGELOG.md")
 file(GLOB manuals "${share}/man/man1/*.1")

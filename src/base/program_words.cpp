@@ -21,6 +21,8 @@ const char* programVersion() { return TOLMER_VERSION; }
 
 std::string programAndVersion() { return std::string("Tolmer ") + programVersion(); }
 
+const char* webAddress() { return TOLMER_WEB_ADDRESS; }
+
 std::string today() {
   std::time_t now = std::chrono::system_clock::to_time_t(std::chrono::system_clock::now());
   const char* fixed = std::getenv("SOURCE_DATE_EPOCH");

@@ -13,6 +13,9 @@ const char* programVersion();
 // "Tolmer 2.0.0".
 std::string programAndVersion();
 
+// The web site of the courseware, as the top CMakeLists.txt has it.
+const char* webAddress();
+
 // The day as "2026-11-22": today, or what the variable SOURCE_DATE_EPOCH says, so that a report can
 // be made again byte for byte (reproducible-builds.org).
 std::string today();

@@ -248,14 +248,16 @@ bool DataSetFiles::SaveFile(const std::string& name) {
     if (asText) return sheetText(withoutErrors(sheet_), textSeparator(file.path));
     return editorFileToSave(file.path, sheet_.content());
   };
-  const Saving saving =
-      desktop_.saveFile({.question = {.title = "Save As",
-                                      .kinds = editorFileKinds(sheet_.variables()),
-                                      .folder = dataFolder(),
-                                      .name = sheet_.mtFileName()},
-                         .bytes = bytes,
-                         .notSaved = "The data were not saved.",
-                         .path = name});
+  const Saving saving = desktop_.saveFile(
+      {.question = {.title = "Save As",
+                    .kinds = editorFileKinds(sheet_.variables()),
+                    .folder = dataFolder(),
+                    .name = sheet_.mtFileName()},
+       .bytes = bytes,
+       .notSaved = name.empty() ? "The data were not saved."
+                                : "The data were not saved; Save As saves them to a "
+                                  "different file.",
+       .path = name});
   if (saving.end != Saving::End::saved) return false;
   lastFolder_ = host::nameOf(host::pathOf(saving.path).parent_path());
   if (asText) return true;

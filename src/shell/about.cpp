@@ -1,11 +1,11 @@
 #include "shell/about.h"
 
+#include "base/program_words.h"
 #include "platform/desktop.h"
 
 namespace tolmer {
 namespace {
 
-constexpr const char* webAddress = "https://zelmar.example/statistics";
 constexpr Twips titleTop = pixels(64);
 
 }  // namespace
@@ -16,11 +16,11 @@ frmAbout::frmAbout(Desktop& desktop)
   cmdOK.setDefault(true);
   cmdOK.setCancel(true);
   cmdOK.Click = [this] { hide(); };
-  lblWebAddress.setCaption(lblWebAddress.caption() + "\n" + webAddress +
+  lblWebAddress.setCaption(lblWebAddress.caption() + "\n" + webAddress() +
                            "\n(Click here to copy address to clipboard)");
   lblWebAddress.setIsLink(true);
   // A press of the mouse copies by itself; this is the press of a key.
-  lblWebAddress.Click = [this] { this->desktop().setClipboard({.text = webAddress}); };
+  lblWebAddress.Click = [this] { this->desktop().setClipboard({.text = webAddress()}); };
   lblWebAddress.MouseDown = [this](MouseButton) { lblWebAddress_MouseDown(); };
   lblWebAddress.MouseUp = [this](MouseButton) { lblWebAddress.setForeColour(quietInk_); };
   centreOnScreen();
@@ -57,7 +57,7 @@ void frmAbout::ShowAbout() {
 void frmAbout::lblWebAddress_MouseDown() {
   if (lblWebAddress.foreColour() != colours::red) quietInk_ = lblWebAddress.foreColour();
   lblWebAddress.setForeColour(colours::red);
-  desktop().setClipboard({.text = webAddress});
+  desktop().setClipboard({.text = webAddress()});
 }
 
 }  // namespace tolmer

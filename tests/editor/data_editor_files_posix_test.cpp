@@ -47,6 +47,11 @@ MessageBox notSaved(const std::string& why) {
   return {"Save", "The data were not saved. " + why, MessageIcon::exclamation};
 }
 
+MessageBox notSavedThere(const std::string& why) {
+  return {"Save", "The data were not saved; Save As saves them to a different file. " + why,
+          MessageIcon::exclamation};
+}
+
 class DataEditorFiles : public EditorVisit {
  protected:
   void write(const std::string& file, const std::string& bytes) {
@@ -283,12 +288,12 @@ TEST_F(DataEditorFiles, AFullDiskOrAFolderThatTakesNothingKeepsTheSheetAndTheOld
     const SheetContent sheet = editor.sheet().content();
     {
       const FullDisk full(before.size() / 2);
-      script.box(notSaved(mine + ": cannot be written: File too large"));
+      script.box(notSavedThere(mine + ": cannot be written: File too large"));
       click("cmdSave");
     }
     {
       const FailingCall flush(Call::fsync, EIO);
-      script.box(notSaved(mine + ": cannot be written: Input/output error"));
+      script.box(notSavedThere(mine + ": cannot be written: Input/output error"));
       click("cmdSave");
     }
     failsToSaveAs(mine + "/a.zmm", "Not a directory");  // a folder that is a file

@@ -407,6 +407,20 @@ TEST_F(QtWindowsTest, FilesThatFallOnAnyWindowGoToTheOneThatListens) {
   dialog.showModal();
 }
 
+// As a session manager tells it at the end: no window is asked, so that none holds the end up.
+TEST_F(QtWindowsTest, ToldToGoTheProgramEndsWithoutAQuestion) {
+  Window asking(desktop, "frm", WindowStyle::dialog, "Asks");
+  asking.QueryUnload = [](bool& cancel) {
+    ADD_FAILURE() << "asked";
+    cancel = true;
+  };
+  desktop.onModal = [](Window&) {
+    QEvent quit(QEvent::Quit);
+    QCoreApplication::sendEvent(qApp, &quit);
+  };
+  EXPECT_THROW(asking.showModal(), ProgramEnded);
+}
+
 TEST_F(QtWindowsTest, ClipboardHasEveryForm) {
   desktop.setClipboard({.text = "1\t2", .html = "<table></table>"});
   EXPECT_EQ(desktop.pasted().text, "1\t2");
