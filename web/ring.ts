@@ -71,10 +71,13 @@ export class RingReader extends Ring {
   // The next message in UTF-8, or null where none has begun to come within so many milliseconds;
   // below zero it waits without end.
   next(milliseconds: number): Uint8Array | null {
-    const seen = Atomics.load(this.counts, taken); // nobody else changes it
-    if (this.filled() === 0)
-      Atomics.wait(this.counts, written, seen, milliseconds < 0 ? Infinity : milliseconds);
-    if (this.filled() === 0) return null;
+    const until = milliseconds < 0 ? Infinity : performance.now() + milliseconds;
+    // The writer wakes the reader after it has written: it may be for what was taken meanwhile.
+    while (this.filled() === 0) {
+      const left = until - performance.now();
+      if (left <= 0) return null;
+      Atomics.wait(this.counts, written, Atomics.load(this.counts, taken), left);
+    }
     const length = new DataView(this.take(4).buffer).getUint32(0, true);
     return this.take(length);
   }

@@ -189,7 +189,9 @@ class RandomStudent : public RandomEdits {
 
   void newSheet() {
     tell("New");
-    const bool asks = editor_.sheet().changeMade() || editor_.sheet().unsaved();
+    // Leaving the title's box counts as a change.
+    const bool asks = editor_.sheet().changeMade() || editor_.sheet().unsaved() ||
+                      editor_.focus() == &editor_.txtTitle;
     const bool agrees = !asks || !oneIn(3);
     if (asks) box("Data Changed", agrees ? Answer::ok : Answer::cancel);
     command('N', editor_.menu.mnuFileNew);
@@ -264,7 +266,9 @@ class RandomStudent : public RandomEdits {
   }
 
   void open() {
-    const bool asks = editor_.sheet().changeMade() || editor_.sheet().unsaved();
+    // Leaving the title's box counts as a change.
+    const bool asks = editor_.sheet().changeMade() || editor_.sheet().unsaved() ||
+                      editor_.focus() == &editor_.txtTitle;
     const bool agrees = !asks || !oneIn(4);
     if (asks) box("Data Changed", agrees ? Answer::yes : Answer::no);
     const int what = agrees ? upTo(9) : 9;

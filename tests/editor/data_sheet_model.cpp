@@ -126,10 +126,13 @@ ModelCases SheetModel::cases() const {
     }
   }
   for (int c = 1; c <= lastColumn && !cases.values.empty(); ++c) {
-    const auto single = [c](std::map<int, double>& row) { return static_cast<float>(row[c]); };
+    const auto single = [c](const std::map<int, double>& row) {
+      const auto cell = row.find(c);
+      return cell == row.end() ? 0 : static_cast<float>(cell->second);
+    };
     const float first = single(cases.values[0]);
     cases.anyConstant =
-        cases.anyConstant || (first != 0 && std::ranges::all_of(cases.values, [&](auto& row) {
+        cases.anyConstant || (first != 0 && std::ranges::all_of(cases.values, [&](const auto& row) {
                                 return single(row) == first;
                               }));
   }

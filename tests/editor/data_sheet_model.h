@@ -54,7 +54,7 @@ class SheetModel {
   std::string formulaText(const ModelCell& cell) const;
   // Of all cells that have one: not of headings, texts and errors.
   Values values() const;
-  int lastUsedRow() const { return std::max(cells.rbegin()->first.first, 0); }
+  int lastUsedRow() const { return cells.empty() ? 0 : std::max(cells.rbegin()->first.first, 0); }
   int lastUsedColumn() const;
   ModelCases cases() const;
 

@@ -126,6 +126,18 @@ TEST_F(WebDesktopTest, TabGoesRoundAndTheFocusIsToldOnce) {
   EXPECT_THAT(told, ElementsAre(name, page.numberOf("chkRound"), name));
 }
 
+TEST_F(WebDesktopTest, TheWindowThatTheUserHasGoneBackToHasTheKeys) {
+  Dialog first(desktop, "frmFirst");
+  Dialog second(desktop, "frmSecond");
+  first.show();
+  second.show();
+  page.does({"activate", "#frmFirst"});
+  page.does({"key", "13", "0", "0", "0"});
+  EXPECT_THROW(desktop.run(), std::logic_error);
+  EXPECT_FALSE(first.visible());
+  EXPECT_TRUE(second.visible());
+}
+
 TEST_F(WebDesktopTest, OfAGridOnlyCellsAreToldThatReadOtherwise) {
   Dialog dialog(desktop);
   EditGrid grid(&dialog, "spdData");

@@ -14,9 +14,7 @@ export class Boxes {
 
   constructor(private readonly screen: Screen) {}
 
-  isOpen(): boolean {
-    return this.shown !== undefined;
-  }
+  isOpen(): boolean { return this.shown !== undefined; }
 
   show(box: Box): void {
     const element = setUp(make("section", "window dialog active messagebox"), { role: "alertdialog", "aria-modal": "true", "aria-labelledby": "boxtitle", "aria-describedby": "boxtext" });

@@ -32,7 +32,7 @@ function pasteInto(screen: Screen, event: ClipboardEvent): void {
   if (!event.clipboardData || (to && !isUnopened)) return;
   event.preventDefault();
   send(screen, event.clipboardData.getData("text/plain"), event.clipboardData.getData("text/html"));
-  if (isUnopened) screen.send("key", "V".charCodeAt(0), false, true, false);
+  if (isUnopened && !screen.keys.awaitsPaste()) screen.send("key", "V".charCodeAt(0), false, true, false);
 }
 
 // For an entry of a menu, which brings no content with it. Whether the program has it now.

@@ -33,9 +33,7 @@ class Echo {
     this.page.send(kind, ...fields);
     this.last = this.page.sent();
   }
-  hasTaken(): boolean {
-    return this.page.taken(this.last);
-  }
+  hasTaken(): boolean { return this.page.taken(this.last); }
 }
 
 abstract class Plain implements ControlView {
@@ -84,9 +82,7 @@ class Button extends Plain {
     if (changed.caption !== undefined) showCaption(this.element, changed.caption);
     this.element.classList.toggle("default", node.isDefault ?? false);
   }
-  press(): void {
-    this.element.click();
-  }
+  press(): void { this.element.click(); }
 }
 
 // Check box or option: a box or circle with its caption.
@@ -111,6 +107,16 @@ class Choice extends Plain {
   press(): void {
     this.target.focus();
     this.target.click();
+  }
+  // Of a group's options the keys choose the next one.
+  key(event: KeyboardEvent): boolean {
+    const step = { ArrowUp: -1, ArrowLeft: -1, ArrowDown: 1, ArrowRight: 1 }[event.key];
+    if (!step || this.target.type !== "radio") return false;
+    const group = [...document.querySelectorAll<HTMLInputElement>(`input[name="${this.target.name}"]:enabled`)].filter((one) => one.offsetParent);
+    const next = group[(group.indexOf(this.target) + step + group.length) % group.length];
+    next?.focus();
+    next?.click();
+    return true;
   }
 }
 
@@ -156,21 +162,13 @@ class TextBox extends Plain {
     const steps: Record<number, number> = { 33: -clientHeight, 34: clientHeight, 35: scrollHeight, 36: -scrollHeight, 38: -17, 40: 17 };
     this.element.scrollBy(0, steps[code] ?? 0);
   }
-  focus(): void {
-    this.element.focus();
-  }
-  press(): void {
-    this.element.focus();
-    this.element.select();
-  }
+  focus(): void { this.element.focus(); }
   key(event: KeyboardEvent): boolean {
     const isBreak = event.key === "Enter" && this.element instanceof HTMLTextAreaElement && !this.element.readOnly;
     if (isBreak) document.execCommand("insertLineBreak");
     return isBreak;
   }
-  remove(): void {
-    document.removeEventListener("selectionchange", this.marked);
-  }
+  remove(): void { document.removeEventListener("selectionchange", this.marked); }
 }
 
 class NumberBox extends Plain {
@@ -197,9 +195,7 @@ class NumberBox extends Plain {
     const number = Number(this.target.value);
     if (/^-?\d+$/.test(this.target.value.trim()) && this.allows(number)) this.set(number);
   }
-  private allows(number: number): boolean {
-    return number >= (this.node.min ?? 0) && number <= (this.node.max ?? 99);
-  }
+  private allows(number: number): boolean { return number >= (this.node.min ?? 0) && number <= (this.node.max ?? 99); }
   private set(number: number): void {
     this.node.value = number;
     this.target.ariaValueNow = String(number);
@@ -211,9 +207,7 @@ class NumberBox extends Plain {
     this.show();
     this.target.select();
   }
-  private show(): void {
-    this.target.value = String(this.node.value ?? 0);
-  }
+  private show(): void { this.target.value = String(this.node.value ?? 0); }
   update(changed: NodeOrder, node: Node): void {
     this.target.ariaValueMin = String(node.min ?? 0);
     this.target.ariaValueMax = String(node.max ?? 99);
@@ -405,9 +399,7 @@ class TabBook extends Plain {
     tab.style.maxWidth = `${100 / (this.node.items?.length ?? 1)}%`;
     return tab;
   }
-  focus(): void {
-    (this.target.children[this.node.index ?? 0] as HTMLElement | undefined)?.focus();
-  }
+  focus(): void { (this.target.children[this.node.index ?? 0] as HTMLElement | undefined)?.focus(); }
   key(event: KeyboardEvent): boolean {
     const isOnTabs = this.target.contains(document.activeElement);
     const step = isOnTabs ? { ArrowLeft: -1, ArrowRight: 1 }[event.key] : undefined;

@@ -35,12 +35,8 @@ export class Stroke {
     const numbered = /^F(\d+)$/.exec(key);
     return numbered ? 111 + Number(numbered[1]) : codes[key] ?? 0;
   }
-  letter(): string {
-    return this.code >= 65 && this.code <= 90 ? String.fromCharCode(this.code) : "";
-  }
-  writes(): boolean {
-    return this.event.key.length === 1 && !this.control && !this.alt;
-  }
+  letter(): string { return this.code >= 65 && this.code <= 90 ? String.fromCharCode(this.code) : ""; }
+  writes(): boolean { return this.event.key.length === 1 && !this.control && !this.alt; }
   // As a menu shows it.
   name(): string {
     const key = names[this.code] ?? (this.code >= 112 && this.code < 124 ? `F${this.code - 111}` : String.fromCharCode(this.code));
@@ -64,6 +60,7 @@ function focusedLine(): Line | undefined {
 export class Keys {
   chords: KeyChord[] = [];
   wasLast = false; // was a key the last thing the user did?
+  leads = false; // did it lead to another control? Of a single line all is marked then
   private readonly queue: Stroke[] = [];
   private onPaste: (() => void) | undefined;
 
@@ -98,6 +95,7 @@ export class Keys {
   }
 
   private tell(stroke: Stroke, isReplay = false): void {
+    this.leads = stroke.code === codes.Tab;
     if (this.takes(stroke)) stroke.event.preventDefault();
     else if (isReplay) this.act(stroke);
   }
@@ -135,15 +133,14 @@ export class Keys {
     if (control.press) control.press();
     else if (control.focus) control.focus();
     else (control.target ?? control.element).focus();
+    if (document.activeElement instanceof HTMLInputElement) document.activeElement.select();
     return true;
   }
 
   private fits({ code, shift, control, alt }: Stroke): boolean {
     return code !== 0 && this.chords.some((chord) => chord.code === code && agree(chord.shift, shift) && agree(chord.control, control) && agree(chord.alt, alt));
   }
-  private takesChord(stroke: Stroke): boolean {
-    return this.fits(stroke) && this.work(stroke, () => this.send(stroke));
-  }
+  private takesChord(stroke: Stroke): boolean { return this.fits(stroke) && this.work(stroke, () => this.send(stroke)); }
   // Where text is typed, the keys that edit text stay the text's.
   private takesMenuKey(stroke: Stroke): boolean {
     const click = stroke.code === 0 || this.isOfText(stroke) ? undefined : this.screen.menus.byKey(stroke);
@@ -151,8 +148,9 @@ export class Keys {
   }
   private isOfText(stroke: Stroke): boolean {
     const line = focusedLine();
-    if (!line || !stroke.control || !textKeys.has(stroke.letter())) return !!line && stroke.writes();
-    return !line.readOnly || line.selectionStart !== line.selectionEnd;
+    if (!line) return false;
+    if (!stroke.control) return stroke.writes() || [codes.Backspace, codes.Delete].includes(stroke.code);
+    return textKeys.has(stroke.letter()) && (!line.readOnly || line.selectionStart !== line.selectionEnd);
   }
   // What a paste brings is told before the key: the browser hands it over when it acts on the key.
   private work(stroke: Stroke, act: () => void): boolean {
@@ -163,9 +161,11 @@ export class Keys {
     }
     this.onPaste = act;
     if (stroke.event.defaultPrevented) void readClipboard(this.screen).then((isThere) => this.pasted(isThere));
-    else window.setTimeout(() => this.pasted(false), pasteTakes);
+    else window.setTimeout(() => this.onPaste === act && this.pasted(false), pasteTakes);
     return stroke.event.defaultPrevented;
   }
+  // Has the key of a paste found its work already?
+  awaitsPaste(): boolean { return this.onPaste !== undefined; }
   private pasted(isThere = true): void {
     const act = this.onPaste;
     this.onPaste = undefined;
@@ -192,20 +192,28 @@ export class Keys {
     if (isToTell) this.send(stroke);
     return isToTell;
   }
-  private send({ code, shift, control, alt }: Stroke): void {
-    this.screen.send("key", code, shift, control, alt);
-  }
+  private send({ code, shift, control, alt }: Stroke): void { this.screen.send("key", code, shift, control, alt); }
 
   // What the browser would have done, had the key not been kept.
   private act(stroke: Stroke): void {
     const { key } = stroke.event;
+    const at = document.activeElement;
     const line = focusedLine();
-    const commands: Record<string, string> = { Backspace: "delete", Delete: "forwardDelete" };
+    const command = { Backspace: "delete", Delete: "forwardDelete" }[key];
+    const step = { ArrowUp: -1, ArrowLeft: -1, ArrowDown: 1, ArrowRight: 1 }[key];
     if (line && stroke.writes()) document.execCommand("insertText", false, key);
-    else if (line && commands[key]) document.execCommand(commands[key]!);
-    else if (line && (key === "ArrowLeft" || key === "ArrowRight")) moveCursor(line, key === "ArrowLeft" ? -1 : 1);
-    else if (!line && key === " " && document.activeElement instanceof HTMLElement) document.activeElement.click();
+    else if (line && command) document.execCommand(command);
+    else if (line && step && /Left|Right/.test(key)) moveCursor(line, step);
+    else if (at instanceof HTMLSelectElement && step) choose(at, at.selectedIndex + step);
+    else if (at instanceof HTMLSelectElement && stroke.writes()) choose(at, [...at.options].findIndex(({ text }) => text.toLowerCase().startsWith(key.toLowerCase())));
+    else if (at instanceof HTMLElement && key === " ") at.click();
   }
+}
+
+function choose(list: HTMLSelectElement, index: number): void {
+  if (index < 0 || index >= list.length || index === list.selectedIndex) return;
+  list.selectedIndex = index;
+  list.dispatchEvent(new Event("change"));
 }
 
 function moveCursor(line: Line, step: number): void {

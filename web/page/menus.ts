@@ -29,9 +29,7 @@ export class Menus {
     window.addEventListener("blur", () => this.close());
   }
 
-  isOpen(): boolean {
-    return this.open.length > 0 || this.bar !== undefined;
-  }
+  isOpen(): boolean { return this.open.length > 0 || this.bar !== undefined; }
 
   setBar(window: number, entries: MenuEntry[]): void {
     const node = this.screen.node(window);
@@ -58,7 +56,6 @@ export class Menus {
     button.tabIndex = -1;
     const letter = showCaption(button, entry.caption);
     if (letter) button.setAttribute("aria-keyshortcuts", `Alt+${letter}`);
-    // The focus stays where it is: a line that is being typed is not left by a look at the menu.
     button.addEventListener("pointerdown", (event) => {
       event.preventDefault();
       const isThis = this.open.length > 0 && this.bar?.at === index;
@@ -108,9 +105,8 @@ export class Menus {
     if (!bar || !entry) return;
     this.fold(0);
     this.bar = { window, at: index };
-    this.markTop();
     const button = bar.element.children[index]!.getBoundingClientRect();
-    if (!entry.enabled) return;
+    if (!entry.enabled) return this.markTop();
     // The program sets its entries' states when they are looked at.
     this.screen.send("click", entry.id);
     if (entry.entries?.length) this.unfold(entry.entries, button.left, button.bottom, first);
@@ -121,7 +117,7 @@ export class Menus {
         const isIt = this.bar?.window === window && this.bar.at === i;
         button.classList.toggle("chosen", isIt);
         button.ariaExpanded = String(isIt && this.open.length > 0);
-        if (isIt) this.announce(button as HTMLElement);
+        if (isIt && this.open.length === 0) (button as HTMLElement).focus();
       });
   }
 
@@ -164,15 +160,8 @@ export class Menus {
     menu.at = index;
     this.fold(this.open.indexOf(menu) + 1);
     [...menu.list.children].forEach((item, i) => item.classList.toggle("chosen", i === index));
-    const item = menu.list.children[index] as HTMLElement | undefined;
-    if (item) this.announce(item);
+    (menu.list.children[index] as HTMLElement | undefined)?.focus();
   }
-  // A screen reader follows what the focused element points at; the focus itself stays.
-  private announce(item: HTMLElement): void {
-    const state = item.ariaChecked === "true" ? ", ticked" : item.ariaDisabled === "true" ? ", unavailable" : "";
-    this.screen.say((item.firstElementChild ?? item).textContent + state);
-  }
-
   private next(menu: OpenMenu, step: number): number {
     const count = menu.entries.length;
     for (let i = 1, at = menu.at < 0 && step < 0 ? 0 : menu.at; i <= count; ++i) {

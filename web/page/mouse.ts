@@ -67,9 +67,7 @@ export class Mouse {
     if (!node || scrollsItself.has(node.kind!) || !this.isOnPanel(node)) return;
     this.screen.send("wheel", node.id, event.deltaMode === 0 ? event.deltaY / pixelsPerLine : event.deltaY);
   }
-  private isOnPanel(node: Node): boolean {
-    return node.kind === "panel" || (node.container !== null && this.isOnPanel(node.container));
-  }
+  private isOnPanel(node: Node): boolean { return node.kind === "panel" || (node.container !== null && this.isOnPanel(node.container)); }
 }
 
 const rest = 700; // milliseconds the pointer has to rest for a tip
@@ -112,7 +110,5 @@ export class Tips {
     this.element.style.left = `${Math.max(Math.min(x, innerWidth - this.element.offsetWidth), 0)}px`;
     this.element.style.top = `${Math.max(Math.min(y, innerHeight - this.element.offsetHeight), 0)}px`;
   }
-  hide(): void {
-    this.element.remove();
-  }
+  hide(): void { this.element.remove(); }
 }

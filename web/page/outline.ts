@@ -35,18 +35,12 @@ export class OutlineView implements View {
     this.element.replaceChildren(...rows);
   }
 
-  private rows(): HTMLElement[] {
-    return [...this.element.children] as HTMLElement[];
-  }
-  private level(index: number): number {
-    return this.node.levels?.[index] ?? 1;
-  }
+  private rows(): HTMLElement[] { return [...this.element.children] as HTMLElement[]; }
+  private level(index: number): number { return this.node.levels?.[index] ?? 1; }
   private hasInner(index: number): boolean {
     return this.level(index + 1) > this.level(index) && index + 1 < (this.node.items?.length ?? 0);
   }
-  private isOpen(index: number): boolean {
-    return this.node.opened?.[index] ?? false;
-  }
+  private isOpen(index: number): boolean { return this.node.opened?.[index] ?? false; }
   private above(index: number): number {
     let at = index - 1;
     while (at >= 0 && this.level(at) >= this.level(index)) --at;

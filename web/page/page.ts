@@ -54,9 +54,7 @@ export class Screen implements Page {
     channel.onMessage((text) => this.take(JSON.parse(text) as Batch));
   }
 
-  on<Do extends Order["do"]>(what: Do, handler: Handler<Do>): void {
-    this.handlers.set(what, handler as (order: Order) => void);
-  }
+  on<Do extends Order["do"]>(what: Do, handler: Handler<Do>): void { this.handlers.set(what, handler as (order: Order) => void); }
 
   send(kind: string, ...fields: Field[]): void {
     ++this.count;
@@ -64,25 +62,13 @@ export class Screen implements Page {
     const texts = fields.map((field) => (typeof field === "boolean" ? (field ? "1" : "0") : String(field)));
     this.channel.send([kind, ...texts].join(separator));
   }
-  node(id: number): Node | undefined {
-    return this.nodes.get(id);
-  }
-  unseen(): number {
-    return this.count - this.seen;
-  }
-  sent(): number {
-    return this.count;
-  }
-  taken(message: number): boolean {
-    return message <= this.seen;
-  }
+  node(id: number): Node | undefined { return this.nodes.get(id); }
+  unseen(): number { return this.count - this.seen; }
+  sent(): number { return this.count; }
+  taken(message: number): boolean { return message <= this.seen; }
   // Is an answer to come that may decide where the next key goes?
-  waits(): boolean {
-    return !this.taken(this.asked);
-  }
-  say(words: string): void {
-    this.voice.textContent = words;
-  }
+  waits(): boolean { return !this.taken(this.asked); }
+  say(words: string): void { this.voice.textContent = words; }
 
   // The node in which that element stands, where any does.
   nodeAt(element: EventTarget | null): Node | undefined {
@@ -170,6 +156,6 @@ export function stand(channel: Channel): Screen {
 export async function start(): Promise<void> {
   const screen = stand(openChannel());
   await serveVisits(screen);
-  await document.fonts.load('12px "Noto Sans"');
+  await Promise.all(["12px Noto Sans", "bold 12px Noto Sans", "12px Liberation Serif", "bold 12px Liberation Serif"].map((font) => document.fonts.load(font)));
   screen.windows.tellSize();
 }

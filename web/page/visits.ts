@@ -81,7 +81,8 @@ export class Visits {
 
   private work<Result>(mode: IDBTransactionMode, act: (store: IDBObjectStore) => IDBRequest): Promise<Result> {
     return new Promise((take, refuse) => {
-      const transaction = this.database.transaction("visits", mode);
+      // On the disk, and not only on its way there, when it is said to be written.
+      const transaction = this.database.transaction("visits", mode, { durability: "strict" });
       const request = act(transaction.objectStore("visits"));
       transaction.oncomplete = () => take(request.result as Result);
       transaction.onabort = transaction.onerror = () => refuse(transaction.error ?? request.error);

@@ -101,9 +101,7 @@ export class WindowView implements View {
     if (this.screen.taken(this.sizeSent)) this.report();
   }
 
-  toggleMaximised(): void {
-    this.screen.send("state", this.node.id, this.node.state === "maximised" ? "normal" : "maximised");
-  }
+  toggleMaximised(): void { this.screen.send("state", this.node.id, this.node.state === "maximised" ? "normal" : "maximised"); }
 
   update(changed: NodeOrder, node: Node): void {
     if (changed.caption !== undefined) this.caption.textContent = changed.caption;
@@ -121,9 +119,7 @@ export class WindowView implements View {
   }
 
   // Above what the program counts as the window's inside.
-  addMenuBar(bar: HTMLElement): void {
-    this.element.insertBefore(bar, this.node.style === "frame" ? this.area : this.inside);
-  }
+  addMenuBar(bar: HTMLElement): void { this.element.insertBefore(bar, this.node.style === "frame" ? this.area : this.inside); }
 
   groundOf(child: Node): HTMLElement {
     if (this.node.style === "frame") return child.kind === "window" ? this.area : this.foot;
@@ -131,15 +127,14 @@ export class WindowView implements View {
     return inFoot ? this.footGround : this.ground;
   }
 
-  private footTop(): number {
-    return this.node.foot ?? -1;
-  }
+  private footTop(): number { return this.node.foot ?? -1; }
 
-  // Its inside, as the program wants it; and what the page has for it.
-  private whole(): [number, number] {
+  // The inside that the layout needs, the room on the page, and what shows of the one in the other.
+  private whole(shown: [number, number]): [number, number] {
     const [, , width, height] = this.node.place ?? [0, 0, 0, 0];
     const [leastWidth, leastHeight] = this.node.least ?? [0, 0];
-    return [Math.max(width, leastWidth), Math.max(height, leastHeight)];
+    if (!this.node.sizable) return [leastWidth || width, leastHeight || height];
+    return [Math.max(shown[0], leastWidth), Math.max(shown[1], leastHeight)];
   }
   private room(): [number, number] {
     const { desk } = this.screen.windows;
@@ -172,7 +167,7 @@ export class WindowView implements View {
   private arrangeDialog(): void {
     const { node, inside, ground, foot, footGround, element } = this;
     const shown = this.shown();
-    const whole = this.whole();
+    const whole = this.whole(shown);
     const hasRoom = whole[0] <= shown[0] && whole[1] <= shown[1];
     const footTop = this.footTop() < 0 || hasRoom ? whole[1] : this.footTop();
     foot.hidden = hasRoom || this.footTop() < 0;
@@ -208,13 +203,12 @@ export class WindowView implements View {
   private innerSize(): [number, number] | undefined {
     const { node } = this;
     if (node.style === "frame") return [this.area.clientWidth, this.area.clientHeight];
-    const [leastWidth, leastHeight] = node.least ?? [0, 0];
-    if (node.style === "child") return leastWidth ? [this.ground.clientWidth, this.ground.clientHeight] : undefined;
+    if (node.style === "child") return node.least?.[0] ? [this.ground.clientWidth, this.ground.clientHeight] : undefined;
     if (!node.sizable || node.style === "bare") return undefined;
-    const [width, height] = this.shown();
-    const [wholeWidth, wholeHeight] = this.whole();
-    const now: [number, number] = [Math.max(width, leastWidth), Math.max(height, leastHeight)];
-    const isNews = this.size || node.state === "maximised" || Math.abs(now[0] - wholeWidth) >= 1 || Math.abs(now[1] - wholeHeight) >= 1;
+    const now = this.whole(this.shown());
+    const [, , width, height] = node.place ?? [0, 0, 0, 0];
+    const known = this.whole([width, height]);
+    const isNews = this.size || node.state === "maximised" || `${now}` !== `${known}`;
     if (!isNews) this.reported = "";
     return isNews ? now : undefined;
   }
@@ -257,13 +251,14 @@ export class Windows {
   }
   private resized(): void {
     this.tellSize();
-    for (const window of this.all()) viewOf(window).arrange();
+    this.arrange(this.all());
+  }
+  private arrange(changed: Iterable<Node>): void {
+    for (const window of changed) viewOf(window).arrange();
     for (const window of this.all()) viewOf(window).report();
   }
 
-  private all(): Node[] {
-    return [...this.screen.nodes.values()].filter((node) => node.kind === "window");
-  }
+  private all(): Node[] { return [...this.screen.nodes.values()].filter((node) => node.kind === "window"); }
   private roots(): Node[] {
     // The frame is the ground of all others.
     const rank = (node: Node) => (node.style === "frame" ? 0 : this.shownAt.get(node) ?? 0);
@@ -312,7 +307,10 @@ export class Windows {
     this.wanted = this.screen.node(id);
     this.marks = marks;
     this.isNew = true;
-    if (this.wanted) this.focusOf.set(this.windowOf(this.wanted), this.wanted);
+    if (!this.wanted) return;
+    const window = this.windowOf(this.wanted);
+    this.focusOf.set(window, this.wanted);
+    this.shownAt.set(window, ++this.count);
   }
   private focused(target: EventTarget | null): void {
     const node = this.screen.nodeAt(target);
@@ -349,9 +347,7 @@ export class Windows {
     for (let i = roots.length - 1; i > 0; --i) if (roots[i]!.modal) return i;
     return 0;
   }
-  private isShown(node: Node): boolean {
-    return node.view.element.isConnected && node.view.element.offsetParent !== null;
-  }
+  private isShown(node: Node): boolean { return node.visible !== false && (!node.container || this.isShown(node.container)); }
 
   // After a batch: who stands above whom, who takes input, where things are, who has the focus.
   settle(): void {
@@ -362,9 +358,8 @@ export class Windows {
       root.view.element.style.zIndex = String(i + 1);
       root.view.element.inert = isAsked || i < lowest;
     });
-    for (const window of this.changedOnes) viewOf(window).arrange();
+    if (this.changedOnes.size > 0) this.arrange(this.changedOnes);
     this.changedOnes.clear();
-    for (const window of this.all()) viewOf(window).report();
     this.nameControls();
     this.followFocus();
     this.showActive(roots);
@@ -396,7 +391,7 @@ export class Windows {
       else ((node.view as ControlView).target ?? node.view.element).focus();
     }
     const line = document.activeElement;
-    if (this.marks && line instanceof HTMLInputElement) line.select();
+    if ((this.marks || this.screen.keys.leads) && line instanceof HTMLInputElement) line.select();
     if (node.kind !== "window") node.view.element.scrollIntoView({ block: "nearest", inline: "nearest" });
   }
 

@@ -12,6 +12,7 @@ texts.push("", "π²\u001f名前 😀", "é".repeat(3_000_000), "end"); // three
 function read() {
   const ring = new RingReader(workerData, () => parentPort.postMessage(null));
   const early = ring.next(5);
+  parentPort.postMessage("ready");
   Atomics.wait(new Int32Array(new SharedArrayBuffer(4)), 0, 0, 300);
   const decoder = new TextDecoder();
   const got = texts.map(() => decoder.decode(ring.next(-1)));
@@ -26,8 +27,11 @@ if (isMainThread) {
     let room = 0;
     const told = await new Promise((resolve, reject) => {
       worker.on("error", reject);
-      worker.on("online", () => setTimeout(() => texts.forEach((text) => ring.send(text)), 100));
-      worker.on("message", (message) => (message === null ? (++room, ring.pump()) : resolve(message)));
+      worker.on("message", (message) => {
+        if (message === "ready") texts.forEach((text) => ring.send(text));
+        else if (message === null) ++room, ring.pump();
+        else resolve(message);
+      });
     });
     assert.strictEqual(told.early, null, "nothing came in time");
     assert.deepStrictEqual(told.got, texts);

@@ -144,6 +144,7 @@ void PageInput::text(Control& control, const PageMessage& message) {
 void PageInput::focus(Control& control) {
   Window& window = *control.window();
   desktop_.knownFocus_ = NodePeer::idOf(&control);
+  desktop_.bringToFront(window);
   if (window.frame()) window.frame()->activate(window);
   if (control.takesFocus()) control.setFocus();
 }
@@ -267,8 +268,9 @@ void PageInput::window(Window& window, const PageMessage& message) {
   } else if (kind == "state") {
     const bool isMaximised = message.text(1) == "maximised";
     window.reportState(isMaximised ? WindowState::maximised : WindowState::normal);
-  } else if (kind == "activate" && window.frame()) {
-    window.frame()->activate(window);
+  } else if (kind == "activate") {
+    desktop_.bringToFront(window);
+    if (window.frame()) window.frame()->activate(window);
   } else if (kind == "wheel") {
     turnWheel(window, message.number(1));
   }

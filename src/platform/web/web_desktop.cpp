@@ -244,6 +244,7 @@ void WebDesktop::doEvents() {
 
 void WebDesktop::present(Window& window) {
   nodes_.follow(window);
+  if (!window.frame()) bringToFront(window);
   if (auto* frame = dynamic_cast<FrameWindow*>(&window)) {
     frame->reportState(WindowState::maximised);
     for (Window* child : frame->childWindows())
@@ -274,11 +275,17 @@ void WebDesktop::screenIs(Size screen, Twips bar) {
 Window* WebDesktop::inputWindow() const {
   if (!modal_.empty() && modal_.back()->visible()) return modal_.back();
   const auto shown = nodes_.shownWindows();
-  const auto last = std::find_if(shown.rbegin(), shown.rend(),
-                                 [](const Window* window) { return !window->frame(); });
-  if (last == shown.rend()) return nullptr;
-  auto* frame = dynamic_cast<FrameWindow*>(*last);
-  return frame && !frame->focus() && frame->activeChild() ? frame->activeChild() : *last;
+  auto front = std::find(shown.rbegin(), shown.rend(), inFront_);
+  if (front == shown.rend())
+    front = std::find_if(shown.rbegin(), shown.rend(),
+                         [](const Window* window) { return !window->frame(); });
+  if (front == shown.rend()) return nullptr;
+  auto* frame = dynamic_cast<FrameWindow*>(*front);
+  return frame && !frame->focus() && frame->activeChild() ? frame->activeChild() : *front;
+}
+
+void WebDesktop::bringToFront(const Window& window) {
+  inFront_ = window.frame() ? window.frame() : &window;
 }
 
 Control* WebDesktop::focus() const {

@@ -93,6 +93,7 @@ class WebDesktop : public Desktop {
   void settleFrame(FrameWindow& frame);
   void settleFocus();
   Window* inputWindow() const;
+  void bringToFront(const Window& window);
   Control* focus() const;
   void writeFocus(JsonWriter& json);
   void writeKeys(JsonWriter& json);
@@ -110,6 +111,7 @@ class WebDesktop : public Desktop {
   std::map<int, std::optional<PageMessage>> answers_;
   ClipboardContent pasted_;
   std::string knownKeys_;
+  const Window* inFront_ = nullptr;  // shown or used last; only compared
   int knownFocus_ = 0;
   int seen_ = 0;
   int lastAsked_ = 0;
