@@ -247,4 +247,12 @@ void JsonWriter::decimal(double number, int significant) {
   wrote(at);
 }
 
+std::string jsonOf(const std::function<void(JsonWriter&)>& write) {
+  std::string whole;
+  JsonWriter json([&whole](std::string_view piece) { whole += piece; });
+  write(json);
+  json.finish();
+  return whole;
+}
+
 }  // namespace tolmer

@@ -5,6 +5,7 @@
 #include <concepts>
 #include <cstdint>
 #include <functional>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -79,5 +80,8 @@ class JsonWriter {
   std::vector<Level> levels_;  // around it
   bool afterKey_ = false;
 };
+
+// What is written by it, whole.
+std::string jsonOf(const std::function<void(JsonWriter&)>& write);
 
 }  // namespace tolmer

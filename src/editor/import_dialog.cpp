@@ -36,7 +36,7 @@ std::string stateOf(const ImportPreview& preview) {
   const auto open = std::count_if(preview.questions.begin(), preview.questions.end(),
                                   [](const ImportQuestion& question) { return !question.chosen; });
   if (open > 0)
-    return counted(open, "question") +
+    return counted(static_cast<int>(open), "question") +
            (open == 1 ? " waits for an answer." : " wait for an answer.");
   if (!preview.mustChoose.empty()) return preview.mustChoose + " Press Variables to choose.";
   if (preview.rows == 0) return counted(columnsOf(preview), "name") + ", no data.";

@@ -50,9 +50,11 @@ const auto* const environment = testing::AddGlobalTestEnvironment(new ToolkitEnv
 class DuringLoop {
  public:
   DuringLoop(Gate& gate, const std::string& what, std::function<void()> work) {
-    QTimer::singleShot(0, &context_, [&gate, work = std::move(work)] { gate.enter(work); });
-    QTimer::singleShot(patience, &context_, [&gate, what] {
-      gate.enter([&] { throw std::logic_error(what + " is still open and nothing closes it"); });
+    QTimer::singleShot(0, &context_, [this, &gate, what, work = std::move(work)] {
+      gate.enter(work);
+      QTimer::singleShot(patience, &context_, [&gate, what] {
+        gate.enter([&] { throw std::logic_error(what + " is still open and nothing closes it"); });
+      });
     });
   }
 
@@ -229,7 +231,11 @@ void QtUser::doMenu(Window& window, const std::vector<MenuItem*>& path) {
         bar ? bar->actionGeometry(action) : static_cast<QMenu*>(menu)->actionGeometry(action);
     QTest::mouseClick(menu, Qt::LeftButton, {}, place.center());
     desktop_.settle();
-    if (action->menu()) menu = action->menu();
+    if (!action->menu()) continue;
+    menu = action->menu();
+    // One in a menu takes a moment to open.
+    if (!QTest::qWaitFor([menu] { return menu->isVisible(); }))
+      throw std::runtime_error("the menu " + item->name() + " does not open");
   }
 }
 

@@ -40,19 +40,19 @@ void writeShape(JsonWriter& json, const Grid& grid) {
 
 std::string lookOf(const Cell& cell) {
   constexpr std::string_view aligns[] = {"left", "centre", "right"};
-  JsonWriter json;
-  json.beginObject();
-  json.member("align", aligns[static_cast<int>(cell.style.align)]);
-  json.member("heading", cell.style.heading);
-  json.member("bold", cell.isBold());
-  json.member("back",
-              cell.style.back == colours::white ? std::string() : hexColour(cell.style.back));
-  json.member("face", cell.style.back == colours::buttonFace);
-  json.member("fore", hexColour(cell.style.fore));
-  json.member("number", !shownForFigure(cell, 0, 1).empty());
-  json.member("mark", cell.mark);
-  json.endObject();
-  return json.text();
+  return jsonOf([&](JsonWriter& json) {
+    json.beginObject();
+    json.member("align", aligns[static_cast<int>(cell.style.align)]);
+    json.member("heading", cell.style.heading);
+    json.member("bold", cell.isBold());
+    json.member("back",
+                cell.style.back == colours::white ? std::string() : hexColour(cell.style.back));
+    json.member("face", cell.style.back == colours::buttonFace);
+    json.member("fore", hexColour(cell.style.fore));
+    json.member("number", !shownForFigure(cell, 0, 1).empty());
+    json.member("mark", cell.mark);
+    json.endObject();
+  });
 }
 
 // What decides how a cell looks.

@@ -51,6 +51,15 @@ constexpr std::string_view nameOf(MessageIcon icon) {
   return names[static_cast<int>(icon)];
 }
 
+void writeChord(JsonWriter& json, const KeyChord& key) {
+  json.beginObject();
+  json.member("code", key.code);
+  json.member("shift", static_cast<int>(key.shift));
+  json.member("control", static_cast<int>(key.control));
+  json.member("alt", static_cast<int>(key.alt));
+  json.endObject();
+}
+
 void writeBox(JsonWriter& json, const MessageBox& box, int number) {
   const auto escape = answerToEscape(box);
   json.beginObject();
@@ -129,13 +138,14 @@ void WebDesktop::flush() {
   for (Window* window : windows())
     if (window->style() == WindowStyle::frame) settleFrame(static_cast<FrameWindow&>(*window));
   settleFocus();
-  JsonWriter json;
-  json.beginArray();
-  nodes_.write(json);
-  writeKeys(json);
-  writeFocus(json);
-  json.endArray();
-  line_.post("{\"seen\":" + std::to_string(seen_) + ",\"orders\":" + json.text() + "}");
+  const std::string orders = jsonOf([this](JsonWriter& json) {
+    json.beginArray();
+    nodes_.write(json);
+    writeKeys(json);
+    writeFocus(json);
+    json.endArray();
+  });
+  line_.post("{\"seen\":" + std::to_string(seen_) + ",\"orders\":" + orders + "}");
 }
 
 std::optional<PageMessage> WebDesktop::next(double longest) {
@@ -314,30 +324,25 @@ void WebDesktop::writeFocus(JsonWriter& json) {
 
 // Those that mean the same everywhere are the browser's own here.
 void WebDesktop::writeKeys(JsonWriter& json) {
-  const Control* control = focus();
   const Window* window = inputWindow();
   const Window* frame = window ? window->frame() : nullptr;
-  JsonWriter keys;
-  keys.beginArray();
+  std::vector<const TakenKey*> taken;
   for (const Control* from :
-       {control, static_cast<const Control*>(window), static_cast<const Control*>(frame)})
+       {static_cast<const Control*>(focus()), static_cast<const Control*>(window),
+        static_cast<const Control*>(frame)})
     if (from)
-      for (const TakenKey& taken : from->takenKeys()) {
-        if (taken.when && !taken.when()) continue;
-        keys.beginObject();
-        keys.member("code", taken.key.code);
-        keys.member("shift", static_cast<int>(taken.key.shift));
-        keys.member("control", static_cast<int>(taken.key.control));
-        keys.member("alt", static_cast<int>(taken.key.alt));
-        keys.endObject();
-      }
-  keys.endArray();
-  if (knownKeys_ == keys.text()) return;
-  knownKeys_ = keys.text();
+      for (const TakenKey& key : from->takenKeys())
+        if (!key.when || key.when()) taken.push_back(&key);
+  const std::string keys = jsonOf([&](JsonWriter& list) {
+    list.beginArray();
+    for (const TakenKey* key : taken) writeChord(list, key->key);
+    list.endArray();
+  });
+  if (std::exchange(knownKeys_, keys) == keys) return;
   json.beginObject();
   json.member("do", "keys");
   json.key("keys");
-  json.token(knownKeys_);
+  json.token(keys);
   json.endObject();
 }
 
