@@ -14,10 +14,11 @@ async function keep(): Promise<void> {
   await cache.addAll(files.map((file) => new Request(file, { cache: "no-cache" })));
 }
 
+// Pages that are open already are left to the host: a program that sleeps in its worker does not hear
+// that it is claimed, and Firefox would let no further page load meanwhile.
 async function dropOld(): Promise<void> {
   for (const name of await caches.keys())
     if (name.startsWith(ours) && name !== current) await caches.delete(name);
-  await self_.clients.claim();
 }
 
 function apart(answer: Response): Response {

@@ -105,7 +105,10 @@ export class WindowView implements View {
 
   update(changed: NodeOrder, node: Node): void {
     if (changed.caption !== undefined) this.caption.textContent = changed.caption;
-    if (changed.place) this.size = undefined;
+    if (changed.place) {
+      this.size = undefined;
+      this.reported = "";
+    }
     if (changed.visible !== undefined) this.element.hidden = !changed.visible;
     if (changed.takesInput !== undefined) this.element.classList.toggle("deaf", !changed.takesInput);
     if (changed.modal !== undefined) setOrRemove(this.element, "aria-modal", changed.modal ? "true" : "");

@@ -53,6 +53,7 @@ async function everyWindow(browser) {
     await atWindow(page, title);
     await isClean(page, title);
     await press(page, "Escape");
+    await until(page, `the end of ${title}`, (title) => ![...document.querySelectorAll(".window h1")].some((one) => one.checkVisibility() && one.textContent === title), title);
   }
   await press(page, "Alt+x");
   await isClean(page, "an open menu");

@@ -28,6 +28,12 @@ bool takesInput(const Control& control) {
   return window && window->takesInput();
 }
 
+// The user's, or, of a window in the frame, what a scroll bar leaves.
+bool hasSizeOfPage(const Window& window) {
+  return window.style() == WindowStyle::child ||
+         (window.style() == WindowStyle::dialog && window.sizable());
+}
+
 TextMark markIn(const PageMessage& message, std::size_t index) {
   return {message.count(index), message.count(index + 1)};
 }
@@ -263,7 +269,7 @@ void PageInput::window(Window& window, const PageMessage& message) {
     window.requestClose();
   } else if (kind == "move") {
     window.reportPosition(pixels(message.number(1)), pixels(message.number(2)));
-  } else if (kind == "resize" && window.style() == WindowStyle::dialog && window.sizable()) {
+  } else if (kind == "resize" && hasSizeOfPage(window)) {
     window.reportInnerSize({pixels(message.number(1)) / scale, pixels(message.number(2)) / scale});
   } else if (kind == "state") {
     const bool isMaximised = message.text(1) == "maximised";
