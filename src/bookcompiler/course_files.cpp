@@ -78,7 +78,7 @@ std::optional<char> decimalOf(const TextTable& table, bool labeled) {
   std::array<int, 6> seen{};
   for (std::size_t row = 1; row < table.rows.size(); ++row)
     for (std::size_t column = labeled ? 1 : 0; column < table.columns(); ++column)
-      ++seen[static_cast<std::size_t>(numberShape(table.rows[row][column]).marks)];
+      ++seen[static_cast<std::size_t>(numberShape(table.field(row, column)).marks)];
   const auto of = [&seen](NumberShape::Marks marks) {
     return seen[static_cast<std::size_t>(marks)];
   };
@@ -92,7 +92,7 @@ std::optional<Error> unevenness(const TextTable& table, const std::string& path)
     return Error{path, "\"" + table.firstTitle + "\" stands above the line of names"};
   if (table.shortRows == 0) return std::nullopt;
   return Error{
-      path + ":" + std::to_string(table.lines[static_cast<std::size_t>(table.firstShortRow)]),
+      path + ":" + std::to_string(table.rows[static_cast<std::size_t>(table.firstShortRow)].line),
       std::to_string(table.shortLength) + " fields, other lines have " +
           std::to_string(table.columns())};
 }

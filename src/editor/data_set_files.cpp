@@ -178,9 +178,7 @@ OpenOutcome DataSetFiles::openFile(const std::string& name) {
 }
 
 bool DataSetFiles::openText(const std::string& name) {
-  // Many times what a full sheet needs; a longer text could only be refused, after a long look.
-  constexpr std::size_t most = std::size_t{2} << 20;
-  const auto bytes = readWholeFile(name, most);
+  auto bytes = readWholeFile(name, mostTextBytes);
   if (!bytes) {
     desktop_.messageBox({"Bad File", bytes.error().message(), MessageIcon::exclamation});
     return false;
@@ -188,7 +186,7 @@ bool DataSetFiles::openText(const std::string& name) {
   const int observations = sheet_.observations();
   const int variables = sheet_.variables();
   const auto table =
-      tableFromText(desktop_, *bytes, {TextOrigin::file, 1, 1, observations, variables},
+      tableFromText(desktop_, *std::move(bytes), {TextOrigin::file, 1, 1, observations, variables},
                     newContent(observations, variables), name);
   if (table) sheet_.replaceWith(contentOf(*table, observations, variables), {});
   return table.has_value();

@@ -434,10 +434,10 @@ std::optional<LandingTable> tableFrom(Desktop& desktop, const TextImport& import
 
 }  // namespace
 
-std::optional<LandingTable> tableFromText(Desktop& desktop, const std::string& text,
+std::optional<LandingTable> tableFromText(Desktop& desktop, std::string text,
                                           const ImportTarget& target, const SheetContent& into,
                                           const std::string& source) {
-  const auto import = TextImport::read(text, target);
+  const auto import = TextImport::read(std::move(text), target);
   const bool isFile = target.origin == TextOrigin::file;
   if (!import) return refused(desktop, isFile ? "Bad File" : "Paste", import.error());
   auto landed = tableFrom(desktop, *import, into, source);

@@ -91,7 +91,7 @@ std::optional<LandingTable> tableFromForeignFile(Desktop& desktop, const std::st
 // Reads the text, asks what is doubtful in it and shows what was taken for granted, or says why it
 // is refused. nullopt where it was refused or called off. `into` is the sheet as it stands before,
 // `source` says where the text is from.
-std::optional<LandingTable> tableFromText(Desktop& desktop, const std::string& text,
+std::optional<LandingTable> tableFromText(Desktop& desktop, std::string text,
                                           const ImportTarget& target, const SheetContent& into,
                                           const std::string& source);
 

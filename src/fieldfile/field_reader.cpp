@@ -279,7 +279,9 @@ std::optional<TextNumber> textNumberOf(std::string_view text) {
   if (failed == std::errc())
     return std::isfinite(number.held) ? std::optional(number) : std::nullopt;
   const bool tooSmall = wideHolds ? std::fabs(number.written) < 1 : isTooSmall(*digits);
-  return tooSmall ? std::optional(TextNumber{wideHolds ? number.written : 0, 0}) : std::nullopt;
+  if (!tooSmall) return std::nullopt;
+  const float zero = digits->starts_with('-') ? -0.0F : 0.0F;
+  return wideHolds ? TextNumber{number.written, 0} : TextNumber{zero, zero};
 }
 
 TextNumber textNumberOf(double number, std::string_view text) {

@@ -19,7 +19,6 @@
 namespace tolmer {
 namespace {
 
-constexpr std::size_t mostTextBytes = std::size_t{16} << 20;
 // Of a text whose analysis takes more than a large page.
 constexpr std::size_t largeTextBytes = 200000;
 constexpr int anyNumber = std::numeric_limits<int>::max() / 2;

@@ -48,11 +48,11 @@ Result<std::vector<int>> ImportFindings::casesThatMeet() const {
     std::string label;
     return !condition->isMetBy([&](std::size_t at) {
       const int column = static_cast<int>(at);
-      const FieldLook& seen = look(row, column);
-      const std::string& text = field(row, column);
+      const FieldLook seen = look(row, column);
+      const std::string_view text = field(row, column);
       label = labelOf(column, text);
-      ConditionField seenField{seen.missing || text.empty(), seen.exact, text, label};
-      if (!seen.exact)
+      ConditionField seenField{seen.missing || text.empty(), exact(row, column), text, label};
+      if (!seen.isExact)
         seenField.number = fieldNumber(text, target_.hints.decimalMark.value_or('.'));
       return seenField;
     });
@@ -64,22 +64,12 @@ Result<std::vector<int>> ImportFindings::casesThatMeet() const {
 void ImportFindings::keepCases(const std::vector<int>& rows) {
   const auto kept = std::min(rows.size(), static_cast<std::size_t>(std::max(roomForCases(), 0)));
   const int first = firstDataRow();
-  Matrix<FieldLook> looks(first + static_cast<int>(kept) - 1, columns() - 1);
-  const auto take = [&](int from, int to) {
-    for (int column = 0; column < columns(); ++column) looks(to, column) = looks_(from, column);
-    if (from == to) return;
-    table_.rows[static_cast<std::size_t>(to)] =
-        std::move(table_.rows[static_cast<std::size_t>(from)]);
-    table_.lines[static_cast<std::size_t>(to)] = table_.lines[static_cast<std::size_t>(from)];
-  };
-  for (int row = 0; row < first; ++row) take(row, row);
+  std::vector<TextTable::Row> taken(table_.rows.begin(), table_.rows.begin() + first);
   for (std::size_t i = 0; i < kept; ++i) {
-    take(rows[i], first + static_cast<int>(i));
+    taken.push_back(rowOf(rows[i]));
     caseNumbers_.push_back(rows[i] - first + 1);
   }
-  table_.rows.resize(static_cast<std::size_t>(first) + kept);
-  table_.lines.resize(table_.rows.size());
-  looks_ = std::move(looks);
+  table_.rows = std::move(taken);
 }
 
 void ImportFindings::tellCases(int met) {

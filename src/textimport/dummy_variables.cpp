@@ -67,12 +67,12 @@ bool comesBefore(const Category& one, const Category& other) {
 
 }  // namespace
 
-std::string ImportFindings::labelOf(int column, const std::string& value) const {
-  if (!book_) return value;
+std::string ImportFindings::labelOf(int column, std::string_view value) const {
+  if (!book_) return std::string(value);
   for (const auto& [labelled, label] :
        book_->table.columns[static_cast<std::size_t>(column)].valueLabels)
     if (labelled == value && !label.empty()) return label;
-  return value;
+  return std::string(value);
 }
 
 // What different values the cases have.
@@ -81,7 +81,7 @@ std::vector<Category> ImportFindings::categoriesOf(int column) const {
   for (int row = firstDataRow(); row < static_cast<int>(table_.rows.size()); ++row)
     if (!field(row, column).empty() && !look(row, column).missing &&
         seen.size() < static_cast<std::size_t>(mostDifferent))
-      seen.insert(field(row, column));
+      seen.emplace(field(row, column));
   std::vector<Category> categories;
   for (const std::string& value : seen) categories.push_back({value, labelOf(column, value)});
   std::sort(categories.begin(), categories.end(), comesBefore);
@@ -268,8 +268,8 @@ void ImportFindings::noteDummies(int column) {
 
 Result<std::optional<ImportedCell>> ImportFindings::dummyCell(int row,
                                                               const Landing& landing) const {
-  const std::string& text = field(row, landing.column);
-  const FieldLook& seen = look(row, landing.column);
+  const std::string_view text = field(row, landing.column);
+  const FieldLook seen = look(row, landing.column);
   if (text.empty() || (seen.missing && (book_ && seen.kind != CutKind::text)))
     return std::optional(ImportedCell{});
   if (seen.missing) return emptied(ImportDoubt::missing, 0, row, landing.column, "a missing value");

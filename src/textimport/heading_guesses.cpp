@@ -26,7 +26,7 @@ bool isYear(std::string_view field) {
 std::optional<Error> ImportFindings::findTable(const ImportSource& source) {
   book_ = source.book;
   casesMet_ = source.casesMet;
-  if (!book_) return findTextTable(source.text);
+  if (!book_) return findTextTable(*source.text);
   table_ = textTable(book_->table, !target_.hints.headingRow);
   if (auto error = cutAboveHeading()) return error;
   askSheet();
@@ -42,7 +42,8 @@ std::optional<Error> ImportFindings::findTable(const ImportSource& source) {
 
 std::optional<Error> ImportFindings::findTextTable(const std::string& whole) {
   const int linesBefore = std::max(target_.hints.headingRow.value_or(0) - 1, 0);
-  const std::string text = linesBefore > 0 ? withoutLines(whole, linesBefore) : whole;
+  const std::string below = linesBefore > 0 ? withoutLines(whole, linesBefore) : std::string();
+  const std::string& text = linesBefore > 0 ? below : whole;
   const auto separator = chooseSeparator(text);
   // As long as nobody has said what divides the fields, quotes are letters like others.
   auto table = textTable(text, separator.value_or(noSeparator),
@@ -51,7 +52,7 @@ std::optional<Error> ImportFindings::findTextTable(const std::string& whole) {
   if (table->rows.empty() || table->columns() == 0)
     return Error{"", "There are no data in the text."};
   table_ = std::move(*table);
-  for (int& line : table_.lines) line += linesBefore;
+  for (TextTable::Row& row : table_.rows) row.line += linesBefore;
   if (table_.titleLines > 0)
     notes_.push_back("Lines above the table were left out: " + std::to_string(table_.titleLines) +
                      ", the first is \"" + table_.firstTitle + "\".");
@@ -88,21 +89,28 @@ void ImportFindings::findFirstRow() {
                            "Over the first: the last has no name", "Do not bring the text in"},
                           firstColumnNamesCases() ? std::optional(0) : std::nullopt);
   if (chosen.value_or(0) != 0) return;
-  auto& names = table_.rows.front();
-  std::rotate(names.begin(), names.end() - 1, names.end());
+  TextTable::Row& names = table_.rows.front();
+  auto& fields = table_.fields;
+  const std::size_t begin = fields.size();
+  fields.emplace_back(std::size_t{0}, std::size_t{0});
+  for (std::size_t i = 0; i + 1 < table_.columns(); ++i) fields.push_back(fields[names.begin + i]);
+  names.begin = begin;
+  names.length = table_.columns();
+  looks_.resize(fields.size());
   lookAtRow(0);
 }
 
 // Nothing over a first column that is filled, which hints at names over the others.
 bool ImportFindings::cornerIsBlank() const {
   if (target_.origin == TextOrigin::clipboard || !field(0, 0).empty()) return false;
-  return std::none_of(table_.rows.begin() + 1, table_.rows.end(),
-                      [](const auto& row) { return row.front().empty(); });
+  for (int row = 1; row < static_cast<int>(table_.rows.size()); ++row)
+    if (field(row, 0).empty()) return false;
+  return true;
 }
 
 std::string ImportFindings::firstName() const {
-  for (const std::string& name : table_.rows.front())
-    if (!name.empty()) return name;
+  for (int column = 0; column < columns(); ++column)
+    if (!field(0, column).empty()) return std::string(field(0, column));
   return {};
 }
 
@@ -126,8 +134,8 @@ std::optional<bool> ImportFindings::headingByLook() const {
     const VariableKind kind = kindOf(column, 1);
     const bool overNumbers = kind == VariableKind::numbers || kind == VariableKind::dates;
     anyNumbers = anyNumbers || overNumbers;
-    const std::string& text = field(0, column);
-    const FieldLook& seen = look(0, column);
+    const std::string_view text = field(0, column);
+    const FieldLook seen = look(0, column);
     const bool isWord =
         !text.empty() && !seen.missing && !seen.shape.isNumber() && seen.kind != CutKind::date;
     if (column == 0 && cornerIsBlank()) continue;
@@ -203,7 +211,7 @@ void ImportFindings::findLanding() {
 void ImportFindings::noteShortRows() {
   if (table_.firstShortRow < 0) return;
   shortRow_ = place(table_.firstShortRow, 0);
-  shortLine_ = table_.lines[static_cast<std::size_t>(table_.firstShortRow)];
+  shortLine_ = rowOf(table_.firstShortRow).line;
 }
 
 void ImportFindings::findShortRows() {

@@ -11,11 +11,11 @@ constexpr int firstRowStopped = 2;
 
 }  // namespace
 
-std::string quotation(const std::string& field) {
+std::string quotation(std::string_view field) {
   std::size_t end = 30;
-  if (field.size() <= end) return "\"" + field + "\"";
+  if (field.size() <= end) return "\"" + std::string(field) + "\"";
   while ((static_cast<unsigned char>(field[end]) & 0xC0) == 0x80) --end;
-  return "\"" + field.substr(0, end) + "...\"";
+  return "\"" + std::string(field.substr(0, end)) + "...\"";
 }
 
 Result<ImportFindings> ImportFindings::of(const ImportSource& source, const ImportTarget& target,
@@ -75,37 +75,48 @@ std::optional<Error> ImportFindings::findVariables() {
 
 void ImportFindings::lookAtFields() {
   const int rows = static_cast<int>(table_.rows.size());
-  looks_.resize(rows - 1, columns() - 1);
+  looks_.resize(table_.fields.size());
   uses_.assign(static_cast<std::size_t>(columns()), Use::number);
   for (int row = 0; row < rows; ++row) lookAtRow(row);
 }
 
-ImportFindings::FieldLook ImportFindings::lookAtText(const std::string& text) {
-  FieldLook look{numberShape(text), isMissingMark(text)};
-  if ((look.exact = dayOfDate(text))) look.kind = CutKind::date;
+ImportFindings::FieldLook ImportFindings::lookAtText(std::string_view text) {
+  FieldLook look{.shape = numberShape(text), .missing = isMissingMark(text)};
+  look.isExact = dayOfDate(text).has_value();
+  if (look.isExact) look.kind = CutKind::date;
   return look;
+}
+
+std::optional<double> ImportFindings::exact(int row, int column) const {
+  if (!look(row, column).isExact) return std::nullopt;
+  const int from = rowOf(row).from;
+  const CutField* cut = from < 0 ? nullptr : &book_->table.field(static_cast<std::size_t>(from),
+                                                                 static_cast<std::size_t>(column));
+  return cut && cut->kind != CutKind::text ? cut->number : dayOfDate(field(row, column));
 }
 
 void ImportFindings::lookAtRow(int row) {
   const auto& marks = target_.hints.missing;
-  for (int column = 0; column < columns(); ++column) {
-    const std::string& text = field(row, column);
-    looks_(row, column) = book_ ? lookAtCutField(row, column) : lookAtText(text);
+  const TextTable::Row& at = rowOf(row);
+  for (std::size_t i = 0; i < at.length; ++i) {
+    const auto column = static_cast<int>(i);
+    const std::string_view text = field(row, column);
+    looks_[at.begin + i] = book_ ? lookAtCutField(row, column) : lookAtText(text);
     if (std::find(marks.begin(), marks.end(), text) != marks.end())
-      looks_(row, column) = FieldLook{.missing = true};
+      looks_[at.begin + i] = FieldLook{.missing = true};
   }
 }
 
 std::string ImportFindings::place(int row, int column) const {
   if (book_)
-    return book_->table.place(table_.lines[static_cast<std::size_t>(row)],
+    return book_->table.place(rowOf(row).line,
                               static_cast<std::size_t>(column));
-  return "line " + std::to_string(table_.lines[static_cast<std::size_t>(row)]) + ", column " +
+  return "line " + std::to_string(rowOf(row).line) + ", column " +
          std::to_string(column + 1);
 }
 
 std::string ImportFindings::nameOfRow(int row) const {
-  return (book_ ? "Row " : "Line ") + std::to_string(table_.lines[static_cast<std::size_t>(row)]);
+  return (book_ ? "Row " : "Line ") + std::to_string(rowOf(row).line);
 }
 
 std::string ImportFindings::seenAt(const Sighting& sighting) const {

@@ -17,10 +17,10 @@ namespace tolmer {
 inline const std::string leaveCellsEmpty = "Leave those cells empty";
 
 // In quotation marks, its beginning where it is long.
-std::string quotation(const std::string& field);
+std::string quotation(std::string_view field);
 
 // What saved sheets and R call their column of labels.
-inline bool equalsLabel(const std::string& heading) {
+inline bool equalsLabel(std::string_view heading) {
   return heading == "Label" || heading == "label";
 }
 
@@ -59,8 +59,8 @@ class ImportFindings {
   int firstDataRow() const { return (heading_ ? 1 : 0) + unitRows_; }
   int dataRows() const { return static_cast<int>(table_.rows.size()) - firstDataRow(); }
   int columns() const { return static_cast<int>(table_.columns()); }
-  const std::string& field(int row, int column) const {
-    return table_.rows[static_cast<std::size_t>(row)][static_cast<std::size_t>(column)];
+  std::string_view field(int row, int column) const {
+    return table_.field(static_cast<std::size_t>(row), static_cast<std::size_t>(column));
   }
   const std::vector<Landing>& landings() const { return landings_; }
   std::vector<std::string> headings() const;
@@ -150,7 +150,7 @@ class ImportFindings {
   void countInAll(int column, int missing, ImportVariable& variable) const;
   std::vector<Category> categoriesOf(int column) const;
   bool canBeDummies(const ImportVariable& variable) const;
-  std::string labelOf(int column, const std::string& value) const;
+  std::string labelOf(int column, std::string_view value) const;
   void takeChosenUses();
   void findLabels();
   void findWordColumns();
@@ -192,14 +192,21 @@ class ImportFindings {
   Result<std::vector<TextNumber>> numbersOf(const Landing& landing) const;
   struct FieldLook {
     NumberShape shape{};
-    bool missing = false;
-    CutKind kind = CutKind::text;   // what a table that came cut says
-    std::optional<double> exact{};  // its number, the day of a date or the code of a missing value
+    bool missing : 1 = false;
+    bool isExact : 1 = false;      // see exact
+    CutKind kind = CutKind::text;  // what a table that came cut says
   };
-  const FieldLook& look(int row, int column) const { return looks_(row, column); }
+  FieldLook look(int row, int column) const {
+    const TextTable::Row& at = rowOf(row);
+    const auto place = static_cast<std::size_t>(column);
+    return place < at.length ? looks_[at.begin + place] : FieldLook{};
+  }
+  const TextTable::Row& rowOf(int row) const { return table_.rows[static_cast<std::size_t>(row)]; }
+  // The number of a table that came cut, the day of a date or the code of a missing value.
+  std::optional<double> exact(int row, int column) const;
   void lookAtFields();
   void lookAtRow(int row);
-  static FieldLook lookAtText(const std::string& text);
+  static FieldLook lookAtText(std::string_view text);
   FieldLook lookAtCutField(int row, int column) const;
   // Calls see(row, column, look) for the fields of data rows that are to be numbers.
   template <class See>
@@ -236,7 +243,7 @@ class ImportFindings {
   std::optional<int> casesMet_;          // the book has chosen cases
   std::shared_ptr<const CutBook> book_;  // null for text
   TextTable table_;
-  Matrix<FieldLook> looks_;     // of all fields of the table
+  std::vector<FieldLook> looks_;  // of all fields of the table
   bool namesAreShort_ = false;  // the first row is names, one less than columns
   bool heading_ = false;
   int unitRows_ = 0;

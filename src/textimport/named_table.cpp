@@ -1,6 +1,7 @@
 // The columns of a table that a caller names, beside what a sheet would take of it.
 #include <algorithm>
 #include <cmath>
+#include <set>
 
 #include "base/text_encoding.h"
 #include "textimport/import_guesses.h"
@@ -13,18 +14,18 @@ std::optional<Error> ImportFindings::cutAboveHeading() {
   const int heading = target_.hints.headingRow.value_or(0);
   const bool namesApart = book_->table.namesApart;
   if (heading == 0 || namesApart) return std::nullopt;
-  const auto found = std::find(table_.lines.begin(), table_.lines.end(), heading);
-  if (found == table_.lines.end())
+  const auto found = std::find_if(table_.rows.begin(), table_.rows.end(),
+                                  [heading](const auto& row) { return row.line == heading; });
+  if (found == table_.rows.end())
     return Error{"", "There is nothing in row " + std::to_string(heading) + "."};
-  table_.rows.erase(table_.rows.begin(), table_.rows.begin() + (found - table_.lines.begin()));
-  table_.lines.erase(table_.lines.begin(), found);
+  table_.rows.erase(table_.rows.begin(), found);
   return std::nullopt;
 }
 
 std::vector<std::string> ImportFindings::columnNames() const {
   std::vector<std::string> names;
   for (int column = 0; column < columns(); ++column) {
-    names.push_back(heading_ ? onOneLine(field(0, column)) : std::string());
+    names.push_back(heading_ ? onOneLine(std::string(field(0, column))) : std::string());
     if (names.back().empty()) names.back() = "Col " + std::to_string(column + 1);
   }
   return names;
@@ -36,10 +37,11 @@ bool ImportFindings::firstRowHasWantedNames() const {
   std::vector<std::string> wanted = target_.hints.wanted->numbers;
   wanted.push_back(target_.hints.wanted->labels);
   std::erase(wanted, "");
-  const auto& first = table_.rows.front();
+  std::set<std::string> first;
+  for (int column = 0; column < columns(); ++column)
+    first.insert(onOneLine(std::string(field(0, column))));
   return !wanted.empty() && std::all_of(wanted.begin(), wanted.end(), [&](const auto& name) {
-    return std::any_of(first.begin(), first.end(),
-                       [&](const std::string& text) { return onOneLine(text) == name; });
+    return first.contains(name);
   });
 }
 
@@ -65,8 +67,8 @@ ImportFindings::Use ImportFindings::wantedUse(const std::string& name, int colum
 }
 
 bool ImportFindings::isBareNumber(int row, int column) const {
-  const FieldLook& seen = look(row, column);
-  const NumberShape& shape = seen.shape;
+  const FieldLook seen = look(row, column);
+  const NumberShape shape = seen.shape;
   if (seen.missing || field(row, column).empty() || !shape.fits(decimalMark_.value_or('.')))
     return false;
   return !shape.groupedByBlanks && !shape.percent && !shape.currency && !shape.bracketed;
@@ -109,7 +111,7 @@ Result<std::vector<TextNumber>> ImportFindings::numbersOf(const Landing& landing
     if (!read) return read.error();
     const double number =
         *read ? (*read)->number.value_or(gapInNumbers.written) : gapInNumbers.written;
-    std::string text = landing.one ? exactText(number) : field(row, landing.column);
+    std::string text = landing.one ? exactText(number) : std::string(field(row, landing.column));
     if (decimalMark_ == ',') std::replace(text.begin(), text.end(), ',', '.');
     numbers.push_back(std::isnan(number) ? gapInNumbers : textNumberOf(number, text));
     if (std::isinf(numbers.back().held))
@@ -124,7 +126,7 @@ Result<NamedTable> ImportFindings::namedTable() const {
   for (int column = 0; column < columns(); ++column) {
     if (landsAs(Use::label, column))
       for (int row = 0; row < dataRows(); ++row)
-        table.labels.push_back(onOneLine(field(firstDataRow() + row, column)));
+        table.labels.push_back(onOneLine(std::string(field(firstDataRow() + row, column))));
     if (auto error = nameColumn(column, names[static_cast<std::size_t>(column)], table))
       return *error;
   }

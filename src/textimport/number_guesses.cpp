@@ -96,8 +96,8 @@ void ImportFindings::findLikelyCodes() {
   std::map<int, Range> ranges;
   eachValue([&](int row, int column, const FieldLook& seenField) {
     if (seenField.missing || seenField.kind == CutKind::date) return;
-    const auto number =
-        seenField.exact ? seenField.exact : fieldNumber(field(row, column), *decimalMark_);
+    const auto number = seenField.isExact ? exact(row, column)
+                                          : fieldNumber(field(row, column), *decimalMark_);
     if (!number) return;
     Range& range = ranges[column];
     if (std::find(codes.begin(), codes.end(), *number) != codes.end())
@@ -126,15 +126,16 @@ void ImportFindings::findLikelyCodes() {
 bool ImportFindings::isLikelyCode(int row, int column) const {
   const auto code = likelyCodes_.find(column);
   if (code == likelyCodes_.end()) return false;
-  const FieldLook& seen = look(row, column);
-  return (seen.exact ? seen.exact : fieldNumber(field(row, column), *decimalMark_)) == code->second;
+  return (look(row, column).isExact ? exact(row, column)
+                                    : fieldNumber(field(row, column), *decimalMark_)) ==
+         code->second;
 }
 
 void ImportFindings::findMissingAndWords() {
   Sighting missing;
   Sighting words;
   eachValue([&](int row, int column, const FieldLook& seenField) {
-    if (seenField.exact) return;
+    if (seenField.isExact) return;
     if (seenField.missing)
       missing.add(row, column);
     else if (!seenField.shape.fits(decimalMark_))
@@ -170,12 +171,13 @@ void ImportFindings::findGapsOnTop() {
 Result<std::optional<ImportedCell>> ImportFindings::cell(int row, const Landing& landing) const {
   const int column = landing.column;
   if (landing.one) return dummyCell(row, landing);
-  const std::string& text = field(row, column);
-  if (landsAs(Use::label, column)) return std::optional(ImportedCell{.text = text});
+  const std::string_view text = field(row, column);
+  if (landsAs(Use::label, column))
+    return std::optional(ImportedCell{.text = std::string(text)});
   if (text.empty()) return std::optional(ImportedCell{});
   if (landsAs(Use::undecided, column)) return std::optional<ImportedCell>();
-  const FieldLook& seen = look(row, column);
-  if (seen.missing && seen.exact && answerTo(ImportDoubt::missingCodes) != codesKept)
+  const FieldLook seen = look(row, column);
+  if (seen.missing && seen.isExact && answerTo(ImportDoubt::missingCodes) != codesKept)
     return std::optional(ImportedCell{});
   if (seen.kind == CutKind::date) {
     const bool isAsked = std::any_of(questions_.begin(), questions_.end(), [](const auto& asked) {
@@ -190,7 +192,7 @@ Result<std::optional<ImportedCell>> ImportFindings::cell(int row, const Landing&
     if (!answer) return std::optional<ImportedCell>();
     if (*answer == likelyCodesEmpty) return std::optional(ImportedCell{});
   }
-  if (seen.exact) return std::optional(ImportedCell{.number = seen.exact});
+  if (seen.isExact) return std::optional(ImportedCell{.number = exact(row, column)});
   if (seen.missing) return emptied(ImportDoubt::missing, 0, row, column, "a missing value");
   if (!decimalMark_) return std::optional<ImportedCell>();
   return numberCell(row, column, look(row, column).shape);

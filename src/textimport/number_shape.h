@@ -2,13 +2,14 @@
 // decimal one.
 #pragma once
 
+#include <cstdint>
 #include <optional>
 #include <string_view>
 
 namespace tolmer {
 
 struct NumberShape {
-  enum class Marks {
+  enum class Marks : std::uint8_t {
     noNumber,
     plain,        // 12, 1e5
     point,        // 1.5, 1,234.5, 1,234,567: only a point can be the decimal mark
@@ -17,11 +18,11 @@ struct NumberShape {
     eitherComma   // 1,234
   };
   Marks marks = Marks::noNumber;
-  bool groupedByMarks = false;   // 1,234.5 or 1.234,5: both marks, or several of one
-  bool groupedByBlanks = false;  // 12 345 or 12'345
-  bool percent = false;
-  bool currency = false;
-  bool bracketed = false;  // (5), which is -5 in accounts
+  bool groupedByMarks : 1 = false;   // 1,234.5 or 1.234,5: both marks, or several of one
+  bool groupedByBlanks : 1 = false;  // 12 345 or 12'345
+  bool percent : 1 = false;
+  bool currency : 1 = false;
+  bool bracketed : 1 = false;  // (5), which is -5 in accounts
 
   bool isNumber() const { return marks != Marks::noNumber; }
   // Whether it is a number with that decimal mark, or with any while that is open.

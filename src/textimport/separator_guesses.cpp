@@ -33,12 +33,17 @@ bool hasInEveryLine(std::string_view text, char separator) {
 
 // "1,5" in every line with a comma: one number with a decimal comma, or two numbers.
 bool couldBeDecimals(const std::string& text, TextOrigin origin) {
+  constexpr std::size_t beginning = 20000;  // of a long text it mostly settles it
+  if (text.size() > beginning) {
+    const auto first = textTable(text.substr(0, beginning), ',', origin);
+    if (first && first->columns() > 3) return false;  // a title may be cut in two
+  }
   const auto table = textTable(text, ',', origin);
   if (!table || table->columns() != 2) return false;
-  return std::all_of(table->rows.begin(), table->rows.end(), [](const auto& row) {
-    return numberShape(row[0]).marks == NumberShape::Marks::plain &&
-           numberShape(row[1]).marks == NumberShape::Marks::plain;
-  });
+  for (std::size_t row = 0; row < table->rows.size(); ++row)
+    for (std::size_t column = 0; column < 2; ++column)
+      if (numberShape(table->field(row, column)).marks != NumberShape::Marks::plain) return false;
+  return true;
 }
 
 }  // namespace

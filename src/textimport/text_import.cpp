@@ -14,7 +14,7 @@ constexpr int allRows = std::numeric_limits<int>::max() / 2;
 
 std::string shownText(const ImportFindings& findings, int row, const Landing& landing) {
   const auto cell = findings.cell(row, landing);
-  if (!cell || !*cell) return findings.field(row, landing.column);
+  if (!cell || !*cell) return std::string(findings.field(row, landing.column));
   return (*cell)->number ? exactText(*(*cell)->number) : (*cell)->text;
 }
 
@@ -28,8 +28,9 @@ struct TextImport::Look {
 
 const TextImport::Look& TextImport::look(const ImportAnswers& answers,
                                          const ImportChoice& choice) const {
-  if (!last_ || last_->answers != answers || last_->choice != choice)
-    last_ = std::make_shared<const Look>(Look{answers, choice, findings(answers, choice)});
+  if (last_ && last_->answers == answers && last_->choice == choice) return *last_;
+  last_.reset();  // two of them would take twice the room
+  last_ = std::make_shared<const Look>(Look{answers, choice, findings(answers, choice)});
   return *last_;
 }
 
@@ -53,11 +54,11 @@ bool ImportPreview::isAnswered() const {
 Result<TextImport> TextImport::read(std::string bytes, ImportTarget target) {
   auto text = foreignText(std::move(bytes));
   if (!text) return text.error();
-  return TextImport({std::move(*text)}, target);
+  return TextImport({std::make_shared<const std::string>(std::move(*text))}, target);
 }
 
 TextImport TextImport::of(CutBook book, ReadBook readBook, ImportTarget target) {
-  TextImport import({{}, std::make_shared<const CutBook>(std::move(book))}, target);
+  TextImport import({nullptr, std::make_shared<const CutBook>(std::move(book))}, target);
   import.readBook_ = std::move(readBook);
   return import;
 }
@@ -70,7 +71,7 @@ Result<ImportSource> TextImport::sourceFor(const ImportAnswers& answers) const {
   if (chosen >= order.size() || order[chosen] == source_.book->sheet) return source_;
   auto other = readAgain({.sheet = source_.book->sheets[order[chosen]].name});
   if (!other) return other.error();
-  return ImportSource{{}, std::move(*other)};
+  return ImportSource{nullptr, std::move(*other)};
 }
 
 Result<std::shared_ptr<const CutBook>> TextImport::readAgain(const CutRequest& request) const {
@@ -146,7 +147,7 @@ Result<ImportSource> TextImport::withChosenCases(const ImportSource& source,
   }
   auto read = readAgain(request);
   if (!read) return read.error();
-  return ImportSource{{}, std::move(*read), met};
+  return ImportSource{nullptr, std::move(*read), met};
 }
 
 // Of all cases of the file, by the columns that the condition looks at.

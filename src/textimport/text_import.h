@@ -130,13 +130,16 @@ using ReadBook = std::function<Result<CutBook>(const CutRequest&)>;
 
 // What is to be brought in: text, or a table that came cut.
 struct ImportSource {
-  std::string text{};
+  std::shared_ptr<const std::string> text{};  // where there is no book
   std::shared_ptr<const CutBook> book{};
   // Of the file's cases the book has those that were chosen, out of so many that meet the choice.
   std::optional<int> casesMet{};
 };
 
 class ImportFindings;
+
+// Of a longer text a program of statistics makes a file that can be read in part.
+inline constexpr std::size_t mostTextBytes = std::size_t{16} << 20;
 
 class TextImport {
  public:

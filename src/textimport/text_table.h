@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "base/error.h"
+#include "fieldfile/record_reader.h"
 #include "foreign/cut_table.h"
 
 namespace tolmer {
@@ -19,18 +20,32 @@ enum class TextOrigin {
 // What may divide fields; blanks count once however many there are.
 inline constexpr char noSeparator = '\0';
 
+// Its fields are parts of one text: there may be millions of them.
 struct TextTable {
-  std::vector<std::vector<std::string>> rows;  // all of one length, blanks at both ends removed
-  std::vector<int> lines;                      // where each row begins in the text, from 1
-  int firstShortRow = -1;       // the first row that had fewer fields than the longest one
-  std::size_t shortLength = 0;  // the number of fields that it had
-  int shortRows = 0;            // how many had fewer
+  struct Row {
+    std::size_t begin = 0;  // its first field in `fields`
+    std::size_t length = 0;
+    int line = 1;  // where it begins in the text, from 1; of a table that came cut, its number there
+    int from = -1;  // its place in a table that came cut; -1 where it is not from its rows
+  };
+  std::string content;
+  std::vector<FieldSpan> fields;  // blanks at both ends removed
+  std::vector<Row> rows;
+  std::size_t width = 0;
+  int firstShortRow = -1;       // the first row that has fewer fields than the longest one
+  std::size_t shortLength = 0;  // the number of fields that it has
+  int shortRows = 0;            // how many have fewer
 
   int blankLines = 0;        // left out of the rows
   int titleLines = 0;        // likewise: words above the table, one to a row
   std::string firstTitle{};  // of these
 
-  std::size_t columns() const { return rows.empty() ? 0 : rows.front().size(); }
+  std::size_t columns() const { return width; }
+  // Empty where the row ends before it.
+  std::string_view field(std::size_t row, std::size_t column) const {
+    const Row& at = rows[row];
+    return column < at.length ? fields[at.begin + column].in(content) : std::string_view();
+  }
 };
 
 // The text of foreign bytes: UTF-16 behind its mark, else UTF-8, or Windows-1252 where it is not; a

@@ -32,8 +32,8 @@ VariableKind ImportFindings::kindOf(int column, int fromRow) const {
   int dates = 0;
   int words = 0;
   for (int row = fromRow; row < static_cast<int>(table_.rows.size()); ++row) {
-    const std::string& text = field(row, column);
-    const FieldLook& seen = look(row, column);
+    const std::string_view text = field(row, column);
+    const FieldLook seen = look(row, column);
     if (text.empty() || seen.missing) continue;
     ++(seen.kind == CutKind::date ? dates : seen.shape.isNumber() ? numbers : words);
   }
@@ -58,7 +58,7 @@ ImportVariable ImportFindings::described(int column, std::string name) const {
   std::unordered_set<std::string_view> seen;
   std::unordered_set<std::string_view> missing;
   for (int row = firstDataRow(); row < static_cast<int>(table_.rows.size()); ++row) {
-    const std::string& text = field(row, column);
+    const std::string_view text = field(row, column);
     if (text.empty()) continue;
     if (look(row, column).missing) {
       if (look(row, column).kind == CutKind::text) missing.insert(text);
@@ -177,7 +177,7 @@ void ImportFindings::findDates() {
            (column == 0 && answerTo(ImportDoubt::labels));
   });
   if (columns.empty() || settled) return;
-  const double first = *look(dates.row, dates.column).exact;
+  const double first = *exact(dates.row, dates.column);
   std::vector<std::string> choices{"Days since 1899-12-30: " + exactText(first), leaveCellsEmpty};
   const bool file = target_.origin == TextOrigin::file && !target_.hints.wanted;
   if (file && firstColumn_ == 1 && columns.size() == 1) choices.emplace_back("Labels of the cases");
@@ -190,9 +190,10 @@ void ImportFindings::findDates() {
 
 // Labels first, all else in its order.
 void ImportFindings::land() {
-  const auto names = target_.hints.wanted ? columnNames()
-                     : heading_           ? table_.rows.front()
-                                          : std::vector<std::string>(table_.columns());
+  auto names = std::vector<std::string>(table_.columns());
+  for (int column = 0; column < columns() && heading_; ++column)
+    names[static_cast<std::size_t>(column)] = field(0, column);
+  if (target_.hints.wanted) names = columnNames();
   for (int column = 0; column < columns(); ++column)
     if (landsAs(Use::label, column))
       landings_.push_back({column, names[static_cast<std::size_t>(column)], {}, {}});

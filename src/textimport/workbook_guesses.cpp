@@ -34,23 +34,22 @@ void ImportFindings::noteBook() {
 }
 
 ImportFindings::FieldLook ImportFindings::lookAtCutField(int row, int column) const {
-  const CutTable& cut = book_->table;
-  // Above the rows of the file stand the names, or titles were left out.
-  const int at = row - (static_cast<int>(table_.rows.size()) - static_cast<int>(cut.rows()));
-  const CutField* seen =
-      at < 0 ? nullptr : &cut.field(static_cast<std::size_t>(at), static_cast<std::size_t>(column));
-  if (!seen || seen->kind == CutKind::text) return lookAtText(field(row, column));
-  FieldLook look{.missing = seen->kind == CutKind::error || seen->kind == CutKind::missing,
-                 .kind = seen->kind};
-  if (seen->isNumber()) look.shape.marks = NumberShape::Marks::plain;
-  if (seen->text == noText && seen->kind != CutKind::empty) look.exact = seen->number;
+  const int from = rowOf(row).from;
+  if (from < 0) return lookAtText(field(row, column));
+  const CutField& seen =
+      book_->table.field(static_cast<std::size_t>(from), static_cast<std::size_t>(column));
+  if (seen.kind == CutKind::text) return lookAtText(field(row, column));
+  FieldLook look{.missing = seen.kind == CutKind::error || seen.kind == CutKind::missing,
+                 .isExact = seen.text == noText && seen.kind != CutKind::empty,
+                 .kind = seen.kind};
+  if (seen.isNumber()) look.shape.marks = NumberShape::Marks::plain;
   return look;
 }
 
 void ImportFindings::findCodes() {
   Sighting codes;
   eachValue([&](int row, int column, const FieldLook& seenField) {
-    if (seenField.missing && seenField.exact) codes.add(row, column);
+    if (seenField.missing && seenField.isExact) codes.add(row, column);
   });
   if (codes.count)
     ask(ImportDoubt::missingCodes,

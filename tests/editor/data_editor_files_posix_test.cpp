@@ -11,6 +11,7 @@
 #include "sheetfiles/editor_file.h"
 #include "support/faults.h"
 #include "support/tree.h"
+#include "textimport/text_import.h"
 
 namespace tolmer::test {
 namespace {
@@ -379,10 +380,10 @@ TEST_F(DataEditorFiles, ABackslashInANameIsALetter) {
 TEST_F(DataEditorFiles, TextThatCannotBeReadIsToldAndTheSheetStands) {
   const std::string text = folder.file("huge.csv");
   write(text, "1\n");
-  fs::resize_file(text, maxFileBytes + 1);
+  fs::resize_file(text, mostTextBytes + 1);
   visit([&] {
     opens(text);
-    script.box({"Bad File", text + ": is larger than 2 MB", MessageIcon::exclamation});
+    script.box({"Bad File", text + ": is larger than 16 MB", MessageIcon::exclamation});
     click("cmdOpen");
     EXPECT_FALSE(editor.sheet().changeMade());
     click("cmdCancel");
@@ -440,14 +441,15 @@ TEST_F(DataEditorFiles, WhatIsSaidOfTheDataStaysWithTheSheet) {
     EXPECT_EQ(loadEditorFile(folder.file("kept.zmm"))->labels, content.labels);
     choose("Edit/Undo");
     EXPECT_THAT(editor.sheet().label(column), testing::StartsWith("Kind of house"));
-    desktop.setClipboard({.text = "A\tB\n1\t2\n",
-                          .html = "<table><tr><th>A<th>B<tr><td>1<td>2<sup>a</sup></table>"});
+    desktop.setClipboard({.text = "A\tB\tC\n1\t2\tyes\n3\t4\tno\n",
+                          .html = "<table><tr><th>A<th>B<th>C<tr><td>1<td>2<sup>a</sup><td>yes"
+                                  "<tr><td>3<td>4<td>no</table>"});
     script.box(clearAnyway, Answer::ok);
     choose("File/New");
     go(0, 1);
     script.window("frmTextImport", [&] { answerAll(); });
     choose("Edit/Paste");
-    EXPECT_EQ(editor.sheet().value(1, 2), 2);
+    EXPECT_EQ(shown(1, 2) + " " + shown(1, 3), "2.000 1") << "a dummy has no decimals";
     EXPECT_EQ(content.source, "pasted on " + today());
     cancel();
   });
