@@ -90,8 +90,9 @@ ImportFindings::FieldLook ImportFindings::lookAtText(std::string_view text) {
 std::optional<double> ImportFindings::exact(int row, int column) const {
   if (!look(row, column).isExact) return std::nullopt;
   const int from = rowOf(row).from;
-  const CutField* cut = from < 0 ? nullptr : &book_->table.field(static_cast<std::size_t>(from),
-                                                                 static_cast<std::size_t>(column));
+  const CutField* cut = from < 0 ? nullptr
+                                 : &book_->table.field(static_cast<std::size_t>(from),
+                                                       static_cast<std::size_t>(column));
   return cut && cut->kind != CutKind::text ? cut->number : dayOfDate(field(row, column));
 }
 
@@ -108,11 +109,8 @@ void ImportFindings::lookAtRow(int row) {
 }
 
 std::string ImportFindings::place(int row, int column) const {
-  if (book_)
-    return book_->table.place(rowOf(row).line,
-                              static_cast<std::size_t>(column));
-  return "line " + std::to_string(rowOf(row).line) + ", column " +
-         std::to_string(column + 1);
+  if (book_) return book_->table.place(rowOf(row).line, static_cast<std::size_t>(column));
+  return "line " + std::to_string(rowOf(row).line) + ", column " + std::to_string(column + 1);
 }
 
 std::string ImportFindings::nameOfRow(int row) const {

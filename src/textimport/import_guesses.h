@@ -244,7 +244,7 @@ class ImportFindings {
   std::shared_ptr<const CutBook> book_;  // null for text
   TextTable table_;
   std::vector<FieldLook> looks_;  // of all fields of the table
-  bool namesAreShort_ = false;  // the first row is names, one less than columns
+  bool namesAreShort_ = false;    // the first row is names, one less than columns
   bool heading_ = false;
   int unitRows_ = 0;
   std::vector<Use> uses_;                  // of the columns

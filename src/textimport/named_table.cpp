@@ -40,9 +40,8 @@ bool ImportFindings::firstRowHasWantedNames() const {
   std::set<std::string> first;
   for (int column = 0; column < columns(); ++column)
     first.insert(onOneLine(std::string(field(0, column))));
-  return !wanted.empty() && std::all_of(wanted.begin(), wanted.end(), [&](const auto& name) {
-    return first.contains(name);
-  });
+  return !wanted.empty() && std::all_of(wanted.begin(), wanted.end(),
+                                        [&](const auto& name) { return first.contains(name); });
 }
 
 void ImportFindings::findWanted() {

@@ -96,8 +96,8 @@ void ImportFindings::findLikelyCodes() {
   std::map<int, Range> ranges;
   eachValue([&](int row, int column, const FieldLook& seenField) {
     if (seenField.missing || seenField.kind == CutKind::date) return;
-    const auto number = seenField.isExact ? exact(row, column)
-                                          : fieldNumber(field(row, column), *decimalMark_);
+    const auto number =
+        seenField.isExact ? exact(row, column) : fieldNumber(field(row, column), *decimalMark_);
     if (!number) return;
     Range& range = ranges[column];
     if (std::find(codes.begin(), codes.end(), *number) != codes.end())
@@ -126,9 +126,9 @@ void ImportFindings::findLikelyCodes() {
 bool ImportFindings::isLikelyCode(int row, int column) const {
   const auto code = likelyCodes_.find(column);
   if (code == likelyCodes_.end()) return false;
-  return (look(row, column).isExact ? exact(row, column)
-                                    : fieldNumber(field(row, column), *decimalMark_)) ==
-         code->second;
+  return (look(row, column).isExact
+              ? exact(row, column)
+              : fieldNumber(field(row, column), *decimalMark_)) == code->second;
 }
 
 void ImportFindings::findMissingAndWords() {
@@ -172,8 +172,7 @@ Result<std::optional<ImportedCell>> ImportFindings::cell(int row, const Landing&
   const int column = landing.column;
   if (landing.one) return dummyCell(row, landing);
   const std::string_view text = field(row, column);
-  if (landsAs(Use::label, column))
-    return std::optional(ImportedCell{.text = std::string(text)});
+  if (landsAs(Use::label, column)) return std::optional(ImportedCell{.text = std::string(text)});
   if (text.empty()) return std::optional(ImportedCell{});
   if (landsAs(Use::undecided, column)) return std::optional<ImportedCell>();
   const FieldLook seen = look(row, column);

@@ -150,8 +150,8 @@ Result<TextTable> textTable(std::string text, char separator, TextOrigin origin)
   auto table = rawTable(std::move(text), separator, origin);
   if (!table) return table;
   for (const Row& row : table->rows)
-    table->width = std::max(table->width,
-                            origin == TextOrigin::file ? usedLength(*table, row) : row.length);
+    table->width =
+        std::max(table->width, origin == TextOrigin::file ? usedLength(*table, row) : row.length);
   for (std::size_t i = 0; i < table->rows.size(); ++i) {
     const Row& row = table->rows[i];
     if (row.length < table->width && !isBlankLine(*table, row) && table->shortRows++ == 0) {

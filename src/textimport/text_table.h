@@ -25,7 +25,8 @@ struct TextTable {
   struct Row {
     std::size_t begin = 0;  // its first field in `fields`
     std::size_t length = 0;
-    int line = 1;  // where it begins in the text, from 1; of a table that came cut, its number there
+    int line =
+        1;  // where it begins in the text, from 1; of a table that came cut, its number there
     int from = -1;  // its place in a table that came cut; -1 where it is not from its rows
   };
   std::string content;
