@@ -30,11 +30,6 @@ enum Column { take = 1, name, label, kind, values, different, comesAs };
 constexpr int columnCount = comesAs;
 constexpr int firstRow = 2;  // below the headings
 
-const char* kindOf(const ImportVariable& variable) {
-  constexpr std::array words = {"empty", "numbers", "dates", "words"};
-  return variable.isCoded ? "codes" : words[static_cast<std::size_t>(variable.kind)];
-}
-
 std::string textOf(int different) {
   return different >= mostDifferent ? "more than " + std::to_string(mostDifferent - 1)
                                     : std::to_string(different);
@@ -223,7 +218,7 @@ void frmVariableChoice::showVariable(int row) {
   const std::array<std::string, columnCount> texts = {isTicked ? "Yes" : "",
                                                       variable.name,
                                                       variable.label,
-                                                      kindOf(variable),
+                                                      kindWord(variable),
                                                       std::to_string(variable.values),
                                                       textOf(variable.different),
                                                       useText(variable)};

@@ -1,6 +1,7 @@
 #include "report/new_cases.h"
 
 #include <algorithm>
+#include <map>
 #include <optional>
 #include <utility>
 
@@ -9,19 +10,30 @@
 namespace tolmer {
 namespace {
 
-// The whole file, by the columns of these names alone.
+bool isOneOf(const std::vector<std::string>& names, const std::string& name) {
+  return std::ranges::find(names, name) != names.end();
+}
+
+// The whole file, by the columns of these names alone; words where the data had them.
 ReportOptions optionsFor(const ReportOptions& options, const std::vector<std::string>& names) {
   ReportOptions result;
   result.file = options.predict;
   result.x = names;
   result.import = options.import;
   result.import.sheet.clear();
+  for (const auto& [column, made] : options.madeDummies) {
+    if (std::ranges::none_of(made.names, [&](const auto& name) { return isOneOf(names, name); }))
+      continue;
+    result.dummies.push_back(column);
+    result.madeDummies.emplace(column, made);
+  }
   return result;
 }
 
 class NewCasesTable {
  public:
-  explicit NewCasesTable(SourcedTable table) : source_(std::move(table)) {
+  NewCasesTable(SourcedTable table, const std::map<std::string, DummyColumns>& dummies)
+      : source_(std::move(table)), dummies_(dummies) {
     for (std::string& name : source_.table.names) name = onOneLine(std::move(name));
   }
 
@@ -38,7 +50,8 @@ class NewCasesTable {
     const auto& all = source_.table.names;
     const auto found = std::ranges::find(all, name);
     if (found == all.end())
-      return fault("there is no column \"" + name + "\", which the model needs");
+      return fault("there is no column \"" + name + "\"" + orItsWords(name) +
+                   ", which the model needs");
     if (std::find(found + 1, all.end(), name) != all.end())
       return fault("a second column is named \"" + name + "\"");
     const auto at = static_cast<std::size_t>(found - all.begin());
@@ -52,7 +65,14 @@ class NewCasesTable {
   }
   Error fault(std::string text) const { return {source_.name, std::move(text)}; }
 
+  std::string orItsWords(const std::string& name) const {
+    for (const auto& [column, made] : dummies_)
+      if (column != name && isOneOf(made.names, name)) return " and none \"" + column + "\"";
+    return {};
+  }
+
   SourcedTable source_;
+  const std::map<std::string, DummyColumns>& dummies_;
 };
 
 }  // namespace
@@ -61,7 +81,7 @@ Result<NewCases> readNewCases(const ReportOptions& options, const std::vector<st
                               const TableSource& source) {
   auto table = readTable(optionsFor(options, names), source);
   if (!table) return table.error();
-  return NewCasesTable(*std::move(table)).cases(names);
+  return NewCasesTable(*std::move(table), options.madeDummies).cases(names);
 }
 
 }  // namespace tolmer

@@ -203,6 +203,8 @@ bool takeFlag(ReportOptions& options, std::string_view word) {
     options.intercept = false;
   else if (word == "--default")
     options.defaultExample = true;
+  else if (word == "--list")
+    options.list = true;
   else
     return false;
   return true;
@@ -221,6 +223,14 @@ Problem contradiction(const ReportOptions& options) {
        options.every > 1 || !options.dummies.empty() || !options.where.empty()))
     return "how a table is read can only be said of a file";
   return std::nullopt;
+}
+
+Problem contradictionInList(const ReportOptions& options) {
+  if (!options.list) return std::nullopt;
+  if (options.file.empty()) return "--list goes with a file";
+  const ReportFormat format = options.request.format;
+  if (format == ReportFormat::text || format == ReportFormat::json) return std::nullopt;
+  return "--list writes text or json";
 }
 
 // What belongs to the table of new cases.
@@ -296,12 +306,14 @@ Result<ReportOptions> parseOptions(const std::vector<std::string>& words) {
   if (auto problem = Words(words).parse(options)) return Error{"", *problem};
   if (auto problem = contradiction(options)) return Error{"", *problem};
   if (!options.formatIsGiven) takeFormatOfFile(options);
+  if (auto problem = contradictionInList(options)) return Error{"", *problem};
   if (auto problem = contradictionInPredict(options)) return Error{"", *problem};
   return options;
 }
 
 const char* const reportUsage =
     R"(Usage: tolreport FILE --y NAME [--x NAME,NAME...] [options]
+       tolreport FILE --list
        tolreport --example N [options]
        tolreport --default [options]
 
@@ -311,6 +323,8 @@ FILE is a table with names in its first row: text (CSV and its like, of 16 MB at
 most), xlsx, ods, sav, dta, gdt, or the data editor's own .zmm; - is standard
 input. Cases with a gap in a variable of the model are left out, and the report
 tells them.
+  --list               list sheets and variables, with kind, number of values, how
+                       many of them differ, and label; as text, or --format json
   --labels COLUMN      column with the names of the cases
   --columns NAME,...   read these columns only
   --first N            the first N cases only

@@ -9,6 +9,7 @@
 #include "base/error.h"
 #include "report/import_options.h"
 #include "report/report_request.h"
+#include "textimport/named_table.h"
 
 namespace tolmer {
 
@@ -28,6 +29,8 @@ struct ReportOptions {
   std::vector<std::string> columns;               // all that is read; empty for all there are
   std::vector<std::string> dummies;               // columns that become dummy variables
   std::map<std::string, std::string> references;  // of some of these: the category without one
+  // What of these the table has made; for the table of new cases, which is read after it.
+  std::map<std::string, DummyColumns> madeDummies{};
   std::string where;     // the condition that cases have to meet; empty for none
   int first = 0;         // so many cases at most; 0 for all
   int every = 1;         // of those the first and each so many-th after it
@@ -36,6 +39,7 @@ struct ReportOptions {
   std::vector<PlotRequest> plots;  // in order: of two for one plot the later one counts
   int example = 0;                 // number of a scenario of the course's examples, from 1
   bool defaultExample = false;
+  bool list = false;          // the variables of the file, and no report
   std::string predict;        // table of new cases; empty for none
   std::string programFolder;  // where the course's notebook lies; empty: beside the program
   ReportRequest request;

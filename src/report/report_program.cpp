@@ -16,6 +16,7 @@
 #include "report/report_run.h"
 #include "report/table_dataset.h"
 #include "report/table_source.h"
+#include "report/variable_list.h"
 #include "system/host_path.h"
 
 namespace tolmer {
@@ -54,6 +55,20 @@ std::vector<std::string> predictorsOf(const WorkingCopy& copy) {
   return names;
 }
 
+ReportOutcome delivered(std::string report, const ReportOptions& options) {
+  if (options.outputFile.empty()) return {ReportOutcome::done, std::move(report), {}};
+  if (const auto error = writeFileAtomically(options.outputFile, report))
+    return failed(ReportOutcome::dataAtFault, *error);
+  return {};
+}
+
+ReportOutcome listVariables(const ReportOptions& options, const ReportSurroundings& around) {
+  const auto table = listTable(options, {around.standardInput, around.reader});
+  if (!table) return failed(ReportOutcome::dataAtFault, table.error());
+  const bool isJson = options.request.format == ReportFormat::json;
+  return delivered(isJson ? variableListJson(*table) : variableListText(*table), options);
+}
+
 // The common end of both ways to a data set.
 ReportOutcome reportOn(WorkingCopy& copy, const ReportOptions& options,
                        const ReportSurroundings& around) {
@@ -78,11 +93,7 @@ ReportOutcome reportOn(WorkingCopy& copy, const ReportOptions& options,
     writeReport(state, request, circumstances, around.output);
     return {};
   }
-  std::string report = makeReport(state, request, circumstances);
-  if (options.outputFile.empty()) return {ReportOutcome::done, std::move(report), {}};
-  if (const auto error = writeFileAtomically(options.outputFile, report))
-    return failed(ReportOutcome::dataAtFault, *error);
-  return {};
+  return delivered(makeReport(state, request, circumstances), options);
 }
 
 std::string listOf(const std::vector<std::string>& names) {
@@ -142,6 +153,7 @@ ReportOutcome runReport(const std::vector<std::string>& words, const ReportSurro
   auto options = parseOptions(words);
   if (!options) return usageFault(options.error());
   if (!options->answer.empty()) return {ReportOutcome::done, options->answer, {}};
+  if (options->list) return listVariables(*options, around);
   if (!options->file.empty()) return reportOnTable(*options, around);
   if (options->programFolder.empty()) options->programFolder = around.programFolder();
   // The data lie beside this folder, and a bare name has no folder above it.

@@ -121,6 +121,10 @@ WantedColumns columnsOf(const ReportOptions& options) {
   if (!options.y.empty()) wanted.numbers.push_back(options.y);
   wanted.dummies = options.dummies;
   wanted.references = options.references;
+  for (const auto& [name, made] : options.madeDummies) {
+    wanted.categories[name] = made.categories;
+    wanted.references[name] = made.reference;
+  }
   return wanted;
 }
 
@@ -139,10 +143,11 @@ Result<ReportOptions> withDummies(ReportOptions options, const NamedTable& table
       if (dummies == table.dummies.end())
         names.push_back(name);
       else
-        names.insert(names.end(), dummies->second.begin(), dummies->second.end());
+        names.insert(names.end(), dummies->second.names.begin(), dummies->second.names.end());
     }
     *list = std::move(names);
   }
+  options.madeDummies = table.dummies;
   return options;
 }
 

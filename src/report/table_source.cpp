@@ -183,35 +183,89 @@ Result<SourcedTable> tableFromBook(const std::string& name, const ReadBook& read
   return sourced;
 }
 
-Result<SourcedTable> tableFromBytes(const std::string& name, std::string bytes,
-                                    const ReportOptions& options) {
-  if (bytes.starts_with("ZMDATA ")) {
-    const auto content = editorFileContent(bytes);
-    if (!content) return Error{name, content.error().text};
-    return tableFromBook(
-        name, [&](const CutRequest&) { return Result(bookOf(content->sheet)); }, options);
-  }
-  auto table = tableFromText(name, std::move(bytes), options);
-  if (!table) return table.error();
-  return SourcedTable{name, std::move(*table)};
+// What is to be read: a text, or a file that comes cut.
+struct OpenedTable {
+  std::string name;
+  std::string text{};
+  ReadBook read{};
+};
+
+Result<OpenedTable> openedBytes(std::string name, std::string bytes) {
+  if (!bytes.starts_with("ZMDATA ")) return OpenedTable{std::move(name), std::move(bytes)};
+  const auto content = editorFileContent(bytes);
+  if (!content) return Error{name, content.error().text};
+  return OpenedTable{std::move(name), {}, [sheet = content->sheet](const CutRequest&) {
+                       return Result(bookOf(sheet));
+                     }};
 }
 
-Result<SourcedTable> tableFromInput(const ReportOptions& options, const TableSource& source) {
+Result<OpenedTable> openedInput(const TableSource& source) {
   const std::string name = "standard input";
   auto bytes = source.standardInput();
   if (!bytes) return Error{name, bytes.error().text};
   if (isForeign(*bytes))
-    return tableFromBook(
+    return OpenedTable{
         name,
-        [&](const CutRequest& request) {
-          return importBytes(name, *bytes, request, readerOf(source));
-        },
-        options);
+        {},
+        [name, whole = *std::move(bytes), reader = readerOf(source)](const auto& request) {
+          return importBytes(name, whole, request, reader);
+        }};
   if (bytes->size() > mostTextBytes) return Error{name, "it is larger than 16 MB"};
-  return tableFromBytes(name, std::move(*bytes), options);
+  return openedBytes(name, *std::move(bytes));
+}
+
+Result<OpenedTable> opened(const std::string& name, const TableSource& source) {
+  if (name == "-") return openedInput(source);
+  std::error_code isNoFile;
+  const auto size = std::filesystem::file_size(host::pathOf(name), isNoFile);
+  if (!isNoFile && size >= largeTextBytes) host::takeLargePage();
+  auto bytes = readWholeFile(name, mostTextBytes);
+  if (bytes ? isForeign(*bytes) : isForeignFile(name))
+    return OpenedTable{name, {}, [name, reader = readerOf(source)](const CutRequest& request) {
+                         return importFile(name, request, reader);
+                       }};
+  if (!bytes) return bytes.error();
+  return openedBytes(name, *std::move(bytes));
+}
+
+// Cut in a wrong way, or of another sheet, nothing that is listed would be true.
+std::optional<Error> openQuestion(const std::string& name, const ImportPreview& preview) {
+  for (const ImportQuestion& question : preview.questions) {
+    const bool decides =
+        question.doubt == ImportDoubt::separator || question.doubt == ImportDoubt::heading;
+    if (decides && !question.chosen) return Error{name, askedByOption(question)};
+  }
+  return std::nullopt;
 }
 
 }  // namespace
+
+Result<ListedTable> listTable(const ReportOptions& options, const TableSource& source) {
+  auto table = opened(options.file, source);
+  if (!table) return table.error();
+  ImportTarget target{.observations = anyNumber, .variables = anyNumber};
+  target.hints = options.import.hints;
+  ListedTable listed{.name = table->name};
+  ImportAnswers answers = options.import.answers;
+  auto book = table->read ? table->read({.sheet = options.import.sheet}) : Result(CutBook());
+  if (!book) return book.error();
+  if (table->read) {
+    listed.title = cellText(book->table.title);
+    for (const std::size_t sheet : sheetsToRead(*book))
+      listed.sheets.push_back(book->sheets[sheet]);
+    if (listed.sheets.size() > 1) listed.sheet = book->sheets[book->sheet].name;
+    answers = answersFor(*book, options.import);
+  }
+  const auto import = table->read ? Result(TextImport::of(*std::move(book), table->read, target))
+                                  : TextImport::read(std::move(table->text), target);
+  if (!import) return inFile(listed.name, import.error());
+  auto preview = import->preview(answers);
+  if (!preview) return inFile(listed.name, preview.error());
+  if (const auto open = openQuestion(listed.name, *preview)) return *open;
+  listed.cases = preview->cases;
+  listed.variables = std::move(preview->variables);
+  return listed;
+}
 
 Result<NamedTable> tableFromText(const std::string& name, std::string bytes,
                                  const ReportOptions& options) {
@@ -228,19 +282,12 @@ Result<NamedTable> tableFromText(const std::string& name, std::string bytes,
 }
 
 Result<SourcedTable> readTable(const ReportOptions& options, const TableSource& source) {
-  const std::string& name = options.file;
-  if (name == "-") return tableFromInput(options, source);
-  std::error_code isNoFile;
-  const auto size = std::filesystem::file_size(host::pathOf(name), isNoFile);
-  if (!isNoFile && size >= largeTextBytes) host::takeLargePage();
-  auto bytes = readWholeFile(name, mostTextBytes);
-  if (bytes ? isForeign(*bytes) : isForeignFile(name))
-    return tableFromBook(
-        name,
-        [&](const CutRequest& request) { return importFile(name, request, readerOf(source)); },
-        options);
-  if (!bytes) return bytes.error();
-  return tableFromBytes(name, std::move(*bytes), options);
+  auto table = opened(options.file, source);
+  if (!table) return table.error();
+  if (table->read) return tableFromBook(table->name, table->read, options);
+  auto named = tableFromText(table->name, std::move(table->text), options);
+  if (!named) return named.error();
+  return SourcedTable{std::move(table->name), *std::move(named)};
 }
 
 }  // namespace tolmer

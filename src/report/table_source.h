@@ -10,6 +10,7 @@
 #include "base/error.h"
 #include "foreign/import_process.h"
 #include "report/options.h"
+#include "textimport/import_choice.h"
 #include "textimport/named_table.h"
 
 namespace tolmer {
@@ -34,5 +35,18 @@ Result<SourcedTable> readTable(const ReportOptions& options, const TableSource& 
 // The same of text; `name` is what errors name.
 Result<NamedTable> tableFromText(const std::string& name, std::string bytes,
                                  const ReportOptions& options);
+
+// What a file has to choose from.
+struct ListedTable {
+  std::string name;
+  std::string title{};
+  std::vector<SheetInfo> sheets{};  // that hold anything
+  std::string sheet{};              // the one whose variables these are, where there are several
+  int cases = 0;
+  std::vector<ImportVariable> variables{};
+};
+// Nobody is asked which sheet; where it is open what divides the fields or which row has the names,
+// that is the error.
+Result<ListedTable> listTable(const ReportOptions& options, const TableSource& source);
 
 }  // namespace tolmer

@@ -273,7 +273,8 @@ Result<std::optional<ImportedCell>> ImportFindings::dummyCell(int row,
   if (text.empty() || (seen.missing && (book_ && seen.kind != CutKind::text)))
     return std::optional(ImportedCell{});
   if (seen.missing) return emptied(ImportDoubt::missing, 0, row, landing.column, "a missing value");
-  return std::optional(ImportedCell{.number = text == landing.one->value ? 1.0 : 0.0});
+  return std::optional(
+      ImportedCell{.number = isIn(*landing.one, landing.column, text) ? 1.0 : 0.0});
 }
 
 }  // namespace tolmer

@@ -42,6 +42,9 @@ struct ImportVariable {
   ColumnUse use = ColumnUse::numbers;  // what does
 };
 
+// "numbers", "codes", "words", "dates" or "empty"
+const char* kindWord(const ImportVariable& variable);
+
 struct CaseChoice {
   enum class Way { first, every, where };
   Way way = Way::first;     // of each, no more than there is room for

@@ -64,8 +64,8 @@ std::optional<Error> ImportFindings::findVariables() {
     findLabels();
     findWordColumns();
     findCodedColumns();
-  } else {
-    findWantedDummies();
+  } else if (auto error = findWantedDummies()) {
+    return error;
   }
   findDates();
   land();

@@ -143,7 +143,9 @@ class ImportFindings {
 
   // Of variables, in variable_guesses.cpp and dummy_variables.cpp.
   std::optional<Error> findVariables();
-  void findWantedDummies();
+  std::optional<Error> findWantedDummies();
+  std::optional<Error> takeKnownCategories(int column, const std::vector<Category>& known);
+  bool isIn(const Category& category, int column, std::string_view text) const;
   std::optional<Error> nameColumn(int column, const std::string& name, NamedTable& table) const;
   void describeVariables();
   ImportVariable described(int column, std::string name) const;

@@ -83,23 +83,60 @@ void ImportFindings::leaveOutUnplain() {
   }
 }
 
+// Where other data have told the categories, they may be written by their names as well.
+bool ImportFindings::isIn(const Category& category, int column, std::string_view text) const {
+  const auto& wanted = target_.hints.wanted;
+  const bool isKnown = wanted && wanted->categories.contains(variable(column).name);
+  return text == category.value || (isKnown && text == category.name);
+}
+
+// A variable of two words may come as the numbers that it is in the other data.
+std::optional<Error> ImportFindings::takeKnownCategories(int column,
+                                                         const std::vector<Category>& known) {
+  ImportVariable& one = variable(column);
+  one.categories = known;
+  const auto& numbers = target_.hints.wanted->numbers;
+  for (int row = firstDataRow(); row < static_cast<int>(table_.rows.size()); ++row) {
+    const std::string_view text = field(row, column);
+    const bool isCategory = std::any_of(known.begin(), known.end(), [&](const Category& category) {
+      return isIn(category, column, text);
+    });
+    if (text.empty() || look(row, column).missing || isCategory) continue;
+    if (look(row, column).shape.isNumber() &&
+        std::find(numbers.begin(), numbers.end(), one.name) != numbers.end()) {
+      use(column) = Use::number;
+      return std::nullopt;
+    }
+    std::string all;
+    for (const Category& category : known) all += (all.empty() ? "" : ", ") + category.name;
+    return Error{place(row, column),
+                 quotation(text) + " is no category of " + one.name + "; these are " + all};
+  }
+  return std::nullopt;
+}
+
 // Of every column that is to become dummies its categories and the reference.
-void ImportFindings::findWantedDummies() {
-  const auto& references = target_.hints.wanted->references;
+std::optional<Error> ImportFindings::findWantedDummies() {
+  const WantedColumns& wanted = *target_.hints.wanted;
   for (int column = 0; column < columns(); ++column) {
     if (!landsAs(Use::dummies, column)) continue;
     ImportVariable& one = variable(column);
-    one.categories = categoriesOf(column);
+    if (const auto known = wanted.categories.find(one.name); known == wanted.categories.end())
+      one.categories = categoriesOf(column);
+    else if (auto error = takeKnownCategories(column, known->second))
+      return error;
+    if (!landsAs(Use::dummies, column)) continue;
     if (one.categories.size() < 2) {
       use(column) = Use::none;
       continue;
     }
-    if (const auto named = references.find(one.name); named != references.end())
+    if (const auto named = wanted.references.find(one.name); named != wanted.references.end())
       for (const Category& category : one.categories)
         if (category.value == named->second || category.name == named->second)
           choice_.references[columnNumber(column)] = category.value;
     one.reference = referenceOf(column);
   }
+  return std::nullopt;
 }
 
 Result<std::vector<TextNumber>> ImportFindings::numbersOf(const Landing& landing) const {
@@ -148,7 +185,10 @@ std::optional<Error> ImportFindings::nameColumn(int column, const std::string& n
     table.numbers.push_back(numbers ? std::move(*numbers) : std::vector<TextNumber>());
     if (!isDummies) continue;
     table.names.push_back(onOneLine(landing.name));
-    table.dummies[name].push_back(table.names.back());
+    DummyColumns& dummies = table.dummies[name];
+    dummies.names.push_back(table.names.back());
+    dummies.categories = variable(column).categories;
+    dummies.reference = variable(column).reference;
   }
   return std::nullopt;
 }

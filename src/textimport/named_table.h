@@ -9,8 +9,16 @@
 #include <vector>
 
 #include "fieldfile/field_reader.h"
+#include "textimport/import_choice.h"
 
 namespace tolmer {
+
+// What a column of words has become.
+struct DummyColumns {
+  std::vector<std::string> names;  // of the dummy variables
+  std::vector<Category> categories;
+  std::string reference;  // the value of one of these
+};
 
 struct NamedTable {
   int rows = 0;
@@ -20,8 +28,7 @@ struct NamedTable {
   std::vector<std::string> labels;  // of the cases; empty where none were wanted
   std::vector<int> caseNumbers{};   // where some cases were not taken: those of the others, from 1
   std::vector<std::string> told{};  // sentences: which cases were taken, what dummies stand for
-  // The names of the dummy variables that a column has become.
-  std::map<std::string, std::vector<std::string>> dummies{};
+  std::map<std::string, DummyColumns> dummies{};  // of columns, by their names
 
   bool isVariable(std::size_t column) const { return !numbers[column].empty(); }
 };

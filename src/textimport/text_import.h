@@ -61,6 +61,8 @@ struct WantedColumns {
   std::string labels{};                // the column that names the cases; empty for none
   std::vector<std::string> dummies{};  // each becomes dummy variables
   std::map<std::string, std::string> references{};  // of some of these: the category without one
+  // Likewise: all categories there are, where other data have told them.
+  std::map<std::string, std::vector<Category>> categories{};
 };
 
 // What a caller knows beforehand, where else the table is looked at or somebody is asked.

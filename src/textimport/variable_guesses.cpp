@@ -19,6 +19,11 @@ constexpr int datesAsLabels = 2;
 
 }  // namespace
 
+const char* kindWord(const ImportVariable& variable) {
+  constexpr std::array words = {"empty", "numbers", "dates", "words"};
+  return variable.isCoded ? "codes" : words[static_cast<std::size_t>(variable.kind)];
+}
+
 int ImportFindings::columnNumber(int column) const {
   return book_ ? book_->table.columns[static_cast<std::size_t>(column)].number : column + 1;
 }

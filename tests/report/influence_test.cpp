@@ -52,5 +52,24 @@ TEST_F(ReportOnCases, FaultsOfTheTableOfNewCasesSayWhere) {
               HasSubstr("not for a script for R"));
 }
 
+TEST_F(ReportOnCases, NewCasesHaveWordsOrNumbersWhereTheDataHadWords) {
+  const std::string houses =
+      write("h.csv",
+            "Rent,Age,Town,Pets\n9,20,Bern,yes\n8,31,Zug,no\n7,12,Basel,yes\n"
+            "6,44,Bern,no\n5,50,Zug,yes\n9,25,Basel,no\n4,61,Bern,yes\n");
+  const auto predicted = [&](const char* bytes) {
+    return report({houses, "--y", "Rent", "--dummies", "Town,Pets", "--x", "Age,Town,Pets",
+                   "--sections", "predictions", "--predict", write("n.csv", bytes)});
+  };
+  const std::string words = predicted("Pets,Town,Age\nno,Zug,30\nyes,Bern,40\n").output;
+  EXPECT_THAT(words, HasSubstr("Predictions"));
+  EXPECT_EQ(words, predicted("Pets,Town,Age\n0,Zug,30\n1,Bern,40\n").output);
+  EXPECT_EQ(words, predicted("Age,Pets,Town: Bern,Town: Zug\n30,0,0,1\n40,1,1,0\n").output);
+  EXPECT_THAT(predicted("Pets,Town,Age\nno,Biel,30\n").errors,
+              HasSubstr("\"Biel\" is no category of Town; these are Basel, Bern, Zug"));
+  EXPECT_THAT(predicted("Pets,Age\nno,30\n").errors,
+              HasSubstr("no column \"Town: Bern\" and none \"Town\""));
+}
+
 }  // namespace
 }  // namespace tolmer

@@ -150,5 +150,20 @@ TEST_F(ReportOnCourse, MissingDataFileIsAFaultOfTheData) {
   EXPECT_THAT(outcome.errors, HasSubstr("lost.csv. Check file and path."));
 }
 
+TEST_F(ReportProgram, ListsWhatAFileHasToChooseFrom) {
+  const std::string file = TOLMER_SOURCE_DIR "/fuzz/corpus/foreign_file/haven.sav";
+  const std::string text = report({file, "--list"}).output;
+  EXPECT_THAT(text, HasSubstr("haven.sav: 5 variables, 3 cases\n"));
+  EXPECT_THAT(text,
+              HasSubstr("kind   codes         2          2  Kind of house (1 = new, 2 = old"));
+  const Json list = json({file, "--list"});
+  EXPECT_EQ(list["cases"].text, "3");
+  EXPECT_EQ(list["variables"][3]["kind"].text, "dates");
+  EXPECT_EQ(list["variables"][4]["categories"][0]["name"].text, "new");
+  EXPECT_THAT(report({write("years.csv", "2019,2020\n5,6\n7,8\n"), "--list"}).errors,
+              HasSubstr("--header-row"));
+  EXPECT_THAT(report({"--example", "1", "--list"}).errors, HasSubstr("goes with a file"));
+}
+
 }  // namespace
 }  // namespace tolmer
