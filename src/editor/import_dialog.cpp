@@ -141,8 +141,8 @@ std::vector<bool> dummiesOf(const std::vector<ImportedVariable>& variables) {
 // Which part of its file the table is, to stand behind the file's name.
 std::string partText(const ImportedTable& imported) {
   std::string text = imported.sheet.empty() ? std::string() : ", sheet " + imported.sheet;
-  for (const std::string& sentence : imported.choice) text += ". " + sentence;
-  if (!imported.choice.empty() && text.ends_with('.')) text.pop_back();
+  for (const std::string& sentence : imported.choice)
+    text += (text.ends_with('.') ? " " : ". ") + sentence;
   return text;
 }
 

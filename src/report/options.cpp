@@ -365,7 +365,8 @@ For both:
                        quotes. Without it: 1=Fitted:Residuals,
                        2=(dependent):Fitted, 3=(first independent):(dependent).
   --predict FILE       predicts the cases of this table, of which columns named as
-                       the independent variables are taken, with 95% limits
+                       the independent variables are taken, with 95% limits;
+                       words may stand where --dummies found words
   --format FORMAT      text, json, html, markdown, or r, a script for R. Without
                        it the ending of -o's file decides, else it is text.
   -o FILE              write the report to this file, which is overwritten, and

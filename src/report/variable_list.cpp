@@ -4,8 +4,9 @@
 #include <array>
 #include <vector>
 
+#include "base/json_writer.h"
+#include "base/sentence_parts.h"
 #include "base/text_encoding.h"
-#include "report/json_writer.h"
 #include "report/text_layout.h"
 #include "textimport/text_table.h"
 
@@ -16,10 +17,6 @@ constexpr std::size_t columns = 5;
 using Line = std::array<std::string, columns>;
 constexpr std::array<Align, columns> aligned = {Align::left, Align::left, Align::right,
                                                 Align::right, Align::left};
-
-std::string counted(int count, const char* noun) {
-  return std::to_string(count) + " " + noun + (count == 1 ? "" : "s");
-}
 
 // What the codes stand for says more than a label alone.
 std::string meaningOf(const ImportVariable& variable) {

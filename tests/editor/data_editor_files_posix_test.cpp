@@ -406,7 +406,17 @@ TEST_F(DataEditorFiles, AnotherProgramsFileIsNamedByItsContentAndTheSheetStands)
 }
 
 TEST_F(DataEditorFiles, AWorkbookIsAskedAboutAndLandsInTheSheet) {
+  std::string rows = "a,b\n";
+  for (int i = 1; i <= 600; ++i) rows += std::to_string(i) + "," + std::to_string(i % 7) + "\n";
+  write(folder.file("long.csv"), rows);
   visit([&] {
+    opens(folder.file("long.csv"));
+    script.window("frmVariableChoice", [&] { user.click("frmVariableChoice", "cmdOK"); });
+    script.window("frmTextImport", [&] { answerAll(); });
+    click("cmdOpen");
+    EXPECT_EQ(editor.sheet().content().source,
+              "long.csv. Of 600 cases the first 500 were taken; 100 were not.");
+    script.box(loadAnyway, Answer::yes);
     opens(TOLMER_SOURCE_DIR "/fuzz/corpus/foreign_file/xlsxwriter.xlsx");
     script.window("frmTextImport", [&] { answerAll(); });
     click("cmdOpen");

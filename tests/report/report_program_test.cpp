@@ -161,7 +161,7 @@ TEST_F(ReportProgram, ListsWhatAFileHasToChooseFrom) {
   EXPECT_EQ(list["variables"][3]["kind"].text, "dates");
   EXPECT_EQ(list["variables"][4]["categories"][0]["name"].text, "new");
   EXPECT_THAT(report({write("years.csv", "2019,2020\n5,6\n7,8\n"), "--list"}).errors,
-              HasSubstr("--header-row"));
+              HasSubstr("--separator comma"));
   EXPECT_THAT(report({"--example", "1", "--list"}).errors, HasSubstr("goes with a file"));
 }
 
