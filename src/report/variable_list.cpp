@@ -100,7 +100,7 @@ std::string variableListJson(const ListedTable& table) {
   }
   json.endArray();
   json.endObject();
-  return std::move(json).text() + "\n";
+  return std::move(json).text();
 }
 
 }  // namespace tolmer
