@@ -66,7 +66,8 @@ std::string variableListText(const ListedTable& table) {
 }
 
 std::string variableListJson(const ListedTable& table) {
-  JsonWriter json;
+  std::string text;
+  JsonWriter json([&text](std::string_view piece) { text += piece; });
   json.beginObject();
   json.member("file", table.name);
   json.member("title", table.title);
@@ -100,7 +101,8 @@ std::string variableListJson(const ListedTable& table) {
   }
   json.endArray();
   json.endObject();
-  return std::move(json).text();
+  json.finish();
+  return text;
 }
 
 }  // namespace tolmer
