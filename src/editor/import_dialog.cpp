@@ -33,8 +33,9 @@ std::string captionOf(const ImportPreview& preview) {
 }
 
 std::string stateOf(const ImportPreview& preview) {
-  const auto open = std::count_if(preview.questions.begin(), preview.questions.end(),
-                                  [](const ImportQuestion& question) { return !question.chosen; });
+  const auto open = static_cast<int>(
+      std::count_if(preview.questions.begin(), preview.questions.end(),
+                    [](const ImportQuestion& question) { return !question.chosen; }));
   if (open > 0)
     return counted(static_cast<int>(open), "question") +
            (open == 1 ? " waits for an answer." : " wait for an answer.");

@@ -31,6 +31,8 @@ void makeStreamsBinary() {}
 
 void keepMemory() {}
 
+void takeLargePage() {}
+
 std::tm localTime(std::time_t seconds) {
   std::tm parts{};
   ::localtime_r(&seconds, &parts);
