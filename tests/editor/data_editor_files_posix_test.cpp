@@ -416,7 +416,6 @@ TEST_F(DataEditorFiles, AWorkbookIsAskedAboutAndLandsInTheSheet) {
     click("cmdOpen");
     EXPECT_EQ(editor.sheet().content().source,
               "long.csv. Of 600 cases the first 500 were taken; 100 were not.");
-    script.box(loadAnyway, Answer::yes);
     opens(TOLMER_SOURCE_DIR "/fuzz/corpus/foreign_file/xlsxwriter.xlsx");
     script.window("frmTextImport", [&] { answerAll(); });
     click("cmdOpen");
