@@ -154,9 +154,7 @@ void FieldReader::finishField(std::size_t end) {
   ++place_.field;
 }
 
-std::size_t FieldReader::bareEnd() const {
-  return nextOf(fieldEnds_, text_, at_);
-}
+std::size_t FieldReader::bareEnd() const { return nextOf(fieldEnds_, text_, at_); }
 
 Result<std::string> FieldReader::readText() {
   skipBlanks();

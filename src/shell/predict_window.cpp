@@ -138,11 +138,9 @@ void frmPredict::placeControls() {
   const Twips limits = commands - gap - textHeight;
   const Twips words = limits - gap - wordsHeight;
   lblModel.setPlace({margin, margin, room, textHeight});
-  spdCases.setPlace(
-      {margin, lblModel.bottom() + gap, room, words - gap - lblModel.bottom() - gap});
+  spdCases.setPlace({margin, lblModel.bottom() + gap, room, words - gap - lblModel.bottom() - gap});
   txtWords.setPlace({margin, words, room, wordsHeight});
-  for (Label* label : {&lblLimits, &lblStatus})
-    label->setPlace({margin, limits, room, textHeight});
+  for (Label* label : {&lblLimits, &lblStatus}) label->setPlace({margin, limits, room, textHeight});
   lblCase.setPlace({margin, commands + pixels(5), widthOf(lblCase), textHeight});
   nbrCase.setPlace({lblCase.right() + gap, commands, pixels(70), commandHeight});
   cmdAdd.setPlace({nbrCase.right() + gap, commands, pixels(70), commandHeight});

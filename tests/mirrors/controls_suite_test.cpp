@@ -2,12 +2,12 @@
 // and nothing echoes.
 #include <gtest/gtest.h>
 
+#include "mirrors/stage.h"
 #include "platform/buttons.h"
 #include "platform/control_array.h"
 #include "platform/fields.h"
 #include "platform/labels.h"
 #include "platform/panels.h"
-#include "mirrors/stage.h"
 
 namespace tolmer::test {
 namespace {

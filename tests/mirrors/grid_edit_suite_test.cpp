@@ -2,10 +2,10 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "mirrors/stage.h"
 #include "platform/buttons.h"
 #include "platform/fields.h"
 #include "platform/grid/edit_grid.h"
-#include "mirrors/stage.h"
 
 namespace tolmer::test {
 namespace {
