@@ -56,6 +56,7 @@ async function timeKey(page, keys, test, argument) {
   return page.evaluate(() => window.result);
 }
 async function timeAnswer(page, key) {
+  await pause(60);  // so long as the fastest fingers; the frame of the key before is painted by then
   await page.evaluate(() => void (window.result = window.answered()));
   await press(page, key);
   return page.evaluate(() => window.result);
@@ -127,12 +128,15 @@ async function typing() {
   const { page, close } = await newPage();
   await toEditor(page, server.address);
   const letters = Array.from({ length: 2000 }, (_, i) => String((i * 7 + (i >> 3)) % 10)).join("");
+  // The last ones may still wait for their turn.
   await page.keyboard.type(letters);
+  await pause(2000);
   const cell = await page.$eval(".grid-line", (line) => line.value);
   await press(page, "Escape");
   await press(page, "Alt+t");
   await until(page, "the title", () => document.activeElement.matches("input.box"));
   await page.keyboard.type(letters);
+  await pause(500);
   const title = await page.$eval("input.box", (box) => box.value);
   console.log(`2,000 letters typed: cell ${cell === letters ? "whole" : `lost, has ${cell.length}`}, title ${title === letters ? "whole" : `lost, has ${title.length}`}`);
   await close();
