@@ -19,11 +19,6 @@ const TakenKey* fitting(const std::vector<TakenKey>& keys, const KeyPress& key) 
   return nullptr;
 }
 
-// They know best where in them the mouse is.
-bool raisesItsOwnMouse(const Control& control) {
-  return control.kind() == ControlKind::grid || control.kind() == ControlKind::graph;
-}
-
 // On the list while it is being told.
 class Told {
  public:
@@ -48,6 +43,10 @@ void clickOn(Control& control) {
 }
 
 }  // namespace
+
+bool raisesItsOwnMouse(const Control& control) {
+  return control.kind() == ControlKind::grid || control.kind() == ControlKind::graph;
+}
 
 const TakenKey* takenKey(Control& focus, const KeyPress& key) {
   const Window* window = focus.window();

@@ -29,6 +29,9 @@ bool turnWheel(Control& control, float lines);
 // it listens. Null where they are not taken.
 Window* takerOfDrops(Window* modal, const std::vector<Window*>& shown);
 
+// A grid or graph, which know best where in them the mouse is.
+bool raisesItsOwnMouse(const Control& control);
+
 // The mouse over controls. Raises MouseDown, MouseUp and MouseMove, and Click of those kinds that
 // have no press of their own (label that is no link, panel, image, the ground of a window), where
 // the left button came down and up on the same one. A grid or graph raises its own.

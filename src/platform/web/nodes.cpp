@@ -4,6 +4,7 @@
 #include <array>
 #include <utility>
 
+#include "base/markup_text.h"
 #include "platform/grid/grid.h"
 #include "platform/text_metrics.h"
 #include "platform/window.h"
@@ -270,13 +271,7 @@ std::string hexColour(Colour colour) {
   if (colour.kind == Colour::Kind::buttonFace) return "#f3f4f6";
   if (colour.kind == Colour::Kind::window) return "#ffffff";
   if (colour.kind != Colour::Kind::rgb) return "#1f242b";
-  constexpr std::string_view digits = "0123456789abcdef";
-  std::string hex = "#";
-  for (const int part : {colour.red, colour.green, colour.blue}) {
-    hex += digits[static_cast<std::size_t>(part / 16)];
-    hex += digits[static_cast<std::size_t>(part % 16)];
-  }
-  return hex;
+  return hexColour(colour.red, colour.green, colour.blue);
 }
 
 }  // namespace tolmer

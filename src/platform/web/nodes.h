@@ -137,7 +137,7 @@ void writeEntries(JsonWriter& json, Nodes& nodes, const MenuItem& menu);
 // Of a control and all containers around it.
 bool isEnabledWithin(const Control& control);
 float magnificationOf(const Control& control);
-// "#rrggbb"
+// As the page has it, colours of the theme, too.
 std::string hexColour(Colour colour);
 
 }  // namespace tolmer

@@ -164,7 +164,7 @@ void PageInput::mouse(Control& control, const PageMessage& message) {
   const int id = NodePeer::idOf(&control);
   if (act == "press" && frame) static_cast<FrameWindow*>(frame)->activate(*control.window());
   if (!nodes_.control(id)) return;
-  const bool isOwn = control.kind() == ControlKind::grid || control.kind() == ControlKind::graph;
+  const bool isOwn = raisesItsOwnMouse(control);
   if (act == "press")
     return isOwn ? raise(control.MouseDown, button) : route.press(control, button);
   if (act == "double") return route.doubleClick(control);
