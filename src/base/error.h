@@ -22,8 +22,9 @@ class Result {
   Result(Error error) : content_(std::move(error)) {}  // NOLINT(google-explicit-constructor)
 
   explicit operator bool() const { return content_.index() == 0; }
-  Value& operator*() { return std::get<0>(content_); }
-  const Value& operator*() const { return std::get<0>(content_); }
+  Value& operator*() & { return std::get<0>(content_); }
+  const Value& operator*() const& { return std::get<0>(content_); }
+  Value&& operator*() && { return std::get<0>(std::move(content_)); }
   Value* operator->() { return &std::get<0>(content_); }
   const Value* operator->() const { return &std::get<0>(content_); }
   const Error& error() const { return std::get<1>(content_); }

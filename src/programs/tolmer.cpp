@@ -16,6 +16,7 @@
 #include "platform/qt/qt_desktop.h"
 #include "sheetfiles/autosave_folder.h"
 #include "shell/module.h"
+#include "system/running_program.h"
 
 namespace {
 
@@ -109,6 +110,12 @@ class FirstPageWatch : public QObject {
   bool left_ = false;
 };
 
+// Fonts, the windows' pictures and the course: about eight megabytes until the first page stands.
+void takeMemoryOfTheStart() {
+  tolmer::host::keepMemory(1 << 24);
+  tolmer::host::takeLargePages(4);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -126,6 +133,7 @@ int main(int argc, char** argv) {
                stderr);
     return 1;
   }
+  takeMemoryOfTheStart();
   tolmer::QtProgram program(argc, argv);
   auto& desktop = dynamic_cast<tolmer::QtDesktop&>(program.desktop());
   desktop.setZoom(options.zoom);

@@ -57,7 +57,7 @@ int run(const std::vector<std::string>& words) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  tolmer::host::keepMemory();
+  tolmer::host::keepMemory(1 << 26);
   tolmer::host::makeStreamsBinary();
   std::setvbuf(stdout, nullptr, _IONBF, 0);  // what is written comes in large pieces
   try {

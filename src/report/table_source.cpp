@@ -218,7 +218,7 @@ Result<OpenedTable> opened(const std::string& name, const TableSource& source) {
   if (name == "-") return openedInput(source);
   std::error_code isNoFile;
   const auto size = std::filesystem::file_size(host::pathOf(name), isNoFile);
-  if (!isNoFile && size >= largeTextBytes) host::takeLargePage();
+  if (!isNoFile && size >= largeTextBytes) host::takeLargePages(1);
   auto bytes = readWholeFile(name, mostTextBytes);
   if (bytes ? isForeign(*bytes) : isForeignFile(name))
     return OpenedTable{name, {}, [name, reader = readerOf(source)](const CutRequest& request) {

@@ -22,13 +22,13 @@ bool outputIsTerminal();
 // Bytes go out and come in as they are, line ends among them.
 void makeStreamsBinary();
 
-// For a program that ends soon: freed memory stays with it, since large blocks would each come
-// fresh from the system and go back.
-void keepMemory();
+// Freed memory up to so many bytes stays with the program, since large blocks would each come fresh
+// from the system and go back: for a program that ends soon, or for what a start takes.
+void keepMemory(int bytes);
 
-// For a program that will take some megabytes: two of them come in one large page where the system
-// has such, since hundreds of small ones take longer than it takes to read as much data.
-void takeLargePage();
+// Of what the program takes next, so many times two megabytes come in one large page each where the
+// system has such: hundreds of small ones take longer than it takes to fill them.
+void takeLargePages(int count);
 
 // Broken down in local time; all zero where that cannot be done.
 std::tm localTime(std::time_t seconds);

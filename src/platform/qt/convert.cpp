@@ -1,6 +1,5 @@
 #include "platform/qt/convert.h"
 
-#include <QStringList>
 #include <QTextDocument>
 #include <algorithm>
 
@@ -23,8 +22,7 @@ float scaleOf(const Control& control) {
 }
 
 QFont toQt(const Font& font, float scale) {
-  QFont result(font.family == FontFamily::serif ? theme::serifFamilies
-                                                : QStringList{theme::interfaceFamily});
+  QFont result(font.family == FontFamily::serif ? theme::serifFamily() : theme::interfaceFamily);
   const float size = font.pixels * scale;
   result.setPixelSize(static_cast<int>(std::floor(scale == 1 ? size + 0.5F : size + 0.01F)));
   result.setBold(font.bold);

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFont>
+#include <QFontDatabase>
 #include <QVariant>
 #include <QWidget>
 
@@ -87,6 +88,13 @@ void setZoom(float times) {
   installFont();
   QApplication::style()->setParent(qApp);
   QApplication::setStyle(new ControlStyle);
+}
+
+const QString& serifFamily() {
+  static const QString name = QFontDatabase::hasFamily(QStringLiteral("Liberation Serif"))
+                                  ? QStringLiteral("Liberation Serif")
+                                  : QStringLiteral("Times New Roman");
+  return name;
 }
 
 void install() {

@@ -21,12 +21,11 @@ inline constexpr QColor ground{0xD9, 0xDD, 0xE3};  // behind the quadrants
 inline constexpr QColor accent{0x1F, 0x5F, 0xA8};
 inline constexpr QColor paleAccent{0xE3, 0xEC, 0xF7};
 
-// Noto Sans alone sets a hat on a Greek letter rightly. The serif face is asked for by its own
-// name, since to find it under another takes time, and then by the one that every system knows or
-// replaces by one of the same widths.
+// Noto Sans alone sets a hat on a Greek letter rightly.
 inline const QString interfaceFamily = QStringLiteral("Noto Sans");
-inline const QStringList serifFamilies = {QStringLiteral("Liberation Serif"),
-                                          QStringLiteral("Times New Roman")};
+// The serif face, by the name that it has here. Just one: of a list of names the toolkit looks up
+// what may stand in for each of them as soon as a letter is drawn.
+const QString& serifFamily();
 inline constexpr int fontPixels = 12;
 
 // For text in documents, which is searched for and copied: no ligatures, whose letters many

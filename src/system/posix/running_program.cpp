@@ -27,25 +27,25 @@ bool outputIsTerminal() { return ::isatty(STDOUT_FILENO) == 1; }
 
 void makeStreamsBinary() {}
 
-void keepMemory() {
-  constexpr int most = 1 << 26;
-  ::mallopt(M_MMAP_THRESHOLD, most);
-  ::mallopt(M_TRIM_THRESHOLD, most);
+void keepMemory(int bytes) {
+  ::mallopt(M_MMAP_THRESHOLD, bytes);
+  ::mallopt(M_TRIM_THRESHOLD, bytes);
   ::mallopt(M_TOP_PAD, 1 << 22);
 }
 
-void takeLargePage() {
+void takeLargePages(int count) {
 #ifdef MADV_HUGEPAGE
   constexpr std::size_t size = std::size_t{1} << 21;
+  const std::size_t taken = size * static_cast<std::size_t>(count);
   // From where all blocks will come next.
-  void* const next = std::malloc(2 * size);
+  void* const next = std::malloc(taken + size);
   if (!next) return;
   const auto address = reinterpret_cast<std::uintptr_t>(next);
   std::free(next);
   const std::uintptr_t boundary = (address + size - 1) / size * size;
   // Where the system does not have them, pages come as ever.
-  ::madvise(reinterpret_cast<void*>(boundary), size, MADV_HUGEPAGE);
-  // Never used, and so never fetched: what is taken after it lies in the large page. It writes
+  ::madvise(reinterpret_cast<void*>(boundary), taken, MADV_HUGEPAGE);
+  // Never used, and so never fetched: what is taken after it lies in the large pages. It writes
   // there, which is too early for the advice.
   static void* gap = nullptr;
   if (!gap && boundary > address) gap = std::malloc(boundary - address);

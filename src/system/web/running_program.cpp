@@ -29,9 +29,9 @@ bool outputIsTerminal() { return false; }
 
 void makeStreamsBinary() {}
 
-void keepMemory() {}
+void keepMemory(int) {}
 
-void takeLargePage() {}
+void takeLargePages(int) {}
 
 std::tm localTime(std::time_t seconds) {
   std::tm parts{};

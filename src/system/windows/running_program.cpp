@@ -53,9 +53,9 @@ void makeStreamsBinary() {
   for (std::FILE* stream : {stdin, stdout, stderr}) ::_setmode(::_fileno(stream), _O_BINARY);
 }
 
-void keepMemory() {}
+void keepMemory(int) {}
 
-void takeLargePage() {}
+void takeLargePages(int) {}
 
 std::tm localTime(std::time_t seconds) {
   std::tm parts{};
