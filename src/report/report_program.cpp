@@ -125,8 +125,7 @@ ReportOutcome reportOnTable(const ReportOptions& options, const ReportSurroundin
   if (!whole) return usageFault({source->name, whole.error().text});
   auto copy = dataSetFromTable(source->table, source->name, *whole);
   if (copy) describe(*copy, *source);
-  auto remarks = std::move(source->remarks);
-  remarks.insert(remarks.end(), source->table.told.begin(), source->table.told.end());
+  const auto remarks = std::move(source->table.told);
   source = Error{};  // the analysis can use its memory
   if (!copy) return failed(ReportOutcome::dataAtFault, copy.error());
   std::string told;

@@ -41,9 +41,13 @@ ImportChoice choiceOf(const ReportOptions& options) {
   return choice;
 }
 
+// What the import notes of a text can be seen in it; another program's file shows it to nobody.
+enum class TellsNotes { no, yes };
+
 // The table, unless something is left open that no option answers.
 Result<NamedTable> answeredTable(const std::string& name, const TextImport& import,
-                                 const ImportAnswers& answers, const ReportOptions& options) {
+                                 const ImportAnswers& answers, const ReportOptions& options,
+                                 TellsNotes tellsNotes) {
   const ImportChoice choice = choiceOf(options);
   const auto preview = import.preview(answers, choice);
   if (!preview) return inFile(name, preview.error());
@@ -52,6 +56,9 @@ Result<NamedTable> answeredTable(const std::string& name, const TextImport& impo
   auto table = import.named(answers, choice);
   if (!table) return inFile(name, table.error());
   if (table->rows == 0) return Error{name, "there is no case below the names"};
+  if (tellsNotes == TellsNotes::yes)
+    for (const std::string& note : preview->notes)
+      if (std::ranges::find(table->told, note) == table->told.end()) table->told.push_back(note);
   return table;
 }
 
@@ -173,11 +180,11 @@ Result<SourcedTable> tableFromBook(const std::string& name, const ReadBook& read
                                    const ReportOptions& options) {
   auto book = wantedBook(name, read, options);
   if (!book) return book.error();
-  SourcedTable sourced{name, {}, book->remarks};
+  SourcedTable sourced{name, {}};
   describe(sourced, book->table);
   const ImportAnswers answers = answersFor(*book, options.import);
   auto table = answeredTable(name, TextImport::of(std::move(*book), {}, targetOf(options)), answers,
-                             options);
+                             options, TellsNotes::yes);
   if (!table) return table.error();
   sourced.table = std::move(*table);
   return sourced;
@@ -278,7 +285,7 @@ Result<NamedTable> tableFromText(const std::string& name, std::string bytes,
   }
   const auto import = TextImport::read(std::move(*text), targetOf(options));
   if (!import) return inFile(name, import.error());
-  return answeredTable(name, *import, options.import.answers, options);
+  return answeredTable(name, *import, options.import.answers, options, TellsNotes::no);
 }
 
 Result<SourcedTable> readTable(const ReportOptions& options, const TableSource& source) {

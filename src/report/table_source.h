@@ -23,7 +23,6 @@ struct TableSource {
 struct SourcedTable {
   std::string name;  // of the file, or what stands for standard input
   NamedTable table;
-  std::vector<std::string> remarks{};           // on a file of another program: how it was read
   std::string title{};                          // of the data, where the file has one
   std::map<std::string, std::string> labels{};  // what columns mean, by their names; likewise
 };

@@ -27,7 +27,8 @@ struct NamedTable {
   std::vector<std::vector<TextNumber>> numbers;
   std::vector<std::string> labels;  // of the cases; empty where none were wanted
   std::vector<int> caseNumbers{};   // where some cases were not taken: those of the others, from 1
-  std::vector<std::string> told{};  // sentences: which cases were taken, what dummies stand for
+  std::vector<std::string>
+      told{};  // sentences: how it was read, which cases were taken, what dummies are
   std::map<std::string, DummyColumns> dummies{};  // of columns, by their names
 
   bool isVariable(std::size_t column) const { return !numbers[column].empty(); }

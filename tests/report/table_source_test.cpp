@@ -208,9 +208,14 @@ TEST_F(TableFiles, FilesOfOtherProgramsAskBySheetAndOption) {
   EXPECT_THAT(report({folder + "openpyxl.xlsx", "--y", "num"}).errors,
               HasSubstr("Which sheet is it? Say it with --sheet and its name: "));
   for (const char* file : {"openpyxl.xlsx", "haven.sav", "haven14.dta"}) {
-    std::vector<std::string> words{folder + file, "--y", "price", "--x", "size"};
+    std::vector<std::string> words{folder + file, "--y",      "price", "--x",
+                                   "size",        "--format", "json"};
     if (file[0] == 'o') words.insert(words.end(), {"--sheet", "Data"});
-    const Json document = json(words);
+    const ReportOutcome outcome = report(words);
+    const Json document = test::JsonReader(outcome.output).readAll();
+    EXPECT_EQ(outcome.errors.find("A percentage comes as the number that is stored") == 11,
+              file[0] == 'o')
+        << outcome.errors;
     EXPECT_EQ(document["cases"]["used"].text, "2") << file;
     EXPECT_EQ(document["cases"]["leftOut"][0]["why"].text, "a gap in price");
     EXPECT_EQ(document["displays"]["frmDataList"]["cells"][1][1].text, "27.3") << file;
