@@ -4,6 +4,7 @@
 #include <cmath>
 #include <cstddef>
 
+#include "base/portable_math.h"
 #include "engine/decimals_choice.h"
 #include "engine/fitted_equation.h"
 #include "engine/least_squares.h"
@@ -90,7 +91,7 @@ std::vector<Awkward> awkwardVariables(const AnalysisState& state) {
     const auto m = static_cast<float>(
         std::max(std::fabs(state.dDescStat(3, i)), std::fabs(state.dDescStat(4, i))));
     if (state.iVarType[i] == dummyVariable) continue;
-    const double g = std::log10(double{m});
+    const double g = portable::log10(double{m});
     if (g > 4 || g < -1) variables.push_back({variableName(state, i), g > 4});
   }
   return variables;

@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/portable_math.h"
+
 namespace tolmer {
 namespace {
 
@@ -20,9 +22,9 @@ AxisScale ComputeScale(float sLow, float sHigh) {
   scale.sAxisMin = sLow;
   const float r = sHigh - sLow;
   if (!(r > 0) || std::isinf(r)) return scale;
-  const double e = std::floor(std::log10(double{r}));
-  const auto m = static_cast<float>(r / std::pow(10.0, e));
-  const auto sStep = static_cast<float>(tidyFactor(m) * std::pow(10.0, e - 1));
+  const double e = std::floor(portable::log10(double{r}));
+  const auto m = static_cast<float>(r / portable::pow(10.0, e));
+  const auto sStep = static_cast<float>(tidyFactor(m) * portable::pow(10.0, e - 1));
   if (sStep == 0) return scale;
   scale.sStep = sStep;
   scale.sAxisMin = static_cast<float>(std::floor(double{sLow} / sStep + 0.01) * sStep);

@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 
+#include "base/portable_math.h"
 #include "engine/picture_text.h"
 
 namespace tolmer {
@@ -23,7 +24,7 @@ constexpr int mostLeftDigits = 39;  // of a single
 // Int(log10(a)), kept within what a single can have where a is zero, infinite or undefined.
 int decimalExponent(double a) {
   if (!(a > 0)) return -46;
-  return static_cast<int>(std::floor(std::log10(std::min(a, 1E39))));
+  return static_cast<int>(std::floor(portable::log10(std::min(a, 1E39))));
 }
 
 // Int(log10(a)) + 1 for a of at least 1, else 1; counted, since columns are long.
@@ -190,7 +191,7 @@ std::string FindFormatString(std::span<const float> sValues, int iCount, int iDi
 std::string FindFormatStringValue(float sValue, int iDigits, int iWidth, bool bDigitsMode,
                                   bool bWholeCheck, bool bCommas, bool bExponent) {
   const double a = std::fabs(double{sValue});
-  const auto shownAsZero = static_cast<float>(4 * std::pow(10.0, -(iWidth + 1)));
+  const auto shownAsZero = static_cast<float>(4 * portable::pow(10.0, -(iWidth + 1)));
   if (!(a >= shownAsZero) || std::isinf(a)) return "0";
   Widths widths;
   widths.sign = sValue > 0 ? 0 : 1;

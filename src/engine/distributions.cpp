@@ -6,6 +6,8 @@
 #include <limits>
 #include <numbers>
 
+#include "base/portable_math.h"
+
 namespace tolmer {
 namespace {
 
@@ -36,7 +38,7 @@ double upperQuantile(double p, double q) {
       1.570796288,     0.03706987906,   -0.8364353589e-3, -0.2250947176e-3, 0.6841218299e-5,
       0.5824238515e-5, -0.104527497e-5, 0.8360937017e-7,  -0.3231081277e-8};
   constexpr double lastRisingY = 11.734;  // beyond it the last terms turn the series down
-  const double y = std::min(-std::log(4 * q * (1 - q)), lastRisingY);
+  const double y = std::min(-portable::log(4 * q * (1 - q)), lastRisingY);
   double polynomial = 0;
   for (auto c = coefficients.rbegin(); c != coefficients.rend(); ++c)
     polynomial = polynomial * y + *c;
@@ -101,14 +103,14 @@ double GammaLn(double x) {
                                                   24.01409824083091,     -1.231739572450155,
                                                   0.1208650973866179e-2, -0.5395239384953e-5};
   double tmp = x + 5.5;
-  tmp = (x + 0.5) * std::log(tmp) - tmp;
+  tmp = (x + 0.5) * portable::log(tmp) - tmp;
   double ser = 1.000000000190015;
   double y = x;
   for (const double coefficient : coefficients) {
     y = y + 1;
     ser = ser + coefficient / y;
   }
-  return tmp + std::log(2.5066282746310005 * ser / x);
+  return tmp + portable::log(2.5066282746310005 * ser / x);
 }
 
 double BetaCF(double a, double b, double x) {
@@ -138,8 +140,8 @@ double incompleteBeta(double a, double b, double x) {
   if (!(x >= 0 && x <= 1)) return std::numeric_limits<double>::quiet_NaN();
   const bool atAnEnd = x == 0 || x == 1;  // where the logarithms do not exist
   const double bt = atAnEnd ? 0.0
-                            : std::exp(GammaLn(a + b) - GammaLn(a) - GammaLn(b) + a * std::log(x) +
-                                       b * std::log(1 - x));
+                            : portable::exp(GammaLn(a + b) - GammaLn(a) - GammaLn(b) +
+                                            a * portable::log(x) + b * portable::log(1 - x));
   // The fraction converges quickly only below the mean; above it the symmetry relation serves.
   if (x < (a + 1) / (a + b + 2)) return bt * BetaCF(a, b, x) / a;
   return 1 - bt * BetaCF(b, a, 1 - x) / b;
@@ -162,7 +164,7 @@ double NormalInverse(double p) {
 float NormalDensity(double dMean, double dSD, double dX) {
   const double z = (dX - dMean) / dSD;
   if (std::fabs(z) > 5) return 0;
-  return static_cast<float>(std::exp(-0.5 * z * z) / (dSD * 2.506628275));
+  return static_cast<float>(portable::exp(-0.5 * z * z) / (dSD * 2.506628275));
 }
 
 double FDist(int iDf1, int iDf2, double x, MessagePort& messages) {
@@ -186,7 +188,7 @@ double TInverse(int iDf, double p) {
   if (iDf < 1 || std::isnan(p)) return std::numeric_limits<double>::quiet_NaN();
   if (p <= 0) return infinity;
   if (p >= 1) return -infinity;
-  if (iDf == 1) return 1 / std::tan(std::numbers::pi * p);
+  if (iDf == 1) return portable::cosineOfTurns(p / 2) / portable::sineOfTurns(p / 2);
   if (iDf == 2) return twoDegreesT(p);
   if (iDf <= 5) return tFromF(iDf, p);
   return cornishFisherT(iDf, NormalInverse(p));

@@ -5,6 +5,8 @@
 #include <string>
 #include <utility>
 
+#include "base/portable_math.h"
+
 namespace tolmer {
 
 void SortResiduals(AnalysisState& state) {
@@ -28,7 +30,8 @@ void SortResiduals(AnalysisState& state) {
 
 void SetResidClasses(AnalysisState& state) {
   const int n = state.iNumCases;
-  const int classes = std::max(4, static_cast<int>(std::log(std::max(n, 1)) / std::log(2) + 1.5));
+  const int classes =
+      std::max(4, static_cast<int>(portable::log(std::max(n, 1)) / portable::log(2) + 1.5));
   state.iNumResidClasses = static_cast<Int16>(classes);
   const float lowest = state.sSortedResid[1];
   const float width = (state.sSortedResid[n] - lowest) / static_cast<float>(classes);

@@ -7,6 +7,8 @@
 #include <numbers>
 #include <string>
 
+#include "base/portable_math.h"
+
 namespace tolmer {
 namespace {
 
@@ -33,7 +35,7 @@ CellValue quotient(double dividend, double divisor) {
 
 CellValue power(double base, double exponent) {
   if (base == 0 && exponent < 0) return divisionByZero();
-  return checkedNumber(std::pow(base, exponent));
+  return checkedNumber(portable::pow(base, exponent));
 }
 
 // With the sign of the divisor.
@@ -109,8 +111,8 @@ double uniform(std::uint64_t bits) { return static_cast<double>(bits >> 11) * 0x
 
 // Box and Muller (1958), with 1 - u in (0, 1] so that the logarithm exists.
 double standardNormal(std::uint64_t first, std::uint64_t second) {
-  const double distance = std::sqrt(-2 * std::log(1 - uniform(first)));
-  return distance * std::cos(2 * std::numbers::pi * uniform(second));
+  const double distance = std::sqrt(-2 * portable::log(1 - uniform(first)));
+  return distance * portable::cosineOfTurns(uniform(second));
 }
 
 using Coefficients = std::array<double, 8>;  // of rising powers
@@ -175,9 +177,9 @@ CellValue functionResult(FormulaFunction function, std::span<const double> value
   const double second = values.size() > 1 ? values[1] : 0;
   if (function == SQRT) return first < 0 ? numberError() : checkedNumber(std::sqrt(first));
   if (function == ABS) return checkedNumber(std::fabs(first));
-  if (function == EXP) return checkedNumber(std::exp(first));
-  if (function == LN) return logarithm(first, std::log);
-  if (function == LOG10) return logarithm(first, std::log10);
+  if (function == EXP) return checkedNumber(portable::exp(first));
+  if (function == LN) return logarithm(first, portable::log);
+  if (function == LOG10) return logarithm(first, portable::log10);
   if (function == POWER) return power(first, second);
   if (function == ROUND) return checkedNumber(roundedToDigits(first, second));
   if (function == INT) return checkedNumber(wholeBelow(first));
@@ -217,16 +219,16 @@ CellValue randomResult(FormulaFunction function, std::uint64_t seed, int call,
   return values[1] < 0 ? numberError() : checkedNumber(values[0] + values[1] * deviate);
 }
 
-double normalProbability(double z) { return std::erfc(-z / std::numbers::sqrt2) / 2; }
+double normalProbability(double z) { return portable::erfc(-z / std::numbers::sqrt2) / 2; }
 
 double normalDensity(double z) {
-  return std::exp(-z * z / 2) * std::numbers::inv_sqrtpi / std::numbers::sqrt2;
+  return portable::exp(-z * z / 2) * std::numbers::inv_sqrtpi / std::numbers::sqrt2;
 }
 
 double normalQuantile(double probability) {
   const double distance = probability - 0.5;
   if (std::fabs(distance) <= 0.425) return distance * middle(0.180625 - distance * distance);
-  const double r = std::sqrt(-std::log(std::min(probability, 1 - probability)));
+  const double r = std::sqrt(-portable::log(std::min(probability, 1 - probability)));
   const double z = r <= 5 ? tail(r - 1.6) : farTail(r - 5);
   return std::copysign(z, distance);
 }

@@ -1,9 +1,9 @@
 #include "graphs/vif_chart.h"
 
-#include <cmath>
 #include <cstddef>
 #include <utility>
 
+#include "base/portable_math.h"
 #include "base/text_encoding.h"
 #include "engine/variance_inflation.h"
 
@@ -14,7 +14,7 @@ constexpr float scaleMaximum = 3;       // a VIF of 1000
 constexpr double longestBar = 3.5;      // beyond the scale, so that the bar is seen to be cut
 constexpr std::size_t nameLength = 10;  // characters of a predictor's name
 
-double log10Of(double value) { return std::log(value) / std::log(10.0); }
+double log10Of(double value) { return portable::log(value) / portable::log(10.0); }
 
 float inflation(const AnalysisState& state, int iPredictor) { return state.sVIF[iPredictor]; }
 

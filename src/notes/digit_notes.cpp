@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/portable_math.h"
 #include "displays/display_list.h"
 #include "engine/axis_scale.h"
 #include "engine/picture_text.h"
@@ -67,7 +68,7 @@ bool readsAlike(const AnalysisState& state, int variable) {
   if (!(low < high)) return false;
   const std::string& picture = state.tVarFormat[static_cast<std::size_t>(variable)];
   const bool isFixed = decimalsOf(picture) < anyDecimals && picture.find('0') != picture.npos;
-  const bool isFar = isFixed && high - low > 2 * std::pow(10.0, -decimalsOf(picture));
+  const bool isFar = isFixed && high - low > 2 * portable::pow(10.0, -decimalsOf(picture));
   if (!isFar && formatNumber(low, picture) == formatNumber(high, picture)) return true;
   if (high - low > 1e-3 * std::max(std::abs(low), std::abs(high))) return false;
   const auto texts = axisTexts(static_cast<float>(low), static_cast<float>(high));
@@ -78,7 +79,7 @@ bool readsAlike(const AnalysisState& state, int variable) {
 void findRounded(const AnalysisState& state, int variable, std::vector<NotedCell>& cells) {
   const auto at = static_cast<std::size_t>(variable);
   const std::string& picture = state.tVarFormat[at];
-  const double half = 0.5 * std::pow(10.0, -decimalsOf(picture));
+  const double half = 0.5 * portable::pow(10.0, -decimalsOf(picture));
   const int column = state.iModelCol[at];
   for (int i = 1; i <= state.iNumCases; ++i) {
     const double written = state.uOrigin.written(i, column);

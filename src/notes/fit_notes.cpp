@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "base/portable_math.h"
 #include "engine/picture_text.h"
 #include "engine/variance_inflation.h"
 #include "notes/note_makers.h"
@@ -19,7 +20,7 @@ NotedCell coefficientCell(std::size_t term, int column) {
 std::string sized(const Combination::Part& part, bool isExact) {
   const auto size = static_cast<float>(std::abs(part.coefficient));
   if (isExact) return generalText(size);
-  const double step = std::pow(10.0, std::floor(std::log10(size)) - 4);
+  const double step = portable::pow(10.0, std::floor(portable::log10(size)) - 4);
   return generalText(static_cast<float>(std::round(size / step) * step));
 }
 

@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "base/portable_math.h"
 #include "engine/picture_text.h"
 
 namespace tolmer {
@@ -87,7 +88,7 @@ double powerOfTen(int power) {
   static constexpr double exact[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                      1e8,  1e9,  1e10, 1e11, 1e12, 1e13, 1e14, 1e15,
                                      1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
-  return power <= 22 ? exact[power] : std::pow(10.0, power);
+  return power <= 22 ? exact[power] : portable::pow(10.0, power);
 }
 
 double inUnits(double value, const ShownText& shown) {

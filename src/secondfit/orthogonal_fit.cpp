@@ -294,7 +294,7 @@ std::vector<double> Solver<Real>::noticeableLeverages(const OrthogonalFit& resul
   // By the Frobenius norm of the fourth power.
   const MatrixOf<Real> inverse = product(inverse_.transpose(), inverse_);
   const MatrixOf<Real> square = product(inverse, inverse);
-  const double largest = std::pow(toDouble(product(square, square).norm()), 0.25);
+  const double largest = std::sqrt(std::sqrt(toDouble(product(square, square).norm())));
   const double mean = result.sumResidual / static_cast<double>(n_ - k_);
   VectorOf<double> lengths = VectorOf<double>::Zero(n_);
   for (Index j = 0; j < k_; ++j) {

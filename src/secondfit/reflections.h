@@ -12,7 +12,7 @@
 #include <utility>
 #include <vector>
 
-#include "secondfit/double_double.h"
+#include "base/double_double.h"
 #include "secondfit/second_fit.h"
 
 namespace Eigen {

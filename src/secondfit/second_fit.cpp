@@ -4,6 +4,7 @@
 #include <cmath>
 #include <numbers>
 
+#include "base/portable_math.h"
 #include "secondfit/long_sums.h"
 #include "secondfit/orthogonal_fit.h"
 #include "secondfit/tail_areas.h"
@@ -82,12 +83,12 @@ ModelFigures modelFigures(const ModelData& data, const OrthogonalFit& fit) {
   result.durbinWatson = quotient(squares(fit.sumSteps, 2 * fit.residualError), result.sse);
   const double n = data.cases;
   result.logLikelihood =
-      figure(-n / 2 * (std::log(2 * std::numbers::pi * result.sse.value / n) + 1),
+      figure(-n / 2 * (portable::log(2 * std::numbers::pi * result.sse.value / n) + 1),
              n / 2 * relativeError(result.sse));
   const double parameters = data.terms + 1.0;
   const double twice = -2 * result.logLikelihood.value;
   result.aic = figure(twice + 2 * parameters, 2 * result.logLikelihood.error);
-  result.bic = figure(twice + std::log(n) * parameters, 2 * result.logLikelihood.error);
+  result.bic = figure(twice + portable::log(n) * parameters, 2 * result.logLikelihood.error);
   return result;
 }
 

@@ -5,7 +5,8 @@
 #include <limits>
 #include <numbers>
 
-#include "secondfit/double_double.h"
+#include "base/double_double.h"
+#include "base/portable_math.h"
 
 namespace tolmer {
 namespace {
@@ -14,7 +15,7 @@ namespace {
 // up to where its first eight terms suffice. Each step is log1p-exact, so that nothing cancels.
 double stirlingRest(double x) {
   double rest = 0;
-  for (; x < 12; ++x) rest += (x + 0.5) * std::log1p(1 / x) - 1;
+  for (; x < 12; ++x) rest += (x + 0.5) * portable::log1p(1 / x) - 1;
   static constexpr double terms[] = {1.0 / 12,   -1.0 / 360,      1.0 / 1260, -1.0 / 1680,
                                      1.0 / 1188, -691.0 / 360360, 1.0 / 156,  -3617.0 / 122400};
   double power = 1 / x;
@@ -28,7 +29,7 @@ double stirlingRest(double x) {
 // base^exponent with a base of twice the digits: an error of its last place would count exponent
 // times.
 double power(DoubleDouble base, double exponent) {
-  return std::pow(base.high, exponent) * std::exp(exponent * (base.low / base.high));
+  return portable::pow(base.high, exponent) * portable::exp(exponent * (base.low / base.high));
 }
 
 // x^a (1 - x)^b / B(a, b), where odds = x / (1 - x).
@@ -40,7 +41,8 @@ double betaFactor(double a, double b, double odds) {
   // A 16th of both exponents first: one power alone may be too small and the other too large.
   const double root = power(left, a / 16) * power(right, b / 16);
   const double rest = stirlingRest(a + b) - stirlingRest(a) - stirlingRest(b);
-  return std::sqrt(a / (a + b) * b / (2 * std::numbers::pi)) * std::exp(rest) * std::pow(root, 16);
+  return std::sqrt(a / (a + b) * b / (2 * std::numbers::pi)) * portable::exp(rest) *
+         portable::pow(root, 16);
 }
 
 // I_x(a, b) divided by betaFactor: the continued fraction, evaluated from the front by Lentz's
@@ -112,10 +114,16 @@ double chiSquareTail(int df, double x) {
   if (df < 1 || std::isnan(x)) return notANumber();
   if (x <= 0) return 1;
   const double half = x / 2;
-  double tail = df % 2 == 1 ? std::erfc(std::sqrt(half)) : 0;
-  for (double i = df % 2 == 1 ? 0.5 : 0; i < df / 2.0; ++i)
-    tail += std::exp(i * std::log(half) - half - std::lgamma(i + 1));
-  return std::min(tail, 1.0);
+  const double root = portable::exp(-half / 2);  // twice, since its square may be too small
+  if (root == 0) return 0;
+  const bool isOdd = df % 2 == 1;
+  double term = isOdd ? 2 * std::sqrt(half) * std::numbers::inv_sqrtpi : 1;  // half^i / i!
+  double sum = 0;
+  for (double i = isOdd ? 0.5 : 0; i < df / 2.0; ++i) {
+    sum += term;
+    term *= half / (i + 1);
+  }
+  return std::min((isOdd ? portable::erfc(std::sqrt(half)) : 0) + sum * root * root, 1.0);
 }
 
 double fDensity(int df1, int df2, double F) {

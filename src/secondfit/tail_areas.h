@@ -29,8 +29,8 @@ double studentQuantile(int df, double area);
 // P(F' > F) for F' with df1 and df2 degrees of freedom: formula 26.6.2. 1 for F <= 0.
 double fTail(int df1, int df2, double F);
 
-// P(X > x) for chi-square with df >= 1 degrees of freedom: formulas 26.4.4 and 26.4.5, sums of df /
-// 2 terms. 1 for x <= 0.
+// P(X > x) for chi-square with df >= 1 degrees of freedom, up to some hundreds: formulas 26.4.4 and
+// 26.4.5, sums of df / 2 terms. 1 for x <= 0.
 double chiSquareTail(int df, double x);
 
 // The density of F at F > 0.

@@ -5,6 +5,7 @@
 #include <limits>
 #include <utility>
 
+#include "base/portable_math.h"
 #include "engine/decimals_choice.h"
 #include "engine/distributions.h"
 #include "engine/picture_text.h"
@@ -100,7 +101,7 @@ std::vector<VariableSummary> variableSummaries(const AnalysisState& state) {
 }
 
 const char* rangeWord(double dRange) {
-  const float size = dRange > 0 ? static_cast<float>(std::log10(dRange)) : 0;
+  const float size = dRange > 0 ? static_cast<float>(portable::log10(dRange)) : 0;
   if (size > 5) return "Huge";
   if (size > 4) return "Large";
   if (size > 1) return "Medium";

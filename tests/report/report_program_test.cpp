@@ -150,7 +150,7 @@ TEST_F(ReportOnCourse, MissingDataFileIsAFaultOfTheData) {
   EXPECT_THAT(outcome.errors, HasSubstr("lost.csv. Check file and path."));
 }
 
-TEST_F(ReportProgram, ListsWhatAFileHasToChooseFrom) {
+TEST_F(ReportProgram, ListsWhatAStatisticsFileHasToChooseFrom) {
   const std::string file = TOLMER_SOURCE_DIR "/fuzz/corpus/foreign_file/haven.sav";
   const std::string text = report({file, "--list"}).output;
   EXPECT_THAT(text, HasSubstr("haven.sav: 5 variables, 3 cases\n"));
@@ -160,6 +160,9 @@ TEST_F(ReportProgram, ListsWhatAFileHasToChooseFrom) {
   EXPECT_EQ(list["cases"].text, "3");
   EXPECT_EQ(list["variables"][3]["kind"].text, "dates");
   EXPECT_EQ(list["variables"][4]["categories"][0]["name"].text, "new");
+}
+
+TEST_F(ReportProgram, SaysWhyAListCannotBeMade) {
   EXPECT_THAT(report({write("years.csv", "2019,2020\n5,6\n7,8\n"), "--list"}).errors,
               HasSubstr("--separator comma"));
   EXPECT_THAT(report({"--example", "1", "--list"}).errors, HasSubstr("goes with a file"));

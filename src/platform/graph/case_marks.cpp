@@ -25,7 +25,8 @@ ViewPoint centreOf(const ViewRect& place) {
 }
 
 double distance(const ViewPoint& one, const ViewPoint& other) {
-  return std::hypot(one.x - other.x, one.y - other.y);
+  const double x = one.x - other.x, y = one.y - other.y;
+  return std::sqrt(x * x + y * y);
 }
 
 bool contains(const ViewRect& area, const ViewPoint& point) {

@@ -8,6 +8,8 @@
 #include <limits>
 #include <utility>
 
+#include "base/portable_math.h"
+
 namespace tolmer {
 namespace {
 
@@ -22,7 +24,7 @@ struct Step {
 
   // A power of ten divides or multiplies, so that the value is the double nearest to its decimals.
   double times(double count) const {
-    const double power = std::pow(10.0, std::abs(exponent));
+    const double power = portable::pow(10.0, std::abs(exponent));
     return exponent < 0 ? count * factor / power : count * factor * power;
   }
   double size() const { return times(1); }
@@ -53,7 +55,8 @@ double cost(const Scale& scale, const Step& step) {
 }
 
 Step bestStep(const Scale& scale) {
-  const auto exponent = static_cast<int>(std::floor(std::log10(scale.maximum - scale.minimum)));
+  const auto exponent =
+      static_cast<int>(std::floor(portable::log10(scale.maximum - scale.minimum)));
   Step best;
   double least = std::numeric_limits<double>::infinity();
   // From coarse to fine, so that of two equally good steps the rounder one is taken.
@@ -87,7 +90,7 @@ constexpr std::size_t longestPlainLabel = 8;
 std::vector<std::string> labelsOf(const std::vector<TidyTick>& ticks, const Step& step) {
   double largest = 0;
   for (const TidyTick& tick : ticks) largest = std::max(largest, std::abs(tick.value));
-  const int leading = largest > 0 ? static_cast<int>(std::floor(std::log10(largest))) : 0;
+  const int leading = largest > 0 ? static_cast<int>(std::floor(portable::log10(largest))) : 0;
   std::vector<std::string> plain;
   std::vector<std::string> scientific;
   for (const TidyTick& tick : ticks) {

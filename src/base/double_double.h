@@ -25,20 +25,20 @@ struct DoubleDouble {
 };
 
 // a + b exactly.
-inline DoubleDouble exactSum(double a, double b) {
+constexpr DoubleDouble exactSum(double a, double b) {
   const double sum = a + b;
   const double part = sum - a;
   return {sum, (a - (sum - part)) + (b - part)};
 }
 
 // The same where |a| is not below |b|.
-inline DoubleDouble orderedSum(double a, double b) {
+constexpr DoubleDouble orderedSum(double a, double b) {
   const double sum = a + b;
   return {sum, b - (sum - a)};
 }
 
 // a * b exactly, while neither exceeds 1e300.
-inline DoubleDouble exactProduct(double a, double b) {
+constexpr DoubleDouble exactProduct(double a, double b) {
   constexpr double split = 134217729;  // 2^27 + 1
   const double product = a * b;
   const double aBig = split * a, bBig = split * b;
@@ -47,35 +47,35 @@ inline DoubleDouble exactProduct(double a, double b) {
   return {product, ((aHigh * bHigh - product) + aHigh * bLow + aLow * bHigh) + aLow * bLow};
 }
 
-inline DoubleDouble operator-(DoubleDouble a) { return {-a.high, -a.low}; }
+constexpr DoubleDouble operator-(DoubleDouble a) { return {-a.high, -a.low}; }
 
-inline DoubleDouble operator+(DoubleDouble a, DoubleDouble b) {
+constexpr DoubleDouble operator+(DoubleDouble a, DoubleDouble b) {
   const DoubleDouble high = exactSum(a.high, b.high);
   const DoubleDouble low = exactSum(a.low, b.low);
   const DoubleDouble sum = orderedSum(high.high, high.low + low.high);
   return orderedSum(sum.high, sum.low + low.low);
 }
 
-inline DoubleDouble operator-(DoubleDouble a, DoubleDouble b) { return a + -b; }
+constexpr DoubleDouble operator-(DoubleDouble a, DoubleDouble b) { return a + -b; }
 
-inline DoubleDouble operator*(DoubleDouble a, DoubleDouble b) {
+constexpr DoubleDouble operator*(DoubleDouble a, DoubleDouble b) {
   const DoubleDouble product = exactProduct(a.high, b.high);
   return orderedSum(product.high, product.low + (a.high * b.low + a.low * b.high));
 }
 
-inline DoubleDouble operator/(DoubleDouble a, DoubleDouble b) {
+constexpr DoubleDouble operator/(DoubleDouble a, DoubleDouble b) {
   const double first = a.high / b.high;
-  if (!std::isfinite(first)) return first;
+  if (!(first - first == 0)) return first;  // not finite
   const DoubleDouble rest = a - b * first;
   const double second = rest.high / b.high;
   const DoubleDouble last = rest - b * second;
   return orderedSum(first, second) + last.high / b.high;
 }
 
-inline DoubleDouble& operator+=(DoubleDouble& a, DoubleDouble b) { return a = a + b; }
-inline DoubleDouble& operator-=(DoubleDouble& a, DoubleDouble b) { return a = a - b; }
-inline DoubleDouble& operator*=(DoubleDouble& a, DoubleDouble b) { return a = a * b; }
-inline DoubleDouble& operator/=(DoubleDouble& a, DoubleDouble b) { return a = a / b; }
+constexpr DoubleDouble& operator+=(DoubleDouble& a, DoubleDouble b) { return a = a + b; }
+constexpr DoubleDouble& operator-=(DoubleDouble& a, DoubleDouble b) { return a = a - b; }
+constexpr DoubleDouble& operator*=(DoubleDouble& a, DoubleDouble b) { return a = a * b; }
+constexpr DoubleDouble& operator/=(DoubleDouble& a, DoubleDouble b) { return a = a / b; }
 
 inline bool operator<(DoubleDouble a, DoubleDouble b) {
   return a.high < b.high || (a.high == b.high && a.low < b.low);
