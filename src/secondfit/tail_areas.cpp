@@ -1,6 +1,7 @@
 #include "secondfit/tail_areas.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <limits>
 #include <numbers>
@@ -11,13 +12,12 @@
 namespace tolmer {
 namespace {
 
-// The logarithm of the gamma function less Stirling's formula, x > 0: formula 6.1.41, after steps
-// up to where its first eight terms suffice. Each step is log1p-exact, so that nothing cancels.
-double stirlingRest(double x) {
-  double rest = 0;
-  for (; x < 12; ++x) rest += (x + 0.5) * portable::log1p(1 / x) - 1;
+// The logarithm of the gamma function less Stirling's formula, from x = 12 on: formula 6.1.41,
+// whose first eight terms suffice there.
+double stirlingSeries(double x) {
   static constexpr double terms[] = {1.0 / 12,   -1.0 / 360,      1.0 / 1260, -1.0 / 1680,
                                      1.0 / 1188, -691.0 / 360360, 1.0 / 156,  -3617.0 / 122400};
+  double rest = 0;
   double power = 1 / x;
   for (const double term : terms) {
     rest += term * power;
@@ -26,13 +26,28 @@ double stirlingRest(double x) {
   return rest;
 }
 
+// The same for every half of a whole number; below 12 by steps, exact by log1p, so that nothing
+// cancels.
+double stirlingRest(double x) {
+  static const auto halves = [] {
+    std::array<double, 26> rests{};
+    for (std::size_t n = 25; n > 0; --n) {
+      const double half = static_cast<double>(n) / 2;
+      rests[n] = n < 24 ? rests[n + 2] + ((half + 0.5) * portable::log1p(1 / half) - 1)
+                        : stirlingSeries(half);
+    }
+    return rests;
+  }();
+  return x < 12 ? halves[static_cast<std::size_t>(2 * x)] : stirlingSeries(x);
+}
+
 // base^exponent with a base of twice the digits: an error of its last place would count exponent
 // times.
 double power(DoubleDouble base, double exponent) {
   return portable::pow(base.high, exponent) * portable::exp(exponent * (base.low / base.high));
 }
 
-// x^a (1 - x)^b / B(a, b), where odds = x / (1 - x).
+// x^a (1 - x)^b / B(a, b), where odds = x / (1 - x) and a and b are halves of whole numbers.
 double betaFactor(double a, double b, double odds) {
   const DoubleDouble whole = DoubleDouble(1) + odds;
   const DoubleDouble sum = DoubleDouble(a) + b;

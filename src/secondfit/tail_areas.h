@@ -6,7 +6,8 @@
 
 namespace tolmer {
 
-// The regularised incomplete beta function I_x(a, b) for a, b > 0 with x / (1 - x) = odds >= 0.
+// The regularised incomplete beta function I_x(a, b) with x / (1 - x) = odds >= 0, for a, b > 0
+// that are halves of whole numbers.
 // Relative error below 1e-13 for a + b up to 2e4 and results above 1e-300, while I is not above
 // 0.5; then the absolute error.
 //

@@ -31,7 +31,7 @@ struct Function {
   std::uint64_t print;
 };
 
-double powerOf(double x) { return portable::pow(x, 2.7); }
+double powerOf(double x) { return portable::pow(x, 2.5); }
 double cosine(double x) { return portable::cosineOfTurns(x / 8); }
 double sine(double x) { return portable::sineOfTurns(x / 8); }
 constexpr long double eighth = 0.785398163397448309615660845819875721L;
@@ -45,8 +45,8 @@ const Function functions[] = {
      0x2A98BC9035D2FAA1},
     {"log10", portable::log10, [](long double x) { return std::log10(x); }, 0, 1e9, 0.51,
      0xD6D4C4E10BA0A4D0},
-    {"pow", powerOf, [](long double x) { return std::pow(x, static_cast<long double>(2.7)); }, 0,
-     1e100, 0.51, 0xD53A179A7CF05595},
+    {"pow", powerOf, [](long double x) { return x * x * std::sqrt(x); }, 0, 1e100, 0.51,
+     0x05D7744D70274794},
     {"cosine", cosine, [](long double x) { return std::cos(eighth * x); }, -1, 1, 1,
      0x786BAEFAFA20B9AD},
     {"sine", sine, [](long double x) { return std::sin(eighth * x); }, -1, 1, 1,
