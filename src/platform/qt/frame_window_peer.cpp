@@ -140,6 +140,9 @@ class FrameWindowPeer : public WindowPeer {
   bool seen(QEvent& event) override {
     if (event.type() == QEvent::WindowStateChange)
       tell([this] { frame_.reportState(stateOf(*main_)); });
+    // The toolkit may have led the focus out of the active child meanwhile, as it does where what has
+    // it is disabled.
+    if (event.type() == QEvent::WindowActivate && !frame_.focus()) followActive();
     return WindowPeer::seen(event);
   }
 
@@ -165,7 +168,7 @@ class FrameWindowPeer : public WindowPeer {
     auto* sub = active ? qobject_cast<QMdiSubWindow*>(widgetOf(*active)) : nullptr;
     if (!sub) return;
     if (main_->area().activeSubWindow() != sub) main_->area().setActiveSubWindow(sub);
-    if (!sub->isAncestorOf(QApplication::focusWidget())) focusFirst(*active);
+    if (!sub->isAncestorOf(main_->focusWidget())) focusFirst(*active);
   }
 
   // A child that never had the focus gives it to the first control that the Tab key reaches.
