@@ -272,7 +272,7 @@ export class Menus {
     else if (key === "ArrowUp") this.mark(menu, this.next(menu, -1));
     else if (key === "Home" || key === "End") this.toEnd(menu, key === "Home" ? 1 : -1);
     else if (key === "Enter" || key === " ") this.choose(menu, menu.at);
-    else if (stroke.letter()) this.byLetter(menu, stroke.letter());
+    else this.byLetter(menu, stroke.letter() || key);
   }
   private toEnd(menu: OpenMenu, step: number): void {
     menu.at = -1;
