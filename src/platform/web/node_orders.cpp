@@ -123,9 +123,13 @@ void writeDialogPlace(JsonWriter& json, const Window& window) {
     shown.height = fit.shown.height * scale;
     if (fit.footTop < whole.height) footTop = fit.footTop;
   }
-  // Nothing reaches beyond the right or lower edge of the screen.
-  shown.left = std::max(std::min(shown.left, room.width - shown.width), 0.0F);
-  shown.top = std::max(std::min(shown.top, room.height - shown.height), 0.0F);
+  // Nothing reaches beyond the right or lower edge of the screen. From a whole pixel the size is
+  // rounded as what the layout needs is.
+  const auto within = [](Twips edge, Twips most) {
+    return pixels(static_cast<float>(pixel(std::max(std::min(edge, most), 0.0F), 1)));
+  };
+  shown.left = within(shown.left, room.width - shown.width);
+  shown.top = within(shown.top, room.height - shown.height);
   writePlace(json, shown, 1);
   writeSize(json, "least", inside, scale);
   json.member("foot", footTop < 0 ? -1 : pixel(footTop, scale));
