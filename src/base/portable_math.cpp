@@ -98,7 +98,8 @@ DoubleDouble logarithmNear1(double high, double low) {
   return DoubleDouble(high, low) - DoubleDouble(square.high / 2, square.low / 2) + rest;
 }
 
-// Of a positive, finite number.
+// Of a positive, finite number: as 2^power n/128 (1 + r), n/128 the nearest to what is left between
+// 1/sqrt(2) and sqrt(2), so that nothing cancels around 1.
 DoubleDouble logarithm(DoubleDouble x) {
   int power = 0;
   double high = x.high, low = x.low;
@@ -112,7 +113,8 @@ DoubleDouble logarithm(DoubleDouble x) {
   constexpr std::uint64_t fraction = (std::uint64_t{1} << 52) - 1;
   if ((bits & fraction) > (std::uint64_t{lastPart - parts} << 45)) ++binary;
   power += binary;
-  if (binary > 1000) high *= 0x1p-64, low *= 0x1p-64, binary -= 64;
+  if (binary > 1000)  // 2^-binary would not be a normal number
+    high *= 0x1p-64, low *= 0x1p-64, binary -= 64;
   high *= powerOf2(-binary);
   low *= powerOf2(-binary);
 
