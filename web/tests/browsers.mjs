@@ -7,7 +7,7 @@ export const pause = (milliseconds) => new Promise((done) => setTimeout(done, mi
 
 export async function serve(folder, port) {
   const server = spawn(fileURLToPath(new URL("../../tools/serve-web", import.meta.url)), [folder, String(port)], { stdio: "ignore" });
-  for (let i = 0; i < 100; ++i) {
+  for (let i = 0; i < 400; ++i) {
     if (await fetch(`http://localhost:${port}/`).then(() => true, () => false)) break;
     await pause(50);
   }

@@ -102,7 +102,7 @@ export class PageHands {
   }
 }
 
-const symbols = { Enter: "Return", Control: "ctrl", Alt: "alt", Shift: "shift", " ": "space", PageDown: "Next", PageUp: "Prior" };
+const symbols = { Enter: "Return", Control: "ctrl", Alt: "alt", Shift: "shift", " ": "space", PageDown: "Next", PageUp: "Prior", Backspace: "BackSpace" };
 const symbolOf = (key) => key.split("+").map((part) => symbols[part] ?? part.replace("Arrow", "")).join("+");
 
 export class DesktopHands {

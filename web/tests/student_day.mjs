@@ -114,7 +114,6 @@ class Day {
     await this.at("Save Report");
     await this.keys("Enter");
     this.kept.report = (await this.hands.save("report.html", 1)).toString();
-    writeFileSync("/tmp/repl/page.html", this.kept.report);
     assert.equal(this.kept.report, report([...this.words, "--format", "html", "--sections", "equation,interpretation,coefficients,anova,histogram", "--paper", "letter"]).toString());
   }
   async aCaseLeftOut() {
@@ -194,7 +193,7 @@ async function doDay(hands, address) {
       try {
         await day[part]();
       } catch (error) {
-        await hands.look("/tmp/repl/fail.png");
+        if (pictures) await hands.look(join(pictures, `failed-${hands.name}.png`));
         throw new Error(`${hands.name}, ${part}: ${error.message}`);
       }
     }
