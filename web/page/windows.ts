@@ -225,6 +225,8 @@ export class WindowView implements View {
   }
 }
 
+// Firefox leaves the focus for a while with what it shows no more.
+const hasFocus = ({ view }: Node) => view.element.contains(document.activeElement) && (document.activeElement as HTMLElement).offsetParent !== null;
 const viewOf = (window: Node) => window.view as WindowView;
 
 export class Windows {
@@ -383,13 +385,12 @@ export class Windows {
     const isBeside = document.activeElement?.closest(".companion");
     if (!active || (isBeside && !this.isNew)) return;
     const node = this.wanted && this.windowOf(this.wanted) === active ? this.wanted : this.focusOf.get(active);
-    const hasIt = (node ?? active).view.element.contains(document.activeElement);
-    if (this.isNew || !hasIt) this.give(node ?? active);
+    if (this.isNew || !hasFocus(node ?? active)) this.give(node ?? active);
     this.isNew = this.marks = false;
   }
   private give(node: Node): void {
     this.wanted = node.kind === "window" ? undefined : node;
-    if (!node.view.element.contains(document.activeElement)) {
+    if (!hasFocus(node)) {
       if (node.view.focus) node.view.focus();
       else ((node.view as ControlView).target ?? node.view.element).focus();
     }
