@@ -21,11 +21,12 @@ export class PageHands {
   folder = mkdtempSync(join(tmpdir(), "tolmer-"));
   constructor(name) { this.name = name; }
 
-  async start(address) {
+  async start(address, more = {}) {
     this.browser = await launch(this.name, {
       downloadBehavior: { policy: "allow", downloadPath: this.folder },
       extraPrefsFirefox: { "browser.download.folderList": 2, "browser.download.dir": this.folder },
       ignoreDefaultArgs: ["--hide-scrollbars"],
+      ...more,
     });
     this.page = await this.browser.newPage();
     await this.page.goto(address);
