@@ -144,17 +144,9 @@ function beep(): void {
 registerControls(makers);
 makers.set("window", (page, node) => new WindowView(page as Screen, node));
 
-export function stand(channel: Channel): Screen {
-  const screen = new Screen(channel);
-  serveClipboard(screen);
-  serveFiles(screen);
-  serveCompanions(screen);
-  return screen;
-}
-
 // The program starts when it knows how large the page is.
 export async function start(): Promise<void> {
-  const screen = stand(openChannel());
+  const screen = new Screen(openChannel());
   await serveVisits(screen);
   await Promise.all(["12px Noto Sans", "bold 12px Noto Sans", "12px Liberation Serif", "bold 12px Liberation Serif"].map((font) => document.fonts.load(font)));
   screen.windows.tellSize();

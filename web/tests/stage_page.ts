@@ -1,5 +1,5 @@
 // The page on a stage: its program runs outside the browser.
-import { stand } from "../page/page.js";
+import { Screen } from "../page/page.js";
 
 const sent: string[] = [];
 let take: (text: string) => void = () => undefined;
@@ -7,4 +7,4 @@ Object.assign(window, {
   stageTake: (text: string) => take(text),
   stageSent: () => sent.splice(0),
 });
-stand({ send: (text) => void sent.push(text), onMessage: (taker) => (take = taker) }).windows.tellSize();
+new Screen({ send: (text) => void sent.push(text), onMessage: (taker) => (take = taker) }).windows.tellSize();
