@@ -16,7 +16,10 @@
 #include <functional>
 #include <iterator>
 #include <limits>
+#include <optional>
 #include <string>
+#include <string_view>
+#include <utility>
 
 namespace std {
 
@@ -65,12 +68,70 @@ inline bool hasDigitNotZero(const string& text) {
   return text.substr(0, text.find_first_of("eE")).find_first_of("123456789") != string::npos;
 }
 
+// Powers of ten that are no numbers to round: up to 22, of float up to 10.
+template <class Real>
+inline constexpr int lastExactPower = numeric_limits<Real>::digits == 53 ? 22 : 10;
+template <class Real>
+inline constexpr auto exactPowers = [] {
+  array<Real, lastExactPower<Real> + 1> powers{1};
+  for (size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 10;
+  return powers;
+}();
+
+// Digits as a whole number and the power of ten that is to be taken of it.
+struct Scaled {
+  unsigned long long number = 0;
+  int power = 0;
+};
+
+// What decimalEnd has found; nothing where the number may be too long or too large for it.
+inline optional<Scaled> scaledIn(const char* at, const char* end) {
+  constexpr int longest = 18;
+  Scaled scaled;
+  int digits = 0;
+  bool isFraction = false;
+  for (; at != end && *at != 'e' && *at != 'E'; ++at) {
+    if (*at == '.') {
+      isFraction = true;
+      continue;
+    }
+    if ((digits > 0 || *at != '0') && ++digits > longest) return nullopt;
+    scaled.number = scaled.number * 10 + static_cast<unsigned>(*at - '0');
+    if (isFraction) --scaled.power;
+  }
+  if (at == end) return scaled;
+  at += at[1] == '+' ? 2 : 1;
+  int power = 0;
+  if (std::from_chars(at, end, power).ec != errc() || power > 999 || power < -999) return nullopt;
+  scaled.power += power;
+  return scaled;
+}
+
+// A whole number and a power of ten that are exact have a quotient or product that is rounded once,
+// so right (Clinger 1990, How to read floating point numbers accurately).
+template <class Real>
+optional<Real> roundedOnce(const char* first, const char* end) {
+  const bool isNegative = *first == '-';
+  const auto scaled = scaledIn(first + isNegative, end);
+  if (!scaled || scaled->number >> numeric_limits<Real>::digits != 0) return nullopt;
+  const auto power = static_cast<size_t>(std::abs(scaled->power));
+  if (power >= exactPowers<Real>.size()) return nullopt;
+  const Real ten = exactPowers<Real>[power];
+  const Real whole = static_cast<Real>(scaled->number);
+  const Real size = scaled->power < 0 ? whole / ten : whole * ten;
+  return isNegative ? -size : size;
+}
+
 template <class Real>
 from_chars_result read(const char* first, const char* last, Real& value, chars_format form) {
   const char* const sign = first != last && *first == '-' ? first + 1 : first;
   const bool isWord = sign != last && std::strchr("iInN", *sign) && *sign;  // inf, nan
   const char* end = isWord ? last : decimalEnd(first, last, form);
   if (end == first) return {first, errc::invalid_argument};
+  if (const auto number = isWord ? nullopt : roundedOnce<Real>(first, end)) {
+    value = *number;
+    return {end, errc()};
+  }
   const string text(first, end);
   char* stop = nullptr;
   const Real number = parsed(text.c_str(), &stop, Real());
@@ -82,7 +143,7 @@ from_chars_result read(const char* first, const char* last, Real& value, chars_f
   return {end, errc()};
 }
 
-inline to_chars_result put(char* first, char* last, const string& text) {
+inline to_chars_result put(char* first, char* last, string_view text) {
   if (last - first < static_cast<ptrdiff_t>(text.size())) return {last, errc::value_too_large};
   return {std::copy(text.begin(), text.end(), first), errc()};
 }
@@ -91,14 +152,14 @@ inline string printed(double value, chars_format form, int precision) {
   const char* const picture = form == chars_format::fixed        ? "%.*f"
                               : form == chars_format::scientific ? "%.*e"
                                                                  : "%.*g";
-  string text(512, '\0');  // a first try; the longest has 308 digits and those asked for
-  for (;;) {
-    const auto length =
-        static_cast<size_t>(std::snprintf(text.data(), text.size(), picture, precision, value));
-    const bool fits = length < text.size();
-    text.resize(fits ? length : length + 1);
-    if (fits) return text;
-  }
+  char usual[64];
+  const auto length =
+      static_cast<size_t>(std::snprintf(usual, sizeof(usual), picture, precision, value));
+  if (length < sizeof(usual)) return {usual, length};
+  string text(length + 1, '\0');
+  std::snprintf(text.data(), text.size(), picture, precision, value);
+  text.pop_back();
+  return text;
 }
 
 template <class Real>
@@ -131,33 +192,80 @@ string shortest(Real value) {
   return printed(value, chars_format::scientific, Limits::max_digits10 - 1);
 }
 
-// Without the noughts that end the fraction, and the point if nothing stands behind it.
-inline string withoutEndNoughts(const string& text) {
+// The digits of a number, the point behind the first one, and the power of ten to be taken of it.
+struct Decimal {
+  string digits;
+  int exponent = 0;
+};
+
+inline Decimal decimalOf(string digits, int exponent) {
+  digits.resize(std::max<size_t>(digits.find_last_not_of('0') + 1, 1));
+  return {std::move(digits), exponent};
+}
+
+// Of a value that is a whole number of at most digits10 digits over a power of ten: its product
+// with that power is less than a half off. No other decimal of so few digits reads back as the
+// value.
+template <class Real>
+optional<Decimal> fewDigits(Real size) {
+  for (int power = 0; power <= lastExactPower<Real>; ++power) {
+    const Real ten = exactPowers<Real>[static_cast<size_t>(power)];
+    const Real whole = std::nearbyint(size * ten);
+    if (!(whole < exactPowers<Real>[numeric_limits<Real>::digits10])) return nullopt;
+    if (whole / ten != size) continue;
+    string digits = std::to_string(static_cast<unsigned long long>(whole));
+    const int exponent = whole == 0 ? 0 : static_cast<int>(digits.size()) - 1 - power;
+    return decimalOf(std::move(digits), exponent);
+  }
+  return nullopt;
+}
+
+template <class Real>
+Decimal shortestDecimal(Real size) {
+  if (auto few = fewDigits(size)) return *few;
+  const string text = shortest(size);
   const auto mark = text.find('e');
-  const auto point = text.find('.');
-  if (point == string::npos) return text;
-  auto end = text.find_last_not_of('0', mark - 1) + 1;
-  if (end == point + 1) end = point;
-  return text.substr(0, end) + text.substr(mark);
+  const int exponent = std::atoi(text.c_str() + mark + 1);
+  return decimalOf(text[0] + (mark > 1 ? text.substr(2, mark - 2) : string()), exponent);
+}
+
+inline string scientificText(const Decimal& decimal) {
+  string text = decimal.digits;
+  if (text.size() > 1) text.insert(1, 1, '.');
+  const string power = std::to_string(std::abs(decimal.exponent));
+  return text + (decimal.exponent < 0 ? "e-" : "e+") + (power.size() < 2 ? "0" : "") + power;
+}
+
+// A large whole number has digits that are not needed to read it back.
+template <class Real>
+string fixedText(const Decimal& decimal, Real size) {
+  if (size >= 1ULL << numeric_limits<Real>::digits) return printed(size, chars_format::fixed, 0);
+  string text = decimal.digits;
+  if (decimal.exponent < 0)
+    return "0." + string(static_cast<size_t>(-decimal.exponent) - 1, '0') + text;
+  const auto whole = static_cast<size_t>(decimal.exponent) + 1;
+  if (text.size() < whole) text.append(whole - text.size(), '0');
+  if (text.size() > whole) text.insert(whole, 1, '.');
+  return text;
 }
 
 template <class Real>
 to_chars_result writeShortest(char* first, char* last, Real value, const chars_format* asked) {
   if (!std::isfinite(value)) return put(first, last, printed(value, chars_format::general, 1));
-  const string text = withoutEndNoughts(shortest(value));
-  const auto mark = text.find('e');
-  const int exponent = std::atoi(text.c_str() + mark + 1);
-  const auto notDigits = std::count(text.begin(), text.begin() + mark, '.') + std::signbit(value);
-  const int digits = static_cast<int>(mark - notDigits);
-  const int decimals = std::max(0, digits - 1 - exponent);
-  const auto fixed = [&] { return printed(value, chars_format::fixed, decimals); };
-  if (!asked) {  // the shorter one, fixed if they are alike
-    const string whole = fixed();
-    return put(first, last, whole.size() <= text.size() ? whole : text);
+  if (std::signbit(value)) {
+    if (first == last) return {last, errc::value_too_large};
+    *first++ = '-';
   }
-  const bool isFixed = *asked == chars_format::fixed ||
-                       (*asked == chars_format::general && exponent >= -4 && exponent < 6);
-  return put(first, last, isFixed ? fixed() : text);
+  const Real size = std::abs(value);
+  const Decimal decimal = shortestDecimal(size);
+  const string text = scientificText(decimal);
+  const bool isGeneral = asked && *asked == chars_format::general;
+  if (isGeneral ? decimal.exponent < -4 || decimal.exponent >= 6
+                : asked && *asked == chars_format::scientific)
+    return put(first, last, text);
+  const string whole = fixedText(decimal, size);
+  // Where none is asked for, the shorter one, fixed if they are alike.
+  return put(first, last, asked || whole.size() <= text.size() ? whole : text);
 }
 
 }  // namespace tolmer_gaps

@@ -2,12 +2,12 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <charconv>
 #include <cmath>
 #include <cstdint>
 #include <cstring>
-#include <optional>
+
+#include "base/rounded_decimal.h"
 
 namespace tolmer {
 namespace {
@@ -25,47 +25,9 @@ constexpr auto pairs = [] {
   return digits;
 }();
 
-// Ten to the power of 0 to 19.
-constexpr auto tenfold = [] {
-  std::array<std::uint64_t, 20> powers{1};
-  for (std::size_t i = 1; i < powers.size(); ++i) powers[i] = powers[i - 1] * 10;
-  return powers;
-}();
-
-// The number is `digits` with the point behind the first one, times ten to the power of exponent.
-struct Decimal {
-  std::uint64_t digits;
-  int exponent;
-};
-
-// A number that is neither small nor large, rounded to so many digits as std::to_chars rounds it,
-// but in a tenth of the time: scaled to a whole number of that many digits it has 117 bits at most.
-// Nothing for numbers below 1/128, from 2 to the 52nd, or with more digits left of the point.
-std::optional<Decimal> middlingDecimal(double number, int significant) {
-  constexpr int fraction = 52;
-  const auto bits = std::bit_cast<std::uint64_t>(number);
-  const int binary = static_cast<int>(bits >> fraction) - 1023;
-  if (binary < -7 || binary >= fraction) return std::nullopt;
-  constexpr std::uint64_t leading = std::uint64_t{1} << fraction;
-  const unsigned __int128 mantissa = leading | (bits & (leading - 1));
-  const int shift = fraction - binary;
-  const std::uint64_t bound = tenfold[static_cast<std::size_t>(significant)];
-  // By the logarithm of 2; the number's own is this one or the next.
-  for (int exponent = binary * 1233 >> 12; exponent < significant; ++exponent) {
-    const auto product = mantissa * tenfold[static_cast<std::size_t>(significant - 1 - exponent)];
-    auto digits = static_cast<std::uint64_t>(product >> shift);
-    if (digits >= bound) continue;
-    const auto rest = product - (static_cast<unsigned __int128>(digits) << shift);
-    const auto half = static_cast<unsigned __int128>(1) << (shift - 1);
-    if (rest > half || (rest == half && digits % 2 == 1)) ++digits;
-    if (digits < bound) return Decimal{digits, exponent};
-  }
-  return std::nullopt;
-}
-
 // Without zeros behind the last decimal. Copies more than it writes, since a copy of known length
 // costs next to nothing: behind the end there is room for it.
-char* write(char* at, Decimal decimal, int significant) {
+char* write(char* at, RoundedDecimal decimal, int significant) {
   std::array<char, 2 * mostDigits> text;
   char* first = text.data() + significant;
   for (; first > text.data() + 1; decimal.digits /= 100)
@@ -239,8 +201,8 @@ void JsonWriter::decimal(double number, int significant) {
   char* at = element(1 + longestNumber);
   if (std::signbit(number)) *at++ = '-';
   const double magnitude = std::fabs(number);
-  if (const auto middling = middlingDecimal(magnitude, significant))
-    at = write(at, *middling, significant);
+  if (const auto rounded = roundedDecimal(magnitude, significant))
+    at = write(at, *rounded, significant);
   else
     at = std::to_chars(at, at + longestNumber, magnitude, std::chars_format::general, significant)
              .ptr;

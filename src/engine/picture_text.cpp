@@ -6,6 +6,8 @@
 #include <cmath>
 #include <cstdlib>
 
+#include "base/rounded_decimal.h"
+
 namespace tolmer {
 namespace {
 
@@ -88,7 +90,13 @@ Decimal decimalOf(float value) {
   return decimal;
 }
 
-Decimal decimalOf(double value) { return decimalOf<doubleDigits, 767>(value); }
+Decimal decimalOf(double value) {
+  const auto rounded = roundedDecimal(std::fabs(value), doubleDigits);
+  if (!rounded) return decimalOf<doubleDigits, 767>(value);
+  Decimal decimal{value < 0, std::to_string(rounded->digits), rounded->exponent + 1};
+  decimal.digits.resize(decimal.digits.find_last_not_of('0') + 1);
+  return decimal;
+}
 
 void groupThousands(std::string& text, int begin, int end) {
   for (int at = end - 3; at > begin; at -= 3) text.insert(static_cast<std::size_t>(at), 1, ',');
