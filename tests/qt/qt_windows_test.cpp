@@ -7,6 +7,7 @@
 #include <QClipboard>
 #include <QDialog>
 #include <QMdiSubWindow>
+#include <QMenuBar>
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPlainTextEdit>
@@ -19,6 +20,7 @@
 
 #include "platform/buttons.h"
 #include "platform/fields.h"
+#include "platform/grid/grid.h"
 #include "platform/labels.h"
 #include "platform/menu.h"
 #include "platform/qt/kept_window.h"
@@ -225,6 +227,39 @@ TEST_F(QtWindowsTest, ButtonsOfADialogThatIsTooHighStayInViewAtAnyZoom) {
     EXPECT_LE(widgetOf(dialog).height(), 800);
     dialog.txtFirst.setFocus();
   }
+}
+
+// Edges that fall between pixels, where the place and the size round apart.
+TEST_F(QtWindowsTest, DialogThatHasRoomDoesNotScrollWhereverItStands) {
+  Window dialog(desktop, "frm", WindowStyle::dialog, "Between");
+  Button last(&dialog, "cmdOK", "OK");
+  dialog.setPlace({6, 6, 4505, 2705});
+  dialog.show();
+  for (const int zoom : {100, 110, 125}) {
+    desktop.setZoom(zoom);
+    desktop.settle();
+    EXPECT_EQ(widgetOf(dialog).findChild<QScrollArea*>(), nullptr) << zoom;
+  }
+}
+
+TEST_F(QtWindowsTest, MenuOfADialogIsThereAtEveryZoomAndItsSizeComesBack) {
+  Window dialog(desktop, "frm", WindowStyle::dialog, "Sheet");
+  MenuItem bar{nullptr, "bar"};
+  MenuItem file{&bar, "mnuFile", "&File"};
+  MenuItem edit{&bar, "mnuEdit", "&Edit"};
+  dialog.setMenuBar(&bar);
+  dialog.setSizable(true);
+  dialog.setPlace({0, 0, pixels(600), pixels(700)});
+  dialog.show();
+  const auto& menu = *widgetOf(dialog).findChild<QMenuBar*>();
+  for (const int zoom : {100, 125, 150, 100}) {
+    desktop.setZoom(zoom);
+    desktop.settle();
+    for (QAction* entry : menu.actions())
+      EXPECT_TRUE(menu.rect().contains(menu.actionGeometry(entry))) << zoom;
+  }
+  EXPECT_EQ(dialog.innerWidth(), pixels(600)) << "it was cut while it was larger than the screen";
+  EXPECT_EQ(widgetOf(dialog).width(), 600);
 }
 
 TEST_F(QtWindowsTest, FrameKeepsItsMaximisedState) {
@@ -454,9 +489,13 @@ TEST_F(QtWindowsTest, ModelThatGoesTakesItsWidgetsAlong) {
   {
     Window window(desktop, "frm", WindowStyle::dialog, "Short");
     Label label(&window, "lbl", "Text");
+    Grid list(&window, "grd");
+    list.setSelectionMode(SelectionMode::rows);
     window.show();
     desktop.settle();
+    list.setFocus();  // what follows from that comes when the list is gone
   }
+  desktop.settle();
   QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
   EXPECT_EQ(QApplication::topLevelWidgets().size(), before);
   EXPECT_TRUE(desktop.windows().empty());

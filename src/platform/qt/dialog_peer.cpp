@@ -115,9 +115,11 @@ class DialogPeer : public WindowPeer {
 
   // A window that the user may resize takes the room that there is; another one keeps its size.
   void place() override {
+    // A new zoom's font comes to the bar by itself only after this.
+    if (menuBar_) menuBar_->setFont(QApplication::font());
     const QSize room = screenPlace().size() - bars();
     if (window().sizable()) {
-      const QSize wanted = toPixels(window().place(), scale()).size();
+      const QSize wanted = toPixels(askedSize(), scale());
       const QSize least = toPixels(window().leastInner(), scale());
       // An upright bar shall not ask for another one.
       const int withBar = wanted.boundedTo(room).height() < least.height()
@@ -125,10 +127,10 @@ class DialogPeer : public WindowPeer {
                               : 0;
       const QSize shown = wanted.expandedTo({withBar, 0}).boundedTo(room);
       if (window().state() != WindowState::maximised) dialog_->resize(shown + menu());
-      if (shown != wanted) report(shown);
+      if (shown != wholeSize()) report(shown);
+      cutTo_ = ownSize();
     } else {
-      const Size whole{window().width(), window().height()};
-      const DialogFit fit = fitDialog(window(), whole, toTwips(room, scale()), bar());
+      const DialogFit fit = fitDialog(window(), ownSize(), toTwips(room, scale()), bar());
       dialog_->setFixedSize(toPixels(fit.shown, scale()).boundedTo(room) + menu());
     }
     arrange();
@@ -139,6 +141,17 @@ class DialogPeer : public WindowPeer {
                   QPoint(std::min(wanted.x(), room.width() - shown.width()),
                          std::min(wanted.y(), room.height() - shown.height())));
     if (window().sizable()) followState();
+  }
+
+  // Wherever it stands: by the edges of its place it could be a pixel more than the dialog has.
+  QSize wholeSize() const { return toPixels(ownSize(), scale()); }
+
+  Size ownSize() const { return {window().width(), window().height()}; }
+
+  // As the program or the user made it: it comes back when the screen or the zoom has room again.
+  Size askedSize() {
+    if (ownSize() != cutTo_) asked_ = ownSize();
+    return asked_;
   }
 
   // On the screen, where no window is magnified.
@@ -163,7 +176,7 @@ class DialogPeer : public WindowPeer {
     const QRect room(QPoint(0, menuHeight()), dialog_->size() - menu());
     const QSize whole = window().sizable()
                             ? room.size().expandedTo(toPixels(window().leastInner(), scale()))
-                            : toPixels(window().place(), scale()).size();
+                            : wholeSize();
     if (menuBar_) menuBar_->setGeometry(0, 0, dialog_->width(), menuHeight());
     const bool hasRoom = whole.width() <= room.width() && whole.height() <= room.height();
     if (hasRoom && !inside_) return childrenGround()->setGeometry(room);
@@ -269,6 +282,7 @@ class DialogPeer : public WindowPeer {
   QMenuBar* menuBar_ = nullptr;
   std::unique_ptr<ScrolledInside> inside_;
   Twips footTop_ = 0;
+  Size asked_, cutTo_;
   float magnification_ = 1;
 };
 

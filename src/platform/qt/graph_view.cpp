@@ -147,9 +147,11 @@ QRect GraphView::placeOf(std::size_t mark) const {
       .toAlignedRect();
 }
 
+// Some time after it came to have the focus: only while it still does is the graph sure to be there.
 void GraphView::tellFocusedMark() {
+  if (!hasFocus() || !QAccessible::isActive()) return;
   const auto mark = graph_.currentMark();
-  if (!QAccessible::isActive() || !hasFocus() || !mark) return;
+  if (!mark) return;
   QAccessibleEvent event(this, QAccessible::Focus);
   event.setChild(static_cast<int>(*mark));
   QAccessible::updateAccessibility(&event);

@@ -265,9 +265,11 @@ void GridView::showDrawnBlocks() {
   if (pointed && !dragging_) bringIntoView({pointed->row2, pointed->col2});
 }
 
+// Some time after it came to have the focus: only while it still does is the grid sure to be there.
 void GridView::tellFocusedCell() {
+  if (!hasFocus() || !QAccessible::isActive()) return;
   const auto cell = focusedCell(grid_);
-  if (!QAccessible::isActive() || !hasFocus() || !cell) return;
+  if (!cell) return;
   QAccessibleEvent event(this, QAccessible::Focus);
   event.setChild(accessibleIndex(grid_, *cell));
   QAccessible::updateAccessibility(&event);
@@ -346,6 +348,7 @@ void GridView::dragTo(QPoint place) {
 
 void GridView::timerEvent(QTimerEvent* event) {
   if (event->timerId() != dragTimer_.timerId()) return QAbstractScrollArea::timerEvent(event);
+  if (isHidden()) return dragTimer_.stop();
   const QRect inside = viewport()->rect();
   const auto beyond = [](int at, int low, int high) {
     return at < low ? at - low : std::max(at - high, 0);
