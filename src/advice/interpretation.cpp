@@ -8,7 +8,7 @@
 #include "engine/decimals_choice.h"
 #include "engine/fitted_equation.h"
 #include "engine/least_squares.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "engine/variance_inflation.h"
 
 namespace tolmer {

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "engine/decimals_choice.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "platform/desktop.h"
 #include "platform/grid/grid_copy.h"
 #include "platform/grid/grid_fit.h"

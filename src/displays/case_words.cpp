@@ -3,7 +3,7 @@
 #include <array>
 
 #include "base/sentence_parts.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 
 namespace tolmer {
 namespace {

@@ -120,7 +120,7 @@ class frmDataEditor : public SheetWindow, public EditorData {
   }
   bool replacingLosesData() const { return sheet_.changeMade() || sheet_.unsaved(); }
 
-  // --- data in no file, in unsaved_data.cpp
+  // --- data in no file, in save_question.cpp
   void offerLostWork();
   void offerToKeep(VisitPlace& lost, const Error& fault);
   void tmrAutosave_Tick();

@@ -4,7 +4,7 @@
 #include <limits>
 
 #include "engine/decimals_choice.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "sheet/sheet_content.h"
 #include "textimport/typed_number.h"
 

@@ -4,7 +4,7 @@
 #include <array>
 #include <utility>
 
-#include "base/program_words.h"
+#include "base/program_version.h"
 #include "base/sentence_parts.h"
 #include "editor/dialog_parts.h"
 #include "editor/variable_choice.h"

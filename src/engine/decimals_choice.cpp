@@ -6,7 +6,7 @@
 #include <cstdint>
 
 #include "base/portable_math.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 
 namespace tolmer {
 namespace {

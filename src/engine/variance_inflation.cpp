@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "engine/least_squares.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "engine/product_sums.h"
 #include "engine/triangular_factor.h"
 #include "engine/triangular_inverse.h"

@@ -7,7 +7,7 @@
 #include <utility>
 
 #include "engine/decimals_choice.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 
 namespace tolmer {
 namespace {

@@ -4,7 +4,7 @@
 #include <charconv>
 #include <cmath>
 
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 
 namespace tolmer {
 

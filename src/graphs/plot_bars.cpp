@@ -5,7 +5,7 @@
 #include <cstddef>
 #include <string>
 
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 
 namespace tolmer {
 

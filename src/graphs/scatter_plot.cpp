@@ -8,7 +8,7 @@
 
 #include "engine/axis_scale.h"
 #include "engine/correlation.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "graphs/axis_labels.h"
 
 namespace tolmer {

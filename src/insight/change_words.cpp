@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "engine/decimals_choice.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 
 namespace tolmer {
 namespace {

@@ -7,7 +7,7 @@
 
 #include "base/sentence_parts.h"
 #include "engine/decimals_choice.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "insight/change_words.h"
 #include "insight/influence.h"
 #include "insight/without_cases.h"

@@ -5,7 +5,7 @@
 #include <numeric>
 
 #include "base/sentence_parts.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 
 namespace tolmer {
 namespace {

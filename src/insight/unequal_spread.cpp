@@ -4,7 +4,7 @@
 #include <vector>
 
 #include "base/sentence_parts.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "insight/change_words.h"
 #include "secondfit/long_sums.h"
 #include "secondfit/tail_areas.h"

@@ -5,7 +5,7 @@
 #include <set>
 
 #include "base/sentence_parts.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "insight/change_words.h"
 
 namespace tolmer {

@@ -1,4 +1,4 @@
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "insight/influence.h"
 #include "insight/unequal_spread.h"
 #include "notes/note_makers.h"

@@ -4,7 +4,7 @@
 #include "base/portable_math.h"
 #include "displays/display_list.h"
 #include "engine/axis_scale.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "graphs/axis_labels.h"
 #include "notes/note_makers.h"
 

@@ -2,7 +2,7 @@
 #include <cmath>
 
 #include "base/portable_math.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "engine/variance_inflation.h"
 #include "notes/note_makers.h"
 

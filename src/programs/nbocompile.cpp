@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "base/program_words.h"
+#include "base/program_version.h"
 #include "bookcompiler/book_compiler.h"
 #include "system/running_program.h"
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "base/program_words.h"
+#include "base/program_version.h"
 #include "base/text_encoding.h"
 #include "figures/course_figures.h"
 #include "system/running_program.h"

@@ -11,7 +11,7 @@
 #include <string_view>
 #include <vector>
 
-#include "base/program_words.h"
+#include "base/program_version.h"
 #include "foreign/cut_format.h"
 #include "foreign/cut_request.h"
 #include "foreign/file_kind.h"

@@ -11,7 +11,7 @@
 #include <string_view>
 
 #include "base/paths.h"
-#include "base/program_words.h"
+#include "base/program_version.h"
 #include "platform/qt/program.h"
 #include "platform/qt/qt_desktop.h"
 #include "sheetfiles/autosave_folder.h"

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "base/paths.h"
-#include "base/program_words.h"
+#include "base/program_version.h"
 #include "base/text_encoding.h"
 #include "report/report_document.h"
 #include "report/report_program.h"

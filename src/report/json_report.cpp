@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "base/json_writer.h"
-#include "base/program_words.h"
+#include "base/program_version.h"
 #include "insight/influence.h"
 #include "tables/table_parts.h"
 

@@ -8,7 +8,7 @@
 #include <optional>
 #include <string_view>
 
-#include "base/program_words.h"
+#include "base/program_version.h"
 #include "base/trimmed.h"
 
 namespace tolmer {

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "base/program_words.h"
+#include "base/program_version.h"
 #include "base/text_encoding.h"
 #include "data/working_copy.h"
 #include "displays/case_words.h"

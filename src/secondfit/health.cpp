@@ -3,7 +3,7 @@
 #include <cmath>
 
 #include "base/portable_math.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 
 namespace tolmer {
 namespace {

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "textimport/typed_number.h"
 
 namespace tolmer {

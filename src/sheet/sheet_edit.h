@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "sheet/sheet_formulas.h"
-#include "sheet/sheet_journal.h"
+#include "sheet/sheet_undo.h"
 
 namespace tolmer {
 

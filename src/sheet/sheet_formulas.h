@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "formula/calculator.h"
-#include "sheet/sheet_journal.h"
+#include "sheet/sheet_undo.h"
 
 namespace tolmer {
 

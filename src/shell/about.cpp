@@ -1,6 +1,6 @@
 #include "shell/about.h"
 
-#include "base/program_words.h"
+#include "base/program_version.h"
 #include "platform/desktop.h"
 
 namespace tolmer {

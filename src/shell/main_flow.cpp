@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "base/program_words.h"
+#include "base/program_version.h"
 #include "data/designer.h"
 #include "data/model_choice.h"
 #include "notebook/cover.h"

@@ -5,7 +5,7 @@
 #include <limits>
 
 #include "base/sentence_parts.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "insight/insight_tables.h"
 #include "insight/model_comparison.h"
 #include "sheet/sheet_content.h"

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <filesystem>
 
-#include "base/program_words.h"
+#include "base/program_version.h"
 #include "base/text_encoding.h"
 #include "report/printed_report.h"
 #include "system/host_path.h"

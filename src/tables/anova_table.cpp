@@ -7,7 +7,7 @@
 
 #include "engine/decimals_choice.h"
 #include "engine/least_squares.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "state/analysis_state.h"
 
 namespace tolmer {

@@ -8,7 +8,7 @@
 #include <span>
 
 #include "engine/decimals_choice.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "state/analysis_state.h"
 
 namespace tolmer {

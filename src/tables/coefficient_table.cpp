@@ -6,7 +6,7 @@
 
 #include "engine/decimals_choice.h"
 #include "engine/distributions.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "engine/variance_inflation.h"
 #include "state/analysis_state.h"
 

@@ -6,7 +6,7 @@
 #include <filesystem>
 
 #include "base/file_io.h"
-#include "base/program_words.h"
+#include "base/program_version.h"
 #include "editor/editor_visit.h"
 #include "sheetfiles/editor_file.h"
 #include "support/faults.h"

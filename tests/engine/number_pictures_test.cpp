@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "engine/decimals_choice.h"
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 #include "support/pairs_in.h"
 #include "support/regression_data.h"
 

@@ -5,7 +5,7 @@
 #include <charconv>
 #include <utility>
 
-#include "foreign/readers/number_format.h"
+#include "foreign/readers/cell_formats.h"
 #include "foreign/readers/sheet_choice.h"
 #include "textimport/typed_number.h"
 

@@ -5,7 +5,7 @@
 #include <map>
 #include <utility>
 
-#include "foreign/readers/number_format.h"
+#include "foreign/readers/cell_formats.h"
 #include "foreign/readers/sheet_choice.h"
 #include "foreign/readers/table_collector.h"
 #include "foreign/readers/xlsx_sheet.h"

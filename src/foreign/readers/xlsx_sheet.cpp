@@ -4,7 +4,7 @@
 #include <charconv>
 #include <utility>
 
-#include "foreign/readers/number_format.h"
+#include "foreign/readers/cell_formats.h"
 #include "textimport/typed_number.h"
 
 namespace tolmer {

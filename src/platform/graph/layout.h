@@ -6,9 +6,9 @@
 #include <array>
 #include <string>
 
+#include "platform/graph/axis_ticks.h"
 #include "platform/graph/graph_settings.h"
 #include "platform/graph/picture.h"
-#include "platform/graph/plot_scales.h"
 
 namespace tolmer {
 

@@ -5,10 +5,10 @@
 #include <variant>
 #include <vector>
 
+#include "platform/graph/axis_ticks.h"
 #include "platform/graph/graph_settings.h"
 #include "platform/graph/layout.h"
 #include "platform/graph/picture.h"
-#include "platform/graph/plot_scales.h"
 
 namespace tolmer {
 

@@ -6,7 +6,7 @@
 #include <QPdfWriter>
 #include <cmath>
 
-#include "base/program_words.h"
+#include "base/program_version.h"
 #include "platform/paper/pdf_outline.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/graph_view.h"

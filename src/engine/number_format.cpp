@@ -1,4 +1,4 @@
-#include "engine/picture_text.h"
+#include "engine/number_format.h"
 
 #include <array>
 #include <bit>

@@ -1,4 +1,4 @@
-#include "platform/graph/plot_scales.h"
+#include "platform/graph/axis_ticks.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,4 @@
-#include "base/program_words.h"
+#include "base/program_version.h"
 
 #include <algorithm>
 #include <charconv>

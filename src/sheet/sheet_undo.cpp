@@ -1,4 +1,4 @@
-#include "sheet/sheet_journal.h"
+#include "sheet/sheet_undo.h"
 
 #include <algorithm>
 #include <iterator>

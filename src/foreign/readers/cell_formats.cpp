@@ -1,4 +1,4 @@
-#include "foreign/readers/number_format.h"
+#include "foreign/readers/cell_formats.h"
 
 #include <algorithm>
 #include <charconv>
