@@ -9,6 +9,7 @@
 #include "engine/fitted_equation.h"
 #include "engine/least_squares.h"
 #include "engine/number_format.h"
+#include "engine/statistical_limits.h"
 #include "engine/variance_inflation.h"
 
 namespace tolmer {

@@ -7,13 +7,10 @@
 #include <string>
 #include <string_view>
 
+#include "base/data_limits.h"
 #include "base/error.h"
 
 namespace tolmer {
-
-// No file of the course or of a student comes near; it keeps a device or a wrong file from filling
-// the memory.
-inline constexpr std::size_t maxFileBytes = std::size_t{64} << 20;
 
 // The bytes of a regular file (or a link to one), named in the host's spelling. Anything else that
 // has a name, and a file of more than `limit` bytes, is refused unread. The error names the file

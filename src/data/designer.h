@@ -7,6 +7,7 @@
 #include "data/data_sources.h"
 #include "data/working_copy.h"
 #include "platform/buttons.h"
+#include "platform/curtain.h"
 #include "platform/fields.h"
 #include "platform/grid/grid.h"
 #include "platform/panels.h"

@@ -4,6 +4,7 @@
 #include <cctype>
 #include <string_view>
 
+#include "base/data_limits.h"
 #include "base/file_io.h"
 #include "base/trimmed.h"
 #include "fieldfile/field_reader.h"

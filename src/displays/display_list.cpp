@@ -10,7 +10,8 @@
 #include "tables/anova_table.h"
 #include "tables/case_lists.h"
 #include "tables/coefficient_table.h"
-#include "tables/variable_tables.h"
+#include "tables/correlation_table.h"
+#include "tables/description_table.h"
 
 namespace tolmer {
 namespace {

@@ -9,6 +9,7 @@
 #include "platform/grid/grid_copy.h"
 #include "platform/grid/grid_fit.h"
 #include "tables/html_writer.h"
+#include "tables/mark_colours.h"
 
 namespace tolmer {
 namespace {

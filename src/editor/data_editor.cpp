@@ -11,18 +11,14 @@
 #include "sheet/sheet_content.h"
 
 namespace tolmer {
-namespace {
-
-constexpr int lookInterval = 1000;  // milliseconds between looks whether to write the work aside
-
-}  // namespace
+namespace {}  // namespace
 
 frmDataEditor::frmDataEditor(Desktop& desktop, EditorPlaces places)
     : SheetWindow(desktop),
       files_(desktop, sheet_, std::move(places.program)),
       autosave_(places.aside, [&desktop] { return desktop.timers().now(); }),
       lights_(desktop.timers(), {&cmdOpen, &cmdSave, &cmdOK, &cmdCancel}),
-      tmrAutosave_(desktop.timers(), "tmrAutosave", lookInterval) {
+      tmrAutosave_(desktop.timers(), "tmrAutosave", Autosave::lookInterval) {
   setSizable(true);
   setMenuBar(&menu.bar);
   describeControls();

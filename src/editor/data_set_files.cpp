@@ -7,11 +7,13 @@
 #include <functional>
 #include <utility>
 
+#include "base/data_limits.h"
 #include "base/file_io.h"
 #include "base/paths.h"
 #include "editor/import_dialog.h"
 #include "foreign/import_process.h"
 #include "platform/file_question.h"
+#include "sheet/new_sheet.h"
 #include "sheet/sheet_content.h"
 #include "sheetfiles/editor_file.h"
 #include "sheetfiles/text_export.h"

@@ -5,6 +5,7 @@
 
 #include "engine/decimals_choice.h"
 #include "engine/number_format.h"
+#include "sheet/new_sheet.h"
 #include "sheet/sheet_content.h"
 #include "textimport/typed_number.h"
 

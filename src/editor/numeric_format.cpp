@@ -1,6 +1,8 @@
 #include "editor/numeric_format.h"
 
+#include "base/data_limits.h"
 #include "editor/dialog_parts.h"
+#include "sheet/new_sheet.h"
 #include "sheet/sheet_content.h"
 
 namespace tolmer {

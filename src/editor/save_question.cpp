@@ -5,6 +5,7 @@
 #include "base/file_io.h"
 #include "editor/data_editor.h"
 #include "platform/desktop.h"
+#include "sheet/new_sheet.h"
 
 namespace tolmer {
 

@@ -16,9 +16,6 @@ namespace tolmer {
 // iTermCol and Fit hold the auxiliary regressions afterwards.
 void ComputeVIFs(AnalysisState& state, MessagePort& messages);
 
-// A VIF above this is worth a warning.
-inline constexpr float highVIF = 10;
-
 // As all displays show it: one decimal, none where there is no finite VIF.
 std::string inflationText(float sVIF);
 

@@ -9,6 +9,7 @@
 #include "base/file_io.h"
 #include "figures/field_lines.h"
 #include "platform/graph/svg_writer.h"
+#include "tables/mark_colours.h"
 #include "tables/table_parts.h"
 
 namespace tolmer {

@@ -4,6 +4,7 @@
 #include <cmath>
 #include <optional>
 
+#include "base/data_limits.h"
 #include "base/tabbed_text.h"
 #include "base/text_encoding.h"
 

@@ -112,11 +112,6 @@ struct CutRequest {
   std::vector<int> columns{};  // their numbers in the file; empty for all
 };
 
-// The bounds of a table that is handed over; what goes beyond stays in the file.
-inline constexpr std::size_t mostCutFields = 1'000'000;
-inline constexpr std::size_t mostCutTextBytes = std::size_t{6} << 20;
-inline constexpr std::size_t longestCutText = 1000;  // bytes
-
 // "J6" for row 6 and column 10.
 std::string spreadsheetPlace(int row, int column);
 // The fewest digits that read back to the same bits.

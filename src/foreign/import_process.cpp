@@ -2,6 +2,7 @@
 
 #include <utility>
 
+#include "base/data_limits.h"
 #include "base/paths.h"
 #include "foreign/cut_format.h"
 #include "foreign/cut_request.h"
@@ -11,8 +12,7 @@
 namespace tolmer {
 namespace {
 
-constexpr std::size_t mostFileBytes = std::size_t{256} << 20;
-constexpr std::size_t mostTableBytes = std::size_t{32} << 20;
+constexpr std::size_t mostTableBytes = 32 * mebibyte;  // in the form in which it comes back
 
 const char* const brokenReader =
     "its reader gave up: the file is damaged, or made in a way that is not understood; open it in "
@@ -75,8 +75,9 @@ Result<CutBook> importFile(const std::string& hostFileName, const CutRequest& re
   const auto file = host::ChildInput::ofFile(hostFileName);
   if (file.error()) return Error{hostFileName, file.error().message()};
   if (!file.isRegular()) return Error{hostFileName, "it is no regular file"};
-  if (file.size() > mostFileBytes)
-    return Error{hostFileName, "it is larger than " + std::to_string(mostFileBytes >> 20) + " MiB"};
+  if (file.size() > mostForeignFileBytes)
+    return Error{hostFileName,
+                 "it is larger than " + std::to_string(mostForeignFileBytes / mebibyte) + " MiB"};
   return importFrom(file, hostFileName, request, reader);
 }
 

@@ -5,6 +5,7 @@
 
 #include "base/portable_math.h"
 #include "base/text_encoding.h"
+#include "engine/statistical_limits.h"
 #include "engine/variance_inflation.h"
 
 namespace tolmer {

@@ -5,7 +5,9 @@
 #include <cmath>
 #include <utility>
 
+#include "base/data_limits.h"
 #include "base/sentence_parts.h"
+#include "engine/statistical_limits.h"
 #include "insight/change_words.h"
 #include "insight/influence.h"
 #include "secondfit/tail_areas.h"
@@ -110,7 +112,7 @@ class Sentences {
                                 std::to_string(test.degrees) + " and " +
                                 counted(test.errorDegrees, "degree") + " of freedom, " +
                                 probabilityWords(test.p) + ")";
-    const bool isSmall = test.p < 0.05;  // which is no proof
+    const bool isSmall = test.p < usualLevelOfDoubles;  // which is no proof
     return (isSmall ? "It is hard to believe that " : "The data do not show that ") + listed(more) +
            (more.size() == 1 ? " explains" : " together explain") + (isSmall ? " no" : "") +
            " more than chance would " + numbers + ".";
@@ -252,7 +254,7 @@ int ModelHistory::add(ModelRecord record) {
       records_, [&](const ModelRecord& one) { return sameModel(one, record); });
   if (found != records_.end()) return firstNumber() + static_cast<int>(found - records_.begin());
   records_.push_back(std::move(record));
-  if (records_.size() > most) {
+  if (records_.size() > mostKeptModels) {
     records_.erase(records_.begin());
     ++forgotten_;
   }

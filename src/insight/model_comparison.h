@@ -44,11 +44,9 @@ bool isOfPresentData(const ModelRecord& record, const AnalysisState& state);
 std::string whyNotOfPresentData(const ModelRecord& record, const AnalysisState& state);
 
 // The completed fits of a run in their order, each once however often it was made; of very many
-// only the last ones. They are numbered from 1 on, and keep their numbers.
+// only the last ones (mostKeptModels). They are numbered from 1 on, and keep their numbers.
 class ModelHistory {
  public:
-  static constexpr int most = 100;
-
   // The number of the fit.
   int add(ModelRecord record);
   std::span<const ModelRecord> records() const { return records_; }

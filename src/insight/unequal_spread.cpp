@@ -5,6 +5,7 @@
 
 #include "base/sentence_parts.h"
 #include "engine/number_format.h"
+#include "engine/statistical_limits.h"
 #include "insight/change_words.h"
 #include "secondfit/long_sums.h"
 #include "secondfit/tail_areas.h"
@@ -71,7 +72,7 @@ SpreadTest breuschPagan(const ModelData& data, const SecondFit& fit) {
   return test;
 }
 
-bool isUnequal(const SpreadTest& test) { return test.p < 0.05; }
+bool isUnequal(const SpreadTest& test) { return test.p < usualLevelOfDoubles; }
 
 std::string spreadWords(const SpreadTest& test) {
   if (std::isnan(test.p))

@@ -1,4 +1,4 @@
-// Surfaces with other controls on them: panel, frame, and the curtain of the start.
+// Surfaces with other controls on them: panel and frame.
 #pragma once
 
 #include <string>
@@ -46,14 +46,6 @@ class Frame : public Captioned<Container> {
  public:
   using Captioned::Captioned;
   ControlKind kind() const override { return ControlKind::frame; }
-};
-
-// A ground that hides what lies behind its window: the name of the family of modules over and over.
-class Curtain : public Panel {
- public:
-  Curtain(Container* parent, std::string name);
-  // Fills that much of its container from the upper left corner.
-  void fill(Size room);
 };
 
 }  // namespace tolmer

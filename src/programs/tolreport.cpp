@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "base/data_limits.h"
 #include "base/paths.h"
 #include "base/program_version.h"
 #include "base/text_encoding.h"
@@ -21,15 +22,12 @@ bool write(std::FILE* stream, std::string_view text) {
          std::fflush(stream) == 0;
 }
 
-// More than any file that is read.
-constexpr std::size_t mostInput = std::size_t{64} << 20;
-
 tolmer::Result<std::string> standardInput() {
   std::string bytes;
   std::array<char, 1 << 16> block{};
   while (const std::size_t length = std::fread(block.data(), 1, block.size(), stdin)) {
     bytes.append(block.data(), length);
-    if (bytes.size() > mostInput) return tolmer::Error{"", "it is larger than 64 MB"};
+    if (bytes.size() > tolmer::maxFileBytes) return tolmer::Error{"", "it is larger than 64 MB"};
   }
   if (std::ferror(stdin) != 0) return tolmer::Error{"", "it cannot be read"};
   return bytes;

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "base/text_encoding.h"
+#include "tables/mark_colours.h"
 #include "tables/table_parts.h"
 
 namespace tolmer {

@@ -6,20 +6,9 @@
 #include "platform/text_metrics.h"
 
 namespace tolmer {
-namespace {
-
-constexpr double partGap = 18;  // above a display
-constexpr double headingGap = 3;
-constexpr double panelPadding = 6;
-
-constexpr PaperSize sizeOf(Paper paper) {
-  return paper == Paper::a4 ? PaperSize{595, 842} : PaperSize{612, 792};
-}
-
-}  // namespace
 
 PageWriter::PageWriter(Paper paper) {
-  pages_.paper = sizeOf(paper);
+  pages_.paper = printed::sizeOf(paper);
   pages_.pages.emplace_back();
 }
 
@@ -38,23 +27,24 @@ void PageWriter::require(double height) {
 
 void PageWriter::separate(double height, bool isAcross) {
   const bool lies = page().isAcross == isAcross;
-  if (!lies || (!isFresh() && room() < partGap + height))
+  if (!lies || (!isFresh() && room() < printed::partGap + height))
     newPage(isAcross);
   else if (!isFresh())
-    skip(partGap);
+    skip(printed::partGap);
 }
 
 void PageWriter::beginPart(const std::string& title, double body, bool isAcross) {
-  separate(heightOf(title, printed::heading, widthOf(isAcross)) + headingGap + body, isAcross);
+  separate(heightOf(title, printed::heading, widthOf(isAcross)) + printed::headingGap + body,
+           isAcross);
   pages_.headings.push_back({title, pages_.pages.size() - 1, top_});
   paragraph(title, printed::heading);
-  skip(headingGap);
+  skip(printed::headingGap);
 }
 
 void PageWriter::continuePart(const std::string& line, double body) {
-  separate(heightOf(line, printed::small, width()) + headingGap + body, page().isAcross);
+  separate(heightOf(line, printed::small, width()) + printed::headingGap + body, page().isAcross);
   paragraph(line, printed::small);
-  skip(headingGap);
+  skip(printed::headingGap);
 }
 
 double PageWriter::heightOf(const std::string& text, const PrintedLook& look, double width) {
@@ -87,7 +77,7 @@ void PageWriter::item(const std::string& text, const PrintedLook& look) {
 }
 
 void PageWriter::panel(const std::vector<std::string>& paragraphs, const PrintedLook& look,
-                       Colour ground, Colour bar) {
+                       const printed::PanelColours& colours) {
   constexpr double barWidth = 3;
   constexpr double indent = 10;
   const double inside = width() - 2 * indent;
@@ -95,13 +85,13 @@ void PageWriter::panel(const std::vector<std::string>& paragraphs, const Printed
   for (const std::string& text : paragraphs)
     for (std::string& line : wrapText(look.font(), text, inside)) lines.push_back(std::move(line));
   for (std::size_t at = 0; at < lines.size();) {
-    require(look.line() + 2 * panelPadding);
-    const auto fit = static_cast<std::size_t>((room() - 2 * panelPadding) / look.line());
+    require(look.line() + 2 * printed::panelPadding);
+    const auto fit = static_cast<std::size_t>((room() - 2 * printed::panelPadding) / look.line());
     const std::size_t end = std::min(lines.size(), at + std::max<std::size_t>(fit, 1));
-    const double height = static_cast<double>(end - at) * look.line() + 2 * panelPadding;
-    put(PrintedBox{left(), top_, width(), height, ground});
-    put(PrintedBox{left(), top_, barWidth, height, bar});
-    for (double top = top_ + panelPadding; at < end; ++at, top += look.line())
+    const double height = static_cast<double>(end - at) * look.line() + 2 * printed::panelPadding;
+    put(PrintedBox{left(), top_, width(), height, colours.ground});
+    put(PrintedBox{left(), top_, barWidth, height, colours.bar});
+    for (double top = top_ + printed::panelPadding; at < end; ++at, top += look.line())
       put(PrintedText{.x = left() + indent,
                       .baseLine = look.baseLine(top),
                       .text = lines[at],
@@ -114,7 +104,7 @@ void PageWriter::panel(const std::vector<std::string>& paragraphs, const Printed
 }
 
 void PageWriter::numberPages() {
-  constexpr PrintedLook look{.size = 8, .colour = printed::quietInk};
+  constexpr const PrintedLook& look = printed::footer;
   constexpr double toTheNumber = 60;
   const std::string whole = std::to_string(pages_.pages.size());
   for (std::size_t i = 0; i < pages_.pages.size(); ++i) {

@@ -4,33 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "platform/paper/printed_pages.h"
-#include "tables/html_writer.h"
+#include "report/page_setup.h"
 
 namespace tolmer {
-
-// How letters of a text look on paper, sizes in points.
-struct PrintedLook {
-  float size = 10;
-  bool isBold = false;
-  Colour colour = Colour::rgb(0x22, 0x22, 0x22);
-  double lineSpacing = 1.4;  // in parts of the size
-
-  Font font() const { return {FontFamily::interface, size, isBold}; }
-  double line() const { return size * lineSpacing; }
-  // Of letters in the middle of a line that begins at `top`.
-  double baseLine(double top) const { return top + line() / 2 + size * capHeight / 2; }
-  static constexpr double capHeight = 0.714;  // of Noto Sans
-};
-
-namespace printed {
-inline constexpr Colour quietInk = Colour::rgb(0x55, 0x55, 0x55);
-inline constexpr PrintedLook body{};
-inline constexpr PrintedLook title{.size = 17, .isBold = true, .lineSpacing = 1.3};
-inline constexpr PrintedLook heading{.size = 12, .isBold = true};
-inline constexpr PrintedLook subheading{.size = 9.5F, .isBold = true};
-inline constexpr PrintedLook small{.size = 9, .lineSpacing = 1.35};
-}  // namespace printed
 
 // Lengths are points. What is written stands below what was written before; where it does not fit
 // on the page it goes to a new one.
@@ -63,14 +39,14 @@ class PageWriter {
   void paragraph(const std::string& text, const PrintedLook& look, double indent = 0);
   void item(const std::string& text, const PrintedLook& look);
   // On a ground of their own with a bar at its left.
-  void panel(const std::vector<std::string>& paragraphs, const PrintedLook& look, Colour ground,
-             Colour bar);
+  void panel(const std::vector<std::string>& paragraphs, const PrintedLook& look,
+             const printed::PanelColours& colours);
 
   // The pages, numbered, with the title at the foot of all but the first.
   PrintedPages finish(std::string title, std::string author) &&;
 
  private:
-  static constexpr double margin = 45;  // 16 mm
+  static constexpr double margin = printed::margin;
 
   PrintedPage& page() { return pages_.pages.back(); }
   const PrintedPage& page() const { return pages_.pages.back(); }

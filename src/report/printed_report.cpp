@@ -12,8 +12,6 @@
 namespace tolmer {
 namespace {
 
-constexpr double gap = 6;
-
 void printFacts(PageWriter& pages, const std::vector<ReportFact>& facts) {
   constexpr double nameWidth = 130;
   const PrintedLook& look = printed::body;
@@ -31,11 +29,11 @@ void printFacts(PageWriter& pages, const std::vector<ReportFact>& facts) {
 
 void printHead(PageWriter& pages, const ReportDocument& document) {
   pages.paragraph(document.title, printed::title);
-  pages.skip(gap);
+  pages.skip(printed::gap);
   printFacts(pages, document.facts);
   for (const std::string& line : document.remarks) {
     if (line.empty()) continue;
-    pages.skip(gap);
+    pages.skip(printed::gap);
     pages.paragraph(line, printed::body);
   }
 }
@@ -43,7 +41,7 @@ void printHead(PageWriter& pages, const ReportDocument& document) {
 void printMessages(PageWriter& pages, const std::vector<std::string>& texts) {
   if (texts.empty()) return;
   pages.beginPart("Messages", 3 * printed::body.line());
-  pages.panel(texts, printed::body, Colour::rgb(0xFF, 0xF3, 0xCD), Colour::rgb(0xB5, 0x89, 0x00));
+  pages.panel(texts, printed::body, printed::ofMessages);
 }
 
 struct PartPrinter {
@@ -52,13 +50,12 @@ struct PartPrinter {
   const ReportDocument& document;
 
   void operator()(const FittedEquation& equation) const {
-    constexpr PrintedLook look{.size = 10.5F};
+    const PrintedLook& look = printed::equation;
     const double height = PageWriter::heightOf(equation.text, look, pages.widthOf(false) - 20);
-    pages.beginPart(title, std::min(height + 2 * gap, pages.wholeRoom() / 2));
-    pages.panel({equation.text}, look, Colour::rgb(0xF4, 0xF6, 0xF8),
-                Colour::rgb(0x34, 0x65, 0xA4));
+    pages.beginPart(title, std::min(height + 2 * printed::gap, pages.wholeRoom() / 2));
+    pages.panel({equation.text}, look, printed::ofEquation);
     if (equation.notes.empty()) return;
-    pages.skip(gap);
+    pages.skip(printed::gap);
     pages.require(3 * printed::body.line());
     pages.paragraph("Notes", printed::subheading);
     for (const std::string& note : equation.notes) pages.item(note, printed::body);
@@ -72,12 +69,12 @@ struct PartPrinter {
     const double words =
         PageWriter::heightOf(graph.description, printed::small, pages.widthOf(false));
     const double height = heightOf(picture.size);
-    pages.beginPart(title, height + gap + words);
+    pages.beginPart(title, height + printed::gap + words);
     if (height > 0) {
       const double width = height * picture.size.width / picture.size.height;
       pages.put(PrintedPicture{pages.left(), pages.top(), width,
                                std::make_shared<const Picture>(picture)});
-      pages.skip(height + gap);
+      pages.skip(height + printed::gap);
     }
     pages.paragraph(graph.description, printed::small);
   }
@@ -100,7 +97,7 @@ struct PartPrinter {
       pages.require(together(section));
       pages.paragraph(section.heading, printed::subheading);
       pages.paragraph(section.text, printed::body);
-      pages.skip(gap);
+      pages.skip(printed::gap);
     }
   }
 };

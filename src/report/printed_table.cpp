@@ -8,15 +8,12 @@
 
 #include "base/trimmed.h"
 #include "platform/text_metrics.h"
+#include "tables/mark_colours.h"
 #include "tables/table_parts.h"
 
 namespace tolmer {
 namespace {
 
-constexpr Colour headGround = Colour::rgb(0xEC, 0xEC, 0xEC);
-constexpr Colour headLine = Colour::rgb(0x88, 0x88, 0x88);
-constexpr Colour rowLine = Colour::rgb(0xD5, 0xD5, 0xD5);
-constexpr double hairline = 0.5;
 constexpr double tailGap = 4;  // above the key
 
 // "#RRGGBB"
@@ -93,7 +90,8 @@ class RowSetter {
       x += cell.width;
     }
     const double width = x - pages_.left();
-    pages_.put(PrintedBox{pages_.left(), pages_.top() + height - hairline, width, hairline, line});
+    pages_.put(PrintedBox{pages_.left(), pages_.top() + height - printed::hairline, width,
+                          printed::hairline, line});
     pages_.skip(height);
   }
 
@@ -206,7 +204,7 @@ class TablePrinter {
   SetRow headRow(const ColumnBlock& block) const {
     SetRow row;
     for (const std::size_t column : block)
-      row.push_back(columnCell(parts_.heads[column], column, headGround, true));
+      row.push_back(columnCell(parts_.heads[column], column, printed::headGround, true));
     return row;
   }
 
@@ -216,7 +214,7 @@ class TablePrinter {
       const TableCell& cell = cells[column];
       const std::string_view tint = tintOf(cell);
       const Colour ground = !tint.empty()                       ? colourOf(tint)
-                            : isFramed(cell) && !isLead(column) ? headGround
+                            : isFramed(cell) && !isLead(column) ? printed::headGround
                                                                 : colours::white;
       row.push_back(columnCell(cell, column, ground, isBold(cell, column)));
       row.back().sign = parts_.shownSign(cell);
@@ -235,14 +233,14 @@ class TablePrinter {
     for (const SetRow& row : body) height += setter().heightOf(row);
     const bool isLong = height > pages_.wholeRoom();
     begin(block, isLong ? pages_.wholeRoom() / 3 : height);
-    setter().print(head, headLine);
+    setter().print(head, printed::headLine);
     for (const SetRow& row : body) {
       const double needed = setter().heightOf(row) + (&row == &body.back() ? tail : 0);
       if (pages_.room() < needed) {
         pages_.newPage();
-        setter().print(head, headLine);
+        setter().print(head, printed::headLine);
       }
-      setter().print(row, rowLine);
+      setter().print(row, printed::rowLine);
     }
     if (blocks_.size() == 1) printTail();
   }
@@ -298,7 +296,7 @@ class TablePrinter {
       pages_.skip(tailGap);
       for (const SetRow& row : figureRows(parts_.bodies[i])) {
         pages_.require(setter().heightOf(row));
-        setter().print(row, rowLine);
+        setter().print(row, printed::rowLine);
       }
     }
     printKey();

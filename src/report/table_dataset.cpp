@@ -1,4 +1,5 @@
 #include "report/table_dataset.h"
+#include "base/data_limits.h"
 
 #include <algorithm>
 #include <limits>
@@ -13,8 +14,6 @@ namespace {
 
 // Cases and variables are counted with 16 signed bits.
 constexpr std::size_t most = std::numeric_limits<Int16>::max();
-// What keeps an analysis below a second and 64 MiB.
-constexpr std::size_t mostCells = 2000000;
 
 std::optional<std::string> doubleName(const NamedTable& table) {
   std::set<std::string_view> taken;
@@ -45,7 +44,7 @@ class Builder {
     if (rows_.size() > most) return tooMany(rows_.size(), " cases", most);
     if (variables_.size() > most) return tooMany(variables_.size(), " variables", most);
     const std::size_t cells = rows_.size() * variables_.size();
-    if (cells > mostCells) return tooMany(cells, " cells", mostCells);
+    if (cells > mostCellsOfReport) return tooMany(cells, " cells", mostCellsOfReport);
     return std::nullopt;
   }
 

@@ -8,8 +8,10 @@
 #include <set>
 #include <utility>
 
+#include "base/data_limits.h"
 #include "base/file_io.h"
 #include "report/table_dataset.h"
+#include "sheet/new_sheet.h"
 #include "sheetfiles/editor_file.h"
 #include "system/host_path.h"
 #include "system/running_program.h"

@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "report/text_layout.h"
+#include "tables/mark_colours.h"
 #include "tables/table_parts.h"
 
 namespace tolmer {

@@ -3,9 +3,11 @@
 #include <algorithm>
 #include <utility>
 
+#include "base/data_limits.h"
 #include "base/tabbed_text.h"
 #include "base/trimmed.h"
 #include "formula/rewrite.h"
+#include "sheet/new_sheet.h"
 #include "sheet/sheet_content.h"
 #include "sheet/sheet_entry.h"
 #include "textimport/typed_number.h"

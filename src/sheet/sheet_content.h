@@ -1,5 +1,4 @@
-// What the data editor's sheet holds, apart from how it is shown and edited, and what a new one
-// holds.
+// What the data editor's sheet holds, apart from how it is shown and edited.
 #pragma once
 
 #include <cstdint>
@@ -11,9 +10,6 @@
 #include "state/matrix.h"
 
 namespace tolmer {
-
-// Decimals that a column can show: a double has 15 digits that are all its own.
-inline constexpr Int16 maxDecimals = 15;
 
 // A cell keeps its exact value: never what is shown of it.
 struct DataCell {
@@ -56,21 +52,6 @@ bool isDescribed(const SheetContent& content);
 std::string aboutData(const SheetContent& content);
 // The last used case; 0 where there is none.
 int lastUsedRow(const SheetContent& content);
-
-inline constexpr Int16 standardDecimals = 3;
-inline constexpr const char* newTitle = "User Supplied Data";
-// With four variables the third is meant for one of two values: whole numbers, its own name.
-inline constexpr int binaryVariable = 3;
-
-// Of a new sheet or of a file; iVar 0 is the label column.
-std::string defaultHeading(int iVar, int variables);
-
-// Of a column that is left with data and without a name. Not the same: a single variable is "Var1"
-// here and "X" above, the fourth of four "Var4" and "Var3".
-std::string exitHeading(int iVar, int variables);
-
-// Headings, decimals and title of a new data set, all else empty.
-SheetContent newContent(int observations, int variables);
 
 // With so many decimals, rounded half away from zero from its first 15 digits. Numbers from 1e15 on
 // have no decimals of their own and are shown exactly instead.

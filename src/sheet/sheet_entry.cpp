@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "base/trimmed.h"
+#include "textimport/missing_codes.h"
 #include "textimport/number_shape.h"
 #include "textimport/typed_number.h"
 

@@ -5,6 +5,7 @@
 #include <optional>
 #include <vector>
 
+#include "base/data_limits.h"
 #include "sheet/sheet_paste.h"
 #include "textimport/typed_number.h"
 

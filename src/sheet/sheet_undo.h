@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "formula/sheet_names.h"
+#include "sheet/new_sheet.h"
 #include "sheet/sheet_content.h"
 
 namespace tolmer {
@@ -23,7 +24,7 @@ struct TakenData {
 // does not leave the old data under the new file's name.
 struct SheetState {
   SheetContent content;
-  Int16 miStdDecDigits = 3;
+  Int16 miStdDecDigits = standardDecimals;
   std::string mtFileName{};                      // empty while there is none
   std::shared_ptr<const TakenData> takenFrom{};  // null for the user's own
 };

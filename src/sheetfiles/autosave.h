@@ -20,7 +20,8 @@ class Autosave {
  public:
   using Clock = std::function<std::int64_t()>;  // milliseconds from any start
   using Content = std::function<SheetContent()>;
-  static constexpr std::int64_t interval = 3000;
+  static constexpr std::int64_t interval = 3000;  // milliseconds
+  static constexpr int lookInterval = 1000;       // between looks whether it is over
 
   // The places outlive it; null: nothing is written aside.
   Autosave(VisitPlaces* places, Clock now) : places_(places), now_(std::move(now)) {}

@@ -7,6 +7,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "base/data_limits.h"
 #include "base/file_io.h"
 #include "base/tabbed_text.h"
 #include "system/host_path.h"

@@ -31,8 +31,6 @@
 
 namespace tolmer {
 
-inline constexpr std::size_t maxEditorFileBytes = 500000;
-
 // "ZM50" for 50 variables.
 std::string editorFileTypeCode(int variables);
 

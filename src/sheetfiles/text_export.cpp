@@ -4,6 +4,7 @@
 #include <string_view>
 
 #include "base/tabbed_text.h"
+#include "sheet/new_sheet.h"
 #include "textimport/typed_number.h"
 
 namespace tolmer {

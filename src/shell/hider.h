@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/panels.h"
+#include "platform/curtain.h"
 #include "platform/window.h"
 
 namespace tolmer {

@@ -5,53 +5,23 @@
 
 #include "platform/desktop.h"
 #include "platform/text_metrics.h"
+#include "shell/status_line.h"
 
 namespace tolmer {
 namespace {
 
 constexpr Twips statusHeight = pixels(25);
 constexpr Twips statusMargin = pixels(10);
-constexpr int someSeconds = 8000;
 
 }  // namespace
 
 mdiReg::mdiReg(Desktop& desktop)
     : FrameWindow(desktop, "mdiReg", "Tolmer Analysis"),
-      displays(mnuWindow, &Display::menuWords, "mnuScatterList"),
-      mnuOptions(&menu, "mnuOptions", "&Options"),
-      mnuShowRegression(&mnuOptions, "mnuShowRegression",
-                        "Display &Regression Line on Scatterplots"),
-      mnuShowCorrelation(&mnuOptions, "mnuShowCorrelation", "Display &Correlation on Scatterplots"),
-      mnuKeepDisplays(&mnuOptions, "mnuKeepDisplays", "&Keep Displays After a Refit"),
-      mnuOptionsBar1(&mnuOptions, "mnuOptionsBar1", "-"),
-      mnuZoomIn(&mnuOptions, "mnuZoomIn", "&Larger", {.code = keys::plus, .control = true}),
-      mnuZoomOut(&mnuOptions, "mnuZoomOut", "&Smaller", {.code = keys::minus, .control = true}),
-      mnuZoomUsual(&mnuOptions, "mnuZoomUsual", "&Usual Size", {.code = '0', .control = true}),
-      mnuExplore(&menu, "mnuExplore", "E&xplore"),
-      mnuExploreNotes(&mnuExplore, "mnuExploreNotes", "&Notes..."),
-      mnuExploreCase(&mnuExplore, "mnuExploreCase", "&Case..."),
-      mnuExplorePredict(&mnuExplore, "mnuExplorePredict", "&Predict..."),
-      mnuExploreModels(&mnuExplore, "mnuExploreModels", "Compare &Models..."),
-      mnuExploreEditCopy(&mnuExplore, "mnuExploreEditCopy", "Edit a Copy of These &Data"),
-      mnuHelp(&menu, "mnuHelp", "&Help"),
-      mnuHelpContents(&mnuHelp, "mnuHelpContents", "&Contents"),
-      mnuHelpHint(&mnuHelp, "mnuHelpHint", "Show &Hint..."),
-      mnuHelpSearch(&mnuHelp, "mnuHelpSearch", "&Search for Help on..."),
-      mnuHelpUsingHelp(&mnuHelp, "mnuHelpUsingHelp", "&Using Help"),
-      mnuHelpBar1(&mnuHelp, "mnuHelpBar1", "-"),
-      mnuHelpAbout(&mnuHelp, "mnuHelpAbout", "&About..."),
-      tmrTold_(desktop.timers(), "tmrTold", someSeconds) {
+      tmrTold_(desktop.timers(), "tmrTold", wordsStay) {
   tmrTold_.Tick = [this] {
     tmrTold_.setEnabled(false);
     showLine(status_);
   };
-  // Until there is an analysis to report.
-  mnuFileReport.setEnabled(false);
-  mnuFilePrint.setEnabled(false);
-  mnuShowRegression.setCheckable(true);
-  mnuShowCorrelation.setCheckable(true);
-  mnuKeepDisplays.setCheckable(true);
-  mnuEditCopy.setShortcut({.code = 'C', .control = true});
   setMenuBar(&menu);
   setFootHeight(statusHeight);
   lblNotes.setIsLink(true);

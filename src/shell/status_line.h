@@ -10,4 +10,7 @@ namespace tolmer {
 // "stakloss · 21 of 21 cases · StackLoss on AirFlow and WaterTemp"; empty before the first fit.
 std::string statusLine(const AnalysisState& state);
 
+// So long the line says what has just happened instead: milliseconds.
+inline constexpr int wordsStay = 8000;
+
 }  // namespace tolmer

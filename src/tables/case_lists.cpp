@@ -9,6 +9,7 @@
 
 #include "engine/decimals_choice.h"
 #include "engine/number_format.h"
+#include "engine/statistical_limits.h"
 #include "state/analysis_state.h"
 
 namespace tolmer {
@@ -38,10 +39,9 @@ void putCase(TableContent& table, const AnalysisState& state, int iCase, CellRol
 
 // A figure that is far out of its variable's others.
 CellMark outlierMark(const AnalysisState& state, int variable, float value) {
-  constexpr double farOut = 3;  // standard deviations
   const double spread = state.dDescStat(2, variable);
   const bool isOut =
-      spread > 0 && std::fabs(value - state.dDescStat(1, variable)) / spread > farOut;
+      spread > 0 && std::fabs(value - state.dDescStat(1, variable)) / spread > outlierDeviations;
   return isOut ? CellMark::outlier : CellMark::none;
 }
 
@@ -70,9 +70,9 @@ struct Band {
   const char* above;
   const char* below;
 };
-constexpr std::array bands = {Band{4, CellMark::beyond4SE, "> 4 SE", "< -4 SE"},
-                              Band{3, CellMark::beyond3SE, "> 3 SE", "< -3 SE"},
-                              Band{2, CellMark::beyond2SE, "> 2 SE", "< -2 SE"}};
+constexpr std::array bands = {Band{farthestResidual, CellMark::beyond4SE, "> 4 SE", "< -4 SE"},
+                              Band{fartherResidual, CellMark::beyond3SE, "> 3 SE", "< -3 SE"},
+                              Band{farResidual, CellMark::beyond2SE, "> 2 SE", "< -2 SE"}};
 
 const Band* bandOf(float z) {
   const auto* band = std::find_if(bands.begin(), bands.end(),

@@ -7,6 +7,7 @@
 #include "engine/decimals_choice.h"
 #include "engine/distributions.h"
 #include "engine/number_format.h"
+#include "engine/statistical_limits.h"
 #include "engine/variance_inflation.h"
 #include "state/analysis_state.h"
 
@@ -17,11 +18,6 @@ enum Column { name = 1, estimate, stdError, tValue, pValue, vif, lower, upper };
 
 constexpr std::array heads = {"Variable", "Est Coeff", "Std Error", "t",
                               "P",        "VIF",       "95% Lower", "95% Upper"};
-
-// p is a single, and so are the levels it is held against: a p that is the single nearest to a
-// level does not reach it.
-constexpr float strictLevel = 0.01F;
-constexpr float usualLevel = 0.05F;
 
 int storedTerms(const AnalysisState& state) {
   const auto last = [](const auto& values) { return static_cast<int>(values.size()) - 1; };

@@ -7,6 +7,7 @@
 #include "base/markup_text.h"
 #include "base/tabbed_text.h"
 #include "platform/text_metrics.h"
+#include "tables/mark_colours.h"
 #include "tables/table_parts.h"
 
 namespace tolmer {

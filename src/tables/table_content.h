@@ -1,5 +1,5 @@
 // What a table display says, cell by cell, apart from any window: texts, what they are, and what
-// they are marked for. Looks and colours follow from that.
+// they are marked for. Looks and colours follow from that (mark_colours.h).
 #pragma once
 
 #include <cstddef>
@@ -47,16 +47,6 @@ inline bool isFramed(const TableCell& cell) {
   return cell.role == CellRole::frame || cell.role == CellRole::heading ||
          cell.mark == CellMark::itself;
 }
-// The colour of its mark, of the frame, or white.
-Colour backOf(const TableCell& cell);
-// The same on paper, where the screen's colours are too strong for figures on them: "#RRGGBB",
-// empty for the frame and for white.
-std::string_view tintOf(const TableCell& cell);
-// "**" and the like beside a marked figure; empty where words or nothing tell of the mark.
-std::string_view signOf(CellMark mark);
-// "p below .01": the mark for those who neither see the colour nor the sign; empty for none.
-std::string_view spokenMark(CellMark mark);
-
 // Rows and columns count from 1. The first row holds the headings of the columns.
 class TableContent {
  public:

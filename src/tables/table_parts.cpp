@@ -1,4 +1,5 @@
 #include "tables/table_parts.h"
+#include "tables/mark_colours.h"
 
 #include <algorithm>
 #include <array>

@@ -1,4 +1,5 @@
 #include "textimport/import_guesses.h"
+#include "textimport/missing_codes.h"
 
 #include <algorithm>
 #include <utility>

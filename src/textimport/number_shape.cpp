@@ -226,17 +226,4 @@ std::optional<double> dayOfDate(std::string_view field) {
   return (sys_days(date) - sys_days(year(1899) / 12 / 30)).count();
 }
 
-bool isMissingMark(std::string_view field) {
-  constexpr std::array<std::string_view, 21> marks{
-      "na",   "n/a",     "#n/a",    "n.a.",         "nan",          ".",      "..",
-      "-",    "--",      "---",     "\xE2\x80\x93", "\xE2\x80\x94", "*",      "?",
-      "null", "missing", "#div/0!", "#value!",      "#ref!",        "#name?", "#num!"};
-  field = trimmed(field);
-  constexpr std::size_t longest = 8;
-  if (field.empty() || field.size() > longest || isDigit(field.front())) return false;
-  std::string lower;
-  for (const char c : field) lower += c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-  return std::find(marks.begin(), marks.end(), lower) != marks.end();
-}
-
 }  // namespace tolmer

@@ -45,7 +45,4 @@ std::optional<double> fieldNumber(std::string_view field, char decimalMark,
 // for other text: 5/3/2024 is another day in other countries.
 std::optional<double> dayOfDate(std::string_view field);
 
-// A sign of a missing value as statistics programs and spreadsheets write them: NA . - * #DIV/0!
-bool isMissingMark(std::string_view field);
-
 }  // namespace tolmer

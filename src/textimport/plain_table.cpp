@@ -5,6 +5,7 @@
 
 #include "base/text_encoding.h"
 #include "base/trimmed.h"
+#include "textimport/missing_codes.h"
 #include "textimport/number_shape.h"
 
 namespace tolmer {

@@ -3,8 +3,10 @@
 #include <algorithm>
 #include <limits>
 
+#include "base/data_limits.h"
 #include "foreign/cut_request.h"
 #include "textimport/import_guesses.h"
+#include "textimport/missing_codes.h"
 #include "textimport/typed_number.h"
 
 namespace tolmer {

@@ -140,9 +140,6 @@ struct ImportSource {
 
 class ImportFindings;
 
-// Of a longer text a program of statistics makes a file that can be read in part.
-inline constexpr std::size_t mostTextBytes = std::size_t{16} << 20;
-
 class TextImport {
  public:
   static constexpr int shownRows = 8;

@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <filesystem>
 
+#include "base/data_limits.h"
 #include "base/file_io.h"
 #include "base/program_version.h"
 #include "editor/editor_visit.h"

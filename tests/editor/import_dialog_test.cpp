@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "sheet/new_sheet.h"
 #include "sheet/sheet_content.h"
 #include "support/headless_user.h"
 #include "support/layout_check.h"

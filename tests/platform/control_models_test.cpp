@@ -9,6 +9,7 @@
 
 #include "base/file_io.h"
 #include "platform/buttons.h"
+#include "platform/curtain.h"
 #include "platform/fields.h"
 #include "platform/headless/headless_desktop.h"
 #include "platform/labels.h"

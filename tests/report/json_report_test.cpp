@@ -3,6 +3,7 @@
 #include <cmath>
 
 #include "report_fixture.h"
+#include "tables/mark_colours.h"
 
 namespace tolmer {
 namespace {

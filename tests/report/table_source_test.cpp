@@ -2,6 +2,7 @@
 
 #include "report/model_by_name.h"
 #include "report_fixture.h"
+#include "sheet/new_sheet.h"
 #include "sheetfiles/editor_file.h"
 
 namespace tolmer {

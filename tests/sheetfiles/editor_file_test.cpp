@@ -9,6 +9,7 @@
 #include <limits>
 #include <random>
 
+#include "base/data_limits.h"
 #include "base/file_io.h"
 #include "sheetfiles/text_export.h"
 #include "support/temp_folder.h"

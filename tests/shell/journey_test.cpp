@@ -11,6 +11,7 @@
 #include "platform/graph/graph.h"
 #include "platform/grid/grid.h"
 #include "platform/user_input.h"
+#include "sheet/new_sheet.h"
 #include "sheet/sheet_content.h"
 #include "sheetfiles/autosave_folder.h"
 #include "shell/shipped_program.h"

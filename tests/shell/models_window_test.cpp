@@ -4,6 +4,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "base/data_limits.h"
 #include "data/designer.h"
 #include "shell/shipped_program.h"
 #include "support/layout_check.h"
@@ -79,7 +80,7 @@ TEST_F(ModelsOnTheScreen, SayWhyOneCannotBeTakenUpAndWhatIsKeptNoMore) {
   EXPECT_FALSE(window().cmdTakeUp.enabled());
   EXPECT_THAT(window().lblTakeUp.caption(), HasSubstr("other values in them"));
   EXPECT_THAT(window().txtWords.text(), HasSubstr("different values of the same variables"));
-  for (int i = 0; i < ModelHistory::most; ++i) {
+  for (int i = 0; i < mostKeptModels; ++i) {
     changed.sData(1, 2) += 1;
     fit();
   }

@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "platform/buttons.h"
+#include "platform/curtain.h"
 #include "platform/labels.h"
 #include "platform/panels.h"
 #include "platform/tab_book.h"

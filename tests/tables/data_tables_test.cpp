@@ -4,8 +4,9 @@
 #include <cmath>
 
 #include "tables/case_lists.h"
+#include "tables/correlation_table.h"
+#include "tables/description_table.h"
 #include "tables/table_support.h"
-#include "tables/variable_tables.h"
 
 namespace tolmer {
 namespace {

@@ -8,6 +8,7 @@
 #include "base/message_box.h"
 #include "engine/pipeline.h"
 #include "support/regression_data.h"
+#include "tables/mark_colours.h"
 #include "tables/table_content.h"
 
 namespace tolmer::test {

@@ -1,7 +1,6 @@
-// What a spreadsheet's number format makes of a number.
+// Whether a spreadsheet's number format shows a number as a date, a time, a percentage or money.
 #pragma once
 
-#include <optional>
 #include <string_view>
 
 #include "foreign/cut_table.h"
@@ -14,12 +13,5 @@ CutKind kindOfFormat(std::string_view code);
 
 // Of the formats that are known by their number alone (18.8.30).
 CutKind kindOfBuiltInFormat(int number);
-
-// "2024-03-05", "2024-03-05T14:30:00", with a fraction of a second or a Z: in days since
-// 1899-12-30.
-std::optional<double> daysOfIsoDate(std::string_view text);
-
-// "PT14H30M00S" in days.
-std::optional<double> daysOfIsoDuration(std::string_view text);
 
 }  // namespace tolmer

@@ -5,6 +5,7 @@
 #include <string>
 #include <utility>
 
+#include "base/data_limits.h"
 #include "base/trimmed.h"
 #include "foreign/readers/table_collector.h"
 #include "foreign/readers/xml_parser.h"

@@ -5,7 +5,8 @@
 #include <charconv>
 #include <utility>
 
-#include "foreign/readers/cell_formats.h"
+#include "base/data_limits.h"
+#include "foreign/readers/date_cells.h"
 #include "foreign/readers/sheet_choice.h"
 #include "textimport/typed_number.h"
 

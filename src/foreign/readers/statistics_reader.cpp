@@ -12,6 +12,8 @@
 #include <utility>
 #include <vector>
 
+#include "base/data_limits.h"
+#include "foreign/readers/date_cells.h"
 #include "foreign/readers/encodings.h"
 #include "foreign/readers/table_collector.h"
 
@@ -57,10 +59,6 @@ struct TimeUnit {
 
   double days(double count) const { return count / perDay + epoch; }
 };
-
-constexpr double secondsOfDay = 86400;
-constexpr double epochOfSav = -115859;  // 1582-10-14
-constexpr double epochOfDta = 21916;    // 1960-01-01
 
 TimeUnit unitOfSav(std::string_view format) {
   const auto isOne = [format](auto... names) { return (format.starts_with(names) || ...); };

@@ -1,4 +1,5 @@
 #include "foreign/readers/table_collector.h"
+#include "base/data_limits.h"
 
 #include <algorithm>
 #include <functional>

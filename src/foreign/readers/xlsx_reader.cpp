@@ -5,6 +5,7 @@
 #include <map>
 #include <utility>
 
+#include "base/data_limits.h"
 #include "foreign/readers/cell_formats.h"
 #include "foreign/readers/sheet_choice.h"
 #include "foreign/readers/table_collector.h"

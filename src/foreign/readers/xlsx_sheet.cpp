@@ -4,7 +4,8 @@
 #include <charconv>
 #include <utility>
 
-#include "foreign/readers/cell_formats.h"
+#include "base/data_limits.h"
+#include "foreign/readers/date_cells.h"
 #include "textimport/typed_number.h"
 
 namespace tolmer {
@@ -127,14 +128,6 @@ CutKind XlsxSheetSink::kind() const {
   return style_ < styles_.kinds.size() ? styles_.kinds[style_] : CutKind::number;
 }
 
-// The first calendar of spreadsheets has a 29th of February 1900.
-double XlsxSheetSink::inDays(double serial) const {
-  constexpr double daysTo1904 = 1462;
-  constexpr double firstOfMarch1900 = 61;
-  if (styles_.from1904) return serial + daysTo1904;
-  return serial < firstOfMarch1900 ? serial + 1 : serial;
-}
-
 void XlsxSheetSink::putNumber() {
   if (type_ == "d") {
     const auto days = daysOfIsoDate(value_);
@@ -145,8 +138,9 @@ void XlsxSheetSink::putNumber() {
     return damaged("it should hold a number and does not");
   if (read.kind == NumberReading::Kind::tooLarge)
     return collector_.putText(column_, CutKind::text, value_);
-  collector_.putNumber(column_, kind(),
-                       kind() == CutKind::date ? inDays(read.number) : read.number);
+  collector_.putNumber(
+      column_, kind(),
+      kind() == CutKind::date ? daysOfSerial(read.number, styles_.from1904) : read.number);
 }
 
 }  // namespace tolmer

@@ -36,7 +36,6 @@ class XlsxSheetSink : public XmlSink {
   void endCell();
   void putNumber();
   CutKind kind() const;
-  double inDays(double serial) const;
   void damaged(std::string_view what);
   std::string place() const { return spreadsheetPlace(row_, column_); }
 

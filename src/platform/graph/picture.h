@@ -1,5 +1,4 @@
-// A drawn graph as a list of primitives: what painters, the report and tests read; and the colours
-// it is drawn in.
+// A drawn graph as a list of primitives: what painters, the report and tests read.
 //
 // All lengths are view units: logical pixels, with the origin at the lower left, y upward.
 #pragma once
@@ -8,23 +7,10 @@
 #include <variant>
 #include <vector>
 
+#include "platform/graph/graph_colours.h"
 #include "platform/look.h"
 
 namespace tolmer {
-
-// The 16 colours of graphs, told apart by everyone and in grey print as far as colours can be.
-namespace palette {
-inline constexpr int black = 0;
-inline constexpr int lightGrey = 7;   // grid lines
-inline constexpr int brightBlue = 9;  // data
-inline constexpr int brightRed = 12;  // theory and reference
-}  // namespace palette
-
-// Black for an index outside the palette.
-Colour paletteColour(int index);
-
-// The colour thinned on white to that share, for areas under lines of the full colour.
-Colour tint(Colour colour, double share);
 
 struct ViewPoint {
   double x = 0;

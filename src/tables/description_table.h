@@ -1,4 +1,4 @@
-// The two tables of the model's variables: each one described, and all their correlations.
+// The descriptive statistics of the model's variables.
 #pragma once
 
 #include <string>
@@ -31,10 +31,5 @@ const char* rangeWord(double dRange);
 
 // Heads and one row a variable.
 TableContent descriptionTable(const AnalysisState& state);
-
-// Heads, one row a variable, and rows below with the key. Off the diagonal a correlation whose t,
-// of n - 2 degrees of freedom, lies beyond the quantile for n - 1 degrees of freedom is marked: for
-// two-sided p below .01, or else below .05.
-TableContent correlationTable(const AnalysisState& state);
 
 }  // namespace tolmer

@@ -1,4 +1,4 @@
-#include "platform/panels.h"
+#include "platform/curtain.h"
 
 #include <cmath>
 #include <string_view>
@@ -8,6 +8,8 @@
 namespace tolmer {
 namespace {
 
+constexpr Colour ground = Colour::rgb(38, 62, 92);
+constexpr Colour words = Colour::rgb(52, 78, 110);
 constexpr std::string_view familyName = "Z e l m a r";
 constexpr std::string_view betweenNames = "   ";
 
@@ -34,8 +36,8 @@ std::string pattern(const Font& font, Size room) {
 
 Curtain::Curtain(Container* parent, std::string name) : Panel(parent, std::move(name)) {
   setFont({FontFamily::serif, 24, true});
-  setBackColour(Colour::rgb(38, 62, 92));
-  setForeColour(Colour::rgb(52, 78, 110));
+  setBackColour(ground);
+  setForeColour(words);
   setAccessibleName("Zelmar");  // the pattern read aloud would not end
 }
 
