@@ -147,7 +147,8 @@ QRect GraphView::placeOf(std::size_t mark) const {
       .toAlignedRect();
 }
 
-// Some time after it came to have the focus: only while it still does is the graph sure to be there.
+// Some time after it came to have the focus: only while it still does is the graph sure to be
+// there.
 void GraphView::tellFocusedMark() {
   if (!hasFocus() || !QAccessible::isActive()) return;
   const auto mark = graph_.currentMark();
