@@ -1,7 +1,7 @@
 // The views of the plain controls.
 import { markOf } from "./bytes.js";
 import { setOrRemove } from "./dress.js";
-import { OutlineView } from "./outline.js";
+import { OutlineView, Search } from "./outline.js";
 import type { Kind, NodeOrder } from "./protocol.js";
 import type { Node, Page, View, ViewMaker } from "./view.js";
 import { drag, make } from "./windows.js";
@@ -223,8 +223,16 @@ class NumberBox extends Plain {
   }
 }
 
+export function choose(list: HTMLSelectElement, index: number): void {
+  if (index < 0 || index >= list.length || index === list.selectedIndex) return;
+  list.selectedIndex = index;
+  list.dispatchEvent(new Event("change"));
+}
+
+// Letters are looked for here: the browser would not see those that wait for their turn.
 class ComboBox extends Plain {
   readonly element = make("select", "box combo");
+  private readonly search = new Search();
 
   constructor(page: Page, node: Node) {
     super(page, node);
@@ -233,6 +241,11 @@ class ComboBox extends Plain {
   update(changed: NodeOrder, node: Node): void {
     if (changed.items) this.element.replaceChildren(...changed.items.map((item) => new Option(item)));
     if ((changed.items || changed.index !== undefined) && this.echo.hasTaken()) this.element.selectedIndex = node.index ?? -1;
+  }
+  key(event: KeyboardEvent): boolean {
+    if (event.ctrlKey || event.altKey || event.key.length !== 1 || (event.key === " " && !this.search.isGoing(event))) return false;
+    choose(this.element, this.search.next(event, this.node.items ?? [], this.element.selectedIndex));
+    return true;
   }
 }
 

@@ -1,6 +1,6 @@
 // All keys come here first: what has a use for them, and in which order they are told.
 import { readClipboard } from "./clipboard.js";
-import { isBook, letterOf, type ControlView } from "./controls.js";
+import { choose, isBook, letterOf, type ControlView } from "./controls.js";
 import type { Screen } from "./page.js";
 import type { Held, KeyChord } from "./protocol.js";
 import type { Node } from "./view.js";
@@ -205,15 +205,8 @@ export class Keys {
     else if (line && command) document.execCommand(command);
     else if (line && step && /Left|Right/.test(key)) moveCursor(line, step);
     else if (at instanceof HTMLSelectElement && step) choose(at, at.selectedIndex + step);
-    else if (at instanceof HTMLSelectElement && stroke.writes()) choose(at, [...at.options].findIndex(({ text }) => text.toLowerCase().startsWith(key.toLowerCase())));
     else if (at instanceof HTMLElement && key === " ") at.click();
   }
-}
-
-function choose(list: HTMLSelectElement, index: number): void {
-  if (index < 0 || index >= list.length || index === list.selectedIndex) return;
-  list.selectedIndex = index;
-  list.dispatchEvent(new Event("change"));
 }
 
 function moveCursor(line: Line, step: number): void {

@@ -3,11 +3,32 @@ import type { NodeOrder } from "./protocol.js";
 import type { Node, Page, View } from "./view.js";
 import { make } from "./windows.js";
 
+const searchRest = 1000; // milliseconds after which a letter begins another word
+
+// Letters lead to the next item that begins so, one letter over and over from item to item.
+export class Search {
+  private text = "";
+  private at = -Infinity;
+
+  // Has a word been begun, so that a blank belongs to it?
+  isGoing(event: KeyboardEvent): boolean { return event.timeStamp - this.at <= searchRest; }
+  // Its index; -1 where none begins so.
+  next(event: KeyboardEvent, items: readonly string[], from: number, isShown = (_index: number) => true): number {
+    const letter = event.key.toLowerCase();
+    this.text = (this.isGoing(event) ? this.text : "") + letter;
+    this.at = event.timeStamp;
+    const sought = [...this.text].every((one) => one === letter) ? letter : this.text;
+    const first = from + (sought.length === 1 ? 1 : 0);
+    const order = items.map((_, i) => (first + i) % items.length);
+    return order.find((at) => isShown(at) && items[at]!.toLowerCase().startsWith(sought)) ?? -1;
+  }
+}
+
 export class OutlineView implements View {
   readonly element = make("div", "box outline");
   private index = -1;
   private last = 0;
-  private search = { text: "", at: 0 };
+  private readonly search = new Search();
 
   constructor(private readonly page: Page, private readonly node: Node) {
     this.element.tabIndex = 0;
@@ -110,18 +131,8 @@ export class OutlineView implements View {
     else if (!stays) this.moveTo(this.above(this.index));
   }
 
-  // Letters lead to the next item that begins so.
   private seek(event: KeyboardEvent): boolean {
-    const isNew = event.timeStamp - this.search.at > 1000;
-    this.search = { text: (isNew ? "" : this.search.text) + event.key.toLowerCase(), at: event.timeStamp };
-    const items = this.node.items ?? [];
-    const first = this.index + (this.search.text.length === 1 ? 1 : 0);
-    for (let i = 0; i < items.length; ++i) {
-      const at = (first + i) % items.length;
-      if (!this.isShown(at) || !items[at]!.toLowerCase().startsWith(this.search.text)) continue;
-      this.moveTo(at);
-      break;
-    }
+    this.moveTo(this.search.next(event, this.node.items ?? [], this.index, (at) => this.isShown(at)));
     return true;
   }
 }
