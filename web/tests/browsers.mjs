@@ -41,14 +41,47 @@ export const atWindow = (page, title) =>
   until(page, `the window "${title}"`, (title) => [...document.querySelectorAll(".window")].some((one) => one.checkVisibility() && one.querySelector("h1")?.textContent === title), title);
 export const activeTitle = (page) => page.evaluate(titleOf);
 
+// What these keys do beside the page's own work, a browser without a screen does only by its name.
+const commands = { "Control+c": ["Copy"], "Control+v": ["Paste"] };
 export async function press(page, ...keys) {
   for (const key of keys) {
     const parts = key.split("+");
     for (const held of parts.slice(0, -1)) await page.keyboard.down(held);
-    await page.keyboard.press(parts.at(-1));
+    await page.keyboard.press(parts.at(-1), { commands: commands[key] });
     for (const held of parts.slice(0, -1).reverse()) await page.keyboard.up(held);
   }
 }
+
+// Done in a page of another program, in front for that time; `work` gets it with all of its text marked.
+export async function beside(page, work) {
+  const other = await page.browserContext().newPage();
+  await other.goto(new URL("notices.txt", page.url()));
+  await other.evaluate(() => {
+    document.body.contentEditable = true;
+    document.body.focus();
+    document.execCommand("selectAll");
+  });
+  await other.bringToFront();
+  try {
+    return await work(other);
+  } finally {
+    await other.close();
+    await page.bringToFront();
+  }
+}
+export const copyBeside = (page, text) => beside(page, async (other) => {
+  await other.evaluate((text) => document.addEventListener("copy", (event) => {
+    event.preventDefault();
+    event.clipboardData.setData("text/plain", text);
+  }), text);
+  await press(other, "Control+c");
+});
+export const pastedBeside = (page) => beside(page, async (other) => {
+  await other.evaluate(() => void (window.pasted = new Promise((done) => document.addEventListener("paste", ({ clipboardData }) =>
+    done({ text: clipboardData.getData("text/plain"), html: clipboardData.getData("text/html") })))));
+  await press(other, "Control+v");
+  return other.evaluate(() => window.pasted);
+});
 
 // The start, up to the notebook, and on to the four quadrants of the example that comes first.
 export async function toNotebook(page, address) {

@@ -4,7 +4,7 @@ import { execFileSync, spawn } from "node:child_process";
 import { existsSync, mkdtempSync, readFileSync, rmSync } from "node:fs";
 import { tmpdir } from "node:os";
 import { join, resolve } from "node:path";
-import { launch, pause, press, until } from "./browsers.mjs";
+import { launch, pastedBeside, pause, press, until } from "./browsers.mjs";
 
 // Asks until there is an answer.
 async function awaited(words, ask) {
@@ -69,24 +69,7 @@ export class PageHands {
   // A row of cells, or the lines of a text box.
   look(path) { return this.page.screenshot({ path }); }
 
-  // Pasted into a page of another program.
-  async copied() {
-    const other = await this.browser.newPage();
-    await other.goto(new URL("notices.txt", this.page.url()));
-    await other.evaluate(() => {
-      document.body.contentEditable = true;
-      document.body.focus();
-      window.pasted = new Promise((done) => document.addEventListener("paste", ({ clipboardData }) => done({ text: clipboardData.getData("text/plain"), html: clipboardData.getData("text/html") })));
-    });
-    await other.bringToFront();
-    await other.keyboard.down("Control");
-    await other.keyboard.press("v", { commands: ["Paste"] });
-    await other.keyboard.up("Control");
-    const pasted = await other.evaluate(() => window.pasted);
-    await other.close();
-    await this.page.bringToFront();
-    return pasted;
-  }
+  copied() { return pastedBeside(this.page); }
   // As the kind at that place of the list.
   async save(name, kind = 0) {
     await this.at("Save");

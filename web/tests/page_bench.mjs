@@ -2,7 +2,7 @@
 //
 // A time runs from the key's event in the page to the frame behind what it brings; that of a key in
 // the sheet to the page laid out anew, without the wait for the screen's next frame.
-import { launch, press, serve, toEditor, toNotebook, until, pause } from "./browsers.mjs";
+import { atWindow, copyBeside, launch, pause, press, serve, toEditor, toNotebook, until } from "./browsers.mjs";
 import { loadavg } from "node:os";
 
 const [site, name = "chromium"] = process.argv.slice(2);
@@ -93,12 +93,7 @@ async function sheet() {
   await toEditor(page, server.address);
   const rows = Array.from({ length: 500 }, (_, i) => Array.from({ length: 50 }, (_, j) => ((i * 7919 + j * 104729) % 9973) / 10));
   const text = rows.map((row) => row.join("\t")).join("\n");
-  await page.evaluate((text) => {
-    const content = new DataTransfer();
-    content.setData("text/plain", text);
-    window.paste = () => document.activeElement.dispatchEvent(new ClipboardEvent("paste", { clipboardData: content, bubbles: true, cancelable: true }));
-    addEventListener("keydown", (event) => event.key === "v" && event.ctrlKey && window.paste());
-  }, text);
+  await copyBeside(page, text);
   await press(page, "ArrowRight");
   await pause(300);
   const time = await timeKey(page, "Control+v", (value) => [...document.querySelectorAll("td")].some((cell) => cell.textContent.startsWith(value)), "791.9");
@@ -138,13 +133,36 @@ async function typing() {
   await page.keyboard.type(letters);
   await pause(500);
   const title = await page.$eval("input.box", (box) => box.value);
-  console.log(`2,000 letters typed: cell ${cell === letters ? "whole" : `lost, has ${cell.length}`}, title ${title === letters ? "whole" : `lost, has ${title.length}`}`);
   await close();
+  console.log(`2,000 letters typed: cell ${cell === letters ? "whole" : `lost, has ${cell.length}`}, title ${title === letters ? "whole" : `lost, has ${title.length}`}`);
+}
+
+// In a list each letter leads to the next entry that begins so; of three the last one means this.
+async function list() {
+  const { page, close } = await newPage();
+  await toNotebook(page, server.address);
+  await press(page, "ArrowRight", "ArrowRight", "Tab", "Enter");
+  await until(page, "the examples", () => [...document.querySelectorAll("input[type=radio]")].some((one) => one.checkVisibility()));
+  await press(page, "Tab", "ArrowDown", "Enter");
+  await until(page, "the designer", () => document.body.innerText.includes("Independent Variables"));
+  await press(page, "Enter");
+  await atWindow(page, "Hint");
+  await press(page, "Enter", "F6", "Alt+d", "s", "1", "F6", "F6", "F6", "F6", "Shift+Tab");
+  await until(page, "the list", () => document.activeElement.matches("select"));
+  await page.keyboard.type("e".repeat(2000));
+  await pause(1500);
+  const shown = () => page.evaluate(() => document.activeElement.selectedOptions[0].text);
+  const [afterMany, wanted] = [await shown(), "Education"];
+  await Promise.all([..."ex"].map((letter) => page.keyboard.press(letter)));  // the second before the first is answered
+  await pause(500);
+  const afterWord = await shown();
+  await close();
+  console.log(`2,000 letters typed into a list: ${afterMany === wanted ? "all counted" : `lost, at ${afterMany}`}; a word: ${afterWord === "Examinat" ? "found" : `lost, at ${afterWord}`}`);
 }
 
 console.log(`${name}, load ${loadavg()[0].toFixed(1)} at the start`);
 try {
-  for (const measure of [ready, quadrants, sheet, typing]) await measure().catch((error) => console.log(`${measure.name}: ${error.message}`));
+  for (const measure of [ready, quadrants, sheet, typing, list]) await measure().catch((error) => console.log(`${measure.name}: ${error.message}`));
 } finally {
   console.log(`load ${loadavg()[0].toFixed(1)} at the end`);
   await browser.close();
