@@ -43,8 +43,9 @@ class PageHtml {
   PageHtml(const Book& book, const std::string& programFolder, KeptPages& kept)
       : book_(book), folder_(programFolder), kept_(kept) {}
 
-  std::string of(int iSection, const PageRecord& page) {
+  std::string of(int iSection, const PageRecord& page, bool isShown) {
     std::string html;
+    marksChosen_ = isShown;
     for (int i = page.iFirstElement; i < page.iFirstElement + page.iNumElements; ++i)
       html += of(iSection, book_.uPageElement[i]);
     return html;
@@ -85,9 +86,13 @@ class PageHtml {
 
   std::string scenarios(const ScenarioElement& list) const {
     std::string html;
-    for (int i = list.iFirstScenario; i < list.iFirstScenario + list.iNumScenarios; ++i)
+    for (int i = 0; i < list.iNumScenarios; ++i) {
+      const Scenario& scenario = book_.uScenario[list.iFirstScenario + i];
+      const bool isPlace = marksChosen_ && i > 0 && i == list.iSelected;
       html +=
-          element("h4", markupText(book_.uScenario[i].tName)) + textHtml(book_.uScenario[i].tDesc);
+          element("h4", (isPlace ? "<a name=\"chosen\"></a>" : "") + markupText(scenario.tName)) +
+          textHtml(scenario.tDesc);
+    }
     return html;
   }
 
@@ -113,6 +118,7 @@ class PageHtml {
   const Book& book_;
   const std::string& folder_;
   KeptPages& kept_;
+  bool marksChosen_ = false;
 };
 
 }  // namespace
@@ -123,10 +129,12 @@ KeptPages keptPages(const Book& book, int iSection, int iPage, const std::string
   for (int section = 1; section <= book.uSection.count(); ++section) {
     const SectionRecord& record = book.uSection[section];
     for (int page = 1; page <= record.iNumPages; ++page) {
-      if (section == iSection && page == iPage) kept.shown = kept.pages.size();
+      const bool isShown = section == iSection && page == iPage;
+      if (isShown) kept.shown = kept.pages.size();
       const std::string title = record.tName + ", page " + std::to_string(page) + " of " +
                                 std::to_string(record.iNumPages);
-      kept.pages.push_back({title, html.of(section, book.uPage[record.iFirstPage + page - 1])});
+      kept.pages.push_back(
+          {title, html.of(section, book.uPage[record.iFirstPage + page - 1], isShown)});
     }
   }
   return kept;

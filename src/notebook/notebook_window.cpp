@@ -383,6 +383,7 @@ void frmNotebook::SetupPage(int iSection, int iPage) {
   showHeader(onCoverPage);
   showTurners(iPage, nbNoteBook.book().uSection[iSection].iNumPages);
   const bool showsPicture = showElements(page, iSection, iPage);
+  growScenarios();
   if (!onCoverPage && page.iPageType == PageType::database)
     CheckOKEnabled();
   else
@@ -427,6 +428,13 @@ void frmNotebook::ShowScenarioElement(int iScenarioElementIndex, int iSection, i
   scenarios.show(element, elements.nextControlTop());
   RecordSelectedScenario(iSection, iPage, element.iSelected);
   elements.UpdateNextControlTop(scenarios.fraScenarios);
+}
+
+// What the page leaves free shows more of the descriptions.
+void frmNotebook::growScenarios() {
+  if (!scenarios.fraScenarios.visible()) return;
+  const Twips below = scenarios.fraScenarios.bottom();
+  elements.moveDown(below, scenarios.growInto(container.height - elements.nextControlTop()));
 }
 
 void frmNotebook::RecordSelectedScenario(int iSection, int iPage, int iSelectedItem) {

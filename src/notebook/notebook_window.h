@@ -82,6 +82,7 @@ class frmNotebook : public Window {
   void showHeader(bool onCoverPage);
   void showTurners(int iPage, int iNumPages);
   bool showElements(const PageRecord& page, int iSection, int iPage);
+  void growScenarios();
   void ShowScenarioElement(int iScenarioElementIndex, int iSection, int iPage);
   void ShowOutlineElement(int iOutlineElementIndex);
   void expandGroupsOnce(int iControlIndex, int iSelectedItem);

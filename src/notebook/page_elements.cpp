@@ -82,6 +82,12 @@ void PageElements::UpdateNextControlTop(const Control& ctlOldTop) {
   nextControlTop_ += ctlOldTop.height() + gap;
 }
 
+void PageElements::moveDown(Twips from, Twips by) {
+  for (Control* control : page_.children())
+    if (control->visible() && control->top() >= from) control->setTop(control->top() + by);
+  nextControlTop_ += by;
+}
+
 void PageElements::loadLabel(ControlArray<Label>& labels, const Font& font, Colour colour) {
   Label& label = labels.load();
   label.setFont(font);

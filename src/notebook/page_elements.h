@@ -39,6 +39,8 @@ class PageElements {
   // Moves on below a control that was put at nextControlTop().
   void UpdateNextControlTop(const Control& ctlOldTop);
   Twips nextControlTop() const { return nextControlTop_; }
+  // Moves down by so much what stands at that height of the page or below it.
+  void moveDown(Twips from, Twips by);
 
   // A new outline and its description, hidden; returns its number.
   int loadOutline();

@@ -61,6 +61,7 @@ void ScenarioList::show(const ScenarioElement& element, Twips top) {
   element_ = element;
   fraScenarios.setCaption("");
   fraScenarios.setTop(top);
+  setHeights(0);
   const int shown = std::min<int>(element.iNumScenarios, maxScenariosOnPage);
   const Twips spacing =
       std::round((fraScenarios.height() - optionsTop) / static_cast<float>(std::max(shown, 1)));
@@ -71,6 +72,23 @@ void ScenarioList::show(const ScenarioElement& element, Twips top) {
   }
   fraScenarios.setVisible(true);
   turnOn(element.iSelected);
+}
+
+Twips ScenarioList::growInto(Twips room) {
+  Twips longest = 0;
+  for (int i = 0; offers(i); ++i)
+    longest = std::max(longest,
+                       heightOf(textFont, scenarios_[scenarioOf(i)].tDesc, descriptionPlace.width));
+  const Twips more = std::clamp(longest - descriptionPlace.height, 0.0F, std::max(room, 0.0F));
+  setHeights(more);
+  showDescription(lblScenarioDesc.caption());
+  return more;
+}
+
+void ScenarioList::setHeights(Twips more) {
+  fraScenarios.setHeight(framePlace.height + more);
+  picScenDesc.setHeight(descriptionPlace.height + more);
+  vsbScenDesc.setHeight(descriptionPlace.height + more);
 }
 
 void ScenarioList::showOption(int index, Twips spacing) {
@@ -113,6 +131,12 @@ void ScenarioList::showDescription(const std::string& text) {
   vsbScenDesc.setRange(hidden, static_cast<int>(std::lround(hidden / 10.0)),
                        static_cast<int>(std::lround(hidden / 5.0)));
   vsbScenDesc.setVisible(hidden > 0);
+  // Where all is seen the wheel is the page's.
+  picScenDesc.Wheel = nullptr;
+  if (hidden > 0)
+    picScenDesc.Wheel = [this](float lines) {
+      vsbScenDesc.setValue(vsbScenDesc.value() + static_cast<int>(lines * pixels(20)));
+    };
 }
 
 void ScenarioList::optScenario_Click(int Index) {

@@ -21,6 +21,9 @@ class ScenarioList {
   // Shows the element's scenarios with its selected one on, at that height of the page. Raises
   // nothing.
   void show(const ScenarioElement& element, Twips top);
+  // As much higher as the longest of the descriptions can use, at most by `room`; returns by how
+  // much.
+  Twips growInto(Twips room);
   void hide() { fraScenarios.setVisible(false); }
   // Is the list on the page, with that option?
   bool offers(int index) const;
@@ -43,6 +46,7 @@ class ScenarioList {
   void loadOption(int index);
   void showOption(int index, Twips spacing);
   void showDescription(const std::string& text);
+  void setHeights(Twips more);
   void optScenario_Click(int Index);
   void optScenario_DblClick(int Index);
   void vsbScenDesc_Change();

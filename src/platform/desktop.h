@@ -48,7 +48,7 @@ struct KeptPages {
     std::string html;  // a link "page:2" leads to the third of them
   };
   std::vector<Page> pages{};
-  std::size_t shown = 0;
+  std::size_t shown = 0;  // a place in it called "chosen" is the one to be in sight
   std::vector<std::string> pictureFolders{};  // where the pictures lie, which have plain names
 };
 

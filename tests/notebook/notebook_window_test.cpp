@@ -3,6 +3,7 @@
 #include "notebook/cover.h"
 #include "notebook/notebook_fixture.h"
 #include "notebook/sample_only.h"
+#include "platform/user_input.h"
 #include "support/layout_check.h"
 
 namespace tolmer {
@@ -148,8 +149,27 @@ TEST_F(NotebookWindow, keepsAPageBesideWithItsStepsAsANumberedList) {
   const KeptPages& kept = desktop.keptPages();
   EXPECT_EQ(kept.pages[kept.shown].title, book.uSection[2].tName + ", page 1 of 3");
   EXPECT_THAT(kept.pages[kept.shown].html,
-              testing::HasSubstr("<p>Two &lt;steps&gt;:</p><ol><li>Press OK.</li>"
-                                 "<li>Look &amp; write.</li></ol>"));
+              testing::HasSubstr(
+                  "<a name=\"chosen\"></a>beta</h4><p>Two &lt;steps&gt;:</p><ol><li>Press OK.</li>"
+                  "<li>Look &amp; write.</li></ol>"));
+}
+
+TEST_F(NotebookWindow, aLongDescriptionTakesTheRoomOfThePageAndScrollsByTheWheel) {
+  Book book = test::sampleBook();
+  book.uScenario[2].tDesc = "Line";
+  for (int i = 0; i < 14; ++i) book.uScenario[2].tDesc += "\nLine";
+  book.uScenario[1].tDesc = book.uScenario[2].tDesc;
+  for (int i = 0; i < 60; ++i) book.uScenario[1].tDesc += "\nLine";
+  load(book);
+  showAt(2, 1, [&] {
+    const auto& words = get<Label>("lblScenarioDesc");
+    EXPECT_FALSE(get<ScrollBar>("vsbScenDesc").visible());
+    EXPECT_LE(window().elements.nextControlTop(), window().picPageContainer.height());
+    click("lblScenName(0)");
+    EXPECT_TRUE(turnWheel(get<Label>("lblScenarioDesc"), 3));
+    EXPECT_LT(words.top(), 0);
+    click("cmdCancel");
+  });
 }
 
 TEST_F(NotebookWindow, outlinesShareTheListAndKeepTheirOwnSelection) {

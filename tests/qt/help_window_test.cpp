@@ -208,6 +208,23 @@ TEST_F(HelpWindowTest, PagesKeptBesideTurnByKeysAndLinks) {
   EXPECT_EQ(kept.shownPage(), 1U);
   QTest::keyClick(kept.windowHandle(), Qt::Key_Escape);
   EXPECT_FALSE(kept.isVisible());
+  std::string lines;
+  for (int i = 0; i < 200; ++i) lines += "<p>line</p>";
+  desktop.keepBeside({.pages = {{"One", lines + "<a name=\"chosen\"></a><p>Two</p>" + lines}}});
+  EXPECT_GT(kept.findChild<HelpPage*>()->verticalScrollBar()->value(), 1000);
+
+  const QPoint place = kept.pos();
+  Window cover(desktop, "frmCover", WindowStyle::bare);
+  cover.setPlace({0, 0, desktop.screenSize().width, desktop.screenSize().height});
+  script.window("frmCover", [&] {
+    desktop.settle();
+    EXPECT_LT(kept.x(), place.x());
+    EXPECT_TRUE(kept.windowHandle()->flags().testFlag(Qt::WindowStaysOnTopHint));
+    cover.hide();
+  });
+  cover.showModal();
+  desktop.settle();
+  EXPECT_EQ(kept.pos(), place);
 }
 
 }  // namespace

@@ -201,13 +201,14 @@ class Kept extends Companion {
     this.pages = pages;
     this.turnTo(shown);
     this.open(true);
+    this.turnTo(shown); // only what is on the page scrolls to a place
   }
 
   private turnTo(page: number): void {
     const shown = this.pages[page];
     if (!shown) return;
     this.shown = page;
-    this.show(`${shown.title} - Notebook`, shown.html, "");
+    this.show(`${shown.title} - Notebook`, shown.html, "chosen");
     this.previous.disabled = page === 0;
     this.next.disabled = page + 1 === this.pages.length;
   }

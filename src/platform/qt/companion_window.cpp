@@ -15,6 +15,11 @@ constexpr Qt::WindowFlags flags = Qt::Dialog | Qt::CustomizeWindowHint | Qt::Win
                                   Qt::WindowSystemMenuHint | Qt::WindowMaximizeButtonHint |
                                   Qt::WindowCloseButtonHint;
 
+bool covers(const QWidget& below, const QWidget& window) {
+  return below.isModal() && below.windowFlags().testFlag(Qt::FramelessWindowHint) &&
+         below.geometry().contains(window.geometry());
+}
+
 // By itself a plain widget is no window to a screen reader.
 QAccessibleInterface* dialogOf(const QString&, QObject* object) {
   auto* window = dynamic_cast<CompanionWindow*>(object);
@@ -78,6 +83,15 @@ void CompanionWindow::belongTo(QWidget* window) {
     if (widget) widget->installEventFilter(&hook_);
   winId();
   windowHandle()->setTransientParent(window ? window->window()->windowHandle() : nullptr);
+  stepAside(window && covers(*window, *this));
+}
+
+void CompanionWindow::stepAside(bool aside) {
+  if (aside == usualPlace_.has_value()) return;
+  const QPoint place = aside ? QPoint(4, pos().y()) : *usualPlace_;
+  usualPlace_ = aside ? std::optional(pos()) : std::nullopt;
+  windowHandle()->setFlag(Qt::WindowStaysOnTopHint, aside);
+  move(place);
 }
 
 }  // namespace tolmer

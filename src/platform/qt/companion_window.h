@@ -1,8 +1,10 @@
 #pragma once
 
+#include <QPoint>
 #include <QPointer>
 #include <QWidget>
 #include <functional>
+#include <optional>
 
 #include "platform/qt/control_peer.h"
 
@@ -14,7 +16,8 @@ namespace tolmer {
 // The toolkit shuts out whatever is not transient for the modal window, and a window manager keeps
 // a transient window above the one it was shown for. So this window is shown above one and
 // afterwards only told to belong to another, which leaves the order on the screen alone. Where the
-// one below it goes, it is shown again above the next.
+// one below it goes, it is shown again above the next. A modal window that covers all and has no
+// frame would stay above it all the same: while there is one, this window lies on top at the left.
 class CompanionWindow : public QWidget {
  public:
   // Gives the window to stand above; null where there is none.
@@ -31,11 +34,13 @@ class CompanionWindow : public QWidget {
   void settle();
   void showAbove(QWidget* window);
   void belongTo(QWidget* window);
+  void stepAside(bool aside);
 
   std::function<QWidget*()> top_;
-  EventHook hook_;           // on the two below
-  QPointer<QWidget> above_;  // shown above it
-  QPointer<QWidget> modal_;  // belongs to it
+  EventHook hook_;                    // on the two below
+  QPointer<QWidget> above_;           // shown above it
+  QPointer<QWidget> modal_;           // belongs to it
+  std::optional<QPoint> usualPlace_;  // while it lies aside
 };
 
 }  // namespace tolmer

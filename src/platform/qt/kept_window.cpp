@@ -5,6 +5,7 @@
 #include <QScreen>
 #include <QShortcut>
 #include <QStringList>
+#include <algorithm>
 #include <utility>
 
 #include "platform/qt/convert.h"
@@ -14,6 +15,7 @@ namespace tolmer {
 namespace {
 
 constexpr QSize usualSize(540, 560);
+constexpr double mostOfScreen = 0.45;  // the buttons above the last quadrant stay in sight
 constexpr QSize smallestSize(300, 200);
 constexpr int edge = 12;
 constexpr int titleBar = 30;
@@ -47,7 +49,9 @@ void KeptWindow::layOut() {
   const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
   const QSize room = screen.size() - QSize(2 * edge, 2 * edge + titleBar);
   setMinimumSize(smallestSize.boundedTo(room));
-  resize((usualSize * theme::zoom()).boundedTo(room));
+  const int highest =
+      std::max(smallestSize.height(), static_cast<int>(screen.height() * mostOfScreen));
+  resize((usualSize * theme::zoom()).boundedTo({room.width(), std::min(room.height(), highest)}));
   move(screen.right() - width() - edge, screen.bottom() - height() - edge - titleBar);
 }
 
@@ -76,7 +80,7 @@ void KeptWindow::open(const KeptPages& pages) {
 void KeptWindow::turnTo(std::size_t page) {
   if (page >= pages_.pages.size()) return;
   pages_.shown = page;
-  page_->showPage(toQt(pages_.pages[page].html), {});
+  page_->showPage(toQt(pages_.pages[page].html), QStringLiteral("chosen"));
   setWindowTitle(toQt(pages_.pages[page].title) + QStringLiteral(" - Notebook"));
   previous_->setEnabled(page > 0);
   next_->setEnabled(page + 1 < pages_.pages.size());
