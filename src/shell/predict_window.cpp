@@ -246,9 +246,11 @@ void frmPredict::showRow(int row) {
   }
 }
 
-// Of the case with the cursor its prediction, then what is to be known of all of them.
+// Of the case with the cursor its prediction, then what is to be known of all of them. Below
+// all cases it is the last: Return at the end of one leads on to an empty row.
 void frmPredict::showWords() {
-  std::string words = cases_.sentence(spdCases.activeCell().row - 1);
+  const int last = cases_.predictors() > 0 ? cases_.sheet().lastUsedRow() : 0;
+  std::string words = cases_.sentence(std::min(spdCases.activeCell().row - 1, last));
   for (const std::string& line : cases_.remarks()) words += (words.empty() ? "" : "\n") + line;
   txtWords.setText(words);
 }

@@ -66,6 +66,8 @@ TEST_F(NewCasesOnTheScreen, ArePredictedAsTheyAreEnteredAndToldWhereTheyLieOutsi
   user.click("frmPredict", "cmdCopy");
   EXPECT_THAT(desktop.clipboard().text, HasSubstr("4\tcase 21\t70\t20\t91\t22.238\t"));
   EXPECT_THAT(desktop.clipboard().html, HasSubstr("Outside the data: AirFlow"));
+  window().spdCases.setActiveCell({9, 2});
+  EXPECT_THAT(words(), StartsWith("Case 4 (case 21): fitted value 22.238")) << "below all cases";
 }
 
 TEST_F(NewCasesOnTheScreen, LoseNothingThatWasTyped) {
