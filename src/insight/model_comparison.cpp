@@ -112,10 +112,12 @@ class Sentences {
                                 std::to_string(test.degrees) + " and " +
                                 counted(test.errorDegrees, "degree") + " of freedom, " +
                                 probabilityWords(test.p) + ")";
-    const bool isSmall = test.p < usualLevelOfDoubles;  // which is no proof
-    return (isSmall ? "It is hard to believe that " : "The data do not show that ") + listed(more) +
-           (more.size() == 1 ? " explains" : " together explain") + (isSmall ? " no" : "") +
-           " more than chance would " + numbers + ".";
+    const bool isOne = more.size() == 1;
+    if (test.p < usualLevelOfDoubles)  // which is no proof
+      return "Chance alone would seldom explain as much as " + listed(more) +
+             (isOne ? " does " : " together do ") + numbers + ".";
+    return "The data do not show that " + listed(more) +
+           (isOne ? " explains" : " together explain") + " more than chance would " + numbers + ".";
   }
 
   std::string onCriteria() const {

@@ -434,7 +434,7 @@ void frmNotebook::ShowScenarioElement(int iScenarioElementIndex, int iSection, i
 void frmNotebook::growScenarios() {
   if (!scenarios.fraScenarios.visible()) return;
   const Twips below = scenarios.fraScenarios.bottom();
-  elements.moveDown(below, scenarios.growInto(container.height - elements.nextControlTop()));
+  elements.moveDown(below, scenarios.growInto(picPageView.height() - elements.nextControlTop()));
 }
 
 void frmNotebook::RecordSelectedScenario(int iSection, int iPage, int iSelectedItem) {

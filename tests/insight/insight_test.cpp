@@ -44,7 +44,7 @@ TEST(ModelComparison, TellsWhatDroppingAPredictorDid) {
                           "2.631 (root mean square, in the unit of Y)."));
   const ModelComparison added = compareModels(record({2}), whole);
   EXPECT_THAT(added.sentences[0], testing::StartsWith("Adding X1, X3 and X4 raised R-squared by "));
-  EXPECT_THAT(added.sentences[1], HasSubstr("believe that X1, X3 and X4 together explain no more"));
+  EXPECT_THAT(added.sentences[1], HasSubstr("as much as X1, X3 and X4 together do"));
   EXPECT_EQ(added.terms.size(), 5U);
   EXPECT_TRUE(std::isnan(added.terms[2].coefficientBefore.value));
   const ModelComparison other = compareModels(record({1, 2}), record({1, 4}));
