@@ -140,8 +140,8 @@ class FrameWindowPeer : public WindowPeer {
   bool seen(QEvent& event) override {
     if (event.type() == QEvent::WindowStateChange)
       tell([this] { frame_.reportState(stateOf(*main_)); });
-    // The toolkit may have led the focus out of the active child meanwhile, as it does where what has
-    // it is disabled.
+    // The toolkit may have led the focus out of the active child meanwhile, as it does where what
+    // has it is disabled.
     if (event.type() == QEvent::WindowActivate && !frame_.focus()) followActive();
     return WindowPeer::seen(event);
   }
