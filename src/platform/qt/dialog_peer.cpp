@@ -17,10 +17,6 @@
 namespace tolmer {
 namespace {
 
-// What a window manager's title bar and borders take; only where a window nearly fills the screen
-// does it matter.
-constexpr int titleBarAllowance = 40;
-
 QRect screenPlace() { return QGuiApplication::primaryScreen()->availableGeometry(); }
 
 Qt::WindowFlags flagsOf(const Window& window) {
@@ -168,7 +164,7 @@ class DialogPeer : public WindowPeer {
 
   QSize bars() const {
     return window().style() == WindowStyle::bare ? QSize(0, 0)
-                                                 : QSize(0, titleBarAllowance) + menu();
+                                                 : QSize(0, theme::titleBarAllowance) + menu();
   }
 
   // The inside as it is laid out, in the room that the dialog has for it.

@@ -3,11 +3,14 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QHeaderView>
+#include <QListView>
+#include <QScreen>
 #include <QStandardPaths>
 #include <QTreeView>
 #include <algorithm>
 
 #include "platform/qt/convert.h"
+#include "platform/qt/theme.h"
 
 namespace tolmer {
 namespace {
@@ -49,6 +52,16 @@ void showWholeColumns(QFileDialog& window) {
   list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
+// By itself the box is as high as its list would like to be, beyond the lower edge of a small screen,
+// and cuts the names of the places at its side.
+void fitScreen(QFileDialog& window) {
+  const QSize room = window.screen()->availableGeometry().size() - QSize(0, theme::titleBarAllowance);
+  window.resize(window.sizeHint().boundedTo(room));
+  if (auto* places = window.findChild<QListView*>("sidebar"))
+    places->setMinimumWidth(
+        std::min(places->sizeHintForColumn(0) + 2 * places->frameWidth(), window.width() / 4));
+}
+
 QString folderOf(const FileQuestion& question) {
   const QString asked = toQt(question.folder);
   const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
@@ -70,6 +83,7 @@ void prepare(QFileDialog& window, const FileQuestion& question, FileUse use) {
                      [&window, &question, filters] { followKind(window, question, filters); });
   }
   showWholeColumns(window);
+  fitScreen(window);
   window.setDirectory(folderOf(question));
   if (!question.name.empty()) window.selectFile(toQt(question.name));
 }

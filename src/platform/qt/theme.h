@@ -28,6 +28,10 @@ inline const QString interfaceFamily = QStringLiteral("Noto Sans");
 const QString& serifFamily();
 inline constexpr int fontPixels = 12;
 
+// What a window manager's title bar and borders take; only where a window nearly fills the screen
+// does it matter.
+inline constexpr int titleBarAllowance = 40;
+
 // For text in documents, which is searched for and copied: no ligatures, whose letters many
 // programs do not take apart. The toolkit sets none where letters are spaced out, be it by a 64th
 // of a dot.
