@@ -56,6 +56,14 @@ class GridViewTest : public testing::Test {
   GridView view{grid};
 };
 
+TEST_F(GridViewTest, ATableMayLoseAllItsCellsWithTheSelectedOne) {
+  grid.setSelectionMode(SelectionMode::cells);
+  grid.setActiveCell({90, 9});
+  EXPECT_GT(view.verticalScrollBar()->value(), 0);
+  grid.setSheet({});
+  EXPECT_EQ(view.verticalScrollBar()->value(), 0);
+}
+
 TEST_F(GridViewTest, FrozenCellsStayWhenTheOthersScroll) {
   const QRect corner = view.cellRect({1, 1});
   const QRect head = view.cellRect({1, 5});

@@ -33,9 +33,9 @@ constexpr int fillCornerSize = 7;
 Qt::ScrollBarPolicy policy(bool on) { return on ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff; }
 
 // The value of a scroll bar at which the cell is seen whole, or its beginning where it is larger
-// than the room.
+// than the room. An empty table has no cell for the selection to be in.
 int scrolledTo(const GridAxis& axis, int index, int value, int viewport) {
-  if (index <= axis.frozen()) return value;
+  if (index <= axis.frozen() || index > axis.count()) return value;
   const int room = viewport - axis.frozenEnd();
   const int begin = axis.start(index) - axis.frozenEnd();
   const int least = begin + axis.size(index) + 1 - room;
