@@ -69,6 +69,14 @@ export class PageHands {
   // A row of cells, or the lines of a text box.
   look(path) { return this.page.screenshot({ path }); }
 
+  // What the browser shows in a tab of its own; closed again.
+  async opened() {
+    const other = await awaited("another tab", async () => (await this.browser.pages()).find((one) => one !== this.page && one.url().startsWith("http")));
+    const address = other.url();
+    await other.close();
+    await this.page.bringToFront();
+    return (await fetch(address)).arrayBuffer();
+  }
   copied() { return pastedBeside(this.page); }
   // As the kind at that place of the list.
   async save(name, kind = 0) {

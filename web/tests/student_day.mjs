@@ -9,9 +9,9 @@ import assert from "node:assert/strict";
 import { execFileSync } from "node:child_process";
 import { mkdirSync, mkdtempSync, readFileSync, rmSync, writeFileSync } from "node:fs";
 import { tmpdir } from "node:os";
-import { join } from "node:path";
+import { basename, join } from "node:path";
 import { fileURLToPath } from "node:url";
-import { serve } from "./browsers.mjs";
+import { pause, serve } from "./browsers.mjs";
 import { DesktopHands, PageHands } from "./hands.mjs";
 
 const [site, tolreport, browsers = "chromium,firefox", tolmer, pictures] = process.argv.slice(2);
@@ -53,6 +53,17 @@ async function expectShown(page, words) {
   }
 }
 
+// What is asked may take its time.
+async function eventually(ask) {
+  for (const begin = Date.now(); ; await pause(200)) {
+    try {
+      return await ask();
+    } catch (error) {
+      if (Date.now() - begin > 20000) throw error;
+    }
+  }
+}
+
 // --- the day
 
 class Day {
@@ -65,8 +76,15 @@ class Day {
     await this.hands.at(title);
     await this.look(name);
   }
+  copied(test) {
+    return eventually(async () => {
+      const content = await this.hands.copied();
+      assert(test(content.text), `copied: ${content.text.slice(0, 80)}`);
+      return content;
+    });
+  }
   async shows(name, words) {
-    if (this.page) await expectShown(this.page, words);
+    if (this.page) await eventually(() => expectShown(this.page, words));
     await this.look(name);
   }
 
@@ -91,9 +109,9 @@ class Day {
   }
   async copies() {
     await this.keys("Control+c");
-    this.kept.table = await this.hands.copied();
+    this.kept.table = await this.copied((text) => text.startsWith("Case"));
     await this.keys("Alt+d", "i", "Alt+e", "c");
-    this.kept.interpretation = await this.hands.copied();
+    this.kept.interpretation = await this.copied((text) => text.startsWith("FITTED MODEL"));
     await this.look("interpretation");
     if (!this.page) return;
     const { displays } = JSON.parse(report(["--example", "2", "--format", "json"]));
@@ -124,9 +142,11 @@ class Day {
       const others = join(folder, "others.csv");
       writeFileSync(others, [lines[0], ...lines.slice(2)].join("\n"));
       const { sCoef, sCoefSE } = JSON.parse(report([others, "--labels", "Province", "--y", "Fertility", ...this.words.slice(2), "--format", "json"])).state;
-      const rows = await this.page.evaluate(() => [...document.querySelectorAll(".window.active .grid-table tr")].map((row) => [...row.cells].map((cell) => cell.textContent)));
-      const first = rows.findIndex(([name]) => name === "Intercept");
-      sCoef.forEach((_, i) => agree(rows[first + i].filter((_, at) => at === 2 || at === 4), [sCoef[i], sCoefSE[i]]));
+      await eventually(async () => {
+        const rows = await this.page.evaluate(() => [...document.querySelectorAll(".window.active .grid-table tr")].map((row) => [...row.cells].map((cell) => cell.textContent)));
+        const first = rows.findIndex(([name]) => name === "Intercept");
+        sCoef.forEach((_, i) => agree(rows[first + i].filter((_, at) => at === 2 || at === 4), [sCoef[i], sCoefSE[i]]));
+      });
     }
     await this.keys("Escape");
   }
@@ -134,7 +154,7 @@ class Day {
     await this.keys("Alt+x", "p", "Alt+n", "Backspace", "7", "Alt+a");
     await this.at("Predict");
     await this.keys("Alt+o");
-    this.kept.predictions = await this.hands.copied();
+    this.kept.predictions = await this.copied((text) => text.includes("Broye"));
     const wanted = JSON.parse(report([...this.words, "--predict", swiss, "--format", "json"])).predictions[6];
     const shown = this.kept.predictions.text.split("\n").find((line) => line.includes("Broye")).split("\t");
     agree(shown.slice(6, 11), [wanted.fit, wanted.meanLower, wanted.meanUpper, wanted.newLower, wanted.newUpper]);
@@ -142,8 +162,14 @@ class Day {
   }
   async help() {
     await this.keys("F1");
-    await this.look("help");
+    await this.at("Histogram of Residuals - Help", "help");
     await this.keys("Escape");
+  }
+  // On the desktop another program opens it.
+  async worktext() {
+    if (!this.page) return;
+    await this.keys("Alt+f", "w");
+    assert.equal(Buffer.from(await this.hands.opened()).subarray(0, 5).toString(), "%PDF-");
   }
   async ownData() {
     await this.keys("Alt+n");
@@ -179,9 +205,9 @@ class Day {
     await this.keys("Alt+f", "u");
     await this.hands.at("Variable Selection");
     await this.keys("ArrowDown", "Alt+c", "ArrowUp", "Alt+o");
-    await this.look("own-model");
+    await this.look(`model-of-${basename(file)}`);
     await this.keys("Enter");
-    await this.shows("own-fit", [file, "--y", "Rent", "--x", "Size"]);
+    await this.shows(`fit-of-${basename(file)}`, [file, "--y", "Rent", "--x", "Size"]);
   }
 }
 
@@ -189,7 +215,7 @@ async function doDay(hands, address) {
   const day = new Day(hands);
   await hands.start(address);
   try {
-    for (const part of ["firstAnalysis", "scatterPlot", "twoDisplays", "copies", "otherModel", "savedReport", "aCaseLeftOut", "aPrediction", "help", "ownData", "importedText"]) {
+    for (const part of ["firstAnalysis", "scatterPlot", "twoDisplays", "copies", "otherModel", "savedReport", "aCaseLeftOut", "aPrediction", "help", "worktext", "ownData", "importedText"]) {
       try {
         await day[part]();
       } catch (error) {
