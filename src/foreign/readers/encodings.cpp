@@ -3,17 +3,22 @@
 #include <iconv.h>
 
 #include <map>
+#include <memory>
 
 #include "base/text_encoding.h"
 
 namespace tolmer {
 namespace {
 
+struct CloseConverter {
+  void operator()(iconv_t converter) const { iconv_close(converter); }
+};
+
 // Kept open, so that a process without files to open has them. Null where there is none such.
 iconv_t converterFrom(const std::string& encoding) {
-  static std::map<std::string, iconv_t> opened;
+  static std::map<std::string, std::unique_ptr<void, CloseConverter>> opened;
   const auto known = opened.find(encoding);
-  if (known != opened.end()) return known->second;
+  if (known != opened.end()) return known->second.get();
   constexpr std::size_t most = 64;
   if (opened.size() >= most) return nullptr;
   iconv_t converter = iconv_open("UTF-8", encoding.c_str());
