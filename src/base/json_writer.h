@@ -46,6 +46,24 @@ class JsonWriter {
     key(name);
     value(content);
   }
+  // Several of them: name, content, name, content.
+  template <class Value, class... Rest>
+  void members(std::string_view name, const Value& content, const Rest&... rest) {
+    member(name, content);
+    if constexpr (sizeof...(rest) > 0) members(rest...);
+  }
+  // key and array; `write` writes the element that a part of the range stands for.
+  template <class Range, class Write>
+  void list(std::string_view name, const Range& range, Write write) {
+    key(name);
+    beginArray();
+    for (const auto& part : range) write(part);
+    endArray();
+  }
+  template <class Range>
+  void list(std::string_view name, const Range& range) {
+    list(name, range, [this](const auto& part) { this->value(part); });
+  }
 
   void finish() { flush(); }
 

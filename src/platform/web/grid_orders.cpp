@@ -1,5 +1,6 @@
 // What the page hears of a grid: its shape, its cells as they read, and what is selected.
 #include <algorithm>
+#include <array>
 #include <string>
 #include <string_view>
 
@@ -20,37 +21,31 @@ void writeStarts(JsonWriter& json, std::string_view name, const GridAxis& axis) 
 
 void writeShape(JsonWriter& json, const Grid& grid) {
   const float scale = magnificationOf(grid);
-  const auto* edited = dynamic_cast<const EditGrid*>(&grid);
   json.key("grid");
   json.beginObject();
   writeStarts(json, "rowStarts", scale == 1 ? grid.rowAxis() : grid.rowAxis().scaled(scale));
   writeStarts(json, "colStarts", scale == 1 ? grid.colAxis() : grid.colAxis().scaled(scale));
-  json.member("frozenRows", grid.rowAxis().frozen());
-  json.member("frozenCols", grid.colAxis().frozen());
   const ScrollBars bars = grid.scrollBars();
-  json.member("across", bars == ScrollBars::horizontal || bars == ScrollBars::both);
-  json.member("down", bars == ScrollBars::vertical || bars == ScrollBars::both);
-  json.member("edits", edited != nullptr);
-  json.member("fills", edited && edited->fillSource().has_value());
   constexpr std::string_view modes[] = {"none", "cells", "rows"};
-  json.member("mode", modes[static_cast<int>(grid.selectionMode())]);
-  json.member("pixels", static_cast<int>(grid.font().pixels * scale + 0.5F));
+  json.members("frozenRows", grid.rowAxis().frozen(), "frozenCols", grid.colAxis().frozen(),
+               "across", bars == ScrollBars::horizontal || bars == ScrollBars::both, "down",
+               bars == ScrollBars::vertical || bars == ScrollBars::both, "edits",
+               dynamic_cast<const EditGrid*>(&grid) != nullptr, "mode",
+               modes[static_cast<int>(grid.selectionMode())], "pixels",
+               static_cast<int>(grid.font().pixels * scale + 0.5F));
   json.endObject();
 }
 
 std::string lookOf(const Cell& cell) {
   constexpr std::string_view aligns[] = {"left", "centre", "right"};
   return jsonOf([&](JsonWriter& json) {
+    const Colour back = cell.style.back;
     json.beginObject();
-    json.member("align", aligns[static_cast<int>(cell.style.align)]);
-    json.member("heading", cell.style.heading);
-    json.member("bold", cell.isBold());
-    json.member("back",
-                cell.style.back == colours::white ? std::string() : hexColour(cell.style.back));
-    json.member("face", cell.style.back == colours::buttonFace);
-    json.member("fore", hexColour(cell.style.fore));
-    json.member("number", !shownForFigure(cell, 0, 1).empty());
-    json.member("mark", cell.mark);
+    json.members("align", aligns[static_cast<int>(cell.style.align)], "heading", cell.style.heading,
+                 "bold", cell.isBold(), "back",
+                 back == colours::white ? std::string() : hexColour(back), "face",
+                 back == colours::buttonFace, "fore", hexColour(cell.style.fore), "number",
+                 !shownForFigure(cell, 0, 1).empty(), "mark", cell.mark);
     json.endObject();
   });
 }
@@ -91,10 +86,7 @@ class GridWriter {
   // Behind the cells, which may have brought new ones.
   void writeLooks() {
     if (told_.looks.size() == known_) return;
-    json_.key("styles");
-    json_.beginArray();
-    for (const std::string& look : told_.looks) json_.token(look);
-    json_.endArray();
+    json_.list("styles", told_.looks, [&](const std::string& look) { json_.token(look); });
   }
 
  private:
@@ -109,12 +101,8 @@ class GridWriter {
 
   void writeChange(int row, int first, int last) {
     json_.beginObject();
-    json_.member("row", row);
-    json_.member("col", first);
-    json_.key("rows");
-    json_.beginArray();
-    writeRun(row, first, last);
-    json_.endArray();
+    json_.members("row", row, "col", first);
+    json_.list("rows", std::array{row}, [&](int) { writeRun(row, first, last); });
     json_.endObject();
   }
 
@@ -169,26 +157,18 @@ void writeCells(JsonWriter& json, ToldGrid& told, const Grid& grid, Change what)
   told.changed = ToldGrid::noCells;
 }
 
-void writeBlock(JsonWriter& json, const CellBlock& block) {
-  json.beginArray();
-  for (const int part : {block.row, block.col, block.row2, block.col2}) json.value(part);
-  json.endArray();
+std::array<int, 4> edges(const CellBlock& block) {
+  return {block.row, block.col, block.row2, block.col2};
 }
 
 void writeBlock(JsonWriter& json, std::string_view name, const std::optional<CellBlock>& block) {
+  if (block) return json.list(name, edges(*block));
   json.key(name);
-  if (block)
-    writeBlock(json, *block);
-  else
-    json.null();
+  json.null();
 }
 
 void writePosition(JsonWriter& json, std::string_view name, CellPosition cell) {
-  json.key(name);
-  json.beginArray();
-  json.value(cell.row);
-  json.value(cell.col);
-  json.endArray();
+  json.list(name, std::array{cell.row, cell.col});
 }
 
 void writeSelection(JsonWriter& json, const Grid& grid) {
@@ -196,10 +176,11 @@ void writeSelection(JsonWriter& json, const Grid& grid) {
   json.beginObject();
   writePosition(json, "active", grid.activeCell());
   writePosition(json, "head", grid.selection().head());
-  json.key("blocks");
-  json.beginArray();
-  for (const CellBlock& block : grid.selection().blocks()) writeBlock(json, block);
-  json.endArray();
+  json.list("blocks", grid.selection().blocks(), [&](const CellBlock& block) {
+    json.beginArray();
+    for (const int edge : edges(block)) json.value(edge);
+    json.endArray();
+  });
   json.endObject();
 }
 
@@ -208,10 +189,9 @@ void writeEdit(JsonWriter& json, const EditGrid& grid) {
   if (!grid.editMode()) return json.null();
   json.beginObject();
   writePosition(json, "cell", grid.editCell());
-  json.member("text", grid.editText());
-  json.member("first", static_cast<long>(grid.editMark().first));
-  json.member("length", static_cast<long>(grid.editMark().length));
-  json.member("keysMove", grid.keysMove());
+  const TextMark mark = grid.editMark();
+  json.members("text", grid.editText(), "first", static_cast<long>(mark.first), "length",
+               static_cast<long>(mark.length), "keysMove", grid.keysMove());
   json.endObject();
 }
 
@@ -225,10 +205,7 @@ void writeDrawn(JsonWriter& json, const EditGrid& grid) {
 }
 
 void writeLit(JsonWriter& json, const Grid& grid) {
-  json.key("lit");
-  json.beginArray();
-  for (const int row : grid.litRows()) json.value(row);
-  json.endArray();
+  json.list("lit", grid.litRows());
   json.member("current", grid.currentRow());
 }
 
@@ -245,11 +222,7 @@ void writeGrid(JsonWriter& json, NodePeer& node, const Grid& grid, Change what) 
   if (!edited) return;
   if (has(what, Change::text)) writeEdit(json, *edited);
   if (has(what, Change::text | Change::value | Change::items)) writeDrawn(json, *edited);
-  if (!has(what, Change::look)) return;
-  json.key("tags");
-  json.beginArray();
-  for (const std::string& tag : edited->columnTags()) json.value(tag);
-  json.endArray();
+  if (has(what, Change::look)) json.list("tags", edited->columnTags());
 }
 
 }  // namespace tolmer

@@ -29,11 +29,7 @@ HelpReader& HelpOrders::reader() {
 void HelpOrders::answer(const HelpRequest& request) {
   if (request.kind == HelpRequest::Kind::quit) {
     if (!reader_) return;
-    return nodes_.order([](JsonWriter& json) {
-      json.beginObject();
-      json.member("do", "help-quit");
-      json.endObject();
-    });
+    return nodes_.order("help-quit", [](JsonWriter&) {});
   }
   open(request);
   show();
@@ -60,55 +56,39 @@ void HelpOrders::take(const PageMessage& message) {
 }
 
 void HelpOrders::find(const std::string& words) {
-  nodes_.order([this, words](JsonWriter& json) {
-    json.beginObject();
-    json.member("do", "hits");
+  nodes_.order("hits", [this, words](JsonWriter& json) {
     json.member("words", words);
-    json.key("hits");
-    json.beginArray();
-    for (const HelpHit& hit : reader().find(words)) {
+    json.list("hits", reader().find(words), [&](const HelpHit& hit) {
       json.beginObject();
-      json.member("title", hit.title);
-      json.member("link", linkTo(reader().book(), hit.place));
+      json.members("title", hit.title, "link", linkTo(reader().book(), hit.place));
       json.endObject();
-    }
-    json.endArray();
-    json.endObject();
+    });
   });
 }
 
 void HelpOrders::show() {
-  nodes_.order([this](JsonWriter& json) {
+  nodes_.order("help", [this](JsonWriter& json) {
     const HelpPlace& place = reader().place();
-    json.beginObject();
-    json.member("do", "help");
-    json.member("title", reader().book().topic(place.topic).title);
-    json.member("html", withPictureAddresses(nodes_, reader().html(), {folder_}));
-    json.member("anchor", place.entry);
-    json.member("back", reader().canGoBack());
-    json.member("forward", reader().canGoForward());
-    json.member("at", static_cast<long>(place.topic));
+    json.members("title", reader().book().topic(place.topic).title, "html",
+                 withPictures(reader().html(), {folder_}), "anchor", place.entry, "back",
+                 reader().canGoBack(), "forward", reader().canGoForward(), "at",
+                 static_cast<long>(place.topic));
     if (!std::exchange(contentsAreKnown_, true)) writeContents(json);
-    json.endObject();
   });
 }
 
 void HelpOrders::writeContents(JsonWriter& json) {
-  json.key("contents");
-  json.beginArray();
   const auto& topics = reader().book().topics();
-  for (std::size_t i = 0; i < topics.size(); ++i) {
+  json.list("contents", topics, [&](const HelpTopic& topic) {
+    const auto at = static_cast<std::size_t>(&topic - topics.data());
     json.beginObject();
-    json.member("title", topics[i].title);
-    json.member("level", topics[i].level);
-    json.member("link", linkTo(reader().book(), {.topic = i}));
+    json.members("title", topic.title, "level", topic.level, "link",
+                 linkTo(reader().book(), {.topic = at}));
     json.endObject();
-  }
-  json.endArray();
+  });
 }
 
-std::string withPictureAddresses(const Nodes& nodes, const std::string& html,
-                                 const std::vector<std::string>& folders) {
+std::string withPictures(const std::string& html, const std::vector<std::string>& folders) {
   constexpr std::string_view before = "src=\"";
   std::string result;
   std::size_t at = 0;
@@ -121,7 +101,7 @@ std::string withPictureAddresses(const Nodes& nodes, const std::string& html,
       return isPictureName(name) && isRegularFile(one + "/" + name);
     });
     result += html.substr(at, begin + before.size() - at);
-    result += folder == folders.end() ? name : nodes.addressOf(*folder + "/" + name);
+    result += folder == folders.end() ? name : pictureAddress(*folder + "/" + name);
     at = end;
   }
 }

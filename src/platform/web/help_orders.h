@@ -34,8 +34,7 @@ class HelpOrders {
   bool contentsAreKnown_ = false;
 };
 
-// The page's own addresses in place of the plain names of pictures.
-std::string withPictureAddresses(const Nodes& nodes, const std::string& html,
-                                 const std::vector<std::string>& folders);
+// The pictures themselves in place of their plain names.
+std::string withPictures(const std::string& html, const std::vector<std::string>& folders);
 
 }  // namespace tolmer

@@ -1,5 +1,6 @@
 // What the page hears of each kind of control.
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <string>
 #include <string_view>
@@ -32,12 +33,8 @@ int pixel(Twips length, float scale) {
 void writePlace(JsonWriter& json, const Rect& place, float scale) {
   const int left = pixel(place.left, scale);
   const int top = pixel(place.top, scale);
-  json.key("place");
-  json.beginArray();
-  for (const int part :
-       {left, top, pixel(place.right(), scale) - left, pixel(place.bottom(), scale) - top})
-    json.value(part);
-  json.endArray();
+  json.list("place", std::array{left, top, pixel(place.right(), scale) - left,
+                                pixel(place.bottom(), scale) - top});
 }
 
 // The order in which controls of one container lie above one another.
@@ -76,20 +73,15 @@ void writeCommon(JsonWriter& json, const NodePeer& node, Change what) {
   if (has(what, Change::enabled)) json.member("enabled", isEnabledWithin(control));
   if (has(what, Change::visible)) json.member("visible", control.visible());
   if (has(what, Change::tip) || has(what, Change::text)) {
-    json.member("tip", control.tip());
-    json.member("label", accessibleNameOf(control));
-    json.member("description", control.accessibleDescription());
+    json.members("tip", control.tip(), "label", accessibleNameOf(control), "description",
+                 control.accessibleDescription());
   }
   if (has(what, Change::place) && control.kind() != ControlKind::window)
     writePlace(json, control.place(), magnificationOf(control));
 }
 
 void writeSize(JsonWriter& json, std::string_view name, Size size, float scale) {
-  json.key(name);
-  json.beginArray();
-  json.value(pixel(size.width, scale));
-  json.value(pixel(size.height, scale));
-  json.endArray();
+  json.list(name, std::array{pixel(size.width, scale), pixel(size.height, scale)});
 }
 
 constexpr std::string_view nameOf(WindowStyle style) {
@@ -169,28 +161,15 @@ int namedBy(const Label& label) {
   return next != all.end() && isLabelOf(label, **next) ? NodePeer::idOf(*next) : 0;
 }
 
-void writeTexts(JsonWriter& json, std::string_view name, const std::vector<std::string>& texts) {
-  json.key(name);
-  json.beginArray();
-  for (const std::string& text : texts) json.value(text);
-  json.endArray();
-}
-
 void writeLabel(JsonWriter& json, const Label& label, Change what) {
-  if (has(what, Change::text)) {
-    json.member("caption", label.caption());
-    json.member("mnemonic", label.usesMnemonic() || namedBy(label) != 0);
-    json.member("names", namedBy(label));
-  }
-  if (has(what, Change::look)) {
-    json.member("align", nameOf(label.align()));
-    json.member("wraps", label.wordWrap());
-    json.member("link", label.isLink());
-    json.member("stop", label.isLink());
-  }
+  if (has(what, Change::text))
+    json.members("caption", label.caption(), "mnemonic",
+                 label.usesMnemonic() || namedBy(label) != 0, "names", namedBy(label));
+  if (has(what, Change::look))
+    json.members("align", nameOf(label.align()), "wraps", label.wordWrap(), "link", label.isLink(),
+                 "stop", label.isLink());
   if (label.wordWrap() && has(what, Change::text | Change::look | Change::place))
-    writeTexts(json, "lines",
-               wrapText(label.font(), label.caption(), label.width() / twipsPerPixel));
+    json.list("lines", wrapText(label.font(), label.caption(), label.width() / twipsPerPixel));
 }
 
 void writeTextBox(JsonWriter& json, NodePeer& node, const TextBox& box, Change what) {
@@ -200,24 +179,18 @@ void writeTextBox(JsonWriter& json, NodePeer& node, const TextBox& box, Change w
     node.pageText = box.text();
     json.member("text", box.text());
   }
-  if (node.scrollWishes > 0 && has(what, Change::value)) {
-    json.member("scrollKey", box.lastScrollKey());
-    json.member("scrollWish", node.scrollWishes);
-  }
+  if (node.scrollWishes > 0 && has(what, Change::value))
+    json.members("scrollKey", box.lastScrollKey(), "scrollWish", node.scrollWishes);
 }
 
 void writeOutline(JsonWriter& json, const Outline& outline, Change what) {
   if (has(what, Change::items)) {
     const auto each = [&](std::string_view name, auto part) {
-      json.key(name);
-      json.beginArray();
-      for (const Outline::Item& item : outline.items()) json.value(part(item));
-      json.endArray();
+      json.list(name, outline.items(), [&](const auto& item) { json.value(item.*part); });
     };
-    each("items", [](const auto& item) { return std::string_view(item.text); });
-    each("levels", [](const auto& item) { return item.indent; });
-    each("leaves", [](const auto& item) { return item.isLeaf; });
-    each("opened", [](const auto& item) { return item.expanded; });
+    each("items", &Outline::Item::text);
+    each("levels", &Outline::Item::indent);
+    each("opened", &Outline::Item::expanded);
   }
   if (has(what, Change::items | Change::value)) json.member("index", outline.listIndex());
 }
@@ -240,9 +213,7 @@ void writeCaption(JsonWriter& json, const Box& box, Change what) {
 }
 
 void writeRange(JsonWriter& json, int min, int max, int value) {
-  json.member("min", min);
-  json.member("max", max);
-  json.member("value", value);
+  json.members("min", min, "max", max, "value", value);
 }
 
 void writeGraph(JsonWriter& json, const Graph& graph, Change what) {
@@ -284,12 +255,10 @@ void writeFields(JsonWriter& json, const Control& control, Change what) {
   if (control.kind() == ControlKind::scrollBar) {
     const auto& bar = static_cast<const ScrollBar&>(control);
     writeRange(json, 0, bar.max(), bar.value());
-    json.member("small", bar.smallChange());
-    json.member("large", bar.largeChange());
-    return;
+    return json.members("small", bar.smallChange(), "large", bar.largeChange());
   }
   const auto& box = static_cast<const ComboBox&>(control);
-  if (has(what, Change::items)) writeTexts(json, "items", box.items());
+  if (has(what, Change::items)) json.list("items", box.items());
   json.member("index", box.listIndex());
 }
 
@@ -302,16 +271,14 @@ std::string_view nameOf(ControlKind kind) {
 
 void writeFirst(JsonWriter& json, const Control& control) {
   const auto* window = dynamic_cast<const Window*>(&control);
-  json.member("kind", nameOf(control.kind()));
-  json.member("name", control.name());
-  json.member("parent", NodePeer::idOf(window ? window->frame() : control.parent()));
-  json.member("stop", control.takesFocus());
-  json.member("follows", static_cast<bool>(control.MouseMove));
+  json.members("kind", nameOf(control.kind()), "name", control.name(), "parent",
+               NodePeer::idOf(window ? window->frame() : control.parent()), "stop",
+               control.takesFocus(), "follows", static_cast<bool>(control.MouseMove));
 }
 
 }  // namespace
 
-void writeNode(JsonWriter& json, NodePeer& node, const Nodes& nodes, Change what) {
+void writeNode(JsonWriter& json, NodePeer& node, Change what) {
   const Control& control = node.control();
   if (what == Change::all) writeFirst(json, control);
   writeCommon(json, node, what);
@@ -339,7 +306,7 @@ void writeNode(JsonWriter& json, NodePeer& node, const Nodes& nodes, Change what
       return;
     case ControlKind::image:
       if (has(what, Change::look))
-        json.member("file", nodes.addressOf(static_cast<const Image&>(control).file()));
+        json.member("file", pictureAddress(static_cast<const Image&>(control).file()));
       return;
     case ControlKind::tabBook:
       return writeTabs(json, static_cast<const TabBook&>(control), what);

@@ -4,13 +4,20 @@
 #include <array>
 #include <utility>
 
+#include "base/file_io.h"
 #include "base/markup_text.h"
 #include "platform/grid/grid.h"
 #include "platform/text_metrics.h"
+#include "platform/web/page_line.h"
 #include "platform/window.h"
 
 namespace tolmer {
 namespace {
+
+void writeEntryState(JsonWriter& json, int id, const MenuItem& item) {
+  json.members("id", id, "enabled", item.enabled(), "checked", item.checked(), "checkable",
+               item.checkable() || item.checked());
+}
 
 bool isEmpty(const CellBlock& block) { return block.row > block.row2 || block.col > block.col2; }
 
@@ -79,11 +86,6 @@ EntryPeer::~EntryPeer() {
 
 void EntryPeer::changed(Change) { nodes_.touchedEntries_.insert(id_); }
 
-std::string Nodes::addressOf(const std::string& file) const {
-  if (!file.starts_with(ownFolder_ + '/')) return {};
-  return file.substr(ownFolder_.rfind('/') + 1);
-}
-
 void Nodes::follow(Window& window) {
   if (window.peer()) return;
   window.setPeer(std::make_unique<NodePeer>(*this, window));
@@ -126,24 +128,15 @@ void Nodes::touchInside(const Container& container, Change what) {
   }
 }
 
-void Nodes::orderPopup(MenuItem& menu, Window& window) {
-  order([this, &menu, id = NodePeer::idOf(&window)](JsonWriter& json) {
-    json.beginObject();
-    json.member("do", "popup");
-    json.member("window", id);
-    json.key("entries");
-    writeEntries(json, *this, menu);
-    json.endObject();
+void Nodes::order(const char* what, std::function<void(JsonWriter&)> members) {
+  later_.push_back([what, members = std::move(members)](JsonWriter& json) {
+    writeOrder(json, what, [&] { members(json); });
   });
 }
 
 void Nodes::write(JsonWriter& json) {
-  for (const int id : std::exchange(gone_, {})) {
-    json.beginObject();
-    json.member("do", "gone");
-    json.member("id", id);
-    json.endObject();
-  }
+  for (const int id : std::exchange(gone_, {}))
+    writeOrder(json, "gone", [&] { json.member("id", id); });
   // A container that is told for the first time touches what stands in it, which has higher
   // numbers.
   for (auto at = touched_.begin(); at != touched_.end(); at = touched_.upper_bound(*at))
@@ -151,13 +144,7 @@ void Nodes::write(JsonWriter& json) {
   touched_.clear();
   for (const int id : std::exchange(touchedEntries_, {})) {
     const MenuItem& item = entries_.at(id)->item();
-    json.beginObject();
-    json.member("do", "entry");
-    json.member("id", id);
-    json.member("enabled", item.enabled());
-    json.member("checked", item.checked());
-    json.member("checkable", item.checkable() || item.checked());
-    json.endObject();
+    writeOrder(json, "entry", [&] { writeEntryState(json, id, item); });
   }
   for (const auto& write : std::exchange(later_, {})) write(json);
 }
@@ -168,11 +155,10 @@ void Nodes::tell(JsonWriter& json, NodePeer& node) {
   const Change what = isFirst ? Change::all : std::exchange(node.dirty_, {});
   if (!has(what, ~(Change::updates | Change::children))) return;
   node.told_ = true;
-  json.beginObject();
-  json.member("do", "node");
-  json.member("id", node.id());
-  writeNode(json, node, *this, what);
-  json.endObject();
+  writeOrder(json, "node", [&] {
+    json.member("id", node.id());
+    writeNode(json, node, what);
+  });
   node.dirty_ = {};
   if (isFirst) touchFirst(node.control());
   if (node.control().kind() == ControlKind::window && has(what, Change::items))
@@ -191,12 +177,10 @@ void Nodes::touchFirst(const Control& control) {
 void Nodes::writeMenu(JsonWriter& json, Window& window) {
   const int id = NodePeer::idOf(&window);
   if (!window.menuBar() || !hasMenu_.insert(id).second) return;
-  json.beginObject();
-  json.member("do", "menu");
-  json.member("window", id);
-  json.key("entries");
-  writeEntries(json, *this, *window.menuBar());
-  json.endObject();
+  writeOrder(json, "menu", [&] {
+    json.member("window", id);
+    writeEntries(json, *this, *window.menuBar());
+  });
 }
 
 namespace {
@@ -232,27 +216,18 @@ bool isPaste(const MenuItem& item) {
 
 void writeEntry(JsonWriter& json, Nodes& nodes, MenuItem& item) {
   if (!item.peer()) item.setPeer(std::make_unique<EntryPeer>(nodes, item));
+  const int id = item.isSeparator() ? 0 : static_cast<EntryPeer*>(item.peer())->id();
   json.beginObject();
-  json.member("id", item.isSeparator() ? 0 : static_cast<EntryPeer*>(item.peer())->id());
-  json.member("caption", item.caption());
-  json.member("enabled", item.enabled());
-  json.member("checked", item.checked());
-  json.member("checkable", item.checkable() || item.checked());
-  json.member("key", nameOf(item.shortcut()));
-  json.member("pastes", isPaste(item));
-  if (!item.items().empty()) {
-    json.key("entries");
-    writeEntries(json, nodes, item);
-  }
+  writeEntryState(json, id, item);
+  json.members("caption", item.caption(), "key", nameOf(item.shortcut()), "pastes", isPaste(item));
+  if (!item.items().empty()) writeEntries(json, nodes, item);
   json.endObject();
 }
 
 }  // namespace
 
 void writeEntries(JsonWriter& json, Nodes& nodes, const MenuItem& menu) {
-  json.beginArray();
-  for (MenuItem* item : menu.items()) writeEntry(json, nodes, *item);
-  json.endArray();
+  json.list("entries", menu.items(), [&](MenuItem* item) { writeEntry(json, nodes, *item); });
 }
 
 bool isEnabledWithin(const Control& control) {
@@ -264,6 +239,11 @@ bool isEnabledWithin(const Control& control) {
 float magnificationOf(const Control& control) {
   const Window* window = control.window();
   return window ? window->magnification() : 1;
+}
+
+std::string pictureAddress(const std::string& file) {
+  const auto svg = readWholeFile(file);
+  return svg ? "data:image/svg+xml;base64," + toBase64(*svg) : std::string();
 }
 
 // The program's own look: the same on every system.

@@ -83,12 +83,6 @@ class EntryPeer : public Peer {
 
 class Nodes {
  public:
-  // Where the program's own files lie, which the page has below its address, too, in a folder of
-  // the same name.
-  void setOwnFolder(std::string folder) { ownFolder_ = std::move(folder); }
-  // The page's address of a file of the program's; empty for any other.
-  std::string addressOf(const std::string& file) const;
-
   // Follows the window and all that stands in it.
   void follow(Window& window);
   // Null for a number that is no control's, or no menu entry's, any more.
@@ -99,9 +93,13 @@ class Nodes {
   // Everything of all windows is to be told again, as after a change of the screen.
   void touchAll(Change what);
 
-  // An order that goes out behind the nodes of the next batch.
-  void order(std::function<void(JsonWriter&)> write) { later_.push_back(std::move(write)); }
-  void orderPopup(MenuItem& menu, Window& window);
+  // An order that goes out behind the nodes of the next batch, of members that are written then.
+  void order(const char* what, std::function<void(JsonWriter&)> members);
+  // Of plain members: name, content, name, content.
+  template <class Content, class... Rest>
+  void order(const char* what, const char* name, Content content, Rest... rest) {
+    order(what, [=](JsonWriter& json) { json.members(name, content, rest...); });
+  }
   // Told of each control that goes.
   std::function<void(const Control&)> whenGone;
   // All orders, as elements of the array that is open.
@@ -116,7 +114,6 @@ class Nodes {
   void touchInside(const Container& container, Change what);
   void writeMenu(JsonWriter& json, Window& window);
 
-  std::string ownFolder_;
   std::map<int, NodePeer*> nodes_;
   std::map<int, EntryPeer*> entries_;
   std::set<int> touched_;
@@ -127,16 +124,29 @@ class Nodes {
   int last_ = 0;
 };
 
+// An object that says what the page is to do, with members that `members` writes.
+template <class Members>
+void writeOrder(JsonWriter& json, std::string_view what, Members members) {
+  json.beginObject();
+  json.member("do", what);
+  members();
+  json.endObject();
+}
+
 // What the page is to hear of a control of whatever kind: members of the object that is open. At
 // the first time `what` is Change::all.
-void writeNode(JsonWriter& json, NodePeer& node, const Nodes& nodes, Change what);
+void writeNode(JsonWriter& json, NodePeer& node, Change what);
 // The same of a grid alone.
 void writeGrid(JsonWriter& json, NodePeer& node, const Grid& grid, Change what);
+// The member "entries" of the object that is open.
 void writeEntries(JsonWriter& json, Nodes& nodes, const MenuItem& menu);
 
 // Of a control and all containers around it.
 bool isEnabledWithin(const Control& control);
 float magnificationOf(const Control& control);
+// What shows the picture of a file in the page: all of it, as an address. Empty where there is
+// none.
+std::string pictureAddress(const std::string& file);
 // As the page has it, colours of the theme, too.
 std::string hexColour(Colour colour);
 

@@ -253,13 +253,7 @@ void PageInput::hover(Control& control, const PageMessage& message) {
   else if (control.kind() == ControlKind::grid &&
            static_cast<Grid&>(control).sheet().contains(cell))
     words = static_cast<Grid&>(control).tipOn(cell);
-  nodes_.order([id = message.whole(0), words](JsonWriter& json) {
-    json.beginObject();
-    json.member("do", "tip");
-    json.member("id", id);
-    json.member("words", words);
-    json.endObject();
-  });
+  nodes_.order("tip", "id", message.whole(0), "words", words);
 }
 
 void PageInput::window(Window& window, const PageMessage& message) {

@@ -18,31 +18,14 @@ std::string folderAbove(const std::string& folder) { return folder.substr(0, fol
 
 std::string fileName(const std::string& path) { return path.substr(path.rfind('/') + 1); }
 
-// One order without more in it than texts.
-std::function<void(JsonWriter&)> plainOrder(
-    std::string name, std::vector<std::pair<std::string, std::string>> texts) {
-  return [name = std::move(name), texts = std::move(texts)](JsonWriter& json) {
-    json.beginObject();
-    json.member("do", name);
-    for (const auto& [key, text] : texts) json.member(key, text);
-    json.endObject();
-  };
-}
-
 void writeKinds(JsonWriter& json, const FileQuestion& question) {
   json.member("title", question.title);
-  json.key("kinds");
-  json.beginArray();
-  for (const FileKind& kind : question.kinds) {
+  json.list("kinds", question.kinds, [&](const FileKind& kind) {
     json.beginObject();
     json.member("name", kind.name);
-    json.key("extensions");
-    json.beginArray();
-    for (const std::string& extension : kind.extensions) json.value(extension);
-    json.endArray();
+    json.list("extensions", kind.extensions);
     json.endObject();
-  }
-  json.endArray();
+  });
 }
 
 constexpr std::string_view nameOf(MessageIcon icon) {
@@ -53,33 +36,21 @@ constexpr std::string_view nameOf(MessageIcon icon) {
 
 void writeChord(JsonWriter& json, const KeyChord& key) {
   json.beginObject();
-  json.member("code", key.code);
-  json.member("shift", static_cast<int>(key.shift));
-  json.member("control", static_cast<int>(key.control));
-  json.member("alt", static_cast<int>(key.alt));
+  json.members("code", key.code, "shift", static_cast<int>(key.shift), "control",
+               static_cast<int>(key.control), "alt", static_cast<int>(key.alt));
   json.endObject();
 }
 
-void writeBox(JsonWriter& json, const MessageBox& box, int number) {
+void writeBox(JsonWriter& json, const MessageBox& box) {
   const auto escape = answerToEscape(box);
-  json.beginObject();
-  json.member("do", "box");
-  json.member("ask", number);
-  json.member("title", box.title.empty() ? std::string("Tolmer") : box.title);
-  json.member("text", box.text);
-  json.member("icon", nameOf(box.icon));
-  json.key("buttons");
-  json.beginArray();
-  for (const AnswerButton& button : answerButtons(box.buttons)) {
+  json.members("title", box.title.empty() ? std::string("Tolmer") : box.title, "text", box.text,
+               "icon", nameOf(box.icon), "enter", static_cast<int>(answerToReturn(box)), "escape",
+               escape ? static_cast<int>(*escape) : -1);
+  json.list("buttons", answerButtons(box.buttons), [&](const AnswerButton& button) {
     json.beginObject();
-    json.member("answer", static_cast<int>(button.answer));
-    json.member("caption", button.caption);
+    json.members("answer", static_cast<int>(button.answer), "caption", button.caption);
     json.endObject();
-  }
-  json.endArray();
-  json.member("enter", static_cast<int>(answerToReturn(box)));
-  json.member("escape", escape ? static_cast<int>(*escape) : -1);
-  json.endObject();
+  });
 }
 
 }  // namespace
@@ -101,8 +72,8 @@ class WebDesktop::Waiting {
 WebDesktop::WebDesktop(PageLine& line, const std::string& programFolder, std::string filesFolder)
     : line_(line),
       help_(std::make_unique<HelpOrders>(nodes_, programFolder + "/help")),
+      ownFolder_(folderAbove(programFolder)),
       filesFolder_(std::move(filesFolder)) {
-  nodes_.setOwnFolder(folderAbove(programFolder));
   nodes_.whenGone = [this](const Control& control) { mouse_.forget(control); };
   timers().clock = [this] {
     return std::chrono::duration_cast<std::chrono::milliseconds>(std::chrono::steady_clock::now() -
@@ -197,10 +168,13 @@ void WebDesktop::takeAnswer(const PageMessage& message) {
     question->second = message;
 }
 
-PageMessage WebDesktop::ask(const std::function<void(JsonWriter&, int)>& question) {
+PageMessage WebDesktop::ask(const char* question, const Write& members) {
   const int number = ++lastAsked_;
   answers_.emplace(number, std::nullopt);
-  nodes_.order([question, number](JsonWriter& json) { question(json, number); });
+  nodes_.order(question, [members, number](JsonWriter& json) {
+    json.member("ask", number);
+    members(json);
+  });
   while (!answers_.at(number)) pump();
   PageMessage answer = std::move(*answers_.at(number));
   answers_.erase(number);
@@ -212,15 +186,8 @@ std::optional<Error> WebDesktop::keepVisit(VisitAct act, const std::string& name
                                            std::string_view bytes) {
   const int number = ++lastAsked_;
   constexpr std::array acts{"write", "remove", "aside"};
-  nodes_.order([=, text = toBase64(bytes)](JsonWriter& json) {
-    json.beginObject();
-    json.member("do", "visit");
-    json.member("ask", number);
-    json.member("act", acts.at(static_cast<std::size_t>(act)));
-    json.member("visit", name);
-    json.member("base64", text);
-    json.endObject();
-  });
+  nodes_.order("visit", "ask", number, "act", acts.at(static_cast<std::size_t>(act)), "visit", name,
+               "base64", toBase64(bytes));
   flush();
   for (;;) {
     auto message = next(-1);
@@ -315,11 +282,7 @@ void WebDesktop::writeFocus(JsonWriter& json) {
   auto* node = control ? static_cast<NodePeer*>(control->peer()) : nullptr;
   const bool marks = node && std::exchange(node->marksAll, false);
   if (std::exchange(knownFocus_, id) == id && !marks) return;
-  json.beginObject();
-  json.member("do", "focus");
-  json.member("id", id);
-  json.member("marks", marks);
-  json.endObject();
+  writeOrder(json, "focus", [&] { json.members("id", id, "marks", marks); });
 }
 
 // Those that mean the same everywhere are the browser's own here.
@@ -339,84 +302,65 @@ void WebDesktop::writeKeys(JsonWriter& json) {
     list.endArray();
   });
   if (std::exchange(knownKeys_, keys) == keys) return;
-  json.beginObject();
-  json.member("do", "keys");
-  json.key("keys");
-  json.token(keys);
-  json.endObject();
+  writeOrder(json, "keys", [&] {
+    json.key("keys");
+    json.token(keys);
+  });
 }
 
 // --- small orders
 
 Answer WebDesktop::messageBox(const MessageBox& box) {
-  const PageMessage answer =
-      ask([box](JsonWriter& json, int number) { writeBox(json, box, number); });
+  const PageMessage answer = ask("box", [box](JsonWriter& json) { writeBox(json, box); });
   for (const AnswerButton& button : answerButtons(box.buttons))
     if (static_cast<int>(button.answer) == answer.whole(1)) return button.answer;
   return answerToEscape(box).value_or(answerButtons(box.buttons).back().answer);
 }
 
-void WebDesktop::popupMenu(MenuItem& menu, Window& window) { nodes_.orderPopup(menu, window); }
-
-void WebDesktop::tellAt(Control& control, const std::string& words) {
-  const int id = NodePeer::idOf(&control);
-  nodes_.order([id, words](JsonWriter& json) {
-    json.beginObject();
-    json.member("do", "tell");
-    json.member("id", id);
-    json.member("words", words);
-    json.endObject();
+void WebDesktop::popupMenu(MenuItem& menu, Window& window) {
+  nodes_.order("popup", [this, &menu, id = NodePeer::idOf(&window)](JsonWriter& json) {
+    json.member("window", id);
+    writeEntries(json, nodes_, menu);
   });
 }
 
-void WebDesktop::beep() { nodes_.order(plainOrder("beep", {})); }
+void WebDesktop::tellAt(Control& control, const std::string& words) {
+  nodes_.order("tell", "id", NodePeer::idOf(&control), "words", words);
+}
+
+void WebDesktop::beep() {
+  nodes_.order("beep", [](JsonWriter&) {});
+}
 
 void WebDesktop::setBusyPointer(bool busy) {
-  if (std::exchange(busy_, busy) == busy) return;
-  nodes_.order([busy](JsonWriter& json) {
-    json.beginObject();
-    json.member("do", "busy");
-    json.member("on", busy);
-    json.endObject();
-  });
+  if (std::exchange(busy_, busy) != busy) nodes_.order("busy", "on", busy);
 }
 
 void WebDesktop::setClipboard(const ClipboardContent& content) {
   pasted_ = {.text = content.text, .html = content.html, .cells = content.cells};
-  nodes_.order(plainOrder("clipboard", {{"text", content.text},
-                                        {"html", content.html},
-                                        {"svg", content.svg},
-                                        {"cells", content.cells}}));
+  nodes_.order("clipboard", "text", content.text, "html", content.html, "svg", content.svg, "cells",
+               content.cells);
 }
 
 bool WebDesktop::openDocument(const std::string& path) {
-  const std::string address = nodes_.addressOf(path);
-  if (address.empty() || !isRegularFile(path)) return false;
-  nodes_.order(plainOrder("document", {{"address", address}}));
+  if (!path.starts_with(ownFolder_ + '/') || !isRegularFile(path)) return false;
+  nodes_.order("document", "address", path.substr(ownFolder_.rfind('/') + 1));
   return true;
 }
 
 void WebDesktop::showHelp(const HelpRequest& request) { help_->answer(request); }
 
-// Pictures have plain names and lie in one of several folders.
 void WebDesktop::keepBeside(const KeptPages& pages) {
   KeptPages kept = pages;
   for (KeptPages::Page& page : kept.pages)
-    page.html = withPictureAddresses(nodes_, page.html, pages.pictureFolders);
-  nodes_.order([kept](JsonWriter& json) {
-    json.beginObject();
-    json.member("do", "kept");
-    json.key("pages");
-    json.beginArray();
-    for (const KeptPages::Page& page : kept.pages) {
+    page.html = withPictures(page.html, pages.pictureFolders);
+  nodes_.order("kept", [kept](JsonWriter& json) {
+    json.list("pages", kept.pages, [&](const KeptPages::Page& page) {
       json.beginObject();
-      json.member("title", page.title);
-      json.member("html", page.html);
+      json.members("title", page.title, "html", page.html);
       json.endObject();
-    }
-    json.endArray();
+    });
     json.member("shown", static_cast<long>(kept.shown));
-    json.endObject();
   });
 }
 
@@ -428,13 +372,8 @@ std::string WebDesktop::putFile(const std::string& name, std::string_view bytes)
 }
 
 std::optional<ChosenFile> WebDesktop::openFileDialog(const FileQuestion& question) {
-  const PageMessage answer = ask([question](JsonWriter& json, int number) {
-    json.beginObject();
-    json.member("do", "open");
-    json.member("ask", number);
-    writeKinds(json, question);
-    json.endObject();
-  });
+  const PageMessage answer =
+      ask("open", [question](JsonWriter& json) { writeKinds(json, question); });
   const auto bytes = fromBase64(answer.text(3));
   if (answer.kind() != "chosen" || !bytes) return std::nullopt;
   const std::string path = putFile(answer.text(2), *bytes);
@@ -443,13 +382,9 @@ std::optional<ChosenFile> WebDesktop::openFileDialog(const FileQuestion& questio
 }
 
 std::optional<ChosenFile> WebDesktop::saveFileDialog(const FileQuestion& question) {
-  const PageMessage answer = ask([question](JsonWriter& json, int number) {
-    json.beginObject();
-    json.member("do", "save");
-    json.member("ask", number);
+  const PageMessage answer = ask("save", [question](JsonWriter& json) {
     writeKinds(json, question);
     json.member("name", question.name);
-    json.endObject();
   });
   const std::size_t kind = std::min(answer.count(1), question.kinds.size() - 1);
   const std::string name = fileName(answer.text(2));
@@ -470,9 +405,8 @@ Saving WebDesktop::saveFile(const FileToSave& file) {
   };
   const Saving saving = Desktop::saveFile(copy);
   if (saving.end == Saving::End::saved)
-    nodes_.order(plainOrder("download", {{"name", fileName(saving.path)},
-                                         {"type", "application/octet-stream"},
-                                         {"base64", toBase64(written)}}));
+    nodes_.order("download", "name", fileName(saving.path), "type", "application/octet-stream",
+                 "base64", toBase64(written));
   return saving;
 }
 
@@ -481,7 +415,7 @@ Result<std::string> WebDesktop::pdfOf(const PrintedPages&) {
 }
 
 void WebDesktop::print(const PrintedPages& pages) {
-  nodes_.order(plainOrder("print", {{"html", printedHtml(pages)}}));
+  nodes_.order("print", "html", printedHtml(pages));
 }
 
 void WebDesktop::drop(const PageMessage& message) {

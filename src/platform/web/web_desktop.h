@@ -85,7 +85,7 @@ class WebDesktop : public Desktop {
   void take(const PageMessage& message);
   void takeAnswer(const PageMessage& message);
   // Puts a question, which gets that number, and waits for the answer while all else goes on.
-  PageMessage ask(const std::function<void(JsonWriter&, int)>& question);
+  PageMessage ask(const char* question, const Write& members);
   void screenIs(Size screen, Twips bar);
   void drop(const PageMessage& message);
   std::string putFile(const std::string& name, std::string_view bytes);
@@ -102,6 +102,7 @@ class WebDesktop : public Desktop {
   Nodes nodes_;
   MouseRoute mouse_;
   std::unique_ptr<HelpOrders> help_;
+  std::string ownFolder_;  // which the page has below its address, too, under the same name
   std::string filesFolder_;
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   Size screen_{pixels(1280), pixels(800)};
