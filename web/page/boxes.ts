@@ -3,7 +3,7 @@ import { letterOf, showCaption } from "./controls.js";
 import type { Stroke } from "./keys.js";
 import type { Screen } from "./page.js";
 import type { Order } from "./protocol.js";
-import { drag, make, setUp, signButton } from "./windows.js";
+import { make, movable, put, setUp, signButton } from "./windows.js";
 
 type Box = Extract<Order, { do: "box" }>;
 
@@ -28,12 +28,8 @@ export class Boxes {
     this.shown = { box, element };
     this.screen.menus.close();
     document.body.append(element);
-    element.style.left = `${Math.max(Math.round((innerWidth - element.offsetWidth) / 2), 0)}px`;
-    element.style.top = `${Math.max(Math.round((innerHeight - element.offsetHeight) / 2), 0)}px`;
-    drag(title, () => {
-      const { offsetLeft, offsetTop } = element;
-      return (x, y) => Object.assign(element.style, { left: `${offsetLeft + x}px`, top: `${Math.max(offsetTop + y, 0)}px` });
-    });
+    put(element, Math.max(Math.round((innerWidth - element.offsetWidth) / 2), 0), Math.round((innerHeight - element.offsetHeight) / 2));
+    movable(element, title);
     element.querySelector<HTMLElement>(".default")?.focus();
   }
   private makeButtons(box: Box): HTMLElement {

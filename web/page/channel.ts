@@ -6,23 +6,16 @@ export interface Channel {
   onMessage(take: (text: string) => void): void;
 }
 
-// Starts the program. What it says before somebody listens is kept for them.
+// Starts the program, which waits for the page's first message.
 export function openChannel(): Channel {
   const shared = newRing();
   const ring = new RingWriter(shared);
-  const kept: string[] = [];
-  let take = (text: string): void => void kept.push(text);
+  let take: (text: string) => void;
   const worker = new Worker("worker.js");
   worker.onmessage = ({ data }: MessageEvent<string | null>) => {
     if (data === null) ring.pump();
     else take(data);
   };
   worker.postMessage(shared);
-  return {
-    send: (text) => ring.send(text),
-    onMessage: (taker) => {
-      take = taker;
-      kept.splice(0).forEach(taker);
-    },
-  };
+  return { send: (text) => ring.send(text), onMessage: (taker) => void (take = taker) };
 }

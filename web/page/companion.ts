@@ -3,10 +3,9 @@
 import { button, lookAsWritten, printDocument, withoutStyles } from "./files.js";
 import type { Screen } from "./page.js";
 import type { HelpEntry, Order } from "./protocol.js";
-import { drag, make, setUp, signButton } from "./windows.js";
+import { ArrowKeys, make, movable, put, setUp, signButton } from "./windows.js";
 
 const edge = 24; // between the window and the page's corner
-const leastShown = 60; // of a window that was moved away
 
 function textOf(html: string): Node[] {
   const { body } = new DOMParser().parseFromString(withoutStyles(html), "text/html");
@@ -18,6 +17,7 @@ abstract class Companion {
   protected readonly element: HTMLElement;
   protected readonly page = setUp(make("article", "reading"), { tabindex: "0" });
   private readonly heading = make("h1");
+  private readonly arrows: ArrowKeys;
 
   constructor(protected readonly screen: Screen, name: string, pageName: string) {
     this.element = setUp(make("section", `companion window active ${name}`), { role: "dialog", "aria-labelledby": `heading-${name}` });
@@ -28,16 +28,13 @@ abstract class Companion {
     this.element.append(title);
     this.element.addEventListener("keydown", (event) => { if (this.key(event)) event.preventDefault(); });
     this.page.addEventListener("click", (event) => this.clicked(event));
-    drag(title, (down) => (down.target instanceof HTMLButtonElement ? undefined : this.follow()));
+    movable(this.element, title);
+    this.arrows = new ArrowKeys(this.element, (words) => screen.say(words), (x, y) => this.grow(x, y));
   }
 
-  private follow(): (x: number, y: number) => void {
-    const { offsetLeft, offsetTop } = this.element;
-    return (x, y) => this.put(Math.min(Math.max(offsetLeft + x, leastShown - this.element.offsetWidth), innerWidth - leastShown),
-                              Math.min(Math.max(offsetTop + y, 0), innerHeight - leastShown));
-  }
-  private put(left: number, top: number): void {
-    Object.assign(this.element.style, { left: `${left}px`, top: `${top}px` });
+  private grow(x: number, y: number): void {
+    const { offsetWidth, offsetHeight } = this.element;
+    Object.assign(this.element.style, { width: `${offsetWidth + x}px`, height: `${offsetHeight + y}px` });
   }
 
   get isOpen(): boolean { return this.element.isConnected; }
@@ -47,8 +44,9 @@ abstract class Companion {
     const isNew = !this.isOpen;
     if (isNew || this.element.nextElementSibling?.classList.contains("companion")) document.body.append(this.element);
     const { offsetWidth, offsetHeight } = this.element;
-    if (isNew && atRight) this.put(Math.max(innerWidth - offsetWidth - edge, 0), Math.max(innerHeight - offsetHeight - edge, 0));
-    else if (isNew) this.put(Math.min(edge, Math.max(innerWidth - offsetWidth, 0)), Math.min(edge, Math.max(innerHeight - offsetHeight, 0)));
+    const [x, y] = [Math.max(innerWidth - offsetWidth, 0), Math.max(innerHeight - offsetHeight, 0)];
+    if (isNew && atRight) put(this.element, Math.max(x - edge, 0), Math.max(y - edge, 0));
+    else if (isNew) put(this.element, Math.min(edge, x), Math.min(edge, y));
     this.page.focus();
   }
 
@@ -82,6 +80,7 @@ abstract class Companion {
 
   // Whether the key meant anything here.
   protected key(event: KeyboardEvent): boolean {
+    if (this.arrows.take(event)) return true;
     if (event.key === "Escape") this.close();
     else if (event.key === "F6") this.leave();
     else return false;
@@ -185,8 +184,8 @@ class Help extends Companion {
 }
 
 class Kept extends Companion {
-  private readonly previous = button("Previous Page", () => this.turnTo(this.shown - 1), "Ctrl+PgUp");
-  private readonly next = button("Next Page", () => this.turnTo(this.shown + 1), "Ctrl+PgDn");
+  private readonly previous = button("Previous Page", () => this.turnTo(this.shown - 1), "Alt+PgUp");
+  private readonly next = button("Next Page", () => this.turnTo(this.shown + 1), "Alt+PgDn");
   private pages: { title: string; html: string }[] = [];
   private shown = 0;
 
@@ -217,7 +216,7 @@ class Kept extends Companion {
     if (page) this.turnTo(Number(page[1]));
   }
   protected override key(event: KeyboardEvent): boolean {
-    const step = event.ctrlKey ? { PageUp: -1, PageDown: 1 }[event.key] : undefined;
+    const step = event.ctrlKey || event.altKey ? { PageUp: -1, PageDown: 1 }[event.key] : undefined;
     if (step === undefined) return super.key(event);
     this.turnTo(this.shown + step);
     return true;

@@ -1,13 +1,12 @@
 // A graph: the program's picture, whose symbols and bars stand for cases.
+import { followMouse, Resting } from "./mouse.js";
 import type { NodeOrder } from "./protocol.js";
 import { makers, Node, Page, View } from "./view.js";
-
-const hoverRest = 600; // milliseconds
 
 class GraphView implements View {
   readonly element = document.createElement("div");
   private size: [number, number] = [0, 0];
-  private rest = 0;
+  private readonly rest = new Resting((x, y) => this.page.send("hover", this.node.id, x, y));
 
   constructor(private readonly page: Page, private readonly node: Node) {
     const { element } = this;
@@ -15,11 +14,11 @@ class GraphView implements View {
     element.setAttribute("role", "img");
     element.addEventListener("mousedown", (event) => this.press(event));
     element.addEventListener("mousemove", (event) => this.restAnew(event));
-    element.addEventListener("mouseleave", () => this.restAnew());
+    element.addEventListener("mouseleave", () => this.rest.end());
     element.addEventListener("blur", () => element.classList.remove("pressed"));
   }
 
-  remove(): void { this.restAnew(); }
+  remove(): void { this.rest.end(); }
 
   update(changed: NodeOrder, node: Node): void {
     if (changed.place) this.size = [Math.round(changed.place[2]), Math.round(changed.place[3])];
@@ -28,6 +27,7 @@ class GraphView implements View {
     if (changed.marks !== undefined) this.element.setAttribute("aria-roledescription", changed.marks > 0 ? "chart" : "picture");
     if (!node.label && changed.name !== undefined) this.element.setAttribute("aria-label", "Graph");
     if (changed.svg !== undefined) this.draw(changed.svg);
+    if (changed.spoken && this.element.contains(document.activeElement)) this.page.say(changed.spoken);
   }
 
   // Its title would be a tip of the browser's, and the name is told already.
@@ -57,34 +57,26 @@ class GraphView implements View {
     const { element } = this;
     if (event.button === 1) return;
     event.preventDefault();
-    this.restAnew();
+    this.rest.end();
     this.focus();
     element.classList.add("pressed"); // the keyboard came by the pointer: no need to show where it is
     const button = event.button === 0 ? "left" : "right";
     if (button === "left") this.tell("press", event);
     else this.mouse("press");
-    this.follow(event.button, button);
+    followMouse(event.button, (moved) => button === "left" && this.tell("drag", moved), (up) => this.release(up, button));
   }
 
-  private follow(pressed: number, button: string): void {
-    const stop = new AbortController();
-    const { signal } = stop;
-    if (button === "left") window.addEventListener("mousemove", (event) => this.tell("drag", event), { signal });
-    window.addEventListener("mouseup", (event) => {
-      if (event.button !== pressed) return;
-      stop.abort();
-      const [x, y] = this.at(event);
-      const isInside = x >= 0 && y > 0 && x < this.size[0] && y <= this.size[1];
-      if (button === "left") this.tell(isInside ? "release" : "drop", event);
-      else this.mouse("release", isInside);
-    }, { signal });
+  private release(event: MouseEvent, button: string): void {
+    const [x, y] = this.at(event);
+    const isInside = x >= 0 && y > 0 && x < this.size[0] && y <= this.size[1];
+    if (button === "left") this.tell(isInside ? "release" : "drop", event);
+    else this.mouse("release", isInside);
   }
 
   // Tips come where the pointer rests.
-  private restAnew(event?: MouseEvent): void {
-    window.clearTimeout(this.rest);
-    if (!event || event.buttons > 0 || !this.node.marks) return;
-    this.rest = window.setTimeout(() => this.page.send("hover", this.node.id, ...this.at(event)), hoverRest);
+  private restAnew(event: MouseEvent): void {
+    if (event.buttons > 0 || !this.node.marks) this.rest.end();
+    else this.rest.begin(...this.at(event));
   }
 }
 

@@ -163,7 +163,7 @@ export class GridCells {
     const { state } = this;
     const isTinted = state.isTinted(index, col);
     cell.classList.toggle("picked", isTinted);
-    if (state.shape.mode !== "cells" && state.shape.mode !== "cell") return;
+    if (state.shape.mode !== "cells") return;
     const selected = String(index > 0 && col > 0 && state.isCovered(index, col));
     if (cell.getAttribute("aria-selected") !== selected) cell.setAttribute("aria-selected", selected);
   }

@@ -1,11 +1,11 @@
 // The mouse on a grid: cells, headings, widths of columns, the fill corner.
 import type { GridFrames } from "./grid_frames.js";
 import type { GridState, Place } from "./grid_state.js";
+import { followMouse, Resting } from "./mouse.js";
 import type { Page } from "./view.js";
 
 const dragTick = 40; // milliseconds
 const edgeReach = 4; // pixels to either side of the line behind a column
-const hoverRest = 600; // milliseconds
 
 interface Point { x: number; y: number }
 export interface Scroller {
@@ -20,13 +20,13 @@ export class GridMouse {
   private reached = "";
   private held: [boolean, boolean] = [false, false];
   private tick = 0;
-  private rest = 0;
+  private readonly rest = new Resting((x, y) => this.page.send("hover", this.state.id, ...this.state.cellAt(x, y)));
 
   constructor(private readonly page: Page, private readonly root: HTMLElement, private readonly state: GridState,
               private readonly frames: GridFrames, private readonly scroller: Scroller) {
     root.addEventListener("mousedown", (event) => this.press(event));
     root.addEventListener("mousemove", (event) => this.pointAt(event));
-    root.addEventListener("mouseleave", () => this.restAnew());
+    root.addEventListener("mouseleave", () => this.rest.end());
   }
 
   private point(event: MouseEvent): Point {
@@ -48,14 +48,14 @@ export class GridMouse {
     const inLine = event.target instanceof HTMLInputElement && event.button === 0;
     if (inLine || at.x >= this.state.width || at.y >= this.state.height || event.button === 1) return;
     event.preventDefault();
-    this.restAnew();
+    this.rest.end();
     this.scroller.takeFocus();
     this.held = [event.shiftKey, event.ctrlKey || event.metaKey];
     this.at = at;
     if (event.button !== 0) return this.pressRight(at);
     if (event.detail > 0 && event.detail % 2 === 0) return this.pressAgain(at);
     this.begin(at);
-    this.follow();
+    followMouse(0, (moved) => this.dragTo(this.point(moved)), (up) => this.release(this.point(up)));
   }
 
   private begin(at: Point): void {
@@ -77,7 +77,7 @@ export class GridMouse {
   private pressRight(at: Point): void {
     if (this.isOver(at)) return this.cell("menu", this.state.cellAt(at.x, at.y));
     this.mouse("press", "right");
-    window.addEventListener("mouseup", () => this.mouse("release", "right"), { once: true });
+    followMouse(2, () => undefined, () => this.mouse("release", "right"));
   }
 
   private pressAgain(at: Point): void {
@@ -85,17 +85,6 @@ export class GridMouse {
     if (edge > 0) this.page.send("width", this.state.id, edge, -1);
     else if (this.isOnCorner(at)) this.fill("beside");
     else if (this.isOver(at)) this.cell("double", this.state.cellAt(at.x, at.y));
-  }
-
-  // Also beyond the grid and the browser's window.
-  private follow(): void {
-    const stop = new AbortController();
-    window.addEventListener("mousemove", (event) => this.dragTo(this.point(event)), { signal: stop.signal });
-    window.addEventListener("mouseup", (event) => {
-      if (event.button !== 0) return;
-      stop.abort();
-      this.release(this.point(event));
-    }, { signal: stop.signal });
   }
 
   private dragTo(at: Point): void {
@@ -150,7 +139,7 @@ export class GridMouse {
   giveUp(): void {
     if (this.drag === "fill") this.fill("cancel");
     this.end();
-    this.restAnew();
+    this.rest.end();
   }
 
   // The column whose line is there, in the uppermost row.
@@ -174,13 +163,8 @@ export class GridMouse {
       const cursor = this.edgeAt(at) > 0 ? "col-resize" : this.isOnCorner(at) ? "crosshair" : "";
       if (this.root.style.cursor !== cursor) this.root.style.cursor = cursor;
     }
-    this.restAnew(event.buttons === 0 && this.isOver(at) ? at : undefined);
-  }
-
-  // Tips come where the pointer rests.
-  private restAnew(at?: Point): void {
-    window.clearTimeout(this.rest);
-    if (!at) return;
-    this.rest = window.setTimeout(() => this.page.send("hover", this.state.id, ...this.state.cellAt(at.x, at.y)), hoverRest);
+    // Tips come where the pointer rests.
+    if (event.buttons === 0 && this.isOver(at)) this.rest.begin(at.x, at.y);
+    else this.rest.end();
   }
 }

@@ -8,7 +8,7 @@ export type Place = [row: number, col: number];
 
 const noShape: GridShape = {
   rowStarts: [1, 1], colStarts: [1, 1], frozenRows: 0, frozenCols: 0, across: false, down: false,
-  edits: false, fills: false, mode: "none", pixels: 12,
+  edits: false, mode: "none", pixels: 12,
 };
 const plainLook: CellLook = {
   align: "left", heading: false, bold: false, back: "", face: false, fore: "", number: false, mark: "",

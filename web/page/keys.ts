@@ -4,6 +4,7 @@ import { choose, isBook, letterOf, type ControlView } from "./controls.js";
 import type { Screen } from "./page.js";
 import type { Held, KeyChord } from "./protocol.js";
 import type { Node } from "./view.js";
+import type { WindowView } from "./windows.js";
 
 const codes: Record<string, number> = {
   Backspace: 8, Tab: 9, Enter: 13, Escape: 27, " ": 32, PageUp: 33, PageDown: 34, End: 35, Home: 36, ArrowLeft: 37,
@@ -11,6 +12,12 @@ const codes: Record<string, number> = {
 };
 const names: Record<number, string> = { 8: "Backspace", 32: "Space", 33: "PgUp", 34: "PgDown", 46: "Del", 187: "+", 189: "-" };
 const isMac = navigator.platform.startsWith("Mac");
+// Browsers keep Ctrl with these keys for themselves: the page has Alt for them. `means`: code, and whether with Shift.
+const keptByBrowsers: { code: number; shift: boolean; means: [number, boolean] }[] = [
+  { code: codes.PageUp!, shift: false, means: [codes.PageUp!, false] }, { code: codes.PageDown!, shift: false, means: [codes.PageDown!, false] },
+  { code: codes.PageUp!, shift: true, means: [codes.Tab!, true] }, { code: codes.PageDown!, shift: true, means: [codes.Tab!, false] },
+  { code: "N".charCodeAt(0), shift: true, means: ["N".charCodeAt(0), false] },
+];
 
 // A key as the program names it.
 export class Stroke {
@@ -25,6 +32,8 @@ export class Stroke {
     this.control = !writes && (event.ctrlKey || (isMac && event.metaKey));
     this.alt = !writes && event.altKey;
     this.code = this.codeOf(event);
+    const kept = this.alt && !this.control ? keptByBrowsers.find(({ code, shift }) => code === this.code && shift === this.shift) : undefined;
+    if (kept) [this.code, this.shift, this.control, this.alt] = [...kept.means, true, false];
   }
   // With Ctrl or Alt the key counts, whatever it writes on this keyboard.
   private codeOf({ key, code }: KeyboardEvent): number {
@@ -106,6 +115,7 @@ export class Keys {
     if (boxes.isOpen()) return boxes.key(stroke);
     const active = windows.active();
     if (!active || active.takesInput === false) return true;
+    if ((active.view as WindowView).arrows?.take(stroke.event)) return true;
     if (stroke.alt && !stroke.control && stroke.letter()) return this.takesLetter(stroke, active);
     return this.takesChord(stroke) || this.takesMenuKey(stroke) || this.takesView(stroke, active) || this.takesRest(stroke);
   }

@@ -71,6 +71,29 @@ export class Mouse {
 }
 
 const rest = 700; // milliseconds the pointer has to rest for a tip
+const restInside = 600; // on a part of a control
+
+// Says where in a control the pointer has come to rest.
+export class Resting {
+  private timer = 0;
+  constructor(private readonly tell: (x: number, y: number) => void) {}
+  begin(x: number, y: number): void {
+    this.end();
+    this.timer = window.setTimeout(() => this.tell(x, y), restInside);
+  }
+  end(): void { window.clearTimeout(this.timer); }
+}
+
+// Follows the mouse also beyond the browser's window, until that button is let go.
+export function followMouse(button: number, moved: (event: MouseEvent) => void, released: (event: MouseEvent) => void): void {
+  const stop = new AbortController();
+  window.addEventListener("mousemove", moved, { signal: stop.signal });
+  window.addEventListener("mouseup", (event) => {
+    if (event.button !== button) return;
+    stop.abort();
+    released(event);
+  }, { signal: stop.signal });
+}
 
 export class Tips {
   private readonly element = make("div", "tip");

@@ -37,7 +37,7 @@ export class OutlineView implements View {
   }
 
   update(changed: NodeOrder, node: Node): void {
-    if (changed.items || changed.levels || changed.leaves) this.fill(node);
+    if (changed.items || changed.levels) this.fill(node);
     if (changed.index !== undefined && this.page.taken(this.last)) this.index = changed.index;
     this.mark();
   }

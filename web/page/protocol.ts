@@ -7,12 +7,6 @@
 // A batch tells how many messages the program had taken when it was made ("seen"). What the user
 // typed since is not in it: a text the page has sent later than that goes before the batch's.
 
-// What the page's own parts take of the browser's window, which the program counts on.
-export const titleBarHeight = 30; // of a dialog, border included
-export const menuBarHeight = 26;
-export const childSide = 4; // frame of a child window
-export const childTop = 24; // with its title bar
-
 export interface Batch {
   seen: number;
   orders: Order[];
@@ -126,13 +120,12 @@ export interface OfKind {
   items: string[];
   index: number; // -1 for none
   levels: number[]; // of an outline's items, 1 the outermost
-  leaves: boolean[];
   opened: boolean[];
   tabHeight: number;
   // panel
   border: boolean;
   // image
-  file: string; // address below the page's
+  file: string; // address, which holds all of the picture
   // grid
   grid: GridShape;
   styles: CellLook[];
@@ -147,7 +140,7 @@ export interface OfKind {
   // graph
   svg: string;
   marks: number; // how many of its marks can be stepped to
-  spoken: string; // of the mark that keys go on from
+  spoken: string; // to be read out: the mark that keys go on from
 }
 
 // A cell: text; its look; then, where there is one, the remark on it.
@@ -170,8 +163,7 @@ export interface GridShape {
   across: boolean; // scroll bars
   down: boolean;
   edits: boolean;
-  fills: boolean;
-  mode: "none" | "cell" | "cells" | "rows";
+  mode: "none" | "cells" | "rows";
   pixels: number;
 }
 export type Block = [number, number, number, number]; // row, col, row2, col2

@@ -40,7 +40,49 @@ export function drag(handle: HTMLElement, start: (event: PointerEvent) => ((x: n
   });
 }
 
-const leastShown = 120; // pixels of a window that the user makes small
+// Puts a window there, as far as enough of it stays on the page to get hold of.
+export function put(element: HTMLElement, left: number, top: number): [number, number] {
+  const { clientWidth, clientHeight } = document.documentElement;
+  const x = Math.min(Math.max(left, leastShown - element.offsetWidth), clientWidth - leastShown / 2);
+  const y = Math.min(Math.max(top, 0), clientHeight - titleHeight);
+  Object.assign(element.style, { left: `${x}px`, top: `${y}px` });
+  return [x, y];
+}
+
+// A window that the pointer moves by its title.
+export function movable(element: HTMLElement, title: HTMLElement, moved = (_x: number, _y: number) => {}, mayMove = () => true): void {
+  drag(title, (down) => {
+    if (down.target instanceof HTMLButtonElement || !mayMove()) return undefined;
+    const { offsetLeft, offsetTop } = element;
+    return (x, y, ended) => {
+      const place = put(element, offsetLeft + x, offsetTop + y);
+      if (ended) moved(...place);
+    };
+  });
+}
+
+const titleHeight = 28; // pixels
+const leastShown = 120; // of a window that the user makes small, or moves away
+const keyStep = 16; // pixels that an arrow moves a window, or its edge
+
+// F8 lets the arrows draw a window's edges, with Ctrl the window itself, up to the next other key.
+export class ArrowKeys {
+  private isOn = false;
+
+  constructor(private readonly window: HTMLElement, private readonly say: (words: string) => void,
+              private readonly size: (x: number, y: number) => void, private readonly moved = (_x: number, _y: number) => {}) {}
+
+  take({ key, ctrlKey }: KeyboardEvent): boolean {
+    const wasOn = this.isOn;
+    const step = wasOn ? { ArrowLeft: [-keyStep, 0], ArrowRight: [keyStep, 0], ArrowUp: [0, -keyStep], ArrowDown: [0, keyStep] }[key] : undefined;
+    if (step && ctrlKey) this.moved(...put(this.window, this.window.offsetLeft + step[0]!, this.window.offsetTop + step[1]!));
+    else if (step) this.size(step[0]!, step[1]!);
+    else this.isOn = key === "F8" && !wasOn;
+    this.window.classList.toggle("drawn", this.isOn);
+    if (this.isOn && !wasOn) this.say("Arrows change the size of this window, with Control its place. Enter ends that.");
+    return wasOn ? step !== undefined || ["F8", "Enter", "Escape"].includes(key) : this.isOn;
+  }
+}
 
 export class WindowView implements View {
   readonly element = make("section", "window");
@@ -52,6 +94,7 @@ export class WindowView implements View {
   private readonly footGround = make("div", "ground");
   private readonly caption = make("h1");
   private readonly maximise: HTMLButtonElement;
+  arrows: ArrowKeys | undefined; // of a dialog
   private reported = "";
   private size: [number, number] | undefined; // as the user has drawn it, until the program follows
   private sizeSent = 0;
@@ -74,25 +117,18 @@ export class WindowView implements View {
   private becomeDialog(id: number): void {
     this.title.append(signButton("close", "Close", () => this.screen.send("close", id)));
     this.foot.append(this.footGround);
-    drag(this.title, (down) => {
-      if (down.target instanceof HTMLButtonElement || this.node.state === "maximised") return undefined;
-      const { offsetLeft, offsetTop } = this.element;
-      return (x, y, ended) => this.moveTo(offsetLeft + x, offsetTop + y, ended);
-    });
+    const moved = (x: number, y: number) => this.screen.send("move", id, x, y);
+    movable(this.element, this.title, moved, () => this.node.state !== "maximised");
     const grip = make("div", "grip");
     this.element.append(grip);
-    drag(grip, () => {
-      const [width, height] = this.shown();
-      return (x, y) => this.sizeTo(Math.max(width + x, leastShown), Math.max(height + y, leastShown));
-    });
+    drag(grip, () => this.follow());
+    const size = (x: number, y: number) => this.node.sizable && this.node.state !== "maximised" && this.follow()(x, y);
+    this.arrows = new ArrowKeys(this.element, (words) => this.screen.say(words), size, moved);
   }
-
-  private moveTo(left: number, top: number, ended: boolean): void {
-    const desk = this.screen.windows.desk;
-    const x = Math.min(Math.max(left, leastShown - this.element.offsetWidth), desk.clientWidth - leastShown / 2);
-    const y = Math.min(Math.max(top, 0), desk.clientHeight - this.title.offsetHeight);
-    Object.assign(this.element.style, { left: `${x}px`, top: `${y}px` });
-    if (ended) this.screen.send("move", this.node.id, x, y);
+  // How the inside follows what its edge is drawn by.
+  private follow(): (x: number, y: number) => void {
+    const [width, height] = this.shown();
+    return (x, y) => this.sizeTo(Math.max(width + x, leastShown), Math.max(height + y, leastShown));
   }
 
   private sizeTo(width: number, height: number): void {
