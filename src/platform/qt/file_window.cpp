@@ -52,10 +52,11 @@ void showWholeColumns(QFileDialog& window) {
   list->header()->setSectionResizeMode(0, QHeaderView::Stretch);
 }
 
-// By itself the box is as high as its list would like to be, beyond the lower edge of a small screen,
-// and cuts the names of the places at its side.
+// By itself the box is as high as its list would like to be, beyond the lower edge of a small
+// screen, and cuts the names of the places at its side.
 void fitScreen(QFileDialog& window) {
-  const QSize room = window.screen()->availableGeometry().size() - QSize(0, theme::titleBarAllowance);
+  const QSize room =
+      window.screen()->availableGeometry().size() - QSize(0, theme::titleBarAllowance);
   window.resize(window.sizeHint().boundedTo(room));
   if (auto* places = window.findChild<QListView*>("sidebar"))
     places->setMinimumWidth(
