@@ -63,6 +63,11 @@ void SheetWindow::wireGrid() {
   spdData.EditDone = [this](CellPosition cell, const std::string& text, bool& bAccepted) {
     spdData_EditDone(cell, text, bAccepted);
   };
+  spdData.describeCell = [](CellPosition cell) {
+    if (cell.row > 1) return std::string();
+    return cell.col == 1 ? std::string("Name of the labels")
+                         : "Name of variable " + std::to_string(cell.col - 1);
+  };
   spdData.EditGivenUp = [this] { forgetMessages(); };
   spdData.LeaveCell = [this](CellPosition cell, CellPosition) {
     if (cell != told_.cell) told_ = {};

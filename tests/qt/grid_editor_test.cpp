@@ -236,6 +236,9 @@ TEST_F(GridEditorTest, CellsAreReadAndEditedFromOutside) {
   QAccessibleInterface* cell = table->tableInterface()->cellAt(3, 1);
   EXPECT_TRUE(cell->state().editable);
   EXPECT_EQ(cell->text(QAccessible::Description), "Price, 3");
+  grid.describeCell = [](CellPosition one) { return std::string(one.row == 1 ? "Name" : ""); };
+  EXPECT_EQ(table->tableInterface()->cellAt(0, 1)->text(QAccessible::Description), "Name");
+  EXPECT_EQ(cell->text(QAccessible::Description), "Price, 3");
   grid.AskContent = [](CellPosition, std::string& content) { content = "1.23456"; };
   grid.setText(4, 2, "1.23");
   EXPECT_EQ(cell->textInterface()->text(0, cell->textInterface()->characterCount()), "1.23456");

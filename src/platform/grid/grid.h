@@ -60,6 +60,8 @@ class Grid : public Control {
   // What a pointer that rests on the cell is told: its remark, and what `describeRow` says.
   std::string tipOn(CellPosition cell) const;
   std::function<std::string(int row)> describeRow;
+  // What a cell is, to those who hear it, in place of its headings; empty where these say it.
+  std::function<std::string(CellPosition)> describeCell;
   // Of cells that show the beginning of a text alone: as above, in place of what they show.
   void setWholeTexts(std::vector<CellRemark> texts) { wholeTexts_ = std::move(texts); }
   // What the cell shows, whole.

@@ -257,8 +257,11 @@ std::optional<CellPosition> focusedCell(const Grid& grid) {
 
 QString describedCell(const Grid& grid, CellPosition cell) {
   QStringList words;
-  if (cell.row > 1) words << toQt(columnHeading(grid, cell.col));
-  if (cell.col > 1) words << toQt(rowHeading(grid, cell.row));
+  if (grid.describeCell) words << toQt(grid.describeCell(cell));
+  words.removeAll(QString());
+  const bool isSaid = !words.isEmpty();
+  if (!isSaid && cell.row > 1) words << toQt(columnHeading(grid, cell.col));
+  if (!isSaid && cell.col > 1) words << toQt(rowHeading(grid, cell.row));
   // Where rows are listed, the one at hand is heard whole.
   for (int col = 1; grid.selectionMode() == SelectionMode::rows && col <= grid.maxCols(); ++col)
     if (col != cell.col) words << toQt(grid.text(cell.row, col));

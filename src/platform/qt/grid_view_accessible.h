@@ -11,7 +11,7 @@ namespace tolmer {
 // To be called before the first grid view is shown.
 void installGridAccessibility();
 
-// "Price, 3": the headings of the cell.
+// "Price, 3": the headings of the cell, or what it is said to be.
 QString describedCell(const Grid& grid, CellPosition cell);
 
 // The one that is said to have the focus while the grid has it: the active one, in a table without
