@@ -265,7 +265,7 @@ void GridView::showDrawnBlocks() {
   if (pointed && !dragging_) bringIntoView({pointed->row2, pointed->col2});
 }
 
-// Some time after it came to have the focus: only while it still does is the grid sure to be there.
+// Later than the focus came: only while it is still here is the grid sure to be there.
 void GridView::tellFocusedCell() {
   if (!hasFocus() || !QAccessible::isActive()) return;
   const auto cell = focusedCell(grid_);
