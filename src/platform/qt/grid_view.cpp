@@ -145,6 +145,7 @@ void GridView::setScrollRanges() {
 QRect GridView::cellRect(CellPosition cell) const {
   const GridAxis& cols = colAxis();
   const GridAxis& rows = rowAxis();
+  if (cell.row > rows.count() || cell.col > cols.count()) return {};
   const int x = cell.col > cols.frozen() ? horizontalScrollBar()->value() : 0;
   const int y = cell.row > rows.frozen() ? verticalScrollBar()->value() : 0;
   return {cols.start(cell.col) - x, rows.start(cell.row) - y, cols.size(cell.col),

@@ -31,7 +31,8 @@ class GridView : public QAbstractScrollArea {
   float scale() const { return scale_; }
   const GridAxis& rowAxis() const;
   const GridAxis& colAxis() const;
-  // Where the cell lies now, without its lines; outside the viewport where it is scrolled away.
+  // Where the cell lies now, without its lines; outside the viewport where it is scrolled away, and
+  // empty where the table has no such cell any more.
   QRect cellRect(CellPosition cell) const;
   // The part of the viewport in which the cell shows: what is frozen, or what scrolls.
   QRect partOf(CellPosition cell) const;
