@@ -265,6 +265,11 @@ TEST_F(DataEditorAsSpreadsheet, FindsAndReplacesInNamesLabelsValuesAndFormulas) 
     EXPECT_EQ(editor.VarHeader(1) + editor.sheet().editText(2, 0), "Feerent a car");
     choose("Edit/Undo");
     EXPECT_EQ(editor.VarHeader(1) + editor.sheet().editText(1, 2), "Rent=LN(Rent)");
+    script.window("frmFind", [&] {
+      EXPECT_EQ(user.get<TextBox>("frmFind", "txtReplace").text(), "Fee") << "as it was left";
+      user.click("frmFind", "cmdClose");
+    });
+    keys('H', {.control = true});
     cancel();
   });
 }

@@ -59,6 +59,8 @@ TEST(TextImportDialog, ClearTextNeedsOnlyReturn) {
     EXPECT_EQ(stage.row(1), "Obs Town Price");
     EXPECT_EQ(stage.row(2), "1 Ulm 1.5");
     EXPECT_EQ(stage.state(), "2 rows, 2 columns.");
+    EXPECT_EQ(stage.user.get<Label>(window, "lblPreview").caption(),
+              "As it would stand in the sheet:");
     EXPECT_THAT(stage.user.get<Label>(window, "lblNotes").caption(),
                 testing::HasSubstr("Fields are divided by commas."));
     EXPECT_EQ(stage.answer(ImportDoubt::labels).listIndex(), 0);
