@@ -150,6 +150,17 @@ TEST_F(MirrorTest, AWindowThatTakesNoInputLooksAsEver) {
   EXPECT_EQ(heard + txtName.text(), "noofo7");
 }
 
+// With its kerning all of the text would have room in one line.
+TEST_F(MirrorTest, LinesEndWhereTheLayoutHasReckonedThem) {
+  Label label(&window, "lblText", "AVAVAVAV AVAVAV");
+  label.setWordWrap(true);
+  const float width = static_cast<float>(textWidth(label.font(), label.caption())) - 1;
+  label.setPlace({0, 0, pixels(width), pixels(40)});
+  show();
+  EXPECT_EQ(as<QLabel>(label).text(), "AVAVAVAV\nAVAVAV");
+  EXPECT_EQ(as<QLabel>(label).accessibleName(), "AVAVAVAV AVAVAV");
+}
+
 TEST_F(MirrorTest, LinksArePressedByKeyboardToo) {
   Label link(&window, "lblNextPage", "Next page ->");
   link.setIsLink(true);

@@ -1,4 +1,5 @@
 #include <QAbstractButton>
+#include <QFontMetricsF>
 #include <QImageReader>
 #include <QLabel>
 #include <QPainter>
@@ -21,7 +22,7 @@ class LinkWidget : public QAbstractButton {
   explicit LinkWidget(QWidget* parent);
   void setTextLayout(Qt::Alignment alignment, bool wraps);
   // Text as it stands; the toolkit would take "&" for a mark in a button's text.
-  void showText(const QString& text);
+  void showText(const QString& text, const QString& inLines);
 
  protected:
   void paintEvent(QPaintEvent* event) override;
@@ -38,6 +39,18 @@ Qt::Alignment alignmentOf(Align align) {
   if (align == Align::centre) return Qt::AlignHCenter;
   if (align == Align::right) return Qt::AlignRight;
   return Qt::AlignLeft;
+}
+
+// Whether the face on this machine is the one whose letters were measured, or no wider.
+bool isAsMeasured(const Font& font) {
+  static constexpr const char* words = "The residuals of a model show what it has not explained.";
+  const auto fits = [](FontFamily family) {
+    const Font plain{family, 16, false};
+    return QFontMetricsF(toQt(plain, 1)).horizontalAdvance(words) <= textWidth(plain, words) + 1;
+  };
+  static const bool interfaceFits = fits(FontFamily::interface);
+  static const bool serifFits = fits(FontFamily::serif);
+  return font.family == FontFamily::serif ? serifFits : interfaceFits;
 }
 
 // A link is a widget of its own, which the keyboard and a screen reader can press.
@@ -61,10 +74,12 @@ class LabelPeer : public PeerOf<Label> {
 
   void update(Change what) override {
     if (has(what, Change::look) && model_.isLink() != (link_ != nullptr)) return remake();
-    if (has(what, Change::text)) setText();
+    if (has(what, Change::text) || (model_.wordWrap() && has(what, Change::look | Change::place)))
+      setText();
     if (!has(what, Change::look)) return;
-    const bool wraps = model_.wordWrap();
-    const auto alignment = alignmentOf(model_.align()) | (wraps ? Qt::AlignTop : Qt::AlignVCenter);
+    const auto alignment =
+        alignmentOf(model_.align()) | (model_.wordWrap() ? Qt::AlignTop : Qt::AlignVCenter);
+    const bool wraps = model_.wordWrap() && !isAsMeasured(model_.font());
     if (plain_) {
       plain_->setAlignment(alignment);
       plain_->setWordWrap(wraps);
@@ -73,15 +88,30 @@ class LabelPeer : public PeerOf<Label> {
     }
   }
 
-  // The toolkit takes "&" for a mark only where the label has a buddy.
+  std::string unmarked() const {
+    return model_.usesMnemonic() ? withoutMnemonic(model_.caption()) : model_.caption();
+  }
+
+  // Lines end where the layout has reckoned them to: the toolkit, which brings some letters closer,
+  // would have a word more here and there than the layout and other showings of the page.
+  QString shown() const {
+    if (!model_.wordWrap()) return toQt(unmarked());
+    QStringList lines;
+    for (const std::string& line :
+         wrapText(model_.font(), unmarked(), model_.width() / twipsPerPixel))
+      lines += toQt(line);
+    return lines.join('\n');
+  }
+
+  // The toolkit takes "&" for a mark only where the label has a buddy. Where lines end is nothing
+  // to be read out.
   void setText() {
     const QString caption = toQt(model_.caption());
-    const QString unmarked = toQt(withoutMnemonic(model_.caption()));
-    if (link_) return link_->showText(model_.usesMnemonic() ? unmarked : caption);
+    if (link_) return link_->showText(toQt(unmarked()), shown());
     if (plain_->buddy())
-      plain_->setText(model_.usesMnemonic() ? caption : QString(caption).replace('&', "&&"));
-    else
-      plain_->setText(model_.usesMnemonic() ? unmarked : caption);
+      return plain_->setText(model_.usesMnemonic() ? caption : QString(caption).replace('&', "&&"));
+    plain_->setText(shown());
+    plain_->setAccessibleName(model_.wordWrap() ? toQt(unmarked()) : QString());
   }
 
   QLabel* plain_ = nullptr;
@@ -158,8 +188,8 @@ void LinkWidget::setTextLayout(Qt::Alignment alignment, bool wraps) {
   update();
 }
 
-void LinkWidget::showText(const QString& text) {
-  shown_ = text;
+void LinkWidget::showText(const QString& text, const QString& inLines) {
+  shown_ = inLines;
   setText(QString(text).replace('&', "&&"));
   setShortcut({});
 }
