@@ -93,9 +93,10 @@ class Desktop : public MessagePort, public Zoom {
   virtual void showHelp(const HelpRequest& request) = 0;
   // In a window that stays until it is closed, also while another window waits for its answer.
   virtual void keepBeside(const KeptPages& pages) = 0;
-  // False where no such window stands or the document cannot be opened.
+  // False where no such window stands.
   virtual bool activateProgram(const std::string& title) = 0;
-  virtual bool openDocument(const std::string& path) = 0;
+  // Where no program opens it, calls `failed`: at once, or as soon as the host has found that out.
+  virtual void openDocument(const std::string& path, std::function<void()> failed) = 0;
 
   // Throws ProgramEnded.
   [[noreturn]] virtual void endProgram(int status) = 0;

@@ -141,11 +141,12 @@ void MenuCommands::mnuFileWorktext_Click() {
     return;
   }
   if (parts_.desktop.activateProgram("Ch. 17 Tolmer Analysis")) return;
-  if (!parts_.desktop.openDocument(worktext))
-    parts_.desktop.messageBox({.title = "Worktext",
-                               .text = "No program of this computer opens " + worktext +
-                                       ". Install one that shows PDF documents.",
-                               .icon = MessageIcon::exclamation});
+  parts_.desktop.openDocument(worktext, [&desktop = parts_.desktop, worktext] {
+    desktop.messageBox({.title = "Worktext",
+                        .text = "No program of this computer opens " + worktext +
+                                ". Install one that shows PDF documents.",
+                        .icon = MessageIcon::exclamation});
+  });
 }
 
 void MenuCommands::mnuEditCopy_Click() {

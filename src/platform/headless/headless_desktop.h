@@ -73,8 +73,8 @@ class HeadlessDesktop : public Desktop {
   void showHelp(const HelpRequest& request) override { helpRequests_.push_back(request); }
   void keepBeside(const KeptPages& pages) override { kept_ = pages; }
   bool activateProgram(const std::string&) override { return false; }
-  bool openDocument(const std::string& path) override {
-    return onOpenDocument && onOpenDocument(path);
+  void openDocument(const std::string& path, std::function<void()> failed) override {
+    if (!onOpenDocument || !onOpenDocument(path)) failed();
   }
   [[noreturn]] void endProgram(int status) override;
 

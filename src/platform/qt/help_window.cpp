@@ -340,10 +340,12 @@ void HelpWindow::print() {
   const HelpTopic& topic = reader_.book().topic(reader_.place().topic);
   const std::string file = printed_->path().toStdString() + "/" + topic.name + ".pdf";
   const bool written = page_->writePdf(toQt(file));
-  // Whether a reader really comes up, nobody tells.
-  if (written) openDocument_(file);
   printedTo_->setText(written ? "To be printed: " + toQt(file)
                               : QStringLiteral("The page could not be written."));
+  if (written)
+    openDocument_(file, [this, file] {
+      printedTo_->setText("No program of this computer opens " + toQt(file));
+    });
 }
 
 }  // namespace tolmer

@@ -43,7 +43,7 @@ class HelpPage : public QTextBrowser {
 // One window, used again for every request.
 class HelpWindow : public CompanionWindow {
  public:
-  using OpenDocument = std::function<bool(const std::string& path)>;
+  using OpenDocument = std::function<void(const std::string& path, std::function<void()> failed)>;
   // `top` as for CompanionWindow. A printed page is handed to the host's reader.
   HelpWindow(const std::string& folder, std::function<QWidget*()> top, OpenDocument openDocument);
 

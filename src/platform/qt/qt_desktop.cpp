@@ -1,11 +1,13 @@
 #include "platform/qt/qt_desktop.h"
 
 #include <QApplication>
+#include <QDeadlineTimer>
 #include <QDesktopServices>
 #include <QProcess>
 #include <QScreen>
 #include <QStandardPaths>
 #include <QStyle>
+#include <QTimer>
 #include <QToolTip>
 #include <QUrl>
 #include <algorithm>
@@ -145,7 +147,9 @@ void QtDesktop::showHelp(const HelpRequest& request) {
     help_ = std::make_unique<HelpWindow>(
         helpFolder_.empty() ? programFolder() + "/help" : helpFolder_,
         [this] { return mirror_.windows.top(); },
-        [this](const std::string& path) { return openDocument(path); });
+        [this](const std::string& path, std::function<void()> failed) {
+          openDocument(path, std::move(failed));
+        });
     takeDesktopKeys(*help_, *this, mirror_.gate);
   }
   help_->answer(request);
@@ -162,17 +166,26 @@ void QtDesktop::keepBeside(const KeptPages& pages) {
 // No way to other programs' windows that would work on every desktop.
 bool QtDesktop::activateProgram(const std::string&) { return false; }
 
-// The host's opener comes back at once where it finds no program; one that is still at work after a
-// while has found one.
-bool QtDesktop::openDocument(const std::string& path) {
+// The host's opener tells by its end that it has found no program. Where it stays with the one that
+// it has found, what that ends with later is nothing to be told.
+void QtDesktop::openDocument(const std::string& path, std::function<void()> failed) {
   const QString opener = QStandardPaths::findExecutable(QStringLiteral("xdg-open"));
-  if (opener.isEmpty()) return QDesktopServices::openUrl(QUrl::fromLocalFile(toQt(path)));
+  if (opener.isEmpty()) {
+    if (!QDesktopServices::openUrl(QUrl::fromLocalFile(toQt(path)))) failed();
+    return;
+  }
   auto* process = new QProcess(qApp);
-  QObject::connect(process, &QProcess::finished, process, &QObject::deleteLater);
+  const QDeadlineTimer search(30000);  // milliseconds
+  const auto end = [this, process, search, failed = std::move(failed)](bool found) {
+    process->deleteLater();
+    if (found || search.hasExpired()) return;
+    QTimer::singleShot(0, qApp, [this, failed] { mirror_.gate.enter(failed); });
+  };
+  QObject::connect(process, &QProcess::finished, process, [end](int code) { end(code == 0); });
+  QObject::connect(process, &QProcess::errorOccurred, process, [end](QProcess::ProcessError error) {
+    if (error == QProcess::FailedToStart) end(false);
+  });
   process->start(opener, {toQt(path)});
-  constexpr int aWhile = 2000;  // milliseconds
-  const bool ended = process->waitForFinished(aWhile);
-  return process->error() != QProcess::FailedToStart && (!ended || process->exitCode() == 0);
 }
 
 void QtDesktop::endProgram(int status) { mirror_.gate.end(status); }

@@ -60,7 +60,7 @@ class QtDesktop : public Desktop {
   void showHelp(const HelpRequest& request) override;
   void keepBeside(const KeptPages& pages) override;
   bool activateProgram(const std::string& title) override;
-  bool openDocument(const std::string& path) override;
+  void openDocument(const std::string& path, std::function<void()> failed) override;
   [[noreturn]] void endProgram(int status) override;
 
  protected:

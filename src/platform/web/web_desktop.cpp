@@ -342,10 +342,9 @@ void WebDesktop::setClipboard(const ClipboardContent& content) {
                content.cells);
 }
 
-bool WebDesktop::openDocument(const std::string& path) {
-  if (!path.starts_with(ownFolder_ + '/') || !isRegularFile(path)) return false;
+void WebDesktop::openDocument(const std::string& path, std::function<void()> failed) {
+  if (!path.starts_with(ownFolder_ + '/') || !isRegularFile(path)) return failed();
   nodes_.order("document", "address", path.substr(ownFolder_.rfind('/') + 1));
-  return true;
 }
 
 void WebDesktop::showHelp(const HelpRequest& request) { help_->answer(request); }

@@ -70,7 +70,7 @@ class WebDesktop : public Desktop {
   void showHelp(const HelpRequest& request) override;
   void keepBeside(const KeptPages& pages) override;
   bool activateProgram(const std::string&) override { return false; }
-  bool openDocument(const std::string& path) override;
+  void openDocument(const std::string& path, std::function<void()> failed) override;
   [[noreturn]] void endProgram(int status) override { throw ProgramEnded{status}; }
 
  private:
