@@ -1,81 +1,66 @@
 // A graph: the program's picture, whose symbols and bars stand for cases.
+import { ControlView } from "./controls.js";
 import { followMouse, Resting } from "./mouse.js";
 import type { NodeOrder } from "./protocol.js";
-import { makers, Node, Page, View } from "./view.js";
+import { makers, Node, Page } from "./view.js";
 
-class GraphView implements View {
-  readonly element = document.createElement("div");
-  private size: [number, number] = [0, 0];
-  private readonly rest = new Resting((x, y) => this.page.send("hover", this.node.id, x, y));
+class GraphView extends ControlView {
+  private readonly rest = new Resting((x, y) => this.send("hover", x, y));
+  private isPressed = false; // the keyboard came by the pointer: no need to show where it is
 
-  constructor(private readonly page: Page, private readonly node: Node) {
+  constructor(page: Page, node: Node) {
+    super(page, node);
     const { element } = this;
-    element.className = "graph";
-    element.setAttribute("role", "img");
     element.addEventListener("mousedown", (event) => this.press(event));
     element.addEventListener("mousemove", (event) => this.restAnew(event));
     element.addEventListener("mouseleave", () => this.rest.end());
-    element.addEventListener("blur", () => element.classList.remove("pressed"));
+    element.addEventListener("blur", () => this.show(false));
   }
-
   remove(): void { this.rest.end(); }
 
-  update(changed: NodeOrder, node: Node): void {
-    if (changed.place) this.size = [Math.round(changed.place[2]), Math.round(changed.place[3])];
-    if (changed.stop !== undefined) this.element.tabIndex = changed.stop ? 0 : -1;
-    // A picture alone, or one to step about in.
-    if (changed.marks !== undefined) this.element.setAttribute("aria-roledescription", changed.marks > 0 ? "chart" : "picture");
-    if (!node.label && changed.name !== undefined) this.element.setAttribute("aria-label", "Graph");
-    if (changed.svg !== undefined) this.draw(changed.svg);
-    if (changed.spoken && this.element.contains(document.activeElement)) this.page.say(changed.spoken);
+  update(changed: NodeOrder): void {
+    super.update(changed);
+    this.show(this.isPressed);
   }
-
-  // Its title would be a tip of the browser's, and the name is told already.
-  private draw(svg: string): void {
-    const root = svg ? new DOMParser().parseFromString(svg, "image/svg+xml").documentElement : null;
-    root?.querySelectorAll("title, desc").forEach((words) => words.remove());
-    root?.setAttribute("aria-hidden", "true");
-    this.element.replaceChildren(...(root ? [document.adoptNode(root)] : []));
+  private show(isPressed: boolean): void {
+    this.isPressed = isPressed;
+    this.element.classList.toggle("pressed", isPressed);
   }
-
-  focus(): void { this.element.focus({ preventScroll: true }); }
+  protected put(words: string): void {
+    if (words && this.element === document.activeElement) this.page.say(words);
+  }
 
   // From the lower left corner, as the program counts.
   private at(event: MouseEvent): [number, number] {
-    const { left, top } = this.element.getBoundingClientRect();
-    return [event.clientX - left, this.size[1] - (event.clientY - top)];
+    const { left, bottom } = this.element.getBoundingClientRect();
+    return [event.clientX - left, bottom - event.clientY];
   }
-
   private tell(act: string, event: MouseEvent): void {
-    this.page.send("graph", this.node.id, act, ...this.at(event), event.shiftKey, event.ctrlKey || event.metaKey);
-  }
-  private mouse(act: string, isInside = true): void {
-    this.page.send("mouse", this.node.id, act, "right", isInside);
+    this.send("graph", act, ...this.at(event), event.shiftKey, event.ctrlKey || event.metaKey);
   }
 
   private press(event: MouseEvent): void {
-    const { element } = this;
     if (event.button === 1) return;
     event.preventDefault();
     this.rest.end();
     this.focus();
-    element.classList.add("pressed"); // the keyboard came by the pointer: no need to show where it is
-    const button = event.button === 0 ? "left" : "right";
-    if (button === "left") this.tell("press", event);
-    else this.mouse("press");
-    followMouse(event.button, (moved) => button === "left" && this.tell("drag", moved), (up) => this.release(up, button));
+    this.show(true);
+    const isLeft = event.button === 0;
+    if (isLeft) this.tell("press", event);
+    else this.send("mouse", "press", "right", true);
+    followMouse(event.button, (moved) => isLeft && this.tell("drag", moved), (up) => this.release(up, isLeft));
   }
-
-  private release(event: MouseEvent, button: string): void {
+  private release(event: MouseEvent, isLeft: boolean): void {
     const [x, y] = this.at(event);
-    const isInside = x >= 0 && y > 0 && x < this.size[0] && y <= this.size[1];
-    if (button === "left") this.tell(isInside ? "release" : "drop", event);
-    else this.mouse("release", isInside);
+    const isInside = x >= 0 && y > 0 && x < this.element.offsetWidth && y <= this.element.offsetHeight;
+    if (isLeft) this.tell(isInside ? "release" : "drop", event);
+    else this.send("mouse", "release", "right", isInside);
   }
 
   // Tips come where the pointer rests.
   private restAnew(event: MouseEvent): void {
-    if (event.buttons > 0 || !this.node.marks) this.rest.end();
+    const hasMarks = this.element.getAttribute("aria-roledescription") === "chart";
+    if (event.buttons > 0 || !hasMarks) this.rest.end();
     else this.rest.begin(...this.at(event));
   }
 }

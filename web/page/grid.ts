@@ -1,5 +1,6 @@
 // A grid: cells in rows and columns, which are looked at, chosen or typed in. What is selected, and
 // where a key leads, the program decides.
+import { setOrRemove } from "./dress.js";
 import { GridCells } from "./grid_cells.js";
 import { GridFrames } from "./grid_frames.js";
 import { GridLine } from "./grid_line.js";
@@ -65,7 +66,9 @@ class GridView implements View {
     state.take(node);
     for (const block of changed.changed ?? []) state.patch(block.row, block.col, block.rows);
     if (changed.grid) this.takeShape();
-    if (!node.label) this.target.setAttribute("aria-label", "Table");
+    this.target.setAttribute("aria-label", node.label || "Table");
+    setOrRemove(this.target, "aria-labelledby", node.labelledBy ?? "");
+    setOrRemove(this.target, "aria-description", node.description ?? "");
     this.drawCells(changed, before, state.lit !== wereLit);
     if (changed.edit !== undefined) this.followEdit();
     if (changed.current !== undefined) this.showCurrentRow();

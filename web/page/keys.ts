@@ -1,6 +1,6 @@
 // All keys come here first: what has a use for them, and in which order they are told.
 import { readClipboard } from "./clipboard.js";
-import { choose, isBook, letterOf, type ControlView } from "./controls.js";
+import { choose } from "./controls.js";
 import type { Screen } from "./page.js";
 import type { Held, KeyChord } from "./protocol.js";
 import type { Node } from "./view.js";
@@ -62,7 +62,7 @@ type Line = HTMLInputElement | HTMLTextAreaElement;
 function focusedLine(): Line | undefined {
   const at = document.activeElement;
   // A grid holds the keyboard by a line while no cell is open.
-  const isLine = at instanceof HTMLTextAreaElement || (at instanceof HTMLInputElement && !at.matches("[type=checkbox], [type=radio], .grid-line.closed"));
+  const isLine = at instanceof HTMLTextAreaElement || (at instanceof HTMLInputElement && !at.matches("[type=checkbox], [type=radio], [type=range], .grid-line.closed"));
   return isLine ? (at as Line) : undefined;
 }
 
@@ -127,11 +127,9 @@ export class Keys {
   }
   // Of what stands in the window: what the letter marks is pressed, or what its label names.
   private pressLetter(letter: string, active: Node): boolean {
-    for (const node of this.screen.nodes.values()) {
-      const isMarked = node.caption && node.kind !== "window" && (node.kind === "label" ? node.mnemonic : node.kind !== "panel");
-      if (!isMarked || letterOf(node.caption!) !== letter || this.screen.windows.windowOf(node) !== active) continue;
-      const target = node.kind === "label" && !node.link ? this.screen.node(node.names ?? 0) : node;
-      if (target && this.canBeUsed(target)) return this.press(target);
+    for (const marked of active.view.element.querySelectorAll<HTMLElement>(`[data-key="${letter}"]`)) {
+      const node = this.screen.node(Number(marked.dataset.for ?? marked.dataset.id));
+      if (node && this.screen.windows.windowOf(node) === active && this.canBeUsed(node)) return this.press(node);
     }
     return false;
   }
@@ -139,10 +137,9 @@ export class Keys {
     return enabled !== false && view.element.offsetParent !== null && !view.element.closest(":disabled, [inert], .off");
   }
   private press({ view }: Node): boolean {
-    const control = view as ControlView;
-    if (control.press) control.press();
-    else if (control.focus) control.focus();
-    else (control.target ?? control.element).focus();
+    const isButton = view.element.matches(".button");
+    if (!isButton) view.focus?.();
+    if (isButton || view.element.matches(".choice")) view.target?.click();
     if (document.activeElement instanceof HTMLInputElement) document.activeElement.select();
     return true;
   }
@@ -190,9 +187,10 @@ export class Keys {
     return active.view.key?.(stroke.event) ?? false;
   }
   private turnPage(active: Node, step: number): boolean {
-    const books = [...this.screen.nodes.values()].filter((node) => isBook(node.view) && this.screen.windows.windowOf(node) === active);
-    for (const { view } of books) if (isBook(view)) view.stepBy(step);
-    return books.length > 0;
+    const tabs = [...active.view.element.querySelectorAll<HTMLElement>(".tab")];
+    const at = tabs.findIndex((tab) => tab.ariaSelected === "true");
+    tabs[(at + step + tabs.length) % tabs.length]?.click();
+    return tabs.length > 0;
   }
 
   private takesRest(stroke: Stroke): boolean {
@@ -220,7 +218,8 @@ export class Keys {
 }
 
 function moveCursor(line: Line, step: number): void {
-  const [start, end] = [line.selectionStart ?? 0, line.selectionEnd ?? 0];
+  const [start, end] = [line.selectionStart, line.selectionEnd];
+  if (start === null || end === null) return; // a number's
   const at = start !== end ? (step < 0 ? start : end) : Math.max(start + step, 0);
   line.setSelectionRange(at, at);
 }

@@ -3,8 +3,8 @@ import { Boxes } from "./boxes.js";
 import { openChannel, type Channel } from "./channel.js";
 import { serveClipboard } from "./clipboard.js";
 import { serveCompanions } from "./companion.js";
-import { registerControls } from "./controls.js";
-import { dress } from "./dress.js";
+import { registerControls, serveControls } from "./controls.js";
+import { setStyle } from "./dress.js";
 import { serveFiles } from "./files.js";
 import "./graph.js";
 import "./grid.js";
@@ -50,7 +50,7 @@ export class Screen implements Page {
     this.on("busy", (order) => document.body.classList.toggle("busy", order.on));
     this.on("beep", () => beep());
     this.on("ended", () => this.end());
-    for (const serve of [serveClipboard, serveFiles, serveCompanions]) serve(this);
+    for (const serve of [serveClipboard, serveFiles, serveCompanions, serveControls]) serve(this);
     channel.onMessage((text) => this.take(JSON.parse(text) as Batch));
   }
 
@@ -96,10 +96,12 @@ export class Screen implements Page {
     const node = this.nodes.get(order.id) ?? this.make(order);
     if (!node) return;
     Object.assign(node, order);
-    dress(node, order);
+    const { element } = node.view;
+    if (order.css) setStyle(element, order.css);
+    if (!element.isConnected) this.windows.stand(node);
     node.view.update(order, node);
-    if (order.place || order.foot !== undefined || order.visible !== undefined) this.windows.changed(node);
-    if (order.names && order.names > 0) this.windows.named.add(node);
+    if (node.kind !== "window") element.hidden = node.visible === false;
+    if (order.css || order.place || order.foot !== undefined || order.visible !== undefined) this.windows.changed(node);
   }
 
   private make(order: NodeOrder): Node | undefined {
@@ -111,7 +113,6 @@ export class Screen implements Page {
     node.view.element.dataset.id = String(order.id);
     if (order.kind !== "window") node.view.element.classList.add("control");
     this.nodes.set(order.id, node);
-    this.windows.stand(node);
     return node;
   }
 

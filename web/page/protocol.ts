@@ -26,6 +26,7 @@ export type Order =
   | { do: "download"; name: string; type: string; base64: string }
   | { do: "print"; html: string } // a whole document for the browser's print
   | { do: "clipboard"; text: string; html: string; svg: string; cells: string }
+  | { do: "scroll"; id: number; key: number } // a text, as if that key had been pressed in it
   | { do: "tell"; id: number; words: string } // beside a control, for a while; empty: at once no more
   | { do: "tip"; id: number; words: string } // the answer to "hover"
   | { do: "busy"; on: boolean }
@@ -39,14 +40,14 @@ export type Order =
   | { do: "ended"; status: number };
 
 export type Icon = "none" | "critical" | "question" | "exclamation" | "information";
-export interface BoxButton { answer: number; caption: string }
+export interface BoxButton { answer: number; caption: string } // the caption as a menu's
 export interface FileKind { name: string; extensions: string[] } // without extensions: all files
 export interface KeyChord { code: number; shift: Held; control: Held; alt: Held }
 export type Held = 0 | 1 | 2; // any, must not be held, must be held
 export interface HelpEntry { title: string; level: number; link: string }
 export interface MenuEntry {
   id: number; // 0: a line between entries
-  caption: string; // "&" marks the letter
+  caption: string; // HTML, with <u> around its letter
   enabled: boolean;
   checked: boolean;
   checkable: boolean;
@@ -60,35 +61,31 @@ export type Kind =
   | "panel" | "scrollBar" | "image" | "tabBook" | "outline" | "numberBox" | "grid" | "graph";
 
 // Of a node that the page knows, only what has changed is there.
-export interface NodeOrder extends Partial<Common>, Partial<OfKind> {
+export interface NodeOrder extends Partial<Common>, Partial<OfWindow>, Partial<OfGrid> {
   do: "node";
   id: number;
   kind?: Kind; // there at the first time
   parent?: number; // 0 for a window that is no child of the frame
+  html?: string; // of all but windows and grids: the element
+  value?: string; // what the user may set: a text, a number, a place in a list, check box 0, 1, 2 (grey); of a graph what is to be read out
 }
 
 export interface Common {
   name: string; // in the program: "cmdOK", "lblText(3)"
-  place: [number, number, number, number]; // left, top, width, height
   enabled: boolean;
   visible: boolean;
   tip: string;
-  label: string; // what a screen reader says in place of the caption
-  description: string;
-  ink: string; // "#rrggbb", empty: the usual one
-  ground: string;
-  serif: boolean;
-  pixels: number; // size of the font
-  bold: boolean;
-  order: number; // above those with a smaller one in the same container
-  stop: boolean; // can have the focus
+  css: Record<string, string>; // place and look, by names of styles; empty: the usual one
   follows: boolean; // the pointer's moves are wanted
+  // of windows and grids
+  place: [number, number, number, number]; // left, top, width, height
+  label: string; // what a screen reader says in place of the caption
+  labelledBy: string; // or the element that names it
+  description: string;
 }
 
-export interface OfKind {
-  caption: string; // "&" marks a letter where `mnemonic`
-  mnemonic: boolean;
-  // window
+export interface OfWindow {
+  caption: string;
   style: "dialog" | "bare" | "frame" | "child";
   modal: boolean;
   sizable: boolean;
@@ -97,36 +94,9 @@ export interface OfKind {
   least: [number, number]; // its inside is at least so large, and scrolls
   foot: number; // a frame's strip below; a dialog's: what begins there stays in view, -1 without
   active: number; // of a frame: its active child
-  // label
-  align: "left" | "centre" | "right";
-  wraps: boolean;
-  link: boolean;
-  lines: string[]; // of a caption that wraps, as they are to be broken
-  names: number; // the control that the label names, 0 for none
-  // button, check box (0, 1, 2 grey), option, number and scroll bar
-  isDefault: boolean;
-  value: number;
-  min: number;
-  max: number;
-  small: number;
-  large: number;
-  // text box
-  text: string;
-  multiLine: boolean;
-  readOnly: boolean;
-  scrollKey: number; // a key as if it had been pressed in it, changed at each wish
-  scrollWish: number;
-  // combo box, outline, tab book
-  items: string[];
-  index: number; // -1 for none
-  levels: number[]; // of an outline's items, 1 the outermost
-  opened: boolean[];
-  tabHeight: number;
-  // panel
-  border: boolean;
-  // image
-  file: string; // address, which holds all of the picture
-  // grid
+}
+
+export interface OfGrid {
   grid: GridShape;
   styles: CellLook[];
   rows: Cell[][]; // all of them, headings first: row 0, column 0
@@ -137,10 +107,6 @@ export interface OfKind {
   drawn: { pointed: Block | null; fill: Block | null; corner: Block | null }; // corner: what could be drawn out
   lit: number[];
   current: number; // the lit row that is to be seen; 0 for none
-  // graph
-  svg: string;
-  marks: number; // how many of its marks can be stepped to
-  spoken: string; // to be read out: the mark that keys go on from
 }
 
 // A cell: text; its look; then, where there is one, the remark on it.

@@ -15,6 +15,8 @@ export interface View {
   readonly ground?: HTMLElement;
   // `changed` is what the program said now; `node` is all of it.
   update(changed: NodeOrder, node: Node): void;
+  // What of it has the focus, where that is not the element.
+  readonly target?: HTMLElement;
   // The keyboard comes to it.
   focus?(): void;
   // A key for which nothing else has a use. Whether it meant anything here.

@@ -1,5 +1,4 @@
 // Windows: how they stand on the page, which of them takes input, and where the keyboard is.
-import type { ControlView } from "./controls.js";
 import { setOrRemove, setPlace } from "./dress.js";
 import type { Screen } from "./page.js";
 import type { NodeOrder } from "./protocol.js";
@@ -162,7 +161,7 @@ export class WindowView implements View {
 
   groundOf(child: Node): HTMLElement {
     if (this.node.style === "frame") return child.kind === "window" ? this.area : this.foot;
-    const inFoot = !this.foot.hidden && this.footTop() >= 0 && child.place !== undefined && child.place[1] >= this.footTop();
+    const inFoot = !this.foot.hidden && this.footTop() >= 0 && parseInt(child.view.element.style.top) >= this.footTop();
     return inFoot ? this.footGround : this.ground;
   }
 
@@ -267,7 +266,6 @@ const viewOf = (window: Node) => window.view as WindowView;
 
 export class Windows {
   readonly desk = document.getElementById("desk")!;
-  readonly named = new Set<Node>(); // labels that name another control
   private readonly changedOnes = new Set<Node>();
   private readonly shownAt = new Map<Node, number>();
   private readonly focusOf = new Map<Node, Node>();
@@ -321,8 +319,8 @@ export class Windows {
     if (node.kind === "window" && node.container === null) return this.desk.append(node.view.element);
     const container = node.container!;
     const ground = container.kind === "window" ? viewOf(container).groundOf(node) : container.view.ground ?? container.view.element;
-    const order = node.order ?? Infinity;
-    const above = [...ground.children].find((other) => Number((other as HTMLElement).style.zIndex) > order);
+    const orderOf = (element: Element) => Number((element as HTMLElement).style.zIndex);
+    const above = [...ground.children].find((other) => orderOf(other) > orderOf(node.view.element));
     ground.insertBefore(node.view.element, above ?? null);
   }
   changed(node: Node): void {
@@ -336,7 +334,7 @@ export class Windows {
     }
   }
   forget(node: Node): void {
-    for (const set of [this.named, this.changedOnes]) set.delete(node);
+    this.changedOnes.delete(node);
     this.focusOf.delete(node);
     for (const [window, focus] of this.focusOf) if (focus === node) this.focusOf.delete(window);
     if (this.wanted === node) this.wanted = undefined;
@@ -401,18 +399,8 @@ export class Windows {
     });
     if (this.changedOnes.size > 0) this.arrange(this.changedOnes);
     this.changedOnes.clear();
-    this.nameControls();
     this.followFocus();
     this.showActive(roots);
-  }
-
-  private nameControls(): void {
-    for (const label of this.named) {
-      const named = this.screen.node(label.names ?? 0);
-      if (!named || named.label) continue;
-      label.view.element.id = `label-${label.id}`;
-      ((named.view as ControlView).target ?? named.view.element).setAttribute("aria-labelledby", label.view.element.id);
-    }
   }
 
   followFocus(): void {
@@ -426,10 +414,7 @@ export class Windows {
   }
   private give(node: Node): void {
     this.wanted = node.kind === "window" ? undefined : node;
-    if (!hasFocus(node)) {
-      if (node.view.focus) node.view.focus();
-      else ((node.view as ControlView).target ?? node.view.element).focus();
-    }
+    if (!hasFocus(node)) (node.view.focus ? node.view : node.view.element).focus!();
     const line = document.activeElement;
     if ((this.marks || this.screen.keys.leads) && line instanceof HTMLInputElement) line.select();
     if (node.kind !== "window") node.view.element.scrollIntoView({ block: "nearest", inline: "nearest" });

@@ -2,22 +2,19 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/buttons.h"
 #include "platform/desktop.h"
 #include "platform/dialog_fit.h"
 #include "platform/fields.h"
 #include "platform/graph/graph.h"
-#include "platform/graph/svg_writer.h"
 #include "platform/grid/grid.h"
-#include "platform/labels.h"
-#include "platform/outline.h"
 #include "platform/panels.h"
 #include "platform/tab_book.h"
-#include "platform/tab_order.h"
-#include "platform/text_metrics.h"
 #include "platform/web/nodes.h"
 #include "platform/web/web_screen.h"
 #include "platform/window.h"
@@ -30,11 +27,14 @@ int pixel(Twips length, float scale) {
 }
 
 // Edges are rounded, not sizes: what touches goes on touching.
-void writePlace(JsonWriter& json, const Rect& place, float scale) {
+std::array<int, 4> placed(const Rect& place, float scale) {
   const int left = pixel(place.left, scale);
   const int top = pixel(place.top, scale);
-  json.list("place", std::array{left, top, pixel(place.right(), scale) - left,
-                                pixel(place.bottom(), scale) - top});
+  return {left, top, pixel(place.right(), scale) - left, pixel(place.bottom(), scale) - top};
+}
+
+void writePlace(JsonWriter& json, const Rect& place, float scale) {
+  json.list("place", placed(place, scale));
 }
 
 // The order in which controls of one container lie above one another.
@@ -50,34 +50,52 @@ int orderOf(const Control& control) {
   return order;
 }
 
+std::string px(int pixels) { return std::to_string(pixels) + "px"; }
+
+// As the program lays texts out: whole pixels above and below the base line.
+int lineHeightOf(bool isSerif, int pixels) {
+  constexpr std::array<double, 3> serif{0.891, 0.216, 0.042};
+  constexpr std::array<double, 3> plain{1.069, 0.293, 0};
+  double height = 0;
+  for (const double part : isSerif ? serif : plain) height += std::round(part * pixels);
+  return static_cast<int>(height);
+}
+
 void writeLook(JsonWriter& json, const Control& control) {
-  json.member("ink", control.hasOwnInk() ? hexColour(control.foreColour()) : std::string());
-  json.member("ground", control.hasOwnGround() ? hexColour(control.backColour()) : std::string());
-  json.member("serif", control.font().family == FontFamily::serif);
+  const bool isSerif = control.font().family == FontFamily::serif;
   const float scale = magnificationOf(control);
   const float size = control.font().pixels * scale;
-  json.member("pixels", static_cast<int>(std::floor(scale == 1 ? size + 0.5F : size + 0.01F)));
-  json.member("bold", control.font().bold);
-  json.member("order", orderOf(control));
+  const int pixels = static_cast<int>(std::floor(scale == 1 ? size + 0.5F : size + 0.01F));
+  json.members("color", control.hasOwnInk() ? hexColour(control.foreColour()) : std::string(),
+               "--own", control.hasOwnGround() ? hexColour(control.backColour()) : std::string(),
+               "font-family", isSerif ? R"("Liberation Serif", "Times New Roman", serif)" : "",
+               "font-size", px(pixels), "font-weight", control.font().bold ? "bold" : "",
+               "line-height", px(lineHeightOf(isSerif, pixels)));
 }
 
-std::string accessibleNameOf(const Control& control) {
-  if (!control.accessibleName().empty()) return control.accessibleName();
-  if (control.kind() == ControlKind::panel) return static_cast<const Panel&>(control).caption();
-  return {};
+// The handle shows how much of all is seen.
+int handleOf(const ScrollBar& bar, float scale) {
+  constexpr int least = 26;
+  const int length = pixel(std::max(bar.width(), bar.height()), scale);
+  return std::max(length * bar.largeChange() / (bar.max() + bar.largeChange()), least);
 }
 
-void writeCommon(JsonWriter& json, const NodePeer& node, Change what) {
-  const Control& control = node.control();
-  if (has(what, Change::look)) writeLook(json, control);
-  if (has(what, Change::enabled)) json.member("enabled", isEnabledWithin(control));
-  if (has(what, Change::visible)) json.member("visible", control.visible());
-  if (has(what, Change::tip) || has(what, Change::text)) {
-    json.members("tip", control.tip(), "label", accessibleNameOf(control), "description",
-                 control.accessibleDescription());
-  }
-  if (has(what, Change::place) && control.kind() != ControlKind::window)
-    writePlace(json, control.place(), magnificationOf(control));
+std::string styleOf(const Control& control) {
+  const ControlKind kind = control.kind();
+  const float scale = magnificationOf(control);
+  return jsonOf([&](JsonWriter& json) {
+    json.beginObject();
+    if (kind != ControlKind::window) {
+      const auto [left, top, width, height] = placed(control.place(), scale);
+      json.members("left", px(left), "top", px(top), "width", px(width), "height", px(height),
+                   "z-index", std::to_string(orderOf(control)));
+    }
+    if (kind != ControlKind::grid && kind != ControlKind::graph) writeLook(json, control);
+    if (kind == ControlKind::tabBook) json.member("--tabs", px(pixel(TabBook::tabHeight, scale)));
+    if (kind == ControlKind::scrollBar)
+      json.member("--handle", px(handleOf(static_cast<const ScrollBar&>(control), scale)));
+    json.endObject();
+  });
 }
 
 void writeSize(JsonWriter& json, std::string_view name, Size size, float scale) {
@@ -148,118 +166,51 @@ void writeWindow(JsonWriter& json, const Window& window, Change what) {
     json.member("foot", pixel(static_cast<const FrameWindow&>(window).footHeight(), 1));
 }
 
-constexpr std::string_view nameOf(Align align) {
-  if (align == Align::left) return "left";
-  return align == Align::centre ? "centre" : "right";
-}
-
-// The control that is constructed just after the label and has no text of its own.
-int namedBy(const Label& label) {
-  if (!label.parent()) return 0;
-  const auto& all = label.parent()->children();
-  const auto next = std::ranges::find(all, &label) + 1;
-  return next != all.end() && isLabelOf(label, **next) ? NodePeer::idOf(*next) : 0;
-}
-
-void writeLabel(JsonWriter& json, const Label& label, Change what) {
-  if (has(what, Change::text))
-    json.members("caption", label.caption(), "mnemonic",
-                 label.usesMnemonic() || namedBy(label) != 0, "names", namedBy(label));
-  if (has(what, Change::look))
-    json.members("align", nameOf(label.align()), "wraps", label.wordWrap(), "link", label.isLink(),
-                 "stop", label.isLink());
-  if (label.wordWrap() && has(what, Change::text | Change::look | Change::place))
-    json.list("lines", wrapText(label.font(), label.caption(), label.width() / twipsPerPixel));
-}
-
-void writeTextBox(JsonWriter& json, NodePeer& node, const TextBox& box, Change what) {
-  if (has(what, Change::look)) json.member("multiLine", box.multiLine());
-  if (has(what, Change::enabled)) json.member("readOnly", box.readOnly());
-  if (has(what, Change::text) && (what == Change::all || node.pageText != box.text())) {
-    node.pageText = box.text();
-    json.member("text", box.text());
-  }
-  if (node.scrollWishes > 0 && has(what, Change::value))
-    json.members("scrollKey", box.lastScrollKey(), "scrollWish", node.scrollWishes);
-}
-
-void writeOutline(JsonWriter& json, const Outline& outline, Change what) {
-  if (has(what, Change::items)) {
-    const auto each = [&](std::string_view name, auto part) {
-      json.list(name, outline.items(), [&](const auto& item) { json.value(item.*part); });
-    };
-    each("items", &Outline::Item::text);
-    each("levels", &Outline::Item::indent);
-    each("opened", &Outline::Item::expanded);
-  }
-  if (has(what, Change::items | Change::value)) json.member("index", outline.listIndex());
-}
-
-void writeTabs(JsonWriter& json, const TabBook& book, Change what) {
-  if (has(what, Change::items)) {
-    json.key("items");
-    json.beginArray();
-    for (int i = 0; i < book.tabCount(); ++i) json.value(book.tab(i).caption);
-    json.endArray();
-  }
-  if (has(what, Change::items | Change::value)) json.member("index", book.activeTab());
-  if (has(what, Change::place | Change::look))
-    json.member("tabHeight", pixel(TabBook::tabHeight, magnificationOf(book)));
-}
-
-template <class Box>
-void writeCaption(JsonWriter& json, const Box& box, Change what) {
-  if (has(what, Change::text)) json.member("caption", box.caption());
-}
-
-void writeRange(JsonWriter& json, int min, int max, int value) {
-  json.members("min", min, "max", max, "value", value);
-}
-
-void writeGraph(JsonWriter& json, const Graph& graph, Change what) {
-  if (!has(what, Change::content | Change::look | Change::place | Change::value)) return;
-  json.member("svg",
-              writeSvg(graph.picture(), graph.accessibleName(), graph.accessibleDescription()));
-  json.member("marks", static_cast<int>(graph.marks().size()));
-  const auto current = graph.currentMark();
-  json.member("spoken", current ? graph.wordsOn(*current) : std::string());
-}
-
-void writeButtons(JsonWriter& json, const Control& control, Change what) {
+// What the user may set himself, as the page has it: a text, a number, the place in a list. Of a
+// graph the words to be read out, on the mark that keys go on from.
+std::string valueOf(const Control& control) {
   switch (control.kind()) {
-    case ControlKind::button:
-      writeCaption(json, static_cast<const Button&>(control), what);
-      if (has(what, Change::focus))
-        json.member("isDefault", static_cast<const Button&>(control).isDefault());
-      return;
+    case ControlKind::textBox:
+      return static_cast<const TextBox&>(control).text();
     case ControlKind::checkBox:
-      writeCaption(json, static_cast<const CheckBox&>(control), what);
-      if (has(what, Change::value))
-        json.member("value", static_cast<const CheckBox&>(control).value());
-      return;
+      return std::to_string(static_cast<const CheckBox&>(control).value());
+    case ControlKind::optionButton:
+      return std::to_string(static_cast<const OptionButton&>(control).value());
+    case ControlKind::numberBox:
+      return std::to_string(static_cast<const NumberBox&>(control).value());
+    case ControlKind::scrollBar:
+      return std::to_string(static_cast<const ScrollBar&>(control).value());
+    case ControlKind::comboBox:
+      return std::to_string(static_cast<const ComboBox&>(control).listIndex());
+    case ControlKind::graph: {
+      const auto& graph = static_cast<const Graph&>(control);
+      const auto mark = graph.currentMark();
+      return mark ? graph.wordsOn(*mark) : std::string();
+    }
     default:
-      writeCaption(json, static_cast<const OptionButton&>(control), what);
-      if (has(what, Change::value))
-        json.member("value", static_cast<const OptionButton&>(control).value() ? 1 : 0);
+      return {};
   }
 }
 
-void writeFields(JsonWriter& json, const Control& control, Change what) {
-  if (!has(what, Change::items | Change::value)) return;
-  if (control.kind() == ControlKind::numberBox) {
-    const auto& box = static_cast<const NumberBox&>(control);
-    // The program may set what the user may not type.
-    return writeRange(json, std::min(box.min(), box.value()), std::max(box.max(), box.value()),
-                      box.value());
-  }
-  if (control.kind() == ControlKind::scrollBar) {
-    const auto& bar = static_cast<const ScrollBar&>(control);
-    writeRange(json, 0, bar.max(), bar.value());
-    return json.members("small", bar.smallChange(), "large", bar.largeChange());
-  }
-  const auto& box = static_cast<const ComboBox&>(control);
-  if (has(what, Change::items)) json.list("items", box.items());
-  json.member("index", box.listIndex());
+void writePlain(JsonWriter& json, NodePeer& node) {
+  const auto tell = [&](std::string_view name, std::optional<std::string>& known, std::string now) {
+    if (known == now) return;
+    json.member(name, now);
+    known = std::move(now);
+  };
+  const Control& control = node.control();
+  const auto before = node.html;
+  tell("html", node.html, htmlOf(control));
+  // Of a list with other items the page may have chosen another one.
+  if (control.kind() == ControlKind::comboBox && node.html != before) node.value.reset();
+  tell("value", node.value, valueOf(control));
+}
+
+// Of a grid the page makes all elements itself.
+void writeNames(JsonWriter& json, const Control& control) {
+  const std::string& words = control.accessibleDescription();
+  json.members("label", control.accessibleName(), "labelledBy", labelId(control), "description",
+               words.empty() ? control.tip() : words);
 }
 
 std::string_view nameOf(ControlKind kind) {
@@ -272,8 +223,8 @@ std::string_view nameOf(ControlKind kind) {
 void writeFirst(JsonWriter& json, const Control& control) {
   const auto* window = dynamic_cast<const Window*>(&control);
   json.members("kind", nameOf(control.kind()), "name", control.name(), "parent",
-               NodePeer::idOf(window ? window->frame() : control.parent()), "stop",
-               control.takesFocus(), "follows", static_cast<bool>(control.MouseMove));
+               NodePeer::idOf(window ? window->frame() : control.parent()), "follows",
+               static_cast<bool>(control.MouseMove));
 }
 
 }  // namespace
@@ -281,42 +232,19 @@ void writeFirst(JsonWriter& json, const Control& control) {
 void writeNode(JsonWriter& json, NodePeer& node, Change what) {
   const Control& control = node.control();
   if (what == Change::all) writeFirst(json, control);
-  writeCommon(json, node, what);
-  switch (control.kind()) {
-    case ControlKind::window:
-      return writeWindow(json, static_cast<const Window&>(control), what);
-    case ControlKind::label:
-      return writeLabel(json, static_cast<const Label&>(control), what);
-    case ControlKind::textBox:
-      return writeTextBox(json, node, static_cast<const TextBox&>(control), what);
-    case ControlKind::button:
-    case ControlKind::checkBox:
-    case ControlKind::optionButton:
-      return writeButtons(json, control, what);
-    case ControlKind::comboBox:
-    case ControlKind::numberBox:
-    case ControlKind::scrollBar:
-      return writeFields(json, control, what);
-    case ControlKind::frame:
-      return writeCaption(json, static_cast<const Frame&>(control), what);
-    case ControlKind::panel:
-      writeCaption(json, static_cast<const Panel&>(control), what);
-      if (has(what, Change::look))
-        json.member("border", static_cast<const Panel&>(control).border());
-      return;
-    case ControlKind::image:
-      if (has(what, Change::look))
-        json.member("file", pictureAddress(static_cast<const Image&>(control).file()));
-      return;
-    case ControlKind::tabBook:
-      return writeTabs(json, static_cast<const TabBook&>(control), what);
-    case ControlKind::outline:
-      return writeOutline(json, static_cast<const Outline&>(control), what);
-    case ControlKind::grid:
-      return writeGrid(json, node, static_cast<const Grid&>(control), what);
-    case ControlKind::graph:
-      return writeGraph(json, static_cast<const Graph&>(control), what);
+  if (has(what, Change::enabled)) json.member("enabled", isEnabledWithin(control));
+  if (has(what, Change::visible)) json.member("visible", control.visible());
+  if (has(what, Change::tip)) json.member("tip", control.tip());
+  if (std::string style = styleOf(control); style != node.style) {
+    json.key("css");
+    json.token(node.style = std::move(style));
   }
+  const bool isWindow = control.kind() == ControlKind::window;
+  if (!isWindow && control.kind() != ControlKind::grid) return writePlain(json, node);
+  if (has(what, Change::tip)) writeNames(json, control);
+  if (isWindow) return writeWindow(json, static_cast<const Window&>(control), what);
+  if (has(what, Change::place)) writePlace(json, control.place(), magnificationOf(control));
+  writeGrid(json, node, static_cast<const Grid&>(control), what);
 }
 
 }  // namespace tolmer

@@ -6,6 +6,7 @@
 
 #include "base/file_io.h"
 #include "base/markup_text.h"
+#include "platform/fields.h"
 #include "platform/grid/grid.h"
 #include "platform/text_metrics.h"
 #include "platform/web/page_line.h"
@@ -60,7 +61,8 @@ void NodePeer::changed(Change what) {
       nodes_.touchInside(*container, Change::enabled);
   if (what == Change::focus && control_.kind() == ControlKind::textBox) marksAll = true;
   if (what == Change::focus && control_.kind() == ControlKind::numberBox) marksAll = true;
-  if (what == Change::value && control_.kind() == ControlKind::textBox) ++scrollWishes;
+  if (what == Change::value && control_.kind() == ControlKind::textBox)
+    nodes_.order("scroll", "id", id_, "key", static_cast<TextBox&>(control_).lastScrollKey());
   if (has(what, Change::content) && control_.kind() == ControlKind::grid)
     grid.changed = united(grid.changed, static_cast<const Grid&>(control_).changedCells());
   nodes_.touch(*this, what);
@@ -219,7 +221,8 @@ void writeEntry(JsonWriter& json, Nodes& nodes, MenuItem& item) {
   const int id = item.isSeparator() ? 0 : static_cast<EntryPeer*>(item.peer())->id();
   json.beginObject();
   writeEntryState(json, id, item);
-  json.members("caption", item.caption(), "key", nameOf(item.shortcut()), "pastes", isPaste(item));
+  json.members("caption", captionHtml(item.caption()), "key", nameOf(item.shortcut()), "pastes",
+               isPaste(item));
   if (!item.items().empty()) writeEntries(json, nodes, item);
   json.endObject();
 }

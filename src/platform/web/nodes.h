@@ -47,10 +47,11 @@ class NodePeer : public Peer {
   // 0 for a control that has none.
   static int idOf(const Control* control);
 
-  // Kept here for those who write the orders.
-  std::string pageText;  // a text box's, as the page has it
+  // As the page has it.
+  std::string style;
+  std::optional<std::string> html;
+  std::optional<std::string> value;
   ToldGrid grid;
-  int scrollWishes = 0;
   bool marksAll = false;
 
  private:
@@ -138,6 +139,12 @@ void writeOrder(JsonWriter& json, std::string_view what, Members members) {
 void writeNode(JsonWriter& json, NodePeer& node, Change what);
 // The same of a grid alone.
 void writeGrid(JsonWriter& json, NodePeer& node, const Grid& grid, Change what);
+// A control that is neither window nor grid; without what the user sets.
+std::string htmlOf(const Control& control);
+// With its marked letter underlined.
+std::string captionHtml(std::string_view caption);
+// Of the label that names the control, in the page; empty where none does.
+std::string labelId(const Control& control);
 // The member "entries" of the object that is open.
 void writeEntries(JsonWriter& json, Nodes& nodes, const MenuItem& menu);
 

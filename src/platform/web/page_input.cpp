@@ -53,7 +53,13 @@ void PageInput::take(const PageMessage& message) {
     return window(static_cast<Window&>(*control), message);
   if (!control->canBeUsed()) return;
   if (kind == "focus") return focus(*control);
-  if (kind == "value") return value(*control, message.whole(1));
+  auto& page = static_cast<NodePeer*>(control->peer())->value;
+  if (kind == "value" || kind == "choose" || kind == "text") page = message.text(1);
+  if (kind == "value") {
+    // What is on beside it went off, or comes on again by what the page has not heard yet.
+    if (control->kind() == ControlKind::optionButton) page.reset();
+    return value(*control, message.whole(1));
+  }
   if (kind == "choose" || kind == "moveto") {
     if (kind == "moveto" && control->kind() == ControlKind::outline)
       return static_cast<Outline&>(*control).moveTo(message.whole(1));
@@ -139,7 +145,6 @@ void PageInput::text(Control& control, const PageMessage& message) {
   const TextMark mark = markIn(message, isText ? 2 : 1);
   if (isText) {
     const int id = NodePeer::idOf(&box);
-    static_cast<NodePeer*>(box.peer())->pageText = message.text(1);
     if (!box.readOnly()) box.setText(message.text(1));
     if (!nodes_.control(id)) return;
   }

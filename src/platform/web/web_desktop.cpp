@@ -48,7 +48,7 @@ void writeBox(JsonWriter& json, const MessageBox& box) {
                escape ? static_cast<int>(*escape) : -1);
   json.list("buttons", answerButtons(box.buttons), [&](const AnswerButton& button) {
     json.beginObject();
-    json.members("answer", static_cast<int>(button.answer), "caption", button.caption);
+    json.members("answer", static_cast<int>(button.answer), "caption", captionHtml(button.caption));
     json.endObject();
   });
 }
