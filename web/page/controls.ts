@@ -2,7 +2,7 @@
 import { markOf } from "./bytes.js";
 import type { Screen } from "./page.js";
 import type { Kind, NodeOrder } from "./protocol.js";
-import type { Field, Node, Page, View, ViewMaker } from "./view.js";
+import { makers, type Field, type Node, type Page, type View, type ViewClass } from "./view.js";
 
 // In a caption the marked letter is underlined; it is returned.
 export const letterOf = (caption: string): string => (/<u>(.)/.exec(caption)?.[1] ?? "").toUpperCase();
@@ -68,9 +68,6 @@ export class ControlView implements View {
 }
 
 class Button extends ControlView {
-  clicked(): void { this.send("click"); }
-}
-class Link extends ControlView {
   clicked(): void { if (this.element instanceof HTMLButtonElement) this.send("click"); }
 }
 
@@ -264,15 +261,12 @@ class Outline extends ControlView {
   }
 }
 
-type ViewClass = new (page: Page, node: Node) => View;
-export function registerControls(makers: Map<Kind, ViewMaker>): void {
-  const classes: [Kind, ViewClass][] = [
-    ["label", Link], ["button", Button], ["checkBox", Choice], ["optionButton", Choice], ["textBox", TextBox],
-    ["numberBox", Amount], ["scrollBar", Amount], ["comboBox", ComboBox], ["tabBook", TabBook], ["outline", Outline],
-    ["frame", ControlView], ["panel", ControlView], ["image", ControlView],
-  ];
-  for (const [kind, View] of classes) makers.set(kind, (page, node) => new View(page, node));
-}
+const classes: [Kind, ViewClass][] = [
+  ["label", Button], ["button", Button], ["checkBox", Choice], ["optionButton", Choice], ["textBox", TextBox],
+  ["numberBox", Amount], ["scrollBar", Amount], ["comboBox", ComboBox], ["tabBook", TabBook], ["outline", Outline],
+  ["frame", ControlView], ["panel", ControlView], ["image", ControlView],
+];
+for (const [kind, View] of classes) makers.set(kind, View);
 
 export function serveControls(screen: Screen): void {
   const listen = (kind: string, act: (view: ControlView, at: Element) => void) => document.addEventListener(kind, ({ target }) => {

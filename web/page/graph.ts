@@ -65,4 +65,4 @@ class GraphView extends ControlView {
   }
 }
 
-makers.set("graph", (page, node) => new GraphView(page, node));
+makers.set("graph", GraphView);

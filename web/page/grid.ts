@@ -272,4 +272,4 @@ class GridView implements View {
   }
 }
 
-makers.set("grid", (page, node) => new GridView(page, node));
+makers.set("grid", GridView);

@@ -3,7 +3,7 @@ import { Boxes } from "./boxes.js";
 import { openChannel, type Channel } from "./channel.js";
 import { serveClipboard } from "./clipboard.js";
 import { serveCompanions } from "./companion.js";
-import { registerControls, serveControls } from "./controls.js";
+import { serveControls } from "./controls.js";
 import { setStyle } from "./dress.js";
 import { serveFiles } from "./files.js";
 import "./graph.js";
@@ -105,11 +105,11 @@ export class Screen implements Page {
   }
 
   private make(order: NodeOrder): Node | undefined {
-    const maker = order.kind && makers.get(order.kind);
+    const View = makers.get(order.kind!);
     const container = order.parent ? this.nodes.get(order.parent) : undefined;
-    if (!maker || (order.parent && !container)) return undefined;
+    if (order.parent && !container) return undefined;
     const node = { ...order, container: container ?? null } as Node;
-    node.view = maker(this, node);
+    node.view = View ? new View(this, node) : new WindowView(this, node);
     node.view.element.dataset.id = String(order.id);
     if (order.kind !== "window") node.view.element.classList.add("control");
     this.nodes.set(order.id, node);
@@ -142,8 +142,6 @@ function beep(): void {
   tone.onended = () => void audio.close();
 }
 
-registerControls(makers);
-makers.set("window", (page, node) => new WindowView(page as Screen, node));
 
 // The program starts when it knows how large the page is.
 export async function start(): Promise<void> {

@@ -38,5 +38,5 @@ export interface Page {
   say(words: string): void; // to a screen reader
 }
 
-export type ViewMaker = (page: Page, node: Node) => View;
-export const makers = new Map<Kind, ViewMaker>();
+export type ViewClass = new (page: Page, node: Node) => View;
+export const makers = new Map<Kind, ViewClass>();

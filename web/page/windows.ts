@@ -319,8 +319,7 @@ export class Windows {
     if (node.kind === "window" && node.container === null) return this.desk.append(node.view.element);
     const container = node.container!;
     const ground = container.kind === "window" ? viewOf(container).groundOf(node) : container.view.ground ?? container.view.element;
-    const orderOf = (element: Element) => Number((element as HTMLElement).style.zIndex);
-    const above = [...ground.children].find((other) => orderOf(other) > orderOf(node.view.element));
+    const above = [...ground.children].find((other) => Number((other as HTMLElement).dataset.id) > node.id);
     ground.insertBefore(node.view.element, above ?? null);
   }
   changed(node: Node): void {

@@ -57,7 +57,9 @@ std::string idIn(const Control& control, std::string_view kind, int index) {
 
 // Looks are names of classes.
 std::string shell(const Control& control, const std::string& looks) {
-  return attribute("class", "control " + looks + (isEnabledWithin(control) ? "" : " off")) +
+  const bool isSerif = control.font().family == FontFamily::serif;
+  return attribute("class", "control " + looks + (isSerif ? " serif" : "") +
+                                (isEnabledWithin(control) ? "" : " off")) +
          attribute("data-id", NodePeer::idOf(&control));
 }
 
@@ -222,10 +224,23 @@ std::string html(const Graph& graph) {
          writeSvg(graph.picture(), {}, {}) + "</div></div>";
 }
 
-std::string none(const Control&) { return {}; }
+std::string value(const Control&) { return {}; }
+std::string value(const TextBox& box) { return box.text(); }
+std::string value(const CheckBox& box) { return std::to_string(box.value()); }
+std::string value(const OptionButton& option) { return std::to_string(option.value()); }
+std::string value(const NumberBox& box) { return std::to_string(box.value()); }
+std::string value(const ScrollBar& bar) { return std::to_string(bar.value()); }
+std::string value(const ComboBox& box) { return std::to_string(box.listIndex()); }
+std::string value(const Graph& graph) {
+  const auto mark = graph.currentMark();
+  return mark ? graph.wordsOn(*mark) : std::string();
+}
+
+ControlHtml none(const Control&) { return {}; }
 template <class Kind>
-std::string of(const Control& control) {
-  return html(static_cast<const Kind&>(control));
+ControlHtml of(const Control& control) {
+  const auto& one = static_cast<const Kind&>(control);
+  return {html(one), value(one)};
 }
 
 }  // namespace
@@ -247,7 +262,7 @@ std::string labelId(const Control& control) {
   return isNamed ? idOfLabel(*before) : std::string();
 }
 
-std::string htmlOf(const Control& control) {
+ControlHtml htmlOf(const Control& control) {
   constexpr std::array writers{none,         of<Label>,        of<Button>,   of<TextBox>,
                                of<CheckBox>, of<OptionButton>, of<ComboBox>, of<Frame>,
                                of<Panel>,    of<ScrollBar>,    of<Image>,    of<TabBook>,

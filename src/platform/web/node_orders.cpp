@@ -7,11 +7,9 @@
 #include <string_view>
 #include <utility>
 
-#include "platform/buttons.h"
 #include "platform/desktop.h"
 #include "platform/dialog_fit.h"
 #include "platform/fields.h"
-#include "platform/graph/graph.h"
 #include "platform/grid/grid.h"
 #include "platform/panels.h"
 #include "platform/tab_book.h"
@@ -37,49 +35,22 @@ void writePlace(JsonWriter& json, const Rect& place, float scale) {
   json.list("place", placed(place, scale));
 }
 
-// The order in which controls of one container lie above one another.
-int orderOf(const Control& control) {
-  constexpr int above = 10000;
-  int order = 0;
-  if (const Container* container = control.parent()) {
-    const auto& all = container->children();
-    order = static_cast<int>(std::ranges::find(all, &control) - all.begin());
-  }
-  if (control.kind() == ControlKind::panel)
-    order += above * static_cast<const Panel&>(control).raised();
-  return order;
-}
-
 std::string px(int pixels) { return std::to_string(pixels) + "px"; }
 
-// As the program lays texts out: whole pixels above and below the base line.
-int lineHeightOf(bool isSerif, int pixels) {
-  constexpr std::array<double, 3> serif{0.891, 0.216, 0.042};
-  constexpr std::array<double, 3> plain{1.069, 0.293, 0};
-  double height = 0;
-  for (const double part : isSerif ? serif : plain) height += std::round(part * pixels);
-  return static_cast<int>(height);
-}
-
-void writeLook(JsonWriter& json, const Control& control) {
-  const bool isSerif = control.font().family == FontFamily::serif;
-  const float scale = magnificationOf(control);
+void writeLook(JsonWriter& json, const Control& control, float scale) {
   const float size = control.font().pixels * scale;
   const int pixels = static_cast<int>(std::floor(scale == 1 ? size + 0.5F : size + 0.01F));
   json.members("color", control.hasOwnInk() ? hexColour(control.foreColour()) : std::string(),
                "--own", control.hasOwnGround() ? hexColour(control.backColour()) : std::string(),
-               "font-family", isSerif ? R"("Liberation Serif", "Times New Roman", serif)" : "",
-               "font-size", px(pixels), "font-weight", control.font().bold ? "bold" : "",
-               "line-height", px(lineHeightOf(isSerif, pixels)));
+               "font-size", px(pixels), "font-weight", control.font().bold ? "bold" : "");
 }
 
-// The handle shows how much of all is seen.
-int handleOf(const ScrollBar& bar, float scale) {
-  constexpr int least = 26;
-  const int length = pixel(std::max(bar.width(), bar.height()), scale);
-  return std::max(length * bar.largeChange() / (bar.max() + bar.largeChange()), least);
+// How much of all is seen.
+double shareOf(const ScrollBar& bar) {
+  return bar.largeChange() / static_cast<double>(bar.max() + bar.largeChange());
 }
 
+// Place and look; controls of one container lie above one another in their order.
 std::string styleOf(const Control& control) {
   const ControlKind kind = control.kind();
   const float scale = magnificationOf(control);
@@ -87,13 +58,14 @@ std::string styleOf(const Control& control) {
     json.beginObject();
     if (kind != ControlKind::window) {
       const auto [left, top, width, height] = placed(control.place(), scale);
-      json.members("left", px(left), "top", px(top), "width", px(width), "height", px(height),
-                   "z-index", std::to_string(orderOf(control)));
+      json.members("left", px(left), "top", px(top), "width", px(width), "height", px(height));
     }
-    if (kind != ControlKind::grid && kind != ControlKind::graph) writeLook(json, control);
+    if (kind != ControlKind::grid && kind != ControlKind::graph) writeLook(json, control, scale);
     if (kind == ControlKind::tabBook) json.member("--tabs", px(pixel(TabBook::tabHeight, scale)));
+    if (kind == ControlKind::panel)
+      json.member("z-index", std::to_string(static_cast<const Panel&>(control).raised()));
     if (kind == ControlKind::scrollBar)
-      json.member("--handle", px(handleOf(static_cast<const ScrollBar&>(control), scale)));
+      json.member("--share", std::to_string(shareOf(static_cast<const ScrollBar&>(control))));
     json.endObject();
   });
 }
@@ -166,32 +138,6 @@ void writeWindow(JsonWriter& json, const Window& window, Change what) {
     json.member("foot", pixel(static_cast<const FrameWindow&>(window).footHeight(), 1));
 }
 
-// What the user may set himself, as the page has it: a text, a number, the place in a list. Of a
-// graph the words to be read out, on the mark that keys go on from.
-std::string valueOf(const Control& control) {
-  switch (control.kind()) {
-    case ControlKind::textBox:
-      return static_cast<const TextBox&>(control).text();
-    case ControlKind::checkBox:
-      return std::to_string(static_cast<const CheckBox&>(control).value());
-    case ControlKind::optionButton:
-      return std::to_string(static_cast<const OptionButton&>(control).value());
-    case ControlKind::numberBox:
-      return std::to_string(static_cast<const NumberBox&>(control).value());
-    case ControlKind::scrollBar:
-      return std::to_string(static_cast<const ScrollBar&>(control).value());
-    case ControlKind::comboBox:
-      return std::to_string(static_cast<const ComboBox&>(control).listIndex());
-    case ControlKind::graph: {
-      const auto& graph = static_cast<const Graph&>(control);
-      const auto mark = graph.currentMark();
-      return mark ? graph.wordsOn(*mark) : std::string();
-    }
-    default:
-      return {};
-  }
-}
-
 void writePlain(JsonWriter& json, NodePeer& node) {
   const auto tell = [&](std::string_view name, std::optional<std::string>& known, std::string now) {
     if (known == now) return;
@@ -199,11 +145,11 @@ void writePlain(JsonWriter& json, NodePeer& node) {
     known = std::move(now);
   };
   const Control& control = node.control();
-  const auto before = node.html;
-  tell("html", node.html, htmlOf(control));
+  auto [html, value] = htmlOf(control);
   // Of a list with other items the page may have chosen another one.
-  if (control.kind() == ControlKind::comboBox && node.html != before) node.value.reset();
-  tell("value", node.value, valueOf(control));
+  if (control.kind() == ControlKind::comboBox && node.html != html) node.value.reset();
+  tell("html", node.html, std::move(html));
+  tell("value", node.value, std::move(value));
 }
 
 // Of a grid the page makes all elements itself.

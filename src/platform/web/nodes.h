@@ -139,8 +139,13 @@ void writeOrder(JsonWriter& json, std::string_view what, Members members) {
 void writeNode(JsonWriter& json, NodePeer& node, Change what);
 // The same of a grid alone.
 void writeGrid(JsonWriter& json, NodePeer& node, const Grid& grid, Change what);
-// A control that is neither window nor grid; without what the user sets.
-std::string htmlOf(const Control& control);
+// A control that is neither window nor grid. The value is what the user may set, as the page has
+// it: a text, a number, a place in a list; of a graph what is to be read out.
+struct ControlHtml {
+  std::string html;
+  std::string value;
+};
+ControlHtml htmlOf(const Control& control);
 // With its marked letter underlined.
 std::string captionHtml(std::string_view caption);
 // Of the label that names the control, in the page; empty where none does.
