@@ -17,6 +17,7 @@
 namespace tolmer {
 namespace {
 
+using testing::AllOf;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::Not;
@@ -109,6 +110,25 @@ TEST_F(WebDesktopTest, ADialogIsShownWorkedAndClosedThroughTheLine) {
   const int window = page.numberOf("frmTest");
   desktop.doEvents();
   EXPECT_THAT(page.heard(), HasSubstr(R"("do": "gone", "id": )" + std::to_string(window)));
+}
+
+TEST_F(WebDesktopTest, AControlIsToldAsHtmlAndWhatTheUserSetWhereTheProgramWantsItOtherwise) {
+  Dialog dialog(desktop);
+  Label label(&dialog, "lblAge", "<&Age> && more");
+  NumberBox age(&dialog, "nbrAge");
+  age.setTip("\"in years\"");
+  dialog.chkRound.Click = [&] { dialog.chkRound.setValue(0); };
+  dialog.show();
+  desktop.doEvents();
+  const std::string id = std::to_string(page.numberOf("lblAge"));
+  EXPECT_THAT(page.heard(), AllOf(HasSubstr("&lt;<u>A</u>ge&gt; &amp; more"),
+                                  HasSubstr("aria-labelledby=\\\"label-" + id),
+                                  HasSubstr("aria-description=\\\"&quot;in years&quot;")));
+  page.does({"value", "#nbrAge", "7"});
+  page.does({"value", "#chkRound", "1"});
+  EXPECT_THROW(desktop.run(), std::logic_error);
+  EXPECT_EQ(age.value(), 7);
+  EXPECT_THAT(page.heard(), AllOf(HasSubstr(R"("value": "0")"), Not(HasSubstr(R"("value": "7")"))));
 }
 
 TEST_F(WebDesktopTest, TabGoesRoundAndTheFocusIsToldOnce) {
