@@ -57,6 +57,14 @@ Result<HelpTopic> readTopicFile(const std::string& folder, const std::string& na
   return readTopic(name, utf8FromFile(std::move(*bytes)));
 }
 
+HelpBook bookAbout(const Error& error) {
+  return HelpBook({{.name = "missing",
+                    .title = "The help cannot be shown",
+                    .body = "Its pages belong into the program's folder and could not be read "
+                            "there. Installing the program anew should bring them back.\n\n" +
+                            error.message()}});
+}
+
 }  // namespace
 
 std::optional<std::size_t> HelpBook::find(const HelpAddress& address) const {
@@ -87,12 +95,9 @@ Result<HelpBook> readHelpBook(const std::string& folder) {
   return book;
 }
 
-HelpBook bookAbout(const Error& error) {
-  return HelpBook({{.name = "missing",
-                    .title = "The help cannot be shown",
-                    .body = "Its pages belong into the program's folder and could not be read "
-                            "there. Installing the program anew should bring them back.\n\n" +
-                            error.message()}});
+HelpBook helpBookIn(const std::string& folder) {
+  auto book = readHelpBook(folder);
+  return book ? std::move(*book) : bookAbout(book.error());
 }
 
 }  // namespace tolmer

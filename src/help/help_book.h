@@ -34,7 +34,7 @@ class HelpBook {
 // are remarks. An error says what is wrong with the folder or its contents.
 Result<HelpBook> readHelpBook(const std::string& folder);
 
-// A book of one page with the error, for whoever must show something.
-HelpBook bookAbout(const Error& error);
+// The same for whoever must show something: a book of one page with the error where there is one.
+HelpBook helpBookIn(const std::string& folder);
 
 }  // namespace tolmer

@@ -168,7 +168,7 @@ TEST_F(HelpFolder, MissingIsToldAndShownAsAPage) {
   const auto book = readHelpBook(folder.file("nowhere"));
   ASSERT_FALSE(book);
   EXPECT_THAT(book.error().message(), HasSubstr("nowhere/contents.txt"));
-  HelpReader reader(bookAbout(book.error()));
+  HelpReader reader(helpBookIn(folder.file("nowhere")));
   reader.open({"tolmod", 231});
   EXPECT_THAT(reader.html(), HasSubstr("nowhere/contents.txt"));
 }

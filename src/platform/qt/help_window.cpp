@@ -44,11 +44,6 @@ constexpr int finderWidth = 285;
 constexpr int edge = 24;  // between the window and the screen's upper left corner
 constexpr int gap = 8;
 
-HelpBook bookIn(const std::string& folder) {
-  auto book = readHelpBook(folder);
-  return book ? std::move(*book) : bookAbout(book.error());
-}
-
 QPushButton* button(const char* text, const char* tip) {
   auto* button = new QPushButton(QString::fromUtf8(text));
   button->setToolTip(QString::fromUtf8(tip));
@@ -112,7 +107,7 @@ QImage HelpPage::picture(const QString& name) const {
 HelpWindow::HelpWindow(const std::string& folder, std::function<QWidget*()> top,
                        OpenDocument openDocument)
     : CompanionWindow(std::move(top)),
-      reader_(bookIn(folder)),
+      reader_(helpBookIn(folder)),
       openDocument_(std::move(openDocument)),
       page_(new HelpPage({toQt(folder)}, this)),
       query_(new QLineEdit),

@@ -8,11 +8,6 @@
 namespace tolmer {
 namespace {
 
-HelpBook bookIn(const std::string& folder) {
-  auto book = readHelpBook(folder);
-  return book ? std::move(*book) : bookAbout(book.error());
-}
-
 // A page of the book, as a link of its contents or of what was found.
 std::string linkTo(const HelpBook& book, const HelpPlace& place) {
   const HelpTopic& topic = book.topic(place.topic);
@@ -22,7 +17,7 @@ std::string linkTo(const HelpBook& book, const HelpPlace& place) {
 }  // namespace
 
 HelpReader& HelpOrders::reader() {
-  if (!reader_) reader_ = std::make_unique<HelpReader>(bookIn(folder_));
+  if (!reader_) reader_ = std::make_unique<HelpReader>(helpBookIn(folder_));
   return *reader_;
 }
 
