@@ -76,27 +76,19 @@ function copyTexts({ text, html }: Content): boolean {
 }
 
 function formsOf({ text, html, svg }: Content): Record<string, Blob | Promise<Blob>> {
-  const forms: Record<string, Blob | Promise<Blob>> = {};
-  const add = (type: string, words: string) => { if (words) forms[type] = new Blob([words], { type }); };
-  add("text/plain", text);
-  add("text/html", html);
   const { supports } = ClipboardItem as { supports?: (type: string) => boolean };
-  if (svg && supports?.call(ClipboardItem, "image/svg+xml")) add("image/svg+xml", svg);
-  if (svg) forms["image/png"] = drawn(svg);
-  return forms;
+  const takesSvg = supports?.call(ClipboardItem, "image/svg+xml");
+  const texts = Object.entries({ "text/plain": text, "text/html": html, "image/svg+xml": takesSvg ? svg : "" });
+  const forms = texts.filter(([, words]) => words).map(([type, words]) => [type, new Blob([words], { type })]);
+  return Object.fromEntries(svg ? [...forms, ["image/png", drawn(svg)]] : forms);
 }
 
 async function drawn(svg: string): Promise<Blob> {
-  const address = URL.createObjectURL(new Blob([svg], { type: "image/svg+xml" }));
-  try {
-    const picture = new Image();
-    picture.src = address;
-    await picture.decode();
-    const canvas = document.createElement("canvas");
-    [canvas.width, canvas.height] = [picture.width * pictureScale, picture.height * pictureScale];
-    canvas.getContext("2d")?.drawImage(picture, 0, 0, canvas.width, canvas.height);
-    return await new Promise((take, refuse) => canvas.toBlob((dots) => (dots ? take(dots) : refuse(new Error("no picture")))));
-  } finally {
-    URL.revokeObjectURL(address);
-  }
+  const picture = new Image();
+  picture.src = `data:image/svg+xml,${encodeURIComponent(svg)}`;
+  await picture.decode();
+  const canvas = document.createElement("canvas");
+  [canvas.width, canvas.height] = [picture.width * pictureScale, picture.height * pictureScale];
+  canvas.getContext("2d")?.drawImage(picture, 0, 0, canvas.width, canvas.height);
+  return new Promise((take, refuse) => canvas.toBlob((dots) => (dots ? take(dots) : refuse(new Error("no picture")))));
 }
