@@ -34,13 +34,14 @@ class PageStore : public tolmer::VisitStore {
  public:
   explicit PageStore(tolmer::WebDesktop& desktop) : desktop_(desktop) {}
   std::optional<tolmer::Error> write(const std::string& name, std::string_view bytes) override {
-    return desktop_.keepVisit(Act::write, name, bytes);
+    return desktop_.keepVisit(name, bytes);
   }
-  void remove(const std::string& name) override { desktop_.keepVisit(Act::remove, name, {}); }
-  void keepAside(const std::string& name) override { desktop_.keepVisit(Act::aside, name, {}); }
+  void remove(const std::string& name) override { desktop_.keepVisit(name, {}); }
+  void handOver(const std::string& file, std::string_view bytes) override {
+    desktop_.handOver(file, bytes);
+  }
 
  private:
-  using Act = tolmer::WebDesktop::VisitAct;
   tolmer::WebDesktop& desktop_;
 };
 

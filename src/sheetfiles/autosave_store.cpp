@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <random>
 #include <utility>
 
 namespace tolmer {
@@ -40,8 +41,8 @@ class StoredVisits::Place : public VisitPlace {
   }
   std::string keptName() const override { return visit_.name + ".zmm"; }
   void keepAside() override {
-    visits_.store_.keepAside(visit_.name);
-    visit_.bytes.clear();
+    visits_.store_.handOver(keptName(), visit_.bytes);
+    remove();
   }
 
  private:
@@ -49,8 +50,10 @@ class StoredVisits::Place : public VisitPlace {
   StoredVisit visit_;
 };
 
+// The store is that of other programs, too, which may have begun in the same second.
 Result<VisitPlacePointer> StoredVisits::take() {
-  const std::string name = "visit-" + std::to_string(secondsNow()) + '-' + std::to_string(++taken_);
+  const std::string name =
+      "visit-" + std::to_string(secondsNow()) + '-' + std::to_string(std::random_device{}());
   return VisitPlacePointer(std::make_unique<Place>(*this, StoredVisit{name, 0, {}}));
 }
 

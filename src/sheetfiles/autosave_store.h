@@ -9,14 +9,14 @@
 
 namespace tolmer {
 
-// Whole works by name. The store sees to it that a name is one program's at a time.
+// Whole works by name. A work that the store finds is one program's at a time.
 class VisitStore {
  public:
   virtual ~VisitStore() = default;
   virtual std::optional<Error> write(const std::string& name, std::string_view bytes) = 0;
   virtual void remove(const std::string& name) = 0;
-  // It stays, and is found no more.
-  virtual void keepAside(const std::string& name) = 0;
+  // A file of the user's own.
+  virtual void handOver(const std::string& file, std::string_view bytes) = 0;
 };
 
 struct StoredVisit {
@@ -38,7 +38,6 @@ class StoredVisits : public VisitPlaces {
   class Place;
   VisitStore& store_;
   std::vector<StoredVisit> found_;  // and not held by anybody
-  int taken_ = 0;
 };
 
 }  // namespace tolmer

@@ -211,10 +211,10 @@ TEST_F(WebDesktopTest, WorkGoesToThePagesStorageAndARefusalIsTold) {
   struct Store : VisitStore {
     explicit Store(WebDesktop& desktop) : desktop(desktop) {}
     std::optional<Error> write(const std::string& name, std::string_view bytes) override {
-      return desktop.keepVisit(WebDesktop::VisitAct::write, name, bytes);
+      return desktop.keepVisit(name, bytes);
     }
     void remove(const std::string&) override {}
-    void keepAside(const std::string&) override {}
+    void handOver(const std::string&, std::string_view) override {}
     WebDesktop& desktop;
   } store(desktop);
   StoredVisits visits(store, {{"old", 5, "first"}, {"new", 9, "second"}});

@@ -7,13 +7,10 @@ import { make, setUp } from "./windows.js";
 
 type Question = Extract<Order, { do: "open" | "save" }>;
 
-let takeFile: ((file: File) => void) | undefined; // of the open dialog
-
 export function serveFiles(screen: Screen): void {
-  screen.on("open", (order) => askToOpen(screen, order));
-  screen.on("save", (order) => askToSave(screen, order));
-  screen.on("download", ({ name, type, base64 }) => download(name, type, bytesOfBase64(base64)));
-  screen.on("print", ({ html }) => printDocument(html));
+  for (const question of ["open", "save"] as const) screen.on(question, (order) => ask(screen, order));
+  screen.on("download", ({ name, base64 }) => download(name, bytesOfBase64(base64)));
+  screen.on("print", ({ title, html }) => print(title, ...textOf(html)));
   screen.on("document", ({ address }) => openDocument(address));
   document.addEventListener("dragover", (event) => event.preventDefault());
   document.addEventListener("drop", (event) => {
@@ -24,128 +21,104 @@ export function serveFiles(screen: Screen): void {
 
 // --- the dialogs
 
-// The browser keeps all else from the user while it is open; its keys are its own.
-function openDialog(screen: Screen, order: Question): { dialog: HTMLDialogElement; rows: HTMLElement; kind: HTMLSelectElement; end: () => void } {
-  const dialog = setUp(make("dialog", "companion file-dialog"), { "aria-label": order.title });
-  const rows = make("div", "rows");
-  const kind = make("select");
-  order.kinds.forEach((one, i) => kind.append(new Option(nameOf(one), String(i))));
-  dialog.append(make("h1", "", order.title), rows);
-  document.body.append(dialog);
-  const end = () => {
-    takeFile = undefined;
-    dialog.remove();
-    screen.windows.followFocus();
-  };
-  // The chooser's own event of that name comes up here, too.
-  dialog.addEventListener("cancel", (event) => {
-    if (event.target !== dialog) return;
-    end();
-    screen.send("given-up", order.ask);
-  });
-  dialog.showModal();
-  return { dialog, rows, kind, end };
-}
-
 // "Data files (*.zmd)"
 function nameOf({ name, extensions }: FileKind): string {
   return `${name} (${extensions.length > 0 ? extensions.map((one) => `*.${one}`).join(", ") : "*"})`;
 }
 
-function labelled(words: string, control: HTMLElement): HTMLElement {
+export function labelled(words: string, control: HTMLElement): HTMLElement {
   const label = make("label", "", words);
+  control.className = "box";
   label.append(control);
   return label;
 }
 
-export function button(caption: string, press: () => void, title = ""): HTMLButtonElement {
+export function button(caption: string, title = "", press = () => {}): HTMLButtonElement {
   const made = setUp(make("button", "button", caption), { type: "button", title });
   made.addEventListener("click", press);
   return made;
 }
 
-function buttons(dialog: HTMLElement, ...those: HTMLElement[]): HTMLElement {
+function formOf(order: Question, field: HTMLInputElement, kind: HTMLElement, ...buttons: HTMLElement[]): HTMLFormElement {
+  const form = make("form", "rows");
+  const kinds = labelled("Files of type: ", kind);
   const row = make("div", "buttons");
-  row.append(...those, button("Cancel", () => dialog.dispatchEvent(new Event("cancel"))));
-  return row;
+  row.append(...buttons);
+  if (order.do === "open") form.append(kinds, setUp(field, { type: "file", hidden: "" }), make("p", "dropzone", "Choose a file, or let one fall here."), row);
+  else form.append(labelled("File name: ", setUp(field, { value: order.name, required: "", pattern: ".*\\S.*", spellcheck: "false" })), kinds, make("p", "", "The browser puts the file where it puts what you download."), row);
+  return form;
 }
 
-// A browser lets the user choose a file only after a click of his own.
-function askToOpen(screen: Screen, order: Question): void {
-  const { dialog, rows, kind, end } = openDialog(screen, order);
-  const chooser = setUp(make("input"), { type: "file", hidden: "" });
-  const take = async (file: File) => {
-    end();
-    try {
-      screen.send("chosen", order.ask, kind.value, file.name, await base64Of(file));
-    } catch (error) {
-      notice(`The file ${file.name} cannot be read: ${reasonOf(error)}`);
-      screen.send("given-up", order.ask);
-    }
+// The browser keeps all else from the user while it is open; its keys are its own.
+function ask(screen: Screen, order: Question): void {
+  const dialog = setUp(make("dialog", "companion file-dialog"), { "aria-label": order.title });
+  const [field, kind] = [make("input"), make("select")];
+  kind.append(...order.kinds.map((one, i) => new Option(nameOf(one), String(i))));
+  const end = (isGiven: boolean) => {
+    dialog.remove();
+    screen.windows.followFocus();
+    if (isGiven) void give(screen, order, kind.value, field);
+    else screen.send("given-up", order.ask);
   };
-  chooser.addEventListener("change", () => { if (chooser.files?.[0]) void take(chooser.files[0]); });
-  takeFile = (file) => void take(file);
-  const choose = button("Choose a File...", () => {
-    chooser.accept = (order.kinds[Number(kind.value)]?.extensions ?? []).map((one) => `.${one}`).join(",");
-    chooser.click();
+  const choose = make("button", "button default", order.do === "open" ? "Choose a File..." : "Save");
+  const form = formOf(order, field, kind, choose, button("Cancel", "", () => end(false)));
+  form.addEventListener("submit", (event) => {
+    event.preventDefault();
+    if (order.do === "save") return end(true);
+    field.accept = (order.kinds[Number(kind.value)]?.extensions ?? []).map((one) => `.${one}`).join(",");
+    field.click();
   });
-  choose.classList.add("default");
-  rows.append(labelled("Files of type: ", kind), chooser, make("p", "dropzone", "Choose a file, or let one fall here."), buttons(dialog, choose));
-  choose.focus();
+  field.addEventListener("change", () => { if (field.files?.[0]) end(true); });
+  // The chooser's own event of that name comes up here, too.
+  dialog.addEventListener("cancel", (event) => { if (event.target === dialog) end(false); });
+  dialog.append(make("h1", "", order.title), form);
+  document.body.append(dialog);
+  dialog.showModal();
+  if (order.do === "open") return choose.focus();
+  field.setSelectionRange(0, order.name.lastIndexOf(".") > 0 ? order.name.lastIndexOf(".") : order.name.length);
 }
 
-function askToSave(screen: Screen, order: Extract<Order, { do: "save" }>): void {
-  const { dialog, rows, kind, end } = openDialog(screen, order);
-  const name = setUp(make("input"), { type: "text", spellcheck: "false" });
-  name.value = order.name;
-  const save = () => {
-    const chosen = name.value.trim();
-    if (!chosen) return name.focus();
-    end();
-    const ending = order.kinds[Number(kind.value)]?.extensions[0];
-    screen.send("chosen", order.ask, kind.value, chosen.includes(".") || !ending ? chosen : `${chosen}.${ending}`);
-  };
-  name.addEventListener("keydown", (event) => { if (event.key === "Enter" && !event.isComposing) save(); });
-  const press = button("Save", save);
-  press.classList.add("default");
-  rows.append(labelled("File name: ", name), labelled("Files of type: ", kind),
-              make("p", "", "The browser puts the file where it puts what you download."), buttons(dialog, press));
-  name.focus();
-  name.setSelectionRange(0, name.value.lastIndexOf(".") > 0 ? name.value.lastIndexOf(".") : name.value.length);
+async function give(screen: Screen, order: Question, kind: string, field: HTMLInputElement): Promise<void> {
+  const [file] = field.files ?? [];
+  if (!file) return screen.send("chosen", order.ask, kind, field.value.trim());
+  try {
+    screen.send("chosen", order.ask, kind, file.name, await base64Of(file));
+  } catch (error) {
+    notice(`The file ${file.name} cannot be read: ${reasonOf(error)}`);
+    screen.send("given-up", order.ask);
+  }
 }
 
 // --- out
 
-export function download(name: string, type: string, bytes: Uint8Array): void {
+export function download(name: string, bytes: Uint8Array): void {
   const link = make("a");
-  link.href = URL.createObjectURL(new Blob([bytes], { type }));
+  link.href = URL.createObjectURL(new Blob([bytes]));
   link.download = name;
   link.click();
   window.setTimeout(() => URL.revokeObjectURL(link.href), 60000);
 }
 
-// The document's looks come from a file, since none may stand in it.
-export function printDocument(html: string): void {
-  const frame = setUp(make("iframe", "printed"), { "aria-hidden": "true", tabindex: "-1" });
-  frame.addEventListener("load", () => {
-    const printed = frame.contentWindow;
-    if (!printed) return;
-    lookAsWritten(printed.document.body);
-    printed.addEventListener("afterprint", () => window.setTimeout(() => frame.remove()));
-    void printed.document.fonts.ready.then(() => printed.print());
-  });
-  frame.srcdoc = withoutStyles(html);
-  document.body.append(frame);
+// In place of the page; a file that the browser makes of it has the title for its name.
+export async function print(title: string, ...parts: Node[]): Promise<void> {
+  const printed = make("div", "printed");
+  const usual = document.title;
+  printed.append(...parts);
+  document.body.append(printed);
+  await Promise.allSettled([...printed.querySelectorAll("img")].map((picture) => picture.decode()));
+  window.addEventListener("afterprint", () => {
+    printed.remove();
+    document.title = usual;
+  }, { once: true });
+  document.title = title;
+  window.print();
 }
 
-// Looks that a text brings with it count only where a program sets them.
-export function withoutStyles(html: string): string {
-  return html.replace(/ style="/g, ' data-look="');
-}
-export function lookAsWritten(text: ParentNode): void {
-  for (const element of text.querySelectorAll<HTMLElement>("[data-look]"))
-    for (const [property, value] of (element.dataset.look ?? "").split(";").map((one) => one.split(":")))
-      if (property && value) element.style.setProperty(property.trim(), value.trim());
+// A text with the looks that it brings along, which count only where a program sets them.
+export function textOf(html: string): Node[] {
+  const { body } = new DOMParser().parseFromString(html.replace(/ style="/g, ' data-look="'), "text/html");
+  for (const element of body.querySelectorAll<HTMLElement>("[data-look]")) element.style.cssText = element.dataset.look ?? "";
+  return [...body.childNodes];
 }
 
 function openDocument(address: string): void {
@@ -157,11 +130,13 @@ function openDocument(address: string): void {
 // --- in
 
 async function drop(screen: Screen, dropped: DataTransfer): Promise<void> {
-  const files = [...dropped.files];
-  if (takeFile) {
-    if (files[0]) takeFile(files[0]);
+  const chooser = document.querySelector<HTMLInputElement>("dialog input[type=file]");
+  if (chooser) {
+    chooser.files = dropped.files;
+    chooser.dispatchEvent(new Event("change"));
     return;
   }
+  const files = [...dropped.files];
   const address = dropped.getData("text/uri-list");
   if (files.length === 0) return address ? screen.send("address", address.split(/\r?\n/)[0] ?? "") : undefined;
   try {

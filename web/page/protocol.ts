@@ -23,20 +23,20 @@ export type Order =
   | { do: "box"; ask: number; title: string; text: string; icon: Icon; buttons: BoxButton[]; enter: number; escape: number } // escape -1: the box stays
   | { do: "open"; ask: number; title: string; kinds: FileKind[] }
   | { do: "save"; ask: number; title: string; kinds: FileKind[]; name: string }
-  | { do: "download"; name: string; type: string; base64: string }
-  | { do: "print"; html: string } // a whole document for the browser's print
+  | { do: "download"; name: string; base64: string }
+  | { do: "print"; title: string; html: string }
   | { do: "clipboard"; text: string; html: string; svg: string; cells: string }
   | { do: "scroll"; id: number; key: number } // a text, as if that key had been pressed in it
   | { do: "tell"; id: number; words: string } // beside a control, for a while; empty: at once no more
   | { do: "tip"; id: number; words: string } // the answer to "hover"
   | { do: "busy"; on: boolean }
   | { do: "beep" }
-  | { do: "help"; title: string; html: string; anchor: string; back: boolean; forward: boolean; contents?: HelpEntry[]; at: number }
+  | { do: "read"; in: "help" | "kept"; title: string; html: string; anchor: string; back: boolean; forward: boolean } // beside the windows
+  | { do: "help-list"; name: string; options: string; at: number } // contents, or pages found, as HTML
+  | { do: "help-asked"; searches: boolean } // by the program, not by a link: nothing is searched for yet
   | { do: "help-quit" } // the help window goes
-  | { do: "hits"; words: string; hits: { title: string; link: string }[] } // what a help search has found; for no words, only the field is to have the focus
   | { do: "document"; address: string } // to be opened in a tab of its own
-  | { do: "kept"; pages: { title: string; html: string }[]; shown: number }
-  | { do: "visit"; ask: number; act: "write" | "remove" | "aside"; visit: string; base64: string }
+  | { do: "visit"; ask: number; visit: string; base64: string } // work to be kept; empty: no more
   | { do: "ended"; status: number };
 
 export type Icon = "none" | "critical" | "question" | "exclamation" | "information";
@@ -44,7 +44,6 @@ export interface BoxButton { answer: number; caption: string } // the caption as
 export interface FileKind { name: string; extensions: string[] } // without extensions: all files
 export interface KeyChord { code: number; shift: Held; control: Held; alt: Held }
 export type Held = 0 | 1 | 2; // any, must not be held, must be held
-export interface HelpEntry { title: string; level: number; link: string }
 export interface MenuEntry {
   id: number; // 0: a line between entries
   caption: string; // HTML, with <u> around its letter
@@ -173,6 +172,6 @@ export interface GridEdit {
 //  given-up ASK
 //  paste TEXT HTML CELLS          what the clipboard holds; before the key or entry that wants it
 //  drop COUNT (NAME BASE64)...    files let fall on the page; addresses: "address TEXT"
-//  help LINK | help-search WORDS | help-back | help-forward | help-contents | help-using
+//  help LINK | help-search WORDS | kept PAGE   "back" and "forward" are links, too
 //
 // Alt with a letter: the chords of "keys" come before the letters of menus and controls.

@@ -3,15 +3,37 @@
 #include <algorithm>
 
 #include "base/file_io.h"
+#include "base/markup_text.h"
 #include "help/topic_page.h"
 
 namespace tolmer {
 namespace {
 
-// A page of the book, as a link of its contents or of what was found.
-std::string linkTo(const HelpBook& book, const HelpPlace& place) {
-  const HelpTopic& topic = book.topic(place.topic);
-  return topic.opens.empty() ? std::string() : linkUrl({topic.opens.front(), place.entry});
+// The pictures themselves in place of their plain names.
+std::string withPictures(std::string html, const std::vector<std::string>& folders) {
+  constexpr std::string_view before = "src=\"";
+  for (auto at = html.find(before); at != std::string::npos; at = html.find(before, at + 1)) {
+    const auto begin = at + before.size();
+    const std::string name = html.substr(begin, html.find('"', begin) - begin);
+    const auto folder = std::ranges::find_if(folders, [&name](const std::string& one) {
+      return isPictureName(name) && isRegularFile(one + "/" + name);
+    });
+    if (folder != folders.end())
+      html.replace(begin, name.size(), pictureAddress(*folder + "/" + name));
+  }
+  return html;
+}
+
+// An entry of the list: a page, or a place in it.
+std::string optionFor(const HelpBook& book, const HelpPlace& place, const std::string& title,
+                      int level = 0) {
+  const auto& opens = book.topic(place.topic).opens;
+  const std::string words = markupText(title);
+  std::string option = "<option title=\"" + words + '"';
+  option +=
+      opens.empty() ? " disabled>" : " value=\"" + linkUrl({opens.front(), place.entry}) + "\">";
+  for (int i = 0; i < level; ++i) option += "\u00a0\u00a0\u00a0";
+  return option + words;
 }
 
 }  // namespace
@@ -22,83 +44,72 @@ HelpReader& HelpOrders::reader() {
 }
 
 void HelpOrders::answer(const HelpRequest& request) {
-  if (request.kind == HelpRequest::Kind::quit) {
-    if (!reader_) return;
-    return nodes_.order("help-quit", [](JsonWriter&) {});
-  }
-  open(request);
+  using Kind = HelpRequest::Kind;
+  if (request.kind == Kind::quit) return nodes_.order("help-quit", [](JsonWriter&) {});
+  words_.clear();
+  if (request.kind == Kind::usingHelp)
+    reader().openUsing();
+  else
+    reader().open({request.file, request.kind == Kind::topic ? request.context : 0}, request.entry);
   show();
-  if (request.kind == HelpRequest::Kind::search) find({});
+  nodes_.order("help-asked", "searches", request.kind == Kind::search);
 }
 
-void HelpOrders::open(const HelpRequest& request) {
-  using Kind = HelpRequest::Kind;
-  if (request.kind == Kind::topic)
-    return reader().open({request.file, request.context}, request.entry);
-  if (request.kind == Kind::usingHelp) return reader().openUsing();
-  reader().openContents(request.file);
+void HelpOrders::keep(const KeptPages& pages) {
+  kept_ = pages;
+  turnTo(pages.shown);
 }
 
 void HelpOrders::take(const PageMessage& message) {
-  const std::string& kind = message.kind();
-  if (kind == "help-search") return find(message.text(0));
-  if (kind == "help") reader().follow(message.text(0));
-  if (kind == "help-back") reader().back();
-  if (kind == "help-forward") reader().forward();
-  if (kind == "help-contents") reader().openContents("tolmod");
-  if (kind == "help-using") reader().openUsing();
+  const std::string& link = message.text(0);
+  if (message.kind() == "help") return follow(link);
+  if (message.kind() == "help-search") {
+    words_ = link;
+    return list();
+  }
+  if (link == "back") return turnTo(kept_.shown - 1);
+  turnTo(link == "forward" ? kept_.shown + 1 : message.count(0));
+}
+
+void HelpOrders::follow(const std::string& link) {
+  if (link == "back")
+    reader().back();
+  else if (link == "forward")
+    reader().forward();
+  else
+    reader().follow(link);
   show();
 }
 
-void HelpOrders::find(const std::string& words) {
-  nodes_.order("hits", [this, words](JsonWriter& json) {
-    json.member("words", words);
-    json.list("hits", reader().find(words), [&](const HelpHit& hit) {
-      json.beginObject();
-      json.members("title", hit.title, "link", linkTo(reader().book(), hit.place));
-      json.endObject();
-    });
-  });
-}
-
 void HelpOrders::show() {
-  nodes_.order("help", [this](JsonWriter& json) {
-    const HelpPlace& place = reader().place();
-    json.members("title", reader().book().topic(place.topic).title, "html",
-                 withPictures(reader().html(), {folder_}), "anchor", place.entry, "back",
-                 reader().canGoBack(), "forward", reader().canGoForward(), "at",
-                 static_cast<long>(place.topic));
-    if (!std::exchange(contentsAreKnown_, true)) writeContents(json);
-  });
+  const HelpPlace& place = reader().place();
+  nodes_.order("read", "in", "help", "title", reader().book().topic(place.topic).title + " - Help",
+               "html", withPictures(reader().html(), {folder_}), "anchor", place.entry, "back",
+               reader().canGoBack(), "forward", reader().canGoForward());
+  if (words_.empty()) list();
 }
 
-void HelpOrders::writeContents(JsonWriter& json) {
-  const auto& topics = reader().book().topics();
-  json.list("contents", topics, [&](const HelpTopic& topic) {
-    const auto at = static_cast<std::size_t>(&topic - topics.data());
-    json.beginObject();
-    json.members("title", topic.title, "level", topic.level, "link",
-                 linkTo(reader().book(), {.topic = at}));
-    json.endObject();
-  });
+// What is found, or the contents where nothing is searched for.
+void HelpOrders::list() {
+  const HelpBook& book = reader().book();
+  std::string options;
+  if (words_.empty())
+    for (std::size_t i = 0; i < book.topics().size(); ++i)
+      options += optionFor(book, {.topic = i}, book.topic(i).title, book.topic(i).level);
+  else
+    for (const HelpHit& hit : reader().find(words_))
+      options += optionFor(book, hit.place, hit.title);
+  if (options.empty()) options = "<option disabled>No page has a word that begins so.";
+  nodes_.order("help-list", "name", words_.empty() ? "Contents" : "Pages found", "options", options,
+               "at", words_.empty() ? static_cast<long>(reader().place().topic) : 0);
 }
 
-std::string withPictures(const std::string& html, const std::vector<std::string>& folders) {
-  constexpr std::string_view before = "src=\"";
-  std::string result;
-  std::size_t at = 0;
-  for (;;) {
-    const auto begin = html.find(before, at);
-    const auto end = begin == std::string::npos ? begin : html.find('"', begin + before.size());
-    if (end == std::string::npos) return result + html.substr(at);
-    const std::string name = html.substr(begin + before.size(), end - begin - before.size());
-    const auto folder = std::ranges::find_if(folders, [&](const std::string& one) {
-      return isPictureName(name) && isRegularFile(one + "/" + name);
-    });
-    result += html.substr(at, begin + before.size() - at);
-    result += folder == folders.end() ? name : pictureAddress(*folder + "/" + name);
-    at = end;
-  }
+void HelpOrders::turnTo(std::size_t page) {
+  if (page >= kept_.pages.size()) return;
+  kept_.shown = page;
+  nodes_.order("read", "in", "kept", "title", kept_.pages[page].title + " - Notebook", "html",
+               withPictures(kept_.pages[page].html, kept_.pictureFolders), "anchor", "chosen",
+               "back", page > 0, "forward", page + 1 < kept_.pages.size());
 }
 
 }  // namespace tolmer

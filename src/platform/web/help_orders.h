@@ -1,9 +1,8 @@
-// The help in a page, and pictures of pages.
+// What the page shows to read in beside the program's windows.
 #pragma once
 
 #include <memory>
 #include <string>
-#include <vector>
 
 #include "help/help_reader.h"
 #include "platform/desktop.h"
@@ -12,29 +11,28 @@
 
 namespace tolmer {
 
-// What the help window of the page shows. The pages are read when somebody first asks for them.
+// The help, and pages of the notebook. The help's are read when somebody first asks for them.
 class HelpOrders {
  public:
   HelpOrders(Nodes& nodes, std::string folder) : nodes_(nodes), folder_(std::move(folder)) {}
 
   void answer(const HelpRequest& request);
+  void keep(const KeptPages& pages);
   // A link, a way back, a search.
   void take(const PageMessage& message);
 
  private:
   HelpReader& reader();
-  void open(const HelpRequest& request);
-  void find(const std::string& words);
+  void follow(const std::string& link);
+  void turnTo(std::size_t page);
   void show();
-  void writeContents(JsonWriter& json);
+  void list();
 
   Nodes& nodes_;
   std::string folder_;
   std::unique_ptr<HelpReader> reader_;
-  bool contentsAreKnown_ = false;
+  std::string words_;  // that are searched for
+  KeptPages kept_;
 };
-
-// The pictures themselves in place of their plain names.
-std::string withPictures(const std::string& html, const std::vector<std::string>& folders);
 
 }  // namespace tolmer

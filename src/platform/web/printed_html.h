@@ -6,8 +6,7 @@
 
 namespace tolmer {
 
-// A document of one drawing a page, for a browser to print. Its style sheet, print.css, is the
-// page's.
+// A drawing for each page, for a browser to print. Their style sheet is the page's.
 std::string printedHtml(const PrintedPages& pages);
 
 }  // namespace tolmer

@@ -1,7 +1,6 @@
 #include "platform/web/web_desktop.h"
 
 #include <algorithm>
-#include <array>
 #include <utility>
 
 #include "base/file_io.h"
@@ -159,7 +158,7 @@ void WebDesktop::take(const PageMessage& message) {
     return;
   }
   if (kind == "drop" || kind == "address") return drop(message);
-  if (kind.starts_with("help")) return help_->take(message);
+  if (kind.starts_with("help") || kind == "kept") return help_->take(message);
   PageInput(*this).take(message);
 }
 
@@ -182,12 +181,9 @@ PageMessage WebDesktop::ask(const char* question, const Write& members) {
 }
 
 // The work goes on meanwhile: what the user does before the answer is there waits.
-std::optional<Error> WebDesktop::keepVisit(VisitAct act, const std::string& name,
-                                           std::string_view bytes) {
+std::optional<Error> WebDesktop::keepVisit(const std::string& name, std::string_view bytes) {
   const int number = ++lastAsked_;
-  constexpr std::array acts{"write", "remove", "aside"};
-  nodes_.order("visit", "ask", number, "act", acts.at(static_cast<std::size_t>(act)), "visit", name,
-               "base64", toBase64(bytes));
+  nodes_.order("visit", "ask", number, "visit", name, "base64", toBase64(bytes));
   flush();
   for (;;) {
     auto message = next(-1);
@@ -349,19 +345,7 @@ void WebDesktop::openDocument(const std::string& path, std::function<void()> fai
 
 void WebDesktop::showHelp(const HelpRequest& request) { help_->answer(request); }
 
-void WebDesktop::keepBeside(const KeptPages& pages) {
-  KeptPages kept = pages;
-  for (KeptPages::Page& page : kept.pages)
-    page.html = withPictures(page.html, pages.pictureFolders);
-  nodes_.order("kept", [kept](JsonWriter& json) {
-    json.list("pages", kept.pages, [&](const KeptPages::Page& page) {
-      json.beginObject();
-      json.members("title", page.title, "html", page.html);
-      json.endObject();
-    });
-    json.member("shown", static_cast<long>(kept.shown));
-  });
-}
+void WebDesktop::keepBeside(const KeptPages& pages) { help_->keep(pages); }
 
 // --- files
 
@@ -403,10 +387,12 @@ Saving WebDesktop::saveFile(const FileToSave& file) {
     return bytes;
   };
   const Saving saving = Desktop::saveFile(copy);
-  if (saving.end == Saving::End::saved)
-    nodes_.order("download", "name", fileName(saving.path), "type", "application/octet-stream",
-                 "base64", toBase64(written));
+  if (saving.end == Saving::End::saved) handOver(fileName(saving.path), written);
   return saving;
+}
+
+void WebDesktop::handOver(const std::string& name, std::string_view bytes) {
+  nodes_.order("download", "name", name, "base64", toBase64(bytes));
 }
 
 Result<std::string> WebDesktop::pdfOf(const PrintedPages&) {
@@ -414,7 +400,7 @@ Result<std::string> WebDesktop::pdfOf(const PrintedPages&) {
 }
 
 void WebDesktop::print(const PrintedPages& pages) {
-  nodes_.order("print", "html", printedHtml(pages));
+  nodes_.order("print", "title", pages.title, "html", printedHtml(pages));
 }
 
 void WebDesktop::drop(const PageMessage& message) {

@@ -46,9 +46,10 @@ class WebDesktop : public Desktop {
   Window* modalWindow() const { return modal_.empty() ? nullptr : modal_.back(); }
   std::vector<Window*> windows() const { return nodes_.shownWindows(); }
 
-  // What the page is to do with the work of a visit; the reason where it cannot.
-  enum class VisitAct { write, remove, aside };
-  std::optional<Error> keepVisit(VisitAct act, const std::string& name, std::string_view bytes);
+  // Work of a visit into the page's storage, without bytes out of it; the reason where that fails.
+  std::optional<Error> keepVisit(const std::string& name, std::string_view bytes);
+  // The user gets a file with them.
+  void handOver(const std::string& name, std::string_view bytes);
 
   Answer messageBox(const MessageBox& box) override;
   void present(Window& window) override;
