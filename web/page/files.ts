@@ -12,11 +12,7 @@ export function serveFiles(screen: Screen): void {
   screen.on("download", ({ name, base64 }) => download(name, bytesOfBase64(base64)));
   screen.on("print", ({ title, html }) => print(title, ...textOf(html)));
   screen.on("document", ({ address }) => openDocument(address));
-  document.addEventListener("dragover", (event) => event.preventDefault());
-  document.addEventListener("drop", (event) => {
-    event.preventDefault();
-    if (event.dataTransfer) void drop(screen, event.dataTransfer);
-  });
+  for (const act of ["dragover", "drop"] as const) document.addEventListener(act, (event) => drop(screen, event));
 }
 
 // --- the dialogs
@@ -39,20 +35,21 @@ export function button(caption: string, title = "", press = () => {}): HTMLButto
   return made;
 }
 
-function formOf(order: Question, field: HTMLInputElement, kind: HTMLElement, ...buttons: HTMLElement[]): HTMLFormElement {
+function formOf(order: Question, field: HTMLElement, kind: HTMLElement, cancel: HTMLElement): HTMLFormElement {
   const form = make("form", "rows");
-  const kinds = labelled("Files of type: ", kind);
-  const row = make("div", "buttons");
-  row.append(...buttons);
-  if (order.do === "open") form.append(kinds, setUp(field, { type: "file", hidden: "" }), make("p", "dropzone", "Choose a file, or let one fall here."), row);
-  else form.append(labelled("File name: ", setUp(field, { value: order.name, required: "", pattern: ".*\\S.*", spellcheck: "false" })), kinds, make("p", "", "The browser puts the file where it puts what you download."), row);
+  const buttons = make("div", "buttons");
+  if (order.do === "save") buttons.append(make("button", "button default", "Save"));
+  buttons.append(cancel);
+  const [name, hint] = order.do === "open" ? ["File: ", "Choose a file, or let one fall into the field."] : ["File name: ", "The browser puts the file where it puts what you download."];
+  form.append(labelled(name, field), labelled("Files of type: ", kind), make("p", "", hint), buttons);
   return form;
 }
 
 // The browser keeps all else from the user while it is open; its keys are its own.
 function ask(screen: Screen, order: Question): void {
   const dialog = setUp(make("dialog", "companion file-dialog"), { "aria-label": order.title });
-  const [field, kind] = [make("input"), make("select")];
+  const field = setUp(make("input"), order.do === "open" ? { type: "file" } : { value: order.name, spellcheck: "false" });
+  const kind = make("select");
   kind.append(...order.kinds.map((one, i) => new Option(nameOf(one), String(i))));
   const end = (isGiven: boolean) => {
     dialog.remove();
@@ -60,22 +57,19 @@ function ask(screen: Screen, order: Question): void {
     if (isGiven) void give(screen, order, kind.value, field);
     else screen.send("given-up", order.ask);
   };
-  const choose = make("button", "button default", order.do === "open" ? "Choose a File..." : "Save");
-  const form = formOf(order, field, kind, choose, button("Cancel", "", () => end(false)));
+  const form = formOf(order, field, kind, button("Cancel", "", () => end(false)));
   form.addEventListener("submit", (event) => {
     event.preventDefault();
-    if (order.do === "save") return end(true);
-    field.accept = (order.kinds[Number(kind.value)]?.extensions ?? []).map((one) => `.${one}`).join(",");
-    field.click();
+    if (field.value.trim()) end(true);
   });
+  field.addEventListener("click", () => { field.accept = (order.kinds[Number(kind.value)]?.extensions ?? []).map((one) => `.${one}`).join(","); });
   field.addEventListener("change", () => { if (field.files?.[0]) end(true); });
   // The chooser's own event of that name comes up here, too.
   dialog.addEventListener("cancel", (event) => { if (event.target === dialog) end(false); });
   dialog.append(make("h1", "", order.title), form);
   document.body.append(dialog);
   dialog.showModal();
-  if (order.do === "open") return choose.focus();
-  field.setSelectionRange(0, order.name.lastIndexOf(".") > 0 ? order.name.lastIndexOf(".") : order.name.length);
+  if (order.do === "save") field.setSelectionRange(0, order.name.lastIndexOf(".") > 0 ? order.name.lastIndexOf(".") : order.name.length);
 }
 
 async function give(screen: Screen, order: Question, kind: string, field: HTMLInputElement): Promise<void> {
@@ -129,13 +123,14 @@ function openDocument(address: string): void {
 
 // --- in
 
-async function drop(screen: Screen, dropped: DataTransfer): Promise<void> {
-  const chooser = document.querySelector<HTMLInputElement>("dialog input[type=file]");
-  if (chooser) {
-    chooser.files = dropped.files;
-    chooser.dispatchEvent(new Event("change"));
-    return;
-  }
+// A field for files takes what falls into it by itself, and while a question is open nothing else does.
+function drop(screen: Screen, event: DragEvent): void {
+  if (event.target instanceof HTMLInputElement && event.target.type === "file") return;
+  event.preventDefault();
+  if (event.type === "drop" && event.dataTransfer && !document.querySelector("dialog")) void send(screen, event.dataTransfer);
+}
+
+async function send(screen: Screen, dropped: DataTransfer): Promise<void> {
   const files = [...dropped.files];
   const address = dropped.getData("text/uri-list");
   if (files.length === 0) return address ? screen.send("address", address.split(/\r?\n/)[0] ?? "") : undefined;
