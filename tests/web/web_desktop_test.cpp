@@ -213,9 +213,12 @@ TEST_F(WebDesktopTest, WorkGoesToThePagesStorageAndARefusalIsTold) {
     std::optional<Error> write(const std::string& name, std::string_view bytes) override {
       return desktop.keepVisit(name, bytes);
     }
-    void remove(const std::string&) override {}
-    void handOver(const std::string&, std::string_view) override {}
+    void remove(const std::string& name) override { gone += name; }
+    void handOver(const std::string& file, std::string_view bytes) override {
+      given += file + ": " + std::string(bytes);
+    }
     WebDesktop& desktop;
+    std::string gone, given;
   } store(desktop);
   StoredVisits visits(store, {{"old", 5, "first"}, {"new", 9, "second"}});
   auto lost = visits.lost();
@@ -224,7 +227,13 @@ TEST_F(WebDesktopTest, WorkGoesToThePagesStorageAndARefusalIsTold) {
   EXPECT_TRUE(visits.lost().empty());  // while they are held
   lost[0]->remove();
   lost.clear();
-  EXPECT_EQ(visits.lost().size(), 1U);
+  lost = visits.lost();
+  ASSERT_EQ(lost.size(), 1U);
+  lost[0]->keepAside();
+  lost.clear();
+  EXPECT_TRUE(visits.lost().empty());
+  EXPECT_EQ(store.given, "old.zmm: first");
+  EXPECT_EQ(store.gone, "newold");
 
   const auto place = visits.take();
   page.does({"click", "1"});  // what the user does meanwhile waits
@@ -233,6 +242,18 @@ TEST_F(WebDesktopTest, WorkGoesToThePagesStorageAndARefusalIsTold) {
   page.does({"answer", "2", "1"});
   EXPECT_FALSE((*place)->write("work"));
   EXPECT_THAT(page.heard(), HasSubstr(R"("base64": "d29yaw==")"));
+}
+
+TEST_F(WebDesktopTest, KeptPagesAreTurnedAsFarAsTheyGo) {
+  desktop.keepBeside({.pages = {{"One", "first"}, {"Two", "<a href=\"page:0\">second</a>"}}});
+  for (const char* to : {"back", "forward", "forward", "2", "0"}) page.does({"kept", to});
+  EXPECT_THROW(desktop.run(), std::logic_error);
+  const std::string heard = page.heard();
+  std::vector<std::string> told;
+  for (auto at = heard.find(" - Notebook"); at != std::string::npos;
+       at = heard.find(" - Notebook", at + 1))
+    told.push_back(heard.substr(at - 3, 3));
+  EXPECT_THAT(told, ElementsAre("One", "Two", "One"));
 }
 
 TEST(PageMessage, CarriesBytesWholeAndTakesNonsenseForNothing) {

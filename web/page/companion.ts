@@ -26,7 +26,11 @@ class Companion {
     back.addEventListener("click", () => this.goTo("back"));
     forward.addEventListener("click", () => this.goTo("forward"));
     this.element.addEventListener("keydown", (event) => { if (this.key(event)) event.preventDefault(); });
-    this.page.addEventListener("click", (event) => this.clicked(event));
+    this.page.addEventListener("click", (event) => {
+      const link = event.target instanceof Element && event.target.closest("a[href]")?.getAttribute("href");
+      if (link) this.goTo(link);
+      event.preventDefault();
+    });
     movable(this.element, title);
     this.arrows = new ArrowKeys(this.element, (words) => screen.say(words), (x, y) => this.grow(x, y));
   }
@@ -61,12 +65,6 @@ class Companion {
     if (anchor) this.page.querySelector(`[name="${CSS.escape(anchor)}"]`)?.scrollIntoView();
   }
 
-  private clicked(event: MouseEvent): void {
-    const link = event.target instanceof Element ? event.target.closest("a[href]")?.getAttribute("href") : undefined;
-    if (!link) return;
-    event.preventDefault();
-    this.goTo(link);
-  }
   protected goTo(link: string): void { this.screen.send(this.name, link.replace("page:", "")); }
   protected print(): void { print(this.heading.textContent ?? "", this.page.cloneNode(true)); }
 

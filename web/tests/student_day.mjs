@@ -163,6 +163,12 @@ class Day {
   async help() {
     await this.keys("F1");
     await this.at("Histogram of Residuals - Help", "help");
+    await this.keys("Control+f");
+    await this.hands.type("inflation");
+    await this.keys("Enter");
+    await this.hands.at("Variance Inflation Factors - Help");
+    await this.keys("Alt+ArrowLeft");
+    await this.hands.at("Histogram of Residuals - Help");
     await this.keys("Escape");
   }
   // On the desktop another program opens it.
