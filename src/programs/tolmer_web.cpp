@@ -1,21 +1,31 @@
 // The desktop program's twin for a browser: the same windows, shown by a page. It runs in a worker.
-#include <cstdlib>
+#include <emscripten.h>
+
 #include <filesystem>
-#include <memory>
 #include <string>
 
 #include "platform/web/web_desktop.h"
 #include "sheetfiles/autosave_store.h"
 #include "shell/module.h"
 
-// Of the worker: web/worker_library.js.
-extern "C" {
-void tolmer_post(const char* text, int length);
-// The next message, to be freed; null where none came in time. Below zero it waits without end.
-char* tolmer_wait(double milliseconds);
-}
+// Module.line is of web/worker.ts. An answer's length is below zero where there is none.
+EM_JS(void, tolmer_post, (const char* text, int length),
+      { postMessage(UTF8ToString(text, length)); });
+EM_JS(int, tolmer_next, (double milliseconds), { return Module.line.next(milliseconds); });
+EM_JS(int, tolmer_lend, (const char* bytes, int length),
+      { return Module.line.lend(HEAPU8.slice(bytes, bytes + length)); });
+EM_JS(int, tolmer_borrow, (const char* address),
+      { return Module.line.borrow(UTF8ToString(address)); });
+EM_JS(void, tolmer_answer, (char* to), { HEAPU8.set(Module.line.answer, to); });
 
 namespace {
+
+std::optional<std::string> answer(int length) {
+  if (length < 0) return std::nullopt;
+  std::string bytes(static_cast<std::size_t>(length), '\0');
+  tolmer_answer(bytes.data());
+  return bytes;
+}
 
 class WorkerLine : public tolmer::PageLine {
  public:
@@ -23,9 +33,13 @@ class WorkerLine : public tolmer::PageLine {
     tolmer_post(batch.data(), static_cast<int>(batch.size()));
   }
   std::optional<std::string> next(double milliseconds) override {
-    const std::unique_ptr<char, decltype(&std::free)> text(tolmer_wait(milliseconds), &std::free);
-    if (!text) return std::nullopt;
-    return std::string(text.get());
+    return answer(tolmer_next(milliseconds));
+  }
+  std::string lend(std::string_view bytes) override {
+    return *answer(tolmer_lend(bytes.data(), static_cast<int>(bytes.size())));
+  }
+  std::optional<std::string> borrow(const std::string& address) override {
+    return answer(tolmer_borrow(address.c_str()));
   }
 };
 

@@ -23,6 +23,8 @@ class BrowserPage : public PageLine {
 
   void post(const std::string& batch) override { request({"batch", batch}); }
   std::optional<std::string> next(double milliseconds) override;
+  std::string lend(std::string_view) override { return {}; }  // nothing is saved or opened there
+  std::optional<std::string> borrow(const std::string&) override { return std::nullopt; }
   // Something that the user does there, and its arguments.
   void request(const std::vector<std::string>& words);
   // Forgets the page's nodes and what it has told.

@@ -7,6 +7,7 @@
 #include <functional>
 #include <stdexcept>
 
+#include "base/file_io.h"
 #include "platform/buttons.h"
 #include "platform/fields.h"
 #include "platform/grid/edit_grid.h"
@@ -34,6 +35,14 @@ class ScriptedPage : public PageLine {
     const auto step = std::move(script.front());
     script.pop_front();
     return step();
+  }
+  std::string lend(std::string_view bytes) override {
+    lent.emplace_back(bytes);
+    return "blob:" + std::to_string(lent.size());
+  }
+  std::optional<std::string> borrow(const std::string& address) override {
+    if (!address.starts_with("blob:")) return std::nullopt;
+    return lent.at(std::stoul(address.substr(5)) - 1);
   }
   // A message of these fields; "#NAME" stands for the number of the control of that name.
   void does(std::vector<std::string> fields) {
@@ -63,6 +72,7 @@ class ScriptedPage : public PageLine {
   }
 
   std::vector<std::string> batches;
+  std::vector<std::string> lent;
   std::deque<std::function<std::string()>> script;
 
  private:
@@ -241,7 +251,8 @@ TEST_F(WebDesktopTest, WorkGoesToThePagesStorageAndARefusalIsTold) {
   EXPECT_EQ((*place)->write("work")->text, "The storage is full.");
   page.does({"answer", "2", "1"});
   EXPECT_FALSE((*place)->write("work"));
-  EXPECT_THAT(page.heard(), HasSubstr(R"("base64": "d29yaw==")"));
+  EXPECT_THAT(page.heard(), HasSubstr(R"("address": "blob:2")"));
+  EXPECT_THAT(page.lent, ElementsAre("work", "work"));
 }
 
 TEST_F(WebDesktopTest, KeptPagesAreTurnedAsFarAsTheyGo) {
@@ -256,11 +267,19 @@ TEST_F(WebDesktopTest, KeptPagesAreTurnedAsFarAsTheyGo) {
   EXPECT_THAT(told, ElementsAre("One", "Two", "One"));
 }
 
-TEST(PageMessage, CarriesBytesWholeAndTakesNonsenseForNothing) {
-  for (const std::string bytes : {"", "a", "ab", "abc", "\xff\x01\x80z"})
-    EXPECT_EQ(fromBase64(toBase64(bytes)), bytes);
-  EXPECT_FALSE(fromBase64("abc"));
-  EXPECT_FALSE(fromBase64("a*=="));
+TEST_F(WebDesktopTest, AChosenFileIsReadWhereItLiesAndOneThatIsGoneIsNone) {
+  const FileQuestion question{.title = "Open", .kinds = {{.name = "Data", .extensions = {"zmd"}}}};
+  const std::string bytes("\xff\0z", 3);
+  page.does({"chosen", "1", "0", "../mine.zmd", page.lend(bytes)});
+  page.does({"chosen", "2", "0", "gone.zmd", "nowhere"});
+  const auto chosen = desktop.openFileDialog(question);
+  ASSERT_TRUE(chosen);
+  EXPECT_EQ(chosen->path, testing::TempDir() + "/mine.zmd");
+  EXPECT_EQ(*readWholeFile(chosen->path), bytes);
+  EXPECT_FALSE(desktop.openFileDialog(question));
+}
+
+TEST(PageMessage, TakesNonsenseForNothing) {
   const PageMessage message("cell\x1fx\x1f-7");
   EXPECT_EQ(message.whole(0), 0);
   EXPECT_EQ(message.count(1), 0U);

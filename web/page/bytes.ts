@@ -15,15 +15,11 @@ export function setMark(line: HTMLInputElement, { first, length }: Mark): void {
   line.setSelectionRange(placeOfByte(line.value, first), placeOfByte(line.value, first + length));
 }
 
-export function bytesOfBase64(base64: string): Uint8Array {
-  return Uint8Array.from(atob(base64), (letter) => letter.charCodeAt(0));
-}
+// A file goes to and from the program as an address, which the one who gets it reads once.
+export const lend = (bytes: BlobPart): string => URL.createObjectURL(new Blob([bytes]));
 
-export function base64Of(bytes: Blob): Promise<string> {
-  return new Promise((take, refuse) => {
-    const reader = new FileReader();
-    reader.onload = () => take(String(reader.result).split(",", 2)[1] ?? "");
-    reader.onerror = () => refuse(reader.error);
-    reader.readAsDataURL(bytes);
-  });
+export async function borrow(address: string): Promise<Uint8Array> {
+  const answer = await fetch(address);
+  URL.revokeObjectURL(address);
+  return new Uint8Array(await answer.arrayBuffer());
 }

@@ -1,5 +1,5 @@
 // The page's end of the line to the program, which runs in a worker.
-import { newRing, RingWriter } from "../ring.js";
+import { Line, newPlace } from "../line.js";
 
 export interface Channel {
   send(text: string): void;
@@ -8,14 +8,14 @@ export interface Channel {
 
 // Starts the program, which waits for the page's first message.
 export function openChannel(): Channel {
-  const shared = newRing();
-  const ring = new RingWriter(shared);
+  const shared = newPlace();
+  const line = new Line(shared);
   let take: (text: string) => void;
   const worker = new Worker("worker.js");
   worker.onmessage = ({ data }: MessageEvent<string | null>) => {
-    if (data === null) ring.pump();
+    if (data === null) line.pump();
     else take(data);
   };
   worker.postMessage(shared);
-  return { send: (text) => ring.send(text), onMessage: (taker) => void (take = taker) };
+  return { send: (text) => line.send(text), onMessage: (taker) => void (take = taker) };
 }

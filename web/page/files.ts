@@ -1,5 +1,5 @@
 // Files: what the user opens, saves, prints and lets fall on the page.
-import { base64Of, bytesOfBase64 } from "./bytes.js";
+import { lend } from "./bytes.js";
 import { notice, reasonOf } from "./notice.js";
 import type { Screen } from "./page.js";
 import type { FileKind, Order } from "./protocol.js";
@@ -9,7 +9,7 @@ type Question = Extract<Order, { do: "open" | "save" }>;
 
 export function serveFiles(screen: Screen): void {
   for (const question of ["open", "save"] as const) screen.on(question, (order) => ask(screen, order));
-  screen.on("download", ({ name, base64 }) => download(name, bytesOfBase64(base64)));
+  screen.on("download", ({ name, address }) => download(name, address));
   screen.on("print", ({ title, html }) => print(title, ...textOf(html)));
   screen.on("document", ({ address }) => openDocument(address));
   for (const act of ["dragover", "drop"] as const) document.addEventListener(act, (event) => drop(screen, event));
@@ -76,7 +76,7 @@ async function give(screen: Screen, order: Question, kind: string, field: HTMLIn
   const [file] = field.files ?? [];
   if (!file) return screen.send("chosen", order.ask, kind, field.value.trim());
   try {
-    screen.send("chosen", order.ask, kind, file.name, await base64Of(file));
+    screen.send("chosen", order.ask, kind, file.name, lend(await file.arrayBuffer()));
   } catch (error) {
     notice(`The file ${file.name} cannot be read: ${reasonOf(error)}`);
     screen.send("given-up", order.ask);
@@ -85,12 +85,9 @@ async function give(screen: Screen, order: Question, kind: string, field: HTMLIn
 
 // --- out
 
-export function download(name: string, bytes: Uint8Array): void {
-  const link = make("a");
-  link.href = URL.createObjectURL(new Blob([bytes]));
-  link.download = name;
-  link.click();
-  window.setTimeout(() => URL.revokeObjectURL(link.href), 60000);
+export function download(name: string, address: string): void {
+  setUp(make("a"), { href: address, download: name }).click();
+  window.setTimeout(() => URL.revokeObjectURL(address), 60000);
 }
 
 // In place of the page; a file that the browser makes of it has the title for its name.
@@ -135,7 +132,7 @@ async function send(screen: Screen, dropped: DataTransfer): Promise<void> {
   const address = dropped.getData("text/uri-list");
   if (files.length === 0) return address ? screen.send("address", address.split(/\r?\n/)[0] ?? "") : undefined;
   try {
-    const fields = await Promise.all(files.map(async (file) => [file.name, await base64Of(file)]));
+    const fields = await Promise.all(files.map(async (file) => [file.name, lend(await file.arrayBuffer())]));
     screen.send("drop", files.length, ...fields.flat());
   } catch (error) {
     notice(`What was let fall here cannot be read: ${reasonOf(error)}`);

@@ -23,7 +23,7 @@ export type Order =
   | { do: "box"; ask: number; title: string; text: string; icon: Icon; buttons: BoxButton[]; enter: number; escape: number } // escape -1: the box stays
   | { do: "open"; ask: number; title: string; kinds: FileKind[] }
   | { do: "save"; ask: number; title: string; kinds: FileKind[]; name: string }
-  | { do: "download"; name: string; base64: string }
+  | { do: "download"; name: string; address: string }
   | { do: "print"; title: string; html: string }
   | { do: "clipboard"; text: string; html: string; svg: string; cells: string }
   | { do: "scroll"; id: number; key: number } // a text, as if that key had been pressed in it
@@ -36,7 +36,7 @@ export type Order =
   | { do: "help-asked"; searches: boolean } // by the program, not by a link: nothing is searched for yet
   | { do: "help-quit" } // the help window goes
   | { do: "document"; address: string } // to be opened in a tab of its own
-  | { do: "visit"; ask: number; visit: string; base64: string } // work to be kept; empty: no more
+  | { do: "visit"; ask: number; visit: string; address: string } // work to be kept; without an address: no more
   | { do: "ended"; status: number };
 
 export type Icon = "none" | "critical" | "question" | "exclamation" | "information";

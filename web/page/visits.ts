@@ -1,5 +1,5 @@
 // Work written aside in the browser's own storage, so that a tab that goes costs seconds.
-import { base64Of, bytesOfBase64 } from "./bytes.js";
+import { borrow, lend } from "./bytes.js";
 import { notice, reasonOf } from "./notice.js";
 import type { Screen } from "./page.js";
 import type { Order } from "./protocol.js";
@@ -37,11 +37,12 @@ function hold(key: string): Promise<boolean> {
   });
 }
 
-async function keep(screen: Screen, storage: Promise<IDBDatabase>, { ask, visit, base64 }: Extract<Order, { do: "visit" }>): Promise<void> {
-  const work = { key: visit, seconds: Math.floor(Date.now() / 1000), bytes: bytesOfBase64(base64) };
+async function keep(screen: Screen, storage: Promise<IDBDatabase>, { ask, visit, address }: Extract<Order, { do: "visit" }>): Promise<void> {
   try {
+    const bytes = address ? await borrow(address) : undefined;
+    const work = { key: visit, seconds: Math.floor(Date.now() / 1000), bytes };
     await hold(visit);
-    await inStorage(await storage, "readwrite", (store) => (base64 ? store.put(work) : store.delete(visit)));
+    await inStorage(await storage, "readwrite", (store) => (bytes ? store.put(work) : store.delete(visit)));
     screen.send("answer", ask, 1);
   } catch (error) {
     const isFull = error instanceof DOMException && error.name === "QuotaExceededError";
@@ -56,7 +57,7 @@ export async function serveVisits(screen: Screen): Promise<void> {
   try {
     const all = await inStorage<Work[]>(await storage, "readonly", (store) => store.getAll());
     for (const { key, seconds, bytes } of all)
-      if (await hold(key)) screen.send("visit", key, seconds, await base64Of(new Blob([bytes])));
+      if (await hold(key)) screen.send("visit", key, seconds, lend(bytes));
   } catch (error) {
     notice(`Unsaved work of earlier visits cannot be looked for: ${reasonOf(error)}`);
   }

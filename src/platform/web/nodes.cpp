@@ -246,7 +246,16 @@ float magnificationOf(const Control& control) {
 
 std::string pictureAddress(const std::string& file) {
   const auto svg = readWholeFile(file);
-  return svg ? "data:image/svg+xml;base64," + toBase64(*svg) : std::string();
+  if (!svg) return {};
+  constexpr std::string_view digits = "0123456789ABCDEF";
+  constexpr std::string_view signs = "%#\"&<>\r\n\t";  // those of an address or of HTML
+  std::string address = "data:image/svg+xml,";
+  for (const char letter : *svg)
+    if (signs.find(letter) == signs.npos)
+      address += letter;
+    else
+      address += {'%', digits[letter / 16], digits[letter % 16]};
+  return address;
 }
 
 // The program's own look: the same on every system.

@@ -13,8 +13,12 @@ class PageLine {
  public:
   virtual ~PageLine() = default;
   virtual void post(const std::string& batch) = 0;
-  // The next message, waited for so many milliseconds, or without end below zero.
+  // The next message, waited for so many milliseconds, or without end below zero. It may wait for
+  // less and have none.
   virtual std::optional<std::string> next(double milliseconds) = 0;
+  // Files go as addresses, which the side that gets one reads once.
+  virtual std::string lend(std::string_view bytes) = 0;
+  virtual std::optional<std::string> borrow(const std::string& address) = 0;
 };
 
 // What the page tells: fields of text divided by U+001F, the first one the kind. A field that is
@@ -35,9 +39,5 @@ class PageMessage {
  private:
   std::vector<std::string> fields_;
 };
-
-// Bytes in the letters of RFC 4648, section 4. Nothing where the text is none.
-std::string toBase64(std::string_view bytes);
-std::optional<std::string> fromBase64(std::string_view text);
 
 }  // namespace tolmer

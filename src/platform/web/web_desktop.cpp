@@ -91,7 +91,7 @@ std::vector<KeptVisit> WebDesktop::meet() {
     ++seen_;
     if (message->kind() == "visit")
       visits.push_back({message->text(0), message->whole(1),
-                        fromBase64(message->text(2)).value_or(std::string())});
+                        line_.borrow(message->text(2)).value_or(std::string())});
     if (message->kind() != "size") continue;
     take(*message);
     return visits;
@@ -183,7 +183,8 @@ PageMessage WebDesktop::ask(const char* question, const Write& members) {
 // The work goes on meanwhile: what the user does before the answer is there waits.
 std::optional<Error> WebDesktop::keepVisit(const std::string& name, std::string_view bytes) {
   const int number = ++lastAsked_;
-  nodes_.order("visit", "ask", number, "visit", name, "base64", toBase64(bytes));
+  nodes_.order("visit", "ask", number, "visit", name, "address",
+               bytes.empty() ? std::string() : line_.lend(bytes));
   flush();
   for (;;) {
     auto message = next(-1);
@@ -349,18 +350,17 @@ void WebDesktop::keepBeside(const KeptPages& pages) { help_->keep(pages); }
 
 // --- files
 
-std::string WebDesktop::putFile(const std::string& name, std::string_view bytes) {
+std::string WebDesktop::putFile(const std::string& name, const std::string& address) {
   const std::string path = filesFolder_ + "/" + fileName(name);
-  return writeFileAtomically(path, bytes) ? std::string() : path;
+  const auto bytes = line_.borrow(address);
+  return !bytes || writeFileAtomically(path, *bytes) ? std::string() : path;
 }
 
 std::optional<ChosenFile> WebDesktop::openFileDialog(const FileQuestion& question) {
   const PageMessage answer =
       ask("open", [question](JsonWriter& json) { writeKinds(json, question); });
-  const auto bytes = fromBase64(answer.text(3));
-  if (answer.kind() != "chosen" || !bytes) return std::nullopt;
-  const std::string path = putFile(answer.text(2), *bytes);
-  if (path.empty()) return std::nullopt;
+  const std::string path = putFile(answer.text(2), answer.text(3));
+  if (answer.kind() != "chosen" || path.empty()) return std::nullopt;
   return ChosenFile{path, kindOf(question, path, answer.count(1))};
 }
 
@@ -392,7 +392,7 @@ Saving WebDesktop::saveFile(const FileToSave& file) {
 }
 
 void WebDesktop::handOver(const std::string& name, std::string_view bytes) {
-  nodes_.order("download", "name", name, "base64", toBase64(bytes));
+  nodes_.order("download", "name", name, "address", line_.lend(bytes));
 }
 
 Result<std::string> WebDesktop::pdfOf(const PrintedPages&) {
@@ -409,8 +409,7 @@ void WebDesktop::drop(const PageMessage& message) {
   DroppedItems items;
   if (message.kind() == "address") items.addresses.push_back(message.text(0));
   for (std::size_t i = 1; i + 1 < message.size() && message.kind() == "drop"; i += 2) {
-    const auto bytes = fromBase64(message.text(i + 1));
-    const std::string path = bytes ? putFile(message.text(i), *bytes) : std::string();
+    const std::string path = putFile(message.text(i), message.text(i + 1));
     if (!path.empty()) items.files.push_back(path);
   }
   raise(taker->Dropped, items);

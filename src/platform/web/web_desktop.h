@@ -89,7 +89,8 @@ class WebDesktop : public Desktop {
   PageMessage ask(const char* question, const Write& members);
   void screenIs(Size screen, Twips bar);
   void drop(const PageMessage& message);
-  std::string putFile(const std::string& name, std::string_view bytes);
+  // The path of a file of that name with what lies at the address; empty where that fails.
+  std::string putFile(const std::string& name, const std::string& address);
 
   void settleFrame(FrameWindow& frame);
   void settleFocus();
