@@ -17,8 +17,16 @@ if(TOLMER_FUZZ)
   target_compile_options(tolmer_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# The programs and tests of a browser's build run under node, on the machine's own files.
+# The programs and tests of a browser's build run under node, on the machine's own files. Only one
+# source sees the headers that read and write its numbers.
 if(EMSCRIPTEN)
+  find_path(FAST_FLOAT fast_float_all.h PATHS /usr/include PATH_SUFFIXES fast_float
+    REQUIRED NO_CMAKE_FIND_ROOT_PATH)
+  find_path(DRAGONBOX dragonbox/dragonbox.h PATHS /usr/include PATH_SUFFIXES dragonbox-1.1.3
+    REQUIRED NO_CMAKE_FIND_ROOT_PATH)
+  add_library(emscripten_library STATIC "${CMAKE_CURRENT_LIST_DIR}/EmscriptenLibrary.cpp")
+  target_include_directories(emscripten_library SYSTEM PRIVATE "${FAST_FLOAT}" "${DRAGONBOX}")
+  target_link_libraries(tolmer_options INTERFACE emscripten_library)
   set(TOLMER_NODE_OPTIONS -sNODERAWFS -sEXIT_RUNTIME -sALLOW_MEMORY_GROWTH -sENVIRONMENT=node)
 endif()
 
