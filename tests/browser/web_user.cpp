@@ -120,6 +120,7 @@ ScriptedWebDesktop::ScriptedWebDesktop(BrowserPage& page)
 }
 
 void ScriptedWebDesktop::modalLoop(Window& window) {
+  if (window.name() == "messagebox") return WebDesktop::modalLoop(window);
   const std::size_t before = page_.whenWaiting.size();
   if (onModal) page_.whenWaiting.emplace_back([this, &window] { onModal(window); });
   WebDesktop::modalLoop(window);

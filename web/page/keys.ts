@@ -6,17 +6,15 @@ import type { Held, KeyChord } from "./protocol.js";
 import type { Node } from "./view.js";
 import type { WindowView } from "./windows.js";
 
-const codes: Record<string, number> = {
-  Backspace: 8, Tab: 9, Enter: 13, Escape: 27, " ": 32, PageUp: 33, PageDown: 34, End: 35, Home: 36, ArrowLeft: 37,
-  ArrowUp: 38, ArrowRight: 39, ArrowDown: 40, Delete: 46, ContextMenu: 93, "+": 187, "=": 187, "-": 189,
-};
-const names: Record<number, string> = { 8: "Backspace", 32: "Space", 33: "PgUp", 34: "PgDown", 46: "Del", 187: "+", 189: "-" };
+const codes = { Backspace: 8, Tab: 9, Enter: 13, Escape: 27, PageUp: 33, PageDown: 34, Delete: 46, N: 78 };
+// What browsers do not agree on; of other keys keyCode is the letter that they mean on any keyboard, also with Alt.
+const signs: Record<string, number> = { "+": 187, "=": 187, "-": 189 };
 const isMac = navigator.platform.startsWith("Mac");
 // Browsers keep Ctrl with these keys for themselves: the page has Alt for them. `means`: code, and whether with Shift.
 const keptByBrowsers: { code: number; shift: boolean; means: [number, boolean] }[] = [
-  { code: codes.PageUp!, shift: false, means: [codes.PageUp!, false] }, { code: codes.PageDown!, shift: false, means: [codes.PageDown!, false] },
-  { code: codes.PageUp!, shift: true, means: [codes.Tab!, true] }, { code: codes.PageDown!, shift: true, means: [codes.Tab!, false] },
-  { code: "N".charCodeAt(0), shift: true, means: ["N".charCodeAt(0), false] },
+  { code: codes.PageUp, shift: false, means: [codes.PageUp, false] }, { code: codes.PageDown, shift: false, means: [codes.PageDown, false] },
+  { code: codes.PageUp, shift: true, means: [codes.Tab, true] }, { code: codes.PageDown, shift: true, means: [codes.Tab, false] },
+  { code: codes.N, shift: true, means: [codes.N, false] },
 ];
 
 // A key as the program names it.
@@ -31,26 +29,12 @@ export class Stroke {
     this.shift = event.shiftKey;
     this.control = !writes && (event.ctrlKey || (isMac && event.metaKey));
     this.alt = !writes && event.altKey;
-    this.code = this.codeOf(event);
+    this.code = signs[event.key] ?? event.keyCode;
     const kept = this.alt && !this.control ? keptByBrowsers.find(({ code, shift }) => code === this.code && shift === this.shift) : undefined;
     if (kept) [this.code, this.shift, this.control, this.alt] = [...kept.means, true, false];
   }
-  // With Ctrl or Alt the key counts, whatever it writes on this keyboard.
-  private codeOf({ key, code }: KeyboardEvent): number {
-    const isPlainLetter = /^[a-z0-9]$/i.test(key);
-    const physical = /^(?:Key|Digit)([A-Z0-9])$/.exec(code)?.[1];
-    if (isPlainLetter) return key.toUpperCase().charCodeAt(0);
-    if ((this.control || this.alt) && physical && key.charCodeAt(0) > 127) return physical.charCodeAt(0);
-    const numbered = /^F(\d+)$/.exec(key);
-    return numbered ? 111 + Number(numbered[1]) : codes[key] ?? 0;
-  }
   letter(): string { return this.code >= 65 && this.code <= 90 ? String.fromCharCode(this.code) : ""; }
   writes(): boolean { return this.event.key.length === 1 && !this.control && !this.alt; }
-  // As a menu shows it.
-  name(): string {
-    const key = names[this.code] ?? (this.code >= 112 && this.code < 124 ? `F${this.code - 111}` : String.fromCharCode(this.code));
-    return (this.control ? "Ctrl+" : "") + (this.alt ? "Alt+" : "") + (this.shift ? "Shift+" : "") + key;
-  }
 }
 
 const pasteTakes = 1000; // milliseconds after which no content is to be looked for any more
@@ -82,7 +66,7 @@ export class Keys {
 
   private pressed(event: KeyboardEvent): void {
     if (event.isComposing || ["Shift", "Control", "Alt", "Meta", "Dead", "AltGraph"].includes(event.key)) return;
-    if (!this.screen.boxes.isOpen() && document.activeElement?.closest(".companion")) return;
+    if (document.activeElement?.closest(".companion")) return;
     this.wasLast = true;
     this.screen.tips.hide();
     const stroke = new Stroke(event);
@@ -110,19 +94,18 @@ export class Keys {
   }
 
   private takes(stroke: Stroke): boolean {
-    const { menus, boxes, windows } = this.screen;
+    const { menus, windows } = this.screen;
     if (menus.isOpen()) return menus.key(stroke);
-    if (boxes.isOpen()) return boxes.key(stroke);
     const active = windows.active();
     if (!active || active.takesInput === false) return true;
     if ((active.view as WindowView).arrows?.take(stroke.event)) return true;
     if (stroke.alt && !stroke.control && stroke.letter()) return this.takesLetter(stroke, active);
-    return this.takesChord(stroke) || this.takesMenuKey(stroke) || this.takesView(stroke, active) || this.takesRest(stroke);
+    return this.takesChord(stroke) || this.takesView(stroke, active) || this.takesRest(stroke, active);
   }
 
   private takesLetter(stroke: Stroke, active: Node): boolean {
-    if (this.fits(stroke)) this.send(stroke);
-    else if (!this.screen.menus.letter(stroke.letter()) && !this.pressLetter(stroke.letter(), active)) this.send(stroke);
+    const letter = stroke.letter();
+    if (this.fits(stroke) || !(this.screen.menus.letter(letter) || this.pressLetter(letter, active))) this.send(stroke);
     return true;
   }
   // Of what stands in the window: what the letter marks is pressed, or what its label names.
@@ -144,15 +127,13 @@ export class Keys {
     return true;
   }
 
-  private fits({ code, shift, control, alt }: Stroke): boolean {
-    return code !== 0 && this.chords.some((chord) => chord.code === code && agree(chord.shift, shift) && agree(chord.control, control) && agree(chord.alt, alt));
-  }
-  private takesChord(stroke: Stroke): boolean { return this.fits(stroke) && this.work(stroke, () => this.send(stroke)); }
   // Where text is typed, the keys that edit text stay the text's.
-  private takesMenuKey(stroke: Stroke): boolean {
-    const click = stroke.code === 0 || this.isOfText(stroke) ? undefined : this.screen.menus.byKey(stroke);
-    return click !== undefined && this.work(stroke, click);
+  private fits(stroke: Stroke): boolean {
+    const { code, shift, control, alt } = stroke;
+    const fitting = this.chords.filter((chord) => chord.code === code && agree(chord.shift, shift) && agree(chord.control, control) && agree(chord.alt, alt));
+    return code !== 0 && fitting.some(({ leavesText }) => !leavesText || !this.isOfText(stroke));
   }
+  private takesChord(stroke: Stroke): boolean { return this.fits(stroke) && this.work(stroke); }
   private isOfText(stroke: Stroke): boolean {
     const line = focusedLine();
     if (!line) return false;
@@ -160,9 +141,9 @@ export class Keys {
     return textKeys.has(stroke.letter()) && (!line.readOnly || line.selectionStart !== line.selectionEnd);
   }
   // What a paste brings is told before the key: the browser hands it over when it acts on the key.
-  private work(stroke: Stroke, act: () => void): boolean {
-    const isPaste = stroke.control && !stroke.alt && !stroke.shift && stroke.letter() === "V";
-    if (!isPaste) {
+  private work(stroke: Stroke): boolean {
+    const act = () => this.send(stroke);
+    if (!stroke.control || stroke.alt || stroke.shift || stroke.letter() !== "V") {
       act();
       return true;
     }
@@ -193,12 +174,13 @@ export class Keys {
     return tabs.length > 0;
   }
 
-  private takesRest(stroke: Stroke): boolean {
+  private takesRest(stroke: Stroke, active: Node): boolean {
     const { code, control, alt } = stroke;
     if (stroke.event.key === "F10" && !stroke.shift) return this.screen.menus.enterBar();
     const isToTell = [codes.Tab, codes.Enter, codes.Escape].includes(code) && !control && !alt;
     if (isToTell) this.send(stroke);
-    return isToTell;
+    // A box lets nothing else be done; what is marked of its words may be copied.
+    return isToTell || (active.box !== undefined && !control && stroke.event.key !== " ");
   }
   private send({ code, shift, control, alt }: Stroke): void { this.screen.send("key", code, shift, control, alt); }
 

@@ -5,7 +5,6 @@ import { make } from "./windows.js";
 
 // They know best where in them the pointer is.
 const raisesItsOwn = (node: Node) => node.kind === "grid" || node.kind === "graph";
-const scrollsItself = new Set(["outline", "grid", "textBox", "numberBox", "comboBox", "scrollBar"]);
 const pixelsPerLine = 100 / 3; // a notch of the wheel is three lines
 
 export class Mouse {
@@ -64,10 +63,8 @@ export class Mouse {
   }
   private turn(event: WheelEvent): void {
     const node = this.heard(event.target);
-    if (!node || scrollsItself.has(node.kind!) || !this.isOnPanel(node)) return;
-    this.screen.send("wheel", node.id, event.deltaMode === 0 ? event.deltaY / pixelsPerLine : event.deltaY);
+    if (node) this.screen.send("wheel", node.id, event.deltaMode === 0 ? event.deltaY / pixelsPerLine : event.deltaY);
   }
-  private isOnPanel(node: Node): boolean { return node.kind === "panel" || (node.container !== null && this.isOnPanel(node.container)); }
 }
 
 const rest = 700; // milliseconds the pointer has to rest for a tip

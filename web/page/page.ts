@@ -1,5 +1,4 @@
 // The page: takes the program's batches in and numbers what goes back.
-import { Boxes } from "./boxes.js";
 import { openChannel, type Channel } from "./channel.js";
 import { serveClipboard } from "./clipboard.js";
 import { serveCompanions } from "./companion.js";
@@ -26,7 +25,6 @@ export class Screen implements Page {
   readonly nodes = new Map<number, Node>();
   readonly windows = new Windows(this);
   readonly menus = new Menus(this);
-  readonly boxes = new Boxes(this);
   readonly tips = new Tips(this);
   readonly mouse = new Mouse(this);
   readonly keys = new Keys(this);
@@ -39,12 +37,12 @@ export class Screen implements Page {
   constructor(private readonly channel: Channel) {
     this.on("node", (order) => this.show(order));
     this.on("gone", (order) => this.drop(order.id));
+    this.on("stack", (order) => this.windows.stack(order));
     this.on("focus", (order) => this.windows.focus(order.id, order.marks ?? false));
     this.on("keys", (order) => (this.keys.chords = order.keys));
     this.on("menu", (order) => this.menus.setBar(order.window, order.entries));
     this.on("entry", (order) => this.menus.change(order));
     this.on("popup", (order) => this.menus.popUp(order.window, order.entries));
-    this.on("box", (order) => this.boxes.show(order));
     this.on("tell", (order) => this.tips.tell(order.id, order.words));
     this.on("tip", (order) => this.tips.answer(order.id, order.words));
     this.on("busy", (order) => document.body.classList.toggle("busy", order.on));
@@ -101,7 +99,7 @@ export class Screen implements Page {
     if (!element.isConnected) this.windows.stand(node);
     node.view.update(order, node);
     if (node.kind !== "window") element.hidden = node.visible === false;
-    if (order.css || order.place || order.foot !== undefined || order.visible !== undefined) this.windows.changed(node);
+    if (order.css && node.kind !== "window") this.windows.stand(node);
   }
 
   private make(order: NodeOrder): Node | undefined {

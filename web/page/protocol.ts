@@ -15,12 +15,12 @@ export interface Batch {
 export type Order =
   | NodeOrder // a window or control, as it is now or what of it has changed
   | { do: "gone"; id: number } // with all that stands in it
+  | { do: "stack"; windows: number[]; open: number; active: number } // those that are no children, from the lowest: from which on they take input; the one that has the keys
   | { do: "focus"; id: number; marks?: boolean } // 0: none; marks: all of a single line
-  | { do: "keys"; keys: KeyChord[] } // that the focus, its window, frame and program take now
+  | { do: "keys"; keys: KeyChord[] } // that the focus, its window, frame and menu take now
   | { do: "menu"; window: number; entries: MenuEntry[] } // a window's menu bar
   | { do: "entry"; id: number; enabled: boolean; checked: boolean; checkable: boolean }
   | { do: "popup"; window: number; entries: MenuEntry[] } // at the pointer, or where a key asked
-  | { do: "box"; ask: number; title: string; text: string; icon: Icon; buttons: BoxButton[]; enter: number; escape: number } // escape -1: the box stays
   | { do: "open"; ask: number; title: string; kinds: FileKind[] }
   | { do: "save"; ask: number; title: string; kinds: FileKind[]; name: string }
   | { do: "download"; name: string; address: string }
@@ -39,10 +39,8 @@ export type Order =
   | { do: "visit"; ask: number; visit: string; address: string } // work to be kept; without an address: no more
   | { do: "ended"; status: number };
 
-export type Icon = "none" | "critical" | "question" | "exclamation" | "information";
-export interface BoxButton { answer: number; caption: string } // the caption as a menu's
 export interface FileKind { name: string; extensions: string[] } // without extensions: all files
-export interface KeyChord { code: number; shift: Held; control: Held; alt: Held }
+export interface KeyChord { code: number; shift: Held; control: Held; alt: Held; leavesText: boolean } // not where it edits text
 export type Held = 0 | 1 | 2; // any, must not be held, must be held
 export interface MenuEntry {
   id: number; // 0: a line between entries
@@ -93,6 +91,8 @@ export interface OfWindow {
   least: [number, number]; // its inside is at least so large, and scrolls
   foot: number; // a frame's strip below; a dialog's: what begins there stays in view, -1 without
   active: number; // of a frame: its active child
+  box: "none" | "critical" | "question" | "exclamation" | "information"; // of a message box: its icon
+  closes: boolean; // can it be closed without an answer?
 }
 
 export interface OfGrid {
@@ -167,7 +167,7 @@ export interface GridEdit {
 //  graph ID ACT X Y SHIFT CONTROL     press, drag, release (inside), drop (outside); from the lower left
 //  hover ID X Y                   the pointer rests: a grid wants row and column, a graph its units
 //  close ID, move ID X Y, resize ID WIDTH HEIGHT, state ID normal|maximised, activate ID
-//  answer ASK NUMBER              of a box; of a visit 1, or 0 and the reason
+//  answer ASK NUMBER              of a visit 1, or 0 and the reason
 //  chosen ASK KIND NAME BASE64    a file that was opened; to save, without BASE64
 //  given-up ASK
 //  paste TEXT HTML CELLS          what the clipboard holds; before the key or entry that wants it

@@ -123,7 +123,7 @@ const acts = {
   },
   async answer(text, caption) {
     await page.waitForFunction((text) => document.body.innerText.includes(text), { timeout: 3000 }, text);
-    const buttons = await page.$$("[role=alertdialog] button, dialog button, .messagebox button");
+    const buttons = await page.$$("[role=alertdialog] button");
     for (const button of buttons)
       if ((await button.evaluate((one) => one.textContent)) === caption) return button.click();
     throw new Error(`the box "${text}" has no button "${caption}"`);

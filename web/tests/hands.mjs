@@ -61,10 +61,10 @@ export class PageHands {
     await this.settled();
   }
   async at(title) {
-    await until(this.page, `the window "${title}"`, (title) => [...document.querySelectorAll(".window, dialog, .messagebox")].some((one) =>
+    await until(this.page, `the window "${title}"`, (title) => [...document.querySelectorAll(".window, dialog")].some((one) =>
       one.checkVisibility() && [one.ariaLabel, one.querySelector("h1")?.textContent].some((name) => name?.startsWith(title))), title);
     await this.settled();
-    assert(await this.page.evaluate(() => [...document.querySelectorAll(".window.dialog > .inside")].every((one) => !one.checkVisibility() || one.style.overflow !== "auto")), `${title} has to be scrolled`);
+    assert(await this.page.evaluate(() => [...document.querySelectorAll(".window.dialog > .inside")].every((one) => one.scrollHeight <= one.clientHeight && one.scrollWidth <= one.clientWidth)), `${title} has to be scrolled`);
   }
   // A row of cells, or the lines of a text box.
   look(path) { return this.page.screenshot({ path }); }

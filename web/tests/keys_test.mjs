@@ -20,15 +20,16 @@ function setUp() {
     unanswered: 0, sent,
     waits: () => screen.unanswered > 0,
     send: (kind, ...fields) => { sent.push([kind, ...fields].join(" ")); screen.unanswered++; },
-    nodes: new Map(), tips: { hide() {} }, menus: { isOpen: () => false, byKey: () => undefined, letter: () => false }, boxes: { isOpen: () => false },
+    nodes: new Map(), tips: { hide() {} }, menus: { isOpen: () => false, letter: () => false },
     windows: { active: () => ({ view: {} }), focusedNode: () => undefined },
   };
   document.execCommand = (command, _, text) => (line.value = command === "delete" ? line.value.slice(0, -1) : line.value + text);
   document.activeElement = line;
   return { screen, sent, line, keys: new Keys(screen) };
 }
+const codes = { Enter: 13, Tab: 9, Backspace: 8, ArrowDown: 40, F5: 116, F6: 117 };
 function press(key, more = {}) {
-  const event = { key, code: "", shiftKey: false, ctrlKey: false, altKey: false, repeat: false, isComposing: false, getModifierState: () => false, defaultPrevented: false,
+  const event = { key, keyCode: codes[key] ?? key.toUpperCase().charCodeAt(0), shiftKey: false, ctrlKey: false, altKey: false, repeat: false, isComposing: false, getModifierState: () => false, defaultPrevented: false,
                   preventDefault() { this.defaultPrevented = true; }, ...more };
   heard.keydown(event);
   return event;

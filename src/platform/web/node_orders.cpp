@@ -13,6 +13,7 @@
 #include "platform/grid/grid.h"
 #include "platform/panels.h"
 #include "platform/tab_book.h"
+#include "platform/web/message_window.h"
 #include "platform/web/nodes.h"
 #include "platform/web/web_screen.h"
 #include "platform/window.h"
@@ -74,20 +75,6 @@ void writeSize(JsonWriter& json, std::string_view name, Size size, float scale) 
   json.list(name, std::array{pixel(size.width, scale), pixel(size.height, scale)});
 }
 
-constexpr std::string_view nameOf(WindowStyle style) {
-  switch (style) {
-    case WindowStyle::bare:
-      return "bare";
-    case WindowStyle::frame:
-      return "frame";
-    case WindowStyle::child:
-      return "child";
-    case WindowStyle::dialog:
-      break;
-  }
-  return "dialog";
-}
-
 // A dialog on a screen that may have no room for all of it.
 void writeDialogPlace(JsonWriter& json, const Window& window) {
   const float scale = window.magnification();
@@ -117,18 +104,27 @@ void writeDialogPlace(JsonWriter& json, const Window& window) {
   json.member("foot", footTop < 0 ? -1 : pixel(footTop, scale));
 }
 
+void writeBox(JsonWriter& json, const MessageBox& box) {
+  constexpr std::string_view icons[] = {"none", "critical", "question", "exclamation",
+                                        "information"};
+  json.members("box", icons[static_cast<int>(box.icon)], "closes", answerToEscape(box).has_value());
+}
+
 void writeWindow(JsonWriter& json, const Window& window, Change what) {
+  const auto* message = dynamic_cast<const MessageWindow*>(&window);
   const bool isDialog =
       window.style() == WindowStyle::dialog || window.style() == WindowStyle::bare;
   if (has(what, Change::text)) json.member("caption", window.caption());
-  if (what == Change::all) json.member("style", nameOf(window.style()));
+  constexpr std::string_view styles[] = {"dialog", "bare", "frame", "child"};
+  if (what == Change::all) json.member("style", styles[static_cast<int>(window.style())]);
+  if (what == Change::all && message) writeBox(json, message->box());
   if (has(what, Change::visible)) json.member("modal", window.isModal());
   if (has(what, Change::look)) json.member("sizable", window.sizable());
   if (has(what, Change::enabled)) json.member("takesInput", window.takesInput());
   // Its frame may have changed which of its children is active.
   if (window.style() == WindowStyle::frame)
     json.member("active", NodePeer::idOf(static_cast<const FrameWindow&>(window).activeChild()));
-  if (!has(what, Change::place)) return;
+  if (!has(what, Change::place) || message) return;
   constexpr std::string_view states[] = {"normal", "minimised", "maximised"};
   json.member("state", states[static_cast<int>(window.state())]);
   if (isDialog) return writeDialogPlace(json, window);

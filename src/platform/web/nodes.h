@@ -52,6 +52,7 @@ class NodePeer : public Peer {
   std::optional<std::string> html;
   std::optional<std::string> value;
   ToldGrid grid;
+  int inFront = 0;  // of a window: the larger, the later it came to the front
   bool marksAll = false;
 
  private:

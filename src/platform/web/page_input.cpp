@@ -1,5 +1,7 @@
 #include "platform/web/page_input.h"
 
+#include <cmath>
+
 #include "platform/buttons.h"
 #include "platform/fields.h"
 #include "platform/graph/graph.h"
@@ -28,12 +30,6 @@ bool takesInput(const Control& control) {
   return window && window->takesInput();
 }
 
-// The user's, or, of a window in the frame, what a scroll bar leaves.
-bool hasSizeOfPage(const Window& window) {
-  return window.style() == WindowStyle::child ||
-         (window.style() == WindowStyle::dialog && window.sizable());
-}
-
 TextMark markIn(const PageMessage& message, std::size_t index) {
   return {message.count(index), message.count(index + 1)};
 }
@@ -55,18 +51,16 @@ void PageInput::take(const PageMessage& message) {
   if (kind == "focus") return focus(*control);
   auto& page = static_cast<NodePeer*>(control->peer())->value;
   if (kind == "value" || kind == "choose" || kind == "text") page = message.text(1);
-  if (kind == "value") {
+  if (kind == "value" || kind == "choose") {
     // What is on beside it went off, or comes on again by what the page has not heard yet.
     if (control->kind() == ControlKind::optionButton) page.reset();
     return value(*control, message.whole(1));
   }
-  if (kind == "choose" || kind == "moveto") {
-    if (kind == "moveto" && control->kind() == ControlKind::outline)
-      return static_cast<Outline&>(*control).moveTo(message.whole(1));
-    return choose(*control, message.whole(1));
+  if (auto* outline = dynamic_cast<Outline*>(control)) {
+    if (kind == "moveto") outline->moveTo(message.whole(1));
+    if (kind == "expand") outline->openByUser(message.whole(1), message.flag(2));
+    return;
   }
-  if (kind == "expand" && control->kind() == ControlKind::outline)
-    return static_cast<Outline&>(*control).openByUser(message.whole(1), message.flag(2));
   if (kind == "text" || kind == "marked") return text(*control, message);
   if (kind == "wheel") {
     turnWheel(*control, message.number(1));
@@ -97,6 +91,8 @@ void PageInput::key(const PageMessage& message) {
   Control* focus = desktop_.focus();
   if (!window || !window->takesInput()) return;
   if (const TakenKey* taken = takenKey(focus ? *focus : *window, key)) return raise(taken->work);
+  if (MenuItem* bar = desktop_.menuBar())
+    if (MenuItem* entry = bar->withShortcut(key); entry && entry->enabled()) return entry->click();
   if (focus && focus->kind() == ControlKind::grid) {
     const int id = NodePeer::idOf(focus);
     const bool taken = static_cast<Grid&>(*focus).pressKey(key);
@@ -111,31 +107,13 @@ void PageInput::key(const PageMessage& message) {
 }
 
 void PageInput::value(Control& control, int value) {
-  switch (control.kind()) {
-    case ControlKind::checkBox:
-      return static_cast<CheckBox&>(control).setValue(value);
-    case ControlKind::optionButton:
-      return static_cast<OptionButton&>(control).setValue(true);
-    case ControlKind::numberBox:
-      return static_cast<NumberBox&>(control).setValue(value);
-    case ControlKind::scrollBar:
-      return static_cast<ScrollBar&>(control).setValue(value);
-    default:
-      return;
-  }
-}
-
-void PageInput::choose(Control& control, int index) {
-  switch (control.kind()) {
-    case ControlKind::comboBox:
-      return static_cast<ComboBox&>(control).setListIndex(index);
-    case ControlKind::tabBook:
-      return static_cast<TabBook&>(control).chooseTab(index);
-    case ControlKind::outline:
-      return static_cast<Outline&>(control).click(index);
-    default:
-      return;
-  }
+  if (auto* box = dynamic_cast<CheckBox*>(&control)) return box->setValue(value);
+  if (auto* option = dynamic_cast<OptionButton*>(&control)) return option->setValue(true);
+  if (auto* box = dynamic_cast<NumberBox*>(&control)) return box->setValue(value);
+  if (auto* bar = dynamic_cast<ScrollBar*>(&control)) return bar->setValue(value);
+  if (auto* list = dynamic_cast<ComboBox*>(&control)) return list->setListIndex(value);
+  if (auto* book = dynamic_cast<TabBook*>(&control)) return book->chooseTab(value);
+  if (auto* outline = dynamic_cast<Outline*>(&control)) outline->click(value);
 }
 
 void PageInput::text(Control& control, const PageMessage& message) {
@@ -153,10 +131,8 @@ void PageInput::text(Control& control, const PageMessage& message) {
 
 // The page has put the focus there itself.
 void PageInput::focus(Control& control) {
-  Window& window = *control.window();
   desktop_.knownFocus_ = NodePeer::idOf(&control);
-  desktop_.bringToFront(window);
-  if (window.frame()) window.frame()->activate(window);
+  desktop_.activate(*control.window());
   if (control.takesFocus()) control.setFocus();
 }
 
@@ -165,10 +141,6 @@ void PageInput::mouse(Control& control, const PageMessage& message) {
   const MouseButton button = message.text(2) == "right" ? MouseButton::right : MouseButton::left;
   MouseRoute& route = desktop_.mouse_;
   if (act == "move") return route.move(control);
-  Window* frame = control.window()->frame();
-  const int id = NodePeer::idOf(&control);
-  if (act == "press" && frame) static_cast<FrameWindow*>(frame)->activate(*control.window());
-  if (!nodes_.control(id)) return;
   const bool isOwn = raisesItsOwnMouse(control);
   if (act == "press")
     return isOwn ? raise(control.MouseDown, button) : route.press(control, button);
@@ -261,21 +233,30 @@ void PageInput::hover(Control& control, const PageMessage& message) {
   nodes_.order("tip", "id", message.whole(0), "words", words);
 }
 
+// The page has whole pixels: what they make of the size that is known is no news.
+void PageInput::resize(Window& window, Size shown) {
+  const float scale = window.magnification();
+  const auto isKnown = [=](Twips now, Twips known) {
+    return std::abs(now - known * scale) < pixels(0.6F);
+  };
+  if (isKnown(shown.width, window.innerWidth()) && isKnown(shown.height, window.innerHeight()))
+    return;
+  window.reportInnerSize({shown.width / scale, shown.height / scale});
+}
+
 void PageInput::window(Window& window, const PageMessage& message) {
   const std::string& kind = message.kind();
-  const float scale = window.magnification();
   if (kind == "close") {
     window.requestClose();
   } else if (kind == "move") {
     window.reportPosition(pixels(message.number(1)), pixels(message.number(2)));
-  } else if (kind == "resize" && hasSizeOfPage(window)) {
-    window.reportInnerSize({pixels(message.number(1)) / scale, pixels(message.number(2)) / scale});
+  } else if (kind == "resize") {
+    resize(window, {pixels(message.number(1)), pixels(message.number(2))});
   } else if (kind == "state") {
     const bool isMaximised = message.text(1) == "maximised";
     window.reportState(isMaximised ? WindowState::maximised : WindowState::normal);
   } else if (kind == "activate") {
-    desktop_.bringToFront(window);
-    if (window.frame()) window.frame()->activate(window);
+    desktop_.activate(window);
   } else if (kind == "wheel") {
     turnWheel(window, message.number(1));
   }

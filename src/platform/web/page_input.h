@@ -20,7 +20,6 @@ class PageInput {
   void key(const PageMessage& message);
   void click(int id);
   void value(Control& control, int value);
-  void choose(Control& control, int index);
   void text(Control& control, const PageMessage& message);
   void focus(Control& control);
   void mouse(Control& control, const PageMessage& message);
@@ -29,6 +28,7 @@ class PageInput {
   void fill(EditGrid& grid, const PageMessage& message);
   void graph(Graph& graph, const PageMessage& message);
   void hover(Control& control, const PageMessage& message);
+  void resize(Window& window, Size shown);
   void window(Window& window, const PageMessage& message);
 
   WebDesktop& desktop_;

@@ -1,10 +1,13 @@
 #include "platform/web/web_desktop.h"
 
 #include <algorithm>
+#include <array>
+#include <functional>
 #include <utility>
 
 #include "base/file_io.h"
 #include "platform/web/help_orders.h"
+#include "platform/web/message_window.h"
 #include "platform/web/page_input.h"
 #include "platform/web/printed_html.h"
 #include "platform/web/web_screen.h"
@@ -12,6 +15,8 @@
 
 namespace tolmer {
 namespace {
+
+NodePeer& peerOf(const Control& control) { return static_cast<NodePeer&>(*control.peer()); }
 
 std::string folderAbove(const std::string& folder) { return folder.substr(0, folder.rfind('/')); }
 
@@ -27,46 +32,39 @@ void writeKinds(JsonWriter& json, const FileQuestion& question) {
   });
 }
 
-constexpr std::string_view nameOf(MessageIcon icon) {
-  constexpr std::string_view names[] = {"none", "critical", "question", "exclamation",
-                                        "information"};
-  return names[static_cast<int>(icon)];
-}
-
-void writeChord(JsonWriter& json, const KeyChord& key) {
+// In a text, `leavesText` leaves it the keys that edit text.
+void writeChord(JsonWriter& json, const KeyChord& key, bool leavesText) {
   json.beginObject();
   json.members("code", key.code, "shift", static_cast<int>(key.shift), "control",
-               static_cast<int>(key.control), "alt", static_cast<int>(key.alt));
+               static_cast<int>(key.control), "alt", static_cast<int>(key.alt), "leavesText",
+               leavesText);
   json.endObject();
 }
 
-void writeBox(JsonWriter& json, const MessageBox& box) {
-  const auto escape = answerToEscape(box);
-  json.members("title", box.title.empty() ? std::string("Tolmer") : box.title, "text", box.text,
-               "icon", nameOf(box.icon), "enter", static_cast<int>(answerToReturn(box)), "escape",
-               escape ? static_cast<int>(*escape) : -1);
-  json.list("buttons", answerButtons(box.buttons), [&](const AnswerButton& button) {
-    json.beginObject();
-    json.members("answer", static_cast<int>(button.answer), "caption", captionHtml(button.caption));
-    json.endObject();
-  });
+void writeShortcuts(JsonWriter& json, const MenuItem& menu) {
+  const auto held = [](bool is) { return is ? Held::yes : Held::no; };
+  for (const MenuItem* item : menu.items()) {
+    const KeyPress& key = item->shortcut();
+    if (key.code != 0 && item->enabled())
+      writeChord(json, {key.code, held(key.shift), held(key.control), held(key.alt)}, true);
+    writeShortcuts(json, *item);
+  }
+}
+
+void writeTaken(JsonWriter& json, const Control& from) {
+  for (const TakenKey& taken : from.takenKeys())
+    if (!taken.when || taken.when()) writeChord(json, taken.key, false);
+}
+
+// An order that the page hears only where it reads otherwise than the last one of its kind.
+template <class Members>
+void writeNews(JsonWriter& json, std::string& known, const char* what, Members members) {
+  const std::string news =
+      jsonOf([&](JsonWriter& order) { writeOrder(order, what, [&] { members(order); }); });
+  if (std::exchange(known, news) != news) json.token(news);
 }
 
 }  // namespace
-
-// Keeps the list of modal windows right when an exception leaves the loop.
-class WebDesktop::Waiting {
- public:
-  Waiting(std::vector<Window*>& windows, Window& window) : windows_(windows) {
-    windows_.push_back(&window);
-  }
-  ~Waiting() { windows_.pop_back(); }
-  Waiting(const Waiting&) = delete;
-  Waiting& operator=(const Waiting&) = delete;
-
- private:
-  std::vector<Window*>& windows_;
-};
 
 WebDesktop::WebDesktop(PageLine& line, const std::string& programFolder, std::string filesFolder)
     : line_(line),
@@ -86,14 +84,12 @@ WebDesktop::~WebDesktop() = default;
 std::vector<KeptVisit> WebDesktop::meet() {
   std::vector<KeptVisit> visits;
   for (;;) {
-    const auto message = next(-1);
-    if (!message) continue;
-    ++seen_;
-    if (message->kind() == "visit")
-      visits.push_back({message->text(0), message->whole(1),
-                        line_.borrow(message->text(2)).value_or(std::string())});
-    if (message->kind() != "size") continue;
-    take(*message);
+    const PageMessage message = next();
+    if (message.kind() == "visit")
+      visits.push_back({message.text(0), message.whole(1),
+                        line_.borrow(message.text(2)).value_or(std::string())});
+    if (message.kind() != "size") continue;
+    take(message);
     return visits;
   }
 }
@@ -111,6 +107,7 @@ void WebDesktop::flush() {
   const std::string orders = jsonOf([this](JsonWriter& json) {
     json.beginArray();
     nodes_.write(json);
+    writeStack(json);
     writeKeys(json);
     writeFocus(json);
     json.endArray();
@@ -118,41 +115,46 @@ void WebDesktop::flush() {
   line_.post("{\"seen\":" + std::to_string(seen_) + ",\"orders\":" + orders + "}");
 }
 
-std::optional<PageMessage> WebDesktop::next(double longest) {
-  const auto text = line_.next(longest);
-  if (!text) return std::nullopt;
-  return PageMessage(*text);
+// Whether there is one, after that many milliseconds; less than none: however long it takes.
+bool WebDesktop::fetch(double longest) {
+  if (const auto text = line_.next(longest)) waiting_.emplace_back(*text);
+  return !waiting_.empty();
+}
+
+// Waits for one; in its turn it is counted as seen.
+PageMessage WebDesktop::next() {
+  while (waiting_.empty()) fetch(-1);
+  PageMessage message = std::move(waiting_.front());
+  waiting_.pop_front();
+  ++seen_;
+  return message;
 }
 
 void WebDesktop::pump(double longest) {
-  if (waiting_.empty()) {
-    // What is pending already goes first: the page is told once of all that comes of it.
-    auto message = next(0);
-    if (!message) {
-      flush();
-      double wait = longest;
-      if (const auto due = timers().nextDue()) {
-        const double left = std::max(static_cast<double>(*due - timers().clock()), 0.0);
-        wait = longest < 0 ? left : std::min(longest, left);
-      }
-      message = next(wait);
+  // What is pending already goes first: the page is told once of all that comes of it.
+  if (waiting_.empty() && !fetch(0)) {
+    flush();
+    double wait = longest;
+    if (const auto due = timers().nextDue()) {
+      const double left = std::max(static_cast<double>(*due - timers().clock()), 0.0);
+      wait = longest < 0 ? left : std::min(longest, left);
     }
-    if (message) waiting_.push_back(std::move(*message));
+    fetch(wait);
   }
   timers().advanceTo(timers().clock());
-  if (waiting_.empty()) return;
-  const PageMessage message = std::move(waiting_.front());
-  waiting_.pop_front();
-  ++seen_;
-  take(message);
+  if (!waiting_.empty()) take(next());
 }
 
 void WebDesktop::take(const PageMessage& message) {
   const std::string& kind = message.kind();
-  if (kind == "answer" || kind == "chosen" || kind == "given-up") return takeAnswer(message);
+  if (kind == "chosen" || kind == "given-up") {
+    chosen_ = message;
+    return;
+  }
   if (kind == "size")
     return screenIs({pixels(message.number(0)), pixels(message.number(1))},
                     pixels(message.number(2)));
+  if (kind == "answer") return;  // who asked has it
   if (kind == "paste") {
     pasted_ = {.text = message.text(0), .html = message.text(1), .cells = message.text(2)};
     return;
@@ -162,22 +164,13 @@ void WebDesktop::take(const PageMessage& message) {
   PageInput(*this).take(message);
 }
 
-void WebDesktop::takeAnswer(const PageMessage& message) {
-  if (const auto question = answers_.find(message.whole(0)); question != answers_.end())
-    question->second = message;
-}
-
 PageMessage WebDesktop::ask(const char* question, const Write& members) {
-  const int number = ++lastAsked_;
-  answers_.emplace(number, std::nullopt);
-  nodes_.order(question, [members, number](JsonWriter& json) {
+  nodes_.order(question, [members, number = ++lastAsked_](JsonWriter& json) {
     json.member("ask", number);
     members(json);
   });
-  while (!answers_.at(number)) pump();
-  PageMessage answer = std::move(*answers_.at(number));
-  answers_.erase(number);
-  return answer;
+  while (!chosen_) pump();
+  return *std::exchange(chosen_, std::nullopt);
 }
 
 // The work goes on meanwhile: what the user does before the answer is there waits.
@@ -187,33 +180,24 @@ std::optional<Error> WebDesktop::keepVisit(const std::string& name, std::string_
                bytes.empty() ? std::string() : line_.lend(bytes));
   flush();
   for (;;) {
-    auto message = next(-1);
-    if (!message) continue;
-    if (message->kind() == "answer" && message->whole(0) == number) {
-      waiting_.emplace_back("");  // it is counted in its turn
-      if (message->flag(1)) return std::nullopt;
-      return Error{"", message->text(2)};
-    }
-    waiting_.push_back(std::move(*message));
+    const auto text = line_.next(-1);
+    if (!text) continue;
+    const PageMessage& message = waiting_.emplace_back(*text);
+    if (message.kind() != "answer" || message.whole(0) != number) continue;
+    if (message.flag(1)) return std::nullopt;
+    return Error{"", message.text(2)};
   }
 }
 
 void WebDesktop::modalLoop(Window& window) {
-  const Waiting waiting(modal_, window);
   while (window.visible()) pump();
 }
 
 void WebDesktop::doEvents() {
   flush();
   timers().advanceTo(timers().clock());
-  for (;;) {
-    if (waiting_.empty()) {
-      auto message = next(0);
-      if (!message) return flush();
-      waiting_.push_back(std::move(*message));
-    }
-    pump(0);
-  }
+  while (!waiting_.empty() || fetch(0)) pump(0);
+  flush();
 }
 
 void WebDesktop::present(Window& window) {
@@ -244,22 +228,58 @@ void WebDesktop::screenIs(Size screen, Twips bar) {
   nodes_.touchAll(Change::place);
 }
 
-// --- the keyboard
+// --- who has the keyboard
+
+// The windows that are no children, in the order in which they came to the front.
+std::vector<Window*> WebDesktop::stack() const {
+  std::vector<Window*> stack = windows();
+  std::erase_if(stack, [](const Window* window) { return window->frame(); });
+  std::ranges::sort(stack, {}, [](const Window* window) { return peerOf(*window).inFront; });
+  return stack;
+}
+
+Window* WebDesktop::modalWindow() const {
+  const auto all = stack();
+  const auto modal = std::find_if(all.rbegin(), all.rend(), std::mem_fn(&Window::isModal));
+  return modal == all.rend() ? nullptr : *modal;
+}
 
 Window* WebDesktop::inputWindow() const {
-  if (!modal_.empty() && modal_.back()->visible()) return modal_.back();
-  const auto shown = nodes_.shownWindows();
-  auto front = std::find(shown.rbegin(), shown.rend(), inFront_);
-  if (front == shown.rend())
-    front = std::find_if(shown.rbegin(), shown.rend(),
-                         [](const Window* window) { return !window->frame(); });
-  if (front == shown.rend()) return nullptr;
-  auto* frame = dynamic_cast<FrameWindow*>(*front);
-  return frame && !frame->focus() && frame->activeChild() ? frame->activeChild() : *front;
+  if (Window* modal = modalWindow()) return modal;
+  const auto all = stack();
+  if (all.empty()) return nullptr;
+  auto* frame = dynamic_cast<FrameWindow*>(all.back());
+  return frame && !frame->focus() && frame->activeChild() ? frame->activeChild() : all.back();
+}
+
+// Of a child it is the frame's.
+MenuItem* WebDesktop::menuBar() const {
+  const Window* window = inputWindow();
+  if (window && window->frame() && !window->menuBar()) window = window->frame();
+  return window ? window->menuBar() : nullptr;
 }
 
 void WebDesktop::bringToFront(const Window& window) {
-  inFront_ = window.frame() ? window.frame() : &window;
+  peerOf(window.frame() ? *window.frame() : window).inFront = ++lastInFront_;
+}
+
+void WebDesktop::activate(Window& window) {
+  bringToFront(window);
+  if (window.frame()) window.frame()->activate(window);
+}
+
+// The frame is the ground of all others.
+void WebDesktop::writeStack(JsonWriter& json) {
+  auto shown = stack();
+  const auto isFrame = [](const Window* window) { return window->style() == WindowStyle::frame; };
+  std::stable_partition(shown.begin(), shown.end(), isFrame);
+  const auto lowest = std::find(shown.begin(), shown.end(), modalWindow());
+  writeNews(json, knownStack_, "stack", [&](JsonWriter& order) {
+    order.list("windows", shown,
+               [&](const Window* window) { order.value(NodePeer::idOf(window)); });
+    order.members("open", lowest == shown.end() ? 0 : lowest - shown.begin(), "active",
+                  NodePeer::idOf(inputWindow()));
+  });
 }
 
 Control* WebDesktop::focus() const {
@@ -276,8 +296,7 @@ void WebDesktop::settleFocus() {
 void WebDesktop::writeFocus(JsonWriter& json) {
   Control* control = focus();
   const int id = NodePeer::idOf(control);
-  auto* node = control ? static_cast<NodePeer*>(control->peer()) : nullptr;
-  const bool marks = node && std::exchange(node->marksAll, false);
+  const bool marks = control && std::exchange(peerOf(*control).marksAll, false);
   if (std::exchange(knownFocus_, id) == id && !marks) return;
   writeOrder(json, "focus", [&] { json.members("id", id, "marks", marks); });
 }
@@ -286,32 +305,23 @@ void WebDesktop::writeFocus(JsonWriter& json) {
 void WebDesktop::writeKeys(JsonWriter& json) {
   const Window* window = inputWindow();
   const Window* frame = window ? window->frame() : nullptr;
-  std::vector<const TakenKey*> taken;
-  for (const Control* from :
-       {static_cast<const Control*>(focus()), static_cast<const Control*>(window),
-        static_cast<const Control*>(frame)})
-    if (from)
-      for (const TakenKey& key : from->takenKeys())
-        if (!key.when || key.when()) taken.push_back(&key);
-  const std::string keys = jsonOf([&](JsonWriter& list) {
-    list.beginArray();
-    for (const TakenKey* key : taken) writeChord(list, key->key);
-    list.endArray();
-  });
-  if (std::exchange(knownKeys_, keys) == keys) return;
-  writeOrder(json, "keys", [&] {
-    json.key("keys");
-    json.token(keys);
+  const Control* focused = focus();
+  writeNews(json, knownKeys_, "keys", [&](JsonWriter& order) {
+    order.key("keys");
+    order.beginArray();
+    for (const Control* from : std::initializer_list<const Control*>{focused, window, frame})
+      if (from) writeTaken(order, *from);
+    if (const MenuItem* bar = menuBar()) writeShortcuts(order, *bar);
+    order.endArray();
   });
 }
 
 // --- small orders
 
 Answer WebDesktop::messageBox(const MessageBox& box) {
-  const PageMessage answer = ask("box", [box](JsonWriter& json) { writeBox(json, box); });
-  for (const AnswerButton& button : answerButtons(box.buttons))
-    if (static_cast<int>(button.answer) == answer.whole(1)) return button.answer;
-  return answerToEscape(box).value_or(answerButtons(box.buttons).back().answer);
+  MessageWindow window(*this, box);
+  window.showModal();
+  return window.answer();
 }
 
 void WebDesktop::popupMenu(MenuItem& menu, Window& window) {

@@ -4,7 +4,6 @@
 #include <chrono>
 #include <deque>
 #include <functional>
-#include <map>
 #include <memory>
 #include <optional>
 #include <string>
@@ -43,7 +42,7 @@ class WebDesktop : public Desktop {
   // Handles messages until the program is ended by what one of them raises.
   [[noreturn]] void run();
   // The window that takes input while it waits for its end; null outside modal loops.
-  Window* modalWindow() const { return modal_.empty() ? nullptr : modal_.back(); }
+  Window* modalWindow() const;
   std::vector<Window*> windows() const { return nodes_.shownWindows(); }
 
   // Work of a visit into the page's storage, without bytes out of it; the reason where that fails.
@@ -77,15 +76,14 @@ class WebDesktop : public Desktop {
  private:
   friend class PageInput;
   using Write = std::function<void(JsonWriter&)>;
-  class Waiting;
 
   void flush();
   // The next message, or a timer's tick, and what comes of it.
   void pump(double longest = -1);
-  std::optional<PageMessage> next(double longest);
+  bool fetch(double longest);
+  PageMessage next();
   void take(const PageMessage& message);
-  void takeAnswer(const PageMessage& message);
-  // Puts a question, which gets that number, and waits for the answer while all else goes on.
+  // Puts a question for a file, and waits for the answer while all else goes on.
   PageMessage ask(const char* question, const Write& members);
   void screenIs(Size screen, Twips bar);
   void drop(const PageMessage& message);
@@ -94,9 +92,13 @@ class WebDesktop : public Desktop {
 
   void settleFrame(FrameWindow& frame);
   void settleFocus();
+  std::vector<Window*> stack() const;
   Window* inputWindow() const;
   void bringToFront(const Window& window);
+  void activate(Window& window);
   Control* focus() const;
+  MenuItem* menuBar() const;
+  void writeStack(JsonWriter& json);
   void writeFocus(JsonWriter& json);
   void writeKeys(JsonWriter& json);
 
@@ -109,12 +111,12 @@ class WebDesktop : public Desktop {
   std::chrono::steady_clock::time_point start_ = std::chrono::steady_clock::now();
   Size screen_{pixels(1280), pixels(800)};
   Twips bar_ = pixels(14);
-  std::vector<Window*> modal_;
   std::deque<PageMessage> waiting_;
-  std::map<int, std::optional<PageMessage>> answers_;
+  std::optional<PageMessage> chosen_;
   ClipboardContent pasted_;
+  std::string knownStack_;
   std::string knownKeys_;
-  const Window* inFront_ = nullptr;  // shown or used last; only compared
+  int lastInFront_ = 0;
   int knownFocus_ = 0;
   int seen_ = 0;
   int lastAsked_ = 0;
