@@ -36,6 +36,19 @@ TEST(GridAxisTest, PixelsAndCellsAgree) {
   EXPECT_EQ(axis.at(999), 4);
 }
 
+TEST(GridAxisTest, WhatIsBroughtIntoViewBeginsWholeAndMovesNoMoreThanItMust) {
+  std::vector<Twips> sizes(11, pixels(50));
+  sizes[0] = pixels(20);
+  const GridAxis axis(sizes, true, 0);
+  const int room = 22 + 160;
+  EXPECT_EQ(axis.scrolledTo(2, 0, room), 0);
+  EXPECT_EQ(axis.scrolledTo(4, 0, room), 51) << "its end needs 44, in the middle of the first";
+  EXPECT_EQ(axis.scrolledTo(1, 300, room), 0);
+  EXPECT_EQ(axis.scrolledTo(0, 120, room), 120);
+  EXPECT_EQ(axis.scrolledTo(11, 120, room), 120);
+  EXPECT_EQ(axis.scrolledTo(9, 0, 22 + 30), axis.start(9) - 22) << "larger than the room";
+}
+
 TEST(GridFitTest, ScrollBarsBringEachOtherIn) {
   const Size room{1000, 800};
   EXPECT_EQ(neededScrollBars({1000, 800}, room, 200), ScrollBars::none);

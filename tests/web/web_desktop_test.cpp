@@ -104,7 +104,7 @@ TEST_F(WebDesktopTest, ADialogIsShownWorkedAndClosedThroughTheLine) {
     page.does({"text", "#txtName", "Größe", "7", "0"});
     page.does({"value", "#chkRound", "1"});  // cannot be used
     page.does({"click", "4711"});            // nothing that there is
-    page.does({"cell", "#txtName", "press", "1", "1"});
+    page.does({"point", "#txtName", "press", "1", "1"});
     page.does({"\x1f\x1f"});
     page.does({"key", "13", "0", "0", "0"});
     dialog.showModal();
@@ -168,37 +168,54 @@ TEST_F(WebDesktopTest, TheWindowThatTheUserHasGoneBackToHasTheKeys) {
   EXPECT_TRUE(second.visible());
 }
 
-TEST_F(WebDesktopTest, OfAGridOnlyCellsAreToldThatReadOtherwise) {
+TEST_F(WebDesktopTest, OfAGridOnlyRowsAreToldThatReadOtherwise) {
   Dialog dialog(desktop);
   EditGrid grid(&dialog, "spdData");
-  grid.setSize(20, 5);
+  grid.setPlace({0, 0, pixels(300), pixels(200)});
+  grid.setSize(400, 5);
+  grid.setText(390, 2, "far below");
   dialog.show();
   desktop.doEvents();
-  page.heard();
+  EXPECT_THAT(page.heard(), Not(HasSubstr("far below")));
   grid.setText(3, 2, "1.5");
-  grid.setText(9, 4, "2.5");
   grid.setText(4, 3, "");
   desktop.doEvents();
   const std::string heard = page.heard();
-  EXPECT_THAT(heard, HasSubstr(R"({"row": 3, "col": 2, "rows": [[["1.5", )"));
-  EXPECT_THAT(heard, HasSubstr(R"({"row": 9, "col": 4, "rows": [[["2.5", )"));
-  EXPECT_THAT(heard, Not(HasSubstr(R"("row": 4)")));
+  EXPECT_THAT(heard, AllOf(HasSubstr(R"("at": 3, )"), HasSubstr(R"("text": "1.5")")));
+  EXPECT_THAT(heard, Not(HasSubstr(R"("at": 4, )")));
   // A fixed cell is not edited, another one takes what is typed.
-  grid.setStyle({1, 1, 20, 5}, {.type = CellType::text});
+  grid.setStyle({1, 1, 400, 5}, {.type = CellType::text});
   std::string typed;
   grid.EditDone = [&](CellPosition, const std::string& text, bool& taken) {
     typed = text;
     taken = true;
   };
-  page.does({"cell", "#spdData", "press", "2", "2", "0", "0"});
+  page.does({"scrolled", "#spdData", "0", "0", "300", "200"});
+  page.does({"point", "#spdData", "press", "100", "40", "left", "0", "0"});
   page.does({"type", "#spdData", "4"});
   page.does({"edit", "#spdData", "42", "2", "0"});
   page.does({"key", "13", "0", "0", "0"});
-  page.does({"cell", "#spdData", "press", "999", "2", "0", "0"});
+  page.does({"point", "#spdData", "press", "-5", "999", "left", "0", "0"});
+  page.does({"scrolled", "#spdData", "0", "9250", "300", "200"});
   page.does({"click", "#cmdOK"});
   dialog.showModal();
   EXPECT_EQ(typed, "42");
   EXPECT_EQ(grid.activeCell(), (CellPosition{3, 2}));
+  EXPECT_THAT(page.heard(), HasSubstr("far below"));
+}
+
+TEST_F(WebDesktopTest, AGridMayGoInItsOwnPress) {
+  Dialog dialog(desktop);
+  auto grid = std::make_unique<Grid>(&dialog, "spdAny");
+  grid->setPlace({0, 0, pixels(300), pixels(200)});
+  grid->setSize(9, 3);
+  grid->MouseDown = [&](MouseButton) { grid.reset(); };
+  page.does({"scrolled", "#spdAny", "0", "0", "300", "200"});
+  page.does({"point", "#spdAny", "press", "100", "40", "left", "0", "0"});
+  page.does({"point", "#spdAny", "release", "100", "40", "left", "0", "0"});
+  page.does({"click", "#cmdOK"});
+  dialog.showModal();
+  EXPECT_EQ(grid, nullptr);
 }
 
 TEST_F(WebDesktopTest, ABoxWaitsWithinADialogAndTheEndLeavesAllLoops) {

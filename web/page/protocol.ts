@@ -96,49 +96,32 @@ export interface OfWindow {
 }
 
 export interface OfGrid {
-  grid: GridShape;
-  styles: CellLook[];
-  rows: Cell[][]; // all of them, headings first: row 0, column 0
-  changed: { row: number; col: number; rows: Cell[][] }[];
-  selection: GridSelection;
+  table: Part; // attributes of the whole; its cells are told by row
+  cells: { at: number; before: number; part: Part }[]; // rows that read otherwise, before which they stand
+  gone: number[]; // rows that are not there any more
+  frames: Part[];
+  line: Part; // in which the user types
   edit: GridEdit | null; // the open one
-  tags: string[]; // letters in the cells of row 1
-  drawn: { pointed: Block | null; fill: Block | null; corner: Block | null }; // corner: what could be drawn out
-  lit: number[];
-  current: number; // the lit row that is to be seen; 0 for none
+  scroll: [number, number];
+  cursor: string;
+  spoken: string; // to be read out: the current row of a table
 }
 
-// A cell: text; its look; then, where there is one, the remark on it.
-export type Cell = [string, number, string?];
-export interface CellLook {
-  align: "left" | "centre" | "right";
-  heading: boolean;
-  bold: boolean;
-  back: string; // empty: white
-  face: boolean; // the ground of what frames the table
-  fore: string;
-  number: boolean; // too wide, it shows "#"
-  mark: string; // what its colour says
+// An element of the document as the program tells it; further members are its attributes.
+export interface Part {
+  [attribute: string]: string | number | undefined | Part[];
+  tag?: string;
+  text?: string;
+  style?: string;
+  parts?: Part[];
 }
-export interface GridShape {
-  rowStarts: number[]; // the first pixel of each row's cells, from the heading; the last is the total
-  colStarts: number[];
-  frozenRows: number;
-  frozenCols: number;
-  across: boolean; // scroll bars
-  down: boolean;
-  edits: boolean;
-  mode: "none" | "cells" | "rows";
-  pixels: number;
-}
-export type Block = [number, number, number, number]; // row, col, row2, col2
-export interface GridSelection { active: [number, number]; head: [number, number]; blocks: Block[] }
 export interface GridEdit {
-  cell: [number, number];
+  cell: string;
   text: string;
   first: number; // the mark in bytes of UTF-8
   length: number;
   keysMove: boolean; // arrows and their like are the program's, not the line's
+  points: boolean; // with Shift, too
 }
 
 // --- from the page; booleans are "0" and "1"
@@ -157,15 +140,14 @@ export interface GridEdit {
 //  focus ID                       the user has put it there by the pointer
 //  mouse ID ACT BUTTON INSIDE     ACT: press, release, double, move; BUTTON: left, right
 //  wheel ID LINES
-//  cell ID ACT ROW COL SHIFT CONTROL   press, drag, click, double, menu (right button)
+//  point ID ACT X Y BUTTON SHIFT CONTROL   on a grid: press, double, move, release, rest (a drag goes on)
+//  scrolled ID LEFT TOP WIDTH HEIGHT  what shows of a grid
 //  type ID TEXT                   letters where no line is open
 //  edit ID TEXT FIRST LENGTH      the open line
 //  editmark ID FIRST LENGTH
 //  leave ID                       the open line has lost the focus to something else
-//  fill ID ACT ROW COL            start, to, end, cancel, beside
-//  width ID COL PIXELS            a column dragged; -1: as wide as its widest text
 //  graph ID ACT X Y SHIFT CONTROL     press, drag, release (inside), drop (outside); from the lower left
-//  hover ID X Y                   the pointer rests: a grid wants row and column, a graph its units
+//  hover ID X Y                   the pointer rests: a grid wants pixels, a graph its units
 //  close ID, move ID X Y, resize ID WIDTH HEIGHT, state ID normal|maximised, activate ID
 //  answer ASK NUMBER              of a visit 1, or 0 and the reason
 //  chosen ASK KIND NAME BASE64    a file that was opened; to save, without BASE64

@@ -43,4 +43,14 @@ int GridAxis::lastWithin(int first, int room) const {
   return last;
 }
 
+int GridAxis::scrolledTo(int index, int scrolled, int viewport) const {
+  if (index <= frozen() || index > count()) return scrolled;
+  const int begin = start(index) - frozenEnd();
+  const int least = begin + size(index) + 1 - (viewport - frozenEnd());
+  if (least <= scrolled) return std::min(scrolled, begin);
+  // Scrolled on, what follows the frozen part is whole: the end of a number looks like a number.
+  const int first = at(frozenEnd() + least - 1) + 1;
+  return std::min(start(first) - frozenEnd(), begin);
+}
+
 }  // namespace tolmer

@@ -34,6 +34,9 @@ class GridAxis {
   // The last one that begins within `room` pixels if `first` stands at their upper edge; at least
   // `first`.
   int lastWithin(int first, int room) const;
+  // How far a viewport of that size has to be scrolled so that the one is seen whole, or its
+  // beginning where it is larger than the room; `scrolled` where it is, and where there is none.
+  int scrolledTo(int index, int scrolled, int viewport) const;
 
  private:
   std::vector<int> starts_{1, 1};

@@ -5,9 +5,9 @@
 #include <QPointer>
 #include <algorithm>
 
+#include "platform/grid/grid_words.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/grid_view.h"
-#include "platform/qt/grid_view_accessible.h"
 #include "platform/qt/input_filter.h"
 
 namespace tolmer {
@@ -81,8 +81,7 @@ void GridCellEditor::open() {
   const CellPosition cell = grid_.editCell();
   colours.setColor(QPalette::Base, toQt(grid_.sheet().at(cell.row, cell.col).style.back));
   setPalette(colours);
-  setAccessibleName(describedCell(grid_, cell));
-  view_.bringIntoView(cell);
+  setAccessibleName(toQt(describedCell(grid_, cell)));
   show();
   raise();
   setFocus(Qt::OtherFocusReason);

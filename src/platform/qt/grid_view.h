@@ -4,15 +4,13 @@
 #include <QAbstractScrollArea>
 #include <QBasicTimer>
 #include <functional>
-#include <memory>
 #include <optional>
 
-#include "platform/grid/edit_grid.h"
+#include "platform/grid/grid_pointer.h"
 
 namespace tolmer {
 
 class GridCellEditor;
-class GridColumnDrag;
 
 // Shows the cells of a grid and hands mouse and keys to it; what is selected, and where a key
 // leads, the grid decides. Positions are logical pixels of the viewport. A view whose grid goes
@@ -28,9 +26,9 @@ class GridView : public QAbstractScrollArea {
   Grid& grid() const { return grid_; }
   const EditGrid* editGrid() const { return editGrid_; }
   // Where rows and columns lie at the scale at which they are shown.
-  float scale() const { return scale_; }
-  const GridAxis& rowAxis() const;
-  const GridAxis& colAxis() const;
+  float scale() const { return sight_.scale(); }
+  const GridAxis& rowAxis() const { return sight_.rowAxis(); }
+  const GridAxis& colAxis() const { return sight_.colAxis(); }
   // Where the cell lies now, without its lines; outside the viewport where it is scrolled away, and
   // empty where the table has no such cell any more.
   QRect cellRect(CellPosition cell) const;
@@ -46,7 +44,7 @@ class GridView : public QAbstractScrollArea {
   // The keyboard is in the grid, in a cell or on it.
   bool holdsFocus() const;
   // The cell at that place, the nearest one beside all cells.
-  CellPosition cellAt(QPoint place) const;
+  CellPosition cellAt(QPoint place) const { return sight_.cellAt({place.x(), place.y()}); }
   // Scrolls until the cell is on the screen, as far as it fits.
   void bringIntoView(CellPosition cell);
 
@@ -79,38 +77,25 @@ class GridView : public QAbstractScrollArea {
   void hideEvent(QHideEvent* event) override;
 
  private:
-  const GridAxis& scaled(const GridAxis& axis, GridAxis& copy) const;
   void setScrollRanges();
-  void showSelection();
-  void showHead(bool isNew);
+  void showScrolled();
+  void repaintSelection(const GridSelection& before);
   void repaintCell(CellPosition cell);
-  void showCurrentRow();
   void tellFocusedCell();
-  bool isOverCells(QPoint place) const;
   void raiseMouseUp(MouseButton button);
-  bool scrollByKey(int key);
   void openMenuAtCell();
-  bool pressFillCorner(QPoint place);
-  bool isOnFillCorner(QPoint place) const;
+  void showPointer(PixelPoint place);
   void showDrawnBlocks();
   void typeKey(const QKeyEvent& event, bool& taken);
-  void dragTo(QPoint place);
-  void endDrag();
 
   Grid& grid_;
   EditGrid* editGrid_;                // the same one; null for a table
   GridCellEditor* editor_ = nullptr;  // with editGrid_
-  std::unique_ptr<GridColumnDrag> columnDrag_;
-  float scale_ = 1;
-  mutable GridAxis rows_, cols_;  // scaled, where that is not as in the grid
-  GridSelection shown_;           // as painted last
-  int shownRow_ = 0;              // the lit one that was brought into sight
+  GridSight sight_;
+  GridPointer pointer_;
   std::optional<CellBlock> shownPointed_, shownFill_;
-  bool dragging_ = false;
-  bool filling_ = false;     // the drag draws the fill corner
   bool focusByKey_ = false;  // the focus came by the keyboard: it has to be seen
-  QPoint dragPlace_;
-  QBasicTimer dragTimer_;  // scrolls while a drag rests outside the viewport
+  QBasicTimer dragTimer_;    // scrolls while a drag rests outside the viewport
 };
 
 }  // namespace tolmer

@@ -4,6 +4,7 @@
 #include <QAccessibleWidget>
 #include <unordered_map>
 
+#include "platform/grid/grid_words.h"
 #include "platform/qt/accessible_leaf.h"
 #include "platform/qt/convert.h"
 #include "platform/qt/grid_cell_text.h"
@@ -14,20 +15,6 @@ namespace {
 
 bool isMarked(const Grid& grid, CellPosition cell) {
   return !grid.selection().blocks().empty() && grid.selection().covers(cell);
-}
-
-// Row and column headings: beside the cells where they are shown, else the first row and column
-// where these are set as headings.
-std::string columnHeading(const Grid& grid, int col) {
-  if (grid.rowAxis().size(0) > 0) return grid.text(0, col);
-  return grid.maxRows() > 0 && grid.sheet().at(1, col).style.heading ? grid.wholeText({1, col})
-                                                                     : std::string();
-}
-
-std::string rowHeading(const Grid& grid, int row) {
-  if (grid.colAxis().size(0) > 0) return grid.text(row, 0);
-  return grid.maxCols() > 0 && grid.sheet().at(row, 1).style.heading ? grid.wholeText({row, 1})
-                                                                     : std::string();
 }
 
 // One cell. It knows its place only, and reads all else from the grid when it is asked.
@@ -47,7 +34,7 @@ class AccessibleCell : public AccessibleLeaf<GridView>,
     if (!isValid()) return {};
     const Grid& grid = view_->grid();
     if (what == QAccessible::Name || what == QAccessible::Value) return toQt(grid.wholeText(cell_));
-    return what == QAccessible::Description ? describedCell(grid, cell_) : QString();
+    return what == QAccessible::Description ? toQt(describedCell(grid, cell_)) : QString();
   }
 
   QRect rect() const override {
@@ -247,30 +234,6 @@ QAccessibleInterface* makeAccessible(const QString&, QObject* object) {
 void installGridAccessibility() {
   [[maybe_unused]] static const bool installed =
       (QAccessible::installFactory(makeAccessible), true);
-}
-
-std::optional<CellPosition> focusedCell(const Grid& grid) {
-  if (grid.selectionMode() != SelectionMode::none) return grid.activeCell();
-  if (grid.currentRow() == 0 || grid.currentRow() > grid.maxRows()) return std::nullopt;
-  return CellPosition{grid.currentRow(), 1};
-}
-
-QString describedCell(const Grid& grid, CellPosition cell) {
-  QStringList words;
-  if (grid.describeCell) words << toQt(grid.describeCell(cell));
-  words.removeAll(QString());
-  const bool isSaid = !words.isEmpty();
-  if (!isSaid && cell.row > 1) words << toQt(columnHeading(grid, cell.col));
-  if (!isSaid && cell.col > 1) words << toQt(rowHeading(grid, cell.row));
-  // Where rows are listed, the one at hand is heard whole.
-  for (int col = 1; grid.selectionMode() == SelectionMode::rows && col <= grid.maxCols(); ++col)
-    if (col != cell.col) words << toQt(grid.text(cell.row, col));
-  words << toQt(std::string(grid.sheet().at(cell.row, cell.col).mark));
-  words << toQt(grid.selectionMode() == SelectionMode::none && cell.col == 1
-                    ? grid.tipOn(cell)
-                    : std::string(grid.remarkOn(cell)));
-  words.removeAll(QString());
-  return words.join(QStringLiteral(", "));
 }
 
 int accessibleIndex(const Grid& grid, CellPosition cell) {

@@ -13,6 +13,7 @@
 #include "platform/grid/grid.h"
 #include "platform/panels.h"
 #include "platform/tab_book.h"
+#include "platform/web/grid_orders.h"
 #include "platform/web/message_window.h"
 #include "platform/web/nodes.h"
 #include "platform/web/web_screen.h"
@@ -186,7 +187,9 @@ void writeNode(JsonWriter& json, NodePeer& node, Change what) {
   if (has(what, Change::tip)) writeNames(json, control);
   if (isWindow) return writeWindow(json, static_cast<const Window&>(control), what);
   if (has(what, Change::place)) writePlace(json, control.place(), magnificationOf(control));
-  writeGrid(json, node, static_cast<const Grid&>(control), what);
+  if (!node.grid)
+    node.grid = std::make_shared<ToldGrid>(static_cast<Grid&>(node.control()), node.id());
+  node.grid->write(json);
 }
 
 }  // namespace tolmer

@@ -7,8 +7,8 @@
 #include "base/file_io.h"
 #include "base/markup_text.h"
 #include "platform/fields.h"
-#include "platform/grid/grid.h"
 #include "platform/text_metrics.h"
+#include "platform/web/grid_orders.h"
 #include "platform/web/page_line.h"
 #include "platform/window.h"
 
@@ -18,14 +18,6 @@ namespace {
 void writeEntryState(JsonWriter& json, int id, const MenuItem& item) {
   json.members("id", id, "enabled", item.enabled(), "checked", item.checked(), "checkable",
                item.checkable() || item.checked());
-}
-
-bool isEmpty(const CellBlock& block) { return block.row > block.row2 || block.col > block.col2; }
-
-CellBlock united(const CellBlock& one, const CellBlock& other) {
-  if (isEmpty(one) || isEmpty(other)) return isEmpty(one) ? other : one;
-  return {std::min(one.row, other.row), std::min(one.col, other.col),
-          std::max(one.row2, other.row2), std::max(one.col2, other.col2)};
 }
 
 }  // namespace
@@ -63,8 +55,7 @@ void NodePeer::changed(Change what) {
   if (what == Change::focus && control_.kind() == ControlKind::numberBox) marksAll = true;
   if (what == Change::value && control_.kind() == ControlKind::textBox)
     nodes_.order("scroll", "id", id_, "key", static_cast<TextBox&>(control_).lastScrollKey());
-  if (has(what, Change::content) && control_.kind() == ControlKind::grid)
-    grid.changed = united(grid.changed, static_cast<const Grid&>(control_).changedCells());
+  if (grid) grid->follow(what);
   nodes_.touch(*this, what);
 }
 

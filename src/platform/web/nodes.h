@@ -12,24 +12,13 @@
 
 #include "base/json_writer.h"
 #include "platform/control.h"
-#include "platform/grid/sheet.h"
 #include "platform/menu.h"
 
 namespace tolmer {
 
-class Grid;
 class Nodes;
+class ToldGrid;
 class Window;
-
-// What the page was told last of a grid, so that it hears only of cells that read otherwise.
-struct ToldGrid {
-  Sheet sheet;
-  std::map<std::pair<int, int>, std::string> remarks;
-  std::vector<std::string> looks;  // as they were written, by their number
-  static constexpr CellBlock noCells{.row = 0, .col = 0, .row2 = -1, .col2 = -1};
-  CellBlock changed = noCells;  // since then, and some between them
-  bool isKnown = false;
-};
 
 // Follows one window or control. The page hears of it when it is first visible.
 class NodePeer : public Peer {
@@ -51,8 +40,8 @@ class NodePeer : public Peer {
   std::string style;
   std::optional<std::string> html;
   std::optional<std::string> value;
-  ToldGrid grid;
-  int inFront = 0;  // of a window: the larger, the later it came to the front
+  std::shared_ptr<ToldGrid> grid;  // null for other controls
+  int inFront = 0;                 // of a window: the larger, the later it came to the front
   bool marksAll = false;
 
  private:
@@ -138,8 +127,6 @@ void writeOrder(JsonWriter& json, std::string_view what, Members members) {
 // What the page is to hear of a control of whatever kind: members of the object that is open. At
 // the first time `what` is Change::all.
 void writeNode(JsonWriter& json, NodePeer& node, Change what);
-// The same of a grid alone.
-void writeGrid(JsonWriter& json, NodePeer& node, const Grid& grid, Change what);
 // A control that is neither window nor grid. The value is what the user may set, as the page has
 // it: a text, a number, a place in a list; of a graph what is to be read out.
 struct ControlHtml {

@@ -10,6 +10,7 @@
 #include "platform/outline.h"
 #include "platform/panels.h"
 #include "platform/tab_book.h"
+#include "platform/web/grid_orders.h"
 #include "platform/window.h"
 
 namespace tolmer {
@@ -42,6 +43,7 @@ void PageInput::take(const PageMessage& message) {
   const int id = message.whole(0);
   if (kind == "click") return click(id);
   Control* control = nodes_.control(id);
+  if (control && kind == "scrolled") return seen(*control, message);
   if (!control || !takesInput(*control)) return;
   if (kind == "mouse") return mouse(*control, message);
   if (kind == "hover") return hover(*control, message);
@@ -66,8 +68,8 @@ void PageInput::take(const PageMessage& message) {
     turnWheel(*control, message.number(1));
     return;
   }
-  if (kind == "cell") return cell(*control, message);
   if (control->kind() == ControlKind::graph) return graph(static_cast<Graph&>(*control), message);
+  if (kind == "point") return point(*control, message);
   if (auto* grid = dynamic_cast<EditGrid*>(control)) edited(*grid, message);
 }
 
@@ -95,9 +97,10 @@ void PageInput::key(const PageMessage& message) {
     if (MenuItem* entry = bar->withShortcut(key); entry && entry->enabled()) return entry->click();
   if (focus && focus->kind() == ControlKind::grid) {
     const int id = NodePeer::idOf(focus);
-    const bool taken = static_cast<Grid&>(*focus).pressKey(key);
-    // Whether keys move within the text is no news of the grid's.
-    if (nodes_.control(id) && dynamic_cast<EditGrid*>(focus)) focus->peer()->changed(Change::text);
+    ToldGrid* grid = told(*focus);
+    bool taken = grid && grid->sight.scrollByKey(key);
+    taken = static_cast<Grid&>(*focus).pressKey(key) || taken;
+    tellAgain(id);
     if (taken) return;
     const bool asksMenu = key.code == keys::menu || (key.code == keys::f10 && key.shift);
     if (asksMenu && nodes_.control(id)) return raise(focus->MouseUp, MouseButton::right);
@@ -149,29 +152,45 @@ void PageInput::mouse(Control& control, const PageMessage& message) {
   route.release(control, button, message.flag(3));
 }
 
-// In these the handlers of one event may unload the control before the next one.
-void PageInput::cell(Control& control, const PageMessage& message) {
-  if (control.kind() != ControlKind::grid) return;
-  auto& grid = static_cast<Grid&>(control);
+// What of a grid is seen is no news of the grid's.
+void PageInput::tellAgain(int id) {
+  if (Control* control = nodes_.control(id)) control->peer()->changed(Change::text);
+}
+
+ToldGrid* PageInput::told(const Control& control) {
+  return static_cast<NodePeer*>(control.peer())->grid.get();
+}
+
+void PageInput::seen(Control& control, const PageMessage& message) {
+  ToldGrid* grid = told(control);
+  if (!grid) return;
+  grid->isSeen({message.whole(1), message.whole(2)}, message.whole(3), message.whole(4));
+  if (message.whole(3) == 0) grid->pointer.giveUp();
+  tellAgain(message.whole(0));
+}
+
+void PageInput::point(Control& control, const PageMessage& message) {
+  ToldGrid* grid = told(control);
+  if (!grid) return;
   const int id = message.whole(0);
   const std::string& act = message.text(1);
-  const CellPosition cell{message.whole(2), message.whole(3)};
-  if (!grid.sheet().contains(cell)) return;
-  const auto isThere = [&] { return nodes_.control(id) != nullptr; };
-  if (act == "drag") return grid.dragTo(cell);
-  if (act == "double") return grid.doubleClick(cell);
-  if (act == "click") {
-    raise(grid.MouseUp, MouseButton::left);
-    if (isThere()) grid.click(cell);
-    return;
+  const PixelPoint at{message.whole(2), message.whole(3)};
+  const MouseButton button = message.text(4) == "right" ? MouseButton::right : MouseButton::left;
+  if (act == "press") {
+    focus(control);
+    if (nodes_.control(id)) grid->pointer.press(at, button, heldIn(message, 5));
+  } else if (act == "double") {
+    grid->pointer.doubleClick(at);
+  } else if (act == "release") {
+    grid->pointer.moveTo(at);
+    if (nodes_.control(id)) grid->pointer.release(at, button);
+  } else if (act == "rest") {
+    grid->pointer.scrollOn();
+  } else {
+    if (!grid->pointer.isDragging()) grid->cursor = grid->cursorAt(at);
+    grid->pointer.moveTo(at);
   }
-  focus(control);
-  if (!isThere()) return;
-  raise(grid.MouseDown, act == "menu" ? MouseButton::right : MouseButton::left);
-  if (!isThere()) return;
-  if (act == "press") return grid.press(cell, heldIn(message, 4));
-  if (auto* edited = dynamic_cast<EditGrid*>(&grid)) edited->pressForMenu(cell);
-  if (isThere()) raise(grid.MouseUp, MouseButton::right);
+  tellAgain(id);
 }
 
 void PageInput::edited(EditGrid& grid, const PageMessage& message) {
@@ -181,27 +200,7 @@ void PageInput::edited(EditGrid& grid, const PageMessage& message) {
     return grid.setEditText(message.text(1), markIn(message, 2));
   if (kind == "editmark" && grid.editMode()) return grid.reportEditMark(markIn(message, 1));
   if (kind == "keyup") return grid.releaseKey(keyIn(message, 1));
-  if (kind == "fill") return fill(grid, message);
-  if (kind == "leave") {
-    grid.commitEdit();
-    return;
-  }
-  const int col = message.whole(1);
-  if (kind != "width" || col < 1 || col > grid.maxCols()) return;
-  // A double click asks for the width of the widest text.
-  const float wanted = message.number(2);
-  grid.dragColWidth(col,
-                    wanted < 0 ? grid.widestText(col) : pixels(wanted) / magnificationOf(grid));
-}
-
-void PageInput::fill(EditGrid& grid, const PageMessage& message) {
-  const std::string& act = message.text(1);
-  const CellPosition cell{message.whole(2), message.whole(3)};
-  if (act == "start") return grid.startFill();
-  if (act == "end") return grid.endFill();
-  if (act == "cancel") return grid.cancelFill();
-  if (act == "beside") return grid.fillBeside();
-  if (grid.sheet().contains(cell)) grid.fillTo(cell);
+  if (kind == "leave") grid.commitEdit();
 }
 
 void PageInput::graph(Graph& graph, const PageMessage& message) {
@@ -224,12 +223,11 @@ void PageInput::graph(Graph& graph, const PageMessage& message) {
 
 void PageInput::hover(Control& control, const PageMessage& message) {
   std::string words;
-  const CellPosition cell{message.whole(1), message.whole(2)};
+  const PixelPoint at{message.whole(1), message.whole(2)};
   if (control.kind() == ControlKind::graph)
     words = static_cast<Graph&>(control).tipAt({message.number(1), message.number(2)});
-  else if (control.kind() == ControlKind::grid &&
-           static_cast<Grid&>(control).sheet().contains(cell))
-    words = static_cast<Grid&>(control).tipOn(cell);
+  else if (const ToldGrid* grid = told(control); grid && grid->sight.isOverCells(at))
+    words = static_cast<Grid&>(control).tipOn(grid->sight.cellAt(at));
   nodes_.order("tip", "id", message.whole(0), "words", words);
 }
 

@@ -23,9 +23,12 @@ class PageInput {
   void text(Control& control, const PageMessage& message);
   void focus(Control& control);
   void mouse(Control& control, const PageMessage& message);
-  void cell(Control& control, const PageMessage& message);
+  void tellAgain(int id);
+  // Null for a control that is no grid, or that the page has not heard of.
+  static ToldGrid* told(const Control& control);
+  void seen(Control& control, const PageMessage& message);
+  void point(Control& control, const PageMessage& message);
   void edited(EditGrid& grid, const PageMessage& message);
-  void fill(EditGrid& grid, const PageMessage& message);
   void graph(Graph& graph, const PageMessage& message);
   void hover(Control& control, const PageMessage& message);
   void resize(Window& window, Size shown);
