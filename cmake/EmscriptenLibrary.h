@@ -3,7 +3,6 @@
 #pragma once
 #include <version>
 #if defined(_LIBCPP_VERSION) && _LIBCPP_VERSION < 14000
-#define _LIBCPP_NO_RTTI  // nobody asks a std::function for the type of what it holds
 #include <algorithm>
 #include <charconv>
 #include <functional>
