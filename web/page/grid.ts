@@ -11,11 +11,11 @@ const code = { backspace: 8, tab: 9, enter: 13, escape: 27, space: 32, pageUp: 3
 const isMove = (key: number) => key >= code.pageUp && key <= code.down;
 const restTick = 40; // milliseconds between the steps of a drag that rests outside
 
-// Makes the element what the program tells of it.
-function become(element: HTMLElement, { tag: _, style, text, parts, ...attributes }: Part): void {
-  for (const [name, value] of Object.entries(attributes)) setOrRemove(element, name, String(value));
-  element.style.cssText = style ?? "";
-  if (text !== undefined) element.textContent = text;
+// Makes the element what the program tells of it, as far as that is not what it told before.
+function become(element: HTMLElement, { tag: _, style, text, parts, ...attributes }: Part, was: Part = {}): void {
+  for (const [name, value] of Object.entries(attributes)) if (value !== was[name]) setOrRemove(element, name, String(value));
+  if (style !== was.style) element.style.cssText = style ?? "";
+  if (text !== undefined && text !== was.text) element.textContent = text;
   if (parts) element.append(...parts.map(made));
 }
 
@@ -24,6 +24,9 @@ function made(part: Part): HTMLElement {
   become(element, part);
   return element;
 }
+
+// What of an element cannot be changed by its attributes.
+const kindOf = (part: Part) => String([part.tag, ...Object.keys(part)]);
 
 interface Row { element: HTMLElement; part: Part }
 
@@ -108,13 +111,15 @@ class GridView implements View {
     this.rows.set(at, { element, part });
   }
 
-  // A cell that reads as before stays the same to a screen reader.
+  // A cell stays the same to a screen reader, unless it becomes one of another kind.
   private showCells(row: Row, part: Part): void {
+    const { parts: before = [], ...was } = row.part;
     const { parts = [], ...own } = part;
-    const before = row.part.parts ?? [];
-    become(row.element, own);
+    become(row.element, own, was);
     parts.forEach((cell, i) => {
-      if (JSON.stringify(cell) !== JSON.stringify(before[i])) row.element.children[i]?.replaceWith(made(cell));
+      const element = row.element.children[i] as HTMLElement;
+      if (!cell.parts && kindOf(cell) === kindOf(before[i]!)) become(element, cell, before[i]);
+      else if (JSON.stringify(cell) !== JSON.stringify(before[i])) element.replaceWith(made(cell));
     });
     row.part = part;
   }
