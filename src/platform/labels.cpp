@@ -15,4 +15,12 @@ Twips Label::captionHeight(Twips width) const {
   return pixels(static_cast<float>(std::ceil(wrappedHeight(font(), caption(), inside))) + 2);
 }
 
+std::string inLines(const Label& label, const std::string& text) {
+  if (!label.wordWrap()) return text;
+  std::string lines;
+  for (const std::string& line : wrapText(label.font(), text, label.width() / twipsPerPixel))
+    lines += line + '\n';
+  return lines.substr(0, lines.size() - 1);
+}
+
 }  // namespace tolmer

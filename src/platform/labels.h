@@ -61,4 +61,7 @@ class Image : public Control {
   std::string file_;
 };
 
+// A text of the label's with the line ends that the layout has reckoned with, where it wraps.
+std::string inLines(const Label& label, const std::string& text);
+
 }  // namespace tolmer

@@ -92,16 +92,9 @@ class LabelPeer : public PeerOf<Label> {
     return model_.usesMnemonic() ? withoutMnemonic(model_.caption()) : model_.caption();
   }
 
-  // Lines end where the layout has reckoned them to: the toolkit, which brings some letters closer,
-  // would have a word more here and there than the layout and other showings of the page.
-  QString shown() const {
-    if (!model_.wordWrap()) return toQt(unmarked());
-    QStringList lines;
-    for (const std::string& line :
-         wrapText(model_.font(), unmarked(), model_.width() / twipsPerPixel))
-      lines += toQt(line);
-    return lines.join('\n');
-  }
+  // The toolkit, which brings some letters closer, would have a word more here and there than the
+  // layout and other showings of the page.
+  QString shown() const { return toQt(inLines(model_, unmarked())); }
 
   // The toolkit takes "&" for a mark only where the label has a buddy. Where lines end is nothing
   // to be read out.

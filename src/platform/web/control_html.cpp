@@ -85,12 +85,7 @@ std::string span(const std::string& html) { return "<span>" + html + "</span>"; 
 
 std::string html(const Label& label) {
   constexpr std::array aligns{"", " centre", " right"};
-  std::string text = label.caption();
-  if (label.wordWrap()) {
-    text.clear();
-    for (const auto& line : wrapText(label.font(), label.caption(), label.width() / twipsPerPixel))
-      text += (text.empty() ? "" : "\n") + line;
-  }
+  const std::string text = inLines(label, label.caption());
   const Control* named = namedBy(label);
   const std::string tag = label.isLink() ? "button" : "div";
   return '<' + tag +

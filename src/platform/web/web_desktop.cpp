@@ -1,8 +1,6 @@
 #include "platform/web/web_desktop.h"
 
 #include <algorithm>
-#include <array>
-#include <functional>
 #include <utility>
 
 #include "base/file_io.h"
